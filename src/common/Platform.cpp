@@ -1,0 +1,45 @@
+#include "common/Platform.h"
+
+#include "host/OrvelHostClasses.h"
+#include "host/RuntimeError.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+struct Lent {
+  std::shared_ptr<OrvelHostClasses> classes;
+  std::shared_ptr<orvel::Ui> ui;
+};
+
+Lent& Held() {
+  static Lent lent;
+  return lent;
+}
+}  // namespace
+
+void Platform::Attach(std::shared_ptr<OrvelHostClasses> classes, std::shared_ptr<orvel::Ui> ui) {
+  Held() = Lent{std::move(classes), std::move(ui)};
+  SetLocaleSource(Held().ui);
+}
+
+void Platform::Detach() {
+  SetLocaleSource(nullptr);
+  Held() = Lent{};
+}
+
+bool Platform::Attached() { return Held().classes && Held().ui; }
+
+OrvelHostClasses& Platform::Classes() {
+  if (!Held().classes) {
+    throw RuntimeError(RuntimeError::kInvalidCall, "The host lent the module no classes");
+  }
+  return *Held().classes;
+}
+
+orvel::Ui& Platform::Ui() {
+  if (!Held().ui) throw RuntimeError(RuntimeError::kInvalidCall, "The host lent the module no Ui");
+  return *Held().ui;
+}
+
+}  // namespace orvel

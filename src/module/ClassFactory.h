@@ -1,0 +1,21 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "host/Object.h"
+
+namespace orvel {
+
+// Creates the module's exported classes by name: "DLLHeader",
+// "SecurityHeader" and the adapter pairs ("UI0000400", "UIO0000400", ...).
+class ClassFactory {
+ public:
+  // A new object of the class, or null for a name the module does not export.
+  static std::shared_ptr<Object> Create(std::string_view className);
+  static std::vector<std::string> ClassNames();
+};
+
+}  // namespace orvel

@@ -1,0 +1,159 @@
+#include "testhost/CallLog.h"
+
+#include <charconv>
+#include <cmath>
+#include <cstdio>
+#include <ostream>
+
+namespace orvel {
+
+namespace {
+
+const std::string& ArgOrEmpty(const std::vector<std::string>& args, size_t index) {
+  static const std::string empty;
+  return index < args.size() ? args[index] : empty;
+}
+
+std::string JoinText(const std::string& op, const std::vector<std::string>& args) {
+  size_t used = args.size();
+  while (used > 0 && args[used - 1].empty()) --used;
+  std::string text = op;
+  for (size_t i = 0; i < used; ++i) {
+    text += ' ';
+    text += args[i];
+  }
+  return text;
+}
+
+// Days since 1899-12-30 to a civil date (proleptic Gregorian).
+std::string DateText(double serial) {
+  if (!std::isfinite(serial) || std::fabs(serial) > 3e6) return "Date ?";
+  long days = static_cast<long>(std::floor(serial)) - 25569 + 719468;  // to 0000-03-01 epoch
+  long era = (days >= 0 ? days : days - 146096) / 146097;
+  long doe = days - era * 146097;
+  long yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
+  long doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
+  long mp = (5 * doy + 2) / 153;
+  long day = doy - (153 * mp + 2) / 5 + 1;
+  long month = mp < 10 ? mp + 3 : mp - 9;
+  long year = yoe + era * 400 + (month <= 2 ? 1 : 0);
+  char buf[80];
+  std::snprintf(buf, sizeof buf, "%04ld-%02ld-%02ld", year, month, day);
+  return buf;
+}
+
+}  // namespace
+
+const char* ChannelName(Channel channel) {
+  switch (channel) {
+    case Channel::Registry:
+      return "Registry";
+    case Channel::Business:
+      return "Business";
+    case Channel::Window:
+      return "Window";
+    case Channel::Message:
+      return "Message";
+    case Channel::Rights:
+      return "Rights";
+    case Channel::Settings:
+      return "Settings";
+    case Channel::Host:
+      return "Host";
+  }
+  return "?";
+}
+
+const std::string& CallEntry::Name() const { return ArgOrEmpty(args, 0); }
+const std::string& CallEntry::Param() const { return ArgOrEmpty(args, 1); }
+
+void CallLog::Add(Channel channel, std::string op, std::vector<std::string> args,
+                  Variant::Array values) {
+  CallEntry entry;
+  entry.channel = channel;
+  entry.text = JoinText(op, args);
+  entry.op = std::move(op);
+  entry.args = std::move(args);
+  entry.values = std::move(values);
+  entries_.push_back(std::move(entry));
+  const CallEntry& added = entries_.back();
+  if (echo_ && (echoChannels_.empty() || echoChannels_.count(channel))) {
+    *echo_ << EchoLine(added, echoWithChannel_) << '\n' << std::flush;
+  }
+}
+
+std::vector<CallEntry> CallLog::Entries(Channel channel) const {
+  std::vector<CallEntry> out;
+  for (const auto& e : entries_) {
+    if (e.channel == channel) out.push_back(e);
+  }
+  return out;
+}
+
+std::vector<std::string> CallLog::Lines(Channel channel) const {
+  std::vector<std::string> out;
+  for (const auto& e : entries_) {
+    if (e.channel == channel) out.push_back(e.text);
+  }
+  return out;
+}
+
+std::vector<std::string> CallLog::Lines() const {
+  std::vector<std::string> out;
+  out.reserve(entries_.size());
+  for (const auto& e : entries_) out.push_back(e.text);
+  return out;
+}
+
+void CallLog::SetEcho(std::ostream* out, std::set<Channel> channels, bool withChannel) {
+  echo_ = out;
+  echoChannels_ = std::move(channels);
+  echoWithChannel_ = withChannel;
+}
+
+std::string CallLog::EchoLine(const CallEntry& entry, bool withChannel) {
+  std::string line;
+  if (withChannel) {
+    line += ChannelName(entry.channel);
+    line += ": ";
+  }
+  for (char c : entry.text) {
+    if (c == '\n') {
+      line += "\\n";
+    } else if (c == '\r') {
+      line += "\\r";
+    } else {
+      line += c;
+    }
+  }
+  return line;
+}
+
+std::string LogText(const Variant& value) {
+  switch (value.Type()) {
+    case VarType::Empty:
+      return "";
+    case VarType::Null:
+      return "Null";
+    case VarType::Boolean:
+      return value.Boolean() ? "True" : "False";
+    case VarType::Integer:
+      return std::to_string(value.Integer());
+    case VarType::Double: {
+      char buf[64];
+      auto res = std::to_chars(buf, buf + sizeof buf, value.Double());
+      return std::string(buf, res.ptr);
+    }
+    case VarType::Date:
+      return DateText(value.DateValue().serial);
+    case VarType::String:
+      return value.String();
+    case VarType::Object:
+      return value.IsNothing() ? "Nothing" : "Object";
+    case VarType::Array:
+      return "Array(" + std::to_string(value.ArrayValue().size()) + ")";
+  }
+  return "?";
+}
+
+}  // namespace orvel

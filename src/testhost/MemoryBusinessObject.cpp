@@ -1,0 +1,290 @@
+#include "testhost/MemoryBusinessObject.h"
+
+#include <exception>
+
+#include "host/MemoryRecordset.h"
+#include "host/Recordset.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "testhost/CallLog.h"
+#include "testhost/ParamList.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr const char* kNewObject = "Orvel_NewObject";
+constexpr const char* kReadObject = "Orvel_ReadObject";
+constexpr const char* kSaveObject = "Orvel_SaveObject";
+constexpr const char* kGetObjectList = "Orvel_GetObjectList";
+constexpr const char* kDeleteObject = "Orvel_DeleteObject";
+
+bool IsStandardRead(const std::string& name) {
+  return name == kNewObject || name == kReadObject || name == kGetObjectList;
+}
+
+bool IsStandardCall(const std::string& name) {
+  return IsStandardRead(name) || name == kSaveObject || name == kDeleteObject;
+}
+
+// The road each standard call takes, for the error of one taken wrongly.
+const char* RoadOf(const std::string& name) {
+  if (name == kSaveObject) return "ExecArrayCall";
+  if (name == kDeleteObject) return "ExecCall";
+  return "GetCall";
+}
+
+std::string NotFound(const std::string& oidr) { return "Įrašas nerastas: " + oidr; }
+
+std::shared_ptr<Object> FreshCopy(const std::shared_ptr<Object>& object) {
+  if (auto rs = std::dynamic_pointer_cast<MemoryRecordset>(object)) {
+    auto copy = rs->Clone();
+    copy->MoveFirst();
+    return copy;
+  }
+  return object;
+}
+
+// Runs `body`, turning anything it throws into a Number and Text.
+template <class Result, class Body>
+Result Guarded(const std::string& name, Body&& body) {
+  try {
+    return body();
+  } catch (const RuntimeError& e) {
+    return Result{e.Number(), name + ": " + e.Text()};
+  } catch (const std::exception& e) {
+    return Result{MemoryBusinessObject::kBadCall, name + ": " + e.what()};
+  } catch (...) {
+    return Result{MemoryBusinessObject::kBadCall, name + ": unknown failure"};
+  }
+}
+
+}  // namespace
+
+const char* OpName(MemoryBusinessObject::Op op) {
+  switch (op) {
+    case MemoryBusinessObject::Op::GetCall:
+      return "GetCall";
+    case MemoryBusinessObject::Op::ExecCall:
+      return "ExecCall";
+    case MemoryBusinessObject::Op::ExecArrayCall:
+      return "ExecArrayCall";
+    case MemoryBusinessObject::Op::RecordsetCall:
+      return "RecordsetCall";
+  }
+  return "?";
+}
+
+MemoryBusinessObject::MemoryBusinessObject(std::string oid, std::shared_ptr<CallLog> log)
+    : log_(std::move(log)), table_(std::move(oid)) {}
+
+void MemoryBusinessObject::ReplyRead(const std::string& name, OrvelBoResult reply) {
+  reads_[name] = [reply](const std::string&) {
+    OrvelBoResult copy = reply;
+    copy.Object = FreshCopy(reply.Object);
+    return copy;
+  };
+}
+
+void MemoryBusinessObject::ReplyRead(const std::string& name, std::shared_ptr<Recordset> rs) {
+  ReplyRead(name, OrvelBoResult(0, "", std::move(rs)));
+}
+
+void MemoryBusinessObject::OnRead(const std::string& name, ReadHandler handler) {
+  reads_[name] = std::move(handler);
+}
+
+void MemoryBusinessObject::ReplyAction(const std::string& name, OrvelStatus reply) {
+  actions_[name] = [reply](const std::string&, Variant::Array&) { return reply; };
+}
+
+void MemoryBusinessObject::OnAction(const std::string& name, ActionHandler handler) {
+  actions_[name] = std::move(handler);
+}
+
+void MemoryBusinessObject::ClearScripts() {
+  reads_.clear();
+  actions_.clear();
+}
+
+void MemoryBusinessObject::FailNthCall(int n, int32_t number, std::string text) {
+  failAt_ = callCount_ + (n < 1 ? 1 : n);
+  nthFailure_ = Failure{number, std::move(text)};
+}
+
+void MemoryBusinessObject::FailCallsNamed(const std::string& name, int32_t number,
+                                          std::string text) {
+  namedFailures_[name] = Failure{number, std::move(text)};
+}
+
+void MemoryBusinessObject::ClearFailures() {
+  failAt_.reset();
+  namedFailures_.clear();
+}
+
+std::vector<MemoryBusinessObject::Call> MemoryBusinessObject::Calls(const std::string& name) const {
+  std::vector<Call> out;
+  for (const auto& call : calls_) {
+    if (call.name == name) out.push_back(call);
+  }
+  return out;
+}
+
+std::optional<MemoryBusinessObject::Failure> MemoryBusinessObject::Record(
+    Op op, const std::string& name, const std::string& param, const Variant::Array* array) {
+  ++callCount_;
+  Call call{op, name, param, array ? *array : Variant::Array()};
+  log_->Add(Channel::Business, OpName(op), {name, param}, call.array);
+  calls_.push_back(std::move(call));
+
+  if (failAt_ && *failAt_ == callCount_) {
+    failAt_.reset();
+    return nthFailure_;
+  }
+  if (auto named = namedFailures_.find(name); named != namedFailures_.end()) return named->second;
+  return std::nullopt;
+}
+
+OrvelBoResult MemoryBusinessObject::GetCall(const std::string& name, const std::string& param,
+                                            int32_t) {
+  return Read(Op::GetCall, name, param);
+}
+
+OrvelBoResult MemoryBusinessObject::RecordsetCall(const std::string& name, const std::string& param,
+                                                  int32_t) {
+  return Read(Op::RecordsetCall, name, param);
+}
+
+OrvelStatus MemoryBusinessObject::ExecCall(const std::string& name, const std::string& param,
+                                           int32_t) {
+  Variant::Array none;
+  return Action(Op::ExecCall, name, param, none);
+}
+
+OrvelStatus MemoryBusinessObject::ExecArrayCall(const std::string& name, const std::string& param,
+                                                Variant::Array& args) {
+  return Action(Op::ExecArrayCall, name, param, args);
+}
+
+OrvelBoResult MemoryBusinessObject::Read(Op op, const std::string& name, const std::string& param) {
+  if (auto failure = Record(op, name, param, nullptr)) {
+    return OrvelBoResult(failure->number, failure->text);
+  }
+  return Guarded<OrvelBoResult>(name, [&]() -> OrvelBoResult {
+    if (auto script = reads_.find(name); script != reads_.end()) return script->second(param);
+    if (IsStandardCall(name)) {
+      if (op != Op::GetCall || !IsStandardRead(name)) {
+        return OrvelBoResult(kBadCall,
+                             name + " goes through " + RoadOf(name) + ", not " + OpName(op));
+      }
+      if (name == kNewObject) return NewObject(param);
+      if (name == kReadObject) return ReadObject(param);
+      return GetObjectList(param);
+    }
+    return OrvelBoResult(0, "", std::make_shared<MemoryRecordset>());
+  });
+}
+
+OrvelStatus MemoryBusinessObject::Action(Op op, const std::string& name, const std::string& param,
+                                         Variant::Array& args) {
+  if (auto failure = Record(op, name, param, op == Op::ExecArrayCall ? &args : nullptr)) {
+    return OrvelStatus{failure->number, failure->text};
+  }
+  return Guarded<OrvelStatus>(name, [&]() -> OrvelStatus {
+    if (auto script = actions_.find(name); script != actions_.end()) {
+      return script->second(param, args);
+    }
+    if (IsStandardCall(name)) {
+      if (name == kSaveObject && op == Op::ExecArrayCall) return SaveObject(param, args);
+      if (name == kDeleteObject && op == Op::ExecCall) return DeleteObject(param);
+      return OrvelStatus{kBadCall, name + " goes through " + RoadOf(name) + ", not " + OpName(op)};
+    }
+    return OrvelStatus{};
+  });
+}
+
+OrvelBoResult MemoryBusinessObject::NewObject(const std::string& param) {
+  auto args = SplitParams(param);
+  if (!args || args->empty() || (*args)[0].empty()) {
+    return OrvelBoResult(kBadCall,
+                         std::string(kNewObject) + ": expected '<OID>', got [" + param + "]");
+  }
+  return OrvelBoResult(0, "", table_.NewRecord());
+}
+
+OrvelBoResult MemoryBusinessObject::ReadObject(const std::string& param) {
+  auto args = SplitParams(param);
+  if (!args || args->empty() || (*args)[0].empty()) {
+    return OrvelBoResult(kBadCall,
+                         std::string(kReadObject) + ": expected '<OIDR>', got [" + param + "]");
+  }
+  const std::string& oidr = (*args)[0];
+  auto id = table_.IdOf(oidr);
+  auto rs = id ? table_.ReadRecord(*id) : nullptr;
+  if (!rs) return OrvelBoResult(kRecordNotFound, NotFound(oidr));
+  return OrvelBoResult(0, "", rs);
+}
+
+OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
+  auto args = SplitParams(param);
+  if (!args) {
+    return OrvelBoResult(kBadCall, std::string(kGetObjectList) +
+                                       ": expected '<OIDR>'[,'<text>'...], got [" + param + "]");
+  }
+  std::vector<int32_t> ids;
+  if (!args->empty()) {
+    auto parent = table_.IdOf((*args)[0]);
+    if (parent && table_.Contains(*parent)) ids = table_.Children(*parent);
+  }
+  if (ids.empty()) ids = table_.Ids();
+  if (args->size() > 1 && !(*args)[1].empty()) {
+    const std::string& text = (*args)[1];
+    std::vector<int32_t> matching;
+    for (int32_t id : ids) {
+      if (InStr(table_.Preview(id), text, Compare::Text) > 0) matching.push_back(id);
+    }
+    ids = std::move(matching);
+  }
+  return OrvelBoResult(0, "", table_.List(ids));
+}
+
+OrvelStatus MemoryBusinessObject::SaveObject(const std::string& param, Variant::Array& args) {
+  auto params = SplitParams(param);
+  if (!params || params->empty()) {
+    return OrvelStatus{
+        kBadCall, std::string(kSaveObject) + ": expected '<OID>','<OIDR>', got [" + param + "]"};
+  }
+  std::shared_ptr<Recordset> rs = args.empty() ? nullptr : args[0].ObjectAs<Recordset>();
+  if (!rs) {
+    return OrvelStatus{RuntimeError::kTypeMismatch,
+                       std::string(kSaveObject) + ": the array must start with the record's set"};
+  }
+  std::string oidr = params->size() > 1 ? (*params)[1] : std::string();
+  std::optional<int32_t> id;
+  if (!oidr.empty()) {
+    id = table_.IdOf(oidr);
+    if (!id || !table_.Contains(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+  }
+  int32_t stored = table_.Store(id, *rs);
+  if (!id) {
+    // The caller learns the new record's identity from its own set.
+    if (rs->Fields().Exists("ID")) rs->Fields("ID").SetValue(Variant(stored));
+    if (rs->Fields().Exists("OIDR")) rs->Fields("OIDR").SetValue(Variant(table_.OidrOf(stored)));
+  }
+  if (auto memory = std::dynamic_pointer_cast<MemoryRecordset>(rs)) memory->AcceptChanges();
+  return OrvelStatus{};
+}
+
+OrvelStatus MemoryBusinessObject::DeleteObject(const std::string& param) {
+  auto args = SplitParams(param);
+  if (!args || args->empty() || (*args)[0].empty()) {
+    return OrvelStatus{kBadCall,
+                       std::string(kDeleteObject) + ": expected '<OIDR>', got [" + param + "]"};
+  }
+  const std::string& oidr = (*args)[0];
+  auto id = table_.IdOf(oidr);
+  if (!id || !table_.Remove(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+  return OrvelStatus{};
+}
+
+}  // namespace orvel

@@ -1,0 +1,74 @@
+#pragma once
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Locale.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+class CallLog;
+
+// The Ui seam of the test host. Message boxes are logged in the Message
+// channel ("MsgBox 49 Orvel Apskaita Ar tikrai norite panaikinti?": flags,
+// title, prompt) and kept; each answers the next queued button, or with none
+// queued the box's first button (OK for OK-only and OK/Cancel, Yes for
+// Yes/No and Yes/No/Cancel). Locale (Lithuanian), today (2026-11-23) and the
+// screen width (15360 twips) are settable; DoEvents is counted and every
+// mouse pointer set is kept.
+class ScriptedUi : public Ui {
+ public:
+  struct Box {
+    std::string prompt;
+    int32_t flags = 0;
+    std::string title;
+    int32_t answer = 0;
+  };
+
+  static constexpr double kDefaultToday = 46349;  // 2026-11-23
+  static constexpr int32_t kDefaultScreenWidth = 15360;
+
+  explicit ScriptedUi(std::shared_ptr<CallLog> log);
+
+  void QueueAnswer(int32_t button) { answers_.push_back(button); }
+  size_t PendingAnswers() const { return answers_.size(); }
+  void ClearAnswers() { answers_.clear(); }
+  const std::vector<Box>& Boxes() const { return boxes_; }
+  void ClearBoxes() { boxes_.clear(); }
+
+  void SetLocale(Locale locale) { locale_ = std::move(locale); }
+  void SetToday(orvel::Date today) { today_ = today; }
+  void SetScreenWidth(int32_t twips) { screenWidth_ = twips; }
+  int DoEventsCount() const { return doEvents_; }
+  const std::vector<int32_t>& MousePointers() const { return pointers_; }
+
+  // The first button of a box of these flags.
+  static int32_t FirstButton(int32_t flags);
+
+  // LocaleSource
+  const Locale& CurrentLocale() const override { return locale_; }
+  // Ui
+  int32_t MsgBox(const std::string& prompt, int32_t flags, const std::string& title) override;
+  void SetMousePointer(int32_t pointer) override;
+  int32_t GetMousePointer() const override { return pointer_; }
+  void DoEvents() override { ++doEvents_; }
+  int32_t ScreenWidth() const override { return screenWidth_; }
+  orvel::Date Today() const override { return today_; }
+
+ private:
+  std::shared_ptr<CallLog> log_;
+  std::deque<int32_t> answers_;
+  std::vector<Box> boxes_;
+  Locale locale_ = Locale::Lithuanian();
+  orvel::Date today_{kDefaultToday};
+  int32_t screenWidth_ = kDefaultScreenWidth;
+  int32_t pointer_ = vbDefault;
+  std::vector<int32_t> pointers_;
+  int doEvents_ = 0;
+};
+
+}  // namespace orvel

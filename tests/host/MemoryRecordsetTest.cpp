@@ -1,0 +1,261 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "host/MemoryRecordset.h"
+#include "host/RuntimeError.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+
+MemoryRecordset MakeSet() {
+  MemoryRecordset rs({"ID", "Pavadinimas", "Šalis", "Kaina"});
+  rs.AddRow({1, "Bankas", "Lietuva", 1.5});
+  rs.AddRow({2, "Kitas", "Latvija", Variant::Null()});
+  rs.AddRow({3, "Trečias", "Estija", 3});
+  return rs;
+}
+
+int32_t ErrorNumberOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& e) {
+    return e.Number();
+  }
+  return 0;
+}
+
+// ---- fields ----
+
+struct LookupCase {
+  const char* asked;
+  const char* name;
+};
+
+class FieldLookup : public ::testing::TestWithParam<LookupCase> {};
+
+TEST_P(FieldLookup, IgnoresCaseIncludingLithuanianLetters) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_TRUE(rs.Fields().Exists(GetParam().asked));
+  EXPECT_EQ(rs.Fields(GetParam().asked).Name(), GetParam().name);
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, FieldLookup,
+                         ::testing::Values(LookupCase{"ID", "ID"}, LookupCase{"id", "ID"},
+                                           LookupCase{"PAVADINIMAS", "Pavadinimas"},
+                                           LookupCase{"šalis", "Šalis"},
+                                           LookupCase{"ŠALIS", "Šalis"},
+                                           LookupCase{"kAiNa", "Kaina"}));
+
+TEST(Fields, AMissingNameIsItemNotFoundNamingIt) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_FALSE(rs.Fields().Exists("Salis"));
+  try {
+    rs.Fields("Salis");
+    FAIL() << "found";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.Number(), RuntimeError::kItemNotFound);
+    EXPECT_EQ(e.Text(), "Item not found in this collection: Salis");
+  }
+  EXPECT_EQ(ErrorNumberOf([&] { rs.Fields().Item(4); }), RuntimeError::kItemNotFound);
+  EXPECT_EQ(ErrorNumberOf([&] { rs.Fields().Item(-1); }), RuntimeError::kItemNotFound);
+}
+
+TEST(Fields, ByIndexInFieldOrder) {
+  MemoryRecordset rs = MakeSet();
+  ASSERT_EQ(rs.Fields().Count(), 4);
+  EXPECT_EQ(rs.Fields().Item(1).Name(), "Pavadinimas");
+  EXPECT_EQ(rs.Fields().Item(3).Value(), Variant(1.5));
+  EXPECT_EQ(&rs.Fields().Item(2), &rs.Fields("ŠALIS"));
+}
+
+TEST(Fields, AddFieldReturnsTheExistingIndexAndGivesOldRowsEmpty) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_EQ(rs.AddField("kaina"), 3);
+  EXPECT_EQ(rs.FieldCount(), 4u);
+  EXPECT_EQ(rs.AddField("Pastaba"), 4);
+  EXPECT_EQ(rs.FieldName(4), "Pastaba");
+  EXPECT_TRUE(rs.Fields("Pastaba").Value().IsEmpty());
+  rs.AddRow({4, "x", "y", 1, "z"});
+  EXPECT_EQ(rs.StoredValue(3, 4), Variant("z"));
+}
+
+TEST(Fields, ReadingAndWritingNeedACurrentRecord) {
+  MemoryRecordset rs = MakeSet();
+  rs.MoveNext();
+  rs.MoveNext();
+  rs.MoveNext();
+  ASSERT_TRUE(rs.IsEOF());
+  Field& id = rs.Fields("ID");  // looking a field up is fine
+  EXPECT_EQ(ErrorNumberOf([&] { id.Value(); }), RuntimeError::kNoCurrentRecord);
+  EXPECT_EQ(ErrorNumberOf([&] { id.UnderlyingValue(); }), RuntimeError::kNoCurrentRecord);
+  EXPECT_EQ(ErrorNumberOf([&] { id.SetValue(9); }), RuntimeError::kNoCurrentRecord);
+  EXPECT_EQ(rs.CurrentStoredRow(), SIZE_MAX);
+  EXPECT_FALSE(rs.CurrentChanged());
+}
+
+// ---- moving ----
+
+TEST(Moving, AnEmptySetIsBothBofAndEof) {
+  MemoryRecordset rs({"ID"});
+  EXPECT_TRUE(rs.IsBOF());
+  EXPECT_TRUE(rs.IsEOF());
+  EXPECT_EQ(rs.RecordCount(), 0);
+  rs.MoveFirst();
+  EXPECT_TRUE(rs.IsEOF());
+  EXPECT_EQ(ErrorNumberOf([&] { rs.MoveNext(); }), RuntimeError::kNoCurrentRecord);
+}
+
+TEST(Moving, WalksEveryRowThenStopsAtEof) {
+  MemoryRecordset rs = MakeSet();
+  std::vector<Variant> names;
+  for (; !rs.IsEOF(); rs.MoveNext()) names.push_back(rs.Fields("Pavadinimas").Value());
+  EXPECT_THAT(names, ElementsAre(Variant("Bankas"), Variant("Kitas"), Variant("Trečias")));
+  EXPECT_FALSE(rs.IsBOF());
+  EXPECT_EQ(ErrorNumberOf([&] { rs.MoveNext(); }), RuntimeError::kNoCurrentRecord);
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+  EXPECT_EQ(rs.CurrentStoredRow(), 0u);
+}
+
+TEST(Moving, RowsAddedToAnEmptySetStartAtTheFirst) {
+  MemoryRecordset rs({"ID"});
+  rs.AddRow({7});
+  EXPECT_FALSE(rs.IsEOF());
+  EXPECT_EQ(rs.Fields("ID").Value(), Variant(7));
+}
+
+TEST(Moving, EofReachedStaysWhenRowsAreAppended) {
+  MemoryRecordset rs = MakeSet();
+  while (!rs.IsEOF()) rs.MoveNext();
+  rs.AddRow({4, "x", "y", 1});
+  EXPECT_TRUE(rs.IsEOF());
+  EXPECT_EQ(rs.RecordCount(), 4);
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+}
+
+// ---- edits ----
+
+TEST(Edits, ValueIsTheEditUnderlyingValueTheValueAsRead) {
+  MemoryRecordset rs = MakeSet();
+  Field& name = rs.Fields("Pavadinimas");
+  name.SetValue("Naujas");
+  EXPECT_EQ(name.Value(), Variant("Naujas"));
+  EXPECT_EQ(name.UnderlyingValue(), Variant("Bankas"));
+  EXPECT_TRUE(rs.CurrentChanged());
+  name.SetValue("Kitas vardas");
+  EXPECT_EQ(name.UnderlyingValue(), Variant("Bankas"));  // the first edit keeps it
+  rs.MoveNext();
+  EXPECT_FALSE(rs.CurrentChanged());
+  EXPECT_EQ(rs.Fields("Kaina").UnderlyingValue(), Variant::Null());
+}
+
+TEST(Edits, SettingTheOriginalValueBackIsNoChange) {
+  MemoryRecordset rs = MakeSet();
+  rs.Fields("Kaina").SetValue(2.0);
+  ASSERT_TRUE(rs.CurrentChanged());
+  rs.Fields("Kaina").SetValue(1.5);
+  EXPECT_FALSE(rs.CurrentChanged());
+}
+
+TEST(Edits, AcceptMakesEditsTheUnderlyingValues) {
+  MemoryRecordset rs = MakeSet();
+  rs.Fields("Kaina").SetValue(2.0);
+  rs.MoveNext();
+  rs.Fields("Kaina").SetValue(4);
+  rs.AcceptChanges();
+  EXPECT_FALSE(rs.CurrentChanged());
+  EXPECT_EQ(rs.Fields("Kaina").UnderlyingValue(), Variant(4));
+  rs.MoveFirst();
+  EXPECT_EQ(rs.Fields("Kaina").UnderlyingValue(), Variant(2.0));
+  EXPECT_EQ(rs.Fields("Kaina").Value(), Variant(2.0));
+}
+
+TEST(Edits, CancelPutsBackTheUnderlyingValuesOnEveryRow) {
+  MemoryRecordset rs = MakeSet();
+  rs.Fields("Kaina").SetValue(2.0);
+  rs.Fields("ID").SetValue(Variant::Null());
+  rs.MoveNext();
+  rs.Fields("Kaina").SetValue(4);
+  rs.CancelChanges();
+  EXPECT_EQ(rs.StoredValue(0, 3), Variant(1.5));
+  EXPECT_EQ(rs.StoredValue(0, 0), Variant(1));
+  EXPECT_EQ(rs.StoredValue(1, 3), Variant::Null());
+  EXPECT_FALSE(rs.CurrentChanged());
+}
+
+TEST(Edits, AddNewAppendsAnEmptyCurrentRowEvenUnderAFilter) {
+  MemoryRecordset rs = MakeSet();
+  rs.SetFilter("ID = 2");
+  rs.AddNew();
+  EXPECT_EQ(rs.RecordCount(), 2);
+  EXPECT_EQ(rs.CurrentStoredRow(), 3u);
+  EXPECT_TRUE(rs.Fields("ID").Value().IsEmpty());
+  EXPECT_TRUE(rs.Fields("ID").UnderlyingValue().IsEmpty());
+  rs.Fields("ID").SetValue(4);
+  EXPECT_TRUE(rs.CurrentChanged());
+  EXPECT_EQ(rs.StoredRowCount(), 4u);
+}
+
+// ---- building ----
+
+TEST(Building, AddRowWithTheWrongNumberOfValuesIsRefusedAndAddsNothing) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_EQ(ErrorNumberOf([&] { rs.AddRow({1, 2}); }), RuntimeError::kInvalidCall);
+  EXPECT_EQ(ErrorNumberOf([&] { rs.AddRow({1, 2, 3, 4, 5}); }), RuntimeError::kInvalidCall);
+  EXPECT_EQ(rs.StoredRowCount(), 3u);
+  EXPECT_EQ(rs.RecordCount(), 3);
+}
+
+TEST(Building, StoredAccessOutOfRangeIsASubscriptError) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_EQ(ErrorNumberOf([&] { rs.StoredValue(3, 0); }), RuntimeError::kSubscript);
+  EXPECT_EQ(ErrorNumberOf([&] { rs.StoredValue(0, 4); }), RuntimeError::kSubscript);
+  EXPECT_EQ(ErrorNumberOf([&] { rs.FieldName(4); }), RuntimeError::kSubscript);
+}
+
+TEST(Building, CloneCopiesDataAndEditsButNotFilterOrSort) {
+  MemoryRecordset rs = MakeSet();
+  rs.Fields("Kaina").SetValue(9);
+  rs.SetFilter("ID > 1");
+  rs.SetSort("ID DESC");
+  rs.SetMarshalOptions(1);
+  auto copy = rs.Clone();
+  EXPECT_EQ(copy->RecordCount(), 3);
+  EXPECT_EQ(copy->Filter(), Variant(0));
+  EXPECT_EQ(copy->Sort(), "");
+  EXPECT_EQ(copy->MarshalOptions(), 1);
+  EXPECT_EQ(copy->Fields("Kaina").Value(), Variant(9));
+  EXPECT_EQ(copy->Fields("Kaina").UnderlyingValue(), Variant(1.5));
+  copy->Fields("Kaina").SetValue(10);
+  copy->AddRow({4, "a", "b", 1});
+  EXPECT_EQ(rs.StoredValue(0, 3), Variant(9));
+  EXPECT_EQ(rs.StoredRowCount(), 3u);
+  EXPECT_EQ(copy->Fields().Item(0).Name(), "ID");
+}
+
+TEST(Building, MarshalOptionsStartAtZeroAndKeepWhatIsSet) {
+  MemoryRecordset rs = MakeSet();
+  EXPECT_EQ(rs.MarshalOptions(), 0);
+  rs.SetMarshalOptions(1);
+  EXPECT_EQ(rs.MarshalOptions(), 1);
+}
+
+TEST(Building, ARecordSetTravelsInAVariant) {
+  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"});
+  rs->AddRow({5});
+  Variant v(rs);
+  auto back = v.ObjectAs<Recordset>();
+  ASSERT_NE(back, nullptr);
+  EXPECT_EQ(back->Fields("id").Value(), Variant(5));
+}
+
+}  // namespace
+}  // namespace orvel

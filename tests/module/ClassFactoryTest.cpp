@@ -1,0 +1,39 @@
+#include "module/ClassFactory.h"
+
+#include <gtest/gtest.h>
+
+#include "host/OrvelHeader.h"
+#include "host/OrvelHeaderSecurity.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+
+namespace orvel {
+namespace {
+
+TEST(ClassFactory, CreatesTheHeadersByName) {
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
+            nullptr);
+}
+
+TEST(ClassFactory, CreatesEveryAdapterAsItsInterfaceAndAFreshObjectEachTime) {
+  for (const auto& name : ClassFactory::ClassNames()) {
+    auto object = ClassFactory::Create(name);
+    ASSERT_NE(object, nullptr) << name;
+    EXPECT_NE(object, ClassFactory::Create(name)) << name;
+    if (name.rfind("UIO", 0) == 0) {
+      EXPECT_NE(std::dynamic_pointer_cast<OrvelObjectUIO>(object), nullptr) << name;
+    } else if (name.rfind("UI", 0) == 0) {
+      EXPECT_NE(std::dynamic_pointer_cast<OrvelObjectUI>(object), nullptr) << name;
+    }
+  }
+}
+
+TEST(ClassFactory, UnknownNamesGiveNoObject) {
+  EXPECT_EQ(ClassFactory::Create("UI9999999"), nullptr);
+  EXPECT_EQ(ClassFactory::Create("dllheader"), nullptr);
+  EXPECT_EQ(ClassFactory::Create(""), nullptr);
+}
+
+}  // namespace
+}  // namespace orvel

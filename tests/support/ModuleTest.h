@@ -1,0 +1,50 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "host/OrvelObjectUI.h"
+#include "module/ClassFactory.h"
+#include "testhost/CallLog.h"
+#include "testhost/MemoryBusinessObject.h"
+#include "testhost/ScriptedUi.h"
+#include "testhost/TestHost.h"
+#include "testhost/TestHostClasses.h"
+#include "testhost/TestObjectManager.h"
+
+namespace orvel {
+
+// A test with the module attached to a fresh in-memory host: the host's
+// classes and Ui lent, adapters made by the module's class factory, and the
+// module-wide services reference cleared before and after.
+class ModuleTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    ResetOrvelS();
+    Platform::Attach(host_.HostClasses(), host_.Ui());
+    host_.SetAdapterSource([](const std::string& oid) {
+      return std::dynamic_pointer_cast<OrvelObjectUI>(ClassFactory::Create("UI" + oid.substr(1)));
+    });
+  }
+
+  void TearDown() override {
+    Platform::Detach();
+    ResetOrvelS();
+  }
+
+  // The type adapter the host makes for an OID (OID, BO and OrvelS given).
+  std::shared_ptr<OrvelObjectUI> Adapter(const std::string& oid) {
+    return host_.ObjectManager()->GetOrvelObjectUI(oid);
+  }
+
+  MemoryBusinessObject& BO(const std::string& oid) { return *host_.BusinessObject(oid); }
+  std::vector<std::string> BusinessLines() { return host_.Log().Lines(Channel::Business); }
+
+  TestHost host_;
+};
+
+}  // namespace orvel

@@ -1,0 +1,108 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "testhost/CallLog.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(CallLog, Add_JoinsOpAndArgsWithBlanks_KeepsParts) {
+  CallLog log;
+  log.Add(Channel::Registry, "AddObjectType",
+          {"OrvelCommonUI", "O0000400", "Atsargų matavimo vienetai"});
+
+  ASSERT_EQ(log.Size(), 1u);
+  const CallEntry& e = log.Entries()[0];
+  EXPECT_EQ(e.text, "AddObjectType OrvelCommonUI O0000400 Atsargų matavimo vienetai");
+  EXPECT_EQ(e.op, "AddObjectType");
+  EXPECT_THAT(e.args, ElementsAre("OrvelCommonUI", "O0000400", "Atsargų matavimo vienetai"));
+  EXPECT_EQ(e.channel, Channel::Registry);
+}
+
+TEST(CallLog, Add_TrailingEmptyArgs_LeftOutOfTextOnly) {
+  CallLog log;
+  log.Add(Channel::Host, "Call", {"GetOldPeriod", ""});
+  log.Add(Channel::Message, "MsgBox", {"0", "", "Tekstas"});
+
+  EXPECT_THAT(log.Lines(), ElementsAre("Call GetOldPeriod", "MsgBox 0  Tekstas"));
+  EXPECT_EQ(log.Entries()[0].args.size(), 2u);
+  EXPECT_EQ(log.Entries()[0].Param(), "");
+}
+
+TEST(CallLog, Lines_OfOneChannel_KeepCallOrder) {
+  CallLog log;
+  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
+  log.Add(Channel::Business, "GetCall", {"GetFirms", "O00003005"});
+  log.Add(Channel::Window, "IsOpen", {"O00003006"});
+
+  EXPECT_THAT(log.Lines(Channel::Window), ElementsAre("ShowWindow O00003005", "IsOpen O00003006"));
+  EXPECT_THAT(log.Lines(Channel::Business), ElementsAre("GetCall GetFirms O00003005"));
+  EXPECT_TRUE(log.Lines(Channel::Rights).empty());
+  log.Clear();
+  EXPECT_TRUE(log.Entries().empty());
+}
+
+TEST(CallLog, Echo_PrintsMatchingChannelsOneLineEach) {
+  CallLog log;
+  std::ostringstream out;
+  log.SetEcho(&out, {Channel::Message, Channel::Business});
+
+  log.Add(Channel::Business, "ExecCall", {"Orvel_DeleteObject", "'O00003005'"});
+  log.Add(Channel::Rights, "CanRead", {"CBanks", "0"});
+  log.Add(Channel::Message, "MsgBox", {"48", "Orvel Apskaita", "Pirma eilutė\r\nantra"});
+
+  EXPECT_EQ(out.str(),
+            "Business: ExecCall Orvel_DeleteObject 'O00003005'\n"
+            "Message: MsgBox 48 Orvel Apskaita Pirma eilutė\\r\\nantra\n");
+  // The journal itself keeps the text as it was.
+  EXPECT_EQ(log.Entries()[2].args[2], "Pirma eilutė\r\nantra");
+}
+
+TEST(CallLog, Echo_NoChannelsMeansAll_NullStreamStops) {
+  CallLog log;
+  std::ostringstream out;
+  log.SetEcho(&out);
+  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Code"});
+  log.SetEcho(nullptr);
+  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Name"});
+
+  EXPECT_EQ(out.str(), "Settings: SaveUserSetting O0000300 Preview Code\n");
+  EXPECT_EQ(log.Size(), 2u);
+}
+
+TEST(CallLog, Echo_WithoutChannel_PrintsTextAlone) {
+  CallLog log;
+  std::ostringstream out;
+  log.SetEcho(&out, {Channel::Window}, /*withChannel=*/false);
+  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
+
+  EXPECT_EQ(out.str(), "ShowWindow O00003005\n");
+}
+
+struct LogTextCase {
+  Variant value;
+  std::string text;
+};
+
+class LogTextTest : public ::testing::TestWithParam<LogTextCase> {};
+
+TEST_P(LogTextTest, WritesValueWithoutLocale) {
+  EXPECT_EQ(LogText(GetParam().value), GetParam().text);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, LogTextTest,
+    ::testing::Values(LogTextCase{Variant(), ""}, LogTextCase{Variant::Null(), "Null"},
+                      LogTextCase{Variant(true), "True"}, LogTextCase{Variant(-7), "-7"},
+                      LogTextCase{Variant(2.5), "2.5"}, LogTextCase{Variant("žodis"), "žodis"},
+                      LogTextCase{Variant(Date{46349}), "2026-11-23"},
+                      LogTextCase{Variant(Date{2}), "1900-01-01"},
+                      LogTextCase{Variant(std::shared_ptr<Object>()), "Nothing"},
+                      LogTextCase{Variant(Variant::Array{Variant(1), Variant(2)}), "Array(2)"}));
+
+}  // namespace
+}  // namespace orvel
