@@ -33,7 +33,8 @@ using orvel::Variant;
 // The loaded library; closed last, after every object it made is gone.
 class Library {
  public:
-  explicit Library(const std::string& path) : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {}
+  explicit Library(const std::string& path)
+      : handle_(dlopen(path.c_str(), RTLD_NOW | RTLD_LOCAL)) {}
   ~Library() {
     if (handle_) dlclose(handle_);
   }
@@ -115,8 +116,8 @@ int WalkMeasures(orvel::TestHost& host) {
   std::cout << "  Save: " << status.Number << ", OIDR: " << fresh->OIDR() << "\n";
 
   Section("O0000400: a record that does not exist");
-  std::cout << "  GetOrvelObject: " << (adapter->GetOrvelObject("O00004009") ? "object" : "Nothing")
-            << "\n";
+  bool found = adapter->GetOrvelObject("O00004009") != nullptr;
+  std::cout << "  GetOrvelObject: " << (found ? "an object" : "Nothing") << "\n";
   return status.Number == 0 ? 0 : 1;
 }
 
@@ -141,7 +142,8 @@ int main(int argc, char** argv) {
   }
   orvel::OrvelModule* module = library.Module();
   if (!module) {
-    std::cerr << "orvel-demo: " << path << " has no compatible " << ORVEL_MODULE_ENTRY_POINT << "\n";
+    std::cerr << "orvel-demo: " << path << " has no compatible " << ORVEL_MODULE_ENTRY_POINT
+              << "\n";
     return 1;
   }
 

@@ -38,8 +38,7 @@ std::string ObjectUIAdapter::OName() {
 std::optional<OrvelMenuItems> ObjectUIAdapter::GetMenu(const std::string& oidr,
                                                        const std::string& otype,
                                                        const std::string& settings) {
-  return Guarded([&] { return DoGetMenu(oidr, otype, settings); },
-                 std::optional<OrvelMenuItems>());
+  return Guarded([&] { return DoGetMenu(oidr, otype, settings); }, std::optional<OrvelMenuItems>());
 }
 
 OrvelMenuResult ObjectUIAdapter::ClickMenu(const std::string& oidr, const std::string& otype,

@@ -16,8 +16,7 @@ namespace orvel {
 // The public operations are the host's: each runs its hook guarded, so that
 // no failure inside the module crosses to the host (operations without a
 // Number show it to the user and return their neutral value).
-class ObjectUIAdapter : public OrvelObjectUI,
-                        public std::enable_shared_from_this<ObjectUIAdapter> {
+class ObjectUIAdapter : public OrvelObjectUI, public std::enable_shared_from_this<ObjectUIAdapter> {
  public:
   using IconRow = std::pair<const char*, const char*>;  // key (row kind), item (icon key)
 
@@ -30,8 +29,7 @@ class ObjectUIAdapter : public OrvelObjectUI,
                                         const std::string& settings) final;
   OrvelMenuResult ClickMenu(const std::string& oidr, const std::string& otype,
                             const std::string& sKey, const std::string& settings) final;
-  bool DragOK(const std::string& oidr, const std::string& otype,
-              const std::string& settings) final;
+  bool DragOK(const std::string& oidr, const std::string& otype, const std::string& settings) final;
   bool DropOK(const std::string& oidr) final;
   std::shared_ptr<Recordset> GetOrvelObjectList(const std::string& oidr, const std::string& otype,
                                                 const std::string& settings) final;
@@ -54,8 +52,7 @@ class ObjectUIAdapter : public OrvelObjectUI,
   virtual std::shared_ptr<OrvelObjectUIO> NewInstance() = 0;
 
   // No menu: the host shows none for the type.
-  virtual std::optional<OrvelMenuItems> DoGetMenu(const std::string& oidr,
-                                                  const std::string& otype,
+  virtual std::optional<OrvelMenuItems> DoGetMenu(const std::string& oidr, const std::string& otype,
                                                   const std::string& settings);
   // Acts on no key: Action 0.
   virtual OrvelMenuResult DoClickMenu(const std::string& oidr, const std::string& otype,

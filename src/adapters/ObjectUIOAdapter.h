@@ -39,8 +39,7 @@ class ObjectUIOAdapter : public OrvelObjectUIO {
   void CancelUpdate() final;
 
  protected:
-  virtual OrvelResult DoProperties(const std::string& propertyName,
-                                   const std::string& propertyPar);
+  virtual OrvelResult DoProperties(const std::string& propertyName, const std::string& propertyPar);
   virtual OrvelResult DoMethods(const std::string& name, Variant::Array& params);
 
   OrvelObjectUIO& Inner() { return *inner_; }

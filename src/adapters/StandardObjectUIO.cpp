@@ -65,8 +65,8 @@ std::string StandardObjectUIO::Preview() {
 OrvelResult StandardObjectUIO::Properties(const std::string& propertyName,
                                           const std::string& propertyPar) {
   return GuardedResult([&] {
-    auto reply = RequireBO()->GetCall("Get" + propertyName,
-                                     propertyPar.empty() ? oidr_ : propertyPar, 0);
+    auto reply =
+        RequireBO()->GetCall("Get" + propertyName, propertyPar.empty() ? oidr_ : propertyPar, 0);
     OrvelResult result;
     if (reply.Number > 0) {
       result.Number = reply.Number;
@@ -113,8 +113,8 @@ OrvelStatus StandardObjectUIO::Save(const std::shared_ptr<Recordset>& rs2,
     }
     bool isNew = !RefersToRecord(oidr_);
     Variant::Array args{Variant(record_), Variant(rs2), Variant(rs3)};
-    auto status =
-        RequireBO()->ExecArrayCall("Orvel_SaveObject", Quoted(OID()) + "," + Quoted(isNew ? "" : oidr_), args);
+    auto status = RequireBO()->ExecArrayCall(
+        "Orvel_SaveObject", Quoted(OID()) + "," + Quoted(isNew ? "" : oidr_), args);
     if (status.Number != 0) return status;
     if (isNew) {
       Variant id = record_->Fields("ID").Value();
@@ -145,8 +145,8 @@ void StandardObjectUIO::CancelUpdate() {
 std::shared_ptr<OrvelObjectBO> StandardObjectUIO::RequireBO() {
   auto bo = BO();
   if (!bo) {
-    throw RuntimeError(RuntimeError::kObjectNotSet,
-                       "Objektui " + (oidr_.empty() ? OID() : oidr_) + " nepriskirtas verslo objektas");
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Objektui " + (oidr_.empty() ? OID() : oidr_) +
+                                                        " nepriskirtas verslo objektas");
   }
   return bo;
 }

@@ -19,8 +19,7 @@ class OrvelObjectBO : public Object {
   virtual OrvelBoResult GetCall(const std::string& name, const std::string& param,
                                 int32_t zero) = 0;
   // An action call without a returned set.
-  virtual OrvelStatus ExecCall(const std::string& name, const std::string& param,
-                               int32_t zero) = 0;
+  virtual OrvelStatus ExecCall(const std::string& name, const std::string& param, int32_t zero) = 0;
   // An action call with an argument array.
   virtual OrvelStatus ExecArrayCall(const std::string& name, const std::string& param,
                                     Variant::Array& args) = 0;

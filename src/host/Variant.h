@@ -45,8 +45,8 @@ class Variant {
   Variant(const char* s) : value_(std::string(s)) {}
   Variant(Array a) : value_(std::move(a)) {}
   template <class T>
-    requires std::is_base_of_v<Object, T>
-  Variant(std::shared_ptr<T> o) : value_(std::shared_ptr<Object>(std::move(o))) {}
+  requires std::is_base_of_v<Object, T> Variant(std::shared_ptr<T> o)
+      : value_(std::shared_ptr<Object>(std::move(o))) {}
 
   static Variant Null() { return Variant(NullValue{}); }
 

@@ -20,17 +20,17 @@ Creator Make() {
 
 const std::map<std::string, Creator, std::less<>>& Classes() {
   static const std::map<std::string, Creator, std::less<>> classes{
-      {"DLLHeader", Make<DLLHeader>()},   {"SecurityHeader", Make<SecurityHeader>()},
-      {"UI0000400", Make<UI0000400>()},   {"UIO0000400", Make<UIO0000400>()},
-      {"UI0000500", Make<UI0000500>()},   {"UIO0000500", Make<UIO0000500>()},
-      {"UI0000600", Make<UI0000600>()},   {"UIO0000600", Make<UIO0000600>()},
-      {"UI0000700", Make<UI0000700>()},   {"UIO0000700", Make<UIO0000700>()},
-      {"UI0000800", Make<UI0000800>()},   {"UIO0000800", Make<UIO0000800>()},
-      {"UI0002000", Make<UI0002000>()},   {"UIO0002000", Make<UIO0002000>()},
-      {"UI0002100", Make<UI0002100>()},   {"UIO0002100", Make<UIO0002100>()},
-      {"UI0002300", Make<UI0002300>()},   {"UIO0002300", Make<UIO0002300>()},
-      {"UI0002400", Make<UI0002400>()},   {"UIO0002400", Make<UIO0002400>()},
-      {"UI0002500", Make<UI0002500>()},   {"UIO0002500", Make<UIO0002500>()},
+      {"DLLHeader", Make<DLLHeader>()}, {"SecurityHeader", Make<SecurityHeader>()},
+      {"UI0000400", Make<UI0000400>()}, {"UIO0000400", Make<UIO0000400>()},
+      {"UI0000500", Make<UI0000500>()}, {"UIO0000500", Make<UIO0000500>()},
+      {"UI0000600", Make<UI0000600>()}, {"UIO0000600", Make<UIO0000600>()},
+      {"UI0000700", Make<UI0000700>()}, {"UIO0000700", Make<UIO0000700>()},
+      {"UI0000800", Make<UI0000800>()}, {"UIO0000800", Make<UIO0000800>()},
+      {"UI0002000", Make<UI0002000>()}, {"UIO0002000", Make<UIO0002000>()},
+      {"UI0002100", Make<UI0002100>()}, {"UIO0002100", Make<UIO0002100>()},
+      {"UI0002300", Make<UI0002300>()}, {"UIO0002300", Make<UIO0002300>()},
+      {"UI0002400", Make<UI0002400>()}, {"UIO0002400", Make<UIO0002400>()},
+      {"UI0002500", Make<UI0002500>()}, {"UIO0002500", Make<UIO0002500>()},
   };
   return classes;
 }

@@ -16,6 +16,8 @@ struct IconResource {
   std::span<const char* const> rows;
 };
 
+// The pictures are drawn one pixel row a line: keep them so.
+// clang-format off
 constexpr const char* kA00001000001[] = {
     "16 16 3 1",
     ". c None",
@@ -366,14 +368,16 @@ constexpr std::array<IconResource, 14> kResources{{
     {"SERVICE", kSERVICE},
     {"SERVICENA", kSERVICENA},
 }};
+// clang-format on
 
 }  // namespace
 
 std::shared_ptr<Picture> LoadIconResource(std::string_view name) {
   for (const auto& resource : kResources) {
     if (TextEquals(resource.name, name)) {
-      return std::make_shared<Picture>(std::string(resource.name),
-                                       std::vector<std::string>(resource.rows.begin(), resource.rows.end()));
+      return std::make_shared<Picture>(
+          std::string(resource.name),
+          std::vector<std::string>(resource.rows.begin(), resource.rows.end()));
     }
   }
   return nullptr;

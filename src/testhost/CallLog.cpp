@@ -5,6 +5,8 @@
 #include <cstdio>
 #include <ostream>
 
+#include "host/Convert.h"
+
 namespace orvel {
 
 namespace {
@@ -25,21 +27,13 @@ std::string JoinText(const std::string& op, const std::vector<std::string>& args
   return text;
 }
 
-// Days since 1899-12-30 to a civil date (proleptic Gregorian).
-std::string DateText(double serial) {
-  if (!std::isfinite(serial) || std::fabs(serial) > 3e6) return "Date ?";
-  long days = static_cast<long>(std::floor(serial)) - 25569 + 719468;  // to 0000-03-01 epoch
-  long era = (days >= 0 ? days : days - 146096) / 146097;
-  long doe = days - era * 146097;
-  long yoe = (doe - doe / 1460 + doe / 36524 - doe / 146096) / 365;
-  long doy = doe - (365 * yoe + yoe / 4 - yoe / 100);
-  long mp = (5 * doy + 2) / 153;
-  long day = doy - (153 * mp + 2) / 5 + 1;
-  long month = mp < 10 ? mp + 3 : mp - 9;
-  long year = yoe + era * 400 + (month <= 2 ? 1 : 0);
-  char buf[80];
-  std::snprintf(buf, sizeof buf, "%04ld-%02ld-%02ld", year, month, day);
-  return buf;
+// A date as yyyy-MM-dd; a serial no calendar holds shows as "Date ?".
+std::string DateText(Date date) {
+  try {
+    return FormatDate(date, Locale::Invariant());
+  } catch (const std::exception&) {
+    return "Date ?";
+  }
 }
 
 }  // namespace
@@ -145,7 +139,7 @@ std::string LogText(const Variant& value) {
       return std::string(buf, res.ptr);
     }
     case VarType::Date:
-      return DateText(value.DateValue().serial);
+      return DateText(value.DateValue());
     case VarType::String:
       return value.String();
     case VarType::Object:

@@ -1,7 +1,6 @@
-#include "adapters/SmallAdapters.h"
-
 #include <gtest/gtest.h>
 
+#include "adapters/SmallAdapters.h"
 #include "host/MemoryRecordset.h"
 #include "host/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
@@ -65,7 +64,8 @@ TEST_P(SmallAdapterTest, ReadsTheRecordIntoANewInstanceAdapterThatMarshalsOnlyCh
   EXPECT_EQ(object->UI(), Adapter(Oid()));
   EXPECT_EQ(object->BO(), host_.BusinessObject(Oid()));
   EXPECT_EQ(object->GetGUID(), "");
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_ReadObject '" + Oidr(2) + "'"});
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"GetCall Orvel_ReadObject '" + Oidr(2) + "'"});
 }
 
 TEST_P(SmallAdapterTest, ARecordThatFailsToReadGivesNoObject) {
@@ -97,7 +97,8 @@ TEST_P(SmallAdapterTest, ListHandsOnlyTheOidrInwardWhateverTypeAndSettingsSay) {
   auto rs = Adapter(Oid())->GetOrvelObjectList(Oid(), "C", "1,0,1");
   ASSERT_NE(rs, nullptr);
   EXPECT_EQ(rs->RecordCount(), 2);
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList '" + Oid() + "'"});
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"GetCall Orvel_GetObjectList '" + Oid() + "'"});
 }
 
 TEST_P(SmallAdapterTest, DeleteIsForwardedAndItsNumberIsTheResult) {
@@ -113,14 +114,15 @@ TEST_P(SmallAdapterTest, OIDAndONameAreTheTypes) {
   EXPECT_FALSE(adapter->OName().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    TenPairs, SmallAdapterTest,
-    ::testing::Values(Pair{"O0000400", "C0000200"}, Pair{"O0000500", "C0000500"},
-                      Pair{"O0000600", "stdClose"}, Pair{"O0000700", "stdClose"},
-                      Pair{"O0000800", "C0000200"}, Pair{"O0002000", nullptr},
-                      Pair{"O0002100", nullptr}, Pair{"O0002300", "C0000200"},
-                      Pair{"O0002400", nullptr}, Pair{"O0002500", nullptr}),
-    [](const auto& info) { return std::string(info.param.oid); });
+INSTANTIATE_TEST_SUITE_P(TenPairs, SmallAdapterTest,
+                         ::testing::Values(Pair{"O0000400", "C0000200"},
+                                           Pair{"O0000500", "C0000500"},
+                                           Pair{"O0000600", "stdClose"},
+                                           Pair{"O0000700", "stdClose"},
+                                           Pair{"O0000800", "C0000200"}, Pair{"O0002000", nullptr},
+                                           Pair{"O0002100", nullptr}, Pair{"O0002300", "C0000200"},
+                                           Pair{"O0002400", nullptr}, Pair{"O0002500", nullptr}),
+                         [](const auto& info) { return std::string(info.param.oid); });
 
 class OrvelSTest : public ModuleTest {};
 

@@ -1,8 +1,7 @@
-#include "host/Identifiers.h"
-
 #include <gtest/gtest.h>
 
 #include "host/IconsTable.h"
+#include "host/Identifiers.h"
 
 namespace orvel {
 namespace {

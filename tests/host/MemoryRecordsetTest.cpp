@@ -38,22 +38,22 @@ struct LookupCase {
   const char* name;
 };
 
-class FieldLookup : public ::testing::TestWithParam<LookupCase> {};
+class RecordsetFieldLookup : public ::testing::TestWithParam<LookupCase> {};
 
-TEST_P(FieldLookup, IgnoresCaseIncludingLithuanianLetters) {
+TEST_P(RecordsetFieldLookup, IgnoresCaseIncludingLithuanianLetters) {
   MemoryRecordset rs = MakeSet();
   EXPECT_TRUE(rs.Fields().Exists(GetParam().asked));
   EXPECT_EQ(rs.Fields(GetParam().asked).Name(), GetParam().name);
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, FieldLookup,
+INSTANTIATE_TEST_SUITE_P(Names, RecordsetFieldLookup,
                          ::testing::Values(LookupCase{"ID", "ID"}, LookupCase{"id", "ID"},
                                            LookupCase{"PAVADINIMAS", "Pavadinimas"},
                                            LookupCase{"šalis", "Šalis"},
                                            LookupCase{"ŠALIS", "Šalis"},
                                            LookupCase{"kAiNa", "Kaina"}));
 
-TEST(Fields, AMissingNameIsItemNotFoundNamingIt) {
+TEST(RecordsetFields, AMissingNameIsItemNotFoundNamingIt) {
   MemoryRecordset rs = MakeSet();
   EXPECT_FALSE(rs.Fields().Exists("Salis"));
   try {
@@ -67,7 +67,7 @@ TEST(Fields, AMissingNameIsItemNotFoundNamingIt) {
   EXPECT_EQ(ErrorNumberOf([&] { rs.Fields().Item(-1); }), RuntimeError::kItemNotFound);
 }
 
-TEST(Fields, ByIndexInFieldOrder) {
+TEST(RecordsetFields, ByIndexInFieldOrder) {
   MemoryRecordset rs = MakeSet();
   ASSERT_EQ(rs.Fields().Count(), 4);
   EXPECT_EQ(rs.Fields().Item(1).Name(), "Pavadinimas");
@@ -75,7 +75,7 @@ TEST(Fields, ByIndexInFieldOrder) {
   EXPECT_EQ(&rs.Fields().Item(2), &rs.Fields("ŠALIS"));
 }
 
-TEST(Fields, AddFieldReturnsTheExistingIndexAndGivesOldRowsEmpty) {
+TEST(RecordsetFields, AddFieldReturnsTheExistingIndexAndGivesOldRowsEmpty) {
   MemoryRecordset rs = MakeSet();
   EXPECT_EQ(rs.AddField("kaina"), 3);
   EXPECT_EQ(rs.FieldCount(), 4u);
@@ -86,7 +86,7 @@ TEST(Fields, AddFieldReturnsTheExistingIndexAndGivesOldRowsEmpty) {
   EXPECT_EQ(rs.StoredValue(3, 4), Variant("z"));
 }
 
-TEST(Fields, ReadingAndWritingNeedACurrentRecord) {
+TEST(RecordsetFields, ReadingAndWritingNeedACurrentRecord) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -102,7 +102,7 @@ TEST(Fields, ReadingAndWritingNeedACurrentRecord) {
 
 // ---- moving ----
 
-TEST(Moving, AnEmptySetIsBothBofAndEof) {
+TEST(RecordsetMoving, AnEmptySetIsBothBofAndEof) {
   MemoryRecordset rs({"ID"});
   EXPECT_TRUE(rs.IsBOF());
   EXPECT_TRUE(rs.IsEOF());
@@ -112,7 +112,7 @@ TEST(Moving, AnEmptySetIsBothBofAndEof) {
   EXPECT_EQ(ErrorNumberOf([&] { rs.MoveNext(); }), RuntimeError::kNoCurrentRecord);
 }
 
-TEST(Moving, WalksEveryRowThenStopsAtEof) {
+TEST(RecordsetMoving, WalksEveryRowThenStopsAtEof) {
   MemoryRecordset rs = MakeSet();
   std::vector<Variant> names;
   for (; !rs.IsEOF(); rs.MoveNext()) names.push_back(rs.Fields("Pavadinimas").Value());
@@ -124,14 +124,14 @@ TEST(Moving, WalksEveryRowThenStopsAtEof) {
   EXPECT_EQ(rs.CurrentStoredRow(), 0u);
 }
 
-TEST(Moving, RowsAddedToAnEmptySetStartAtTheFirst) {
+TEST(RecordsetMoving, RowsAddedToAnEmptySetStartAtTheFirst) {
   MemoryRecordset rs({"ID"});
   rs.AddRow({7});
   EXPECT_FALSE(rs.IsEOF());
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(7));
 }
 
-TEST(Moving, EofReachedStaysWhenRowsAreAppended) {
+TEST(RecordsetMoving, EofReachedStaysWhenRowsAreAppended) {
   MemoryRecordset rs = MakeSet();
   while (!rs.IsEOF()) rs.MoveNext();
   rs.AddRow({4, "x", "y", 1});
@@ -143,7 +143,7 @@ TEST(Moving, EofReachedStaysWhenRowsAreAppended) {
 
 // ---- edits ----
 
-TEST(Edits, ValueIsTheEditUnderlyingValueTheValueAsRead) {
+TEST(RecordsetEdits, ValueIsTheEditUnderlyingValueTheValueAsRead) {
   MemoryRecordset rs = MakeSet();
   Field& name = rs.Fields("Pavadinimas");
   name.SetValue("Naujas");
@@ -157,7 +157,7 @@ TEST(Edits, ValueIsTheEditUnderlyingValueTheValueAsRead) {
   EXPECT_EQ(rs.Fields("Kaina").UnderlyingValue(), Variant::Null());
 }
 
-TEST(Edits, SettingTheOriginalValueBackIsNoChange) {
+TEST(RecordsetEdits, SettingTheOriginalValueBackIsNoChange) {
   MemoryRecordset rs = MakeSet();
   rs.Fields("Kaina").SetValue(2.0);
   ASSERT_TRUE(rs.CurrentChanged());
@@ -165,7 +165,7 @@ TEST(Edits, SettingTheOriginalValueBackIsNoChange) {
   EXPECT_FALSE(rs.CurrentChanged());
 }
 
-TEST(Edits, AcceptMakesEditsTheUnderlyingValues) {
+TEST(RecordsetEdits, AcceptMakesEditsTheUnderlyingValues) {
   MemoryRecordset rs = MakeSet();
   rs.Fields("Kaina").SetValue(2.0);
   rs.MoveNext();
@@ -178,7 +178,7 @@ TEST(Edits, AcceptMakesEditsTheUnderlyingValues) {
   EXPECT_EQ(rs.Fields("Kaina").Value(), Variant(2.0));
 }
 
-TEST(Edits, CancelPutsBackTheUnderlyingValuesOnEveryRow) {
+TEST(RecordsetEdits, CancelPutsBackTheUnderlyingValuesOnEveryRow) {
   MemoryRecordset rs = MakeSet();
   rs.Fields("Kaina").SetValue(2.0);
   rs.Fields("ID").SetValue(Variant::Null());
@@ -191,7 +191,7 @@ TEST(Edits, CancelPutsBackTheUnderlyingValuesOnEveryRow) {
   EXPECT_FALSE(rs.CurrentChanged());
 }
 
-TEST(Edits, AddNewAppendsAnEmptyCurrentRowEvenUnderAFilter) {
+TEST(RecordsetEdits, AddNewAppendsAnEmptyCurrentRowEvenUnderAFilter) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("ID = 2");
   rs.AddNew();
@@ -206,7 +206,7 @@ TEST(Edits, AddNewAppendsAnEmptyCurrentRowEvenUnderAFilter) {
 
 // ---- building ----
 
-TEST(Building, AddRowWithTheWrongNumberOfValuesIsRefusedAndAddsNothing) {
+TEST(RecordsetBuilding, AddRowWithTheWrongNumberOfValuesIsRefusedAndAddsNothing) {
   MemoryRecordset rs = MakeSet();
   EXPECT_EQ(ErrorNumberOf([&] { rs.AddRow({1, 2}); }), RuntimeError::kInvalidCall);
   EXPECT_EQ(ErrorNumberOf([&] { rs.AddRow({1, 2, 3, 4, 5}); }), RuntimeError::kInvalidCall);
@@ -214,14 +214,14 @@ TEST(Building, AddRowWithTheWrongNumberOfValuesIsRefusedAndAddsNothing) {
   EXPECT_EQ(rs.RecordCount(), 3);
 }
 
-TEST(Building, StoredAccessOutOfRangeIsASubscriptError) {
+TEST(RecordsetBuilding, StoredAccessOutOfRangeIsASubscriptError) {
   MemoryRecordset rs = MakeSet();
   EXPECT_EQ(ErrorNumberOf([&] { rs.StoredValue(3, 0); }), RuntimeError::kSubscript);
   EXPECT_EQ(ErrorNumberOf([&] { rs.StoredValue(0, 4); }), RuntimeError::kSubscript);
   EXPECT_EQ(ErrorNumberOf([&] { rs.FieldName(4); }), RuntimeError::kSubscript);
 }
 
-TEST(Building, CloneCopiesDataAndEditsButNotFilterOrSort) {
+TEST(RecordsetBuilding, CloneCopiesDataAndEditsButNotFilterOrSort) {
   MemoryRecordset rs = MakeSet();
   rs.Fields("Kaina").SetValue(9);
   rs.SetFilter("ID > 1");
@@ -241,14 +241,14 @@ TEST(Building, CloneCopiesDataAndEditsButNotFilterOrSort) {
   EXPECT_EQ(copy->Fields().Item(0).Name(), "ID");
 }
 
-TEST(Building, MarshalOptionsStartAtZeroAndKeepWhatIsSet) {
+TEST(RecordsetBuilding, MarshalOptionsStartAtZeroAndKeepWhatIsSet) {
   MemoryRecordset rs = MakeSet();
   EXPECT_EQ(rs.MarshalOptions(), 0);
   rs.SetMarshalOptions(1);
   EXPECT_EQ(rs.MarshalOptions(), 1);
 }
 
-TEST(Building, ARecordSetTravelsInAVariant) {
+TEST(RecordsetBuilding, ARecordSetTravelsInAVariant) {
   auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"});
   rs->AddRow({5});
   Variant v(rs);

@@ -49,9 +49,9 @@ struct PickCase {
 
 void PrintTo(const PickCase& c, std::ostream* os) { *os << '"' << c.criteria << '"'; }
 
-class FilterPicks : public ::testing::TestWithParam<PickCase> {};
+class RecordsetFilterPicks : public ::testing::TestWithParam<PickCase> {};
 
-TEST_P(FilterPicks, VisibleRowsAreTheMatchingOnesInStorageOrder) {
+TEST_P(RecordsetFilterPicks, VisibleRowsAreTheMatchingOnesInStorageOrder) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter(GetParam().criteria);
   EXPECT_THAT(VisibleIds(rs), ElementsAreArray(GetParam().ids));
@@ -59,7 +59,7 @@ TEST_P(FilterPicks, VisibleRowsAreTheMatchingOnesInStorageOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Comparisons, FilterPicks,
+    Comparisons, RecordsetFilterPicks,
     ::testing::Values(
         // The forms the module builds.
         PickCase{"Code = 'EUR'", {1, 3}}, PickCase{" ID = 5", {5}},
@@ -87,7 +87,7 @@ INSTANTIATE_TEST_SUITE_P(
         PickCase{"Code = 10.0", {6}}, PickCase{"Date = '2024-04-01'", {2}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Like, FilterPicks,
+    Like, RecordsetFilterPicks,
     ::testing::Values(PickCase{"Name LIKE 'smith*'", {5, 6}},
                       PickCase{"Name like 'Smith%'", {5, 6}}, PickCase{"Name LIKE '*MIT*'", {5, 6}},
                       PickCase{"Name LIKE '%ūna%'", {1, 2}}, PickCase{"Name LIKE 'ŠAR*'", {1, 2}},
@@ -98,7 +98,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PickCase{"Name LIKE '*''*'", {3}}, PickCase{"ID LIKE '1*'", {1}}));
 
 INSTANTIATE_TEST_SUITE_P(
-    AndOr, FilterPicks,
+    AndOr, RecordsetFilterPicks,
     ::testing::Values(PickCase{"ID = 1 OR ID = 3", {1, 3}},
                       PickCase{"ID = 1 AND Code = 'EUR'", {1}},
                       PickCase{"ID > 1 and ID < 4", {2, 3}},
@@ -122,9 +122,9 @@ struct BadCase {
 
 void PrintTo(const BadCase& c, std::ostream* os) { *os << '"' << c.criteria << '"'; }
 
-class FilterRefuses : public ::testing::TestWithParam<BadCase> {};
+class RecordsetFilterRefuses : public ::testing::TestWithParam<BadCase> {};
 
-TEST_P(FilterRefuses, NamesTheProblemAndItsPositionAndKeepsThePreviousFilter) {
+TEST_P(RecordsetFilterRefuses, NamesTheProblemAndItsPositionAndKeepsThePreviousFilter) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("Code = 'EUR'");
   rs.MoveNext();
@@ -142,7 +142,7 @@ TEST_P(FilterRefuses, NamesTheProblemAndItsPositionAndKeepsThePreviousFilter) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Grammar, FilterRefuses,
+    Grammar, RecordsetFilterRefuses,
     ::testing::Values(
         BadCase{"Nope = 1", "unknown field 'Nope'", 1},
         BadCase{"ID = 1 AND Šalis = 2", "unknown field 'Šalis'", 12},
@@ -165,7 +165,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"Name = 'Šarūnas' ID", "expected AND or OR", 18}));
 
 INSTANTIATE_TEST_SUITE_P(
-    Structure, FilterRefuses,
+    Structure, RecordsetFilterRefuses,
     ::testing::Values(BadCase{"   ", "expected a field name", 4},
                       BadCase{"= 1", "expected a field name", 1},
                       BadCase{"ID = 1 AND", "expected a field name", 11},
@@ -193,7 +193,7 @@ INSTANTIATE_TEST_SUITE_P(
                       BadCase{"Name LIKE 5", "LIKE takes a text value", 11},
                       BadCase{"Date LIKE #2024-01-01#", "LIKE takes a text value", 11}));
 
-TEST(FilterRefuses, NestingBeyondSixtyFourLevelsButNotUpToIt) {
+TEST(RecordsetFilterLimits, NestingBeyondSixtyFourLevelsButNotUpToIt) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter(std::string(64, '(') + "ID = 2" + std::string(64, ')'));
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
@@ -208,7 +208,7 @@ TEST(FilterRefuses, NestingBeyondSixtyFourLevelsButNotUpToIt) {
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
 }
 
-TEST(FilterRefuses, ValuesThatAreNeitherCriteriaNorZero) {
+TEST(RecordsetFilterLimits, ValuesThatAreNeitherCriteriaNorZero) {
   MemoryRecordset rs = MakeSet();
   for (const Variant& bad : {Variant::Null(), Variant(3), Variant(1.5), Variant(true),
                              Variant(Variant::Array{Variant(1)})}) {
@@ -224,7 +224,7 @@ TEST(FilterRefuses, ValuesThatAreNeitherCriteriaNorZero) {
 
 // ---- the view a filter leaves ----
 
-TEST(Filter, MovesToTheFirstMatchAndCountsOnlyMatches) {
+TEST(RecordsetFilter, MovesToTheFirstMatchAndCountsOnlyMatches) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -240,7 +240,7 @@ TEST(Filter, MovesToTheFirstMatchAndCountsOnlyMatches) {
   EXPECT_TRUE(rs.IsEOF());
 }
 
-TEST(Filter, NoMatchLeavesBothBofAndEofAndNoCurrentRecord) {
+TEST(RecordsetFilter, NoMatchLeavesBothBofAndEofAndNoCurrentRecord) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("ID = 99");
   EXPECT_TRUE(rs.IsBOF());
@@ -259,9 +259,9 @@ struct ClearCase {
   Variant clear;
 };
 
-class FilterClears : public ::testing::TestWithParam<ClearCase> {};
+class RecordsetFilterClears : public ::testing::TestWithParam<ClearCase> {};
 
-TEST_P(FilterClears, ShowsEveryRowFromTheFirstAndReportsWhatWasSet) {
+TEST_P(RecordsetFilterClears, ShowsEveryRowFromTheFirstAndReportsWhatWasSet) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("ID = 99");
   rs.SetFilter(GetParam().clear);
@@ -271,28 +271,28 @@ TEST_P(FilterClears, ShowsEveryRowFromTheFirstAndReportsWhatWasSet) {
   EXPECT_EQ(rs.Filter(), GetParam().clear);
 }
 
-INSTANTIATE_TEST_SUITE_P(Values, FilterClears,
+INSTANTIATE_TEST_SUITE_P(Values, RecordsetFilterClears,
                          ::testing::Values(ClearCase{"EmptyText", Variant("")},
                                            ClearCase{"Zero", Variant(0)},
                                            ClearCase{"ZeroDouble", Variant(0.0)},
                                            ClearCase{"Empty", Variant()}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Filter, ReportsTheCriteriaAsSetAndZeroBeforeAny) {
+TEST(RecordsetFilter, ReportsTheCriteriaAsSetAndZeroBeforeAny) {
   MemoryRecordset rs = MakeSet();
   EXPECT_EQ(rs.Filter(), Variant(0));
   rs.SetFilter(" ID = 5");
   EXPECT_EQ(rs.Filter(), Variant(" ID = 5"));
 }
 
-TEST(Filter, ReplacesRatherThanNarrowsThePreviousFilter) {
+TEST(RecordsetFilter, ReplacesRatherThanNarrowsThePreviousFilter) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("ID = 1");
   rs.SetFilter("ID = 2");
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
 }
 
-TEST(Filter, RowsAddedLaterJoinTheViewOnlyWhenTheyMatch) {
+TEST(RecordsetFilter, RowsAddedLaterJoinTheViewOnlyWhenTheyMatch) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("Code = 'EUR'");
   rs.AddRow({7, "eur", "x", 1, Variant::Null(), 0, Variant::Null(), "n"});
@@ -301,7 +301,7 @@ TEST(Filter, RowsAddedLaterJoinTheViewOnlyWhenTheyMatch) {
   EXPECT_EQ(rs.StoredRowCount(), 8u);
 }
 
-TEST(Filter, EditsDoNotMoveRowsInOrOutUntilTheFilterIsSetAgain) {
+TEST(RecordsetFilter, EditsDoNotMoveRowsInOrOutUntilTheFilterIsSetAgain) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("Code = 'EUR'");
   rs.Fields("Code").SetValue("LTL");
@@ -310,7 +310,7 @@ TEST(Filter, EditsDoNotMoveRowsInOrOutUntilTheFilterIsSetAgain) {
   EXPECT_THAT(VisibleIds(rs), ElementsAre(3));
 }
 
-TEST(Filter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing) {
+TEST(RecordsetFilter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing) {
   // LIKE, and a text value that is not a number, see numbers and dates as
   // their text; NaN, infinities and dates beyond 9999 have none.
   MemoryRecordset rs({"ID", "X", "D"});
@@ -328,7 +328,7 @@ TEST(Filter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing) {
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2, 3));  // NaN is not greater, infinity is
 }
 
-TEST(Filter, GroupedClausesOverManyRowsAgreeWithRowByRowEvaluation) {
+TEST(RecordsetFilter, GroupedClausesOverManyRowsAgreeWithRowByRowEvaluation) {
   // Enough rows that each clause runs down a whole column, against a plain
   // statement of the same criteria.
   const std::vector<std::string> names{"A", "B", "C"};

@@ -50,9 +50,9 @@ struct OrderCase {
 
 void PrintTo(const OrderCase& c, std::ostream* os) { *os << '"' << c.keys << '"'; }
 
-class SortOrders : public ::testing::TestWithParam<OrderCase> {};
+class RecordsetSortOrders : public ::testing::TestWithParam<OrderCase> {};
 
-TEST_P(SortOrders, RowsComeInKeyOrderWithTiesInStorageOrder) {
+TEST_P(RecordsetSortOrders, RowsComeInKeyOrderWithTiesInStorageOrder) {
   MemoryRecordset rs = MakeSet();
   rs.SetSort(GetParam().keys);
   EXPECT_THAT(VisibleIds(rs), ElementsAreArray(GetParam().ids));
@@ -60,7 +60,7 @@ TEST_P(SortOrders, RowsComeInKeyOrderWithTiesInStorageOrder) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Keys, SortOrders,
+    Keys, RecordsetSortOrders,
     ::testing::Values(
         OrderCase{"", {1, 2, 3, 4, 5, 6}}, OrderCase{"ID DESC", {6, 5, 4, 3, 2, 1}},
         // Text ignores case; "_" comes before letters, Lithuanian after z.
@@ -90,9 +90,9 @@ struct BadKeysCase {
 
 void PrintTo(const BadKeysCase& c, std::ostream* os) { *os << '"' << c.keys << '"'; }
 
-class SortRefuses : public ::testing::TestWithParam<BadKeysCase> {};
+class RecordsetSortRefuses : public ::testing::TestWithParam<BadKeysCase> {};
 
-TEST_P(SortRefuses, KeepsTheSortInForceAndThePosition) {
+TEST_P(RecordsetSortRefuses, KeepsTheSortInForceAndThePosition) {
   MemoryRecordset rs = MakeSet();
   rs.SetSort("ID DESC");
   rs.MoveNext();
@@ -109,7 +109,7 @@ TEST_P(SortRefuses, KeepsTheSortInForceAndThePosition) {
 }
 
 INSTANTIATE_TEST_SUITE_P(
-    Keys, SortRefuses,
+    Keys, RecordsetSortRefuses,
     ::testing::Values(
         BadKeysCase{"Nope", RuntimeError::kItemNotFound, "Item not found in this collection: Nope"},
         BadKeysCase{"Name, Nope DESC", RuntimeError::kItemNotFound, "collection: Nope"},
@@ -120,7 +120,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' without a matching ']'"},
         BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "expected ASC or DESC"}));
 
-TEST(Sort, MovesToTheFirstRecordOfTheNewOrder) {
+TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -130,7 +130,7 @@ TEST(Sort, MovesToTheFirstRecordOfTheNewOrder) {
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
 }
 
-TEST(Sort, AndFilterEachKeepTheOtherWhenSet) {
+TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
   MemoryRecordset rs = MakeSet();
   rs.SetSort("Amount DESC");
   rs.SetFilter("Grp = 'a'");
@@ -148,7 +148,7 @@ TEST(Sort, AndFilterEachKeepTheOtherWhenSet) {
   EXPECT_EQ(rs.RecordCount(), 4);
 }
 
-TEST(Sort, SortsTheEmptyAndTheFullyFilteredSet) {
+TEST(RecordsetSort, SortsTheEmptyAndTheFullyFilteredSet) {
   MemoryRecordset empty({"ID"});
   empty.SetSort("ID DESC");
   EXPECT_TRUE(empty.IsBOF());
@@ -160,7 +160,7 @@ TEST(Sort, SortsTheEmptyAndTheFullyFilteredSet) {
   EXPECT_EQ(rs.RecordCount(), 0);
 }
 
-TEST(Sort, TheModulesOwnKeyLists) {
+TEST(RecordsetSort, TheModulesOwnKeyLists) {
   MemoryRecordset rs({"PurchDate", "PurchaseID", "Sign", "Date", "ID", "Number"});
   rs.AddRow({Day(2024, 2, 1), 7, 1, Day(2024, 2, 3), 10, "B-2"});
   rs.AddRow({Day(2024, 1, 1), 9, -1, Day(2024, 2, 3), 11, "B-1"});
@@ -178,7 +178,7 @@ TEST(Sort, TheModulesOwnKeyLists) {
   EXPECT_THAT(numbers, ElementsAre("B-2", "a-1", "B-1", "A-9"));
 }
 
-TEST(Sort, NumbersIncludingInfinitiesAndNaNHaveATotalOrder) {
+TEST(RecordsetSort, NumbersIncludingInfinitiesAndNaNHaveATotalOrder) {
   const double inf = std::numeric_limits<double>::infinity();
   const double nan = std::numeric_limits<double>::quiet_NaN();
   MemoryRecordset rs({"ID", "X"});
@@ -241,7 +241,7 @@ Variant RandomValue(std::mt19937& gen, int column) {
   return Variant(Date{std::uniform_int_distribution<int>(-2, 2)(gen) * 1.0});
 }
 
-TEST(Sort, AgreesWithAStableSortByTheTextCompareOnGeneratedRows) {
+TEST(RecordsetSort, AgreesWithAStableSortByTheTextCompareOnGeneratedRows) {
   std::mt19937 gen(20240331);
   MemoryRecordset rs({"ID", "Text", "Number", "Mixed"});
   std::vector<std::vector<Variant>> rows;

@@ -1,11 +1,10 @@
-#include "module/ClassFactory.h"
-
 #include <gtest/gtest.h>
 
 #include "host/OrvelHeader.h"
 #include "host/OrvelHeaderSecurity.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
+#include "module/ClassFactory.h"
 
 namespace orvel {
 namespace {

@@ -1,7 +1,6 @@
-#include "module/DLLHeader.h"
-
 #include <gtest/gtest.h>
 
+#include "module/DLLHeader.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestComponent.h"
 #include "testhost/TestComponentGroup.h"

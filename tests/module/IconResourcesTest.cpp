@@ -1,8 +1,8 @@
-#include "module/IconResources.h"
-
 #include <gtest/gtest.h>
 
 #include <set>
+
+#include "module/IconResources.h"
 
 namespace orvel {
 namespace {
@@ -35,10 +35,9 @@ TEST_P(IconResourceTest, LoadsByNameWithoutRegardToCase) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Registered, IconResourceTest,
-                         ::testing::Values("C0000100", "FirmNA", "C0000300", "C0000500",
-                                           "C0002200", "C0001600", "C0001601", "C0000200",
-                                           "GoodNA", "GEXIST", "Service", "ServiceNA",
-                                           "A00001000001", "s"));
+                         ::testing::Values("C0000100", "FirmNA", "C0000300", "C0000500", "C0002200",
+                                           "C0001600", "C0001601", "C0000200", "GoodNA", "GEXIST",
+                                           "Service", "ServiceNA", "A00001000001", "s"));
 
 TEST(IconResources, HoldsFourteenPicturesAndNothingElse) {
   EXPECT_EQ(IconResourceNames().size(), 14u);

@@ -39,8 +39,9 @@ class ModuleLibraryTest : public ::testing::Test {
 };
 
 TEST_F(ModuleLibraryTest, ExportsOnlyTheEntryPoint) {
-  EXPECT_EQ(dlsym(library_, "_ZN5orvel12ClassFactory6CreateESt17basic_string_viewIcSt11char_traitsIcEE"),
-            nullptr);
+  EXPECT_EQ(
+      dlsym(library_, "_ZN5orvel12ClassFactory6CreateESt17basic_string_viewIcSt11char_traitsIcEE"),
+      nullptr);
   EXPECT_EQ(entry_(OrvelModule::kAbiVersion + 1), nullptr);
   EXPECT_NE(entry_(OrvelModule::kAbiVersion), nullptr);
 }

@@ -1,6 +1,6 @@
-#include "module/SecurityHeader.h"
-
 #include <gtest/gtest.h>
+
+#include "module/SecurityHeader.h"
 
 namespace orvel {
 namespace {
