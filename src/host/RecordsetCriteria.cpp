@@ -200,7 +200,6 @@ struct RecordsetCriteria::Node {
   Op op = Op::Eq;
   ValueKind kind = ValueKind::Text;
   std::string text;                  // the value as written (text unquoted)
-  bool textIsAscii = true;           // Text: whether the fast equality applies
   std::optional<double> textNumber;  // Text: read as a number, when it is one
   std::optional<double> textDate;    // Text: read as a date, when it is one
   double number = 0;                 // Number, or Date serial
@@ -456,7 +455,6 @@ class Parser {
         leaf.text.push_back('\'');  // '' stands for one quote
         ++pos_;
       }
-      leaf.textIsAscii = IsAsciiText(leaf.text);
       leaf.textNumber = ReadDecimal(TrimBlanks(leaf.text));
       leaf.textDate = ReadDate(leaf.text);
       return;
@@ -570,9 +568,9 @@ bool MatchRow(const std::vector<Node>& nodes, uint32_t index,
   return result;
 }
 
-// The commonest criterion, "Field = 'text'", in one tight loop: ASCII text of
-// another length or with another letter is settled without a call. Values
-// other than text take the general path.
+// The commonest criterion, "Field = 'text'", in one tight loop: text that
+// differs in an ASCII character, or runs out, is settled without a call.
+// Values other than text take the general path.
 void SelectTextEquals(const Node& leaf, const RecordsetColumn& column, size_t rowCount, bool wanted,
                       std::vector<uint32_t>& rows) {
   const std::string& value = leaf.text;
@@ -586,24 +584,27 @@ void SelectTextEquals(const Node& leaf, const RecordsetColumn& column, size_t ro
     const std::string& s = v.String();
     const char* p = s.data();
     const size_t size = s.size();
+    const size_t common = size < length ? size : length;
     bool equal = true;
-    if (size != length) {
-      // Only letters outside ASCII can make texts of different lengths equal.
-      unsigned char high = 0;
-      for (size_t i = 0; i < size; ++i) high |= static_cast<unsigned char>(p[i]);
-      equal = (high & 0x80 || !leaf.textIsAscii) && TextEquals(s, value);
-    } else {
-      for (size_t i = 0; i < length; ++i) {
-        const char a = p[i];
-        const char b = value[i];
-        if (a == b) continue;
-        const char lower = static_cast<char>(a | 0x20);
-        if (lower == (b | 0x20) && lower >= 'a' && lower <= 'z') continue;
-        // Two ASCII characters that differ settle it; other letters need the
-        // full case mapping.
-        equal = ((a | b) & 0x80) != 0 && TextEquals(s, value);
-        break;
-      }
+    bool full = false;  // the full case mapping must decide
+    for (size_t i = 0; i < common; ++i) {
+      const char a = p[i];
+      const char b = value[i];
+      if (a == b) continue;
+      const char lower = static_cast<char>(a | 0x20);
+      if (lower == (b | 0x20) && lower >= 'a' && lower <= 'z') continue;
+      // Two ASCII characters that differ settle it; a letter outside ASCII
+      // may still fold to what the other side holds.
+      equal = false;
+      full = ((a | b) & 0x80) != 0;
+      break;
+    }
+    if (full) {
+      equal = TextEquals(s, value);
+    } else if (equal) {
+      // One text ran out with every byte so far the same: characters fold one
+      // to one, so the longer one has characters more.
+      equal = size == length;
     }
     if (equal == wanted) rows.push_back(static_cast<uint32_t>(r));
   }
