@@ -9,15 +9,22 @@
 #include <cstdio>
 #include <iostream>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "host/MemoryRecordset.h"
 #include "host/OrvelHeader.h"
 #include "host/OrvelHeaderSecurity.h"
+#include "host/OrvelWindow.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
 #include "host/Variant.h"
 #include "module/OrvelModule.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/Button.h"
+#include "ui/Form.h"
+#include "ui/ListView.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"
@@ -121,6 +128,61 @@ int WalkMeasures(orvel::TestHost& host) {
   return status.Number == 0 ? 0 : 1;
 }
 
+void SeedBanks(orvel::TestHost& host) {
+  auto& table = host.BusinessObject("O0000300")->Table();
+  table.SetFields({"ID", "Name", "Code", "SWIFT"});
+  table.Seed({
+      {{"Name", Variant("AB SEB bankas")}, {"Code", Variant("70440")}, {"SWIFT", Variant("CBVILT2X")}},
+      {{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")},
+       {"SWIFT", Variant("CBSBLT26")}},
+  });
+  auto firms = std::make_shared<orvel::MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
+  firms->AddRow({Variant("O00001007"), Variant("UAB „Medienos centras“")});
+  firms->AddRow({Variant("O00001012"), Variant("AB „Šiaulių duona“")});
+  host.BusinessObject("O0000300")->ReplyRead("GetFirms", firms);
+}
+
+void PrintMenu(const std::string& oidr, const std::optional<orvel::OrvelMenuItems>& menu) {
+  std::cout << "  menu of " << oidr << ":";
+  if (!menu) std::cout << " none";
+  std::cout << "\n";
+  if (!menu) return;
+  for (const auto& item : *menu) std::cout << "    " << item.Key << " " << item.Caption << "\n";
+}
+
+int WalkBank(orvel::TestHost& host) {
+  auto banks = host.ObjectManager()->GetOrvelObjectUI("O0000300");
+  if (!banks) return 1;
+
+  Section("O0000300 Bankai: the menus of the root and of bank 5");
+  PrintMenu("O0000300", banks->GetMenu("O0000300", "", ""));
+  PrintMenu("O00003005", banks->GetMenu("O00003005", "C", ""));
+
+  Section("O0000300: menu 0 on bank 5 opens its card");
+  auto result = banks->ClickMenu("O00003005", "C", "0", "");
+  auto window = result.Value.ObjectAs<orvel::OrvelWindow>();
+  if (result.Action != orvel::OrvelMenuResult::kShowWindow || !window) return 1;
+  host.WindowManager()->ShowWindow(window);
+  auto grid = host.Ui()->Grids().back();
+  std::cout << "  firms of bank 5:\n";
+  auto& firms = grid->TabList("Firms");
+  for (int i = 1; i <= firms.ListItems().Count(); ++i) {
+    auto& row = firms.ListItems().Item(i);
+    std::cout << "    " << row.Key() << " " << row.Text() << "\n";
+  }
+
+  Section("O0000300: change the SWIFT code and write");
+  grid->EditField("SWIFT", Variant("CBSBLT26XXX"));
+  auto form = std::dynamic_pointer_cast<orvel::Form>(window);
+  auto* write = form ? dynamic_cast<orvel::Button*>(form->FindControl("cmdEnter")) : nullptr;
+  if (!write) return 1;
+  write->Click();
+
+  Section("O0000300: close the card");
+  if (auto* close = dynamic_cast<orvel::Button*>(form->FindControl("SSCClose"))) close->Click();
+  return host.WindowManager()->IsOpen("O00003005") ? 1 : 0;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -164,6 +226,8 @@ int main(int argc, char** argv) {
     host.Log().SetEcho(&std::cout, {Channel::Business, Channel::Window, Channel::Message},
                        /*withChannel=*/false);
     result = WalkMeasures(host);
+    SeedBanks(host);
+    result |= WalkBank(host);
     host.Log().SetEcho(nullptr);
     module->Detach();
   }

@@ -12,7 +12,8 @@ namespace orvel {
 // Methods, which a type's adapter refines in DoProperties and DoMethods (the
 // small adapters answer both with a zero result), and GetGUID, always empty.
 // The public operations run guarded: nothing thrown reaches the host.
-class ObjectUIOAdapter : public OrvelObjectUIO {
+class ObjectUIOAdapter : public OrvelObjectUIO,
+                         public std::enable_shared_from_this<ObjectUIOAdapter> {
  public:
   ObjectUIOAdapter();
   ~ObjectUIOAdapter() override;

@@ -3,6 +3,7 @@
 #include <cstdio>
 #include <random>
 
+#include "adapters/PropertyCall.h"
 #include "common/Boundary.h"
 #include "common/Registration.h"
 #include "host/Convert.h"
@@ -64,18 +65,7 @@ std::string StandardObjectUIO::Preview() {
 
 OrvelResult StandardObjectUIO::Properties(const std::string& propertyName,
                                           const std::string& propertyPar) {
-  return GuardedResult([&] {
-    auto reply =
-        RequireBO()->GetCall("Get" + propertyName, propertyPar.empty() ? oidr_ : propertyPar, 0);
-    OrvelResult result;
-    if (reply.Number > 0) {
-      result.Number = reply.Number;
-      result.Text = std::to_string(reply.Number);
-    } else if (reply.Number == 0) {
-      result.Value = Variant(reply.Object);
-    }
-    return result;
-  });
+  return GuardedResult([&] { return GetProperty(*RequireBO(), propertyName, propertyPar, oidr_); });
 }
 
 OrvelResult StandardObjectUIO::Methods(const std::string& name, Variant::Array& params) {

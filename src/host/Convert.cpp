@@ -876,6 +876,10 @@ std::string CStr(const Variant& v, const Locale& locale) {
   Mismatch("CStr", v);
 }
 
+std::string ConcatText(const Variant& v, const Locale& locale) {
+  return v.IsNull() ? std::string() : CStr(v, locale);
+}
+
 Date CDate(const Variant& v, const Locale& locale) {
   switch (v.Type()) {
     case VarType::Empty:

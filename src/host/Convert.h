@@ -27,6 +27,9 @@ bool CBool(const Variant& v, const Locale& locale = ActiveLocale());
 // "False"; dates in the locale's short date (and time when it has one).
 std::string CStr(const Variant& v, const Locale& locale = ActiveLocale());
 Date CDate(const Variant& v, const Locale& locale = ActiveLocale());
+// The text a value gives when joined to text with "&": Null gives "" (the
+// runtime's concatenation forgives Null), anything else as CStr.
+std::string ConcatText(const Variant& v, const Locale& locale = ActiveLocale());
 
 // Reads a number from the start of text, ignoring blanks, tabs and line feeds
 // (and "," and "$") anywhere; "." only is the decimal point; "&H"/"&O"

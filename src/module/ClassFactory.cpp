@@ -4,6 +4,7 @@
 #include <map>
 
 #include "adapters/SmallAdapters.h"
+#include "adapters/UI0000300.h"
 #include "module/DLLHeader.h"
 #include "module/SecurityHeader.h"
 
@@ -21,6 +22,8 @@ Creator Make() {
 const std::map<std::string, Creator, std::less<>>& Classes() {
   static const std::map<std::string, Creator, std::less<>> classes{
       {"DLLHeader", Make<DLLHeader>()}, {"SecurityHeader", Make<SecurityHeader>()},
+      {"UI0000300", Make<UI0000300>()},
+      {"UIO0000300", Make<UIO0000300>()},
       {"UI0000400", Make<UI0000400>()}, {"UIO0000400", Make<UIO0000400>()},
       {"UI0000500", Make<UI0000500>()}, {"UIO0000500", Make<UIO0000500>()},
       {"UI0000600", Make<UI0000600>()}, {"UIO0000600", Make<UIO0000600>()},

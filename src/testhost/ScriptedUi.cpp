@@ -1,6 +1,9 @@
 #include "testhost/ScriptedUi.h"
 
 #include "testhost/CallLog.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "ui/Form.h"
+#include "ui/Menu.h"
 
 namespace orvel {
 
@@ -11,6 +14,17 @@ constexpr int32_t kAbortRetryIgnore = 2;
 constexpr int32_t kRetryCancel = 5;
 constexpr int32_t kAbort = 3;
 constexpr int32_t kRetry = 4;
+
+// The entry of that name the user can reach in a popup: visible, under
+// visible submenus. Null when there is none.
+Menu* ShownEntry(const Menu& menu, const std::string& name) {
+  for (const auto& entry : menu.Items()) {
+    if (!entry->Visible()) continue;
+    if (entry->Name() == name) return entry.get();
+    if (Menu* found = ShownEntry(*entry, name)) return found;
+  }
+  return nullptr;
+}
 }  // namespace
 
 ScriptedUi::ScriptedUi(std::shared_ptr<CallLog> log) : log_(std::move(log)) {}
@@ -43,6 +57,43 @@ int32_t ScriptedUi::MsgBox(const std::string& prompt, int32_t flags, const std::
 void ScriptedUi::SetMousePointer(int32_t pointer) {
   pointer_ = pointer;
   pointers_.push_back(pointer);
+}
+
+void ScriptedUi::ShowModal(Form& form) {
+  log_->Add(Channel::Window, "ShowModal", {form.Name()});
+  form.Show();
+  if (!form.Visible()) return;  // Form_Load unloaded it
+  if (!modalScripts_.empty()) {
+    // Taken off the queue first: the script may open a modal form of its own.
+    ModalScript script = std::move(modalScripts_.front());
+    modalScripts_.pop_front();
+    script(form);
+  }
+  if (form.Visible()) form.Hide();
+}
+
+void ScriptedUi::PopupMenu(Menu& menu) {
+  log_->Add(Channel::Window, "PopupMenu", {menu.Name()});
+  Popup popup{menu.Name(), {}, {}};
+  for (const auto& entry : menu.Items()) {
+    if (entry->Visible()) popup.shown.push_back(entry->Name());
+  }
+  if (popup.shown.empty() || popupPicks_.empty()) {
+    popups_.push_back(std::move(popup));
+    return;
+  }
+  std::string pick = std::move(popupPicks_.front());
+  popupPicks_.pop_front();
+  Menu* entry = ShownEntry(menu, pick);
+  if (entry && entry->Enabled()) popup.picked = pick;
+  popups_.push_back(std::move(popup));
+  if (!popups_.back().picked.empty()) entry->Click();
+}
+
+std::shared_ptr<OrvelGrid> ScriptedUi::NewOrvelGrid() {
+  auto grid = std::make_shared<FakeOrvelGrid>();
+  grids_.push_back(grid);
+  return grid;
 }
 
 }  // namespace orvel

@@ -2,6 +2,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -12,6 +13,7 @@
 namespace orvel {
 
 class CallLog;
+class FakeOrvelGrid;
 
 // The Ui seam of the test host. Message boxes are logged in the Message
 // channel ("MsgBox 49 Orvel Apskaita Ar tikrai norite panaikinti?": flags,
@@ -20,8 +22,26 @@ class CallLog;
 // Yes/No and Yes/No/Cancel). Locale (Lithuanian), today (2026-11-23) and the
 // screen width (15360 twips) are settable; DoEvents is counted and every
 // mouse pointer set is kept.
+//
+// Modal forms and popup menus are scripted too. ShowModal logs
+// "ShowModal <form>" in the Window channel, loads and shows the form, runs
+// the next queued modal script on it (the user filling the dialog and
+// pressing OK), and hides the form if it is still visible afterwards (the
+// user closing it). PopupMenu logs "PopupMenu <menu>" in the Window channel
+// and picks the next queued entry name, raising its Click; an empty queue,
+// or an entry that is hidden or disabled, picks nothing. A popup with no
+// visible entry shows nothing and takes no pick from the queue. Each popup
+// is kept with the entries it showed. NewOrvelGrid hands out FakeOrvelGrids
+// and keeps them.
 class ScriptedUi : public Ui {
  public:
+  using ModalScript = std::function<void(Form&)>;
+  struct Popup {
+    std::string menu;
+    std::vector<std::string> shown;  // the visible entries, in order
+    std::string picked;              // "" when nothing was picked
+  };
+
   struct Box {
     std::string prompt;
     int32_t flags = 0;
@@ -46,6 +66,14 @@ class ScriptedUi : public Ui {
   int DoEventsCount() const { return doEvents_; }
   const std::vector<int32_t>& MousePointers() const { return pointers_; }
 
+  void QueueModal(ModalScript script) { modalScripts_.push_back(std::move(script)); }
+  size_t PendingModalScripts() const { return modalScripts_.size(); }
+  void QueuePopupPick(std::string entryName) { popupPicks_.push_back(std::move(entryName)); }
+  size_t PendingPopupPicks() const { return popupPicks_.size(); }
+  const std::vector<Popup>& Popups() const { return popups_; }
+  // Every grid handed out, oldest first.
+  const std::vector<std::shared_ptr<FakeOrvelGrid>>& Grids() const { return grids_; }
+
   // The first button of a box of these flags.
   static int32_t FirstButton(int32_t flags);
 
@@ -58,6 +86,9 @@ class ScriptedUi : public Ui {
   void DoEvents() override { ++doEvents_; }
   int32_t ScreenWidth() const override { return screenWidth_; }
   orvel::Date Today() const override { return today_; }
+  void ShowModal(Form& form) override;
+  void PopupMenu(Menu& menu) override;
+  std::shared_ptr<OrvelGrid> NewOrvelGrid() override;
 
  private:
   std::shared_ptr<CallLog> log_;
@@ -69,6 +100,10 @@ class ScriptedUi : public Ui {
   int32_t pointer_ = vbDefault;
   std::vector<int32_t> pointers_;
   int doEvents_ = 0;
+  std::deque<ModalScript> modalScripts_;
+  std::deque<std::string> popupPicks_;
+  std::vector<Popup> popups_;
+  std::vector<std::shared_ptr<FakeOrvelGrid>> grids_;
 };
 
 }  // namespace orvel

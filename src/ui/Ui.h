@@ -1,12 +1,17 @@
 #pragma once
 
 #include <cstdint>
+#include <memory>
 #include <string>
 
 #include "host/Locale.h"
 #include "host/Variant.h"
 
 namespace orvel {
+
+class Form;
+class Menu;
+class OrvelGrid;
 
 // Buttons and icon of a message box, as the module writes them: numbers
 // added together (49 = OK and Cancel with the exclamation icon).
@@ -41,6 +46,13 @@ class Ui : public LocaleSource {
   // The screen's width in twips (1/1440 inch), as windows place themselves.
   virtual int32_t ScreenWidth() const = 0;
   virtual orvel::Date Today() const = 0;
+  // Loads and shows the form modally; returns once it is hidden or unloaded.
+  virtual void ShowModal(Form& form) = 0;
+  // Pops up the menu's visible entries; the user's pick raises that entry's
+  // Click before this returns. No pick, no Click.
+  virtual void PopupMenu(Menu& menu) = 0;
+  // The host's field-sheet control for a new form.
+  virtual std::shared_ptr<OrvelGrid> NewOrvelGrid() = 0;
 };
 
 }  // namespace orvel

@@ -2,12 +2,17 @@
 #include <gtest/gtest.h>
 
 #include "testhost/CallLog.h"
+#include "testhost/FakeOrvelGrid.h"
 #include "testhost/ScriptedUi.h"
+#include "ui/Button.h"
+#include "ui/Form.h"
+#include "ui/Menu.h"
 
 namespace orvel {
 namespace {
 
 using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
 struct DefaultCase {
   int32_t flags;
@@ -70,6 +75,145 @@ TEST(ScriptedUi, Defaults_AndSettings) {
   EXPECT_EQ(ui.ScreenWidth(), 19200);
   EXPECT_THAT(ui.MousePointers(), ElementsAre(vbHourglass, vbDefault));
   EXPECT_EQ(ui.DoEventsCount(), 2);
+}
+
+// A dialog whose OK button unloads it, as the module's dialogs do.
+class frmDialog : public Form {
+ public:
+  explicit frmDialog(std::string name = "frmAccounts") : Form(std::move(name)) {
+    Register(cmdEnter);
+    cmdEnter.OnClick = [this] { cmdEnter_Click(); };
+  }
+  void cmdEnter_Click() {
+    Saved = true;
+    Unload();
+  }
+  Button cmdEnter{"cmdEnter"};
+  bool Saved = false;
+  int loads = 0;
+  bool unloadInLoad = false;
+
+ protected:
+  void Form_Load() override {
+    ++loads;
+    if (unloadInLoad) Unload();
+  }
+};
+
+class ScriptedUiFormsTest : public ::testing::Test {
+ protected:
+  std::shared_ptr<CallLog> log = std::make_shared<CallLog>();
+  ScriptedUi ui{log};
+};
+
+TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheScriptOnTheShownForm) {
+  frmDialog dialog;
+  bool shownWhenScripted = false;
+  ui.QueueModal([&](Form& form) {
+    shownWhenScripted = form.Loaded() && form.Visible();
+    dialog.cmdEnter.Click();
+  });
+
+  dialog.ShowModal(ui);
+
+  EXPECT_TRUE(shownWhenScripted);
+  EXPECT_TRUE(dialog.Saved);
+  EXPECT_FALSE(dialog.Loaded());
+  EXPECT_EQ(ui.PendingModalScripts(), 0u);
+  EXPECT_THAT(log->Lines(Channel::Window), ElementsAre("ShowModal frmAccounts"));
+}
+
+TEST_F(ScriptedUiFormsTest, ShowModal_WithoutScript_TheUserClosesIt) {
+  frmDialog dialog;
+  dialog.ShowModal(ui);
+  EXPECT_EQ(dialog.loads, 1);
+  EXPECT_FALSE(dialog.Saved);
+  EXPECT_FALSE(dialog.Visible());
+}
+
+TEST_F(ScriptedUiFormsTest, ShowModal_NestedDialogTakesTheNextScript) {
+  frmDialog outer("frmFirmInfo");
+  frmDialog inner("frmAccounts");
+  std::vector<std::string> order;
+  ui.QueueModal([&](Form& form) {
+    order.push_back(form.Name());
+    inner.ShowModal(ui);
+    outer.cmdEnter.Click();
+  });
+  ui.QueueModal([&](Form& form) { order.push_back(form.Name()); });
+
+  outer.ShowModal(ui);
+
+  EXPECT_THAT(order, ElementsAre("frmFirmInfo", "frmAccounts"));
+  EXPECT_TRUE(outer.Saved);
+  EXPECT_FALSE(inner.Visible());
+}
+
+TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued) {
+  frmDialog dialog;
+  dialog.unloadInLoad = true;
+  ui.QueueModal([](Form&) {});
+  dialog.ShowModal(ui);
+  EXPECT_EQ(ui.PendingModalScripts(), 1u);
+}
+
+class ScriptedUiPopupTest : public ScriptedUiFormsTest {
+ protected:
+  ScriptedUiPopupTest() {
+    popup.SetVisible(false);
+    popup.Add("mnuOpen", "Atidaryti").OnClick = [this] { clicks.push_back("mnuOpen"); };
+    popup.Add("mnuToDesktop", "Į darbalaukį").OnClick = [this] {
+      clicks.push_back("mnuToDesktop");
+    };
+    popup.Add("mnuDelete", "Naikinti").OnClick = [this] { clicks.push_back("mnuDelete"); };
+  }
+  Menu popup{"mnuList"};
+  std::vector<std::string> clicks;
+};
+
+TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntry_BeforeReturning) {
+  ui.QueuePopupPick("mnuToDesktop");
+  ui.PopupMenu(popup);
+  EXPECT_THAT(clicks, ElementsAre("mnuToDesktop"));
+  EXPECT_THAT(log->Lines(Channel::Window), ElementsAre("PopupMenu mnuList"));
+  ASSERT_EQ(ui.Popups().size(), 1u);
+  EXPECT_EQ(ui.Popups()[0].picked, "mnuToDesktop");
+  EXPECT_THAT(ui.Popups()[0].shown, ElementsAre("mnuOpen", "mnuToDesktop", "mnuDelete"));
+}
+
+TEST_F(ScriptedUiPopupTest, EmptyQueue_PicksNothing) {
+  ui.PopupMenu(popup);
+  EXPECT_THAT(clicks, IsEmpty());
+  EXPECT_EQ(ui.Popups()[0].picked, "");
+}
+
+TEST_F(ScriptedUiPopupTest, HiddenOrDisabledEntry_CannotBePicked) {
+  popup.Find("mnuDelete")->SetVisible(false);
+  popup.Find("mnuOpen")->SetEnabled(false);
+  ui.QueuePopupPick("mnuDelete");
+  ui.QueuePopupPick("mnuOpen");
+  ui.PopupMenu(popup);
+  ui.PopupMenu(popup);
+  EXPECT_THAT(clicks, IsEmpty());
+  EXPECT_THAT(ui.Popups()[0].shown, ElementsAre("mnuOpen", "mnuToDesktop"));
+  EXPECT_EQ(ui.PendingPopupPicks(), 0u);
+}
+
+TEST_F(ScriptedUiPopupTest, NothingVisible_ShowsNothingAndKeepsThePick) {
+  for (const auto& entry : popup.Items()) entry->SetVisible(false);
+  ui.QueuePopupPick("mnuOpen");
+  ui.PopupMenu(popup);
+  EXPECT_THAT(ui.Popups()[0].shown, IsEmpty());
+  EXPECT_EQ(ui.PendingPopupPicks(), 1u);
+}
+
+TEST_F(ScriptedUiFormsTest, NewOrvelGrid_HandsOutFakesAndKeepsThem) {
+  auto first = ui.NewOrvelGrid();
+  auto second = ui.NewOrvelGrid();
+  ASSERT_EQ(ui.Grids().size(), 2u);
+  EXPECT_EQ(ui.Grids()[0], first);
+  EXPECT_EQ(ui.Grids()[1], second);
+  EXPECT_NE(first, second);
 }
 
 }  // namespace

@@ -1,0 +1,169 @@
+// AmountToWords on a million varied amounts, against baselines that only
+// write the same amounts with two decimals into strings, run in the same
+// process on the same generated data:
+//   - BM_FormatPlain:   std::to_chars, fixed, two decimals (what a hand-written
+//                       program would do; rounds the binary value);
+//   - BM_FormatDecimal: DecimalText(x, 2), the money rounding on the decimal
+//                       value a person reads, which AmountToWords itself runs
+//                       first.
+// The program prints the ratios (words / baseline, by CPU time) after Google
+// Benchmark's own table, each from the fastest of the repetitions; the target
+// is 4 or less against the plain baseline.
+//
+//   orvel_bench_words [--amounts=N] [benchmark flags]
+
+#include <benchmark/benchmark.h>
+
+#include <charconv>
+#include <cstdio>
+#include <cstring>
+#include <map>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "common/AmountInWords.h"
+#include "host/Convert.h"
+
+namespace {
+
+size_t g_amounts = 1000000;
+
+// Deterministic: the same seed gives the same amounts in every run. The
+// integer part has 1 to 12 digits, evenly, so short and long words weigh
+// alike; cents are uniform; one amount in eight is negative and one in
+// sixteen sits on a half cent, so that rounding carries now and then.
+const std::vector<double>& Amounts() {
+  static const std::vector<double> amounts = [] {
+    std::mt19937_64 gen(20240602);
+    std::vector<double> out;
+    out.reserve(g_amounts);
+    for (size_t i = 0; i < g_amounts; ++i) {
+      const uint64_t r = gen();
+      const int digits = 1 + static_cast<int>(r % 12);
+      uint64_t low = 1;
+      for (int d = 1; d < digits; ++d) low *= 10;
+      const uint64_t whole = digits == 1 ? (r >> 8) % 10 : low + (r >> 8) % (9 * low);
+      const uint64_t cents = (r >> 48) % 100;
+      double amount = static_cast<double>(whole * 100 + cents) / 100.0;
+      if (i % 16 == 5) amount += 0.005;
+      if (i % 8 == 3) amount = -amount;
+      out.push_back(amount);
+    }
+    return out;
+  }();
+  return amounts;
+}
+
+void BM_FormatPlain(benchmark::State& state) {
+  const auto& amounts = Amounts();
+  for (auto _ : state) {
+    size_t bytes = 0;
+    for (double x : amounts) {
+      char buf[64];
+      const auto r = std::to_chars(buf, buf + sizeof buf, x, std::chars_format::fixed, 2);
+      std::string text(buf, r.ptr);
+      bytes += text.size();
+      benchmark::DoNotOptimize(text.data());
+    }
+    state.counters["bytes/amount"] =
+        static_cast<double>(bytes) / static_cast<double>(amounts.size());
+  }
+}
+
+void BM_FormatDecimal(benchmark::State& state) {
+  const auto& amounts = Amounts();
+  for (auto _ : state) {
+    size_t bytes = 0;
+    for (double x : amounts) {
+      std::string text = orvel::DecimalText(x, 2);
+      bytes += text.size();
+      benchmark::DoNotOptimize(text.data());
+    }
+    state.counters["bytes/amount"] =
+        static_cast<double>(bytes) / static_cast<double>(amounts.size());
+  }
+}
+
+void BM_Words(benchmark::State& state) {
+  const auto& amounts = Amounts();
+  for (auto _ : state) {
+    size_t bytes = 0;
+    size_t failures = 0;
+    for (double x : amounts) {
+      orvel::AmountInWords words = orvel::AmountToWords(x, false, true);
+      bytes += words.words.size();
+      failures += words.ok() ? 0 : 1;
+      benchmark::DoNotOptimize(words.words.data());
+    }
+    if (failures != 0) state.SkipWithError("an amount had no words");
+    state.counters["bytes/amount"] =
+        static_cast<double>(bytes) / static_cast<double>(amounts.size());
+  }
+}
+
+BENCHMARK(BM_FormatPlain)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_FormatDecimal)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_Words)->Unit(benchmark::kMillisecond);
+
+// Keeps each run's time per iteration by name, and prints as the console does.
+class RatioReporter : public benchmark::ConsoleReporter {
+ public:
+  void ReportRuns(const std::vector<Run>& runs) override {
+    for (const Run& run : runs) {
+      if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
+        // CPU time: the machine is shared, and waiting for a core is no
+        // part of either side's work.
+        // The fastest repetition: the one least disturbed by the others.
+        const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
+        auto [it, fresh] = seconds_.emplace(run.run_name.function_name, seconds);
+        if (!fresh && seconds < it->second) it->second = seconds;
+      }
+    }
+    ConsoleReporter::ReportRuns(runs);
+  }
+  double Ratio(const std::string& ours, const std::string& baseline) const {
+    auto a = seconds_.find(ours);
+    auto b = seconds_.find(baseline);
+    if (a == seconds_.end() || b == seconds_.end() || b->second <= 0) return -1;
+    return a->second / b->second;
+  }
+
+ private:
+  std::map<std::string, double> seconds_;
+};
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  // Our own flag first; the rest go to Google Benchmark. By default each
+  // benchmark runs five times, the three interleaved at random, so that a
+  // change of load on the shared machine falls on both sides of a ratio;
+  // flags given on the command line come later and win.
+  static char repetitions[] = "--benchmark_repetitions=5";
+  static char interleaving[] = "--benchmark_enable_random_interleaving=true";
+  static char onlyAggregates[] = "--benchmark_report_aggregates_only=false";
+  std::vector<char*> rest{argv[0], repetitions, interleaving, onlyAggregates};
+  for (int i = 1; i < argc; ++i) {
+    if (std::strncmp(argv[i], "--amounts=", 10) == 0) {
+      g_amounts = std::strtoull(argv[i] + 10, nullptr, 10);
+      if (g_amounts == 0) g_amounts = 1;
+    } else {
+      rest.push_back(argv[i]);
+    }
+  }
+  int restCount = static_cast<int>(rest.size());
+  benchmark::Initialize(&restCount, rest.data());
+  if (benchmark::ReportUnrecognizedArguments(restCount, rest.data())) return 1;
+
+  std::printf("amounts: %zu\n", g_amounts);
+  Amounts();  // build the data before any timing
+  RatioReporter reporter;
+  benchmark::RunSpecifiedBenchmarks(&reporter);
+  const double plain = reporter.Ratio("BM_Words", "BM_FormatPlain");
+  const double decimal = reporter.Ratio("BM_Words", "BM_FormatDecimal");
+  if (plain >= 0) std::printf("words / to_chars ratio: %.2f\n", plain);
+  if (decimal >= 0) std::printf("words / DecimalText ratio: %.2f\n", decimal);
+  benchmark::Shutdown();
+  return 0;
+}

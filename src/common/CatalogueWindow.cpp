@@ -1,0 +1,226 @@
+#include "common/CatalogueWindow.h"
+
+#include "common/Boundary.h"
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "host/Convert.h"
+#include "host/OrvelObjectManager.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelServices.h"
+#include "host/OrvelShowObject.h"
+#include "host/OrvelWindowManager.h"
+#include "host/RuntimeError.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+// The business layer's number for a record another user changed meanwhile:
+// the window re-reads it.
+constexpr int32_t kChangedMeanwhile = 60000;
+constexpr int kRightButton = 2;
+
+// Runs an event handler so that nothing it throws reaches the host.
+template <class F>
+void Handle(F&& body) {
+  Guarded([&] { return body(), true; }, false);
+}
+}  // namespace
+
+CatalogueWindow::CatalogueWindow(std::string formName, std::string heading)
+    : Form(std::move(formName)) {
+  SOPanel.SetCaption(std::move(heading));
+  cmdEnter.SetCaption("Įrašyti");
+  cmdCancel.SetCaption("Atšaukti");
+  Register(SOPanel);
+  Register(cmdEnter);
+  Register(cmdCancel);
+  Register(SSCClose);
+  Register(SSCNew);
+
+  cmdEnter.OnClick = [this] { cmdEnter_Click(); };
+  cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+  SSCNew.OnClick = [this] { SSCNew_Click(); };
+  SSCClose.OnClick = [this] { SSCClose_Click(); };
+  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
+
+  OrvelGrid = Platform::Ui().NewOrvelGrid();
+  if (OrvelGrid) {
+    Register(*OrvelGrid);
+    OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
+  }
+}
+
+CatalogueWindow::~CatalogueWindow() = default;
+
+void CatalogueWindow::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
+  object_ = std::move(object);
+}
+
+void CatalogueWindow::Form_Load() { InitForm(); }
+
+void CatalogueWindow::InitForm() {
+  InitRunning = true;
+  SetEnabled(false);
+  Handle([&] {
+    Platform::Ui().SetMousePointer(vbHourglass);
+    OrvelGrid->SetServices(OrvelS());
+    OrvelGrid->SetObjectUIO(object_);
+    OrvelGrid->FillFields();
+    Initialized = true;
+    AddTabs();
+    SetCaption();
+    FillLists();
+    SetButtons(false);
+  });
+  // Also after a failure: the window must not stay disabled under the hourglass.
+  InitRunning = false;
+  SetEnabled(true);
+  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+}
+
+void CatalogueWindow::SetButtons(bool changed) {
+  cmdEnter.SetEnabled(changed);
+  cmdCancel.SetEnabled(changed);
+  SSCNew.SetEnabled(!changed);
+}
+
+void CatalogueWindow::OrvelGrid_FieldChanged() {
+  Handle([&] { SetButtons(true); });
+}
+
+void CatalogueWindow::cmdEnter_Click() {
+  Handle([&] {
+    int32_t number = OrvelGrid->SaveObject();
+    std::string text = OrvelGrid->LastError();
+    if (number != 0) {
+      Platform::Ui().MsgBox("Klaida!\n\n" + text, vbCritical, kMsgTitle);
+      SetButtons(true);
+      if (number == kChangedMeanwhile) cmdCancel_Click();
+    } else {
+      SetCaption();
+      Services().WindowManager()->ObjectSaved(OIDR());
+      SetButtons(false);
+    }
+    UnloadChild();
+  });
+}
+
+void CatalogueWindow::cmdCancel_Click() {
+  Handle([&] {
+    auto status = Uio().Read();
+    if (status.Number != 0) {
+      Platform::Ui().MsgBox(status.Text, vbExclamation, kMsgTitle);
+      Services().WindowManager()->RemoveWindow(OIDR(), true);
+      return;
+    }
+    InitForm();
+  });
+}
+
+void CatalogueWindow::UnloadChild() {
+  if (!ShowObject) return;
+  try {
+    if (auto child = std::dynamic_pointer_cast<OrvelShowObject>(ShowObject)) {
+      child->UnloadShowOrvelObject();
+    }
+  } catch (...) {
+    // The child's own failure does not concern this window.
+  }
+  ShowObject.reset();
+}
+
+void CatalogueWindow::SSCNew_Click() {
+  Handle([&] {
+    std::string kept = OIDR();
+    auto windows = Services().WindowManager();
+    if (windows->QueryRemove(kept, true)) return;
+    Uio().SetOIDR("");
+    if (Uio().Read().Number != 0) return;
+    InitForm();
+    if (!kept.empty()) windows->Rekey(kept, Self());
+  });
+}
+
+void CatalogueWindow::SSCClose_Click() {
+  Handle([&] {
+    // Off first, so that a second click cannot come in while events run.
+    SSCClose.SetEnabled(false);
+    Platform::Ui().DoEvents();
+    Services().WindowManager()->CloseWindow(Self());
+  });
+}
+
+void CatalogueWindow::SSCClose_MouseUp(int button, int) {
+  Handle([&] {
+    if (button != kRightButton || !SSCClose.Enabled()) return;
+    int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
+                                       vbOKCancel + vbExclamation, kMsgTitle);
+    if (answer != vbOK) return;
+    std::string oidr = OIDR();
+    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
+    if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
+      Services().WindowManager()->RemoveWindow(oidr, false);
+    }
+  });
+}
+
+void CatalogueWindow::QueryRemove(bool& cancel) {
+  Handle([&] {
+    if (cmdEnter.Enabled()) {
+      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
+                                         vbYesNo + vbExclamation, kMsgTitle);
+      cancel = answer != vbYes;
+    }
+    // A user who refuses to close keeps a disabled close button: the click
+    // disabled it, and nothing enables it again.
+    SSCClose.SetEnabled(!cancel);
+  });
+}
+
+void CatalogueWindow::Form_QueryUnload(bool&) {
+  // The question was asked in QueryRemove; the window unloads itself.
+}
+
+void CatalogueWindow::Form_Unload() {
+  UnloadChild();
+  Lists.clear();
+}
+
+void CatalogueWindow::mnuToDesktop_Click() {
+  Handle([&] {
+    if (ActiveList < 0) return;
+    ListItem* row = Lists[ActiveList]->SelectedItem();
+    if (!row) return;
+    Services().ObjectManager()->AddToDesktop(ConcatText(row->Tag()));
+  });
+}
+
+ListView& CatalogueWindow::AddList(const std::string& key, const std::string& caption) {
+  ListView& list = OrvelGrid->AddTab(key, caption);
+  Lists.push_back(&list);
+  ActiveList = ListCount;
+  ++ListCount;
+  return list;
+}
+
+void CatalogueWindow::PopupOverSelectedRow(const std::string& tabKey, int button,
+                                           const std::string& onTab, Menu& menu) {
+  if (button != kRightButton || tabKey != onTab || ActiveList < 0) return;
+  if (!Lists[ActiveList]->SelectedItem()) return;
+  Platform::Ui().PopupMenu(menu);
+}
+
+orvel::OrvelObjectUIO& CatalogueWindow::Uio() {
+  if (!object_) {
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
+  }
+  return *object_;
+}
+
+std::string CatalogueWindow::OIDR() { return Uio().OIDR(); }
+
+std::shared_ptr<OrvelWindow> CatalogueWindow::Self() { return shared_from_this(); }
+
+}  // namespace orvel

@@ -1,0 +1,21 @@
+#include "ui/CheckBox.h"
+
+#include "host/RuntimeError.h"
+#include "ui/ControlConstants.h"
+
+namespace orvel {
+
+void CheckBox::SetValue(int value) {
+  if (value < vbUnchecked || value > vbGrayed) {
+    throw RuntimeError(control_error::kInvalidPropertyValue,
+                       "Invalid property value: Value " + std::to_string(value) + " of " + Name());
+  }
+  if (Assign(value_, value, "Value")) Raise(OnClick);
+}
+
+void CheckBox::Click() {
+  if (!Active()) return;
+  SetValue(value_ == vbUnchecked ? vbChecked : vbUnchecked);
+}
+
+}  // namespace orvel

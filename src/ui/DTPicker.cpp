@@ -1,0 +1,54 @@
+#include "ui/DTPicker.h"
+
+#include "host/RuntimeError.h"
+#include "ui/ControlConstants.h"
+
+namespace orvel {
+
+Variant DTPicker::Value() const {
+  if (checkBox_ && !ticked_) return Variant::Null();
+  return Variant(date_);
+}
+
+void DTPicker::SetValue(const Variant& value) {
+  Variant before = Value();
+  if (value.IsNull()) {
+    if (!checkBox_) {
+      throw RuntimeError(
+          control_error::kInvalidPropertyValue,
+          "Invalid property value: " + Name() + " without a check box takes no Null");
+    }
+    ticked_ = false;
+  } else if (value.Type() == VarType::Date) {
+    date_ = value.DateValue();
+    ticked_ = true;
+  } else {
+    throw RuntimeError(
+        control_error::kInvalidPropertyValue,
+        "Invalid property value: " + Name() + " takes a date, not " + Describe(value));
+  }
+  if (Value() == before) return;
+  Notify("Value");
+  Raise(OnChange);
+}
+
+void DTPicker::SetCheckBox(bool checkBox) {
+  Variant before = Value();
+  if (!Assign(checkBox_, checkBox, "CheckBox")) return;
+  if (!checkBox_) ticked_ = true;
+  if (Value() != before) Notify("Value");
+}
+
+bool DTPicker::Pick(const Variant& value) {
+  if (!Active()) return false;
+  if (!value.IsNull() && value.Type() != VarType::Date) return false;
+  if (value.IsNull() && !checkBox_) return false;
+  SetValue(value);
+  return true;
+}
+
+void DTPicker::LostFocus() {
+  if (Active()) Raise(OnLostFocus);
+}
+
+}  // namespace orvel

@@ -1,0 +1,25 @@
+#pragma once
+
+#include <cstdint>
+#include <string>
+
+#include "ui/Control.h"
+
+namespace orvel {
+
+// A 3D panel with a caption: the heading of a window (SOPanel).
+class Panel : public Control {
+ public:
+  using Control::Control;
+
+  const std::string& Caption() const { return caption_; }
+  void SetCaption(std::string caption) { Assign(caption_, std::move(caption), "Caption"); }
+  int32_t ForeColor() const { return foreColor_; }
+  void SetForeColor(int32_t color) { Assign(foreColor_, color, "ForeColor"); }
+
+ private:
+  std::string caption_;
+  int32_t foreColor_ = 0;
+};
+
+}  // namespace orvel

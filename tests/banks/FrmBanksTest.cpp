@@ -1,0 +1,278 @@
+// The road of one bank record through its card: load, firms, edit, write,
+// cancel, new, close and delete.
+#include "banks/frmBanks.h"
+
+#include <gtest/gtest.h>
+
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestMainForm.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+class FrmBanksTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    auto& table = BO("O0000300").Table();
+    table.SetFields({"ID", "Name", "Code"});
+    table.Seed({{{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
+    auto firms = std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
+    firms->AddRow({Variant("O00001007"), Variant("UAB Medis")});
+    firms->AddRow({Variant("O00001009"), Variant("AB Akmuo")});
+    firms->AddRow({Variant("O00001007"), Variant("UAB Medis (vėl)")});
+    BO("O0000300").ReplyRead("GetFirms", firms);
+    banks_ = Adapter("O0000300");
+  }
+
+  // Opens a card the way the host does: the menu builds it, the window
+  // manager shows it.
+  std::shared_ptr<frmBanks> Open(const std::string& oidr, const char* key = "0") {
+    auto result = banks_->ClickMenu(oidr, "", key, "");
+    auto window = result.Value.ObjectAs<frmBanks>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    return window;
+  }
+
+  FakeOrvelGrid& Grid(frmBanks& window) {
+    return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid);
+  }
+
+  struct Buttons {
+    bool enter, cancel, fresh;
+    friend bool operator==(const Buttons&, const Buttons&) = default;
+  };
+  static Buttons ButtonsOf(frmBanks& w) {
+    return {w.cmdEnter.Enabled(), w.cmdCancel.Enabled(), w.SSCNew.Enabled()};
+  }
+  static constexpr Buttons kClean{false, false, true};
+  static constexpr Buttons kDirty{true, true, false};
+
+  std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
+
+  std::shared_ptr<OrvelObjectUI> banks_;
+};
+
+TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
+  auto w = Open("O00003005");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_TRUE(w->Enabled());
+
+  ListView& firms = Grid(*w).TabList("Firms");
+  ASSERT_EQ(firms.ColumnHeaders().Count(), 1);
+  EXPECT_EQ(firms.ColumnHeaders().Item(1).Text(), "Pavadinimas");
+  EXPECT_EQ(firms.ColumnHeaders().Item(1).Width(), 7000);
+  EXPECT_EQ(firms.SmallIcons(), host_.MainForm()->ImgCatalogue());
+  // The repeated key is left out; the others carry their OIDR and icon.
+  ASSERT_EQ(firms.ListItems().Count(), 2);
+  EXPECT_EQ(firms.ListItems().Item(1).Text(), "UAB Medis");
+  EXPECT_EQ(firms.ListItems().Item(1).Tag(), Variant("O00001007"));
+  EXPECT_EQ(firms.ListItems().Item(1).SmallIcon(), "C0000100");
+  EXPECT_EQ(firms.ListItems().Item(2).Key(), "O00001009");
+}
+
+TEST_F(FrmBanksTest, LoadingReadsTheStructureAndTheFirmsUnderTheHourglass) {
+  auto result = banks_->ClickMenu("O00003005", "", "0", "");
+  auto w = result.Value.ObjectAs<frmBanks>();
+  ASSERT_TRUE(w);
+  host_.Log().Clear();
+  host_.WindowManager()->ShowWindow(w);
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
+                                 "RecordsetCall Orvel_GetObjectStructure Banks",
+                                 "GetCall GetFirms O00003005",
+                             }));
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  EXPECT_NE(std::find(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
+                      vbHourglass),
+            host_.Ui()->MousePointers().end());
+}
+
+TEST_F(FrmBanksTest, ASecondInitFormAddsNoTabAndNoColumn) {
+  auto w = Open("O00003005");
+  w->InitForm();
+  EXPECT_EQ(Grid(*w).Tabs().size(), 1u);
+  EXPECT_EQ(Grid(*w).TabList("Firms").ColumnHeaders().Count(), 1);
+  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 2);
+}
+
+TEST_F(FrmBanksTest, ANewBankListsNoFirms) {
+  auto w = Open("", "1");
+  EXPECT_EQ(w->SOPanel.Caption(), "Naujas bankas");
+  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+}
+
+TEST_F(FrmBanksTest, AChangedFieldMakesTheWindowDirty) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("Šiaulių bankas AB"));
+  EXPECT_EQ(ButtonsOf(*w), kDirty);
+}
+
+TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("Šiaulių bankas AB"));
+  w->cmdEnter.Click();
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_EQ(BO("O0000300").Table().Value(5, "Name"), Variant("Šiaulių bankas AB"));
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00003005"});
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_EQ(BusinessLines().front(), "ExecArrayCall Orvel_SaveObject 'O0000300','O00003005'");
+}
+
+TEST_F(FrmBanksTest, AFailedWriteSaysSoAndStaysDirty) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  BO("O0000300").FailCallsNamed("Orvel_SaveObject", 17, "Kodas kartojasi");
+  w->cmdEnter_Click();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Klaida!\n\nKodas kartojasi");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+  EXPECT_EQ(ButtonsOf(*w), kDirty);
+  EXPECT_TRUE(WindowLines().empty());
+}
+
+TEST_F(FrmBanksTest, AWriteRefusedWith60000ReReadsTheRecord) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  BO("O0000300").FailCallsNamed("Orvel_SaveObject", 60000, "Įrašą pakeitė kitas vartotojas");
+  w->cmdEnter_Click();
+  EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
+  auto lines = BusinessLines();
+  EXPECT_NE(std::find(lines.begin(), lines.end(), "GetCall Orvel_ReadObject 'O00003005'"),
+            lines.end());
+}
+
+TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  w->cmdCancel_Click();
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
+
+  BO("O0000300").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
+  w->cmdCancel_Click();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Įrašas nerastas: O00003005");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 48);
+  EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 True");
+  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
+}
+
+TEST_F(FrmBanksTest, NewWithUnsavedChangesAsksAndStaysOnNo) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  host_.Ui()->QueueAnswer(vbNo);
+  w->SSCNew_Click();
+  EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00003005");
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Banko kortelė\n\nUždaryti be išsaugojimo?");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
+}
+
+TEST_F(FrmBanksTest, NewMovesTheWindowToANewRecordAndRekeysIt) {
+  auto w = Open("O00003005");
+  w->SSCNew_Click();
+  EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "");
+  EXPECT_EQ(w->SOPanel.Caption(), "Naujas bankas");
+  EXPECT_EQ(WindowLines(), (std::vector<std::string>{"QueryRemove O00003005 True",
+                                                     "Rekey O00003005"}));
+  host_.Log().Clear();
+  // Already on a new record: no Rekey.
+  w->SSCNew_Click();
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"QueryRemove  True"});
+}
+
+TEST_F(FrmBanksTest, ANewBankWrittenTakesItsOidr) {
+  auto w = Open("", "1");
+  Grid(*w).EditField("Name", Variant("Naujas"));
+  w->cmdEnter_Click();
+  EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00003006");
+  EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00003006"});
+}
+
+TEST_F(FrmBanksTest, CloseDisablesItselfLetsEventsRunAndClosesThroughTheHost) {
+  auto w = Open("O00003005");
+  int before = host_.Ui()->DoEventsCount();
+  w->SSCClose_Click();
+  EXPECT_EQ(host_.Ui()->DoEventsCount(), before + 1);
+  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
+  EXPECT_FALSE(w->Loaded());
+}
+
+TEST_F(FrmBanksTest, ARefusedCloseKeepsTheCloseButtonDisabled) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  host_.Ui()->QueueAnswer(vbNo);
+  w->SSCClose_Click();
+  EXPECT_TRUE(host_.WindowManager()->IsOpen("O00003005"));
+  EXPECT_FALSE(w->SSCClose.Enabled());
+  // A right click on the disabled button does nothing.
+  w->SSCClose_MouseUp(2);
+  EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
+}
+
+TEST_F(FrmBanksTest, AnAcceptedCloseOfADirtyCardEnablesCloseAgain) {
+  auto w = Open("O00003005");
+  Grid(*w).EditField("Name", Variant("X"));
+  bool cancel = false;
+  w->QueryRemove(cancel);  // the first button: Yes
+  EXPECT_FALSE(cancel);
+  EXPECT_TRUE(w->SSCClose.Enabled());
+}
+
+TEST_F(FrmBanksTest, ARightClickOnCloseDeletesTheBankAfterAsking) {
+  auto w = Open("O00003005");
+  host_.Ui()->QueueAnswer(vbCancel);
+  w->SSCClose_MouseUp(2);
+  EXPECT_TRUE(BO("O0000300").Table().Contains(5));
+  w->SSCClose_MouseUp(1);  // a left button does nothing
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Ar tikrai norite panaikinti?\nŠiaulių bankas");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+
+  w->SSCClose_MouseUp(2);
+  EXPECT_FALSE(BO("O0000300").Table().Contains(5));
+  EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 False");
+}
+
+TEST_F(FrmBanksTest, ARightClickOnASelectedFirmOffersTheDesktop) {
+  auto w = Open("O00003005");
+  ListView& firms = Grid(*w).TabList("Firms");
+  // No selection: no menu.
+  w->OrvelGrid_ListMouseUp("Firms", 0, 2, 0);
+  EXPECT_TRUE(WindowLines().empty());
+
+  firms.SetSelectedItem(&firms.ListItems().Item(2));
+  w->OrvelGrid_ListMouseUp("Firms", 0, 1, 0);  // left button
+  EXPECT_TRUE(WindowLines().empty());
+  host_.Ui()->QueuePopupPick("mnuToDesktop");
+  w->OrvelGrid_ListMouseUp("Firms", 0, 2, 0);
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"PopupMenu mnuFirms"});
+  EXPECT_EQ(host_.Log().Lines(Channel::Host).back(), "AddToDesktop O00001009");
+  EXPECT_EQ(w->mnuToDesktop.Caption(), "Padėti &ant darbo stalo");
+}
+
+TEST_F(FrmBanksTest, AWindowWithoutAnObjectFailsClearlyInsteadOfCrashing) {
+  frmBanks w;
+  w.cmdCancel_Click();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,512 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdint>
+#include <iomanip>
+#include <limits>
+#include <memory>
+#include <ostream>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "common/AmountInWords.h"
+#include "host/Locale.h"
+#include "host/MemoryRecordset.h"
+#include "host/RuntimeError.h"
+
+namespace orvel {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+constexpr const char* kLargestWords =
+    "Devyni šimtai devyniasdešimt devyni milijardai devyni šimtai devyniasdešimt devyni "
+    "milijonai devyni šimtai devyniasdešimt devyni tūkstančiai devyni šimtai devyniasdešimt "
+    "devyni";
+
+// ---- PluralForm ----
+
+struct FormCase {
+  const char* digits;
+  int16_t form;
+};
+void PrintTo(const FormCase& c, std::ostream* os) { *os << '"' << c.digits << '"'; }
+
+class PluralFormTest : public testing::TestWithParam<FormCase> {};
+
+TEST_P(PluralFormTest, GivesTheFormTheNounTakes) {
+  EXPECT_EQ(PluralForm(GetParam().digits), GetParam().form) << "\"" << GetParam().digits << "\"";
+}
+
+INSTANTIATE_TEST_SUITE_P(Triplets, PluralFormTest,
+                         testing::Values(FormCase{"001", 1}, FormCase{"021", 1}, FormCase{"011", 3},
+                                         FormCase{"010", 3}, FormCase{"100", 3}, FormCase{"101", 1},
+                                         FormCase{"102", 2}, FormCase{"00", 0}, FormCase{"05", 2},
+                                         FormCase{"000", 0}, FormCase{"0", 0}, FormCase{"1", 1},
+                                         FormCase{"2", 2}, FormCase{"9", 2}, FormCase{"10", 3},
+                                         FormCase{"11", 3}, FormCase{"19", 3}, FormCase{"20", 3},
+                                         FormCase{"21", 1}, FormCase{"22", 2}, FormCase{"111", 3},
+                                         FormCase{"119", 3}, FormCase{"120", 3}, FormCase{"121", 1},
+                                         FormCase{"999", 2}));
+
+// Text keeping the amount's minus sign: every negative number is "at most 9".
+INSTANTIATE_TEST_SUITE_P(Negative, PluralFormTest,
+                         testing::Values(FormCase{"-0", 0}, FormCase{"-1", 2}, FormCase{"-5", 2},
+                                         FormCase{"-11", 2}, FormCase{"-21", 2},
+                                         FormCase{"-99999", 2}));
+
+// Beyond a 16-bit integer the last digits still decide; text that is not a
+// whole number asks for no form.
+INSTANTIATE_TEST_SUITE_P(LongOrNotDigits, PluralFormTest,
+                         testing::Values(FormCase{"32768", 2}, FormCase{"1234567891", 1},
+                                         FormCase{"99999999999999999999", 2},
+                                         FormCase{"1000000000000000000011", 3}, FormCase{"", 0},
+                                         FormCase{"-", 0}, FormCase{"1a", 0}, FormCase{" 1", 0},
+                                         FormCase{"1.5", 0}));
+
+// ---- TripletToWords ----
+
+struct TripletCase {
+  const char* digits;
+  bool feminine;
+  const char* words;
+};
+void PrintTo(const TripletCase& c, std::ostream* os) {
+  *os << '"' << c.digits << '"' << (c.feminine ? " feminine" : "");
+}
+
+class TripletToWordsTest : public testing::TestWithParam<TripletCase> {};
+
+TEST_P(TripletToWordsTest, SpellsTheNumber) {
+  EXPECT_EQ(TripletToWords(GetParam().digits, GetParam().feminine), GetParam().words);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, TripletToWordsTest,
+    testing::Values(
+        TripletCase{"0", false, ""}, TripletCase{"000", true, ""},
+        TripletCase{"7", false, "septyni"}, TripletCase{"007", true, "septynios"},
+        TripletCase{"010", false, "dešimt"}, TripletCase{"012", true, "dvylika"},
+        TripletCase{"050", false, "penkiasdešimt"}, TripletCase{"051", true, "penkiasdešimt viena"},
+        TripletCase{"100", true, "vienas šimtas"}, TripletCase{"200", false, "du šimtai"},
+        TripletCase{"205", true, "du šimtai penkios"},
+        TripletCase{"213", false, "du šimtai trylika"},
+        TripletCase{"310", false, "trys šimtai dešimt"},
+        TripletCase{"999", true, "devyni šimtai devyniasdešimt devynios"},
+        TripletCase{"-5", false, "penki"},
+        // More than three digits, or no digits, has no words.
+        TripletCase{"1000", false, ""}, TripletCase{"", false, ""}, TripletCase{"1x", false, ""}));
+
+// ---- AmountToWords ----
+
+struct WordsCase {
+  double amount;
+  bool feminine;
+  bool withCents;
+  const char* words;
+};
+void PrintTo(const WordsCase& c, std::ostream* os) {
+  *os << std::setprecision(17) << c.amount << (c.feminine ? " feminine" : "")
+      << (c.withCents ? "" : " without cents");
+}
+
+class AmountToWordsTest : public testing::TestWithParam<WordsCase> {};
+
+TEST_P(AmountToWordsTest, WritesTheWords) {
+  const WordsCase& c = GetParam();
+  const AmountInWords result = AmountToWords(c.amount, c.feminine, c.withCents);
+  EXPECT_TRUE(result.ok()) << result.error;
+  EXPECT_EQ(result.words, c.words) << "amount " << c.amount;
+}
+
+constexpr bool kM = false;  // masculine
+constexpr bool kF = true;   // feminine
+constexpr bool kCents = true;
+constexpr bool kNoCents = false;
+
+INSTANTIATE_TEST_SUITE_P(Units, AmountToWordsTest,
+                         testing::Values(WordsCase{21.02, kM, kCents, "Dvidešimt vienas Lt 02 ct"},
+                                         WordsCase{1, kM, kCents, "Vienas Lt 00 ct"},
+                                         WordsCase{1, kF, kCents, "Viena Lt 00 ct"},
+                                         WordsCase{2, kF, kCents, "Dvi Lt 00 ct"},
+                                         WordsCase{21, kF, kCents, "Dvidešimt viena Lt 00 ct"},
+                                         WordsCase{8, kM, kCents, "Aštuoni Lt 00 ct"},
+                                         WordsCase{10, kM, kCents, "Dešimt Lt 00 ct"},
+                                         WordsCase{14, kF, kCents, "Keturiolika Lt 00 ct"},
+                                         WordsCase{40, kM, kCents, "Keturiasdešimt Lt 00 ct"},
+                                         WordsCase{99, kF, kNoCents, "Devyniasdešimt devynios"}));
+
+// The first letter is upper-cased as a character, not as a byte.
+INSTANTIATE_TEST_SUITE_P(LithuanianCapital, AmountToWordsTest,
+                         testing::Values(WordsCase{6, kM, kCents, "Šeši Lt 00 ct"},
+                                         WordsCase{6, kF, kNoCents, "Šešios"},
+                                         WordsCase{16, kM, kCents, "Šešiolika Lt 00 ct"},
+                                         WordsCase{60, kM, kCents, "Šešiasdešimt Lt 00 ct"},
+                                         WordsCase{6000, kM, kCents, "Šeši tūkstančiai Lt 00 ct"}));
+
+// "šimtas" is masculine whatever the gender asked.
+INSTANTIATE_TEST_SUITE_P(
+    Hundreds, AmountToWordsTest,
+    testing::Values(WordsCase{100, kF, kCents, "Vienas šimtas Lt 00 ct"},
+                    WordsCase{101, kF, kCents, "Vienas šimtas viena Lt 00 ct"},
+                    WordsCase{110, kM, kCents, "Vienas šimtas dešimt Lt 00 ct"},
+                    WordsCase{111, kM, kCents, "Vienas šimtas vienuolika Lt 00 ct"},
+                    WordsCase{200, kM, kCents, "Du šimtai Lt 00 ct"},
+                    WordsCase{302, kF, kCents, "Trys šimtai dvi Lt 00 ct"},
+                    WordsCase{999, kM, kCents, "Devyni šimtai devyniasdešimt devyni Lt 00 ct"}));
+
+// Thousands and the scales above are masculine; the gender reaches only the
+// rightmost triplet.
+INSTANTIATE_TEST_SUITE_P(
+    Thousands, AmountToWordsTest,
+    testing::Values(WordsCase{1000, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
+                    WordsCase{1001, kF, kCents, "Vienas tūkstantis viena Lt 00 ct"},
+                    WordsCase{2000, kM, kCents, "Du tūkstančiai Lt 00 ct"},
+                    WordsCase{2002, kF, kCents, "Du tūkstančiai dvi Lt 00 ct"},
+                    WordsCase{10000, kM, kCents, "Dešimt tūkstančių Lt 00 ct"},
+                    WordsCase{11000, kM, kCents, "Vienuolika tūkstančių Lt 00 ct"},
+                    WordsCase{21000, kF, kCents, "Dvidešimt vienas tūkstantis Lt 00 ct"},
+                    WordsCase{100000, kM, kCents, "Vienas šimtas tūkstančių Lt 00 ct"},
+                    WordsCase{101000, kM, kCents, "Vienas šimtas vienas tūkstantis Lt 00 ct"},
+                    WordsCase{1234.5, kM, kCents,
+                              "Vienas tūkstantis du šimtai trisdešimt keturi Lt 50 ct"}));
+
+// All-zero triplets add no word and no second blank.
+INSTANTIATE_TEST_SUITE_P(
+    MillionsAndMilliards, AmountToWordsTest,
+    testing::Values(WordsCase{1000000, kM, kCents, "Vienas milijonas Lt 00 ct"},
+                    WordsCase{1000001, kF, kCents, "Vienas milijonas viena Lt 00 ct"},
+                    WordsCase{2002000, kM, kCents, "Du milijonai du tūkstančiai Lt 00 ct"},
+                    WordsCase{12000000, kM, kNoCents, "Dvylika milijonų"},
+                    WordsCase{1000000000, kM, kCents, "Vienas milijardas Lt 00 ct"},
+                    WordsCase{1001000001, kF, kCents,
+                              "Vienas milijardas vienas milijonas viena Lt 00 ct"},
+                    WordsCase{21000000021.0, kF, kCents,
+                              "Dvidešimt vienas milijardas dvidešimt viena Lt 00 ct"},
+                    WordsCase{999999999999.99, kM, kCents,
+                              "Devyni šimtai devyniasdešimt devyni milijardai "
+                              "devyni šimtai devyniasdešimt devyni milijonai "
+                              "devyni šimtai devyniasdešimt devyni tūkstančiai "
+                              "devyni šimtai devyniasdešimt devyni Lt 99 ct"}));
+
+// Zero and amounts that round to zero cents; the exact 0 keeps the markers
+// even without cents.
+INSTANTIATE_TEST_SUITE_P(Zero, AmountToWordsTest,
+                         testing::Values(WordsCase{0.0, kM, kCents, "Nulis Lt 00 ct"},
+                                         WordsCase{0.0, kF, kNoCents, "Nulis Lt 00 ct"},
+                                         WordsCase{-0.0, kM, kNoCents, "Nulis Lt 00 ct"},
+                                         WordsCase{0.001, kM, kCents, "Nulis Lt 00 ct"},
+                                         WordsCase{0.001, kM, kNoCents, "Nulis"},
+                                         WordsCase{-0.001, kM, kCents, "Nulis Lt 00 ct"},
+                                         WordsCase{0.10, kM, kCents, "Nulis Lt 10 ct"},
+                                         WordsCase{5, kM, kNoCents, "Penki"}));
+
+// The sign is dropped; cents round half away from zero on the decimal value
+// a person reads, and a carry may reach a new triplet.
+INSTANTIATE_TEST_SUITE_P(
+    SignAndRounding, AmountToWordsTest,
+    testing::Values(WordsCase{-5, kM, kCents, "Penki Lt 00 ct"},
+                    WordsCase{-21.5, kF, kCents, "Dvidešimt viena Lt 50 ct"},
+                    WordsCase{2.675, kM, kCents, "Du Lt 68 ct"},
+                    WordsCase{-2.675, kM, kCents, "Du Lt 68 ct"},
+                    WordsCase{1.005, kM, kCents, "Vienas Lt 01 ct"},
+                    WordsCase{0.125, kM, kCents, "Nulis Lt 13 ct"},
+                    WordsCase{0.995, kM, kCents, "Vienas Lt 00 ct"},
+                    WordsCase{999.999, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
+                    WordsCase{-999999999999.994, kM, kNoCents, kLargestWords}));
+
+struct NoWordsCase {
+  double amount;
+  const char* reason;
+};
+void PrintTo(const NoWordsCase& c, std::ostream* os) { *os << std::setprecision(17) << c.amount; }
+
+class AmountWithoutWordsTest : public testing::TestWithParam<NoWordsCase> {};
+
+TEST_P(AmountWithoutWordsTest, FailsWithAReason) {
+  for (bool withCents : {true, false}) {
+    const AmountInWords result = AmountToWords(GetParam().amount, false, withCents);
+    EXPECT_FALSE(result.ok());
+    EXPECT_EQ(result.words, "");
+    EXPECT_THAT(result.error, HasSubstr(GetParam().reason));
+  }
+}
+
+// Thirteen integer digits or more, counted after rounding to cents (the
+// fifth triplet of 1E+15 is zero, the sixth still has no scale word).
+INSTANTIATE_TEST_SUITE_P(
+    All, AmountWithoutWordsTest,
+    testing::Values(NoWordsCase{1e12, "per didelė"}, NoWordsCase{-1e12, "per didelė"},
+                    NoWordsCase{999999999999.995, "per didelė"},
+                    NoWordsCase{1234567890123.45, "per didelė"}, NoWordsCase{1e15, "per didelė"},
+                    NoWordsCase{1e300, "per didelė"},
+                    NoWordsCase{std::numeric_limits<double>::max(), "per didelė"},
+                    NoWordsCase{std::numeric_limits<double>::quiet_NaN(), "baigtinis"},
+                    NoWordsCase{std::numeric_limits<double>::infinity(), "baigtinis"},
+                    NoWordsCase{-std::numeric_limits<double>::infinity(), "baigtinis"}));
+
+// Words come only from the tables: whatever the amount, no digit of the
+// amount, no table slot "0", no doubled or stray blank reaches the words.
+TEST(AmountToWordsSweep, WordsAreCleanAcrossTheRange) {
+  std::mt19937_64 gen(6202);
+  std::vector<double> amounts;
+  for (int n = 1; n < 3000; ++n) amounts.push_back(n);  // 0 keeps its markers
+  for (int k = 0; k < 20000; ++k) {
+    const int digits = 1 + static_cast<int>(gen() % 12);
+    const double scale = std::pow(10.0, digits);
+    amounts.push_back(std::floor(static_cast<double>(gen() % 1000000007) / 1000000007.0 * scale) +
+                      static_cast<double>(gen() % 100) / 100.0);
+  }
+  for (double amount : amounts) {
+    for (bool feminine : {false, true}) {
+      const AmountInWords result = AmountToWords(amount, feminine, false);
+      ASSERT_TRUE(result.ok()) << amount << ": " << result.error;
+      const std::string& w = result.words;
+      ASSERT_EQ(w.find_first_of("0123456789"), std::string::npos) << amount << ": " << w;
+      ASSERT_EQ(w.find("  "), std::string::npos) << amount << ": " << w;
+      ASSERT_NE(w.front(), ' ');
+      ASSERT_NE(w.back(), ' ');
+    }
+  }
+}
+
+// The separator of the platform's locale is counted, never read: the words
+// are the same under both.
+class LocaleScope {
+ public:
+  explicit LocaleScope(Locale locale) {
+    SetLocaleSource(std::make_shared<const Source>(std::move(locale)));
+  }
+  ~LocaleScope() { SetLocaleSource(nullptr); }
+
+ private:
+  struct Source : LocaleSource {
+    explicit Source(Locale l) : locale(std::move(l)) {}
+    const Locale& CurrentLocale() const override { return locale; }
+    Locale locale;
+  };
+};
+
+class WordsUnderLocaleTest : public testing::TestWithParam<Locale> {};
+
+TEST_P(WordsUnderLocaleTest, WordsDoNotDependOnTheSeparator) {
+  LocaleScope scope(GetParam());
+  EXPECT_EQ(AmountToWords(1234.56, false, true).words,
+            "Vienas tūkstantis du šimtai trisdešimt keturi Lt 56 ct");
+  const AmountInWords tooLarge = AmountToWords(1234567890123.5, false, true);
+  EXPECT_THAT(tooLarge.error, HasSubstr("1234567890123" + GetParam().decimalSeparator + "5"));
+}
+
+INSTANTIATE_TEST_SUITE_P(BothSeparators, WordsUnderLocaleTest,
+                         testing::Values(Locale::Lithuanian(), Locale::Invariant()),
+                         [](const testing::TestParamInfo<Locale>& info) {
+                           return info.param.decimalSeparator == "," ? "Comma" : "Point";
+                         });
+
+// ---- SumByWords ----
+
+struct Currency {
+  const char* state;
+  Variant gender;
+  const char* one;
+  const char* two;
+  const char* ten;
+  const char* oneSmall;
+  const char* twoSmall;
+  const char* tenSmall;
+};
+
+const Currency kEuro{"Vokietijos", 0, "euras", "eurai", "eurų", "centas", "centai", "centų"};
+const Currency kKrona{"Švedijos", 1, "krona", "kronos", "kronų", "erė", "erės", "erių"};
+// Any GenderCurr other than 0 is feminine, True (-1) as well.
+const Currency kKronaTrue{"Švedijos", true, "krona", "kronos", "kronų", "erė", "erės", "erių"};
+
+std::shared_ptr<MemoryRecordset> RecordOf(const Currency& c) {
+  auto rs = std::make_shared<MemoryRecordset>(
+      std::vector<std::string>{"Code", "State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr",
+                               "OneSmall", "TwoSmall", "TenSmall", "GenderSmall"});
+  rs->AddRow({"X", c.state, c.gender, c.one, c.two, c.ten, c.oneSmall, c.twoSmall, c.tenSmall, 1});
+  return rs;
+}
+
+struct SumCase {
+  const char* name;
+  Variant::Array params;
+  const char* value;
+  const Currency* currency = &kEuro;
+};
+void PrintTo(const SumCase& c, std::ostream* os) { *os << c.name; }
+
+class SumByWordsTest : public testing::TestWithParam<SumCase> {};
+
+TEST_P(SumByWordsTest, PutsTheCurrencyWordsIn) {
+  auto record = RecordOf(*GetParam().currency);
+  const OrvelResult r = SumByWords(GetParam().params, record->Fields());
+  EXPECT_EQ(r.Number, 0) << r.Text;
+  EXPECT_EQ(r.Text, "");
+  EXPECT_EQ(r.Value, Variant(GetParam().value));
+}
+
+std::string SumCaseName(const testing::TestParamInfo<SumCase>& info) { return info.param.name; }
+
+INSTANTIATE_TEST_SUITE_P(
+    Euro, SumByWordsTest,
+    testing::Values(
+        SumCase{"WorkedExample", {21.02}, "Dvidešimt vienas Vokietijos euras 02 centai"},
+        SumCase{"AmountAsLocaleText", {"21,02"}, "Dvidešimt vienas Vokietijos euras 02 centai"},
+        SumCase{"Integer", {21}, "Dvidešimt vienas Vokietijos euras 00 centų"},
+        SumCase{"OneHundredEleven", {111}, "Vienas šimtas vienuolika Vokietijos eurų 00 centų"},
+        SumCase{"Thousand", {1000}, "Vienas tūkstantis Vokietijos eurų 00 centų"},
+        SumCase{"ThousandAndOne", {1001}, "Vienas tūkstantis vienas Vokietijos euras 00 centų"},
+        SumCase{"Largest",
+                {999999999999.99},
+                "Devyni šimtai devyniasdešimt devyni milijardai devyni šimtai devyniasdešimt "
+                "devyni milijonai devyni šimtai devyniasdešimt devyni tūkstančiai devyni šimtai "
+                "devyniasdešimt devyni Vokietijos eurai 99 centai"}),
+    SumCaseName);
+
+// The small unit follows the two cent digits.
+INSTANTIATE_TEST_SUITE_P(
+    CentForms, SumByWordsTest,
+    testing::Values(SumCase{"Cents00", {3.00}, "Trys Vokietijos eurai 00 centų"},
+                    SumCase{"Cents01", {3.01}, "Trys Vokietijos eurai 01 centas"},
+                    SumCase{"Cents02", {3.02}, "Trys Vokietijos eurai 02 centai"},
+                    SumCase{"Cents09", {3.09}, "Trys Vokietijos eurai 09 centai"},
+                    SumCase{"Cents10", {3.10}, "Trys Vokietijos eurai 10 centų"},
+                    SumCase{"Cents11", {3.11}, "Trys Vokietijos eurai 11 centų"},
+                    SumCase{"Cents19", {3.19}, "Trys Vokietijos eurai 19 centų"},
+                    SumCase{"Cents20", {3.20}, "Trys Vokietijos eurai 20 centų"},
+                    SumCase{"Cents21", {3.21}, "Trys Vokietijos eurai 21 centas"},
+                    SumCase{"Cents22", {3.22}, "Trys Vokietijos eurai 22 centai"},
+                    SumCase{"Cents30", {3.30}, "Trys Vokietijos eurai 30 centų"}),
+    SumCaseName);
+
+// Without cents no marker is found and the words stand bare, except for the
+// exact 0, whose words always carry the markers.
+INSTANTIATE_TEST_SUITE_P(
+    WithoutCents, SumByWordsTest,
+    testing::Values(SumCase{"Five", {5, false}, "Penki"},
+                    SumCase{"FlagAsText", {21.02, "False"}, "Dvidešimt vienas"},
+                    SumCase{"ExplicitTrue", {5, true}, "Penki Vokietijos eurai 00 centų"},
+                    SumCase{"ExactZero", {0, false}, "Nulis Vokietijos eurų 00 centų"},
+                    SumCase{"AlmostZero", {0.001, false}, "Nulis"},
+                    SumCase{"EmptyAmount", {Variant()}, "Nulis Vokietijos eurų 00 centų"}),
+    SumCaseName);
+
+// The form is chosen on the text that keeps the minus sign: one or two
+// integer digits always take TwoCurr, longer ones their last three.
+INSTANTIATE_TEST_SUITE_P(
+    Negative, SumByWordsTest,
+    testing::Values(
+        SumCase{"MinusOne", {-1}, "Vienas Vokietijos eurai 00 centų"},
+        SumCase{"MinusEleven", {-11}, "Vienuolika Vokietijos eurai 00 centų"},
+        SumCase{"MinusTwentyOne", {-21}, "Dvidešimt vienas Vokietijos eurai 00 centų"},
+        SumCase{"MinusHalf", {-0.50}, "Nulis Vokietijos eurų 50 centų"},
+        SumCase{"MinusHundred", {-100}, "Vienas šimtas Vokietijos eurų 00 centų"},
+        SumCase{"MinusHundredOne", {-101}, "Vienas šimtas vienas Vokietijos euras 00 centų"},
+        SumCase{"Minus1234",
+                {-1234},
+                "Vienas tūkstantis du šimtai trisdešimt keturi Vokietijos eurai 00 "
+                "centų"}),
+    SumCaseName);
+
+// A feminine currency (GenderCurr not 0): the units agree with it, the
+// thousands and the hundreds stay masculine.
+INSTANTIATE_TEST_SUITE_P(
+    FeminineCurrency, SumByWordsTest,
+    testing::Values(
+        SumCase{"One", {1}, "Viena Švedijos krona 00 erių", &kKrona},
+        SumCase{"Two", {2.02}, "Dvi Švedijos kronos 02 erės", &kKrona},
+        SumCase{"TwentyOne", {21.01}, "Dvidešimt viena Švedijos krona 01 erė", &kKrona},
+        SumCase{
+            "ThousandAndOne", {1001}, "Vienas tūkstantis viena Švedijos krona 00 erių", &kKrona},
+        SumCase{"HundredFive", {105}, "Vienas šimtas penkios Švedijos kronos 00 erių", &kKrona},
+        SumCase{"GenderTrue", {32}, "Trisdešimt dvi Švedijos kronos 00 erių", &kKronaTrue}),
+    SumCaseName);
+
+struct SumFailureCase {
+  const char* name;
+  Variant::Array params;
+  int32_t number;
+  const char* text;  // a part of the text
+};
+void PrintTo(const SumFailureCase& c, std::ostream* os) { *os << c.name; }
+
+class SumByWordsFailureTest : public testing::TestWithParam<SumFailureCase> {};
+
+TEST_P(SumByWordsFailureTest, ReportsWithoutWords) {
+  auto record = RecordOf(kEuro);
+  const OrvelResult r = SumByWords(GetParam().params, record->Fields());
+  EXPECT_EQ(r.Number, GetParam().number);
+  EXPECT_THAT(r.Text, StartsWith("SumByWords: "));
+  EXPECT_THAT(r.Text, HasSubstr(GetParam().text));
+  EXPECT_EQ(r.Value, Variant(""));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    All, SumByWordsFailureTest,
+    testing::Values(
+        SumFailureCase{"NoAmount", {}, 777, "SumByWords: nenurodyta suma !"},
+        SumFailureCase{"TrillionHasNoWords", {1e12}, RuntimeError::kSubscript, "per didelė"},
+        SumFailureCase{"RoundsUpOutOfRange",
+                       {999999999999.995, false},
+                       RuntimeError::kSubscript,
+                       "per didelė"},
+        SumFailureCase{"NegativeTrillion", {-1e12}, RuntimeError::kSubscript, "per didelė"},
+        SumFailureCase{"NaN",
+                       {std::numeric_limits<double>::quiet_NaN()},
+                       RuntimeError::kSubscript,
+                       "baigtinis"},
+        SumFailureCase{"Infinity",
+                       {std::numeric_limits<double>::infinity()},
+                       RuntimeError::kSubscript,
+                       "baigtinis"},
+        SumFailureCase{"TextAmount",
+                       {"abc"},
+                       RuntimeError::kTypeMismatch,
+                       "SumByWords: suma „abc“ nėra skaičius !"},
+        SumFailureCase{"NullAmount", {Variant::Null()}, RuntimeError::kInvalidUseOfNull, "Null"},
+        SumFailureCase{"BadCentsFlag",
+                       {21.02, "gal"},
+                       RuntimeError::kTypeMismatch,
+                       "antrasis parametras „gal“"}),
+    [](const testing::TestParamInfo<SumFailureCase>& info) { return info.param.name; });
+
+TEST(SumByWordsRecord, MissingFieldIsNamed) {
+  MemoryRecordset record(
+      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TenSmall"});
+  record.AddRow({"Vokietijos", 0, "euras", "eurai", "eurų", "centas", "centų"});
+  const OrvelResult r = SumByWords({2.02}, record.Fields());
+  EXPECT_EQ(r.Number, RuntimeError::kItemNotFound);
+  EXPECT_THAT(r.Text, HasSubstr("„TwoSmall“"));
+  EXPECT_EQ(r.Value, Variant(""));
+}
+
+TEST(SumByWordsRecord, NullGenderIsAnErrorAndNullTextReadsEmpty) {
+  MemoryRecordset record(
+      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TwoSmall", "TenSmall"});
+  record.AddRow({Variant::Null(), Variant::Null(), "euras", "eurai", "eurų", "centas", "centai",
+                 Variant::Null()});
+  OrvelResult r = SumByWords({1}, record.Fields());
+  EXPECT_EQ(r.Number, RuntimeError::kInvalidUseOfNull);
+  EXPECT_THAT(r.Text, HasSubstr("„GenderCurr“"));
+
+  record.Fields("GenderCurr").SetValue(0);
+  r = SumByWords({1}, record.Fields());
+  EXPECT_EQ(r.Number, 0) << r.Text;
+  EXPECT_EQ(r.Value, Variant("Vienas  euras 00 "));
+}
+
+TEST(SumByWordsRecord, NoCurrentRecordIsReported) {
+  MemoryRecordset record(
+      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TwoSmall", "TenSmall"});
+  const OrvelResult r = SumByWords({1}, record.Fields());
+  EXPECT_EQ(r.Number, RuntimeError::kNoCurrentRecord);
+  EXPECT_THAT(r.Text, HasSubstr("„State“"));
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,254 @@
+#include "common/Catalogue.h"
+
+#include <gtest/gtest.h>
+
+#include "host/Convert.h"
+#include "host/Dictionary.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/TestGroupSelect.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestUser.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/TextBox.h"
+
+namespace orvel {
+namespace {
+
+// --- Number boxes -------------------------------------------------------
+
+struct KeyCase {
+  int key;
+  const char* text;
+  int expected;
+};
+
+class KeyFilterDecimalTest : public ::testing::TestWithParam<KeyCase> {};
+
+TEST_P(KeyFilterDecimalTest, LetsDigitsAndOneDecimalCommaThrough) {
+  EXPECT_EQ(KeyFilterDecimal(GetParam().key, GetParam().text), GetParam().expected)
+      << GetParam().key << " into '" << GetParam().text << "'";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Catalogue, KeyFilterDecimalTest,
+    ::testing::Values(KeyCase{'0', "", '0'}, KeyCase{'9', "1,5", '9'}, KeyCase{8, "1,5", 8},
+                      KeyCase{'.', "15", ','}, KeyCase{',', "15", ','}, KeyCase{'.', "1,5", 0},
+                      KeyCase{',', "1,5", 0}, KeyCase{'-', "", 0}, KeyCase{'a', "", 0},
+                      KeyCase{' ', "1", 0}, KeyCase{13, "1", 0}));
+
+struct FormatCase {
+  const char* text;
+  int decimals;
+  bool zeroIfBlank;
+  const char* expected;
+};
+
+class FormatDecimalTextTest : public ModuleTest, public ::testing::WithParamInterface<FormatCase> {};
+
+TEST_P(FormatDecimalTextTest, FormatsNumbersWithoutGroupingAndBlankAsZeroWithTwoPlaces) {
+  const auto& c = GetParam();
+  EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogue, FormatDecimalTextTest,
+                         ::testing::Values(FormatCase{"1,5", 2, false, "1,50"},
+                                           FormatCase{"1234,5", 2, false, "1234,50"},
+                                           FormatCase{"2,675", 2, false, "2,68"},
+                                           FormatCase{"1,23456", 4, true, "1,2346"},
+                                           FormatCase{"abc", 4, false, ""},
+                                           FormatCase{"abc", 4, true, "0,00"},
+                                           FormatCase{"", 0, true, "0,00"}));
+
+class FormatDecimalTextLocaleTest : public ModuleTest {};
+
+TEST_F(FormatDecimalTextLocaleTest, FollowsTheLocaleOfTheUi) {
+  host_.Ui()->SetLocale(Locale::Invariant());
+  EXPECT_EQ(FormatDecimalText("1234.5", 2, false), "1234.50");
+  EXPECT_EQ(FormatDecimalText("x", 2, true), "0.00");
+}
+
+// --- Small routines -----------------------------------------------------
+
+TEST(Catalogue, NullToLongGivesZeroForNullAndConvertsTheRest) {
+  EXPECT_EQ(NullToLong(Variant::Null()), 0);
+  EXPECT_EQ(NullToLong(Variant()), 0);
+  EXPECT_EQ(NullToLong(Variant(2.5)), 2);
+  EXPECT_EQ(NullToLong(Variant("17")), 17);
+}
+
+TEST(Catalogue, ParseColumnConfigSplitsPrintParametersAndNumbersTheColumns) {
+  Dictionary print, columns;
+  columns.Add("old", Variant(1));
+  ParseColumnConfig("A4;1;0#Code;1;800#Name;0;3000", print, columns);
+
+  ASSERT_TRUE(print.Exists("JPrintParams"));
+  EXPECT_EQ(print.Item("JPrintParams"),
+            Variant(Variant::Array{Variant("A4"), Variant("1"), Variant("0")}));
+  EXPECT_EQ(columns.Keys(), (std::vector<std::string>{"Code", "Name"}));
+  EXPECT_EQ(columns.Item("Name"), Variant(Variant::Array{Variant("Name"), Variant("0"),
+                                                         Variant("3000"), Variant("2")}));
+}
+
+TEST(Catalogue, ParseColumnConfigRefusesARepeatedColumnKey) {
+  Dictionary print, columns;
+  EXPECT_THROW(ParseColumnConfig("#Code;1#Code;2", print, columns), RuntimeError);
+}
+
+TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
+  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
+  rs->AddRow({Variant("EUR")});
+  rs->AddRow({Variant("USD")});
+
+  EXPECT_TRUE(FilterRecordset(rs, "Code = 'usd'"));
+  EXPECT_EQ(rs->RecordCount(), 1);
+
+  EXPECT_FALSE(FilterRecordset(rs, "Code = 'GBP'"));
+  EXPECT_EQ(rs->RecordCount(), 2);
+  EXPECT_FALSE(rs->IsEOF());
+
+  EXPECT_FALSE(FilterRecordset(nullptr, "Code = 'EUR'"));
+  EXPECT_FALSE(FilterRecordset(std::make_shared<MemoryRecordset>(), "Code = 'EUR'"));
+}
+
+// --- Routines that ask the host ------------------------------------------
+
+class CatalogueHostTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    auto& table = BO("O0000400").Table();
+    table.SetFields({"ID", "Name", "CreatedByUser", "CreationDate", "UpdatedByUser", "UpdateDate"});
+    table.Seed({{{"Name", Variant("kilogramas")},
+                 {"CreatedByUser", Variant("Ona")},
+                 {"CreationDate", Variant(DateSerial(2024, 3, 1))},
+                 {"UpdatedByUser", Variant::Null()},
+                 {"UpdateDate", Variant::Null()}},
+                {{"Name", Variant("metras")},
+                 {"CreatedByUser", Variant("Ona")},
+                 {"CreationDate", Variant(DateSerial(2024, 3, 1))},
+                 {"UpdatedByUser", Variant("Petras")},
+                 {"UpdateDate", Variant(DateSerial(2025, 1, 15))}}});
+    table.SetDefault("CreationDate", Variant::Null());
+    table.SetDefault("UpdatedByUser", Variant::Null());
+    table.SetDefault("UpdateDate", Variant::Null());
+    Adapter("O0000400");
+    host_.Log().Clear();
+  }
+
+  std::shared_ptr<OrvelObjectUIO> Object(const std::string& oidr) {
+    return host_.ObjectManager()->GetOrvelObject(oidr);
+  }
+};
+
+TEST_F(CatalogueHostTest, CreatorLineOfANewRecordNamesThePresentUserAsCreator) {
+  auto object = Object("");
+  ASSERT_NE(object, nullptr);
+  EXPECT_EQ(CreatorLine(*object), "Sukūrė:Jonas Jonaitis");
+  EXPECT_EQ(object->Fields("CreatedByUser").Value(), Variant("Jonas Jonaitis"));
+  EXPECT_TRUE(object->Fields("UpdatedByUser").Value().IsNull());
+}
+
+TEST_F(CatalogueHostTest, CreatorLineOfAStoredRecordShowsTheFormerUpdaterThenRecordsThePresentOne) {
+  auto created = Object("O00004001");
+  ASSERT_NE(created, nullptr);
+  EXPECT_EQ(CreatorLine(*created), "Sukūrė:Ona(2024-03-01)");
+  EXPECT_EQ(created->Fields("UpdatedByUser").Value(), Variant("Jonas Jonaitis"));
+
+  auto edited = Object("O00004002");
+  ASSERT_NE(edited, nullptr);
+  EXPECT_EQ(CreatorLine(*edited), "Sukūrė:Ona(2024-03-01), koregavo:Petras(2025-01-15)");
+}
+
+TEST_F(CatalogueHostTest, GetObjectRightsAsksTheFourRightsInOrder) {
+  host_.Rights()->Deny("CFirms", TestRights::Right::Delete);
+  auto rights = GetObjectRights("CFirms");
+  EXPECT_TRUE(rights.CanRead);
+  EXPECT_FALSE(rights.CanDelete);
+  EXPECT_TRUE(rights.CanUpdate);
+  EXPECT_TRUE(rights.CanInsert);
+  EXPECT_EQ(host_.Log().Lines(Channel::Rights),
+            (std::vector<std::string>{"CanRead CFirms 0", "CanDelete CFirms 0",
+                                      "CanUpdate CFirms 0", "CanInsert CFirms 0"}));
+}
+
+TEST_F(CatalogueHostTest, ShowStopShowsTheStopIconWithOk) {
+  ShowStop("Neteisinga kaina", "Orvel");
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Neteisinga kaina");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel");
+}
+
+TEST_F(CatalogueHostTest, AskCloseWithoutSavingIsTrueOnlyOnYes) {
+  host_.Ui()->QueueAnswer(vbNo);
+  EXPECT_FALSE(AskCloseWithoutSaving("Padalinys"));
+  host_.Ui()->QueueAnswer(vbYes);
+  EXPECT_TRUE(AskCloseWithoutSaving("Padalinys"));
+  const auto& box = host_.Ui()->Boxes().back();
+  EXPECT_EQ(box.prompt, "Padalinys\n\nUždaryti be išsaugojimo?");
+  EXPECT_EQ(box.flags, 52);
+  EXPECT_EQ(box.title, "Orvel Apskaita");
+}
+
+TEST_F(CatalogueHostTest, DeleteObjectAskedDeletesOnYesAndClosesTheWindow) {
+  auto object = Object("O00004001");
+  ASSERT_NE(object, nullptr);
+  host_.Ui()->QueueAnswer(vbNo);
+  DeleteObjectAsked(*object);
+  EXPECT_TRUE(BO("O0000400").Table().Contains(1));
+
+  DeleteObjectAsked(*object);  // the first button: Yes
+  EXPECT_FALSE(BO("O0000400").Table().Contains(1));
+  EXPECT_EQ(host_.Ui()->Boxes().back().prompt, "Ar tikrai norite panaikinti?\n\nkilogramas");
+  EXPECT_EQ(host_.Ui()->Boxes().back().flags, 52);
+  EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "RemoveWindow O00004001 False");
+}
+
+TEST_F(CatalogueHostTest, ShowReferenceShowsTheObjectOrClearsTheBox) {
+  TextBox box("txtGroup");
+  EXPECT_EQ(ShowReference("O00004002", &box), "metras");
+  EXPECT_EQ(box.Text(), "metras");
+  EXPECT_EQ(box.Tag(), "O00004002");
+
+  for (const char* nothing : {"O00004000", "O0000400", "", "O00004009"}) {
+    box.SetText("x");
+    box.SetTag("y");
+    EXPECT_EQ(ShowReference(nothing, &box), "") << nothing;
+    EXPECT_EQ(box.Text(), "") << nothing;
+    EXPECT_EQ(box.Tag(), "") << nothing;
+  }
+  EXPECT_EQ(ShowReference("O00004001", nullptr), "kilogramas");
+}
+
+TEST_F(CatalogueHostTest, SelectGroupPutsTheLastReferenceOfThePickedPathIntoTheBox) {
+  TextBox box("txtGroup");
+  host_.HostClasses()->QueueGroupSelect("O00004001O00004002", "metras", "O0000400");
+  EXPECT_EQ(SelectGroup("O0000400", "Pažymėkite norimą grupę", &box, std::string("Group")),
+            "O00004002");
+  EXPECT_EQ(box.Text(), "metras");
+  EXPECT_EQ(box.Tag(), "O00004002");
+  auto picker = host_.HostClasses()->LastGroupSelect();
+  ASSERT_NE(picker, nullptr);
+  EXPECT_EQ(picker->Caption(), "Pažymėkite norimą grupę");
+  EXPECT_EQ(picker->SelectKind(), "Group");
+  EXPECT_EQ(picker->ShowCount(), 1);
+
+  // Without a box the name travels in the result.
+  host_.HostClasses()->QueueGroupSelect("O00004002", "metras", "O0000400");
+  EXPECT_EQ(SelectGroup("O0000400", "Grupė", nullptr), "O00004002_metras");
+
+  // The root clears the box; a cancel or another type leaves it.
+  host_.HostClasses()->QueueGroupSelect("O0000400", "", "O0000400");
+  EXPECT_EQ(SelectGroup("O0000400", "Grupė", &box), "O0000400");
+  EXPECT_EQ(box.Text(), "");
+  box.SetText("kept");
+  EXPECT_EQ(SelectGroup("O0000400", "Grupė", &box), "");  // nothing queued: cancelled
+  host_.HostClasses()->QueueGroupSelect("O00001007", "UAB", "O0000100");
+  EXPECT_EQ(SelectGroup("O0000400", "Grupė", &box, std::nullopt, "O0000400"), "");
+  EXPECT_EQ(box.Text(), "kept");
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,191 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/MemoryRecordset.h"
+#include "host/RuntimeError.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/StubObjectUIO.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+// An object with one record of two fields, whose Structure and Save replies
+// are scripted and whose calls are kept.
+class RecordObjectUIO : public StubObjectUIO {
+ public:
+  RecordObjectUIO() : StubObjectUIO("O00003005") {
+    record_->AddRow({Variant("SEB"), Variant("CBVILT2X")});
+    record_->MoveFirst();
+  }
+  std::shared_ptr<Recordset> RsFields() override { return record_; }
+  OrvelResult Properties(const std::string& name, const std::string& par) override {
+    calls.push_back("Properties " + name + " '" + par + "'");
+    return structure;
+  }
+  OrvelStatus Save(const std::shared_ptr<Recordset>& rs2,
+                   const std::shared_ptr<Recordset>& rs3) override {
+    calls.push_back(std::string("Save ") + (rs2 || rs3 ? "with sets" : "alone") +
+                    " Name=" + record_->Fields("Name").Value().String());
+    if (throwOnSave) throw RuntimeError(RuntimeError::kTypeMismatch, "Type mismatch");
+    return saveReply;
+  }
+
+  std::shared_ptr<MemoryRecordset> record_ =
+      std::make_shared<MemoryRecordset>(std::vector<std::string>{"Name", "SWIFT"});
+  OrvelResult structure{0, "", Variant("Banks")};
+  OrvelStatus saveReply;
+  bool throwOnSave = false;
+  std::vector<std::string> calls;
+};
+
+class FakeOrvelGridTest : public ::testing::Test {
+ protected:
+  FakeOrvelGridTest() {
+    grid.SetObjectUIO(object);
+    grid.OnFieldChanged = [this] { ++fieldChanges; };
+  }
+  std::shared_ptr<RecordObjectUIO> object = std::make_shared<RecordObjectUIO>();
+  FakeOrvelGrid grid;
+  int fieldChanges = 0;
+};
+
+TEST_F(FakeOrvelGridTest, FillFields_ReadsStructureAndRemembersTheRecordsFields) {
+  grid.SetLabelWidth(2000);
+  grid.FillFields();
+  EXPECT_THAT(object->calls, ElementsAre("Properties Structure ''"));
+  EXPECT_THAT(grid.FieldNames(), ElementsAre("Name", "SWIFT"));
+  EXPECT_EQ(grid.Structure().Value, Variant("Banks"));
+  EXPECT_EQ(grid.LabelWidth(), 2000);
+  EXPECT_THAT(grid.Operations(), ElementsAre("SetObjectUIO", "SetLabelWidth 2000", "FillFields"));
+}
+
+TEST_F(FakeOrvelGridTest, Tabs_KeptInOrderWithTheirLists_UntilClearTabs) {
+  ListView& firms = grid.AddTab("Firms", "Įmonės");
+  grid.AddTab("Accounts", "Sąskaitos");
+  firms.ListItems().Add(0, "O00001001", "UAB Ąžuolas");
+
+  ASSERT_EQ(grid.Tabs().size(), 2u);
+  EXPECT_EQ(grid.Tabs()[0].caption, "Įmonės");
+  EXPECT_EQ(&grid.TabList("Firms"), &firms);  // the list stays where the form keeps it
+  EXPECT_EQ(grid.TabList("Firms").ListItems().Count(), 1);
+  grid.FillFields();
+
+  grid.ClearTabs();
+  EXPECT_TRUE(grid.Tabs().empty());
+  EXPECT_THAT(grid.FieldNames(), IsEmpty());
+  EXPECT_THROW(grid.TabList("Firms"), RuntimeError);
+  EXPECT_THAT(grid.Operations(),
+              ElementsAre("SetObjectUIO", "AddTab Firms Įmonės", "AddTab Accounts Sąskaitos",
+                          "FillFields", "ClearTabs"));
+}
+
+TEST_F(FakeOrvelGridTest, EditField_WritesTheFieldAndRaisesFieldChanged) {
+  EXPECT_TRUE(grid.EditField("Name", Variant("Swedbank")));
+  EXPECT_EQ(object->record_->Fields("Name").Value(), Variant("Swedbank"));
+  EXPECT_EQ(fieldChanges, 1);
+  EXPECT_THROW(grid.EditField("Nėra", Variant(1)), RuntimeError);
+}
+
+TEST_F(FakeOrvelGridTest, TypedCell_IsCommittedBySaveBeforeTheObjectSaves) {
+  grid.TypeIntoField("Name", Variant("Luminor"));
+  EXPECT_EQ(object->record_->Fields("Name").Value(), Variant("SEB"));
+  EXPECT_EQ(fieldChanges, 0);
+
+  EXPECT_EQ(grid.SaveObject(), 0);
+  EXPECT_THAT(object->calls, ElementsAre("Save alone Name=Luminor"));
+  EXPECT_EQ(fieldChanges, 1);
+  EXPECT_FALSE(grid.HasPendingEdit());
+}
+
+TEST_F(FakeOrvelGridTest, EndFieldEdit_CommitsTheCell) {
+  grid.TypeIntoField("SWIFT", Variant("HABALT22"));
+  grid.EndFieldEdit();
+  EXPECT_EQ(object->record_->Fields("SWIFT").Value(), Variant("HABALT22"));
+  EXPECT_EQ(fieldChanges, 1);
+}
+
+struct SaveCase {
+  const char* name;
+  OrvelStatus reply;
+  bool throws;
+  int32_t number;
+  std::string lastError;
+};
+
+void PrintTo(const SaveCase& c, std::ostream* os) { *os << c.name; }
+
+class FakeOrvelGridSaveTest : public FakeOrvelGridTest,
+                              public ::testing::WithParamInterface<SaveCase> {};
+
+TEST_P(FakeOrvelGridSaveTest, SaveObject_ReturnsTheNumber_KeepsTheText) {
+  object->saveReply = GetParam().reply;
+  object->throwOnSave = GetParam().throws;
+  EXPECT_EQ(grid.SaveObject(), GetParam().number);
+  EXPECT_EQ(grid.LastError(), GetParam().lastError);
+  EXPECT_EQ(grid.Operations().back(), "SaveObject");
+
+  object->saveReply = {};
+  object->throwOnSave = false;
+  EXPECT_EQ(grid.SaveObject(), 0);
+  EXPECT_EQ(grid.LastError(), "");  // the text belongs to the last save
+}
+
+INSTANTIATE_TEST_SUITE_P(Replies, FakeOrvelGridSaveTest,
+                         ::testing::Values(SaveCase{"Success", {0, ""}, false, 0, ""},
+                                           SaveCase{"Refused",
+                                                    {60000, "Įrašą pakeitė kitas vartotojas"},
+                                                    false,
+                                                    60000,
+                                                    "Įrašą pakeitė kitas vartotojas"},
+                                           SaveCase{"ObjectThrew", {}, true, 13, "Type mismatch"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(FakeOrvelGrid, WithoutObject_SaveAndFillFailQuietly) {
+  FakeOrvelGrid grid;
+  grid.FillFields();
+  EXPECT_EQ(grid.Structure().Number, FakeOrvelGrid::kNoObject);
+  EXPECT_EQ(grid.SaveObject(), FakeOrvelGrid::kNoObject);
+  EXPECT_EQ(grid.LastError(), "Laukų lapui nepriskirtas objektas");
+}
+
+TEST_F(FakeOrvelGridTest, DisabledGrid_TakesNoEditsAndRaisesNoEvents) {
+  grid.AddTab("Firms", "Įmonės");
+  int mouseUps = 0;
+  grid.OnListMouseUp = [&](const std::string&, int, int, int) { ++mouseUps; };
+  grid.SetEnabled(false);
+
+  EXPECT_FALSE(grid.EditField("Name", Variant("x")));
+  grid.ClickList(0, 2);
+  EXPECT_EQ(object->record_->Fields("Name").Value(), Variant("SEB"));
+  EXPECT_EQ(fieldChanges, 0);
+  EXPECT_EQ(mouseUps, 0);
+}
+
+TEST_F(FakeOrvelGridTest, ListEvents_CarryTheTabKeyAndIndex) {
+  grid.AddTab("Firms", "Įmonės");
+  grid.AddTab("Accounts", "Sąskaitos");
+  std::vector<std::string> seen;
+  grid.OnListMouseUp = [&](const std::string& key, int index, int button, int shift) {
+    seen.push_back(key + " " + std::to_string(index) + " " + std::to_string(button) + " " +
+                   std::to_string(shift));
+  };
+  grid.OnListDoubleClick = [&](int index) { seen.push_back("dbl " + std::to_string(index)); };
+  grid.OnListDragOver = [](std::shared_ptr<Object>, int& effect) { effect = 0; };
+
+  grid.ClickList(1, 2, 1);
+  grid.DoubleClickList(0);
+  EXPECT_EQ(grid.ListDragOver(nullptr, 1), 0);
+  EXPECT_THROW(grid.ClickList(2, 1), RuntimeError);
+  EXPECT_THAT(seen, ElementsAre("Accounts 1 2 1", "dbl 0"));
+}
+
+}  // namespace
+}  // namespace orvel

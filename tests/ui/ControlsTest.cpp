@@ -1,0 +1,400 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+#include <string>
+
+#include "host/RuntimeError.h"
+#include "ui/Button.h"
+#include "ui/CheckBox.h"
+#include "ui/ComboBox.h"
+#include "ui/DTPicker.h"
+#include "ui/ImageCombo.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/OptionButton.h"
+#include "ui/Panel.h"
+#include "ui/RecordingObserver.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+int32_t ErrorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const RuntimeError& e) {
+    return e.Number();
+  }
+  return 0;
+}
+
+// A user event of one control: `raise` sets the control up with `state`
+// applied (disabling or hiding it), raises the event and returns how often
+// the handler ran, or -1 when the control's own effect (a selection, a
+// value) disagrees with whether the event was raised.
+struct UserEventCase {
+  const char* name;
+  std::function<int(const std::function<void(Control&)>& state)> raise;
+};
+
+int ButtonClick(const std::function<void(Control&)>& state) {
+  Button b("cmdEnter");
+  int n = 0;
+  b.OnClick = [&] { ++n; };
+  state(b);
+  b.Click();
+  return n;
+}
+int ButtonMouseUp(const std::function<void(Control&)>& state) {
+  Button b("SSCClose");
+  int n = 0;
+  b.OnMouseUp = [&](int, int) { ++n; };
+  state(b);
+  b.MouseUp(vbRightButton);
+  return n;
+}
+int TextBoxKeyPress(const std::function<void(Control&)>& state) {
+  TextBox t("txtCode");
+  int n = 0;
+  t.OnKeyPress = [&](int&) { ++n; };
+  state(t);
+  int key = t.KeyPress('a');
+  return (key != 0) == (n == 1) ? n : -1;  // a refused key comes back as 0
+}
+int TextBoxEdit(const std::function<void(Control&)>& state) {
+  TextBox t("txtCode");
+  int n = 0;
+  t.OnChange = [&] { ++n; };
+  state(t);
+  t.Edit("LT");
+  return n;
+}
+int CheckBoxClick(const std::function<void(Control&)>& state) {
+  CheckBox c("chkActive");
+  int n = 0;
+  c.OnClick = [&] { ++n; };
+  state(c);
+  c.Click();
+  return (c.Value() == vbChecked) == (n == 1) ? n : -1;
+}
+int ComboPick(const std::function<void(Control&)>& state) {
+  ComboBox c("cboKind");
+  c.AddItem("Pirkėjas", 1);
+  int n = 0;
+  c.OnClick = [&] { ++n; };
+  state(c);
+  c.Pick(0);
+  return n;
+}
+int ListViewItemClick(const std::function<void(Control&)>& state) {
+  ListView v("lvwRows");
+  ListItem& row = v.ListItems().Add(0, "a", "A");
+  int n = 0;
+  v.OnItemClick = [&](ListItem&) { ++n; };
+  state(v);
+  v.ItemClick(row);
+  return (v.SelectedItem() != nullptr) == (n == 1) ? n : -1;
+}
+int ListViewMouseUp(const std::function<void(Control&)>& state) {
+  ListView v("lvwRows");
+  int n = 0;
+  v.OnMouseUp = [&](int, int) { ++n; };
+  state(v);
+  v.MouseUp(vbRightButton);
+  return n;
+}
+int MenuClick(const std::function<void(Control&)>& state) {
+  Menu popup("mnuNew");
+  Menu& entry = popup.Add("mnuNewWithCopy", "Naujas su kopija");
+  int n = 0;
+  entry.OnClick = [&] { ++n; };
+  state(entry);
+  entry.Click();
+  return n;
+}
+int DTPickerPick(const std::function<void(Control&)>& state) {
+  DTPicker d("dtpDate");
+  int n = 0;
+  d.OnChange = [&] { ++n; };
+  state(d);
+  d.Pick(Variant(Date{46000}));
+  return n;
+}
+
+void PrintTo(const UserEventCase& c, std::ostream* os) { *os << c.name; }
+
+class UserEventTest : public ::testing::TestWithParam<UserEventCase> {};
+
+TEST_P(UserEventTest, ReachesAnEnabledVisibleControl) {
+  EXPECT_EQ(GetParam().raise([](Control&) {}), 1);
+}
+
+TEST_P(UserEventTest, DisabledControl_RaisesNothing) {
+  EXPECT_EQ(GetParam().raise([](Control& c) { c.SetEnabled(false); }), 0);
+}
+
+TEST_P(UserEventTest, HiddenControl_RaisesNothing) {
+  EXPECT_EQ(GetParam().raise([](Control& c) { c.SetVisible(false); }), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(Controls, UserEventTest,
+                         ::testing::Values(UserEventCase{"ButtonClick", ButtonClick},
+                                           UserEventCase{"ButtonMouseUp", ButtonMouseUp},
+                                           UserEventCase{"TextBoxKeyPress", TextBoxKeyPress},
+                                           UserEventCase{"TextBoxEdit", TextBoxEdit},
+                                           UserEventCase{"CheckBoxClick", CheckBoxClick},
+                                           UserEventCase{"ComboPick", ComboPick},
+                                           UserEventCase{"ListViewItemClick", ListViewItemClick},
+                                           UserEventCase{"ListViewMouseUp", ListViewMouseUp},
+                                           UserEventCase{"MenuClick", MenuClick},
+                                           UserEventCase{"DTPickerPick", DTPickerPick}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
+  TextBox text("txtName");
+  CheckBox check("chkActive");
+  ComboBox combo("cboKind");
+  combo.AddItem("A", 0);
+  int changes = 0, checks = 0, picks = 0;
+  text.OnChange = [&] { ++changes; };
+  check.OnClick = [&] { ++checks; };
+  combo.OnClick = [&] { ++picks; };
+  text.SetEnabled(false);
+  check.SetEnabled(false);
+  combo.SetEnabled(false);
+
+  text.SetText("UAB Ąžuolas");
+  text.SetText("UAB Ąžuolas");  // unchanged: no Change
+  check.SetValue(vbChecked);
+  combo.SetListIndex(0);
+
+  EXPECT_EQ(changes, 1);
+  EXPECT_EQ(checks, 1);
+  EXPECT_EQ(picks, 1);
+}
+
+TEST(Controls, HandlerMayClearItsOwnSlotWhileRunning) {
+  Button button("cmdEnter");
+  std::string seen;
+  // Captured by value and too large for the slot's inline buffer: were the
+  // handler run in place, clearing the slot would free it under our feet.
+  std::string caption(200, 'x');
+  button.OnClick = [&button, &seen, caption] {
+    button.OnClick = nullptr;
+    seen += caption;
+  };
+  button.Click();
+  button.Click();
+  EXPECT_EQ(seen, std::string(200, 'x'));
+}
+
+TEST(Controls, Observer_IsToldOfRealChangesOnly) {
+  RecordingObserver observer;
+  Button button("cmdEnter");
+  Panel panel("SOPanel");
+  TextBox text("txtName");
+  button.SetObserver(&observer);
+  panel.SetObserver(&observer);
+  text.SetObserver(&observer);
+
+  button.SetEnabled(false);
+  button.SetEnabled(false);
+  button.SetCaption("Įrašyti");
+  panel.SetCaption("Bankai");
+  panel.SetCaption("Bankai");
+  text.SetText("x");
+  text.SetTag("O00003001");
+  button.SetObserver(nullptr);
+  button.SetVisible(false);
+
+  EXPECT_THAT(observer.changes, ElementsAre("cmdEnter.Enabled", "cmdEnter.Caption",
+                                            "SOPanel.Caption", "txtName.Text", "txtName.Tag"));
+}
+
+TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
+  TextBox text("txtCode");
+  text.SetMaxLength(3);
+  text.SetText("Šiauliai");
+  EXPECT_EQ(text.Text(), "Šia");
+  EXPECT_EQ(ErrorOf([&] { text.SetMaxLength(-1); }), 380);
+  EXPECT_EQ(text.MaxLength(), 3);
+
+  text.SetLocked(true);
+  EXPECT_FALSE(text.Edit("abc"));
+  EXPECT_EQ(text.Text(), "Šia");
+  text.SetText("ąčę");
+  EXPECT_EQ(text.Text(), "ąčę");
+}
+
+TEST(TextBox, KeyPress_ReturnsTheKeyTheHandlerLeaves) {
+  TextBox text("txtAmount");
+  text.OnKeyPress = [](int& key) {
+    if (key == '.') key = ',';
+    if (key == 'x') key = 0;
+  };
+  EXPECT_EQ(text.KeyPress('.'), ',');
+  EXPECT_EQ(text.KeyPress('x'), 0);
+  EXPECT_EQ(text.KeyPress('5'), '5');
+}
+
+TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {
+  CheckBox check("chkActive");
+  int clicks = 0;
+  check.OnClick = [&] { ++clicks; };
+  check.SetValue(vbGrayed);
+  EXPECT_EQ(ErrorOf([&] { check.SetValue(3); }), 380);
+  EXPECT_EQ(check.Value(), vbGrayed);
+  check.Click();  // a grayed box clicked becomes unchecked
+  EXPECT_EQ(check.Value(), vbUnchecked);
+  EXPECT_EQ(clicks, 2);
+}
+
+TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
+  OptionButton a("optAll"), b("optDebt"), c("optCredit");
+  OptionButton::Group({&a, &b, &c});
+  int clicksA = 0, clicksB = 0;
+  a.OnClick = [&] { ++clicksA; };
+  b.OnClick = [&] { ++clicksB; };
+
+  a.SetValue(true);
+  b.Click();
+
+  EXPECT_FALSE(a.Value());
+  EXPECT_TRUE(b.Value());
+  EXPECT_FALSE(c.Value());
+  EXPECT_EQ(clicksA, 1);
+  EXPECT_EQ(clicksB, 1);
+}
+
+TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange) {
+  ComboBox combo("cboCurrency");
+  combo.AddItem("EUR", 1);
+  EXPECT_EQ(combo.AddItem("USD", 2), 1);
+  int clicks = 0, changes = 0;
+  combo.OnClick = [&] { ++clicks; };
+  combo.OnChange = [&] { ++changes; };
+
+  combo.SetListIndex(1);
+  EXPECT_EQ(combo.Text(), "USD");
+  EXPECT_EQ(combo.ItemData(combo.ListIndex()), 2);
+  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(changes, 0);
+
+  EXPECT_EQ(ErrorOf([&] { combo.SetListIndex(2); }), 380);
+  EXPECT_EQ(ErrorOf([&] { combo.ItemData(5); }), 381);
+  EXPECT_EQ(combo.List(5), "");
+  EXPECT_EQ(combo.ListIndex(), 1);
+
+  combo.SetText("EUR");  // a drop-down combo picks the row that reads the same
+  EXPECT_EQ(combo.ListIndex(), 0);
+  combo.SetText("GBP");
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(changes, 2);
+}
+
+TEST(ComboBox, DropdownList_TakesOnlyItsRows_ClearForgetsAll) {
+  ComboBox combo("cboKind");
+  combo.SetStyle(vbComboDropdownList);
+  combo.AddItem("Pirkėjas", 10);
+  combo.AddItem("Tiekėjas", 20);
+  combo.SetText("Tiekėjas");
+  EXPECT_EQ(combo.ListIndex(), 1);
+  EXPECT_EQ(ErrorOf([&] { combo.SetText("Kitas"); }), 383);
+  EXPECT_EQ(combo.ListIndex(), 1);
+  EXPECT_FALSE(combo.Edit("Pirkėjas"));
+
+  combo.RemoveItem(0);
+  EXPECT_EQ(combo.ListIndex(), 0);  // the picked row moved up
+  combo.Clear();
+  EXPECT_EQ(combo.ListCount(), 0);
+  EXPECT_EQ(combo.ListIndex(), -1);
+  EXPECT_EQ(combo.Text(), "");
+}
+
+TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
+  ImageCombo combo("icbGroup");
+  combo.ComboItems().Add("G1", "Pirkėjai", "folder");
+  ComboItem& suppliers = combo.ComboItems().Add("G2", "Tiekėjai", "folder");
+  EXPECT_EQ(ErrorOf([&] { combo.ComboItems().Add("G1", "Kiti"); }), 35602);
+  EXPECT_EQ(combo.ComboItems().Count(), 2);
+  int clicks = 0;
+  combo.OnClick = [&] { ++clicks; };
+
+  combo.Pick(suppliers);
+  EXPECT_EQ(combo.SelectedItem(), &suppliers);
+  EXPECT_EQ(combo.Text(), "Tiekėjai");
+  EXPECT_EQ(clicks, 1);
+
+  combo.SetText("Pirkėjai");  // the row that reads the same, without Click
+  EXPECT_EQ(combo.SelectedItem(), &combo.ComboItems().Item("G1"));
+  EXPECT_EQ(clicks, 1);
+  combo.ComboItems().Remove("G1");
+  EXPECT_EQ(combo.SelectedItem(), nullptr);
+}
+
+TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
+  DTPicker picker("dtpFrom");
+  int changes = 0;
+  picker.OnChange = [&] { ++changes; };
+  picker.SetValue(Variant(Date{46349}));
+  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant::Null()); }), 380);
+  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant("2026-11-23")); }), 380);
+  EXPECT_EQ(picker.Value(), Variant(Date{46349}));
+
+  picker.SetCheckBox(true);
+  picker.SetValue(Variant::Null());
+  EXPECT_TRUE(picker.Value().IsNull());
+  picker.SetCheckBox(false);  // the last date comes back
+  EXPECT_EQ(picker.Value(), Variant(Date{46349}));
+  EXPECT_EQ(changes, 2);
+}
+
+TEST(Timer, TicksOnlyWhileEnabled) {
+  Timer timer("timerModal");
+  int ticks = 0;
+  timer.OnTimer = [&] { ++ticks; };
+  timer.SetInterval(100);
+  timer.Tick();
+  timer.SetEnabled(false);
+  timer.Tick();
+  EXPECT_EQ(ticks, 1);
+  EXPECT_EQ(ErrorOf([&] { timer.SetInterval(65536); }), 380);
+}
+
+TEST(Menu, FindsEntriesAtAnyDepth_NamesUniqueInTheTree) {
+  Menu popup("mnuList");
+  popup.SetVisible(false);  // a popup kept off the menu bar still works
+  Menu& send = popup.Add("mnuSend", "Siųsti");
+  Menu& desktop = send.Add("mnuToDesktop", "Į darbalaukį");
+  int clicks = 0;
+  desktop.OnClick = [&] { ++clicks; };
+
+  EXPECT_EQ(popup.Find("mnuToDesktop"), &desktop);
+  EXPECT_EQ(popup.Find("mnuNone"), nullptr);
+  EXPECT_EQ(desktop.Parent(), &send);
+  EXPECT_EQ(ErrorOf([&] { popup.Add("mnuToDesktop", "Dar"); }), 35602);
+  EXPECT_EQ(popup.Items().size(), 1u);
+
+  popup.Find("mnuToDesktop")->Click();
+  EXPECT_EQ(clicks, 1);
+}
+
+TEST(Menu, ObserverReachesEntriesAddedBeforeAndAfter) {
+  RecordingObserver observer;
+  Menu popup("mnuNew");
+  Menu& before = popup.Add("mnuA", "A");
+  popup.SetObserver(&observer);
+  Menu& after = popup.Add("mnuB", "B");
+  before.SetEnabled(false);
+  after.SetChecked(true);
+  EXPECT_THAT(observer.changes, ElementsAre("mnuNew.Items", "mnuA.Enabled", "mnuB.Checked"));
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,131 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+#include "ui/Button.h"
+#include "ui/Form.h"
+#include "ui/FormObserver.h"
+#include "ui/TextBox.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+// A dialog that records its life cycle and can refuse to close.
+class frmProbe : public Form {
+ public:
+  frmProbe() : Form("frmProbe") {
+    Register(txtName);
+    Register(cmdEnter);
+    Register(txtName);  // twice: kept once
+  }
+
+  TextBox txtName{"txtName"};
+  Button cmdEnter{"cmdEnter"};
+
+  std::vector<std::string> events;
+  bool refuseUnload = false;
+  bool unloadInLoad = false;
+
+ protected:
+  void Form_Load() override {
+    events.push_back("Load");
+    if (unloadInLoad) Unload();
+  }
+  void Form_QueryUnload(bool& cancel) override {
+    events.push_back("QueryUnload");
+    cancel = refuseUnload;
+  }
+  void Form_Unload() override {
+    events.push_back("Unload");
+    Unload();  // unloading again from inside changes nothing more
+  }
+};
+
+class RecordingFormObserver : public FormObserver {
+ public:
+  void FormChanged(Form& form, std::string_view property) override {
+    changes.push_back(form.Name() + "." + std::string(property));
+  }
+  std::vector<std::string> changes;
+};
+
+TEST(Form, Load_RunsFormLoadOnce) {
+  frmProbe form;
+  EXPECT_FALSE(form.Loaded());
+  form.Load();
+  form.Show();
+  form.Show();
+  form.Load();
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_TRUE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("Load"));
+}
+
+TEST(Form, Unload_CancelledByQueryUnload_KeepsTheFormShown) {
+  frmProbe form;
+  form.Show();
+  form.refuseUnload = true;
+  EXPECT_FALSE(form.Unload());
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_TRUE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload"));
+}
+
+TEST(Form, ShowAfterUnload_LoadsAgain) {
+  frmProbe form;
+  form.Show();
+  EXPECT_TRUE(form.Unload());
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+  EXPECT_TRUE(form.Unload());  // not loaded: nothing to ask
+  form.Show();
+  EXPECT_TRUE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "Unload", "Load"));
+}
+
+TEST(Form, Hide_KeepsItLoaded) {
+  frmProbe form;
+  form.Show();
+  form.Hide();
+  EXPECT_TRUE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+}
+
+TEST(Form, UnloadedByItsOwnFormLoad_IsNotShown) {
+  frmProbe form;
+  form.unloadInLoad = true;
+  form.Show();
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_FALSE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "Unload"));
+}
+
+TEST(Form, Controls_InRegistrationOrder_FoundByName) {
+  frmProbe form;
+  ASSERT_EQ(form.Controls().size(), 2u);
+  EXPECT_EQ(form.Controls()[0], &form.txtName);
+  EXPECT_EQ(form.Controls()[1], &form.cmdEnter);
+  EXPECT_EQ(form.FindControl("cmdEnter"), &form.cmdEnter);
+  EXPECT_EQ(form.FindControl("cmdNone"), nullptr);
+}
+
+TEST(Form, Observer_FollowsTheLifeCycle) {
+  frmProbe form;
+  RecordingFormObserver observer;
+  form.SetObserver(&observer);
+  form.SetCaption("Bankai");
+  form.SetCaption("Bankai");
+  form.Show();
+  form.SetEnabled(false);
+  form.Unload();
+  EXPECT_THAT(observer.changes,
+              ElementsAre("frmProbe.Caption", "frmProbe.Loaded", "frmProbe.Visible",
+                          "frmProbe.Enabled", "frmProbe.Visible", "frmProbe.Loaded"));
+}
+
+}  // namespace
+}  // namespace orvel

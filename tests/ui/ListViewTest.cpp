@@ -1,0 +1,297 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "host/RuntimeError.h"
+#include "ui/ListView.h"
+#include "ui/RecordingObserver.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+std::vector<std::string> Keys(const ListView& view) {
+  std::vector<std::string> keys;
+  for (const auto& row : view.ListItems()) keys.push_back(row->Key());
+  return keys;
+}
+
+std::vector<int> Indexes(const ListView& view) {
+  std::vector<int> indexes;
+  for (const auto& row : view.ListItems()) indexes.push_back(row->Index());
+  return indexes;
+}
+
+// Runs `action` and returns the RuntimeError number it threw (0: none).
+int32_t ErrorOf(const std::function<void()>& action, std::string* text = nullptr) {
+  try {
+    action();
+  } catch (const RuntimeError& e) {
+    if (text) *text = e.Text();
+    return e.Number();
+  }
+  return 0;
+}
+
+class ListViewTest : public ::testing::Test {
+ protected:
+  ListViewTest() {
+    view.ListItems().Add(0, "O00003001", "SEB");
+    view.ListItems().Add(0, "O00003002", "Swedbank");
+    view.ListItems().Add(0, "O00003003", "Luminor");
+    view.SetObserver(&observer);
+  }
+  ListView view{"lvwBanks"};
+  RecordingObserver observer;
+};
+
+TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged) {
+  std::string text;
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(1, "O00003002", "Kitas"); }, &text), 35602);
+  EXPECT_EQ(text, "Key is not unique in collection");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "O00003002", "O00003003"));
+  EXPECT_EQ(view.ListItems().Item("O00003002").Text(), "Swedbank");
+  EXPECT_THAT(observer.changes, IsEmpty());
+}
+
+TEST_F(ListViewTest, Add_EmptyKeysMayRepeat) {
+  view.ListItems().Add(0, "", "Be rakto");
+  view.ListItems().Add(0, "", "Be rakto");
+  EXPECT_EQ(view.ListItems().Count(), 5);
+}
+
+TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
+  ListItem& first = view.ListItems().Item(1);
+  view.ListItems().Add(2, "K", "Įterpta");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
+  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
+  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
+
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
+  EXPECT_EQ(view.ListItems().Count(), 5);
+  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
+}
+
+TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
+  EXPECT_EQ(view.ListItems().Item(1).Text(), "SEB");
+  EXPECT_EQ(view.ListItems().Item(3).Text(), "Luminor");
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(0); }), 35600);
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(4); }), 35600);
+  std::string text;
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item("O00003009"); }, &text), 35601);
+  EXPECT_EQ(text, "Element not found");
+  EXPECT_EQ(view.ListItems().Find("O00003009"), nullptr);
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(""); }), 35601);
+}
+
+TEST_F(ListViewTest, Remove_ByIndexAndByKey_RenumbersAndFreesTheKey) {
+  ListItem& last = view.ListItems().Item("O00003003");
+  view.ListItems().Remove(1);
+  EXPECT_THAT(Keys(view), ElementsAre("O00003002", "O00003003"));
+  EXPECT_EQ(last.Index(), 2);
+
+  view.ListItems().Remove("O00003002");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003003"));
+  EXPECT_EQ(&view.ListItems().Item(1), &last);
+
+  view.ListItems().Add(0, "O00003002", "Vėl");  // the key is free again
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Remove(3); }), 35600);
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Remove("nėra"); }), 35601);
+  EXPECT_EQ(view.ListItems().Count(), 2);
+  EXPECT_THAT(observer.changes,
+              ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.ListItems"));
+}
+
+// How the selected row can leave the list.
+struct RemovalCase {
+  const char* name;
+  std::function<void(ListItems&)> remove;
+};
+
+void PrintTo(const RemovalCase& c, std::ostream* os) { *os << c.name; }
+
+class SelectedRowRemovalTest : public ::testing::TestWithParam<RemovalCase> {};
+
+TEST_P(SelectedRowRemovalTest, SelectionGoesWithItsRow) {
+  ListView view("lvw");
+  view.ListItems().Add(0, "a", "A");
+  ListItem& selected = view.ListItems().Add(0, "b", "B");
+  view.ListItems().Add(0, "c", "C");
+  selected.SetSelected(true);
+  RecordingObserver observer;
+  view.SetObserver(&observer);
+
+  GetParam().remove(view.ListItems());
+
+  EXPECT_EQ(view.SelectedItem(), nullptr);
+  EXPECT_EQ(observer.changes.front(), "lvw.SelectedItem");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Ways, SelectedRowRemovalTest,
+    ::testing::Values(RemovalCase{"ByIndex", [](ListItems& rows) { rows.Remove(2); }},
+                      RemovalCase{"ByKey", [](ListItems& rows) { rows.Remove("b"); }},
+                      RemovalCase{"Clear", [](ListItems& rows) { rows.Clear(); }}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(ListViewTest, RemovingAnotherRow_KeepsTheSelection) {
+  ListItem& row = view.ListItems().Item(3);
+  view.SetSelectedItem(&row);
+  view.ListItems().Remove(1);
+  EXPECT_EQ(view.SelectedItem(), &row);
+  EXPECT_TRUE(row.Selected());
+  EXPECT_FALSE(view.ListItems().Item(1).Selected());
+}
+
+TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns) {
+  ListItem* seenSelected = nullptr;
+  ListItem* clicked = nullptr;
+  view.OnItemClick = [&](ListItem& row) {
+    clicked = &row;
+    seenSelected = view.SelectedItem();
+  };
+  ListItem& row = view.ListItems().Item(2);
+  view.ItemClick(row);
+  EXPECT_EQ(clicked, &row);
+  EXPECT_EQ(seenSelected, &row);
+}
+
+TEST_F(ListViewTest, RowOfAnotherView_IsRefused) {
+  ListView other("lvwOther");
+  ListItem& foreign = other.ListItems().Add(0, "x", "X");
+  int clicks = 0;
+  view.OnItemClick = [&](ListItem&) { ++clicks; };
+
+  view.ItemClick(foreign);
+  EXPECT_EQ(clicks, 0);
+  EXPECT_EQ(ErrorOf([&] { view.SetSelectedItem(&foreign); }), 380);
+  EXPECT_EQ(view.SelectedItem(), nullptr);
+}
+
+TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
+  ListItem& row = view.ListItems().Item(1);
+  row.ListSubItems().Add(0, "Code", "CBVILT2X");
+  ListSubItem& amount = row.ListSubItems().Add(0, "Amount", "12,50");
+  view.ListItems().Item(2).ListSubItems().Add(0, "Code", "HABALT22");  // another row: fine
+
+  EXPECT_EQ(&row.ListSubItems().Item("Amount"), &amount);
+  EXPECT_EQ(row.ListSubItems().Item(1).Text(), "CBVILT2X");
+  EXPECT_EQ(amount.Index(), 2);
+  EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Add(0, "Code", "kitas"); }), 35602);
+  EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item("Nėra"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item(3); }), 35600);
+  EXPECT_EQ(row.ListSubItems().Count(), 2);
+
+  amount.SetTag(Variant::Null());
+  amount.SetBold(true);
+  EXPECT_TRUE(amount.Tag().IsNull());
+  EXPECT_TRUE(amount.Bold());
+  EXPECT_TRUE(row.ListSubItems().Item("Code").Tag().IsEmpty());
+}
+
+TEST_F(ListViewTest, RowTag_EmptyUntilSet_NullKept) {
+  ListItem& row = view.ListItems().Item(1);
+  EXPECT_TRUE(row.Tag().IsEmpty());
+  row.SetTag(Variant::Null());
+  EXPECT_TRUE(row.Tag().IsNull());
+  row.SetTag(Variant("O00003001"));
+  EXPECT_EQ(row.Tag(), Variant("O00003001"));
+}
+
+struct SortCase {
+  const char* name;
+  int sortKey;
+  int sortOrder;
+  std::vector<std::string> keys;
+};
+
+void PrintTo(const SortCase& c, std::ostream* os) { *os << c.name; }
+
+class ListViewSortTest : public ::testing::TestWithParam<SortCase> {};
+
+TEST_P(ListViewSortTest, SortedOrdersRowsAndRenumbers) {
+  ListView view("lvw");
+  auto add = [&](const char* key, const char* text, const char* code) {
+    ListItem& row = view.ListItems().Add(0, key, text);
+    if (*code) row.ListSubItems().Add(0, "", code);
+  };
+  add("k1", "beta", "2");
+  add("k2", "Alfa", "3");
+  add("k3", "ALFA", "1");  // equal to k2 without regard to case: keeps its place
+  add("k4", "gama", "");   // no sub-item: sorts as ""
+
+  view.SetSortKey(GetParam().sortKey);
+  view.SetSortOrder(GetParam().sortOrder);
+  view.SetSorted(true);
+
+  EXPECT_EQ(Keys(view), GetParam().keys);
+  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+  EXPECT_EQ(view.ListItems().Item(GetParam().keys[0]).Index(), 1);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Columns, ListViewSortTest,
+    ::testing::Values(SortCase{"TextAscending", 0, lvwAscending, {"k2", "k3", "k1", "k4"}},
+                      SortCase{"TextDescending", 0, lvwDescending, {"k4", "k1", "k2", "k3"}},
+                      SortCase{"SubItemAscending", 1, lvwAscending, {"k4", "k3", "k1", "k2"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(ListView, SortProperties_RejectBadValues) {
+  ListView view("lvw");
+  EXPECT_EQ(ErrorOf([&] { view.SetSortOrder(2); }), 380);
+  EXPECT_EQ(ErrorOf([&] { view.SetSortKey(-1); }), 380);
+  EXPECT_EQ(view.SortOrder(), lvwAscending);
+  EXPECT_EQ(view.SortKey(), 0);
+}
+
+TEST(ListView, ColumnHeaders_AppendOrInsert_RejectBadValues) {
+  ListView view("lvw");
+  auto& columns = view.ColumnHeaders();
+  columns.Add(0, "Name", "Pavadinimas", 3000, lvwColumnLeft);
+  columns.Add(0, "Amount", "Suma", 1200, lvwColumnRight);
+  ColumnHeader& code = columns.Add(1, "Code", "Kodas", 900, lvwColumnLeft);
+
+  EXPECT_EQ(columns.Count(), 3);
+  EXPECT_EQ(code.Index(), 1);
+  EXPECT_EQ(columns.Item(2).Text(), "Pavadinimas");
+  EXPECT_EQ(columns.Item("Amount").Alignment(), lvwColumnRight);
+  EXPECT_EQ(columns.Item("Amount").Index(), 3);
+
+  EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", 100, 3); }), 380);
+  EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", -1, lvwColumnLeft); }), 380);
+  EXPECT_EQ(ErrorOf([&] { columns.Add(0, "Code", "Dar", 100, lvwColumnLeft); }), 35602);
+  EXPECT_EQ(columns.Count(), 3);
+}
+
+TEST_F(ListViewTest, Notifications_AreCoarseForRows) {
+  ListItem& row = view.ListItems().Item(1);
+  row.SetText("SEB bankas");
+  row.SetText("SEB bankas");  // unchanged: nothing
+  row.ListSubItems().Add(0, "", "x");
+  row.SetSelected(true);
+  row.SetSelected(true);
+  view.ColumnHeaders().Add(0, "", "Pavadinimas", 2000, lvwColumnLeft);
+  view.ListItems().Clear();
+  EXPECT_THAT(observer.changes,
+              ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.SelectedItem",
+                          "lvwBanks.ColumnHeaders", "lvwBanks.SelectedItem", "lvwBanks.ListItems"));
+}
+
+TEST_F(ListViewTest, KeyDown_ReturnsTheCodeTheHandlerLeaves) {
+  view.OnKeyDown = [](int& keyCode, int shift) {
+    if (keyCode == 46 && shift == 0) keyCode = 0;
+  };
+  EXPECT_EQ(view.KeyDown(46), 0);
+  EXPECT_EQ(view.KeyDown(46, 1), 46);
+  EXPECT_EQ(view.KeyDown(13), 13);
+}
+
+}  // namespace
+}  // namespace orvel
