@@ -107,26 +107,11 @@ int Rank(const Variant& v) {
   }
 }
 
-double NumberOf(const Variant& v) {
-  switch (v.Type()) {
-    case VarType::Boolean:
-      return v.Boolean() ? -1 : 0;
-    case VarType::Integer:
-      return v.Integer();
-    case VarType::Double:
-      return v.Double();
-    case VarType::Date:
-      return v.DateValue().serial;
-    default:
-      return 0;
-  }
-}
-
 int CompareValues(const Variant& a, const Variant& b) {
   if (Rank(a) != Rank(b)) return Rank(a) < Rank(b) ? -1 : 1;
   if (Rank(a) == 2) return orvel::StrComp(a.String(), b.String(), orvel::Compare::Text);
   if (Rank(a) != 1) return 0;
-  double x = NumberOf(a), y = NumberOf(b);
+  double x = a.NumberValue(), y = b.NumberValue();
   if (std::isnan(x) || std::isnan(y)) return std::isnan(x) - std::isnan(y);  // NaN highest
   return (x > y) - (x < y);
 }

@@ -4,38 +4,9 @@
 #include <cstring>
 
 #include "host/Text.h"
+#include "host/Utf8.h"
 
 namespace orvel {
-
-namespace {
-
-// The length of the well-formed UTF-8 character at `s[i]`, or 0 when the
-// byte there does not start one (the same test the text functions apply).
-size_t WellFormedLength(std::string_view s, size_t i) {
-  const auto b0 = static_cast<unsigned char>(s[i]);
-  size_t size;
-  uint32_t cp;
-  uint32_t min;
-  if (b0 >= 0xC2 && b0 <= 0xDF) {
-    size = 2, cp = b0 & 0x1F, min = 0x80;
-  } else if (b0 >= 0xE0 && b0 <= 0xEF) {
-    size = 3, cp = b0 & 0x0F, min = 0x800;
-  } else if (b0 >= 0xF0 && b0 <= 0xF4) {
-    size = 4, cp = b0 & 0x07, min = 0x10000;
-  } else {
-    return 0;
-  }
-  if (s.size() - i < size) return 0;
-  for (size_t k = 1; k < size; ++k) {
-    const auto b = static_cast<unsigned char>(s[i + k]);
-    if ((b & 0xC0) != 0x80) return 0;
-    cp = (cp << 6) | (b & 0x3F);
-  }
-  if (cp < min || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return 0;
-  return size;
-}
-
-}  // namespace
 
 bool IsAsciiText(std::string_view s) {
   const char* p = s.data();
@@ -69,7 +40,8 @@ std::string CollationKey(std::string_view s) {
       ++i;
       continue;
     }
-    size_t length = WellFormedLength(folded, i);
+    const Utf8Char c = DecodeUtf8(folded, i);
+    size_t length = c.wellFormed ? c.size : 0;
     if (length > 0) {
       key.append(folded, i, length);
       i += length;

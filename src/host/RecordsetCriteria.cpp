@@ -149,21 +149,6 @@ bool Holds(Op op, int order) {
   return false;
 }
 
-double NumberOf(const Variant& v) {
-  switch (v.Type()) {
-    case VarType::Boolean:
-      return v.Boolean() ? -1.0 : 0.0;
-    case VarType::Integer:
-      return v.Integer();
-    case VarType::Double:
-      return v.Double();
-    case VarType::Date:
-      return v.DateValue().serial;
-    default:
-      return 0.0;
-  }
-}
-
 // A number or date as the text LIKE and text comparisons see (CStr); none
 // for a value that has no text form (NaN, an infinity, a date serial out of
 // range), which then matches nothing rather than failing the whole filter.
@@ -240,7 +225,7 @@ struct RecordsetCriteria::Node {
       auto form = TextForm(v);
       return form && Like(*form);
     }
-    double x = NumberOf(v);
+    double x = v.NumberValue();
     if (kind != ValueKind::Text) return Holds(op, CompareNumbers(x, number));
     if (v.Type() == VarType::Date && textDate) return Holds(op, CompareNumbers(x, *textDate));
     if (textNumber) return Holds(op, CompareNumbers(x, *textNumber));

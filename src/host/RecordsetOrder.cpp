@@ -107,21 +107,6 @@ Rank RankOf(const Variant& v) {
   return kOtherRank;
 }
 
-double NumberOf(const Variant& v) {
-  switch (v.Type()) {
-    case VarType::Boolean:
-      return v.Boolean() ? -1.0 : 0.0;
-    case VarType::Integer:
-      return v.Integer();
-    case VarType::Double:
-      return v.Double();
-    case VarType::Date:
-      return v.DateValue().serial;
-    default:
-      return 0.0;
-  }
-}
-
 class KeyTable {
  public:
   KeyTable(const std::vector<RecordsetColumn>& columns,
@@ -168,7 +153,7 @@ class KeyTable {
             (*tails)[j] = key;
           }
         } else if (RankOf(v) == kNumberRank) {
-          value = NumberSlot(NumberOf(v));
+          value = NumberSlot(v.NumberValue());
         }
         table_[j * width_ + k] = value ^ slot.flip;
       }

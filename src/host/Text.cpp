@@ -7,6 +7,7 @@
 
 #include "host/Convert.h"
 #include "host/RuntimeError.h"
+#include "host/Utf8.h"
 
 namespace orvel {
 
@@ -28,29 +29,9 @@ constexpr char32_t kBadByteBase = 0xDC00;
 bool IsBadByte(char32_t cp) { return cp >= kBadByteBase + 0x80 && cp <= kBadByteBase + 0xFF; }
 
 Char DecodeAt(std::string_view s, size_t i) {
-  const auto b0 = static_cast<unsigned char>(s[i]);
-  if (b0 < 0x80) return {b0, 1};
-  const Char bad{kBadByteBase + b0, 1};
-  size_t size;
-  char32_t cp;
-  char32_t min;
-  if (b0 >= 0xC2 && b0 <= 0xDF) {
-    size = 2, cp = b0 & 0x1F, min = 0x80;
-  } else if (b0 >= 0xE0 && b0 <= 0xEF) {
-    size = 3, cp = b0 & 0x0F, min = 0x800;
-  } else if (b0 >= 0xF0 && b0 <= 0xF4) {
-    size = 4, cp = b0 & 0x07, min = 0x10000;
-  } else {
-    return bad;
-  }
-  if (s.size() - i < size) return bad;
-  for (size_t k = 1; k < size; ++k) {
-    const auto b = static_cast<unsigned char>(s[i + k]);
-    if ((b & 0xC0) != 0x80) return bad;
-    cp = (cp << 6) | (b & 0x3F);
-  }
-  if (cp < min || cp > 0x10FFFF || (cp >= 0xD800 && cp <= 0xDFFF)) return bad;
-  return {cp, size};
+  const Utf8Char c = DecodeUtf8(s, i);
+  if (!c.wellFormed) return {kBadByteBase + static_cast<unsigned char>(s[i]), 1};
+  return {c.cp, c.size};
 }
 
 void AppendUtf8(std::string& out, char32_t cp) {

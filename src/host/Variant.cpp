@@ -27,6 +27,21 @@ bool Variant::IsNumber() const {
   return t == VarType::Boolean || t == VarType::Integer || t == VarType::Double;
 }
 
+double Variant::NumberValue() const {
+  switch (Type()) {
+    case VarType::Boolean:
+      return std::get<bool>(value_) ? -1.0 : 0.0;
+    case VarType::Integer:
+      return std::get<int32_t>(value_);
+    case VarType::Double:
+      return std::get<double>(value_);
+    case VarType::Date:
+      return std::get<orvel::Date>(value_).serial;
+    default:
+      return 0.0;
+  }
+}
+
 bool Variant::Boolean() const {
   if (Type() != VarType::Boolean) Mismatch("Boolean", *this);
   return std::get<bool>(value_);

@@ -58,6 +58,9 @@ class Variant {
   bool IsString() const { return Type() == VarType::String; }
   // Boolean, Integer or Double: a value that arithmetic takes as it is.
   bool IsNumber() const;
+  // Booleans (True is -1), Integers, Doubles and Dates (their serial) as a
+  // double; 0 for any other type.
+  double NumberValue() const;
   // An Object that is "no object" (Nothing).
   bool IsNothing() const { return IsObject() && !std::get<kObject>(value_); }
 
