@@ -290,9 +290,8 @@ Variant ReadField(Fields& currency, std::string_view name) {
 // Text fields join the words as the runtime's "&" joins them: Null as "".
 std::string ReadText(Fields& currency, std::string_view name) {
   const Variant value = ReadField(currency, name);
-  if (value.IsNull()) return std::string();
   try {
-    return CStr(value);
+    return ConcatText(value);
   } catch (const RuntimeError& e) {
     throw RuntimeError(e.Number(), "valiutos įrašo laukas „" + std::string(name) +
                                        "“ nėra tekstas (" + e.Text() + ")");

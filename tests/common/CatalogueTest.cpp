@@ -5,6 +5,7 @@
 #include "host/Convert.h"
 #include "host/Dictionary.h"
 #include "host/MemoryRecordset.h"
+#include "host/RuntimeError.h"
 #include "host/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestGroupSelect.h"
@@ -143,7 +144,7 @@ class CatalogueHostTest : public ModuleTest {
 };
 
 TEST_F(CatalogueHostTest, CreatorLineOfANewRecordNamesThePresentUserAsCreator) {
-  auto object = Object("");
+  auto object = Adapter("O0000400")->GetOrvelObject("");
   ASSERT_NE(object, nullptr);
   EXPECT_EQ(CreatorLine(*object), "Sukūrė:Jonas Jonaitis");
   EXPECT_EQ(object->Fields("CreatedByUser").Value(), Variant("Jonas Jonaitis"));
