@@ -20,6 +20,7 @@
 #include <string>
 #include <vector>
 
+#include "RatioReporter.h"
 #include "host/MemoryRecordset.h"
 
 namespace {
@@ -153,31 +154,6 @@ BENCHMARK(BM_FilterOurs)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_SortBaseline)->Unit(benchmark::kMillisecond)->Iterations(3);
 BENCHMARK(BM_SortOurs)->Unit(benchmark::kMillisecond)->Iterations(3);
 
-// Keeps each run's time per iteration by name, and prints as the console does.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
-        // CPU time: the machine is shared, and waiting for a core is no
-        // part of either side's work.
-        seconds_[run.run_name.function_name] =
-            run.cpu_accumulated_time / static_cast<double>(run.iterations);
-      }
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double Ratio(const std::string& ours, const std::string& baseline) const {
-    auto a = seconds_.find(ours);
-    auto b = seconds_.find(baseline);
-    if (a == seconds_.end() || b == seconds_.end() || b->second <= 0) return -1;
-    return a->second / b->second;
-  }
-
- private:
-  std::map<std::string, double> seconds_;
-};
-
 // Heap in use, counting the large blocks malloc maps on their own.
 size_t HeapInUse() {
   struct mallinfo2 info = mallinfo2();
@@ -234,7 +210,7 @@ int main(int argc, char** argv) {
 
   std::printf("rows: %zu\n", g_rows);
   SharedData();  // build the data before any timing
-  RatioReporter reporter;
+  orvel::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   double filter = reporter.Ratio("BM_FilterOurs", "BM_FilterBaseline");
   double sort = reporter.Ratio("BM_SortOurs", "BM_SortBaseline");

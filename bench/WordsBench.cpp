@@ -22,6 +22,7 @@
 #include <string>
 #include <vector>
 
+#include "RatioReporter.h"
 #include "common/AmountInWords.h"
 #include "host/Convert.h"
 
@@ -106,33 +107,6 @@ BENCHMARK(BM_FormatPlain)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_FormatDecimal)->Unit(benchmark::kMillisecond);
 BENCHMARK(BM_Words)->Unit(benchmark::kMillisecond);
 
-// Keeps each run's time per iteration by name, and prints as the console does.
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    for (const Run& run : runs) {
-      if (run.run_type == Run::RT_Iteration && run.iterations > 0) {
-        // CPU time: the machine is shared, and waiting for a core is no
-        // part of either side's work.
-        // The fastest repetition: the one least disturbed by the others.
-        const double seconds = run.cpu_accumulated_time / static_cast<double>(run.iterations);
-        auto [it, fresh] = seconds_.emplace(run.run_name.function_name, seconds);
-        if (!fresh && seconds < it->second) it->second = seconds;
-      }
-    }
-    ConsoleReporter::ReportRuns(runs);
-  }
-  double Ratio(const std::string& ours, const std::string& baseline) const {
-    auto a = seconds_.find(ours);
-    auto b = seconds_.find(baseline);
-    if (a == seconds_.end() || b == seconds_.end() || b->second <= 0) return -1;
-    return a->second / b->second;
-  }
-
- private:
-  std::map<std::string, double> seconds_;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -158,7 +132,7 @@ int main(int argc, char** argv) {
 
   std::printf("amounts: %zu\n", g_amounts);
   Amounts();  // build the data before any timing
-  RatioReporter reporter;
+  orvel::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   const double plain = reporter.Ratio("BM_Words", "BM_FormatPlain");
   const double decimal = reporter.Ratio("BM_Words", "BM_FormatDecimal");

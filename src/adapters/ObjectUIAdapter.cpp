@@ -80,6 +80,7 @@ int32_t ObjectUIAdapter::DeleteOrvelObject(const std::string& oidr) {
 
 void ObjectUIAdapter::SetOrvelS(const std::shared_ptr<OrvelServices>& services) {
   orvel::SetOrvelS(services);
+  Guarded([&] { return DoSetOrvelS(), true; }, false);
 }
 
 void ObjectUIAdapter::SetBO(const std::shared_ptr<Object>& bo) {

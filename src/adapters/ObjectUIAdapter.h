@@ -70,6 +70,9 @@ class ObjectUIAdapter : public OrvelObjectUI, public std::enable_shared_from_thi
   // only changed rows. Null when the record cannot be read (the text is dropped).
   virtual std::shared_ptr<OrvelObjectUIO> DoGetOrvelObject(const std::string& oidr);
   virtual int32_t DoDeleteOrvelObject(const std::string& oidr);
+  // After every SetOrvelS, whether or not it stored the services: a type
+  // that keeps settings of its own reads them here, through OrvelS().
+  virtual void DoSetOrvelS() {}
 
   // A menu entry; the third and fourth fields stay empty.
   static OrvelMenuItem MakeMenuItem(const std::string& caption, const std::string& key);

@@ -61,7 +61,7 @@ OrvelResult ObjectUIOAdapter::Methods(const std::string& name, Variant::Array& p
 }
 
 OrvelStatus ObjectUIOAdapter::Read() {
-  return GuardedStatus([&] { return inner_->Read(); });
+  return GuardedStatus([&] { return DoRead(); });
 }
 
 OrvelStatus ObjectUIOAdapter::Save(const std::shared_ptr<Recordset>& rs2,
@@ -88,5 +88,7 @@ void ObjectUIOAdapter::CancelUpdate() {
 OrvelResult ObjectUIOAdapter::DoProperties(const std::string&, const std::string&) { return {}; }
 
 OrvelResult ObjectUIOAdapter::DoMethods(const std::string&, Variant::Array&) { return {}; }
+
+OrvelStatus ObjectUIOAdapter::DoRead() { return inner_->Read(); }
 
 }  // namespace orvel

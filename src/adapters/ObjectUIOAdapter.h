@@ -42,6 +42,8 @@ class ObjectUIOAdapter : public OrvelObjectUIO,
  protected:
   virtual OrvelResult DoProperties(const std::string& propertyName, const std::string& propertyPar);
   virtual OrvelResult DoMethods(const std::string& name, Variant::Array& params);
+  // Inner's Read; a type that prepares a new record refines it.
+  virtual OrvelStatus DoRead();
 
   OrvelObjectUIO& Inner() { return *inner_; }
 

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "adapters/SmallAdapters.h"
+#include "adapters/UI0000100.h"
 #include "adapters/UI0000300.h"
 #include "module/DLLHeader.h"
 #include "module/SecurityHeader.h"
@@ -22,6 +23,8 @@ Creator Make() {
 const std::map<std::string, Creator, std::less<>>& Classes() {
   static const std::map<std::string, Creator, std::less<>> classes{
       {"DLLHeader", Make<DLLHeader>()}, {"SecurityHeader", Make<SecurityHeader>()},
+      {"UI0000100", Make<UI0000100>()},
+      {"UIO0000100", Make<UIO0000100>()},
       {"UI0000300", Make<UI0000300>()},
       {"UIO0000300", Make<UIO0000300>()},
       {"UI0000400", Make<UI0000400>()}, {"UIO0000400", Make<UIO0000400>()},

@@ -4,6 +4,7 @@
 #include "testhost/TestComponentRegistry.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestObjectSelect.h"
+#include "testhost/TestPrintDoc.h"
 
 namespace orvel {
 
@@ -38,6 +39,11 @@ std::shared_ptr<OrvelGroupSelect> TestHostClasses::NewGroupSelect() {
 std::shared_ptr<OrvelObjectSelect> TestHostClasses::NewObjectSelect() {
   lastObjectSelect_ = std::make_shared<TestObjectSelect>(log_, answers_);
   return lastObjectSelect_;
+}
+
+std::shared_ptr<OrvelPrintDoc> TestHostClasses::NewPrintDoc() {
+  lastPrintDoc_ = std::make_shared<TestPrintDoc>();
+  return lastPrintDoc_;
 }
 
 }  // namespace orvel

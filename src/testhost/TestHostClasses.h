@@ -13,6 +13,7 @@ class CallLog;
 class TestComponentRegistry;
 class TestGroupSelect;
 class TestObjectSelect;
+class TestPrintDoc;
 
 // The creatable classes of the test host. Pickers answer from the queues
 // here, in order; an empty queue means the user cancelled. The last object
@@ -30,11 +31,13 @@ class TestHostClasses : public OrvelHostClasses {
   std::shared_ptr<TestComponentRegistry> LastRegistry() const { return lastRegistry_; }
   std::shared_ptr<TestGroupSelect> LastGroupSelect() const { return lastGroupSelect_; }
   std::shared_ptr<TestObjectSelect> LastObjectSelect() const { return lastObjectSelect_; }
+  std::shared_ptr<TestPrintDoc> LastPrintDoc() const { return lastPrintDoc_; }
 
   // OrvelHostClasses
   std::shared_ptr<OrvelComponentRegistry> NewComponentRegistry() override;
   std::shared_ptr<OrvelGroupSelect> NewGroupSelect() override;
   std::shared_ptr<OrvelObjectSelect> NewObjectSelect() override;
+  std::shared_ptr<OrvelPrintDoc> NewPrintDoc() override;
 
  private:
   std::shared_ptr<CallLog> log_;
@@ -42,6 +45,7 @@ class TestHostClasses : public OrvelHostClasses {
   std::shared_ptr<TestComponentRegistry> lastRegistry_;
   std::shared_ptr<TestGroupSelect> lastGroupSelect_;
   std::shared_ptr<TestObjectSelect> lastObjectSelect_;
+  std::shared_ptr<TestPrintDoc> lastPrintDoc_;
 };
 
 }  // namespace orvel

@@ -1,0 +1,727 @@
+#include "firms/frmFirms.h"
+
+#include "common/Boundary.h"
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "firms/DragData.h"
+#include "host/Convert.h"
+#include "host/OrvelGroupSelect.h"
+#include "host/OrvelHostClasses.h"
+#include "host/OrvelObjectManager.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelRights.h"
+#include "host/OrvelServices.h"
+#include "host/OrvelWindowManager.h"
+#include "host/Recordset.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr const char* kOid = "O0000100";
+constexpr const char* kRightKey = "CFirms";
+constexpr int kRightButton = 2;
+// Long enough for a popup menu to close before a modal dialog opens.
+constexpr int kModalDelay = 10;
+// Handles 0 to 10 are released; the last one is left as it stands.
+constexpr int kReleasedHandles = 11;
+
+enum ModalActions : int32_t {
+  kNewDetail = 0,
+  kEditDetail = 1,
+  kNewFirmInfo = 2,
+  kEditFirmInfo = 3,
+};
+
+// Runs an event handler so that nothing it throws reaches the host.
+template <class F>
+void Handle(F&& body) {
+  Guarded([&] { return body(), true; }, false);
+}
+
+OrvelRights& Rights() { return *Services().Rights(); }
+
+bool TagSet(const ListItem* row) { return row && !ConcatText(row->Tag()).empty(); }
+
+}  // namespace
+
+frmFirms::frmFirms()
+    : CatalogueWindow("frmFirms", "Įmonės kortelė"),
+      mnuAccountsNew(mnuAccounts.Add("mnuAccountsNew", "Sukurti &naują")),
+      mnuAccountsEdit(mnuAccounts.Add("mnuAccountsEdit", "&Redaguoti")),
+      mnuAccountsDelete(mnuAccounts.Add("mnuAccountsDelete", "&Panaikinti")),
+      mnuToDesktop(mnuMain.Add("mnuToDesktop", "Padėti &ant darbo stalo")),
+      mnuGoodsToDesktop(mnuMain.Add("mnuGoodsToDesktop", "Padėti &prekę ant darbo stalo")),
+      mnuPreview(mnuMain.Add("mnuPreview", "&Peržiūros nustatymai")),
+      mnuRefresh(mnuMain.Add("mnuRefresh", "&Atnaujinti")),
+      mnuBlank(mnuMain.Add("mnuBlank", "-")),
+      mnuFirmDelete(mnuMain.Add("mnuFirmDelete", "&Panaikinti")),
+      mnuFirmParametersNew(mnuFirmParameters.Add("mnuFirmParametersNew", "Sukurti &naują")),
+      mnuFirmParametersEdit(mnuFirmParameters.Add("mnuFirmParametersEdit", "&Redaguoti")),
+      mnuFirmParametersDelete(mnuFirmParameters.Add("mnuFirmParametersDelete", "&Panaikinti")),
+      mnuFirmInfoAdd(mnuFirmInfo.Add("mnuFirmInfoAdd", "Sukurti &naują")),
+      mnuFirmInfoEdit(mnuFirmInfo.Add("mnuFirmInfoEdit", "&Redaguoti")),
+      mnuFirmInfoDelete(mnuFirmInfo.Add("mnuFirmInfoDelete", "&Panaikinti")),
+      mnuDiscountNew(mnuDiscount.Add("mnuDiscountNew", "Sukurti &naują")),
+      mnuDiscountEdit(mnuDiscount.Add("mnuDiscountEdit", "&Redaguoti")),
+      mnuBlank0(mnuDiscount.Add("mnuBlank0", "-")),
+      mnuDiscountDelete(mnuDiscount.Add("mnuDiscountDelete", "&Panaikinti")),
+      mnuBlank1(mnuDiscount.Add("mnuBlank1", "-")),
+      mnuDiscountRefresh(mnuDiscount.Add("mnuDiscountRefresh", "&Atnaujinti")),
+      mnuNewWithCopy(mnuNew.Add("mnuNewWithCopy", "Kopijoti")),
+      mnuContractToDeskTop(mnuContracts.Add("mnuContractToDeskTop", "Padėti &ant darbo stalo")),
+      mnuContractRefresh(mnuContracts.Add("mnuContractRefresh", "&Atnaujinti")) {
+  lblCroup.SetCaption("Įmonių grupė:");
+  timerModal.SetEnabled(false);
+  timerModal.SetInterval(kModalDelay);
+  for (Control* control : std::initializer_list<Control*>{
+           &lblInfo, &timerModal, &cmdParentGroup, &txtGroup, &lblCroup, &lblDebt, &lblCredit,
+           &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo, &mnuDiscount, &mnuNew,
+           &mnuContracts}) {
+    Register(*control);
+  }
+
+  // The frame's own handlers replace the shared ones where the firm differs.
+  SSCNew.OnClick = [this] { SSCNew_Click(); };
+  SSCNew.OnMouseUp = [this](int button, int shift) { SSCNew_MouseUp(button, shift); };
+  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
+  cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
+  timerModal.OnTimer = [this] { timerModal_Timer(); };
+  if (OrvelGrid) {
+    OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
+    OrvelGrid->OnListMouseUp = [this](const std::string& key, int index, int button, int shift) {
+      OrvelGrid_ListMouseUp(key, index, button, shift);
+    };
+    OrvelGrid->OnListDoubleClick = [this](int index) { OrvelGrid_ListDoubleClick(index); };
+    OrvelGrid->OnListDragOver = [this](std::shared_ptr<Object> data, int& effect) {
+      OrvelGrid_ListDragOver(data, effect);
+    };
+    OrvelGrid->OnListDragDrop = [this](std::shared_ptr<Object> data) {
+      OrvelGrid_ListDragDrop(data);
+    };
+  }
+
+  const std::pair<Menu*, void (frmFirms::*)()> clicks[] = {
+      {&mnuAccountsNew, &frmFirms::mnuAccountsNew_Click},
+      {&mnuAccountsEdit, &frmFirms::mnuAccountsEdit_Click},
+      {&mnuAccountsDelete, &frmFirms::mnuAccountsDelete_Click},
+      {&mnuFirmParametersNew, &frmFirms::mnuFirmParametersNew_Click},
+      {&mnuFirmParametersEdit, &frmFirms::mnuFirmParametersEdit_Click},
+      {&mnuFirmParametersDelete, &frmFirms::mnuFirmParametersDelete_Click},
+      {&mnuFirmInfoAdd, &frmFirms::mnuFirmInfoAdd_Click},
+      {&mnuFirmInfoEdit, &frmFirms::mnuFirmInfoEdit_Click},
+      {&mnuFirmInfoDelete, &frmFirms::mnuFirmInfoDelete_Click},
+      {&mnuDiscountNew, &frmFirms::mnuDiscountNew_Click},
+      {&mnuDiscountEdit, &frmFirms::mnuDiscountEdit_Click},
+      {&mnuDiscountDelete, &frmFirms::mnuDiscountDelete_Click},
+      {&mnuDiscountRefresh, &frmFirms::mnuDiscountRefresh_Click},
+      {&mnuContractRefresh, &frmFirms::mnuContractRefresh_Click},
+      {&mnuToDesktop, &frmFirms::mnuToDesktop_Click},
+      {&mnuContractToDeskTop, &frmFirms::mnuContractToDeskTop_Click},
+      {&mnuGoodsToDesktop, &frmFirms::mnuGoodsToDesktop_Click},
+      {&mnuRefresh, &frmFirms::mnuRefresh_Click},
+      {&mnuPreview, &frmFirms::mnuPreview_Click},
+      {&mnuFirmDelete, &frmFirms::mnuFirmDelete_Click},
+      {&mnuNewWithCopy, &frmFirms::mnuNewWithCopy_Click},
+  };
+  for (const auto& [menu, handler] : clicks) {
+    menu->OnClick = [this, handler = handler] { Handle([&] { (this->*handler)(); }); };
+  }
+}
+
+frmFirms::~frmFirms() = default;
+
+// ---- list handles ----
+
+ListView& frmFirms::List(int index) const {
+  if (index < 0 || index >= kListHandles) {
+    throw RuntimeError(RuntimeError::kSubscript, "No list handle " + std::to_string(index));
+  }
+  const ListHandle& handle = lists_[index];
+  if (!handle.view || handle.generation != generation_) {
+    throw RuntimeError(RuntimeError::kObjectNotSet,
+                       "The list of tab " + std::to_string(index) + " is not set");
+  }
+  return *handle.view;
+}
+
+bool frmFirms::HasListHandle(int index) const {
+  return index >= 0 && index < kListHandles && lists_[index].view != nullptr;
+}
+
+void frmFirms::ReleaseLists() {
+  // Stops before the last handle. A firm with every tab keeps its eleventh
+  // list until the next AddTab replaces it; the release loop has always had
+  // this bound and later start-ups depend only on handle 1, so it stays.
+  for (int i = 0; i < kReleasedHandles; ++i) lists_[i] = ListHandle{};
+}
+
+int16_t frmFirms::AddTab(int16_t index, const std::string& key, const std::string& caption) {
+  ListView& list = OrvelGrid->AddTab(key, caption);
+  lists_[index] = ListHandle{&list, generation_};
+  return index;
+}
+
+void frmFirms::ClearTabs() {
+  OrvelGrid->ClearTabs();
+  ++generation_;
+}
+
+bool frmFirms::Saved() { return OIDR().size() >= 9; }
+
+ListItem* frmFirms::Selected(int index) const { return List(index).SelectedItem(); }
+
+bool frmFirms::HasSelection(int index) const { return Selected(index) != nullptr; }
+
+// ---- start-up ----
+
+void frmFirms::Form_Load() {
+  InitForm();
+  Handle([&] { MsgTitle = AppTitle(); });
+}
+
+void frmFirms::Form_Unload() {
+  ReleaseLists();
+  CatalogueWindow::Form_Unload();
+}
+
+void frmFirms::AddFirmTabs(int16_t& counter) {
+  const bool contracts = Rights().CanRead("CContracts", 0);
+  const bool accounts = Rights().Allowed("CFirmsAC", 0);
+  if (IsGroup) {
+    FirmsTab = AddTab(counter, "Firms", "Įmonės");
+    return;
+  }
+  TrafficTab = AddTab(counter, "Traffic", "Įmonės dokumentai");
+  if (contracts) ContractsTab = AddTab(++counter, "FirmContracts", "Sutartys");
+  GoodsTab = AddTab(++counter, "GOODS", "Įmonės pirktos prekės");
+  if (accounts) AccountsTab = AddTab(++counter, "Accounts", "Atsiskaitomosios sąskaitos");
+  AddressesTab = AddTab(++counter, "FirmAddresses", "Adresai");
+  ContactsTab = AddTab(++counter, "FirmContacts", "Kontaktai");
+  if (!OIDR().empty() && CLng(Uio().Fields("GroupFlag").Value()) == 0 &&
+      CBool(Uio().Properties("CheckBranch", "").Value)) {
+    BranchTab = AddTab(++counter, "FirmBRANCH", "Filialai");
+  }
+  ServersTab = AddTab(++counter, "FirmServers", "Vadybininkas atsakingas už įmonės aptarnavimą");
+  InfoTab = AddTab(++counter, "FirmInfo", "Įmonės informacija");
+  ActivityTab = AddTab(++counter, "FirmActivity", "Įmonės veikla");
+}
+
+void frmFirms::InitForm() {
+  Handle([&] {
+    auto& ui = Platform::Ui();
+    Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
+    Loading = true;
+    InitRunning = true;
+    ui.SetMousePointer(vbHourglass);
+    auto& object = Uio();
+    ParentID = NullToLong(object.Fields("ParentID").Value());
+    IsGroup = CLng(object.Fields("GroupFlag").Value()) == 1;
+    int16_t counter = 1;
+    OrvelGrid->SetServices(OrvelS());
+    OrvelGrid->SetObjectUIO(OrvelObjectUIO());
+    OrvelGrid->SetLabelWidth(2000);
+    if (!HasListHandle(1)) AddFirmTabs(counter);
+    if (IsGroup) {
+      LoadFirmsList();
+    } else {
+      LoadBranches();
+      LoadAddresses();
+      LoadContacts();
+      LoadManagers();
+      if (Rights().CanRead("CContracts", 0)) LoadContracts(false);
+      LoadFirmInfo();
+      LoadTraffic(false);
+      if (Rights().Allowed("CFirmsAC", 0)) LoadAccounts();
+      LoadActivity();
+    }
+    // Added outside the guard above. After cmdCancel the other tabs are kept
+    // and the counter still stands at 1, so Discounts comes again at number 2
+    // and takes over handle 2 from whichever tab held it. The window has
+    // always behaved so after a cancel, and the Discounts menus follow that
+    // number; keep the counter and the guard as they are.
+    DiscountsTab = AddTab(++counter, "Discounts", "Nuolaidos");
+    LoadDiscounts();
+    OrvelGrid->FillFields();
+    Initialized = true;
+    IsNew = OIDR().empty();
+    IsRoot = ParentID == 0;
+    ParentObject =
+        IsRoot ? nullptr : object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
+    ShowGroupLine();
+    lblDebt.SetCaption("Informacija...");
+    // The panel has no tool tip of its own here; the creator line rides in
+    // its Tag, where a renderer shows it on hover.
+    SOPanel.SetTag(CreatorLine(object));
+    Loading = false;
+    InitRunning = false;
+    ui.SetMousePointer(vbDefault);
+    SSCNew.SetEnabled(!OIDR().empty());
+    if (OIDR().empty() && !IsGroup) ApplyTypeAndRegion();
+    SetEditState(false);
+  });
+  Loading = false;
+  InitRunning = false;
+  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+}
+
+void frmFirms::ApplyTypeAndRegion() {
+  Variant::Array none;
+  if (Uio().Methods("SetTypeAndRegion", none).Number != 0) return;
+  OrvelGrid->RefreshField("FirmTypeID");
+  OrvelGrid->RefreshField("RegionID");
+}
+
+void frmFirms::UpdateCaption() {
+  const bool stored = !OIDR().empty();
+  if (IsGroup) {
+    SOPanel.SetCaption(stored ? "Įmonių grupė" : "Nauja įmonių grupė");
+  } else {
+    SOPanel.SetCaption(stored ? "Įmonės kortelė" : "Nauja įmonė");
+  }
+}
+
+void frmFirms::ShowGroupLine() {
+  if (IsRoot) {
+    txtGroup.SetText("");
+  } else {
+    try {
+      if (!ParentObject) throw RuntimeError(RuntimeError::kObjectNotSet, "No parent group");
+      txtGroup.SetText(ConcatText(ParentObject->Fields("PreviewPath").Value()) +
+                       ParentObject->Preview());
+    } catch (...) {
+      // A parent that cannot be shown leaves the line as it stood.
+    }
+  }
+  UpdateCaption();
+}
+
+void frmFirms::SetEditState(bool enable) {
+  if (enable) {
+    enable = IsNew ? Rights().CanInsert(kRightKey, 0) : Rights().CanUpdate(kRightKey, 0);
+  }
+  cmdEnter.SetEnabled(enable);
+  cmdCancel.SetEnabled(enable);
+}
+
+void frmFirms::OrvelGrid_FieldChanged() {
+  Handle([&] { SetEditState(true); });
+}
+
+// ---- frame ----
+
+void frmFirms::QueryRemove(bool& cancel) {
+  Handle([&] {
+    if (cmdEnter.Enabled()) {
+      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
+                                         vbYesNo + vbExclamation, MsgTitle);
+      if (answer == vbNo) cancel = true;
+    }
+    SSCClose.SetEnabled(cancel);
+  });
+}
+
+void frmFirms::SSCClose_MouseUp(int button, int) {
+  Handle([&] {
+    if (button != kRightButton || !SSCNew.Enabled()) return;
+    if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
+                              vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
+      return;
+    }
+    std::string oidr = OIDR();
+    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
+    if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
+      Services().WindowManager()->RemoveWindow(oidr, true);
+    }
+  });
+}
+
+void frmFirms::SSCNew_Click() {
+  Handle([&] { NewFromCurrent(false); });
+}
+
+void frmFirms::SSCNew_MouseUp(int button, int) {
+  // No test of SSCNew's own state: the menu opens whenever the event comes.
+  Handle([&] {
+    if (button == kRightButton) Platform::Ui().PopupMenu(mnuNew);
+  });
+}
+
+void frmFirms::mnuNewWithCopy_Click() { NewFromCurrent(true); }
+
+void frmFirms::NewFromCurrent(bool copy) {
+  auto& object = Uio();
+  const std::string oldOidr = OIDR();
+  const Variant oldFlag = object.Fields("GroupFlag").Value();
+  const Variant oldName = object.Fields("Name").Value();
+  auto windows = Services().WindowManager();
+  if (windows->QueryRemove(oldOidr, true)) return;
+  object.SetOIDR("");
+  if (object.Read().Number != 0) return;
+  object.Fields("ParentID").SetValue(ParentID == 0 ? Variant::Null() : Variant(ParentID));
+  object.Fields("GroupFlag").SetValue(oldFlag);
+  if (copy) object.Fields("Name").SetValue(oldName);
+  ReleaseLists();
+  ClearTabs();
+  InitForm();
+  if (!oldOidr.empty()) windows->Rekey(oldOidr, Self());
+  SSCNew.SetEnabled(false);
+}
+
+void frmFirms::cmdParentGroup_Click() {
+  Handle([&] {
+    auto picker = Platform::Classes().NewGroupSelect();
+    picker->SetOType(kOid);
+    picker->SetRootOType(kOid);
+    picker->SetSelectKind("Group GroupNA");
+    picker->SetCaption("Pažymėkite norimą grupę");
+    picker->SetExcludeTypes("'C'");
+    picker->Show();
+    std::string result = picker->ResultOIDR();
+    int at = InStrRev(result, "O");
+    if (at == 0) return;
+    std::string choice = Mid(result, at);
+    if (choice == OIDR()) return;
+    if (choice.size() < 9) {
+      Uio().Fields("ParentID").SetValue(Variant(0));
+      txtGroup.SetText("");
+    } else {
+      auto adapter = Services().ObjectManager()->GetOrvelObjectUI(kOid);
+      auto group = adapter ? adapter->GetOrvelObject(choice) : nullptr;
+      if (!group) return;
+      Uio().Fields("ParentID").SetValue(group->Fields("ID").Value());
+      try {
+        txtGroup.SetText(ConcatText(group->Fields("PreviewPath").Value()) + group->Preview());
+      } catch (...) {
+        // The path is only shown; the choice is made.
+      }
+    }
+    SetEditState(true);
+  });
+}
+
+// ---- lists ----
+
+void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
+  Handle([&] {
+    if (button != kRightButton) return;
+    CurrentTab = static_cast<int16_t>(tabIndex + 1);
+    for (Menu* item :
+         {&mnuGoodsToDesktop, &mnuPreview, &mnuRefresh, &mnuFirmDelete, &mnuToDesktop}) {
+      item->SetVisible(false);
+    }
+    auto& ui = Platform::Ui();
+    const bool saved = Saved();
+    if (tabKey == "Accounts") {
+      // Shown or hidden, not enabled: Edit then copies an Enabled nobody set.
+      mnuAccountsDelete.SetVisible(HasSelection(CurrentTab));
+      mnuAccountsEdit.SetEnabled(mnuAccountsDelete.Enabled());
+      mnuAccountsNew.SetEnabled(saved);
+      ui.PopupMenu(mnuAccounts);
+    } else if (tabKey == "GOODS") {
+      mnuGoodsToDesktop.SetVisible(true);
+      mnuPreview.SetVisible(true);
+      mnuToDesktop.SetVisible(true);
+      mnuToDesktop.SetEnabled(HasSelection(CurrentTab));
+      mnuGoodsToDesktop.SetEnabled(mnuToDesktop.Enabled());
+      mnuPreview.SetEnabled(saved);
+      ui.PopupMenu(mnuMain);
+    } else if (tabKey == "Firms") {
+      mnuFirmDelete.SetVisible(true);
+      mnuRefresh.SetVisible(true);
+      mnuToDesktop.SetVisible(true);
+      if (ListItem* row = Selected(CurrentTab)) mnuToDesktop.SetEnabled(row->Key() != "more");
+      mnuFirmDelete.SetEnabled(mnuToDesktop.Enabled());
+      mnuRefresh.SetEnabled(saved);
+      ui.PopupMenu(mnuMain);
+    } else if (tabKey == "Traffic") {
+      mnuFirmDelete.SetVisible(true);
+      mnuRefresh.SetVisible(true);
+      mnuPreview.SetVisible(true);
+      mnuToDesktop.SetVisible(true);
+      mnuToDesktop.SetEnabled(TagSet(Selected(CurrentTab)));
+      mnuFirmDelete.SetEnabled(mnuToDesktop.Enabled());
+      mnuRefresh.SetEnabled(saved);
+      mnuPreview.SetEnabled(saved);
+      ui.PopupMenu(mnuMain);
+    } else if (tabKey == "FirmParameters" || tabKey == "FirmContacts" ||
+               tabKey == "FirmAddresses" || tabKey == "FirmServers" || tabKey == "FirmActivity") {
+      mnuFirmParametersDelete.SetEnabled(HasSelection(CurrentTab));
+      mnuFirmParametersEdit.SetEnabled(mnuFirmParametersDelete.Enabled());
+      mnuFirmParametersNew.SetEnabled(saved);
+      ui.PopupMenu(mnuFirmParameters);
+    } else if (tabKey == "FirmInfo") {
+      mnuFirmInfoDelete.SetEnabled(HasSelection(CurrentTab));
+      mnuFirmInfoEdit.SetEnabled(mnuFirmInfoDelete.Enabled());
+      mnuFirmInfoAdd.SetEnabled(saved);
+      ui.PopupMenu(mnuFirmInfo);
+    } else if (tabKey == "Discounts") {
+      if (!Rights().Allowed("CCatalogueDiscounts", 0)) return;
+      mnuDiscountDelete.SetEnabled(HasSelection(CurrentTab));
+      mnuDiscountEdit.SetEnabled(mnuDiscountDelete.Enabled());
+      mnuDiscountNew.SetEnabled(saved);
+      ui.PopupMenu(mnuDiscount);
+    } else if (tabKey == "FirmContracts") {
+      mnuContractToDeskTop.SetEnabled(TagSet(Selected(CurrentTab)));
+      ui.PopupMenu(mnuContracts);
+    }
+  });
+}
+
+void frmFirms::OrvelGrid_ListDoubleClick(int tabIndex) {
+  Handle([&] {
+    const int index = tabIndex + 1;
+    ListItem* row = Selected(index);
+    if (!row) return;
+    CurrentTab = static_cast<int16_t>(index);
+    if (index == AccountsTab) {
+      EditAccount(false);
+    } else if (index == TrafficTab) {
+      if (row->SmallIcon() == "more") LoadTraffic(true);
+    } else if (index == AddressesTab || index == ContactsTab || index == ServersTab ||
+               index == ActivityTab) {
+      EditDetail(false);
+    } else if (index == InfoTab) {
+      EditFirmInfo(false);
+    } else if (index == DiscountsTab) {
+      mnuDiscountEdit_Click();
+    } else if (index == ContractsTab) {
+      if (row->SmallIcon() == "more") LoadContracts(true);
+    }
+  });
+}
+
+bool frmFirms::RefuseUnsaved() {
+  if (Saved()) return false;
+  Platform::Ui().MsgBox("Išsaugokite naujai sukurtą įmonę", vbExclamation, MsgTitle);
+  return true;
+}
+
+void frmFirms::EditDetail(bool) { RefuseUnsaved(); }
+
+void frmFirms::EditAccount(bool) { RefuseUnsaved(); }
+
+void frmFirms::EditFirmInfo(bool) {}
+
+void frmFirms::timerModal_Timer() {
+  Handle([&] {
+    timerModal.SetEnabled(false);
+    switch (ModalAction) {
+      case kNewDetail:
+        EditDetail(true);
+        break;
+      case kEditDetail:
+        EditDetail(false);
+        break;
+      case kNewFirmInfo:
+        EditFirmInfo(true);
+        break;
+      case kEditFirmInfo:
+        EditFirmInfo(false);
+        break;
+      default:
+        break;
+    }
+  });
+}
+
+// ---- menu actions ----
+
+void frmFirms::mnuAccountsNew_Click() { EditAccount(true); }
+
+void frmFirms::mnuAccountsEdit_Click() { EditAccount(false); }
+
+void frmFirms::mnuAccountsDelete_Click() {
+  ListItem* row = Selected(CurrentTab);
+  if (!row) return;
+  if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?", vbYesNo + vbExclamation, MsgTitle) ==
+      vbNo) {
+    return;
+  }
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI("O0000500")) {
+    adapter->DeleteOrvelObject(row->Key());
+  }
+  LoadAccounts();
+}
+
+void frmFirms::mnuFirmParametersNew_Click() {
+  ModalAction = kNewDetail;
+  timerModal.SetEnabled(true);
+}
+
+void frmFirms::mnuFirmParametersEdit_Click() {
+  ModalAction = kEditDetail;
+  timerModal.SetEnabled(true);
+}
+
+void frmFirms::mnuFirmInfoAdd_Click() {
+  ModalAction = kNewFirmInfo;
+  timerModal.SetEnabled(true);
+}
+
+void frmFirms::mnuFirmInfoEdit_Click() {
+  ModalAction = kEditFirmInfo;
+  timerModal.SetEnabled(true);
+}
+
+void frmFirms::DeleteRowObject(const std::string& key, const std::string& prompt) {
+  if (Platform::Ui().MsgBox(prompt, vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
+    adapter->DeleteOrvelObject(key);
+  }
+}
+
+void frmFirms::mnuFirmParametersDelete_Click() {
+  ListItem* row = Selected(CurrentTab);
+  if (!row) return;
+  const int tab = CurrentTab;
+  std::string key = row->Key();
+  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
+    adapter->DeleteOrvelObject(key);
+  }
+  ReloadDetail(tab);
+}
+
+void frmFirms::mnuFirmInfoDelete_Click() {
+  ListItem* row = Selected(InfoTab);
+  if (!row) return;
+  std::string id = std::to_string(static_cast<int64_t>(Val(row->Key())));
+  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
+  Variant::Array params{Variant(id)};
+  Uio().Methods("DeleteFirmInfo", params);
+  LoadFirmInfo();
+}
+
+void frmFirms::mnuDiscountNew_Click() {
+  auto discount = Services().ObjectManager()->GetOrvelObject("O1000600");
+  if (!discount) throw RuntimeError(RuntimeError::kObjectNotSet, "No discount object");
+  discount->Fields("FirmID").SetValue(Variant(Mid(OIDR(), 9)));
+  auto form = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
+  Services().WindowManager()->ShowWindow(form);
+}
+
+void frmFirms::ToDesktop(const std::string& oidr) {
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(oidr)) {
+    adapter->AddToDeskTopOrvelObject(oidr);
+  }
+}
+
+void frmFirms::mnuDiscountEdit_Click() {
+  ListItem* row = Selected(DiscountsTab);
+  if (row) ToDesktop(ConcatText(row->Tag()));
+}
+
+void frmFirms::mnuDiscountDelete_Click() {
+  ListItem* row = Selected(DiscountsTab);
+  if (!row) return;
+  std::string tag = ConcatText(row->Tag());
+  DeleteRowObject(tag, "Ar tikrai norite panaikinti?");
+  LoadDiscounts();
+}
+
+void frmFirms::mnuDiscountRefresh_Click() { LoadDiscounts(); }
+
+void frmFirms::mnuContractRefresh_Click() { LoadContracts(true); }
+
+void frmFirms::mnuToDesktop_Click() {
+  if (ListItem* row = Selected(CurrentTab)) ToDesktop(ConcatText(row->Tag()));
+}
+
+void frmFirms::mnuContractToDeskTop_Click() { mnuToDesktop_Click(); }
+
+void frmFirms::mnuGoodsToDesktop_Click() {
+  if (ListItem* row = Selected(CurrentTab)) {
+    ToDesktop(ConcatText(row->ListSubItems().Item("Number").Tag()));
+  }
+}
+
+void frmFirms::mnuRefresh_Click() {
+  if (CurrentTab == FirmsTab) {
+    LoadFirmsList();
+  } else if (CurrentTab == TrafficTab) {
+    LoadTraffic(true);
+  }
+}
+
+void frmFirms::mnuPreview_Click() {
+  if (CurrentTab == GoodsTab) {
+    LoadGoods(true);
+    return;
+  }
+  Variant period = Services().ObjectManager()->Call("GetNewPeriod", "").Value;
+  if (period == Period) return;
+  Period = std::move(period);
+  LoadTraffic(true);
+}
+
+void frmFirms::mnuFirmDelete_Click() {
+  if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?", vbOKCancel + vbExclamation, MsgTitle) !=
+      vbOK) {
+    return;
+  }
+  ListItem* row = Selected(CurrentTab);
+  if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "No row is selected");
+  std::string tag = ConcatText(row->Tag());
+  auto adapter = Services().ObjectManager()->GetOrvelObjectUI(tag);
+  if (adapter && adapter->DeleteOrvelObject(tag) == 0) {
+    List(CurrentTab).ListItems().Remove(tag);
+  } else {
+    Platform::Ui().MsgBox("Operacija uždrausta!", vbOKCancel + vbExclamation, MsgTitle);
+  }
+}
+
+// ---- drag and drop ----
+
+void frmFirms::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
+  Handle([&] {
+    auto drag = std::dynamic_pointer_cast<DragData>(data);
+    std::string text = drag ? drag->GetText() : std::string();
+    if (CLng(Uio().Fields("GroupFlag").Value()) == 0 || Left(text, 8) != kOid ||
+        OIDR().size() < 9) {
+      effect = 0;
+    }
+  });
+}
+
+void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
+  Handle([&] {
+    auto drag = std::dynamic_pointer_cast<DragData>(data);
+    if (!drag) return;
+    auto ui = Uio().UI();
+    auto dragged = ui ? ui->GetOrvelObject(drag->GetText()) : nullptr;
+    if (!dragged) return;
+    std::string draggedCode = ConcatText(dragged->Fields("OwnCode").Value());
+    std::string ownCode = ConcatText(Uio().Fields("OwnCode").Value());
+    // A group cannot move under itself or under one of its own descendants.
+    if (CLng(dragged->Fields("GroupFlag").Value()) == 1 &&
+        Left(ownCode, Len(draggedCode)) == draggedCode) {
+      return;
+    }
+    try {
+      auto rs = dragged->RsFields();
+      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No fields");
+      AddFirmRow(rs->Fields());
+    } catch (...) {
+      return;  // already listed here
+    }
+    dragged->Fields("ParentID").SetValue(Uio().Fields("ID").Value());
+    dragged->Save(nullptr, nullptr);
+  });
+}
+
+void frmFirms::AddFirmRow(Fields& fields) {
+  std::string oidr = fields.Exists("OIDR") ? ConcatText(fields.Item("OIDR").Value())
+                                           : kOid + ConcatText(fields.Item("ID").Value());
+  std::string preview = fields.Exists("Preview") ? ConcatText(fields.Item("Preview").Value())
+                                                 : ConcatText(fields.Item("Name").Value());
+  const bool group = CLng(fields.Item("GroupFlag").Value()) == 1;
+  ListItem& row = List(FirmsTab).ListItems().Add(0, oidr, preview, group ? "stdClose" : "C0000100");
+  row.SetTag(Variant(oidr));
+}
+
+}  // namespace orvel

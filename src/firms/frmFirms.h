@@ -1,0 +1,211 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "common/CatalogueWindow.h"
+#include "host/Variant.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+
+namespace orvel {
+
+class Fields;
+
+// The window on one firm or firm group: the field sheet, the list tabs under
+// it and the debt line. A group lists its member firms and takes firms dropped
+// on it; a firm lists its documents, contracts, accounts and details.
+//
+// Tabs are numbered from 1 in the order they were added (the grid counts from
+// 0, so its event index is one less); list handle 0 stays empty. Each tab's
+// number is kept in its *Tab field, 0 when the tab was not made.
+class frmFirms : public CatalogueWindow {
+ public:
+  static constexpr int kListHandles = 12;
+
+  frmFirms();
+  ~frmFirms() override;
+
+  // OrvelWindow
+  void QueryRemove(bool& cancel) override;
+
+  void InitForm() override;
+
+  // Event handlers.
+  void SSCNew_Click();
+  void SSCNew_MouseUp(int button, int shift = 0);
+  void SSCClose_MouseUp(int button, int shift = 0);
+  void mnuNewWithCopy_Click();
+  void cmdParentGroup_Click();
+  void OrvelGrid_FieldChanged();
+  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int shift);
+  void OrvelGrid_ListDoubleClick(int tabIndex);
+  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect);
+  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data);
+  void timerModal_Timer();
+
+  void mnuAccountsNew_Click();
+  void mnuAccountsEdit_Click();
+  void mnuAccountsDelete_Click();
+  void mnuFirmParametersNew_Click();
+  void mnuFirmParametersEdit_Click();
+  void mnuFirmParametersDelete_Click();
+  void mnuFirmInfoAdd_Click();
+  void mnuFirmInfoEdit_Click();
+  void mnuFirmInfoDelete_Click();
+  void mnuDiscountNew_Click();
+  void mnuDiscountEdit_Click();
+  void mnuDiscountDelete_Click();
+  void mnuDiscountRefresh_Click();
+  void mnuContractRefresh_Click();
+  void mnuToDesktop_Click();
+  void mnuContractToDeskTop_Click();
+  void mnuGoodsToDesktop_Click();
+  void mnuRefresh_Click();
+  void mnuPreview_Click();
+  void mnuFirmDelete_Click();
+
+  // Makes a new record in this window: the parent group and the group flag
+  // carry over, and with `copy` the name too.
+  void NewFromCurrent(bool copy);
+  // Clears list handles 0 to 10.
+  void ReleaseLists();
+  // cmdEnter and cmdCancel on when `enable` and the user may write the record.
+  void SetEditState(bool enable);
+
+  // The list of tab `index`; RuntimeError 91 when the handle is empty or its
+  // tab was cleared.
+  ListView& List(int index) const;
+  // Whether handle `index` was set and not released (it may be stale).
+  bool HasListHandle(int index) const;
+
+  // Controls.
+  Label lblInfo{"lblInfo"};
+  Timer timerModal{"timerModal"};
+  Button cmdParentGroup{"cmdParentGroup"};
+  TextBox txtGroup{"txtGroup"};
+  Label lblCroup{"lblCroup"};
+  Label lblDebt{"lblDebt"};
+  Label lblCredit{"lblCredit"};
+
+  Menu mnuAccounts{"mnuAccounts"};
+  Menu& mnuAccountsNew;
+  Menu& mnuAccountsEdit;
+  Menu& mnuAccountsDelete;
+  Menu mnuMain{"mnuMain"};
+  Menu& mnuToDesktop;
+  Menu& mnuGoodsToDesktop;
+  Menu& mnuPreview;
+  Menu& mnuRefresh;
+  Menu& mnuBlank;
+  Menu& mnuFirmDelete;
+  Menu mnuFirmParameters{"mnuFirmParameters"};
+  Menu& mnuFirmParametersNew;
+  Menu& mnuFirmParametersEdit;
+  Menu& mnuFirmParametersDelete;
+  Menu mnuFirmInfo{"mnuFirmInfo"};
+  Menu& mnuFirmInfoAdd;
+  Menu& mnuFirmInfoEdit;
+  Menu& mnuFirmInfoDelete;
+  Menu mnuDiscount{"mnuDiscount"};
+  Menu& mnuDiscountNew;
+  Menu& mnuDiscountEdit;
+  Menu& mnuBlank0;
+  Menu& mnuDiscountDelete;
+  Menu& mnuBlank1;
+  Menu& mnuDiscountRefresh;
+  Menu mnuNew{"mnuNew"};
+  Menu& mnuNewWithCopy;
+  Menu mnuContracts{"mnuContracts"};
+  Menu& mnuContractToDeskTop;
+  Menu& mnuContractRefresh;
+
+  // Window state.
+  std::shared_ptr<Object> ShowHost;
+  std::shared_ptr<orvel::OrvelObjectUIO> ParentObject;
+  int32_t ParentID = 0;
+  bool IsGroup = false;
+  bool IsRoot = false;
+  bool IsNew = false;
+  bool Loading = false;
+  int16_t TrafficTab = 0;
+  int16_t GoodsTab = 0;
+  int16_t AccountsTab = 0;
+  int16_t FirmsTab = 0;
+  int16_t BranchTab = 0;
+  int16_t AddressesTab = 0;
+  int16_t ContactsTab = 0;
+  int16_t ServersTab = 0;
+  int16_t InfoTab = 0;
+  int16_t ActivityTab = 0;
+  int16_t DiscountsTab = 0;
+  int16_t ContractsTab = 0;
+  int16_t CurrentTab = 0;
+  double Limit = 0;
+  double LimitTerm = 0;
+  double Debt = 0;
+  std::string MsgTitle;
+  // The host's list period, as GetOldPeriod / GetNewPeriod hand it over.
+  Variant Period;
+  int32_t ModalAction = 0;
+
+  // The list loaders and editors; the lists' contents come with their own
+  // work, so here they only refuse what a new record cannot do.
+  virtual void LoadFirmsList() {}
+  virtual void LoadBranches() {}
+  virtual void LoadAddresses() {}
+  virtual void LoadContacts() {}
+  virtual void LoadManagers() {}
+  virtual void LoadContracts(bool more) { (void)more; }
+  virtual void LoadFirmInfo() {}
+  virtual void LoadTraffic(bool more) { (void)more; }
+  virtual void LoadAccounts() {}
+  virtual void LoadActivity() {}
+  virtual void LoadDiscounts() {}
+  virtual void LoadGoods(bool more) { (void)more; }
+  virtual void ReloadDetail(int tab) { (void)tab; }
+  virtual void EditDetail(bool isNew);
+  virtual void EditAccount(bool isNew);
+  virtual void EditFirmInfo(bool isNew);
+  // Adds a member row to the Firms tab by the record's OIDR; a row of that
+  // key already listed is the list's error.
+  void AddFirmRow(Fields& fields);
+
+ protected:
+  void Form_Load() override;
+  void Form_Unload() override;
+  // The heading by the record: new or stored, group or firm.
+  void SetCaption() override { UpdateCaption(); }
+
+ private:
+  struct ListHandle {
+    ListView* view = nullptr;
+    int generation = 0;
+  };
+
+  void UpdateCaption();
+  void ShowGroupLine();
+  void ApplyTypeAndRegion();
+  // Adds tab `key` at number `index` and keeps its list handle.
+  int16_t AddTab(int16_t index, const std::string& key, const std::string& caption);
+  void AddFirmTabs(int16_t& counter);
+  void ClearTabs();
+  bool Saved();
+  bool HasSelection(int index) const;
+  ListItem* Selected(int index) const;
+  // "Išsaugokite naujai sukurtą įmonę" on a record not saved yet: false.
+  bool RefuseUnsaved();
+  void DeleteRowObject(const std::string& key, const std::string& prompt);
+  void ToDesktop(const std::string& oidr);
+
+  std::array<ListHandle, kListHandles> lists_{};
+  // Raised by every ClearTabs: a handle of an older generation is stale.
+  int generation_ = 0;
+};
+
+}  // namespace orvel

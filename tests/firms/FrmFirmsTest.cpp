@@ -1,0 +1,642 @@
+// The firm window's frame: start-up, tabs, popup menus, the deferred dialogs,
+// drag and drop, and new records made from the current one.
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "firms/DragData.h"
+#include "firms/frmFirms.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+using Right = TestRights::Right;
+
+class TextDrag : public DragData {
+ public:
+  explicit TextDrag(std::string text) : text_(std::move(text)) {}
+  std::string GetText() override { return text_; }
+
+ private:
+  std::string text_;
+};
+
+// A window that notes which editor the deferred dialogs open.
+class RecordingFirms : public frmFirms {
+ public:
+  void EditDetail(bool isNew) override { opened.push_back(isNew ? "NewDetail" : "EditDetail"); }
+  void EditFirmInfo(bool isNew) override { opened.push_back(isNew ? "NewInfo" : "EditInfo"); }
+  std::vector<std::string> opened;
+};
+
+// Group 1 (code path "001") holds firm 2 and subgroup 4 ("001002"); firm 3
+// stands at the top.
+class FrmFirmsTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    host_.Session()->SetAppTitle("Apskaita");
+    auto& table = BO("O0000100").Table();
+    table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
+                     "PreviewPath", "FirmTypeId", "RegionID", "CreatedByUser", "CreationDate",
+                     "UpdatedByUser", "UpdateDate"});
+    table.SetDefault("GroupFlag", Variant(0));
+    table.SetDefault("ParentID", Variant::Null());
+    table.Seed(
+        {{{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}, {"OwnCode", Variant("001")}},
+         {{"Name", Variant("UAB Šilas")}, {"ParentID", Variant(1)}},
+         {{"Name", Variant("AB Vėjas")}},
+         {{"Name", Variant("Vietiniai")},
+          {"GroupFlag", Variant(1)},
+          {"ParentID", Variant(1)},
+          {"OwnCode", Variant("001002")}}});
+    firms_ = Adapter("O0000100");
+  }
+
+  std::shared_ptr<frmFirms> Open(const std::string& oidr, const char* key = "0") {
+    auto result = firms_->ClickMenu(oidr, "", key, "");
+    auto window = result.Value.ObjectAs<frmFirms>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    return window;
+  }
+
+  template <class W = RecordingFirms>
+  std::shared_ptr<W> OpenOwn(const std::string& oidr) {
+    auto window = std::make_shared<W>();
+    window->SetOrvelObjectUIO(firms_->GetOrvelObject(oidr));
+    window->Load();
+    return window;
+  }
+
+  FakeOrvelGrid& Grid(frmFirms& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
+
+  std::vector<std::string> TabKeys(frmFirms& window) {
+    std::vector<std::string> keys;
+    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
+    return keys;
+  }
+
+  void Select(frmFirms& w, const std::string& tab, const std::string& key, Variant tag = {},
+              const std::string& icon = {}) {
+    ListView& list = Grid(w).TabList(tab);
+    ListItem& row = list.ListItems().Add(0, key, key, icon);
+    row.SetTag(std::move(tag));
+    list.SetSelectedItem(&row);
+  }
+
+  std::shared_ptr<OrvelObjectUI> firms_;
+};
+
+// ---- tabs ----
+
+struct TabCase {
+  const char* name;
+  const char* oidr;
+  const char* key;  // menu key that builds the window
+  bool contracts;
+  bool accounts;
+  int exist;  // CheckBranch's answer
+  std::vector<std::string> tabs;
+  int16_t goodsTab, discountsTab;
+};
+
+class FrmFirmsTabTest : public FrmFirmsTest, public ::testing::WithParamInterface<TabCase> {};
+
+TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
+  const TabCase& c = GetParam();
+  if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
+  if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
+  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
+  exist->AddRow({Variant(c.exist)});
+  BO("O0000100").ReplyRead("CheckBranch", exist);
+  auto w = Open(c.oidr, c.key);
+  ASSERT_TRUE(w);
+  EXPECT_EQ(TabKeys(*w), c.tabs);
+  EXPECT_EQ(w->GoodsTab, c.goodsTab);
+  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+  EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
+  for (int i = 1; i <= static_cast<int>(c.tabs.size()); ++i) {
+    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+  }
+  EXPECT_FALSE(w->HasListHandle(0));
+}
+
+const std::vector<std::string> kAllFirmTabs{
+    "Traffic",    "FirmContracts", "GOODS",    "Accounts",     "FirmAddresses", "FirmContacts",
+    "FirmBRANCH", "FirmServers",   "FirmInfo", "FirmActivity", "Discounts"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmFirmsTabTest,
+    ::testing::Values(
+        TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1, kAllFirmTabs, 3, 11},
+        TabCase{"NoContracts",
+                "O00001002",
+                "0",
+                false,
+                true,
+                1,
+                {"Traffic", "GOODS", "Accounts", "FirmAddresses", "FirmContacts", "FirmBRANCH",
+                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
+                2,
+                10},
+        TabCase{"NoAccountsNoBranch",
+                "O00001002",
+                "0",
+                true,
+                false,
+                0,
+                {"Traffic", "FirmContracts", "GOODS", "FirmAddresses", "FirmContacts",
+                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
+                3,
+                9},
+        // A new firm has no branches to show, whatever the check says.
+        TabCase{"NewFirm",
+                "O00001001",
+                "1",
+                true,
+                true,
+                1,
+                {"Traffic", "FirmContracts", "GOODS", "Accounts", "FirmAddresses", "FirmContacts",
+                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
+                3,
+                10},
+        TabCase{"Group", "O00001001", "0", true, true, 1, {"Firms", "Discounts"}, 0, 2}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
+  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
+  exist->AddRow({Variant(1)});
+  BO("O0000100").ReplyRead("CheckBranch", exist);
+  auto w = Open("O00001002");
+  ASSERT_EQ(w->DiscountsTab, 11);
+  Grid(*w).EditField("Name", Variant("UAB Kitas"));
+  w->cmdCancel_Click();
+  auto keys = TabKeys(*w);
+  ASSERT_EQ(keys.size(), 12u);
+  EXPECT_EQ(keys.back(), "Discounts");
+  // Handle 2 and the Discounts number now point at the new list.
+  EXPECT_EQ(w->DiscountsTab, 2);
+  EXPECT_EQ(&w->List(2), &Grid(*w).Tabs()[11].list);
+  EXPECT_EQ(w->ContractsTab, 2);
+}
+
+TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
+  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
+  exist->AddRow({Variant(1)});
+  BO("O0000100").ReplyRead("CheckBranch", exist);
+  auto w = Open("O00001002");
+  ASSERT_TRUE(w->HasListHandle(11));
+  w->Unload();
+  for (int i = 0; i <= 10; ++i) EXPECT_FALSE(w->HasListHandle(i)) << i;
+  EXPECT_TRUE(w->HasListHandle(11));
+}
+
+TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
+  auto w = Open("O00001002");
+  ASSERT_TRUE(w->HasListHandle(11) || w->HasListHandle(10));
+  w->NewFromCurrent(false);  // clears the grid's tabs; the new firm lists ten
+  EXPECT_ANY_THROW(w->List(11));
+  EXPECT_NO_THROW(w->List(10));
+}
+
+// ---- captions and edit state ----
+
+struct CaptionCase {
+  const char* oidr;
+  const char* key;
+  const char* caption;
+};
+
+class FrmFirmsCaptionTest : public FrmFirmsTest,
+                            public ::testing::WithParamInterface<CaptionCase> {};
+
+TEST_P(FrmFirmsCaptionTest, HeadingTellsNewOrStoredGroupOrFirm) {
+  auto w = Open(GetParam().oidr, GetParam().key);
+  EXPECT_EQ(w->SOPanel.Caption(), GetParam().caption);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsCaptionTest,
+                         ::testing::Values(CaptionCase{"O00001002", "0", "Įmonės kortelė"},
+                                           CaptionCase{"O00001001", "0", "Įmonių grupė"},
+                                           CaptionCase{"O00001001", "1", "Nauja įmonė"},
+                                           CaptionCase{"O00001001", "3", "Nauja įmonių grupė"}));
+
+TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
+  auto w = Open("O00001002");
+  EXPECT_EQ(w->txtGroup.Text(), "Tiekėjai");
+  EXPECT_FALSE(w->IsRoot);
+  EXPECT_FALSE(w->IsNew);
+  EXPECT_EQ(w->lblDebt.Caption(), "Informacija...");
+  EXPECT_FALSE(w->cmdEnter.Enabled());
+  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_EQ(w->MsgTitle, "Apskaita");
+  auto top = Open("O00001003");
+  EXPECT_TRUE(top->IsRoot);
+  EXPECT_EQ(top->txtGroup.Text(), "");
+}
+
+struct EditCase {
+  const char* key;
+  Right right;
+  bool granted;
+  bool enabled;
+};
+
+class FrmFirmsEditStateTest : public FrmFirmsTest,
+                              public ::testing::WithParamInterface<EditCase> {};
+
+TEST_P(FrmFirmsEditStateTest, AChangeEnablesWriteOnlyWithTheRight) {
+  const EditCase& c = GetParam();
+  if (!c.granted) host_.Rights()->Deny("CFirms", c.right);
+  auto w = Open(std::string(c.key) == "0" ? "O00001002" : "O00001001", c.key);
+  Grid(*w).EditField("Name", Variant("X"));
+  EXPECT_EQ(w->cmdEnter.Enabled(), c.enabled);
+  EXPECT_EQ(w->cmdCancel.Enabled(), c.enabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsEditStateTest,
+                         ::testing::Values(EditCase{"0", Right::Update, true, true},
+                                           EditCase{"0", Right::Update, false, false},
+                                           EditCase{"0", Right::Insert, false, true},
+                                           EditCase{"1", Right::Insert, true, true},
+                                           EditCase{"1", Right::Insert, false, false},
+                                           EditCase{"1", Right::Update, false, true}));
+
+TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
+  auto w = Open("O00001002");
+  Grid(*w).EditField("Name", Variant("X"));
+  host_.Ui()->QueueAnswer(vbNo);
+  bool cancel = false;
+  w->QueryRemove(cancel);
+  EXPECT_TRUE(cancel);
+  EXPECT_TRUE(w->SSCClose.Enabled());
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Įmonės kortelė\n\nUždaryti be išsaugojimo?");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Apskaita");
+  cancel = false;
+  host_.Ui()->QueueAnswer(vbYes);
+  w->QueryRemove(cancel);
+  EXPECT_FALSE(cancel);
+  EXPECT_FALSE(w->SSCClose.Enabled());
+}
+
+// ---- popup menus ----
+
+struct PopupCase {
+  const char* name;
+  const char* oidr;
+  const char* tab;
+  bool select;
+  Variant tag;
+  const char* menu;  // "" when no menu opens
+  std::vector<std::string> shown;
+  std::vector<std::string> enabled;  // the shown entries that are enabled
+};
+
+class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterface<PopupCase> {};
+
+TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
+  const PopupCase& c = GetParam();
+  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
+  exist->AddRow({Variant(1)});
+  BO("O0000100").ReplyRead("CheckBranch", exist);
+  auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
+                                std::string(c.tab) != "Discounts"
+                            ? "1"
+                            : "0");
+  if (c.select) Select(*w, c.tab, "row", c.tag);
+  int index = -1;
+  for (size_t i = 0; i < Grid(*w).Tabs().size(); ++i) {
+    if (Grid(*w).Tabs()[i].key == c.tab) index = static_cast<int>(i);
+  }
+  ASSERT_GE(index, 0);
+  Grid(*w).ClickList(index, 2);
+  EXPECT_EQ(w->CurrentTab, index + 1);
+  const auto& popups = host_.Ui()->Popups();
+  if (std::string(c.menu).empty()) {
+    EXPECT_TRUE(popups.empty());
+    return;
+  }
+  ASSERT_EQ(popups.size(), 1u);
+  EXPECT_EQ(popups[0].menu, c.menu);
+  EXPECT_EQ(popups[0].shown, c.shown);
+  Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
+  ASSERT_NE(menu, nullptr);
+  std::vector<std::string> enabled;
+  for (const auto& name : popups[0].shown) {
+    if (menu->Find(name)->Enabled()) enabled.push_back(name);
+  }
+  EXPECT_EQ(enabled, c.enabled);
+}
+
+const std::vector<std::string> kParams{"mnuFirmParametersNew", "mnuFirmParametersEdit",
+                                       "mnuFirmParametersDelete"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Tabs, FrmFirmsPopupTest,
+    ::testing::Values(
+        PopupCase{"AccountsSelected",
+                  "O00001002",
+                  "Accounts",
+                  true,
+                  {},
+                  "mnuAccounts",
+                  {"mnuAccountsNew", "mnuAccountsEdit", "mnuAccountsDelete"},
+                  {"mnuAccountsNew", "mnuAccountsEdit", "mnuAccountsDelete"}},
+        // Delete is hidden, not disabled, so Edit stays enabled.
+        PopupCase{"AccountsEmpty",
+                  "O00001002",
+                  "Accounts",
+                  false,
+                  {},
+                  "mnuAccounts",
+                  {"mnuAccountsNew", "mnuAccountsEdit"},
+                  {"mnuAccountsNew", "mnuAccountsEdit"}},
+        PopupCase{"AccountsNewFirm",
+                  "O00001001",
+                  "Accounts",
+                  false,
+                  {},
+                  "mnuAccounts",
+                  {"mnuAccountsNew", "mnuAccountsEdit"},
+                  {"mnuAccountsEdit"}},
+        PopupCase{"GoodsSelected",
+                  "O00001002",
+                  "GOODS",
+                  true,
+                  {},
+                  "mnuMain",
+                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"},
+                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"}},
+        PopupCase{"GoodsNewFirm",
+                  "O00001001",
+                  "GOODS",
+                  false,
+                  {},
+                  "mnuMain",
+                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"},
+                  {"mnuBlank"}},
+        PopupCase{"FirmsSelected",
+                  "O00001001",
+                  "Firms",
+                  true,
+                  Variant("O00001002"),
+                  "mnuMain",
+                  {"mnuToDesktop", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
+                  {"mnuToDesktop", "mnuRefresh", "mnuBlank", "mnuFirmDelete"}},
+        PopupCase{"TrafficWithTag",
+                  "O00001002",
+                  "Traffic",
+                  true,
+                  Variant("O10000015"),
+                  "mnuMain",
+                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
+                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"}},
+        PopupCase{"TrafficWithoutTag",
+                  "O00001002",
+                  "Traffic",
+                  true,
+                  {},
+                  "mnuMain",
+                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
+                  {"mnuPreview", "mnuRefresh", "mnuBlank"}},
+        PopupCase{"ContactsSelected",
+                  "O00001002",
+                  "FirmContacts",
+                  true,
+                  {},
+                  "mnuFirmParameters",
+                  kParams,
+                  kParams},
+        PopupCase{"AddressesEmpty",
+                  "O00001002",
+                  "FirmAddresses",
+                  false,
+                  {},
+                  "mnuFirmParameters",
+                  kParams,
+                  {"mnuFirmParametersNew"}},
+        PopupCase{"ServersNewFirm",
+                  "O00001001",
+                  "FirmServers",
+                  true,
+                  {},
+                  "mnuFirmParameters",
+                  kParams,
+                  {"mnuFirmParametersEdit", "mnuFirmParametersDelete"}},
+        PopupCase{"ActivityEmpty",
+                  "O00001002",
+                  "FirmActivity",
+                  false,
+                  {},
+                  "mnuFirmParameters",
+                  kParams,
+                  {"mnuFirmParametersNew"}},
+        PopupCase{"InfoSelected",
+                  "O00001002",
+                  "FirmInfo",
+                  true,
+                  {},
+                  "mnuFirmInfo",
+                  {"mnuFirmInfoAdd", "mnuFirmInfoEdit", "mnuFirmInfoDelete"},
+                  {"mnuFirmInfoAdd", "mnuFirmInfoEdit", "mnuFirmInfoDelete"}},
+        PopupCase{"DiscountsEmpty",
+                  "O00001002",
+                  "Discounts",
+                  false,
+                  {},
+                  "mnuDiscount",
+                  {"mnuDiscountNew", "mnuDiscountEdit", "mnuBlank0", "mnuDiscountDelete",
+                   "mnuBlank1", "mnuDiscountRefresh"},
+                  {"mnuDiscountNew", "mnuBlank0", "mnuBlank1", "mnuDiscountRefresh"}},
+        PopupCase{"ContractsWithTag",
+                  "O00001002",
+                  "FirmContracts",
+                  true,
+                  Variant("O20000011"),
+                  "mnuContracts",
+                  {"mnuContractToDeskTop", "mnuContractRefresh"},
+                  {"mnuContractToDeskTop", "mnuContractRefresh"}},
+        PopupCase{"ContractsEmpty",
+                  "O00001002",
+                  "FirmContracts",
+                  false,
+                  {},
+                  "mnuContracts",
+                  {"mnuContractToDeskTop", "mnuContractRefresh"},
+                  {"mnuContractRefresh"}},
+        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", {}, {}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
+  host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
+  auto w = Open("O00001002");
+  Grid(*w).ClickList(static_cast<int>(Grid(*w).Tabs().size()) - 1, 2);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+}
+
+TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
+  auto w = Open("O00001001");
+  Select(*w, "Firms", "more", Variant("more"));
+  Grid(*w).ClickList(0, 1);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+  Grid(*w).ClickList(0, 2);
+  EXPECT_FALSE(w->mnuToDesktop.Enabled());
+  EXPECT_FALSE(w->mnuFirmDelete.Enabled());
+}
+
+// ---- deferred dialogs ----
+
+class FrmFirmsModalTest
+    : public FrmFirmsTest,
+      public ::testing::WithParamInterface<std::tuple<const char*, const char*>> {};
+
+TEST_P(FrmFirmsModalTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
+  auto [entry, editor] = GetParam();
+  auto w = OpenOwn("O00001002");
+  static_cast<Menu*>(w->mnuFirmParameters.Find(entry) ? &w->mnuFirmParameters : &w->mnuFirmInfo)
+      ->Find(entry)
+      ->Click();
+  EXPECT_TRUE(w->timerModal.Enabled());
+  EXPECT_TRUE(w->opened.empty());
+  w->timerModal.Tick();
+  EXPECT_FALSE(w->timerModal.Enabled());
+  EXPECT_EQ(w->opened, std::vector<std::string>{editor});
+  w->timerModal.Tick();
+  EXPECT_EQ(w->opened.size(), 1u);
+}
+
+INSTANTIATE_TEST_SUITE_P(Entries, FrmFirmsModalTest,
+                         ::testing::Values(std::make_tuple("mnuFirmParametersNew", "NewDetail"),
+                                           std::make_tuple("mnuFirmParametersEdit", "EditDetail"),
+                                           std::make_tuple("mnuFirmInfoAdd", "NewInfo"),
+                                           std::make_tuple("mnuFirmInfoEdit", "EditInfo")));
+
+TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
+  auto w = OpenOwn("O00001002");
+  w->ModalAction = 7;
+  w->timerModal.SetEnabled(true);
+  w->timerModal.Tick();
+  EXPECT_FALSE(w->timerModal.Enabled());
+  EXPECT_TRUE(w->opened.empty());
+}
+
+TEST_F(FrmFirmsTest, EditorsRefuseAFirmNotSavedYet) {
+  auto w = Open("O00001001", "1");
+  w->EditDetail(true);
+  w->EditAccount(false);
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Išsaugokite naujai sukurtą įmonę");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 48);
+}
+
+// ---- drag and drop ----
+
+struct DragCase {
+  const char* window;
+  const char* text;
+  int effect;
+};
+
+class FrmFirmsDragOverTest : public FrmFirmsTest, public ::testing::WithParamInterface<DragCase> {};
+
+TEST_P(FrmFirmsDragOverTest, OnlyASavedGroupAcceptsFirms) {
+  const DragCase& c = GetParam();
+  auto w = Open(c.window, std::string(c.window) == "new" ? "2" : "0");
+  if (std::string(c.window) == "new") w = Open("O0000100", "2");
+  EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDrag>(c.text), 1), c.effect);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
+                         ::testing::Values(DragCase{"O00001001", "O00001003", 1},
+                                           DragCase{"O00001001", "O00003005", 0},
+                                           DragCase{"O00001002", "O00001003", 0},
+                                           DragCase{"new", "O00001003", 0}));
+
+TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
+  auto w = Open("O00001001");
+  Grid(*w).ListDragDrop(std::make_shared<TextDrag>("O00001003"));
+  ListView& list = Grid(*w).TabList("Firms");
+  ASSERT_NE(list.ListItems().Find("O00001003"), nullptr);
+  EXPECT_EQ(list.ListItems().Item("O00001003").Text(), "AB Vėjas");
+  EXPECT_EQ(firms_->GetOrvelObject("O00001003")->Fields("ParentID").Value(), Variant(1));
+}
+
+TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
+  auto w = Open("O00001004");
+  Select(*w, "Firms", "O00001003");
+  host_.Log().Clear();
+  Grid(*w).ListDragDrop(std::make_shared<TextDrag>("O00001003"));
+  EXPECT_TRUE(firms_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
+}
+
+TEST_F(FrmFirmsTest, AGroupCannotMoveUnderItsOwnDescendant) {
+  auto w = Open("O00001004");
+  Grid(*w).ListDragDrop(std::make_shared<TextDrag>("O00001001"));
+  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
+  EXPECT_TRUE(firms_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
+}
+
+// ---- new from current ----
+
+class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterface<bool> {};
+
+TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
+  const bool copy = GetParam();
+  auto w = Open("O00001002");
+  if (copy) {
+    host_.Ui()->QueuePopupPick("mnuNewWithCopy");
+    w->SSCNew_MouseUp(2);
+  } else {
+    w->SSCNew.Click();
+  }
+  auto& object = *w->OrvelObjectUIO();
+  EXPECT_EQ(object.OIDR(), "");
+  EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
+  EXPECT_EQ(object.Fields("GroupFlag").Value(), Variant(0));
+  EXPECT_EQ(object.Fields("Name").Value(), copy ? Variant("UAB Šilas") : Variant());
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_TRUE(w->IsNew);
+  EXPECT_EQ(w->SOPanel.Caption(), "Nauja įmonė");
+  auto lines = host_.Log().Lines(Channel::Window);
+  EXPECT_NE(std::find_if(lines.begin(), lines.end(),
+                         [](const std::string& l) { return l.rfind("Rekey O00001002", 0) == 0; }),
+            lines.end());
+}
+
+INSTANTIATE_TEST_SUITE_P(CopyOrNot, FrmFirmsNewTest, ::testing::Bool());
+
+TEST_F(FrmFirmsTest, NewMenuOpensEvenWhileTheButtonIsOff) {
+  auto w = Open("O00001001", "1");
+  ASSERT_FALSE(w->SSCNew.Enabled());
+  w->SSCNew_MouseUp(2);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
+}
+
+TEST_F(FrmFirmsTest, DeleteFromCloseButtonNeedsAStoredRecord) {
+  auto w = Open("O00001003");
+  host_.Ui()->QueueAnswer(vbOK);
+  w->SSCClose_MouseUp(2);
+  EXPECT_FALSE(BO("O0000100").Table().Contains(3));
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+  auto fresh = Open("O00001001", "1");
+  fresh->SSCClose_MouseUp(2);
+  EXPECT_EQ(host_.Ui()->Boxes().size(), 0u);
+}
+
+}  // namespace
+}  // namespace orvel

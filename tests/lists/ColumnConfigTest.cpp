@@ -1,0 +1,130 @@
+// The configuration string of a list window: what it accepts, what it
+// refuses, and that a string built from a parsed one reads back the same.
+#include <gtest/gtest.h>
+
+#include "common/Catalogue.h"
+#include "host/Dictionary.h"
+#include "lists/ColumnConfig.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kBanks =
+    "Bankai;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;7,0;1#WZWNote;Pastaba;2;4,0;"
+    "999";
+
+TEST(ColumnConfigTest, ParsesPrintParametersAndColumns) {
+  auto config = ColumnConfig::Parse(kBanks);
+  ASSERT_TRUE(config);
+  EXPECT_EQ(config->printParams,
+            (std::vector<std::string>{"Bankai", "9", "1", "1", "0", "1", "1", ""}));
+  ASSERT_EQ(config->columns.size(), 3u);
+  const ColumnEntry& name = config->columns[1];
+  EXPECT_EQ(name.key, "WZWName");
+  EXPECT_EQ(name.caption, "Pavadinimas");
+  EXPECT_EQ(name.align, 0);
+  EXPECT_EQ(name.width, "7,0");
+  EXPECT_EQ(name.order, 1);
+  EXPECT_FALSE(config->columns[2].Shown());
+  EXPECT_DOUBLE_EQ(config->ShownWidth(), 9.5);
+}
+
+class RoundTripTest : public ::testing::TestWithParam<std::string> {};
+
+TEST_P(RoundTripTest, BuildGivesBackTheParsedString) {
+  auto config = ColumnConfig::Parse(GetParam());
+  ASSERT_TRUE(config);
+  EXPECT_EQ(config->Build(), GetParam());
+  auto again = ColumnConfig::Parse(config->Build());
+  ASSERT_TRUE(again);
+  EXPECT_EQ(again->Build(), GetParam());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strings, RoundTripTest,
+    ::testing::Values(std::string(kBanks), std::string("Sąrašas;12;0;0;1;2;0;Parengė buhalterė"),
+                      std::string(";9;1;1;0;1;1;#WZWName;;1;27;999"),
+                      std::string("Prekės;6;1;0;0;0;0;#WZWPrice;Kaina;1;2.5;0")));
+
+TEST(ColumnConfigTest, BuildKeepsSeparatorsOutOfCaptionsAndFooter) {
+  auto config = ColumnConfig::Parse(kBanks);
+  ASSERT_TRUE(config);
+  config->printParams[ColumnConfig::kFooter] = "A#B;C";
+  config->columns[0].caption = "Kodas;#";
+  auto again = ColumnConfig::Parse(config->Build());
+  ASSERT_TRUE(again);
+  EXPECT_EQ(again->printParams[ColumnConfig::kFooter], "A B C");
+  EXPECT_EQ(again->columns[0].caption, "Kodas  ");
+  EXPECT_EQ(again->columns.size(), 3u);
+}
+
+struct BadCase {
+  const char* name;
+  std::string text;
+  std::string error;
+};
+
+class MalformedTest : public ::testing::TestWithParam<BadCase> {};
+
+TEST_P(MalformedTest, IsRefusedWithAReason) {
+  std::string error;
+  EXPECT_FALSE(ColumnConfig::Parse(GetParam().text, &error));
+  EXPECT_NE(error.find(GetParam().error), std::string::npos) << error;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Strings, MalformedTest,
+    ::testing::Values(
+        BadCase{"Empty", "", "empty"},
+        BadCase{"ShortPrintParams", "Bankai;9;1;1#WZWName;P;0;7,0;0", "print parameters"},
+        BadCase{"FontNotNumeric", "Bankai;x;1;1;0;1;1;#WZWName;P;0;7,0;0", "font size"},
+        BadCase{"ColumnMissingPosition", "B;9;1;1;0;1;1;#WZWName;P;0;7,0", "five elements"},
+        BadCase{"ColumnTooLong", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;0;1", "five elements"},
+        BadCase{"EmptyPiece", "B;9;1;1;0;1;1;##WZWName;P;0;7,0;0", "five elements"},
+        BadCase{"KeyWithoutPrefix", "B;9;1;1;0;1;1;#Name;P;0;7,0;0", "WZW"},
+        BadCase{"KeyPrefixOnly", "B;9;1;1;0;1;1;#WZW;P;0;7,0;0", "WZW"},
+        BadCase{"AlignOutOfRange", "B;9;1;1;0;1;1;#WZWName;P;3;7,0;0", "alignment"},
+        BadCase{"WidthText", "B;9;1;1;0;1;1;#WZWName;P;0;plati;0", "width"},
+        BadCase{"WidthTwoCommas", "B;9;1;1;0;1;1;#WZWName;P;0;7,0,1;0", "width"},
+        BadCase{"WidthNegative", "B;9;1;1;0;1;1;#WZWName;P;0;-2;0", "width"},
+        BadCase{"PositionText", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;pirma", "position"},
+        BadCase{"PositionNegative", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;-1", "position"},
+        BadCase{"PositionHuge", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;99999999999", "position"},
+        BadCase{"RepeatedKey", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;0#WZWName;Q;0;2,5;1", "repeated"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(ColumnConfigTest, ReadsWhatParseColumnConfigLeavesInTheDictionaries) {
+  Dictionary print;
+  Dictionary columns;
+  ParseColumnConfig(kBanks, print, columns);
+  ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);
+  EXPECT_EQ(config.Build(), kBanks);
+}
+
+TEST(ColumnConfigTest, HalfFilledDictionariesGiveBlanksAndHiddenColumns) {
+  Dictionary print;
+  Dictionary columns;
+  print.Add("JPrintParams", Variant(Variant::Array{Variant("T"), Variant("9")}));
+  columns.Add("WZWName", Variant(Variant::Array{Variant("WZWName"), Variant("P")}));
+  ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);
+  EXPECT_EQ(config.printParams[1], "9");
+  EXPECT_EQ(config.printParams[7], "");
+  ASSERT_EQ(config.columns.size(), 1u);
+  EXPECT_EQ(config.columns[0].order, ColumnEntry::kHidden);
+  EXPECT_EQ(config.columns[0].width, "");
+}
+
+TEST(ColumnConfigTest, WidthsReadWithCommaOrPointAndWriteWithComma) {
+  EXPECT_EQ(ParseWidth("2,5"), 2.5);
+  EXPECT_EQ(ParseWidth("2.5"), 2.5);
+  EXPECT_EQ(ParseWidth("27"), 27.0);
+  EXPECT_EQ(ParseWidth(",5"), 0.5);
+  EXPECT_FALSE(ParseWidth(","));
+  EXPECT_FALSE(ParseWidth(" 2"));
+  EXPECT_FALSE(ParseWidth("1e3"));
+  EXPECT_EQ(WidthText(17.0), "17,0");
+  EXPECT_EQ(WidthText(9.5), "9,5");
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,237 @@
+// The column dialog: what it shows from the dictionaries, how edits change
+// the configuration it hands back, the width rules and the Enter key.
+#include <gtest/gtest.h>
+
+#include "common/Catalogue.h"
+#include "lists/frmPreviewConfig.h"
+#include "support/ModuleTest.h"
+#include "testhost/TestServices.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kConfig =
+    "Bankai;9;1;0;0;2;1;Pabaiga#WZWCode;Kodas;0;2,5;1#WZWName;Pavadinimas;0;7,0;0"
+    "#WZWNote;Pastaba;2;4,0;999#WZWCity;Miestas;0;3,0;2";
+
+class FrmPreviewConfigTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    SetOrvelS(host_.Services());
+  }
+
+  // A dialog loaded with `config`, as the list window hands it over.
+  std::unique_ptr<frmPreviewConfig> Open(const std::string& config = kConfig) {
+    auto dialog = std::make_unique<frmPreviewConfig>();
+    ParseColumnConfig(config, dialog->PrintDict, dialog->ColumnDict);
+    dialog->PrintDict.Add("JRegName", Variant("Bankai"));
+    dialog->PrintDict.Add("JParams", Variant(""));
+    dialog->Show();
+    return dialog;
+  }
+
+  static std::vector<std::string> Rows(const frmPreviewConfig& d) {
+    std::vector<std::string> rows;
+    for (const auto& item : d.lvwColumns.ListItems()) {
+      rows.push_back(item->Text() + "|" + item->ListSubItems().Item(1).Text() +
+                     (d.ColumnChecked(item->Key()) ? "|x" : "|"));
+    }
+    return rows;
+  }
+
+  static void Select(frmPreviewConfig& d, int index) {
+    d.lvwColumns.ItemClick(d.lvwColumns.ListItems().Item(index));
+  }
+
+  static void TypeWidth(frmPreviewConfig& d, const std::string& text) {
+    d.txtWidth.GotFocus();
+    d.txtWidth.Edit(text);
+    d.txtWidth.LostFocus();
+  }
+};
+
+TEST_F(FrmPreviewConfigTest, ShowsShownColumnsByPositionThenHiddenOnes) {
+  auto d = Open();
+  EXPECT_EQ(d->Caption(), " Vaizdo parametrai");
+  EXPECT_EQ(Rows(*d), (std::vector<std::string>{"Pavadinimas|7,0|x", "Kodas|2,5|x", "Miestas|3,0|x",
+                                                "Pastaba|4,0|"}));
+  ASSERT_EQ(d->lvwColumns.ColumnHeaders().Count(), 2);
+  EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(1).Text(), "Stulpelių pavadinimai");
+  EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(1).Width(), 4000);
+  EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(2).Text(), "Plotis, cm");
+  EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(2).Width(), 960);
+  // The first row is selected and in the edit boxes.
+  EXPECT_EQ(d->lvwColumns.SelectedItem(), &d->lvwColumns.ListItems().Item(1));
+  EXPECT_EQ(d->txtColumnCaption.Text(), "Pavadinimas");
+  EXPECT_EQ(d->txtWidth.Text(), "7,0");
+  EXPECT_EQ(d->cmbAlignment.Text(), "Iš kairės");
+  // Print parameters.
+  EXPECT_EQ(d->txtJournalName.Text(), "Bankai");
+  EXPECT_EQ(d->cmbFontSize.ListIndex(), 3);
+  EXPECT_EQ(d->cmbFontSize.Text(), "9");
+  EXPECT_EQ(d->chbGridlinesHor.Value(), vbChecked);
+  EXPECT_EQ(d->chbGridlinesVer.Value(), vbUnchecked);
+  EXPECT_EQ(d->chbUserName.Value(), vbUnchecked);
+  EXPECT_EQ(d->chbDate.Value(), vbChecked);
+  EXPECT_EQ(d->chbTime.Value(), vbChecked);
+  EXPECT_EQ(d->txtFooter.Text(), "Pabaiga");
+  EXPECT_EQ(d->txtRegName.Text(), "Bankai");
+  EXPECT_EQ(d->lblTotalWidth.Caption(), "12,5");
+}
+
+TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
+  for (int count : {15, 16}) {
+    std::string config = "T;9;1;1;0;1;1;";
+    for (int i = 0; i < count; ++i) {
+      config += "#WZWF" + std::to_string(i) + ";F;0;1,0;" + std::to_string(i);
+    }
+    auto d = Open(config);
+    EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(1).Width(), count >= 16 ? 3700 : 4000) << count;
+  }
+}
+
+TEST_F(FrmPreviewConfigTest, OkWithoutChangesAcceptsTheSameString) {
+  auto d = Open();
+  d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
+  EXPECT_EQ(d->NewConfig,
+            "Bankai;9;1;0;0;2;1;Pabaiga#WZWName;Pavadinimas;0;7,0;0#WZWCode;Kodas;0;2,5;1"
+            "#WZWCity;Miestas;0;3,0;2#WZWNote;Pastaba;2;4,0;999");
+  EXPECT_FALSE(d->Loaded());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
+  auto d = Open();
+  Select(*d, 2);  // Kodas
+  d->cmdUp.Click();
+  EXPECT_EQ(d->lvwColumns.SelectedItem()->Text(), "Kodas");
+  d->cmdUp.Click();  // at the top: nothing
+  d->txtColumnCaption.Edit("Banko kodas");
+  d->txtColumnCaption.LostFocus();
+  d->cmbAlignment.Pick(2);
+  Select(*d, 3);  // Miestas
+  d->lvwColumns_ItemCheck(d->lvwColumns.ListItems().Item(3), false);
+  EXPECT_EQ(d->lblTotalWidth.Caption(), "9,5");
+  Select(*d, 4);
+  d->cmdDown.Click();  // at the bottom: nothing
+  d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
+  EXPECT_EQ(d->NewConfig,
+            "Bankai;9;1;0;0;2;1;Pabaiga#WZWCode;Banko kodas;2;2,5;0#WZWName;Pavadinimas;0;7,0;1"
+            "#WZWCity;Miestas;0;3,0;999#WZWNote;Pastaba;2;4,0;999");
+}
+
+TEST_F(FrmPreviewConfigTest, PrintParametersComeFromTheControls) {
+  auto d = Open();
+  d->txtJournalName.Edit("Mūsų bankai");
+  d->cmbFontSize.Pick(6);
+  d->chbGridlinesHor.Click();
+  d->chbGridlinesVer.Click();
+  d->chbUserName.Click();
+  d->chbTime.Click();
+  d->txtFooter.Edit("");
+  d->txtRegName.Edit("Bankai2");
+  d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
+  EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Mūsų bankai;12;0;1;1;1;1;");
+  EXPECT_EQ(d->PrintDict.Item("JRegName"), Variant("Bankai2"));
+}
+
+TEST_F(FrmPreviewConfigTest, DateOffWritesNoDateWhateverTheTime) {
+  auto d = Open();
+  d->chbDate.Click();
+  d->cmdOK.Click();
+  EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Bankai;9;1;0;0;0;1;Pabaiga");
+}
+
+struct WidthCase {
+  const char* typed;
+  const char* shown;
+  const char* total;
+};
+
+class WidthRuleTest : public FrmPreviewConfigTest,
+                      public ::testing::WithParamInterface<WidthCase> {};
+
+TEST_P(WidthRuleTest, WidthIsFormattedCappedOrRestored) {
+  auto d = Open();
+  TypeWidth(*d, GetParam().typed);
+  EXPECT_EQ(d->txtWidth.Text(), GetParam().shown);
+  EXPECT_EQ(d->lvwColumns.ListItems().Item(1).ListSubItems().Item(1).Text(), GetParam().shown);
+  EXPECT_EQ(d->lblTotalWidth.Caption(), GetParam().total);
+  d->cmdOK.Click();
+  EXPECT_NE(d->NewConfig.find(std::string("#WZWName;Pavadinimas;0;") + GetParam().shown + ";0"),
+            std::string::npos)
+      << d->NewConfig;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Widths, WidthRuleTest,
+    ::testing::Values(WidthCase{"5", "5,0", "10,5"}, WidthCase{"3,25", "3,3", "8,8"},
+                      WidthCase{"27", "27,0", "32,5"}, WidthCase{"28", "27", "32,5"},
+                      WidthCase{"0", "7,0", "12,5"}, WidthCase{"0,0", "7,0", "12,5"},
+                      WidthCase{"", "7,0", "12,5"}));
+
+TEST_F(FrmPreviewConfigTest, WidthBoxTakesDigitsAndOneComma) {
+  auto d = Open();
+  d->txtWidth.SetText("1");
+  EXPECT_EQ(d->txtWidth.KeyPress('.'), ',');
+  EXPECT_EQ(d->txtWidth.KeyPress('a'), 0);
+  EXPECT_EQ(d->txtWidth.KeyPress('-'), 0);
+  d->txtWidth.SetText("1,5");
+  EXPECT_EQ(d->txtWidth.KeyPress(','), 0);
+  EXPECT_EQ(d->txtWidth.KeyPress('7'), '7');
+}
+
+TEST_F(FrmPreviewConfigTest, NoCheckedColumnIsRefusedAndTheDialogStays) {
+  auto d = Open("T;9;1;1;0;1;1;#WZWName;Pavadinimas;0;7,0;0");
+  d->lvwColumns_ItemCheck(d->lvwColumns.ListItems().Item(1), false);
+  d->cmdOK.Click();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Nepažymėtas nei vienas stulpelis!");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 64);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+  EXPECT_TRUE(d->Loaded());
+  EXPECT_EQ(d->Status, frmPreviewConfig::kCancelled);
+  EXPECT_EQ(d->NewConfig, "");
+  d->cmdCancel.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kCancelled);
+  EXPECT_FALSE(d->Loaded());
+}
+
+TEST_F(FrmPreviewConfigTest, EnterAcceptsExceptInTheFooter) {
+  auto d = Open();
+  d->txtFooter.GotFocus();
+  int key = 13;
+  d->Form_KeyPress(key);
+  EXPECT_EQ(key, 13);
+  EXPECT_TRUE(d->Loaded());
+  d->txtFooter.LostFocus();
+  d->Form_KeyPress(key);
+  EXPECT_EQ(key, 0);
+  EXPECT_FALSE(d->Loaded());
+  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
+}
+
+TEST_F(FrmPreviewConfigTest, EmptyRegistrationNameKeepsTheFocus) {
+  auto d = Open();
+  bool cancel = false;
+  d->txtRegName_Validate(cancel);
+  EXPECT_FALSE(cancel);
+  d->txtRegName.Edit("");
+  d->txtRegName_Validate(cancel);
+  EXPECT_TRUE(cancel);
+}
+
+TEST_F(FrmPreviewConfigTest, CancelLeavesStatusZero) {
+  auto d = Open();
+  d->txtJournalName.Edit("Kita");
+  d->cmdCancel.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kCancelled);
+  EXPECT_FALSE(d->Loaded());
+}
+
+}  // namespace
+}  // namespace orvel

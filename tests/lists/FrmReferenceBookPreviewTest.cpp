@@ -1,0 +1,345 @@
+// The list window: default columns from the type's structure, the grouped
+// and indented table, the configuration, a bad configuration and printing.
+#include <gtest/gtest.h>
+
+#include "lists/ListedType.h"
+#include "lists/frmPreviewConfig.h"
+#include "lists/frmReferenceBookPreview.h"
+#include "support/ModuleTest.h"
+#include "testhost/TestGroupSelect.h"
+#include "testhost/TestPrintDoc.h"
+#include "testhost/TestServices.h"
+#include "testhost/TestUser.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kDefault =
+    "Žinynas ;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;9,5;1"
+    "#WZWAmount;Suma;1;2,5;2#WZWActive;Aktyvus;0;2,5;3#WZWNote;Pastaba;0;4,0;999";
+
+std::shared_ptr<MemoryRecordset> Set(std::vector<std::string> fields,
+                                     std::vector<std::vector<Variant>> rows) {
+  auto rs = std::make_shared<MemoryRecordset>(std::move(fields));
+  for (auto& row : rows) rs->AddRow(std::move(row));
+  return rs;
+}
+
+const std::vector<std::string> kFields{"Code", "Name",      "Amount", "Active",
+                                       "Note", "GroupFlag", "OIDR"};
+
+std::vector<Variant> Record(const char* code, const char* name, Variant amount, Variant active,
+                            int group, const char* oidr) {
+  return {Variant(code),      Variant(name),  amount,       active,
+          Variant("pastaba"), Variant(group), Variant(oidr)};
+}
+
+class FrmReferenceBookPreviewTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    SetOrvelS(host_.Services());
+    type_ = std::make_shared<ListedType>();
+    host_.ObjectManager()->ReplyToCall(
+        "Orvel_GetObjectStructureByOID",
+        OrvelResult{
+            0, "",
+            Variant(std::static_pointer_cast<Object>(Set(
+                {"Name", "Caption", "Length", "xType", "Visible"},
+                {{Variant("Code"), Variant("Kodas"), Variant(20), Variant(167), Variant(1)},
+                 {Variant("Name"), Variant("Pavadinimas"), Variant(100), Variant(231), Variant(1)},
+                 {Variant("Amount"), Variant("Suma"), Variant(8), Variant(60), Variant(1)},
+                 {Variant("Active"), Variant("Aktyvus"), Variant(1), Variant(104), Variant(1)},
+                 {Variant("Note"), Variant("Pastaba"), Variant(255), Variant(231),
+                  Variant(0)}})))});
+    host_.ObjectManager()->ReplyToCall(
+        "Orvel_GetGroupPreviewField",
+        OrvelResult{0, "",
+                    Variant(std::static_pointer_cast<Object>(
+                        Set({"GroupPreviewFieldName", "GroupPreviewFieldCaption"},
+                            {{Variant("Name"), Variant::Null()}})))});
+    type_->lists[""] =
+        Set(kFields, {Record("G1", "Grupė", Variant::Null(), Variant::Null(), 1, "O00009001"),
+                      Record("A", "Alfa", Variant(12.5), Variant(true), 0, "O00009005")});
+    type_->lists["O00009001"] =
+        Set(kFields, {Record("G2", "Pogrupis", Variant::Null(), Variant::Null(), 1, "O00009002"),
+                      Record("B", "Beta", Variant(3), Variant("False"), 0, "O00009006")});
+    type_->lists["O00009002"] =
+        Set(kFields, {Record("C", "Gama", Variant(0), Variant(false), 0, "O00009007")});
+  }
+
+  std::unique_ptr<frmReferenceBookPreview> Open(const std::string& config = "",
+                                                const std::string& argument = "") {
+    auto w = std::make_unique<frmReferenceBookPreview>();
+    w->ObjectUIO = std::make_shared<ListedObject>(
+        type_, std::vector<std::string>{"ID", "Code", "Name", "GroupFlag"}, "O00009001", "Grupė");
+    w->ListArgument = argument;
+    w->InitialConfig = config;
+    w->Show();
+    return w;
+  }
+
+  // "text|sub|sub" of each row, "*" in front of a bold one.
+  static std::vector<std::string> Rows(const frmReferenceBookPreview& w) {
+    std::vector<std::string> rows;
+    for (const auto& item : w.lvwRec.ListItems()) {
+      std::string row = (item->Bold() ? "*" : "") + item->Text();
+      for (const auto& sub : item->ListSubItems()) row += "|" + sub->Text();
+      rows.push_back(row);
+    }
+    return rows;
+  }
+
+  static std::vector<std::string> Headers(const frmReferenceBookPreview& w) {
+    std::vector<std::string> headers;
+    for (const auto& h : w.lvwRec.ColumnHeaders()) {
+      headers.push_back(h->Text() + " " + std::to_string(h->Width()) + " " +
+                        std::to_string(h->Alignment()));
+    }
+    return headers;
+  }
+
+  std::vector<std::string> HostLines() { return host_.Log().Lines(Channel::Host); }
+
+  std::shared_ptr<ListedType> type_;
+};
+
+TEST_F(FrmReferenceBookPreviewTest, DefaultColumnsComeFromTheTypesStructure) {
+  auto w = Open();
+  EXPECT_EQ(w->SOPanel.Caption(), "Žinynas ");
+  EXPECT_EQ(w->cmdPrint.Caption(), "Spausdinti");
+  EXPECT_TRUE(w->HasGroups());
+  EXPECT_EQ(w->GroupField(), "Name");
+  EXPECT_EQ(w->GroupCaption(), "");
+  EXPECT_EQ(w->Config(), kDefault);
+  EXPECT_EQ(w->PrintDict().Item("JRegName"), Variant("Žinynas "));
+  EXPECT_EQ(w->PrintDict().Item("JParams"), Variant(""));
+  EXPECT_EQ(w->lblJournalName.Caption(), "Žinynas ");
+  EXPECT_EQ(w->ColumnKeys(),
+            (std::vector<std::string>{"WZWCode", "WZWName", "WZWAmount", "WZWActive"}));
+  // The group column grew to fill 17 cm; the hidden one is not a list column.
+  EXPECT_EQ(Headers(*w), (std::vector<std::string>{"Kodas 1250 0", "Pavadinimas 4750 0",
+                                                   "Suma 1250 1", "Aktyvus 1250 0"}));
+  // Each shown column's list index is written back into its piece.
+  EXPECT_EQ(w->ColumnDict().Item("WZWAmount").ArrayValue()[5], Variant("3"));
+  EXPECT_EQ(w->ColumnDict().Item("WZWNote").ArrayValue()[5], Variant("5"));
+  EXPECT_EQ(w->txtGroupName.Text(), "");
+  EXPECT_EQ(w->lblStatus.Caption(), "");
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmReferenceBookPreviewTest, CallsTheHostWithTheTypesIdentifiers) {
+  auto w = Open();
+  EXPECT_EQ(HostLines(), (std::vector<std::string>{
+                             "Call Orvel_GetGroupPreviewField O0000900",
+                             "Call Orvel_GetObjectStructureByOID O0000900",
+                         }));
+  EXPECT_EQ(type_->listCalls, (std::vector<std::string>{"||", "O00009001||", "O00009002||"}));
+}
+
+TEST_F(FrmReferenceBookPreviewTest, GroupsNestAndIndentTenBlanksALevel) {
+  auto w = Open();
+  EXPECT_EQ(Rows(*w), (std::vector<std::string>{
+                          "*G1|Grupė| | ",
+                          "*G2|          Pogrupis| | ",
+                          "C|                    Gama|0|Ne",
+                          "B|          Beta|3|Ne",
+                          "A|Alfa|12,5|Taip",
+                      }));
+}
+
+TEST_F(FrmReferenceBookPreviewTest, AGroupHoldingItselfIsListedOnce) {
+  type_->lists["O00009002"] =
+      Set(kFields, {Record("G1", "Grupė", Variant::Null(), Variant::Null(), 1, "O00009001")});
+  auto w = Open();
+  EXPECT_EQ(Rows(*w), (std::vector<std::string>{
+                          "*G1|Grupė| | ",
+                          "*G2|          Pogrupis| | ",
+                          "*G1|                    Grupė| | ",
+                          "B|          Beta|3|Ne",
+                          "A|Alfa|12,5|Taip",
+                      }));
+}
+
+TEST_F(FrmReferenceBookPreviewTest, AGroupListArgumentShowsTheObjectsName) {
+  auto w = Open("", "O00009001");
+  EXPECT_EQ(w->txtGroupName.Text(), "Grupė");
+  EXPECT_EQ(type_->listCalls.front(), "O00009001||");
+}
+
+TEST_F(FrmReferenceBookPreviewTest, AnEmptyListSaysSo) {
+  type_->lists[""] = Set(kFields, {});
+  auto w = Open();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Nėra informacijos!");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 0);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+  EXPECT_EQ(w->lvwRec.ListItems().Count(), 0);
+  // Nothing to print: no document is made.
+  w->cmdPrint.Click();
+  EXPECT_EQ(host_.HostClasses()->LastPrintDoc(), nullptr);
+}
+
+TEST_F(FrmReferenceBookPreviewTest, AStoredConfigurationIsUsed) {
+  auto w = Open("Mano;9;1;1;0;1;1;#WZWName;Vardas;2;5,0;0#WZWActive;Ar;0;1,0;1");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_EQ(Headers(*w), (std::vector<std::string>{"Vardas 2500 2", "Ar 500 0"}));
+  EXPECT_EQ(w->lblJournalName.Caption(), "Mano");
+  EXPECT_EQ(Rows(*w)[0], "*Grupė| ");
+}
+
+class MalformedConfigTest : public FrmReferenceBookPreviewTest,
+                            public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(MalformedConfigTest, FallsBackToTheDefaultAndSaysSo) {
+  auto w = Open(GetParam());
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  const auto& box = host_.Ui()->Boxes()[0];
+  EXPECT_EQ(box.prompt.rfind("Netinkami sąrašo stulpelių parametrai (", 0), 0u) << box.prompt;
+  EXPECT_NE(box.prompt.find("). Rodomi numatytieji stulpeliai."), std::string::npos);
+  EXPECT_EQ(box.flags, 48);
+  EXPECT_EQ(box.title, "Orvel Apskaita");
+  EXPECT_EQ(w->Config(), kDefault);
+  EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
+  EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
+}
+
+INSTANTIATE_TEST_SUITE_P(Strings, MalformedConfigTest,
+                         ::testing::Values("#", "Mano;9", "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0",
+                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;platus;0",
+                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;x",
+                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;0#WZWName;W;0;1;1",
+                                           "Mano;devyni;1;1;0;1;1;#WZWName;V;0;5,0;0"));
+
+TEST_F(FrmReferenceBookPreviewTest, PrintsTheWholeTable) {
+  host_.User()->SetName("Jonas Jonaitis");
+  auto w = Open(
+      "Sąrašas;10;0;1;1;2;0;Parengė buhalterija#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;2;9,5;1"
+      "#WZWAmount;Suma;1;2,5;2#WZWNote;Pastaba;0;4,0;999",
+      "O00009001");
+  w->cmdPrint.Click();
+  auto doc = host_.HostClasses()->LastPrintDoc();
+  ASSERT_TRUE(doc);
+  EXPECT_EQ(doc->Lines(), (std::vector<std::string>{
+                              "Orientation 1",
+                              "FontSize 10",
+                              "PrintMode 1",
+                              "UserName Jonas Jonaitis",
+                              "DateMode 2",
+                              "ExtraFlag False",
+                              "Section Text",
+                              "Text Bold 12 Center Sąrašas",
+                              "Text Plain 0 Left  ",
+                              "Text Plain 10 Left Grupė",
+                              "Text Plain 0 Left  ",
+                              "Section Table",
+                              "VerticalLines True",
+                              "HorizontalLines False",
+                              "Column Kodas 2,5 Left",
+                              "Column Pavadinimas 9,5 Center",
+                              "Column Suma 2,5 Right",
+                              "Row",
+                              "Cell 0 Bold G2",
+                              "Cell 1 Bold Pogrupis",
+                              "Row",
+                              "Cell 0 Plain C",
+                              "Cell 1 Plain           Gama",
+                              "Cell 2 Plain 0",
+                              "Row",
+                              "Cell 0 Plain B",
+                              "Cell 1 Plain Beta",
+                              "Cell 2 Plain 3",
+                              "Section Text",
+                              "Text Plain 0 Left  ",
+                              "Text Plain 0 Left Parengė buhalterija",
+                              "Print False",
+                          }));
+  EXPECT_EQ(w->lblStatus.Caption(), "");
+}
+
+struct OrientationCase {
+  const char* widths[2];
+  const char* orientation;
+};
+
+class OrientationTest : public FrmReferenceBookPreviewTest,
+                        public ::testing::WithParamInterface<OrientationCase> {};
+
+TEST_P(OrientationTest, PortraitUpTo17CentimetresLandscapeAbove) {
+  std::string config = std::string("T;9;1;1;0;0;1;#WZWCode;K;0;") + GetParam().widths[0] +
+                       ";0#WZWName;P;0;" + GetParam().widths[1] + ";1#WZWNote;N;0;20,0;999";
+  auto w = Open(config);
+  w->cmdPrint.Click();
+  auto doc = host_.HostClasses()->LastPrintDoc();
+  ASSERT_TRUE(doc);
+  EXPECT_EQ(doc->Lines()[0], GetParam().orientation);
+  EXPECT_EQ(doc->Lines()[3], "UserName ");
+  EXPECT_EQ(doc->Lines()[5], "ExtraFlag True");
+}
+
+INSTANTIATE_TEST_SUITE_P(Widths, OrientationTest,
+                         ::testing::Values(OrientationCase{{"8,5", "8,5"}, "Orientation 1"},
+                                           OrientationCase{{"0,1", "16,9"}, "Orientation 1"},
+                                           OrientationCase{{"8,6", "8,5"}, "Orientation 2"},
+                                           OrientationCase{{"27", "0,1"}, "Orientation 2"}));
+
+TEST_F(FrmReferenceBookPreviewTest, ChoosingAGroupListsItsMembers) {
+  auto w = Open();
+  type_->listCalls.clear();
+  host_.HostClasses()->QueueGroupSelect("C0000900\\O00009002", "Pogrupis", "O0000900");
+  w->cmdSelect.Click();
+  EXPECT_EQ(w->ListArgument, "O00009002");
+  EXPECT_EQ(w->txtGroupName.Text(), "Pogrupis");
+  EXPECT_EQ(type_->listCalls, (std::vector<std::string>{"O00009002||"}));
+  EXPECT_EQ(Rows(*w), (std::vector<std::string>{"C|Gama|0|Ne"}));
+  auto select = host_.HostClasses()->LastGroupSelect();
+  ASSERT_TRUE(select);
+}
+
+TEST_F(FrmReferenceBookPreviewTest, CancellingTheGroupChoiceKeepsTheList) {
+  auto w = Open();
+  type_->listCalls.clear();
+  w->cmdSelect.Click();
+  EXPECT_EQ(w->ListArgument, "");
+  EXPECT_TRUE(type_->listCalls.empty());
+  EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
+}
+
+TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTable) {
+  auto w = Open();
+  host_.Ui()->QueueModal([](Form& form) {
+    auto& d = dynamic_cast<frmPreviewConfig&>(form);
+    d.lvwColumns_ItemCheck(d.lvwColumns.ListItems().Item(2), false);  // Pavadinimas
+    d.txtJournalName.Edit("Naujas");
+    d.cmdOK.Click();
+  });
+  w->cmdConfig.Click();
+  EXPECT_EQ(w->Config(),
+            "Naujas;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;9,5;999"
+            "#WZWAmount;Suma;1;2,5;1#WZWActive;Aktyvus;0;2,5;2#WZWNote;Pastaba;0;4,0;999");
+  EXPECT_EQ(w->lblJournalName.Caption(), "Naujas");
+  EXPECT_EQ(Headers(*w),
+            (std::vector<std::string>{"Kodas 1250 0", "Suma 1250 1", "Aktyvus 1250 0"}));
+  EXPECT_EQ(Rows(*w)[4], "A|12,5|Taip");
+  EXPECT_TRUE(w->cmdPrint.Enabled());
+}
+
+TEST_F(FrmReferenceBookPreviewTest, CancelledConfigurationChangesNothing) {
+  auto w = Open();
+  host_.Ui()->QueueModal(
+      [](Form& form) { dynamic_cast<frmPreviewConfig&>(form).cmdCancel.Click(); });
+  w->cmdConfig.Click();
+  EXPECT_EQ(w->Config(), kDefault);
+  EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
+}
+
+TEST_F(FrmReferenceBookPreviewTest, CloseUnloadsTheWindow) {
+  auto w = Open();
+  w->SSCClose.Click();
+  EXPECT_FALSE(w->Loaded());
+  EXPECT_FALSE(w->SSCClose.Enabled());
+}
+
+}  // namespace
+}  // namespace orvel
