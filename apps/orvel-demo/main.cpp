@@ -15,22 +15,23 @@
 #include "host/MemoryRecordset.h"
 #include "host/OrvelHeader.h"
 #include "host/OrvelHeaderSecurity.h"
-#include "host/OrvelWindow.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
 #include "host/Variant.h"
 #include "module/OrvelModule.h"
+#include "testhost/CallLog.h"
 #include "testhost/FakeOrvelGrid.h"
+#include "testhost/MemoryBusinessObject.h"
+#include "testhost/ScriptedUi.h"
+#include "testhost/TestDragData.h"
+#include "testhost/TestHost.h"
+#include "testhost/TestHostClasses.h"
+#include "testhost/TestObjectManager.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"
-#include "testhost/CallLog.h"
-#include "testhost/MemoryBusinessObject.h"
-#include "testhost/ScriptedUi.h"
-#include "testhost/TestHost.h"
-#include "testhost/TestHostClasses.h"
-#include "testhost/TestObjectManager.h"
 
 namespace {
 
@@ -132,11 +133,16 @@ void SeedBanks(orvel::TestHost& host) {
   auto& table = host.BusinessObject("O0000300")->Table();
   table.SetFields({"ID", "Name", "Code", "SWIFT"});
   table.Seed({
-      {{"Name", Variant("AB SEB bankas")}, {"Code", Variant("70440")}, {"SWIFT", Variant("CBVILT2X")}},
-      {{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")},
+      {{"Name", Variant("AB SEB bankas")},
+       {"Code", Variant("70440")},
+       {"SWIFT", Variant("CBVILT2X")}},
+      {{"ID", Variant(5)},
+       {"Name", Variant("Šiaulių bankas")},
+       {"Code", Variant("71800")},
        {"SWIFT", Variant("CBSBLT26")}},
   });
-  auto firms = std::make_shared<orvel::MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
+  auto firms =
+      std::make_shared<orvel::MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
   firms->AddRow({Variant("O00001007"), Variant("UAB „Medienos centras“")});
   firms->AddRow({Variant("O00001012"), Variant("AB „Šiaulių duona“")});
   host.BusinessObject("O0000300")->ReplyRead("GetFirms", firms);
@@ -181,6 +187,53 @@ int WalkBank(orvel::TestHost& host) {
   Section("O0000300: close the card");
   if (auto* close = dynamic_cast<orvel::Button*>(form->FindControl("SSCClose"))) close->Click();
   return host.WindowManager()->IsOpen("O00003005") ? 1 : 0;
+}
+
+void SeedFirms(orvel::TestHost& host) {
+  auto& table = host.BusinessObject("O0000100")->Table();
+  table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
+                   "CreatedByUser", "CreationDate", "UpdatedByUser", "UpdateDate"});
+  table.SetDefault("GroupFlag", Variant(0));
+  for (const char* field : {"ParentID", "CreationDate", "UpdatedByUser", "UpdateDate"}) {
+    table.SetDefault(field, Variant::Null());
+  }
+  table.Seed({
+      {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}, {"OwnCode", Variant("001")}},
+      {{"Name", Variant("UAB „Medienos centras“")},
+       {"Code", Variant("302245871")},
+       {"ParentID", Variant(1)}},
+      {{"Name", Variant("AB „Šiaulių duona“")}, {"Code", Variant("144523896")}},
+  });
+}
+
+std::shared_ptr<orvel::Form> ShowFromMenu(orvel::TestHost& host, orvel::OrvelObjectUI& adapter,
+                                          const std::string& oidr, const std::string& key) {
+  auto result = adapter.ClickMenu(oidr, "", key, "");
+  auto window = result.Value.ObjectAs<orvel::OrvelWindow>();
+  if (result.Action != orvel::OrvelMenuResult::kShowWindow || !window) return nullptr;
+  host.WindowManager()->ShowWindow(window);
+  return std::dynamic_pointer_cast<orvel::Form>(window);
+}
+
+int WalkFirms(orvel::TestHost& host) {
+  auto firms = host.ObjectManager()->GetOrvelObjectUI("O0000100");
+  if (!firms) return 1;
+
+  Section("O0000100 Įmonės: the menus of the root and of group 1");
+  PrintMenu("O0000100", firms->GetMenu("O0000100", "", ""));
+  PrintMenu("O00001001", firms->GetMenu("O00001001", "CGroup", ""));
+
+  Section("O0000100: a new firm under group 1");
+  auto card = ShowFromMenu(host, *firms, "O00001001", "1");
+  if (!card) return 1;
+  host.Ui()->Grids().back()->EditField("Name", Variant("UAB „Naujas tiekėjas“"));
+  if (auto* write = dynamic_cast<orvel::Button*>(card->FindControl("cmdEnter"))) write->Click();
+
+  Section("O0000100: drag firm 3 into group 1");
+  auto group = ShowFromMenu(host, *firms, "O00001001", "0");
+  if (!group) return 1;
+  host.Ui()->Grids().back()->ListDragDrop(std::make_shared<orvel::TestDragData>("O00001003"));
+  return 0;
 }
 
 }  // namespace
@@ -228,6 +281,8 @@ int main(int argc, char** argv) {
     result = WalkMeasures(host);
     SeedBanks(host);
     result |= WalkBank(host);
+    SeedFirms(host);
+    result |= WalkFirms(host);
     host.Log().SetEcho(nullptr);
     module->Detach();
   }

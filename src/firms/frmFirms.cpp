@@ -3,7 +3,7 @@
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "firms/DragData.h"
+#include "host/DragData.h"
 #include "host/Convert.h"
 #include "host/OrvelGroupSelect.h"
 #include "host/OrvelHostClasses.h"

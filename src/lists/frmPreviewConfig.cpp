@@ -285,8 +285,9 @@ ColumnConfig frmPreviewConfig::BuildConfig() const {
   p[ColumnConfig::kHorizontalLines] = Flag(chbGridlinesHor.Value() == vbChecked);
   p[ColumnConfig::kVerticalLines] = Flag(chbGridlinesVer.Value() == vbChecked);
   p[ColumnConfig::kUserName] = Flag(chbUserName.Value() == vbChecked);
-  p[ColumnConfig::kDateMode] =
-      chbDate.Value() != vbChecked ? "0" : (chbTime.Value() == vbChecked ? "2" : "1");
+  const char dateMode =
+      chbDate.Value() != vbChecked ? '0' : (chbTime.Value() == vbChecked ? '2' : '1');
+  p[ColumnConfig::kDateMode] = std::string(1, dateMode);
   p[ColumnConfig::kExtraFlag] = given_.printParams[ColumnConfig::kExtraFlag];
   p[ColumnConfig::kFooter] = txtFooter.Text();
   int position = 0;

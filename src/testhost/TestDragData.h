@@ -1,0 +1,19 @@
+#pragma once
+
+#include <string>
+
+#include "host/DragData.h"
+
+namespace orvel {
+
+// What the test host's tree carries in a drag: an OIDR as text.
+class TestDragData : public DragData {
+ public:
+  explicit TestDragData(std::string text) : text_(std::move(text)) {}
+  std::string GetText() override { return text_; }
+
+ private:
+  std::string text_;
+};
+
+}  // namespace orvel
