@@ -14,6 +14,7 @@
 #include <string>
 #include <vector>
 
+#include "RatioReporter.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
@@ -160,29 +161,14 @@ void BM_ListWindow(benchmark::State& state) {
 BENCHMARK(BM_Baseline)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 BENCHMARK(BM_ListWindow)->Unit(benchmark::kMillisecond)->MinTime(2.0);
 
-class RatioReporter : public benchmark::ConsoleReporter {
- public:
-  void ReportRuns(const std::vector<Run>& runs) override {
-    ConsoleReporter::ReportRuns(runs);
-    for (const auto& r : runs) cpu_[r.benchmark_name()] = r.GetAdjustedCPUTime();
-  }
-  void Finalize() override {
-    ConsoleReporter::Finalize();
-    double base = cpu_["BM_Baseline/min_time:2.000"];
-    double list = cpu_["BM_ListWindow/min_time:2.000"];
-    if (base > 0) std::printf("list window / baseline: %.2f (target <= 3)\n", list / base);
-  }
-
- private:
-  std::map<std::string, double> cpu_;
-};
-
 }  // namespace
 
 int main(int argc, char** argv) {
   benchmark::Initialize(&argc, argv);
-  RatioReporter reporter;
+  orvel::RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
+  double ratio = reporter.Ratio("BM_ListWindow", "BM_Baseline");
+  if (ratio >= 0) std::printf("list window / baseline: %.2f (target <= 3)\n", ratio);
   benchmark::Shutdown();
   return 0;
 }

@@ -995,12 +995,61 @@ double Round(double x, int decimals) {
 }
 
 std::string DecimalText(double x, int decimals) {
+  // The money rule is on the hot path of amounts in words and of every
+  // parameter string, so it works in place on the fifteen digits instead of
+  // going through the general decimal text.
   CheckDecimals(decimals, "DecimalText");
-  DecimalDigits d = ToDecimal15(x);
-  RoundDigits(d, decimals, Half::AwayFromZero);
-  std::string out = d.negative ? "-" : "";
-  out += d.whole;
-  if (decimals > 0) out += '.' + d.fraction;
+  if (!std::isfinite(x)) NotFinite(x);
+  char scientific[32];  // d.dddddddddddddde[+-]XX
+  const auto written = std::to_chars(scientific, scientific + sizeof scientific, std::fabs(x),
+                                     std::chars_format::scientific, 14);
+  char digits[15];
+  int count = 0;
+  const char* p = scientific;
+  for (; p < written.ptr && *p != 'e'; ++p) {
+    if (*p != '.') digits[count++] = *p;
+  }
+  int exponent = 0;
+  std::from_chars(p + (p[1] == '+' ? 2 : 1), written.ptr, exponent);
+
+  // The digits kept: those before the point and `decimals` after it.
+  int whole = exponent + 1;
+  const int keep = whole + decimals;
+  std::string kept;
+  if (keep > 0) {
+    kept.assign(digits, std::min(keep, count));
+    kept.append(static_cast<size_t>(std::max(0, keep - count)), '0');
+  }
+  if (keep >= 0 && keep < count && digits[keep] >= '5') {
+    int i = keep - 1;
+    for (; i >= 0 && kept[i] == '9'; --i) kept[i] = '0';
+    if (i >= 0) {
+      ++kept[i];
+    } else {
+      kept.insert(kept.begin(), '1');
+      ++whole;
+    }
+  }
+
+  std::string out;
+  out.reserve(static_cast<size_t>(std::max(whole, 1) + decimals + 2));
+  if (x < 0.0 && kept.find_first_not_of('0') != std::string::npos) out += '-';
+  if (whole <= 0) {
+    out += '0';
+    if (decimals > 0) {
+      out += '.';
+      out.append(std::min(static_cast<size_t>(-whole), static_cast<size_t>(decimals)), '0');
+      out += kept;
+      out.resize(out.size() + decimals - std::min(decimals, -whole + static_cast<int>(kept.size())),
+                 '0');
+    }
+  } else {
+    out.append(kept, 0, static_cast<size_t>(whole));
+    if (decimals > 0) {
+      out += '.';
+      out.append(kept, static_cast<size_t>(whole), std::string::npos);
+    }
+  }
   return out;
 }
 

@@ -191,12 +191,15 @@ bool frmReferenceBookPreview::ApplyConfig(const std::string& config) {
   std::string regName = printDict_.Exists("JRegName") ? TextOf(printDict_.Item("JRegName")) : "";
   std::string error;
   if (ColumnConfig::Parse(config, &error)) {
+    configError_.clear();
     SetConfig(config, regName);
     return true;
   }
-  Platform::Ui().MsgBox(
-      "Netinkami sąrašo stulpelių parametrai (" + error + "). Rodomi numatytieji stulpeliai.",
-      vbExclamation, appTitleCopy_);
+  // The reason stays for the caller (it names elements in the developer's
+  // terms); the user is told in the language of every other box.
+  configError_ = error;
+  Platform::Ui().MsgBox("Netinkami sąrašo stulpelių parametrai. Rodomi numatytieji stulpeliai.",
+                        vbExclamation, appTitleCopy_);
   SetConfig(defaultConfig_, regName);
   return false;
 }

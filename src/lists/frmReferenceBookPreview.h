@@ -66,6 +66,8 @@ class frmReferenceBookPreview : public Form {
   bool ApplyConfig(const std::string& config);
 
   const std::string& Config() const { return config_; }
+  // Why the last configuration given was refused; "" when it was taken.
+  const std::string& ConfigError() const { return configError_; }
   const std::string& DefaultConfig() const { return defaultConfig_; }
   const Dictionary& PrintDict() const { return printDict_; }
   const Dictionary& ColumnDict() const { return columnDict_; }
@@ -97,6 +99,7 @@ class frmReferenceBookPreview : public Form {
   Dictionary columnDict_;
   std::string config_;
   std::string defaultConfig_;
+  std::string configError_;
   bool hasGroups_ = false;
   std::string groupField_;
   std::string groupCaption_;
