@@ -57,6 +57,8 @@ frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
   cmbFontSize.SetStyle(vbComboDropdownList);
 
   lvwColumns.OnItemClick = [this](ListItem& row) { lvwColumns_ItemClick(row); };
+  lvwColumns.SetCheckboxes(true);
+  lvwColumns.OnItemCheck = [this](ListItem& row) { lvwColumns_ItemCheck(row, row.Checked()); };
   cmdUp.OnClick = [this] { cmdUp_Click(); };
   cmdDown.OnClick = [this] { cmdDown_Click(); };
   cmbAlignment.OnClick = [this] { cmbAlignment_Click(); };
@@ -146,6 +148,7 @@ void frmPreviewConfig::FillColumns() {
   for (const auto& r : rows_) {
     ListItem& item = lvwColumns.ListItems().Add(0, r.column.key, r.column.caption);
     item.ListSubItems().Add(0, "", r.column.width);
+    item.SetChecked(r.visible);
   }
 }
 

@@ -36,6 +36,12 @@ void ListItem::SetBold(bool bold) {
   Changed();
 }
 
+void ListItem::SetChecked(bool checked) {
+  if (checked_ == checked) return;
+  checked_ = checked;
+  Changed();
+}
+
 bool ListItem::Selected() const { return view_.SelectedItem() == this; }
 
 void ListItem::SetSelected(bool selected) {

@@ -40,6 +40,10 @@ class ListItem {
   void SetForeColor(int32_t color);
   bool Bold() const { return bold_; }
   void SetBold(bool bold);
+  // The row's check box, shown when the view has Checkboxes. Setting it from
+  // code raises no ItemCheck, as on the platform.
+  bool Checked() const { return checked_; }
+  void SetChecked(bool checked);
   // Whether this is the view's selected row; setting True selects it (and
   // only it), False clears the selection if it was this row.
   bool Selected() const;
@@ -62,6 +66,7 @@ class ListItem {
   std::string smallIcon_;
   int32_t foreColor_ = 0;
   bool bold_ = false;
+  bool checked_ = false;
   int index_ = 0;
   orvel::ListSubItems subItems_;
 };

@@ -72,6 +72,14 @@ void ListView::ItemClick(ListItem& row) {
   Raise(OnItemClick, row);
 }
 
+void ListView::ItemCheck(ListItem& row) {
+  if (!Active() || !checkboxes_ || &row.View() != this) return;
+  row.SetChecked(!row.Checked());
+  Raise(OnItemCheck, row);
+}
+
+void ListView::SetCheckboxes(bool checkboxes) { Assign(checkboxes_, checkboxes, "Checkboxes"); }
+
 void ListView::DblClick() {
   if (Active()) Raise(OnDblClick);
 }

@@ -38,6 +38,10 @@ class ListView : public Control {
   const std::shared_ptr<Object>& SmallIcons() const { return smallIcons_; }
   void SetSmallIcons(std::shared_ptr<Object> images);
 
+  // Whether each row shows a check box.
+  bool Checkboxes() const { return checkboxes_; }
+  void SetCheckboxes(bool checkboxes);
+
   bool Sorted() const { return sorted_; }
   void SetSorted(bool sorted);
   int SortKey() const { return sortKey_; }
@@ -46,6 +50,7 @@ class ListView : public Control {
   void SetSortOrder(int order);  // lvwAscending or lvwDescending, else 380
 
   std::function<void(ListItem& row)> OnItemClick;
+  std::function<void(ListItem& row)> OnItemCheck;
   std::function<void()> OnDblClick;
   std::function<void(int button, int shift)> OnMouseDown;
   std::function<void(int button, int shift)> OnMouseUp;
@@ -55,6 +60,10 @@ class ListView : public Control {
   // The user clicking a row: selects it, then raises ItemClick. Nothing while
   // the view is disabled or hidden, or for a row of another view.
   void ItemClick(ListItem& row);
+  // The user toggling a row's check box: flips Checked, then raises
+  // ItemCheck. Nothing without Checkboxes, while the view is disabled or
+  // hidden, or for a row of another view.
+  void ItemCheck(ListItem& row);
   void DblClick();
   void MouseDown(int button, int shift = 0);
   void MouseUp(int button, int shift = 0);
@@ -71,6 +80,7 @@ class ListView : public Control {
   orvel::ListItems rows_{*this};
   ListItem* selected_ = nullptr;
   std::shared_ptr<Object> smallIcons_;
+  bool checkboxes_ = false;
   bool sorted_ = false;
   int sortKey_ = 0;
   int sortOrder_ = lvwAscending;

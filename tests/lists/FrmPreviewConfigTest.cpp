@@ -112,7 +112,11 @@ TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
   d->txtColumnCaption.LostFocus();
   d->cmbAlignment.Pick(2);
   Select(*d, 3);  // Miestas
-  d->lvwColumns_ItemCheck(d->lvwColumns.ListItems().Item(3), false);
+  ListItem& city = d->lvwColumns.ListItems().Item(3);
+  EXPECT_TRUE(city.Checked());
+  d->lvwColumns.ItemCheck(city);  // the user clears its check box
+  EXPECT_FALSE(city.Checked());
+  EXPECT_FALSE(d->ColumnChecked("WZWCity"));
   EXPECT_EQ(d->lblTotalWidth.Caption(), "9,5");
   Select(*d, 4);
   d->cmdDown.Click();  // at the bottom: nothing

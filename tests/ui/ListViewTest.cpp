@@ -60,6 +60,25 @@ TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged) {
   EXPECT_THAT(observer.changes, IsEmpty());
 }
 
+TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
+  std::vector<std::string> checked;
+  view.OnItemCheck = [&](ListItem& row) {
+    checked.push_back(row.Key() + (row.Checked() ? " on" : " off"));
+  };
+  ListItem& row = view.ListItems().Item(2);
+  view.ItemCheck(row);  // no check boxes shown: nothing
+  EXPECT_FALSE(row.Checked());
+
+  view.SetCheckboxes(true);
+  view.ItemCheck(row);
+  view.ItemCheck(row);
+  row.SetChecked(true);  // from code: no event
+  view.SetEnabled(false);
+  view.ItemCheck(row);
+  EXPECT_TRUE(row.Checked());
+  EXPECT_THAT(checked, ElementsAre("O00003002 on", "O00003002 off"));
+}
+
 TEST_F(ListViewTest, Add_EmptyKeysMayRepeat) {
   view.ListItems().Add(0, "", "Be rakto");
   view.ListItems().Add(0, "", "Be rakto");
