@@ -9,7 +9,7 @@
 #include "host/MemoryRecordset.h"
 #include "host/RuntimeError.h"
 #include "testhost/FakeOrvelGrid.h"
-#include "testhost/StubObjectUIO.h"
+#include "support/StubObjectUIO.h"
 
 namespace orvel {
 namespace {

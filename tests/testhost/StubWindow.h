@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "host/OrvelWindow.h"
-#include "testhost/StubObjectUIO.h"
+#include "support/StubObjectUIO.h"
 
 namespace orvel {
 

@@ -7,7 +7,7 @@
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"
-#include "testhost/StubObjectUI.h"
+#include "support/StubObjectUI.h"
 #include "testhost/TestComponent.h"
 #include "testhost/TestComponentGroup.h"
 #include "testhost/TestComponentRegistry.h"

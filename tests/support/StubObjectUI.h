@@ -6,7 +6,7 @@
 
 #include "host/OrvelObjectBO.h"
 #include "host/OrvelObjectUI.h"
-#include "testhost/StubObjectUIO.h"
+#include "support/StubObjectUIO.h"
 
 namespace orvel {
 
