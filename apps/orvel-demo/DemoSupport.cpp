@@ -1,0 +1,47 @@
+#include "DemoSupport.h"
+
+#include <iostream>
+
+#include "host/OrvelWindow.h"
+#include "testhost/CallLog.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/Button.h"
+
+namespace demo {
+
+void Section(const std::string& title) { std::cout << "\n# " << title << "\n"; }
+
+void PrintList(const std::shared_ptr<orvel::Recordset>& rs) {
+  if (!rs) return;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    std::cout << "  " << orvel::LogText(rs->Fields("OIDR").Value()) << " "
+              << orvel::LogText(rs->Fields("Preview").Value()) << "\n";
+  }
+}
+
+void PrintMenu(const std::string& oidr, const std::optional<orvel::OrvelMenuItems>& menu) {
+  std::cout << "  menu of " << oidr << ":";
+  if (!menu) std::cout << " none";
+  std::cout << "\n";
+  if (!menu) return;
+  for (const auto& item : *menu) std::cout << "    " << item.Key << " " << item.Caption << "\n";
+}
+
+std::shared_ptr<orvel::Form> ShowFromMenu(orvel::TestHost& host, orvel::OrvelObjectUI& adapter,
+                                          const std::string& oidr, const std::string& key,
+                                          const std::string& otype) {
+  auto result = adapter.ClickMenu(oidr, otype, key, "");
+  auto window = result.Value.ObjectAs<orvel::OrvelWindow>();
+  if (result.Action != orvel::OrvelMenuResult::kShowWindow || !window) return nullptr;
+  host.WindowManager()->ShowWindow(window);
+  return std::dynamic_pointer_cast<orvel::Form>(window);
+}
+
+bool ClickButton(orvel::Form& form, const std::string& name) {
+  auto* button = dynamic_cast<orvel::Button*>(form.FindControl(name));
+  if (!button) return false;
+  button->Click();
+  return true;
+}
+
+}  // namespace demo

@@ -1,0 +1,34 @@
+// Printing and clicking helpers shared by the walk-through's steps.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "host/OrvelMenuItem.h"
+#include "host/OrvelObjectUI.h"
+#include "host/Recordset.h"
+#include "testhost/TestHost.h"
+#include "ui/Form.h"
+
+namespace demo {
+
+// A heading line before each step: "# <title>".
+void Section(const std::string& title);
+
+// Prints "OIDR Preview" for each row of a list.
+void PrintList(const std::shared_ptr<orvel::Recordset>& rs);
+
+// Prints a context menu, one "key caption" line per entry.
+void PrintMenu(const std::string& oidr, const std::optional<orvel::OrvelMenuItems>& menu);
+
+// Clicks a menu entry; when the result is a window, shows it through the host's
+// window manager and returns it as a form.
+std::shared_ptr<orvel::Form> ShowFromMenu(orvel::TestHost& host, orvel::OrvelObjectUI& adapter,
+                                          const std::string& oidr, const std::string& key,
+                                          const std::string& otype = "");
+
+// Clicks the named button of a form; false when the form has no such button.
+bool ClickButton(orvel::Form& form, const std::string& name);
+
+}  // namespace demo
