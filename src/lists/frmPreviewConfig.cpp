@@ -65,8 +65,8 @@ frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
   txtColumnCaption.OnLostFocus = [this] { txtColumnCaption_LostFocus(); };
   txtWidth.OnKeyPress = [this](int& key) { txtWidth_KeyPress(key); };
   txtWidth.OnLostFocus = [this] { txtWidth_LostFocus(); };
-  txtFooter.OnGotFocus = [this] { footerFocused_ = true; };
-  txtFooter.OnLostFocus = [this] { footerFocused_ = false; };
+  txtRegName.OnValidate = [this](bool& cancel) { txtRegName_Validate(cancel); };
+  SetKeyPreview(true);
   cmdOK.OnClick = [this] { cmdOK_Click(); };
   cmdCancel.OnClick = [this] { cmdCancel_Click(); };
 }
@@ -273,7 +273,7 @@ void frmPreviewConfig::txtRegName_Validate(bool& cancel) {
 }
 
 void frmPreviewConfig::Form_KeyPress(int& keyAscii) {
-  if (keyAscii != kEnter || footerFocused_) return;
+  if (keyAscii != kEnter || ActiveControl() == &txtFooter) return;
   keyAscii = 0;
   cmdOK_Click();
 }

@@ -69,7 +69,7 @@ class frmPreviewConfig : public Form {
   void txtWidth_KeyPress(int& keyAscii);
   void txtWidth_LostFocus();
   void txtRegName_Validate(bool& cancel);
-  void Form_KeyPress(int& keyAscii);
+  void Form_KeyPress(int& keyAscii) override;
   void cmdOK_Click();
   void cmdCancel_Click();
 
@@ -99,7 +99,6 @@ class frmPreviewConfig : public Form {
   std::vector<Row> rows_;  // in display order
   int current_ = -1;
   bool loading_ = false;
-  bool footerFocused_ = false;
 };
 
 }  // namespace orvel

@@ -63,6 +63,9 @@ class ComboBox : public Control {
   void LostFocus();
   int KeyPress(int keyAscii);
 
+  void FocusLeft() override { LostFocus(); }
+  int KeyTyped(int keyAscii) override { return KeyPress(keyAscii); }
+
  private:
   struct Item {
     std::string text;

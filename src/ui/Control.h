@@ -37,6 +37,23 @@ class Control {
   virtual void SetObserver(ControlObserver* observer) { observer_ = observer; }
   ControlObserver* Observer() const { return observer_; }
 
+  // Raised before the focus leaves the control; a handler that sets cancel
+  // keeps the focus where it is.
+  std::function<void(bool& cancel)> OnValidate;
+
+  // Focus and typing as the form routes them (Form::SetFocus, Form::TypeKey).
+  // Controls without such events ignore them; KeyTyped returns the character
+  // after the control's handler (0: swallowed).
+  virtual void FocusEntered() {}
+  virtual void FocusLeft() {}
+  virtual int KeyTyped(int keyAscii) { return keyAscii; }
+  // Raises Validate; returns whether the handler cancelled the move.
+  bool Validate() {
+    bool cancel = false;
+    if (OnValidate) Raise(OnValidate, cancel);
+    return cancel;
+  }
+
   // Tells the observer that `property` changed. The parts of a control (list
   // rows, column headers) call it on their control's behalf.
   void Notify(std::string_view property);

@@ -31,6 +31,7 @@ class DTPicker : public Control {
   // cannot show.
   bool Pick(const Variant& value);
   void LostFocus();
+  void FocusLeft() override { LostFocus(); }
 
  private:
   orvel::Date date_{};

@@ -36,6 +36,25 @@ void Form::Register(Control& control) {
   controls_.push_back(&control);
 }
 
+bool Form::SetFocus(Control& control) {
+  if (activeControl_ == &control) return true;
+  if (!control.Enabled() || !control.Visible()) return false;
+  if (std::find(controls_.begin(), controls_.end(), &control) == controls_.end()) return false;
+  if (Control* leaving = activeControl_) {
+    if (leaving->Validate()) return false;
+    leaving->FocusLeft();
+  }
+  activeControl_ = &control;
+  control.FocusEntered();
+  return true;
+}
+
+int Form::TypeKey(int keyAscii) {
+  if (keyPreview_) Form_KeyPress(keyAscii);
+  if (keyAscii != 0 && activeControl_) keyAscii = activeControl_->KeyTyped(keyAscii);
+  return keyAscii;
+}
+
 void Form::Load() {
   if (loaded_) return;
   // Loaded before Form_Load runs, so that Form_Load may show or unload it.

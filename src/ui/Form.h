@@ -51,6 +51,21 @@ class Form {
   // One observer of the form's own state; null detaches it.
   void SetObserver(FormObserver* observer) { observer_ = observer; }
 
+  // The control that has the focus; null until one takes it.
+  Control* ActiveControl() const { return activeControl_; }
+  // Moves the focus to a registered control. The control losing it raises
+  // Validate first and keeps the focus when that cancels; then it raises
+  // LostFocus and the new one GotFocus. A disabled or invisible control takes
+  // no focus. Returns whether the focus is on `control` afterwards.
+  bool SetFocus(Control& control);
+  // With KeyPreview the form sees each typed character before its controls.
+  bool KeyPreview() const { return keyPreview_; }
+  void SetKeyPreview(bool preview) { keyPreview_ = preview; }
+  // A character typed while the form is active: Form_KeyPress first when
+  // KeyPreview is on, then the focused control's KeyPress unless the form
+  // swallowed it. Returns the character left after both (0: swallowed).
+  int TypeKey(int keyAscii);
+
   void Load();
   void Show();
   void Hide();
@@ -66,6 +81,8 @@ class Form {
   // Set cancel to keep the form loaded.
   virtual void Form_QueryUnload(bool& cancel) { (void)cancel; }
   virtual void Form_Unload() {}
+  // Set keyAscii to 0 to swallow the character.
+  virtual void Form_KeyPress(int& keyAscii) { (void)keyAscii; }
 
  private:
   void Notify(std::string_view property);
@@ -76,6 +93,8 @@ class Form {
   bool visible_ = false;
   bool loaded_ = false;
   bool unloading_ = false;
+  bool keyPreview_ = false;
+  Control* activeControl_ = nullptr;
   std::vector<Control*> controls_;
   FormObserver* observer_ = nullptr;
 };

@@ -46,6 +46,10 @@ class TextBox : public Control {
   void LostFocus();
   void DblClick();
 
+  void FocusEntered() override { GotFocus(); }
+  void FocusLeft() override { LostFocus(); }
+  int KeyTyped(int keyAscii) override { return KeyPress(keyAscii); }
+
  private:
   std::string text_;
   bool locked_ = false;

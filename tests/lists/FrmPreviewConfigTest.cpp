@@ -207,26 +207,23 @@ TEST_F(FrmPreviewConfigTest, NoCheckedColumnIsRefusedAndTheDialogStays) {
 
 TEST_F(FrmPreviewConfigTest, EnterAcceptsExceptInTheFooter) {
   auto d = Open();
-  d->txtFooter.GotFocus();
-  int key = 13;
-  d->Form_KeyPress(key);
-  EXPECT_EQ(key, 13);
+  ASSERT_TRUE(d->SetFocus(d->txtFooter));
+  EXPECT_EQ(d->TypeKey(13), 13);
   EXPECT_TRUE(d->Loaded());
-  d->txtFooter.LostFocus();
-  d->Form_KeyPress(key);
-  EXPECT_EQ(key, 0);
+  ASSERT_TRUE(d->SetFocus(d->txtJournalName));
+  EXPECT_EQ(d->TypeKey(13), 0);
   EXPECT_FALSE(d->Loaded());
   EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
 }
 
 TEST_F(FrmPreviewConfigTest, EmptyRegistrationNameKeepsTheFocus) {
   auto d = Open();
-  bool cancel = false;
-  d->txtRegName_Validate(cancel);
-  EXPECT_FALSE(cancel);
+  ASSERT_TRUE(d->SetFocus(d->txtRegName));
+  EXPECT_TRUE(d->SetFocus(d->txtJournalName));
+  ASSERT_TRUE(d->SetFocus(d->txtRegName));
   d->txtRegName.Edit("");
-  d->txtRegName_Validate(cancel);
-  EXPECT_TRUE(cancel);
+  EXPECT_FALSE(d->SetFocus(d->txtJournalName));
+  EXPECT_EQ(d->ActiveControl(), &d->txtRegName);
 }
 
 TEST_F(FrmPreviewConfigTest, CancelLeavesStatusZero) {

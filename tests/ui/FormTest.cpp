@@ -29,8 +29,13 @@ class frmProbe : public Form {
   std::vector<std::string> events;
   bool refuseUnload = false;
   bool unloadInLoad = false;
+  int swallowKey = 0;
 
  protected:
+  void Form_KeyPress(int& keyAscii) override {
+    events.push_back("Form_KeyPress " + std::to_string(keyAscii));
+    if (keyAscii == swallowKey) keyAscii = 0;
+  }
   void Form_Load() override {
     events.push_back("Load");
     if (unloadInLoad) Unload();
@@ -125,6 +130,68 @@ TEST(Form, Observer_FollowsTheLifeCycle) {
   EXPECT_THAT(observer.changes,
               ElementsAre("frmProbe.Caption", "frmProbe.Loaded", "frmProbe.Visible",
                           "frmProbe.Enabled", "frmProbe.Visible", "frmProbe.Loaded"));
+}
+
+// A probe with two text boxes that log their focus and key events.
+class FocusProbe : public frmProbe {
+ public:
+  FocusProbe() {
+    Register(txtCode);
+    Register(txtHidden);
+    txtHidden.SetVisible(false);
+    for (TextBox* box : {&txtName, &txtCode}) {
+      box->OnGotFocus = [this, box] { events.push_back(box->Name() + ".GotFocus"); };
+      box->OnLostFocus = [this, box] { events.push_back(box->Name() + ".LostFocus"); };
+      box->OnKeyPress = [this, box](int& key) {
+        events.push_back(box->Name() + ".KeyPress " + std::to_string(key));
+      };
+    }
+    txtName.OnValidate = [this](bool& cancel) {
+      events.push_back("txtName.Validate");
+      cancel = txtName.Text().empty();
+    };
+  }
+  TextBox txtCode{"txtCode"};
+  TextBox txtHidden{"txtHidden"};
+};
+
+TEST(Form, SetFocus_ValidatesThenMovesTheFocus) {
+  FocusProbe form;
+  ASSERT_TRUE(form.SetFocus(form.txtName));
+  form.txtName.SetText("UAB");
+  EXPECT_TRUE(form.SetFocus(form.txtCode));
+  EXPECT_EQ(form.ActiveControl(), &form.txtCode);
+  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate",
+                                       "txtName.LostFocus", "txtCode.GotFocus"));
+}
+
+TEST(Form, SetFocus_CancelledValidateKeepsTheFocus) {
+  FocusProbe form;
+  ASSERT_TRUE(form.SetFocus(form.txtName));
+  EXPECT_FALSE(form.SetFocus(form.txtCode));
+  EXPECT_EQ(form.ActiveControl(), &form.txtName);
+  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate"));
+}
+
+TEST(Form, SetFocus_HiddenOrForeignControlTakesNoFocus) {
+  FocusProbe form;
+  TextBox stranger{"txtStranger"};
+  EXPECT_FALSE(form.SetFocus(form.txtHidden));
+  EXPECT_FALSE(form.SetFocus(stranger));
+  EXPECT_EQ(form.ActiveControl(), nullptr);
+}
+
+TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {
+  FocusProbe form;
+  form.SetFocus(form.txtCode);
+  form.events.clear();
+  EXPECT_EQ(form.TypeKey('a'), 'a');  // no preview: only the box
+  form.SetKeyPreview(true);
+  form.swallowKey = 13;
+  EXPECT_EQ(form.TypeKey('b'), 'b');
+  EXPECT_EQ(form.TypeKey(13), 0);
+  EXPECT_THAT(form.events, ElementsAre("txtCode.KeyPress 97", "Form_KeyPress 98",
+                                       "txtCode.KeyPress 98", "Form_KeyPress 13"));
 }
 
 }  // namespace
