@@ -9,6 +9,13 @@
 
 namespace demo {
 
+namespace {
+orvel::OrvelModule* loadedModule = nullptr;
+}  // namespace
+
+void SetModule(orvel::OrvelModule* module) { loadedModule = module; }
+orvel::OrvelModule& Module() { return *loadedModule; }
+
 void Section(const std::string& title) { std::cout << "\n# " << title << "\n"; }
 
 void PrintList(const std::shared_ptr<orvel::Recordset>& rs) {

@@ -8,10 +8,15 @@
 #include "host/OrvelMenuItem.h"
 #include "host/OrvelObjectUI.h"
 #include "host/Recordset.h"
+#include "module/OrvelModule.h"
 #include "testhost/TestHost.h"
 #include "ui/Form.h"
 
 namespace demo {
+
+// The loaded module, for the steps that create its classes by name.
+void SetModule(orvel::OrvelModule* module);
+orvel::OrvelModule& Module();
 
 // A heading line before each step: "# <title>".
 void Section(const std::string& title);

@@ -1,9 +1,81 @@
-// The list window of the bank type: its table and its printout.
+// The list window of the bank type: its table, its printout, and closing it.
+#include <iostream>
+#include <memory>
+#include <string>
+
 #include "DemoSupport.h"
 #include "Walks.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelResult.h"
+#include "host/OrvelWindow.h"
+#include "testhost/TestHostClasses.h"
+#include "testhost/TestObjectManager.h"
+#include "testhost/TestPrintDoc.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/ListView.h"
 
 namespace demo {
+namespace {
 
-int WalkBankList(orvel::TestHost&) { return 0; }
+using orvel::Variant;
+
+// The bank type's fields as the business layer describes them.
+void SeedBankStructure(orvel::TestHost& host) {
+  auto structure = std::make_shared<orvel::MemoryRecordset>(
+      std::vector<std::string>{"Name", "Caption", "Length", "xType", "Visible"});
+  auto field = [&](const char* name, const char* caption, int length, int type, int visible) {
+    structure->AddRow(
+        {Variant(name), Variant(caption), Variant(length), Variant(type), Variant(visible)});
+  };
+  field("ID", "ID", 4, 56, 0);
+  field("Name", "Pavadinimas", 100, 167, 1);
+  field("Code", "Kodas", 10, 167, 1);
+  field("SWIFT", "SWIFT kodas", 11, 167, 1);
+  host.ObjectManager()->ReplyToCall("Orvel_GetObjectStructureByOID",
+                                    orvel::OrvelResult{0, "", Variant(structure)});
+}
+
+void PrintTable(const orvel::ListView& list) {
+  std::string headers;
+  for (const auto& column : list.ColumnHeaders()) headers += " | " + column->Text();
+  std::cout << " " << headers << "\n";
+  for (const auto& item : list.ListItems()) {
+    std::string row = item->Text();
+    for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
+    std::cout << "   | " << row << "\n";
+  }
+}
+
+}  // namespace
+
+int WalkBankList(orvel::TestHost& host) {
+  SeedBankStructure(host);
+  auto banks = host.ObjectManager()->GetOrvelObjectUI("O0000300");
+  if (!banks) return 1;
+
+  Section("O0000300: the list window of the banks");
+  auto window = std::dynamic_pointer_cast<orvel::OrvelWindow>(
+      Module().CreateObject("frmReferenceBookPreview"));
+  auto type = banks->GetOrvelObject("");
+  if (!window || !type) return 1;
+  window->SetOrvelObjectUIO(type);
+  host.WindowManager()->ShowWindow(window);
+  auto form = std::dynamic_pointer_cast<orvel::Form>(window);
+  auto* table = form ? dynamic_cast<orvel::ListView*>(form->FindControl("lvwRec")) : nullptr;
+  if (!table) return 1;
+  PrintTable(*table);
+
+  Section("O0000300: print the list");
+  ClickButton(*form, "cmdPrint");
+  auto doc = host.HostClasses()->LastPrintDoc();
+  if (!doc) return 1;
+  for (const auto& line : doc->Lines()) std::cout << "  " << line << "\n";
+
+  Section("O0000300: close the list");
+  ClickButton(*form, "SSCClose");
+  return form->Loaded() ? 1 : 0;
+}
 
 }  // namespace demo

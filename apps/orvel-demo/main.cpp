@@ -103,6 +103,7 @@ int main(int argc, char** argv) {
           module->CreateObject("UI" + oid.substr(1)));
     });
 
+    demo::SetModule(module);
     Register(*module);
     ListRights(*module);
 

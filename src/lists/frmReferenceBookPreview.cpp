@@ -20,6 +20,7 @@
 #include "host/OrvelPrintSections.h"
 #include "host/OrvelServices.h"
 #include "host/OrvelUser.h"
+#include "host/OrvelWindowManager.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "lists/frmPreviewConfig.h"
@@ -445,8 +446,13 @@ void frmReferenceBookPreview::SSCClose_Click() {
     // Off first, so that a second click cannot come in while events run.
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
-    Unload();
+    Services().WindowManager()->CloseWindow(weak_from_this().lock());
   });
+}
+
+void frmReferenceBookPreview::QueryRemove(bool& cancel) {
+  // Nothing to lose: the window may always go.
+  SSCClose.SetEnabled(!cancel);
 }
 
 }  // namespace orvel

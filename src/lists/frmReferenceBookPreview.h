@@ -7,6 +7,7 @@
 
 #include "host/Dictionary.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
 #include "host/Recordset.h"
 #include "lists/ColumnConfig.h"
 #include "ui/Button.h"
@@ -22,8 +23,11 @@ namespace orvel {
 // Its columns come from the type's structure (the default configuration)
 // or from a configuration string the user tailored in frmPreviewConfig.
 // When the type has groups, groups and their members form an indented tree,
-// group rows in bold.
-class frmReferenceBookPreview : public Form {
+// group rows in bold. The host shows it and closes it like every object
+// window; it keeps no edits, so it never asks before it goes.
+class frmReferenceBookPreview : public Form,
+                                public OrvelWindow,
+                                public std::enable_shared_from_this<frmReferenceBookPreview> {
  public:
   // The part of a line each nesting level of groups indents by.
   static constexpr int kIndentPerLevel = 10;
@@ -35,7 +39,7 @@ class frmReferenceBookPreview : public Form {
   frmReferenceBookPreview();
 
   // The object whose type is listed; set before the window loads.
-  std::shared_ptr<OrvelObjectUIO> ObjectUIO;
+  std::shared_ptr<orvel::OrvelObjectUIO> ObjectUIO;
   // The OIDR of the list call, "" for the whole type.
   std::string ListArgument;
   // A configuration string to use instead of the default one (a stored one);
@@ -54,6 +58,15 @@ class frmReferenceBookPreview : public Form {
   Label lblName{"lblName"};
   Label lblOperSelect{"lblOperSelect"};
   Label lblConfig{"lblConfig"};
+
+  // OrvelWindow
+  std::shared_ptr<orvel::OrvelObjectUIO> OrvelObjectUIO() const override { return ObjectUIO; }
+  void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override {
+    ObjectUIO = std::move(object);
+  }
+  void Show() override { Form::Show(); }
+  void QueryRemove(bool& cancel) override;
+  void Unload() override { Form::Unload(); }
 
   void cmdSelect_Click();
   void cmdConfig_Click();

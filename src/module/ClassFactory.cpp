@@ -6,6 +6,7 @@
 #include "adapters/SmallAdapters.h"
 #include "adapters/UI0000100.h"
 #include "adapters/UI0000300.h"
+#include "lists/frmReferenceBookPreview.h"
 #include "module/DLLHeader.h"
 #include "module/SecurityHeader.h"
 
@@ -23,6 +24,8 @@ Creator Make() {
 const std::map<std::string, Creator, std::less<>>& Classes() {
   static const std::map<std::string, Creator, std::less<>> classes{
       {"DLLHeader", Make<DLLHeader>()}, {"SecurityHeader", Make<SecurityHeader>()},
+      // The list window of any type, for hosts that show a type's table.
+      {"frmReferenceBookPreview", Make<frmReferenceBookPreview>()},
       {"UI0000100", Make<UI0000100>()},
       {"UIO0000100", Make<UIO0000100>()},
       {"UI0000300", Make<UI0000300>()},

@@ -10,7 +10,9 @@
 namespace orvel {
 
 // Creates the module's exported classes by name: "DLLHeader",
-// "SecurityHeader" and the adapter pairs ("UI0000400", "UIO0000400", ...).
+// "SecurityHeader", the adapter pairs ("UI0000400", "UIO0000400", ...) and
+// the list window "frmReferenceBookPreview", which shows any type's table
+// once its OrvelObjectUIO is set.
 class ClassFactory {
  public:
   // A new object of the class, or null for a name the module does not export.

@@ -1,5 +1,6 @@
 // The list window: default columns from the type's structure, the grouped
 // and indented table, the configuration, a bad configuration and printing.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "lists/ListedType.h"
@@ -10,9 +11,12 @@
 #include "testhost/TestPrintDoc.h"
 #include "testhost/TestServices.h"
 #include "testhost/TestUser.h"
+#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
+
+using ::testing::ElementsAre;
 
 constexpr const char* kDefault =
     "Žinynas ;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;9,5;1"
@@ -68,9 +72,9 @@ class FrmReferenceBookPreviewTest : public ModuleTest {
         Set(kFields, {Record("C", "Gama", Variant(0), Variant(false), 0, "O00009007")});
   }
 
-  std::unique_ptr<frmReferenceBookPreview> Open(const std::string& config = "",
+  std::shared_ptr<frmReferenceBookPreview> Open(const std::string& config = "",
                                                 const std::string& argument = "") {
-    auto w = std::make_unique<frmReferenceBookPreview>();
+    auto w = std::make_shared<frmReferenceBookPreview>();
     w->ObjectUIO = std::make_shared<ListedObject>(
         type_, std::vector<std::string>{"ID", "Code", "Name", "GroupFlag"}, "O00009001", "Grupė");
     w->ListArgument = argument;
@@ -335,11 +339,14 @@ TEST_F(FrmReferenceBookPreviewTest, CancelledConfigurationChangesNothing) {
   EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
 }
 
-TEST_F(FrmReferenceBookPreviewTest, CloseUnloadsTheWindow) {
+TEST_F(FrmReferenceBookPreviewTest, CloseGoesThroughTheHostWithoutAQuestion) {
   auto w = Open();
+  host_.WindowManager()->ShowWindow(w);
+  host_.Log().Clear();
   w->SSCClose.Click();
   EXPECT_FALSE(w->Loaded());
-  EXPECT_FALSE(w->SSCClose.Enabled());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_THAT(host_.Log().Lines(Channel::Window), ElementsAre("CloseWindow O00009001"));
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "host/OrvelHeaderSecurity.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
 #include "module/ClassFactory.h"
 
 namespace orvel {
@@ -12,6 +13,11 @@ namespace {
 TEST(ClassFactory, CreatesTheHeadersByName) {
   EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
   EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
+            nullptr);
+}
+
+TEST(ClassFactory, CreatesTheListWindowAsAHostWindow) {
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelWindow>(ClassFactory::Create("frmReferenceBookPreview")),
             nullptr);
 }
 
