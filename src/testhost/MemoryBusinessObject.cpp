@@ -7,7 +7,7 @@
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "testhost/CallLog.h"
-#include "testhost/ParamList.h"
+#include "host/ParamList.h"
 
 namespace orvel {
 

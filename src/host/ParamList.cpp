@@ -1,4 +1,4 @@
-#include "testhost/ParamList.h"
+#include "host/ParamList.h"
 
 namespace orvel {
 

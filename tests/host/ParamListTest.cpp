@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "testhost/ParamList.h"
+#include "host/ParamList.h"
 
 namespace orvel {
 namespace {
