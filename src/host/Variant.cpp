@@ -2,6 +2,7 @@
 
 #include <cstdio>
 #include <limits>
+#include <ostream>
 
 #include "host/RuntimeError.h"
 
@@ -81,6 +82,8 @@ Variant::Array& Variant::ArrayValue() {
   if (Type() != VarType::Array) Mismatch("Array", *this);
   return std::get<Array>(value_);
 }
+
+void PrintTo(const Variant& v, std::ostream* os) { *os << Describe(v); }
 
 std::string Describe(const Variant& v) {
   char buf[64];

@@ -1,6 +1,7 @@
 #pragma once
 
 #include <compare>
+#include <iosfwd>
 #include <cstdint>
 #include <memory>
 #include <string>
@@ -96,5 +97,7 @@ class Variant {
 // A short human-readable description ("Empty", "Null", "Integer 5", "String 'a'"),
 // for test failure messages and diagnostics.
 std::string Describe(const Variant& v);
+// GoogleTest prints a Variant through this: its Describe text.
+void PrintTo(const Variant& v, std::ostream* os);
 
 }  // namespace orvel

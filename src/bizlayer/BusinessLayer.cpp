@@ -1,0 +1,62 @@
+#include "bizlayer/BusinessLayer.h"
+
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/SqliteError.h"
+#include "bizlayer/TableBusinessObject.h"
+#include "bizlayer/TableSpec.h"
+#include "host/MemoryRecordset.h"
+
+namespace orvel {
+
+BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move(db)) {
+  for (const auto& spec : Catalogues()) {
+    objects_[spec.oid] = std::make_shared<TableBusinessObject>(db_, spec);
+  }
+  AddBankCalls(*objects_.at("O0000300"));
+}
+
+BusinessLayer::~BusinessLayer() = default;
+
+std::shared_ptr<TableBusinessObject> BusinessLayer::BusinessObject(const std::string& oid) const {
+  auto it = objects_.find(oid);
+  return it == objects_.end() ? nullptr : it->second;
+}
+
+void BusinessLayer::SetUserName(const std::string& user) {
+  for (auto& [oid, object] : objects_) object->SetUserName(user);
+}
+
+void BusinessLayer::AddBankCalls(TableBusinessObject& banks) {
+  // The firms that keep their account in the bank: "OIDR" and "Preview".
+  banks.OnRead("GetFirms", [&banks](const TableBusinessObject::Args& args) {
+    auto id = args.empty() ? std::nullopt : banks.IdOf(args[0]);
+    return banks.Query(
+        "SELECT 'O0000100' || ID AS OIDR, Name AS Preview FROM firms WHERE BankID = ?"
+        " ORDER BY Name",
+        {id ? Variant(*id) : Variant::Null()});
+  });
+}
+
+OrvelResult BusinessLayer::ServiceCall(const std::string& name, const std::string& param) {
+  try {
+    if (name == "Orvel_GetObjectStructureByOID") {
+      auto object = BusinessObject(param);
+      if (!object) return OrvelResult{5, name + ": no type " + param, Variant()};
+      auto structure = object->RecordsetCall("Orvel_GetObjectStructure", "", 0);
+      return OrvelResult{structure.Number, structure.Text, Variant(structure.Object)};
+    }
+    if (name == "Orvel_GetGroupPreviewField") {
+      auto object = BusinessObject(param);
+      auto rs = std::make_shared<MemoryRecordset>(
+          std::vector<std::string>{"GroupPreviewFieldName", "GroupPreviewFieldCaption"});
+      if (object && object->Spec().grouped) rs->AddRow({Variant("Name"), Variant("Pavadinimas")});
+      rs->MoveFirst();
+      return OrvelResult{0, "", Variant(rs)};
+    }
+    return OrvelResult{5, "Nežinoma paslauga: " + name, Variant()};
+  } catch (const std::exception& e) {
+    return OrvelResult{TableBusinessObject::kDatabaseError, name + ": " + e.what(), Variant()};
+  }
+}
+
+}  // namespace orvel

@@ -1,0 +1,41 @@
+#pragma once
+
+#include <map>
+#include <memory>
+#include <string>
+
+#include "host/OrvelResult.h"
+
+namespace orvel {
+
+class SqliteDatabase;
+class TableBusinessObject;
+
+// The reference business layer: one database and a business object per
+// object type, each answering the module's calls for its type, plus the
+// host services that read the database ("Orvel_GetObjectStructureByOID",
+// "Orvel_GetGroupPreviewField"). A host hands BusinessObject(oid) to the
+// module as the type's OrvelObjectBO and routes its own Call here.
+class BusinessLayer {
+ public:
+  explicit BusinessLayer(std::shared_ptr<SqliteDatabase> db);
+  ~BusinessLayer();
+
+  SqliteDatabase& Database() { return *db_; }
+  // The business object of a type; null for a type the layer does not keep.
+  std::shared_ptr<TableBusinessObject> BusinessObject(const std::string& oid) const;
+  // The user whose name goes into the records written from now on.
+  void SetUserName(const std::string& user);
+
+  // A host service of the database; Number non-zero with a text for a name
+  // it does not know or a failure.
+  OrvelResult ServiceCall(const std::string& name, const std::string& param);
+
+ private:
+  void AddBankCalls(TableBusinessObject& banks);
+
+  std::shared_ptr<SqliteDatabase> db_;
+  std::map<std::string, std::shared_ptr<TableBusinessObject>> objects_;
+};
+
+}  // namespace orvel

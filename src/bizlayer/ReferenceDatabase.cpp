@@ -1,0 +1,331 @@
+#include "bizlayer/ReferenceDatabase.h"
+
+#include <cmath>
+#include <cstdint>
+#include <string>
+#include <vector>
+
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/TableSpec.h"
+#include "host/Convert.h"
+
+namespace orvel {
+
+namespace {
+
+// A small deterministic generator, so every new database holds the same data.
+class SampleRandom {
+ public:
+  explicit SampleRandom(uint32_t seed) : state_(seed) {}
+  uint32_t Next() {
+    state_ = state_ * 1664525u + 1013904223u;
+    return state_ >> 8;
+  }
+  int Below(int n) { return static_cast<int>(Next() % static_cast<uint32_t>(n)); }
+  template <class T>
+  const T& Pick(const std::vector<T>& items) {
+    return items[static_cast<size_t>(Below(static_cast<int>(items.size())))];
+  }
+
+ private:
+  uint32_t state_;
+};
+
+void CreateCatalogueTable(SqliteDatabase& db, const TableSpec& spec) {
+  std::string sql = "CREATE TABLE " + spec.table + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
+  for (const auto& field : spec.fields) {
+    sql += ", " + field.name + " " + SqlTypeName(field.type);
+  }
+  sql += ")";
+  db.Exec(sql);
+  if (spec.grouped) {
+    db.Exec("CREATE INDEX " + spec.table + "_parent ON " + spec.table + " (ParentID, Name)");
+  }
+  auto describe = db.Prepare(
+      "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
+      "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
+  describe.BindAll(spec.structureName, 0, "ID", "ID", 4, 56, 0).Run();
+  int position = 0;
+  for (const auto& field : spec.fields) {
+    describe.Reset();
+    describe
+        .BindAll(spec.structureName, ++position, field.name, field.caption, field.length,
+                 ServerTypeCode(field.type), field.visible ? 1 : 0)
+        .Run();
+  }
+}
+
+int64_t Insert(SqliteDatabase& db, const std::string& sql, const std::vector<Variant>& values) {
+  auto stmt = db.Prepare(sql);
+  for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
+  stmt.Run();
+  return db.LastInsertRowId();
+}
+
+void SeedBanks(SqliteDatabase& db) {
+  struct Bank {
+    const char* name;
+    const char* code;
+    const char* swift;
+    const char* address;
+  };
+  const Bank banks[] = {
+      {"AB SEB bankas", "70440", "CBVILT2X", "Konstitucijos pr. 24, Vilnius"},
+      {"„Swedbank“, AB", "73000", "HABALT22", "Konstitucijos pr. 20A, Vilnius"},
+      {"AB Šiaulių bankas", "71800", "CBSBLT26", "Tilžės g. 149, Šiauliai"},
+      {"Luminor Bank AS Lietuvos skyrius", "40100", "AGBLLT2X", "Konstitucijos pr. 21A, Vilnius"},
+      {"UAB Medicinos bankas", "72300", "MDBALT22", "Pamėnkalnio g. 40, Vilnius"},
+      {"AB Citadele bankas", "72900", "INDULT2X", "K. Kalinausko g. 13, Vilnius"},
+  };
+  for (const auto& bank : banks) {
+    Insert(db, "INSERT INTO banks (Name, Code, SWIFT, Address) VALUES (?, ?, ?, ?)",
+           {Variant(bank.name), Variant(bank.code), Variant(bank.swift), Variant(bank.address)});
+  }
+}
+
+void SeedMeasures(SqliteDatabase& db) {
+  const std::pair<const char*, const char*> measures[] = {
+      {"vienetas", "vnt."},     {"kilogramas", "kg"},         {"litras", "l"},
+      {"metras", "m"},          {"kvadratinis metras", "m²"}, {"kubinis metras", "m³"},
+      {"pakuotė", "pak."},      {"valanda", "val."},          {"tona", "t"},
+      {"komplektas", "kompl."},
+  };
+  for (const auto& [name, code] : measures) {
+    Insert(db, "INSERT INTO measures (Name, Code) VALUES (?, ?)", {Variant(name), Variant(code)});
+  }
+}
+
+void SeedFirms(SqliteDatabase& db) {
+  SampleRandom random(2026);
+  const std::vector<std::string> forms{"UAB", "AB", "MB", "IĮ", "ŽŪB"};
+  const std::vector<std::string> roots{
+      "Medienos", "Baltijos", "Šiaulių", "Nemuno",    "Žalgirio",  "Aukštaitijos", "Žemaitijos",
+      "Dzūkijos", "Vilniaus", "Kauno",   "Klaipėdos", "Panevėžio", "Gintaro",      "Ąžuolo",
+      "Lino",     "Rūtos",    "Vėjo",    "Saulės",    "Upės",      "Girios"};
+  const std::vector<std::string> trades{"centras", "prekyba",  "statyba",  "transportas", "duona",
+                                        "baldai",  "technika", "servisas", "logistika",   "pienas",
+                                        "mėsa",    "spauda",   "vaistai",  "energija"};
+  const std::vector<std::string> towns{"Vilnius",   "Kaunas", "Klaipėda",    "Šiauliai",
+                                       "Panevėžys", "Alytus", "Marijampolė", "Utena"};
+  const std::vector<std::string> streets{"Gedimino pr.", "Laisvės al.", "Vilniaus g.",
+                                         "Taikos pr.",   "Ąžuolyno g.", "Žalgirio g."};
+  struct Group {
+    const char* name;
+    const char* parent;
+  };
+  const Group groups[] = {{"Tiekėjai", nullptr},
+                          {"Pirkėjai", nullptr},
+                          {"Partneriai", nullptr},
+                          {"Užsienio įmonės", nullptr},
+                          {"Žaliavų tiekėjai", "Tiekėjai"},
+                          {"Paslaugų tiekėjai", "Tiekėjai"},
+                          {"Didmeninė prekyba", "Pirkėjai"},
+                          {"Mažmeninė prekyba", "Pirkėjai"}};
+  std::vector<std::pair<std::string, int64_t>> ids;
+  auto idOf = [&](const char* name) -> Variant {
+    if (!name) return Variant::Null();
+    for (const auto& [group, id] : ids) {
+      if (group == name) return Variant(id);
+    }
+    return Variant::Null();
+  };
+  int own = 0;
+  for (const auto& group : groups) {
+    char code[8];
+    std::snprintf(code, sizeof code, "%03d", ++own);
+    int64_t id = Insert(
+        db,
+        "INSERT INTO firms (Name, ParentID, GroupFlag, Active, OwnCode, CreatedByUser,"
+        " CreationDate) VALUES (?, ?, 1, 1, ?, 'admin', ?)",
+        {Variant(group.name), idOf(group.parent), Variant(code), Variant(DateSerial(2026, 1, 2))});
+    ids.emplace_back(group.name, id);
+  }
+  auto firm = db.Prepare(
+      "INSERT INTO firms (Name, Code, VATCode, Address, Phone, ParentID, GroupFlag, Active,"
+      " FirmTypeId, RegionID, BankID, Account, CreditLimit, CreatedByUser, CreationDate)"
+      " VALUES (?, ?, ?, ?, ?, ?, 0, ?, 1, ?, ?, ?, ?, 'admin', ?)");
+  for (int i = 0; i < 300; ++i) {
+    std::string name =
+        random.Pick(forms) + " „" + random.Pick(roots) + " " + random.Pick(trades) + "“";
+    std::string code = std::to_string(100000000 + random.Below(899999999));
+    std::string address = random.Pick(streets) + " " + std::to_string(1 + random.Below(120)) +
+                          ", " + random.Pick(towns);
+    std::string phone = "+370 " + std::to_string(600 + random.Below(100)) + " " +
+                        std::to_string(10000 + random.Below(89999));
+    char account[32];
+    std::snprintf(account, sizeof account, "LT%02d7044%012d", 10 + random.Below(89),
+                  random.Below(999999999));
+    Variant parent =
+        i % 10 == 0
+            ? Variant::Null()
+            : Variant(ids[static_cast<size_t>(random.Below(static_cast<int>(ids.size())))].second);
+    firm.Reset();
+    firm.BindAll(name, code, "LT" + code.substr(0, 9), address, phone, parent, i % 17 != 0,
+                 1 + random.Below(10), 1 + random.Below(6), std::string(account),
+                 static_cast<double>(random.Below(20) * 500), DateSerial(2026, 1, 2));
+    firm.Run();
+  }
+}
+
+void SeedGoods(SqliteDatabase& db) {
+  SampleRandom random(1990);
+  struct Group {
+    const char* name;
+    const char* code;
+    std::vector<std::string> kinds;
+  };
+  const std::vector<Group> groups{
+      {"Maisto prekės", "01", {"Duona", "Pienas", "Sūris", "Kava", "Arbata", "Obuoliai"}},
+      {"Statybinės medžiagos", "02", {"Cementas", "Plytos", "Dažai", "Lenta", "Vinys", "Gipsas"}},
+      {"Biuro prekės", "03", {"Popierius", "Tušinukas", "Segtuvas", "Sąsiuvinis", "Klijai"}},
+      {"Buitinė technika", "04", {"Virdulys", "Lygintuvas", "Šaldytuvas", "Skalbyklė"}},
+      {"Paslaugos", "05", {"Pristatymas", "Montavimas", "Konsultacija", "Remontas"}},
+  };
+  const std::vector<std::string> qualities{"aukščiausios rūšies",
+                                           "ekologiškas",
+                                           "standartinis",
+                                           "didelis",
+                                           "mažas",
+                                           "baltas",
+                                           "juodas",
+                                           "žalias"};
+  auto good = db.Prepare(
+      "INSERT INTO goods (Name, Code, BarCode, ParentID, GroupFlag, GoodType, MeasureID, Price,"
+      " VatRate, Active, CreatedByUser, CreationDate) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 1,"
+      " 'admin', ?)");
+  for (const auto& group : groups) {
+    good.Reset();
+    good.BindAll(group.name, group.code, Variant::Null(), Variant::Null(), 1, 0, Variant::Null(),
+                 0.0, 21.0, DateSerial(2026, 1, 2));
+    good.Run();
+    int64_t parent = db.LastInsertRowId();
+    bool services = std::string(group.code) == "05";
+    for (int i = 1; i <= (services ? 60 : 600); ++i) {
+      std::string name = random.Pick(group.kinds) + " " + random.Pick(qualities);
+      char code[16];
+      std::snprintf(code, sizeof code, "%s%04d", group.code, i);
+      char barcode[16];
+      std::snprintf(barcode, sizeof barcode, "477%010u", random.Next() % 1000000000u);
+      double price = std::round((0.5 + random.Below(20000) / 100.0) * 100.0) / 100.0;
+      good.Reset();
+      good.BindAll(name, std::string(code),
+                   services ? Variant::Null() : Variant(std::string(barcode)), parent, 0,
+                   services ? 1 : 0, services ? 8 : 1 + random.Below(7), price,
+                   random.Below(10) == 0 ? 9.0 : 21.0, DateSerial(2026, 1, 2));
+      good.Run();
+    }
+  }
+}
+
+void SeedCurrencies(SqliteDatabase& db) {
+  struct Currency {
+    const char* code;
+    const char* name;
+    const char* state;
+    int gender;
+    const char* one;
+    const char* two;
+    const char* ten;
+    int genderSmall;
+    const char* oneSmall;
+    const char* twoSmall;
+    const char* tenSmall;
+    double rate;  // units of it for one euro
+  };
+  const Currency currencies[] = {
+      {"EUR", "Euras", "Europos Sąjungos", 0, "euras", "eurai", "eurų", 0, "centas", "centai",
+       "centų", 1.0},
+      {"USD", "JAV doleris", "JAV", 0, "doleris", "doleriai", "dolerių", 0, "centas", "centai",
+       "centų", 1.0825},
+      {"GBP", "Svaras sterlingas", "Didžiosios Britanijos", 0, "svaras", "svarai", "svarų", 0,
+       "pensas", "pensai", "pensų", 0.8412},
+      {"PLN", "Lenkijos zlotas", "Lenkijos", 0, "zlotas", "zlotai", "zlotų", 0, "grašis", "grašiai",
+       "grašių", 4.3215},
+      {"SEK", "Švedijos krona", "Švedijos", 1, "krona", "kronos", "kronų", 1, "erė", "erės", "erių",
+       11.2450},
+      {"NOK", "Norvegijos krona", "Norvegijos", 1, "krona", "kronos", "kronų", 1, "erė", "erės",
+       "erių", 11.6120},
+      {"DKK", "Danijos krona", "Danijos", 1, "krona", "kronos", "kronų", 1, "erė", "erės", "erių",
+       7.4590},
+      {"CHF", "Šveicarijos frankas", "Šveicarijos", 0, "frankas", "frankai", "frankų", 0,
+       "santimas", "santimai", "santimų", 0.9410},
+      {"JPY", "Japonijos jena", "Japonijos", 1, "jena", "jenos", "jenų", 1, "sena", "senos", "senų",
+       162.35},
+      {"LTL", "Litas", "Lietuvos", 0, "litas", "litai", "litų", 0, "centas", "centai", "centų",
+       3.4528},
+  };
+  auto currency = db.Prepare(
+      "INSERT INTO currencies (Code, Name, State, FixedRate, GenderCurr, OneCurr, TwoCurr,"
+      " TenCurr, GenderSmall, OneSmall, TwoSmall, TenSmall) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?,"
+      " ?, ?)");
+  auto rate =
+      db.Prepare("INSERT INTO currency_rates (CurrencyID, RateDate, Rate) VALUES (?, ?, ?)");
+  SampleRandom random(1993);
+  Date first = DateSerial(2025, 11, 23);
+  for (const auto& c : currencies) {
+    bool fixed = std::string(c.code) == "EUR" || std::string(c.code) == "LTL";
+    currency.Reset();
+    currency
+        .BindAll(c.code, c.name, c.state, fixed ? c.rate : 0.0, c.gender, c.one, c.two, c.ten,
+                 c.genderSmall, c.oneSmall, c.twoSmall, c.tenSmall)
+        .Run();
+    if (fixed) continue;
+    int64_t id = db.LastInsertRowId();
+    double value = c.rate;
+    for (int day = 0; day < 365; ++day) {
+      value *= 1.0 + (random.Below(2001) - 1000) / 250000.0;
+      rate.Reset();
+      rate.BindAll(id, Date{first.serial + day}, std::round(value * 10000.0) / 10000.0).Run();
+    }
+  }
+}
+
+}  // namespace
+
+std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
+  auto db = std::make_shared<SqliteDatabase>(path);
+  auto version = db->Prepare("PRAGMA user_version");
+  version.Step();
+  bool fresh = version.Column(0).NumberValue() == 0;
+  if (fresh) {
+    SqliteTransaction transaction(*db);
+    CreateSchema(*db);
+    SeedSampleData(*db);
+    db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+    transaction.Commit();
+  }
+  return db;
+}
+
+void ReferenceDatabase::CreateSchema(SqliteDatabase& db) {
+  db.Exec(
+      "CREATE TABLE field_descriptions (StructureName TEXT NOT NULL, Position INTEGER NOT NULL,"
+      " Name TEXT NOT NULL, Caption TEXT, Length INTEGER, xType INTEGER, Visible INTEGER,"
+      " PRIMARY KEY (StructureName, Position));"
+      "CREATE TABLE users (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT UNIQUE NOT NULL,"
+      " FullName TEXT);"
+      "CREATE TABLE user_rights (UserID INTEGER NOT NULL REFERENCES users(ID), Component TEXT"
+      " NOT NULL, CanRead BOOLEAN, CanInsert BOOLEAN, CanUpdate BOOLEAN, CanDelete BOOLEAN,"
+      " Allowed BOOLEAN, PRIMARY KEY (UserID, Component));"
+      "CREATE TABLE user_settings (UserID INTEGER NOT NULL REFERENCES users(ID), Name TEXT NOT"
+      " NULL, Value TEXT, PRIMARY KEY (UserID, Name));");
+  for (const auto& spec : Catalogues()) CreateCatalogueTable(db, spec);
+  db.Exec(
+      "CREATE TABLE currency_rates (CurrencyID INTEGER NOT NULL REFERENCES currencies(ID),"
+      " RateDate DATE NOT NULL, Rate REAL NOT NULL, PRIMARY KEY (CurrencyID, RateDate));");
+}
+
+void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
+  db.Exec(
+      "INSERT INTO users (Name, FullName) VALUES ('admin', 'Administratorius'),"
+      " ('buhalteris', 'Rūta Buhalterė');"
+      "INSERT INTO user_rights (UserID, Component, CanRead, CanInsert, CanUpdate, CanDelete,"
+      " Allowed) SELECT ID, '*', 1, 1, 1, 1, 1 FROM users WHERE Name = 'admin';");
+  SeedBanks(db);
+  SeedMeasures(db);
+  SeedFirms(db);
+  SeedGoods(db);
+  SeedCurrencies(db);
+}
+
+}  // namespace orvel

@@ -1,0 +1,26 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace orvel {
+
+class SqliteDatabase;
+
+// The reference database: its schema, made from the catalogue descriptions,
+// and its sample data. Opening a file that has no schema yet creates it and
+// fills it with the sample data in one transaction; opening it again changes
+// nothing.
+class ReferenceDatabase {
+ public:
+  // Opens or creates the database at `path`. SqliteError on failure.
+  static std::shared_ptr<SqliteDatabase> Open(const std::string& path);
+
+  // The schema's version, kept in PRAGMA user_version.
+  static constexpr int kSchemaVersion = 1;
+
+  static void CreateSchema(SqliteDatabase& db);
+  static void SeedSampleData(SqliteDatabase& db);
+};
+
+}  // namespace orvel

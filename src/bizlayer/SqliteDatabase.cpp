@@ -1,0 +1,83 @@
+#include "bizlayer/SqliteDatabase.h"
+
+#include <sqlite3.h>
+
+#include "bizlayer/SqliteError.h"
+#include "host/Text.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr int kBusyTimeoutMs = 5000;
+
+// orvel_contains(text, part): whether `part` occurs in `text`, letters
+// compared as the module compares them (Lithuanian case folding included),
+// which LIKE does only for ASCII.
+void Contains(sqlite3_context* context, int, sqlite3_value** args) {
+  auto text = [](sqlite3_value* value) {
+    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+    return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_value_bytes(value)));
+  };
+  sqlite3_result_int(context, InStr(text(args[0]), text(args[1]), Compare::Text) > 0);
+}
+
+}  // namespace
+
+SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
+  int rc =
+      sqlite3_open_v2(path.c_str(), &db_,
+                      SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE | SQLITE_OPEN_FULLMUTEX, nullptr);
+  if (rc != SQLITE_OK) {
+    std::string message = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
+    sqlite3_close(db_);
+    db_ = nullptr;
+    throw SqliteError(rc, "Cannot open " + path + ": " + message);
+  }
+  sqlite3_busy_timeout(db_, kBusyTimeoutMs);
+  sqlite3_create_function(db_, "orvel_contains", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                          Contains, nullptr, nullptr);
+  try {
+    Exec("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=ON; PRAGMA synchronous=NORMAL;");
+  } catch (...) {
+    sqlite3_close(db_);
+    throw;
+  }
+}
+
+SqliteDatabase::~SqliteDatabase() { sqlite3_close(db_); }
+
+void SqliteDatabase::Exec(std::string_view sql) {
+  std::string text(sql);
+  char* error = nullptr;
+  int rc = sqlite3_exec(db_, text.c_str(), nullptr, nullptr, &error);
+  if (rc != SQLITE_OK) {
+    std::string message = error ? error : sqlite3_errmsg(db_);
+    sqlite3_free(error);
+    throw SqliteError(rc, message);
+  }
+}
+
+SqliteStatement SqliteDatabase::Prepare(std::string_view sql) { return SqliteStatement(db_, sql); }
+
+int64_t SqliteDatabase::LastInsertRowId() const { return sqlite3_last_insert_rowid(db_); }
+
+int SqliteDatabase::Changes() const { return sqlite3_changes(db_); }
+
+SqliteTransaction::SqliteTransaction(SqliteDatabase& db) : db_(db) { db_.Exec("BEGIN IMMEDIATE"); }
+
+SqliteTransaction::~SqliteTransaction() {
+  if (done_) return;
+  try {
+    db_.Exec("ROLLBACK");
+  } catch (...) {
+    // The connection rolled back by itself (a failed COMMIT or a closed one).
+  }
+}
+
+void SqliteTransaction::Commit() {
+  db_.Exec("COMMIT");
+  done_ = true;
+}
+
+}  // namespace orvel

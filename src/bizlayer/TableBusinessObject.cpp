@@ -1,0 +1,331 @@
+#include "bizlayer/TableBusinessObject.h"
+
+#include <charconv>
+#include <ctime>
+
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/SqliteError.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/ParamList.h"
+#include "host/RuntimeError.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr const char* kNewObject = "Orvel_NewObject";
+constexpr const char* kReadObject = "Orvel_ReadObject";
+constexpr const char* kGetObjectList = "Orvel_GetObjectList";
+constexpr const char* kSaveObject = "Orvel_SaveObject";
+constexpr const char* kDeleteObject = "Orvel_DeleteObject";
+constexpr const char* kStructure = "Orvel_GetObjectStructure";
+
+// A call that cannot go on, with the Number and text its caller gets.
+struct CallFailure {
+  int32_t number;
+  std::string text;
+};
+
+TableBusinessObject::Args SplitOrFail(const std::string& name, const std::string& param,
+                                      const char* expected) {
+  auto args = SplitParams(param);
+  if (!args) {
+    throw CallFailure{TableBusinessObject::kBadCall,
+                      name + ": expected " + expected + ", got [" + param + "]"};
+  }
+  return *args;
+}
+
+// Runs a call body and turns every failure into its Number and text.
+template <class Result, class Body>
+Result Answer(const std::string& name, Body&& body) noexcept {
+  try {
+    return body();
+  } catch (const CallFailure& f) {
+    return Result(f.number, f.text);
+  } catch (const SqliteError& e) {
+    return Result(TableBusinessObject::kDatabaseError, name + ": " + e.what());
+  } catch (const RuntimeError& e) {
+    return Result(e.Number(), name + ": " + e.Text());
+  } catch (const std::exception& e) {
+    return Result(TableBusinessObject::kDatabaseError, name + ": " + e.what());
+  } catch (...) {
+    return Result(TableBusinessObject::kDatabaseError, name + ": unknown failure");
+  }
+}
+
+Date Now() {
+  std::time_t t = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&t, &local);
+  Date d = DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
+  d.serial += (local.tm_hour * 3600 + local.tm_min * 60 + local.tm_sec) / 86400.0;
+  return d;
+}
+
+bool IsAudit(const std::string& name) {
+  return name == "CreatedByUser" || name == "CreationDate" || name == "UpdatedByUser" ||
+         name == "UpdateDate";
+}
+
+}  // namespace
+
+TableBusinessObject::TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const TableSpec& spec)
+    : db_(std::move(db)), spec_(spec) {}
+
+void TableBusinessObject::OnRead(const std::string& name, ReadHandler handler) {
+  reads_[name] = std::move(handler);
+}
+
+void TableBusinessObject::OnAction(const std::string& name, ActionHandler handler) {
+  actions_[name] = std::move(handler);
+}
+
+std::optional<int64_t> TableBusinessObject::IdOf(const std::string& oidr) const {
+  if (oidr.size() <= spec_.oid.size() || oidr.compare(0, spec_.oid.size(), spec_.oid) != 0) {
+    return std::nullopt;
+  }
+  const char* first = oidr.data() + spec_.oid.size();
+  const char* last = oidr.data() + oidr.size();
+  if (*first == '0') return std::nullopt;
+  int64_t id = 0;
+  auto [end, ec] = std::from_chars(first, last, id);
+  if (ec != std::errc() || end != last || id <= 0) return std::nullopt;
+  return id;
+}
+
+std::shared_ptr<MemoryRecordset> TableBusinessObject::Query(const std::string& sql,
+                                                            const std::vector<Variant>& args) {
+  auto stmt = db_->Prepare(sql);
+  for (size_t i = 0; i < args.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, args[i]);
+  std::vector<std::string> names;
+  for (int c = 0; c < stmt.ColumnCount(); ++c) names.push_back(stmt.ColumnName(c));
+  auto rs = std::make_shared<MemoryRecordset>(std::move(names));
+  std::vector<Variant> row(static_cast<size_t>(stmt.ColumnCount()));
+  while (stmt.Step()) {
+    for (int c = 0; c < stmt.ColumnCount(); ++c) row[static_cast<size_t>(c)] = stmt.Column(c);
+    rs->AddRow(row);
+  }
+  rs->MoveFirst();
+  return rs;
+}
+
+std::string TableBusinessObject::SelectList() const {
+  std::string list = "ID";
+  for (const auto& field : spec_.fields) list += ", " + field.name;
+  return list;
+}
+
+// --- the calls --------------------------------------------------------------
+
+OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::string& param,
+                                           int32_t) {
+  return Answer<OrvelBoResult>(name, [&] {
+    std::shared_ptr<Recordset> rs;
+    if (auto handler = reads_.find(name); handler != reads_.end()) {
+      rs = handler->second(SplitOrFail(name, param, "its parameters"));
+    } else if (name == kNewObject) {
+      SplitOrFail(name, param, "'<OID>'");
+      rs = NewObject();
+    } else if (name == kReadObject) {
+      rs = ReadObject(SplitOrFail(name, param, "'<OIDR>'"));
+    } else if (name == kGetObjectList) {
+      rs = GetObjectList(SplitOrFail(name, param, "'<OIDR>'[,'<text>']"));
+    } else {
+      throw CallFailure{kBadCall, spec_.oid + " has no read call " + name};
+    }
+    return OrvelBoResult(0, "", rs);
+  });
+}
+
+OrvelBoResult TableBusinessObject::RecordsetCall(const std::string& name, const std::string& param,
+                                                 int32_t) {
+  return Answer<OrvelBoResult>(name, [&] {
+    if (name == kStructure) {
+      return OrvelBoResult(0, "", Structure(SplitOrFail(name, param, "<structure name>")));
+    }
+    if (auto handler = reads_.find(name); handler != reads_.end()) {
+      return OrvelBoResult(0, "", handler->second(SplitOrFail(name, param, "its parameters")));
+    }
+    throw CallFailure{kBadCall, spec_.oid + " has no routine " + name};
+  });
+}
+
+OrvelStatus TableBusinessObject::ExecCall(const std::string& name, const std::string& param,
+                                          int32_t) {
+  Variant::Array none;
+  if (name == kSaveObject) {
+    return OrvelStatus{kBadCall, std::string(kSaveObject) + " goes through ExecArrayCall"};
+  }
+  return ExecArrayCall(name, param, none);
+}
+
+OrvelStatus TableBusinessObject::ExecArrayCall(const std::string& name, const std::string& param,
+                                               Variant::Array& array) {
+  return Answer<OrvelStatus>(name, [&] {
+    SqliteTransaction transaction(*db_);
+    if (auto handler = actions_.find(name); handler != actions_.end()) {
+      handler->second(SplitOrFail(name, param, "its parameters"), array);
+    } else if (name == kSaveObject) {
+      SaveObject(SplitOrFail(name, param, "'<OID>','<OIDR>'"), array);
+    } else if (name == kDeleteObject) {
+      DeleteObject(SplitOrFail(name, param, "'<OIDR>'"));
+    } else {
+      throw CallFailure{kBadCall, spec_.oid + " has no action " + name};
+    }
+    transaction.Commit();
+    return OrvelStatus{};
+  });
+}
+
+std::shared_ptr<Recordset> TableBusinessObject::NewObject() {
+  std::vector<std::string> names{"ID"};
+  std::vector<Variant> row{Variant()};
+  for (const auto& field : spec_.fields) {
+    names.push_back(field.name);
+    row.push_back(field.defaultValue.IsEmpty() ? Variant::Null() : field.defaultValue);
+  }
+  auto rs = std::make_shared<MemoryRecordset>(std::move(names));
+  rs->AddRow(std::move(row));
+  rs->MoveFirst();
+  return rs;
+}
+
+std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
+  const std::string oidr = args.empty() ? "" : args[0];
+  auto id = IdOf(oidr);
+  if (id) {
+    auto rs = Query("SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview FROM " +
+                        spec_.table + " WHERE ID = ?",
+                    {Variant(spec_.oid), Variant(*id)});
+    if (rs->RecordCount() == 1) return rs;
+  }
+  throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+}
+
+std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) {
+  const std::string oidr = args.empty() ? spec_.oid : args[0];
+  const std::string text = args.size() > 1 ? args[1] : "";
+  std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() + " FROM " +
+                    spec_.table + " WHERE 1";
+  std::vector<Variant> values{Variant(spec_.oid)};
+  if (spec_.grouped) {
+    if (auto parent = IdOf(oidr)) {
+      sql += " AND ParentID = ?";
+      values.emplace_back(*parent);
+    } else {
+      sql += " AND (ParentID IS NULL OR ParentID = 0)";
+    }
+  }
+  if (!text.empty()) {
+    sql += " AND orvel_contains(Name, ?)";
+    values.emplace_back(text);
+  }
+  sql += spec_.grouped ? " ORDER BY GroupFlag DESC, Name, ID" : " ORDER BY Name, ID";
+  return Query(sql, values);
+}
+
+std::shared_ptr<Recordset> TableBusinessObject::Structure(const Args& args) {
+  const std::string name = args.empty() || args[0].empty() ? spec_.structureName : args[0];
+  return Query(
+      "SELECT Name, Caption, Length, xType, Visible FROM field_descriptions"
+      " WHERE StructureName = ? ORDER BY Position",
+      {Variant(name)});
+}
+
+void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
+  if (args.empty() || args[0] != spec_.oid) {
+    throw CallFailure{kBadCall, std::string(kSaveObject) + ": the type is not " + spec_.oid};
+  }
+  std::shared_ptr<Recordset> rs = array.empty() ? nullptr : array[0].ObjectAs<Recordset>();
+  if (!rs || rs->IsEOF()) {
+    throw CallFailure{RuntimeError::kTypeMismatch,
+                      std::string(kSaveObject) + ": the array must start with the record's set"};
+  }
+  const std::string oidr = args.size() > 1 ? args[1] : "";
+  if (oidr.empty()) {
+    int64_t id = Insert(*rs);
+    if (rs->Fields().Exists("ID")) rs->Fields("ID").SetValue(Variant(id));
+    if (rs->Fields().Exists("OIDR")) {
+      rs->Fields("OIDR").SetValue(Variant(spec_.oid + std::to_string(id)));
+    }
+    return;
+  }
+  auto id = IdOf(oidr);
+  if (!id) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+  Update(*id, *rs);
+}
+
+int64_t TableBusinessObject::Insert(Recordset& rs) {
+  std::string columns;
+  std::string marks;
+  std::vector<Variant> values;
+  Date now = Now();
+  for (const auto& field : spec_.fields) {
+    Variant value;
+    if (field.name == "CreatedByUser" || field.name == "UpdatedByUser") {
+      value = Variant(user_);
+    } else if (field.name == "CreationDate" || field.name == "UpdateDate") {
+      value = Variant(now);
+    } else if (rs.Fields().Exists(field.name)) {
+      value = rs.Fields(field.name).Value();
+    } else {
+      value = field.defaultValue;
+    }
+    columns += (columns.empty() ? "" : ", ") + field.name;
+    marks += marks.empty() ? "?" : ", ?";
+    values.push_back(std::move(value));
+  }
+  auto stmt =
+      db_->Prepare("INSERT INTO " + spec_.table + " (" + columns + ") VALUES (" + marks + ")");
+  for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
+  stmt.Run();
+  return db_->LastInsertRowId();
+}
+
+void TableBusinessObject::Update(int64_t id, Recordset& rs) {
+  std::string sets;
+  std::vector<Variant> values;
+  for (const auto& field : spec_.fields) {
+    Variant value;
+    if (field.name == "UpdatedByUser") {
+      value = Variant(user_);
+    } else if (field.name == "UpdateDate") {
+      value = Variant(Now());
+    } else if (!IsAudit(field.name) && rs.Fields().Exists(field.name)) {
+      value = rs.Fields(field.name).Value();
+    } else {
+      continue;
+    }
+    sets += (sets.empty() ? "" : ", ") + field.name + " = ?";
+    values.push_back(std::move(value));
+  }
+  if (sets.empty()) return;
+  auto stmt = db_->Prepare("UPDATE " + spec_.table + " SET " + sets + " WHERE ID = ?");
+  for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
+  stmt.Bind(static_cast<int>(values.size()) + 1, Variant(id));
+  stmt.Run();
+  if (db_->Changes() == 0) {
+    throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + spec_.oid + std::to_string(id)};
+  }
+}
+
+void TableBusinessObject::DeleteObject(const Args& args) {
+  const std::string oidr = args.empty() ? "" : args[0];
+  auto id = IdOf(oidr);
+  if (!id) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+  if (spec_.grouped) {
+    auto children =
+        Query("SELECT COUNT(*) FROM " + spec_.table + " WHERE ParentID = ?", {Variant(*id)});
+    if (children->Fields().Item(0).Value().NumberValue() > 0) {
+      throw CallFailure{kBadCall, "Grupėje yra įrašų: jos panaikinti negalima"};
+    }
+  }
+  auto stmt = db_->Prepare("DELETE FROM " + spec_.table + " WHERE ID = ?");
+  stmt.Bind(1, Variant(*id));
+  stmt.Run();
+  if (db_->Changes() == 0) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+}
+
+}  // namespace orvel

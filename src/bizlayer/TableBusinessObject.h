@@ -1,0 +1,93 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "bizlayer/TableSpec.h"
+#include "host/OrvelObjectBO.h"
+
+namespace orvel {
+
+class MemoryRecordset;
+class Recordset;
+class SqliteDatabase;
+
+// The business object of one object type over its table in the reference
+// database. It answers the module's standard object calls:
+//   GetCall       Orvel_NewObject     '<OID>'       one row of defaults, ID Empty
+//   GetCall       Orvel_ReadObject    '<OIDR>'      the record, with OIDR and Preview
+//   GetCall       Orvel_GetObjectList '<OIDR>'[,'<text>']
+//                 the members of a group (the whole type, or its top level when
+//                 the type has groups, for the OID), whose Preview holds <text>
+//   ExecArrayCall Orvel_SaveObject    '<OID>','<OIDR>' [record, ...]
+//                 inserts (OIDR "") or updates in one transaction and writes the
+//                 new ID and OIDR back into the record
+//   ExecCall      Orvel_DeleteObject  '<OIDR>'
+//   RecordsetCall Orvel_GetObjectStructure <structure name>
+//                 the card's fields from the table of field descriptions
+// and the type's own calls, added with OnRead and OnAction. Parameter
+// strings are split into arguments and bound; nothing of them reaches SQL
+// text. Nothing is thrown out: a failure is a non-zero Number with its text,
+// and a failed write changes nothing.
+class TableBusinessObject : public OrvelObjectBO {
+ public:
+  using Args = std::vector<std::string>;
+  using ReadHandler = std::function<std::shared_ptr<Recordset>(const Args& args)>;
+  using ActionHandler = std::function<void(const Args& args, Variant::Array& array)>;
+
+  // Record not found, and a call whose parameters cannot be read.
+  static constexpr int32_t kRecordNotFound = 3021;
+  static constexpr int32_t kBadCall = 5;
+  // A failure of the database itself.
+  static constexpr int32_t kDatabaseError = 3146;
+
+  TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const TableSpec& spec);
+
+  const TableSpec& Spec() const { return spec_; }
+  // The user name written into CreatedByUser and UpdatedByUser.
+  void SetUserName(std::string user) { user_ = std::move(user); }
+
+  // The type's own calls. A handler may throw SqliteError or RuntimeError;
+  // an action runs inside a transaction.
+  void OnRead(const std::string& name, ReadHandler handler);
+  void OnAction(const std::string& name, ActionHandler handler);
+
+  // The ID that an OIDR of this type names; nullopt for anything else.
+  std::optional<int64_t> IdOf(const std::string& oidr) const;
+  // The set of a query over this database (every column, in order).
+  std::shared_ptr<MemoryRecordset> Query(const std::string& sql, const std::vector<Variant>& args);
+  SqliteDatabase& Database() { return *db_; }
+
+  // OrvelObjectBO
+  OrvelBoResult GetCall(const std::string& name, const std::string& param, int32_t zero) override;
+  OrvelStatus ExecCall(const std::string& name, const std::string& param, int32_t zero) override;
+  OrvelStatus ExecArrayCall(const std::string& name, const std::string& param,
+                            Variant::Array& args) override;
+  OrvelBoResult RecordsetCall(const std::string& name, const std::string& param,
+                              int32_t zero) override;
+
+ private:
+  std::shared_ptr<Recordset> NewObject();
+  std::shared_ptr<Recordset> ReadObject(const Args& args);
+  std::shared_ptr<Recordset> GetObjectList(const Args& args);
+  std::shared_ptr<Recordset> Structure(const Args& args);
+  void SaveObject(const Args& args, Variant::Array& array);
+  void DeleteObject(const Args& args);
+
+  std::string SelectList() const;  // "ID, Name, ..." of the table
+  int64_t Insert(Recordset& rs);
+  void Update(int64_t id, Recordset& rs);
+
+  std::shared_ptr<SqliteDatabase> db_;
+  const TableSpec& spec_;
+  std::string user_;
+  std::map<std::string, ReadHandler> reads_;
+  std::map<std::string, ActionHandler> actions_;
+};
+
+}  // namespace orvel

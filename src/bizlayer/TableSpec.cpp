@@ -1,0 +1,152 @@
+#include "bizlayer/TableSpec.h"
+
+#include <strings.h>
+
+namespace orvel {
+
+const char* SqlTypeName(SqlType type) {
+  switch (type) {
+    case SqlType::Integer:
+      return "INTEGER";
+    case SqlType::Real:
+      return "REAL";
+    case SqlType::Text:
+      return "TEXT";
+    case SqlType::Date:
+      return "DATE";
+    case SqlType::Boolean:
+      return "BOOLEAN";
+  }
+  return "TEXT";
+}
+
+int ServerTypeCode(SqlType type) {
+  switch (type) {
+    case SqlType::Integer:
+      return 56;
+    case SqlType::Real:
+      return 108;
+    case SqlType::Text:
+      return 231;
+    case SqlType::Date:
+      return 61;
+    case SqlType::Boolean:
+      return 104;
+  }
+  return 231;
+}
+
+const FieldSpec* TableSpec::Field(const std::string& name) const {
+  for (const auto& field : fields) {
+    if (strcasecmp(field.name.c_str(), name.c_str()) == 0) return &field;
+  }
+  return nullptr;
+}
+
+namespace {
+
+FieldSpec Text(std::string name, std::string caption, int length, bool visible = true) {
+  return FieldSpec{std::move(name), SqlType::Text, std::move(caption), length, visible, Variant()};
+}
+
+FieldSpec Number(std::string name, std::string caption, SqlType type = SqlType::Integer,
+                 bool visible = true, Variant defaultValue = Variant()) {
+  return FieldSpec{std::move(name), type, std::move(caption), 4, visible, std::move(defaultValue)};
+}
+
+// Who made and last changed a record, as every catalogue keeps it.
+void AddAudit(std::vector<FieldSpec>& fields) {
+  fields.push_back(Text("CreatedByUser", "Sukūrė", 30, false));
+  fields.push_back(Number("CreationDate", "Sukurta", SqlType::Date, false));
+  fields.push_back(Text("UpdatedByUser", "Pakeitė", 30, false));
+  fields.push_back(Number("UpdateDate", "Pakeista", SqlType::Date, false));
+}
+
+std::vector<TableSpec> MakeCatalogues() {
+  std::vector<TableSpec> specs;
+
+  TableSpec firms{"O0000100", "firms", "Firms", {}, true};
+  firms.fields = {
+      Text("Name", "Pavadinimas", 100),
+      Text("Code", "Įmonės kodas", 20),
+      Text("VATCode", "PVM mokėtojo kodas", 20),
+      Text("Address", "Adresas", 100),
+      Text("Phone", "Telefonas", 30),
+      Number("ParentID", "Grupė", SqlType::Integer, false),
+      Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(0)),
+      Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
+      Text("OwnCode", "Grupės kodas", 50, false),
+      Number("FirmTypeId", "Tipas", SqlType::Integer, false),
+      Number("RegionID", "Regionas", SqlType::Integer, false),
+      Number("BankID", "Bankas", SqlType::Integer, false),
+      Text("Account", "Sąskaita", 34, false),
+      Number("CreditLimit", "Kredito limitas", SqlType::Real, false, Variant(0.0)),
+  };
+  AddAudit(firms.fields);
+  specs.push_back(std::move(firms));
+
+  TableSpec banks{"O0000300", "banks", "Banks", {}, false};
+  banks.fields = {
+      Text("Name", "Pavadinimas", 100),
+      Text("Code", "Banko kodas", 10),
+      Text("SWIFT", "SWIFT kodas", 11),
+      Text("Address", "Adresas", 100),
+  };
+  AddAudit(banks.fields);
+  specs.push_back(std::move(banks));
+
+  TableSpec measures{"O0000400", "measures", "Measures", {}, false};
+  measures.fields = {Text("Name", "Pavadinimas", 50), Text("Code", "Kodas", 10)};
+  specs.push_back(std::move(measures));
+
+  TableSpec currencies{"O0002200", "currencies", "Currencies", {}, false};
+  currencies.fields = {
+      Text("Code", "Kodas", 3),
+      Text("Name", "Pavadinimas", 50),
+      Text("State", "Šalis", 15),
+      Number("FixedRate", "Pastovus kursas", SqlType::Real, false, Variant(0.0)),
+      Number("GenderCurr", "Giminė", SqlType::Integer, false, Variant(0)),
+      Text("OneCurr", "Vienas", 20, false),
+      Text("TwoCurr", "Du", 20, false),
+      Text("TenCurr", "Dešimt", 20, false),
+      Number("GenderSmall", "Smulkiosios giminė", SqlType::Integer, false, Variant(0)),
+      Text("OneSmall", "Vienas (smulkioji)", 20, false),
+      Text("TwoSmall", "Du (smulkioji)", 20, false),
+      Text("TenSmall", "Dešimt (smulkioji)", 20, false),
+  };
+  specs.push_back(std::move(currencies));
+
+  TableSpec goods{"O0000200", "goods", "Goods", {}, true};
+  goods.fields = {
+      Text("Name", "Pavadinimas", 100),
+      Text("Code", "Kodas", 30),
+      Text("BarCode", "Brūkšninis kodas", 30),
+      Number("ParentID", "Grupė", SqlType::Integer, false),
+      Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(0)),
+      Number("GoodType", "Rūšis", SqlType::Integer, false, Variant(0)),
+      Number("MeasureID", "Matavimo vienetas", SqlType::Integer, false),
+      Number("Price", "Kaina", SqlType::Real, true, Variant(0.0)),
+      Number("VatRate", "PVM tarifas", SqlType::Real, false, Variant(21.0)),
+      Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
+  };
+  AddAudit(goods.fields);
+  specs.push_back(std::move(goods));
+
+  return specs;
+}
+
+}  // namespace
+
+const std::vector<TableSpec>& Catalogues() {
+  static const std::vector<TableSpec> specs = MakeCatalogues();
+  return specs;
+}
+
+const TableSpec* CatalogueOf(const std::string& oid) {
+  for (const auto& spec : Catalogues()) {
+    if (spec.oid == oid) return &spec;
+  }
+  return nullptr;
+}
+
+}  // namespace orvel

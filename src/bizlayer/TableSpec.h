@@ -1,0 +1,49 @@
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "host/Variant.h"
+
+namespace orvel {
+
+// The SQL type of a field, which also fixes how it reads back as a Variant.
+enum class SqlType { Integer, Real, Text, Date, Boolean };
+
+// "INTEGER", "REAL", "TEXT", "DATE", "BOOLEAN".
+const char* SqlTypeName(SqlType type);
+// The server type code that the module's structure records carry in xType:
+// 56 (int), 108 (numeric), 231 (text), 61 (date and time), 104 (bit).
+int ServerTypeCode(SqlType type);
+
+// One field of an object type's table, with what its structure record tells.
+struct FieldSpec {
+  std::string name;
+  SqlType type = SqlType::Text;
+  std::string caption;
+  int length = 0;        // characters of a text, bytes of a number
+  bool visible = true;   // shown in the card and the default list
+  Variant defaultValue;  // what a new record starts with (Empty: NULL)
+};
+
+// How one object type lives in the database. Table and field names are ours,
+// fixed here, and the only names ever written into SQL text; every value
+// travels as a bound parameter.
+struct TableSpec {
+  std::string oid;    // "O0000300"
+  std::string table;  // "banks"
+  // The structure name that "Orvel_GetObjectStructure" is asked with ("Banks").
+  std::string structureName;
+  // The fields after ID, in card order.
+  std::vector<FieldSpec> fields;
+  // Groups and members in one table: ParentID and GroupFlag among the fields.
+  bool grouped = false;
+
+  const FieldSpec* Field(const std::string& name) const;  // case-insensitive
+};
+
+// Every object type of the reference business layer.
+const std::vector<TableSpec>& Catalogues();
+const TableSpec* CatalogueOf(const std::string& oid);
+
+}  // namespace orvel

@@ -1,0 +1,92 @@
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "TempDatabase.h"
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/ReferenceDatabase.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
+#include "host/Recordset.h"
+
+namespace orvel {
+namespace {
+
+Variant One(SqliteDatabase& db, const std::string& sql) {
+  auto stmt = db.Prepare(sql);
+  return stmt.Step() ? stmt.Column(0) : Variant();
+}
+
+TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
+  TempDatabase file;
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM firms WHERE GroupFlag = 0"), Variant(300));
+    EXPECT_GE(One(*db, "SELECT COUNT(*) FROM goods").NumberValue(), 2000);
+    EXPECT_EQ(One(*db, "SELECT TenCurr FROM currencies WHERE Code = 'EUR'"), Variant("eurų"));
+    EXPECT_EQ(One(*db, "SELECT COUNT(DISTINCT RateDate) FROM currency_rates"), Variant(365));
+    db->Exec("INSERT INTO banks (Name) VALUES ('Naujas bankas')");
+  }
+  auto again = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*again, "SELECT COUNT(*) FROM banks"), Variant(7));
+  EXPECT_EQ(One(*again, "PRAGMA journal_mode"), Variant("wal"));
+}
+
+TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
+  TempDatabase file;
+  auto writer = ReferenceDatabase::Open(file.Path());
+  SqliteDatabase reader(file.Path());
+  SqliteTransaction transaction(*writer);
+  writer->Exec("UPDATE banks SET Name = 'Pervadintas' WHERE ID = 1");
+  EXPECT_EQ(One(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("AB SEB bankas"));
+  transaction.Commit();
+  EXPECT_EQ(One(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("Pervadintas"));
+}
+
+// A writer child saves banks through the business layer as fast as it can
+// and is killed in the middle; the database opens again whole, holding only
+// whole records.
+TEST(ReferenceDatabase, SurvivesAKilledWriter) {
+  TempDatabase file;
+  ReferenceDatabase::Open(file.Path());
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    close(ready[0]);
+    auto db = ReferenceDatabase::Open(file.Path());
+    BusinessLayer layer(db);
+    auto banks = layer.BusinessObject("O0000300");
+    for (int i = 0;; ++i) {
+      auto reply = banks->GetCall("Orvel_NewObject", "'O0000300'", 0);
+      auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+      rs->Fields("Name").SetValue(Variant("Bankas " + std::to_string(i)));
+      rs->Fields("Code").SetValue(Variant(std::to_string(i)));
+      Variant::Array array{Variant(rs)};
+      banks->ExecArrayCall("Orvel_SaveObject", "'O0000300',''", array);
+      if (i == 50) (void)!write(ready[1], "x", 1);
+    }
+  }
+  close(ready[1]);
+  char byte = 0;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  close(ready[0]);
+  kill(child, SIGKILL);
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*db, "PRAGMA integrity_check"), Variant("ok"));
+  EXPECT_GE(One(*db, "SELECT COUNT(*) FROM banks").NumberValue(), 6 + 51);
+  EXPECT_EQ(One(*db,
+                "SELECT COUNT(*) FROM banks WHERE Name LIKE 'Bankas %'"
+                " AND (Code IS NULL OR CreationDate IS NULL)"),
+            Variant(0));
+}
+
+}  // namespace
+}  // namespace orvel

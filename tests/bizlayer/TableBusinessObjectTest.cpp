@@ -1,0 +1,216 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/ReferenceDatabase.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+// An empty reference schema in memory, and its business layer.
+class TableBusinessObjectTest : public ::testing::Test {
+ protected:
+  TableBusinessObjectTest() {
+    ReferenceDatabase::CreateSchema(*db_);
+    layer_.SetUserName("rūta");
+  }
+
+  TableBusinessObject& Type(const std::string& oid) { return *layer_.BusinessObject(oid); }
+
+  // Saves a new record of `oid` with the given fields; returns its OIDR.
+  std::string Create(const std::string& oid,
+                     const std::vector<std::pair<std::string, Variant>>& fields) {
+    auto reply = Type(oid).GetCall("Orvel_NewObject", "'" + oid + "'", 0);
+    EXPECT_EQ(reply.Number, 0) << reply.Text;
+    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+    for (const auto& [name, value] : fields) rs->Fields(name).SetValue(value);
+    Variant::Array array{Variant(rs)};
+    auto status = Type(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid + "',''", array);
+    EXPECT_EQ(status.Number, 0) << status.Text;
+    return ConcatText(rs->Fields("ID").Value()).empty()
+               ? ""
+               : oid + ConcatText(rs->Fields("ID").Value());
+  }
+
+  std::shared_ptr<Recordset> Read(const std::string& oidr) {
+    auto reply = Type(oidr.substr(0, 8)).GetCall("Orvel_ReadObject", "'" + oidr + "'", 0);
+    return reply.Number == 0 ? std::dynamic_pointer_cast<Recordset>(reply.Object) : nullptr;
+  }
+
+  std::vector<std::string> Previews(const std::string& oid, const std::string& param) {
+    auto reply = Type(oid).GetCall("Orvel_GetObjectList", param, 0);
+    EXPECT_EQ(reply.Number, 0) << reply.Text;
+    std::vector<std::string> out;
+    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+      out.push_back(ConcatText(rs->Fields("OIDR").Value()) + " " +
+                    ConcatText(rs->Fields("Preview").Value()));
+    }
+    return out;
+  }
+
+  int Count(const std::string& table) {
+    auto stmt = db_->Prepare("SELECT COUNT(*) FROM " + table);
+    stmt.Step();
+    return static_cast<int>(stmt.Column(0).NumberValue());
+  }
+
+  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  BusinessLayer layer_{db_};
+};
+
+TEST_F(TableBusinessObjectTest, NewRecordHoldsTheDefaultsAndNoId) {
+  auto reply = Type("O0000100").GetCall("Orvel_NewObject", "'O0000100'", 0);
+  ASSERT_EQ(reply.Number, 0);
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  EXPECT_TRUE(rs->Fields("ID").Value().IsEmpty());
+  EXPECT_EQ(rs->Fields("Active").Value(), Variant(true));
+  EXPECT_EQ(rs->Fields("GroupFlag").Value(), Variant(0));
+  EXPECT_TRUE(rs->Fields("Code").Value().IsNull());
+}
+
+TEST_F(TableBusinessObjectTest, SaveReadUpdateDeleteRoundTrip) {
+  std::string oidr = Create("O0000300", {{"Name", Variant("AB SEB bankas")},
+                                         {"Code", Variant("70440")},
+                                         {"SWIFT", Variant("CBVILT2X")}});
+  EXPECT_EQ(oidr, "O00003001");
+  auto rs = Read(oidr);
+  ASSERT_NE(rs, nullptr);
+  EXPECT_EQ(rs->Fields("OIDR").Value(), Variant("O00003001"));
+  EXPECT_EQ(rs->Fields("Preview").Value(), Variant("AB SEB bankas"));
+  EXPECT_EQ(rs->Fields("CreatedByUser").Value(), Variant("rūta"));
+  EXPECT_EQ(rs->Fields("CreationDate").Value().Type(), VarType::Date);
+
+  rs->Fields("SWIFT").SetValue(Variant("CBVILT2XXXX"));
+  Variant::Array array{Variant(rs)};
+  auto status = Type("O0000300").ExecArrayCall("Orvel_SaveObject", "'O0000300','O00003001'", array);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Read(oidr)->Fields("SWIFT").Value(), Variant("CBVILT2XXXX"));
+
+  status = Type("O0000300").ExecCall("Orvel_DeleteObject", "'O00003001'", 0);
+  EXPECT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Read(oidr), nullptr);
+}
+
+TEST_F(TableBusinessObjectTest, ApostrophesAndSqlInNamesAreStoredAsTheyStand) {
+  for (const char* name : {"O'Brien", "x'; DROP TABLE firms; --", "Jonas \"Jonukas\" O''Neil"}) {
+    std::string oidr = Create("O0000100", {{"Name", Variant(name)}});
+    auto rs = Read(oidr);
+    ASSERT_NE(rs, nullptr) << name;
+    EXPECT_EQ(rs->Fields("Name").Value(), Variant(name));
+  }
+  EXPECT_EQ(Count("firms"), 3);
+  EXPECT_THAT(Previews("O0000100", "'O0000100','O'Brien'"), ElementsAre("O00001001 O'Brien"));
+  EXPECT_THAT(Previews("O0000100", "'O0000100','; DROP'"),
+              ElementsAre("O00001002 x'; DROP TABLE firms; --"));
+}
+
+TEST_F(TableBusinessObjectTest, ListsGroupsByLevelAndFiltersWithoutCase) {
+  std::string suppliers =
+      Create("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
+  Create("O0000100", {{"Name", Variant("AB „Šiaulių duona“")}});
+  Create("O0000100", {{"Name", Variant("UAB „Medienos centras“")}, {"ParentID", Variant(1)}});
+  Create("O0000100", {{"Name", Variant("UAB „Šiaulių pienas“")}, {"ParentID", Variant(1)}});
+
+  EXPECT_THAT(Previews("O0000100", "'O0000100'"),
+              ElementsAre("O00001001 Tiekėjai", "O00001002 AB „Šiaulių duona“"));
+  EXPECT_THAT(Previews("O0000100", "'" + suppliers + "'"),
+              ElementsAre("O00001003 UAB „Medienos centras“", "O00001004 UAB „Šiaulių pienas“"));
+  EXPECT_THAT(Previews("O0000100", "'" + suppliers + "','ŠIAULIŲ'"),
+              ElementsAre("O00001004 UAB „Šiaulių pienas“"));
+}
+
+TEST_F(TableBusinessObjectTest, AGroupWithMembersIsNotDeleted) {
+  std::string group =
+      Create("O0000100", {{"Name", Variant("Pirkėjai")}, {"GroupFlag", Variant(1)}});
+  Create("O0000100", {{"Name", Variant("MB „Vėjo servisas“")}, {"ParentID", Variant(1)}});
+  auto status = Type("O0000100").ExecCall("Orvel_DeleteObject", "'" + group + "'", 0);
+  EXPECT_NE(status.Number, 0);
+  EXPECT_EQ(status.Text, "Grupėje yra įrašų: jos panaikinti negalima");
+  EXPECT_EQ(Count("firms"), 2);
+}
+
+struct BadCall {
+  const char* name;
+  const char* param;
+  int32_t number;
+  const char* text;
+};
+
+class TableBusinessObjectBadCallTest : public TableBusinessObjectTest,
+                                       public ::testing::WithParamInterface<BadCall> {};
+
+TEST_P(TableBusinessObjectBadCallTest, AnswersWithANumberAndText) {
+  const auto& c = GetParam();
+  auto reply = Type("O0000300").GetCall(c.name, c.param, 0);
+  EXPECT_EQ(reply.Number, c.number);
+  EXPECT_EQ(reply.Text, c.text);
+  EXPECT_EQ(reply.Object, nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, TableBusinessObjectBadCallTest,
+    ::testing::Values(
+        BadCall{"Orvel_ReadObject", "'O00003009'", 3021, "Įrašas nerastas: O00003009"},
+        BadCall{"Orvel_ReadObject", "'O00001001'", 3021, "Įrašas nerastas: O00001001"},
+        BadCall{"Orvel_ReadObject", "'O0000300'", 3021, "Įrašas nerastas: O0000300"},
+        BadCall{"Orvel_ReadObject", "'O000030001'", 3021, "Įrašas nerastas: O000030001"},
+        BadCall{"Orvel_ReadObject", "'O00003001", 5,
+                "Orvel_ReadObject: expected '<OIDR>', got ['O00003001]"},
+        BadCall{"GetNothing", "", 5, "O0000300 has no read call GetNothing"}));
+
+TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
+  Create("O0000300", {{"Name", Variant("AB SEB bankas")}});
+  auto rs = Read("O00003001");
+  rs->Fields("Name").SetValue(Variant("Pakeistas"));
+  rs->Fields("Code").SetValue(Variant(std::make_shared<MemoryRecordset>()));  // cannot be stored
+  Variant::Array array{Variant(rs)};
+  auto status = Type("O0000300").ExecArrayCall("Orvel_SaveObject", "'O0000300','O00003001'", array);
+  EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
+  EXPECT_EQ(Read("O00003001")->Fields("Name").Value(), Variant("AB SEB bankas"));
+
+  Variant::Array empty;
+  status = Type("O0000300").ExecArrayCall("Orvel_SaveObject", "'O0000300',''", empty);
+  EXPECT_NE(status.Number, 0);
+  EXPECT_EQ(Count("banks"), 1);
+}
+
+TEST_F(TableBusinessObjectTest, StructureComesFromTheFieldDescriptions) {
+  auto reply = Type("O0000300").RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
+  ASSERT_EQ(reply.Number, 0) << reply.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  std::vector<std::string> rows;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    rows.push_back(ConcatText(rs->Fields("Name").Value()) + "|" +
+                   ConcatText(rs->Fields("Caption").Value()) + "|" +
+                   ConcatText(rs->Fields("xType").Value()) + "|" +
+                   ConcatText(rs->Fields("Visible").Value()));
+  }
+  EXPECT_THAT(rows, ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
+                                "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
+                                "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
+                                "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
+  auto byOid = layer_.ServiceCall("Orvel_GetObjectStructureByOID", "O0000300");
+  EXPECT_EQ(byOid.Number, 0);
+  EXPECT_NE(byOid.Value.ObjectAs<Recordset>(), nullptr);
+}
+
+TEST_F(TableBusinessObjectTest, BankFirmsAreTheFirmsWithItsAccount) {
+  Create("O0000300", {{"Name", Variant("AB Šiaulių bankas")}});
+  Create("O0000100", {{"Name", Variant("UAB „Gintaro prekyba“")}, {"BankID", Variant(1)}});
+  Create("O0000100", {{"Name", Variant("AB „Lino baldai“")}});
+  auto reply = Type("O0000300").GetCall("GetFirms", "O00003001", 0);
+  ASSERT_EQ(reply.Number, 0) << reply.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  EXPECT_EQ(rs->Fields("OIDR").Value(), Variant("O00001001"));
+}
+
+}  // namespace
+}  // namespace orvel
