@@ -26,6 +26,11 @@ void BusinessLayer::SetUserName(const std::string& user) {
   for (auto& [oid, object] : objects_) object->SetUserName(user);
 }
 
+void BusinessLayer::SetCallObserver(
+    const std::function<void(const char*, const std::string&, const std::string&)>& observer) {
+  for (auto& [oid, object] : objects_) object->SetCallObserver(observer);
+}
+
 void BusinessLayer::AddBankCalls(TableBusinessObject& banks) {
   // The firms that keep their account in the bank: "OIDR" and "Preview".
   banks.OnRead("GetFirms", [&banks](const TableBusinessObject::Args& args) {

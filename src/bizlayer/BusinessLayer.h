@@ -1,5 +1,6 @@
 #pragma once
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -26,6 +27,9 @@ class BusinessLayer {
   std::shared_ptr<TableBusinessObject> BusinessObject(const std::string& oid) const;
   // The user whose name goes into the records written from now on.
   void SetUserName(const std::string& user);
+  // Hears every business call of every type (op, name, parameter string).
+  void SetCallObserver(
+      const std::function<void(const char*, const std::string&, const std::string&)>& observer);
 
   // A host service of the database; Number non-zero with a text for a name
   // it does not know or a failure.

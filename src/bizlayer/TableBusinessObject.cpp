@@ -121,6 +121,7 @@ std::string TableBusinessObject::SelectList() const {
 
 OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::string& param,
                                            int32_t) {
+  if (observer_) observer_("GetCall", name, param);
   return Answer<OrvelBoResult>(name, [&] {
     std::shared_ptr<Recordset> rs;
     if (auto handler = reads_.find(name); handler != reads_.end()) {
@@ -141,6 +142,7 @@ OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::s
 
 OrvelBoResult TableBusinessObject::RecordsetCall(const std::string& name, const std::string& param,
                                                  int32_t) {
+  if (observer_) observer_("RecordsetCall", name, param);
   return Answer<OrvelBoResult>(name, [&] {
     if (name == kStructure) {
       return OrvelBoResult(0, "", Structure(SplitOrFail(name, param, "<structure name>")));
@@ -154,15 +156,22 @@ OrvelBoResult TableBusinessObject::RecordsetCall(const std::string& name, const 
 
 OrvelStatus TableBusinessObject::ExecCall(const std::string& name, const std::string& param,
                                           int32_t) {
+  if (observer_) observer_("ExecCall", name, param);
   Variant::Array none;
   if (name == kSaveObject) {
     return OrvelStatus{kBadCall, std::string(kSaveObject) + " goes through ExecArrayCall"};
   }
-  return ExecArrayCall(name, param, none);
+  return Act(name, param, none);
 }
 
 OrvelStatus TableBusinessObject::ExecArrayCall(const std::string& name, const std::string& param,
                                                Variant::Array& array) {
+  if (observer_) observer_("ExecArrayCall", name, param);
+  return Act(name, param, array);
+}
+
+OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string& param,
+                                     Variant::Array& array) {
   return Answer<OrvelStatus>(name, [&] {
     SqliteTransaction transaction(*db_);
     if (auto handler = actions_.find(name); handler != actions_.end()) {

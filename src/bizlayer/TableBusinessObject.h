@@ -39,6 +39,9 @@ class TableBusinessObject : public OrvelObjectBO {
   using Args = std::vector<std::string>;
   using ReadHandler = std::function<std::shared_ptr<Recordset>(const Args& args)>;
   using ActionHandler = std::function<void(const Args& args, Variant::Array& array)>;
+  // Told of every call as it comes: "GetCall", its name and parameter string.
+  using CallObserver =
+      std::function<void(const char* op, const std::string& name, const std::string& param)>;
 
   // Record not found, and a call whose parameters cannot be read.
   static constexpr int32_t kRecordNotFound = 3021;
@@ -51,6 +54,7 @@ class TableBusinessObject : public OrvelObjectBO {
   const TableSpec& Spec() const { return spec_; }
   // The user name written into CreatedByUser and UpdatedByUser.
   void SetUserName(std::string user) { user_ = std::move(user); }
+  void SetCallObserver(CallObserver observer) { observer_ = std::move(observer); }
 
   // The type's own calls. A handler may throw SqliteError or RuntimeError;
   // an action runs inside a transaction.
@@ -72,6 +76,8 @@ class TableBusinessObject : public OrvelObjectBO {
                               int32_t zero) override;
 
  private:
+  // An action in one transaction, rolled back on any failure.
+  OrvelStatus Act(const std::string& name, const std::string& param, Variant::Array& array);
   std::shared_ptr<Recordset> NewObject();
   std::shared_ptr<Recordset> ReadObject(const Args& args);
   std::shared_ptr<Recordset> GetObjectList(const Args& args);
@@ -88,6 +94,7 @@ class TableBusinessObject : public OrvelObjectBO {
   std::string user_;
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;
+  CallObserver observer_;
 };
 
 }  // namespace orvel

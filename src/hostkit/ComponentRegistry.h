@@ -11,8 +11,9 @@ namespace orvel {
 // What a module registered with its host: the catalogue groups with their
 // right components, the object types of the tree, and the icons. The host
 // keeps one and hands a fresh ComponentRegistry over it to each
-// DllInicialize.
-struct RegisteredCatalogue {
+// DllInicialize. It is also the catalogue's image list that the host's main
+// window hands to the module's list views (ImgCatalogue).
+struct RegisteredCatalogue : public Object {
   struct Component {
     std::string otype;
     std::string caption;

@@ -1,0 +1,293 @@
+#include "HostShell.h"
+
+#include <sstream>
+
+#include "LinePrompter.h"
+#include "host/Convert.h"
+#include "host/OrvelMenuResult.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
+#include "host/Recordset.h"
+#include "host/Text.h"
+#include "hostkit/ComponentRegistry.h"
+#include "hostkit/FieldSheet.h"
+#include "hostkit/WindowRegistry.h"
+#include "refhost/ReferenceHost.h"
+#include "refhost/ReferenceObjectManager.h"
+#include "refhost/TerminalUi.h"
+#include "ui/Button.h"
+#include "ui/CheckBox.h"
+#include "ui/Form.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/Panel.h"
+#include "ui/TextBox.h"
+
+namespace orvel {
+
+namespace {
+
+std::vector<std::string> Words(const std::string& line) {
+  std::istringstream in(line);
+  std::vector<std::string> words;
+  for (std::string word; in >> word;) words.push_back(word);
+  return words;
+}
+
+std::string Arg(const std::vector<std::string>& args, size_t i) {
+  return i < args.size() ? args[i] : std::string();
+}
+
+// The rest of a line after its first `count` words.
+std::string RestAfter(const std::string& line, size_t count) {
+  size_t pos = 0;
+  for (size_t i = 0; i < count; ++i) {
+    pos = line.find_first_not_of(' ', pos);
+    pos = line.find(' ', pos);
+    if (pos == std::string::npos) return "";
+  }
+  return line.substr(pos + 1);
+}
+
+void PrintRows(std::ostream& out, const ListView& list, const std::string& indent) {
+  std::string header;
+  for (const auto& column : list.ColumnHeaders())
+    header += (header.empty() ? "" : " | ") + column->Text();
+  if (!header.empty()) out << indent << header << "\n";
+  for (const auto& item : list.ListItems()) {
+    std::string row = item->Text();
+    for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
+    out << indent << row << "\n";
+  }
+}
+
+Menu* FindMenu(Menu& menu, const std::string& name) {
+  if (menu.Name() == name) return &menu;
+  for (const auto& item : menu.Items()) {
+    if (Menu* found = FindMenu(*item, name)) return found;
+  }
+  return nullptr;
+}
+
+}  // namespace
+
+HostShell::HostShell(ReferenceHost& host, LinePrompter& prompter, std::ostream& out)
+    : host_(host), prompter_(prompter), out_(out) {
+  host_.Windows().SetObserver([this](const std::string& op, const std::vector<std::string>& args) {
+    if (op == "IsOpen" || op == "QueryRemove") return;
+    out_ << op;
+    for (const auto& arg : args) out_ << " " << arg;
+    out_ << "\n";
+  });
+  host_.Ui().SetModalRunner([this](Form& form) { RunModal(form); });
+}
+
+int HostShell::Run() {
+  int failed = 0;
+  std::string line;
+  while (!quit_ && prompter_.ReadLine(line)) {
+    if (!Execute(line)) ++failed;
+  }
+  return failed;
+}
+
+bool HostShell::Execute(const std::string& line) {
+  auto words = Words(line);
+  if (words.empty() || words[0][0] == '#') return true;
+  const std::string& command = words[0];
+  std::vector<std::string> args(words.begin() + 1, words.end());
+  if (command == "help") return Help();
+  if (command == "tree") return Tree();
+  if (command == "list") return List(args);
+  if (command == "menu") return Menu(args);
+  if (command == "click") return Click(args);
+  if (command == "windows") return Windows();
+  if (command == "show") return Show();
+  if (command == "set") return Set(args, line);
+  if (command == "press") return Press(args);
+  if (command == "close") return Press({"SSCClose"});
+  if (command == "quit") {
+    quit_ = true;
+    return true;
+  }
+  return Fail("nežinoma komanda: " + command);
+}
+
+bool HostShell::Help() {
+  out_ << "  tree                     užregistruoti katalogai\n"
+          "  list OIDR [TEKSTAS]      mazgo įrašai\n"
+          "  menu OIDR [OTYPE]        mazgo meniu\n"
+          "  click OIDR RAKTAS [OTYPE] meniu punktas\n"
+          "  windows                  atidaryti langai\n"
+          "  show                     dabartinis langas\n"
+          "  set LAUKAS TEKSTAS       lauko reikšmė\n"
+          "  press VALDIKLIS          mygtukas ar meniu punktas\n"
+          "  close                    uždaryti langą\n"
+          "  quit                     baigti\n";
+  return true;
+}
+
+bool HostShell::Fail(const std::string& reason) {
+  out_ << "Klaida: " << reason << "\n";
+  return false;
+}
+
+bool HostShell::Tree() {
+  const auto& catalogue = host_.Catalogue();
+  for (const auto& group : catalogue.groups) {
+    out_ << group.caption << " [" << group.key << "]\n";
+    for (const auto& component : group.components) {
+      out_ << "  " << component.caption << " (" << component.rightKey << ")\n";
+    }
+  }
+  for (const auto& type : catalogue.objectTypes) {
+    out_ << type.otype << " " << type.caption << "\n";
+  }
+  return true;
+}
+
+bool HostShell::List(const std::vector<std::string>& args) {
+  std::string oidr = Arg(args, 0);
+  auto type = host_.Objects().GetOrvelObjectUI(oidr);
+  if (!type) return Fail("nėra tipo " + oidr);
+  auto rs = type->GetOrvelObjectList(oidr, "", "");
+  if (!rs) return Fail("sąrašo nėra");
+  std::string text = Arg(args, 1);
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    std::string preview = ConcatText(rs->Fields("Preview").Value());
+    if (!text.empty() && InStr(preview, text, Compare::Text) == 0) continue;
+    out_ << "  " << ConcatText(rs->Fields("OIDR").Value()) << " " << preview << "\n";
+  }
+  return true;
+}
+
+bool HostShell::Menu(const std::vector<std::string>& args) {
+  std::string oidr = Arg(args, 0);
+  auto type = host_.Objects().GetOrvelObjectUI(oidr);
+  if (!type) return Fail("nėra tipo " + oidr);
+  auto menu = type->GetMenu(oidr, Arg(args, 1), "");
+  if (!menu) {
+    out_ << "  (meniu nėra)\n";
+    return true;
+  }
+  for (const auto& item : *menu) out_ << "  " << item.Key << " " << item.Caption << "\n";
+  return true;
+}
+
+bool HostShell::Click(const std::vector<std::string>& args) {
+  std::string oidr = Arg(args, 0);
+  auto type = host_.Objects().GetOrvelObjectUI(oidr);
+  if (!type) return Fail("nėra tipo " + oidr);
+  auto result = type->ClickMenu(oidr, Arg(args, 2), Arg(args, 1), "");
+  if (result.Action == OrvelMenuResult::kShowWindow) {
+    auto window = result.Value.ObjectAs<OrvelWindow>();
+    if (!window) return Fail("langas nesukurtas");
+    host_.Windows().ShowWindow(window);
+    return true;
+  }
+  out_ << "  Action " << result.Action << "\n";
+  return true;
+}
+
+bool HostShell::Windows() {
+  for (const auto& entry : host_.Windows().OpenWindows()) {
+    auto form = std::dynamic_pointer_cast<Form>(entry.window);
+    out_ << "  " << (entry.oidr.empty() ? "(naujas)" : entry.oidr) << " "
+         << (form ? form->Caption() : std::string()) << "\n";
+  }
+  return true;
+}
+
+Form* HostShell::CurrentForm() {
+  if (!modal_.empty()) return modal_.back();
+  const auto& open = host_.Windows().OpenWindows();
+  if (open.empty()) return nullptr;
+  return dynamic_cast<Form*>(open.back().window.get());
+}
+
+bool HostShell::Show() {
+  Form* form = CurrentForm();
+  if (!form) return Fail("atidarytų langų nėra");
+  out_ << "[" << form->Name() << "] " << form->Caption() << "\n";
+  for (Control* control : form->Controls()) {
+    if (!control->Visible()) continue;
+    std::string state = control->Enabled() ? "" : " (neaktyvus)";
+    if (auto* panel = dynamic_cast<Panel*>(control)) {
+      out_ << "  " << panel->Name() << ": " << panel->Caption() << "\n";
+    } else if (auto* button = dynamic_cast<Button*>(control)) {
+      out_ << "  [" << button->Name() << "] " << button->Caption() << state << "\n";
+    } else if (auto* label = dynamic_cast<Label*>(control)) {
+      if (!label->Caption().empty()) out_ << "  " << label->Caption() << "\n";
+    } else if (auto* box = dynamic_cast<TextBox*>(control)) {
+      out_ << "  " << box->Name() << " = " << box->Text() << state << "\n";
+    } else if (auto* check = dynamic_cast<CheckBox*>(control)) {
+      out_ << "  " << check->Name() << " = " << check->Value() << state << "\n";
+    } else if (auto* list = dynamic_cast<ListView*>(control)) {
+      out_ << "  " << list->Name() << ":\n";
+      PrintRows(out_, *list, "    ");
+    }
+  }
+  auto window = dynamic_cast<OrvelWindow*>(form);
+  auto sheet = window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
+  if (sheet) {
+    for (const auto& field : sheet->Fields()) {
+      if (field.visible)
+        out_ << "  " << field.caption << " (" << field.name << "): " << sheet->Text(field.name)
+             << "\n";
+    }
+    for (const auto& tab : sheet->Tabs()) {
+      out_ << "  Kortelė " << tab.caption << " [" << tab.key << "]:\n";
+      PrintRows(out_, tab.list, "    ");
+    }
+  }
+  return true;
+}
+
+bool HostShell::Set(const std::vector<std::string>& args, const std::string& line) {
+  Form* form = CurrentForm();
+  auto window = dynamic_cast<OrvelWindow*>(form);
+  auto sheet = window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
+  std::string name = Arg(args, 0);
+  std::string text = RestAfter(line, 2);
+  if (sheet && sheet->EditText(name, text)) return true;
+  if (form) {
+    if (auto* box = dynamic_cast<TextBox*>(form->FindControl(name))) {
+      if (box->Edit(text)) return true;
+      return Fail(name + " nepriima teksto");
+    }
+  }
+  return Fail(sheet ? sheet->LastError() : "lange nėra laukų lapo");
+}
+
+bool HostShell::Press(const std::vector<std::string>& args) {
+  Form* form = CurrentForm();
+  if (!form) return Fail("atidarytų langų nėra");
+  std::string name = Arg(args, 0);
+  Control* control = form->FindControl(name);
+  if (auto* button = dynamic_cast<Button*>(control)) {
+    if (!button->Enabled() || !button->Visible()) return Fail(name + " neaktyvus");
+    button->Click();
+    return true;
+  }
+  for (Control* candidate : form->Controls()) {
+    if (auto* menu = dynamic_cast<orvel::Menu*>(candidate)) {
+      if (auto* entry = FindMenu(*menu, name)) {
+        entry->Click();
+        return true;
+      }
+    }
+  }
+  return Fail("lange nėra " + name);
+}
+
+void HostShell::RunModal(Form& form) {
+  modal_.push_back(&form);
+  Show();
+  std::string line;
+  while (form.Visible() && !quit_ && prompter_.ReadLine(line)) Execute(line);
+  modal_.pop_back();
+}
+
+}  // namespace orvel

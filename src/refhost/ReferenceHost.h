@@ -1,0 +1,71 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+namespace orvel {
+
+class BusinessLayer;
+class ModuleLibrary;
+class OrvelModule;
+class OrvelServices;
+class Prompter;
+class ReferenceHostClasses;
+class ReferenceObjectManager;
+class SqliteDatabase;
+class TerminalUi;
+class WindowRegistry;
+struct RegisteredCatalogue;
+
+// The reference host, put together: the database with its business layer,
+// the module loaded from its shared library, lent the host's classes and Ui,
+// registered through DllInicialize, and the services root every adapter
+// gets. Start reports what failed in words; after a good start the parts
+// below are all there. Shutting down closes the windows, drops the adapters
+// and detaches the module before its library is closed.
+class ReferenceHost {
+ public:
+  struct Options {
+    std::string databasePath;
+    std::string modulePath;
+    std::string userName = "admin";
+    std::string appPath;
+  };
+
+  explicit ReferenceHost(Prompter& prompter);
+  ~ReferenceHost();
+  ReferenceHost(const ReferenceHost&) = delete;
+  ReferenceHost& operator=(const ReferenceHost&) = delete;
+
+  // False, with the reason in `error`, when the database, the module, the
+  // user or the registration failed.
+  bool Start(const Options& options, std::string& error);
+
+  OrvelModule& Module() { return *module_; }
+  BusinessLayer& Layer() { return *layer_; }
+  SqliteDatabase& Database() { return *db_; }
+  std::shared_ptr<OrvelServices> Services() { return services_; }
+  ReferenceObjectManager& Objects() { return *objects_; }
+  WindowRegistry& Windows() { return *windows_; }
+  RegisteredCatalogue& Catalogue() { return *catalogue_; }
+  TerminalUi& Ui() { return *ui_; }
+  ReferenceHostClasses& HostClasses() { return *hostClasses_; }
+
+ private:
+  void Shutdown();
+
+  Prompter& prompter_;
+  // Declared first so that it is closed last.
+  std::unique_ptr<ModuleLibrary> library_;
+  OrvelModule* module_ = nullptr;
+  std::shared_ptr<SqliteDatabase> db_;
+  std::unique_ptr<BusinessLayer> layer_;
+  std::shared_ptr<RegisteredCatalogue> catalogue_;
+  std::shared_ptr<TerminalUi> ui_;
+  std::shared_ptr<ReferenceHostClasses> hostClasses_;
+  std::shared_ptr<ReferenceObjectManager> objects_;
+  std::shared_ptr<WindowRegistry> windows_;
+  std::shared_ptr<OrvelServices> services_;
+};
+
+}  // namespace orvel

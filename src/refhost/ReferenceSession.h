@@ -1,0 +1,33 @@
+#pragma once
+
+#include <memory>
+#include <string>
+
+#include "host/OrvelSession.h"
+
+namespace orvel {
+
+class SqliteDatabase;
+
+// The session of the reference host: the application folder, the title of
+// message boxes, the firm that keeps the books (the first firm of the
+// database) and the goods settings record ("O00018021").
+class ReferenceSession : public OrvelSession {
+ public:
+  static constexpr const char* kAppTitle = "Orvel Apskaita";
+
+  ReferenceSession(SqliteDatabase& db, std::string appPath)
+      : db_(db), appPath_(std::move(appPath)) {}
+
+  std::string AppPath() override { return appPath_; }
+  std::string AppTitle() override { return kAppTitle; }
+  int16_t SessionNumber() override { return 1; }
+  std::shared_ptr<Recordset> OwnFirm() override;
+  std::shared_ptr<Object> SettingObject(const std::string& oid) override;
+
+ private:
+  SqliteDatabase& db_;
+  std::string appPath_;
+};
+
+}  // namespace orvel

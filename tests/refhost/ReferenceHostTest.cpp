@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <deque>
+
+#include "TempDatabase.h"
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "host/OrvelMenuResult.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
+#include "host/Recordset.h"
+#include "hostkit/ComponentRegistry.h"
+#include "hostkit/FieldSheet.h"
+#include "hostkit/WindowRegistry.h"
+#include "refhost/Prompter.h"
+#include "refhost/ReferenceHost.h"
+#include "refhost/ReferenceObjectManager.h"
+#include "refhost/TerminalUi.h"
+#include "ui/Button.h"
+#include "ui/Form.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+
+// Answers from a list, keeps what was said.
+class ListPrompter : public Prompter {
+ public:
+  void Say(const std::string& line) override { said.push_back(line); }
+  int Choose(const std::string&, const std::vector<std::string>& choices) override {
+    if (answers.empty()) return -1;
+    std::string answer = answers.front();
+    answers.pop_front();
+    for (size_t i = 0; i < choices.size(); ++i) {
+      if (choices[i] == answer) return static_cast<int>(i);
+    }
+    return -1;
+  }
+  std::string AskText(const std::string&) override { return ""; }
+
+  std::deque<std::string> answers;
+  std::vector<std::string> said;
+};
+
+// The real module over a fresh sample database, as orvel-host runs it.
+class ReferenceHostTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string error;
+    ASSERT_TRUE(host_.Start({file_.Path(), ORVEL_MODULE_PATH, "admin", "/tmp"}, error)) << error;
+    host_.Layer().SetCallObserver(
+        [this](const char* op, const std::string& name, const std::string& param) {
+          calls_.push_back(std::string(op) + " " + name + " " + param);
+        });
+  }
+
+  // Opens a record's card through its type's menu entry "0".
+  std::shared_ptr<Form> OpenCard(const std::string& oidr, const std::string& otype) {
+    auto type = host_.Objects().GetOrvelObjectUI(oidr);
+    auto result = type->ClickMenu(oidr, otype, "0", "");
+    auto window = result.Value.ObjectAs<OrvelWindow>();
+    if (!window) return nullptr;
+    host_.Windows().ShowWindow(window);
+    return std::dynamic_pointer_cast<Form>(window);
+  }
+
+  std::shared_ptr<FieldSheet> SheetOf(const std::shared_ptr<Form>& form) {
+    auto window = std::dynamic_pointer_cast<OrvelWindow>(form);
+    return host_.Ui().SheetOf(window->OrvelObjectUIO());
+  }
+
+  Variant Stored(const std::string& sql) {
+    auto stmt = host_.Database().Prepare(sql);
+    return stmt.Step() ? stmt.Column(0) : Variant();
+  }
+
+  TempDatabase file_;
+  ListPrompter prompter_;
+  ReferenceHost host_{prompter_};
+  std::vector<std::string> calls_;
+};
+
+TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
+  const auto& catalogue = host_.Catalogue();
+  ASSERT_FALSE(catalogue.groups.empty());
+  EXPECT_EQ(catalogue.groups[0].components[1].caption, "Bankai");
+  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
+  ASSERT_NE(banks, nullptr);
+  auto rs = banks->GetOrvelObjectList("O0000300", "", "");
+  ASSERT_NE(rs, nullptr);
+  EXPECT_EQ(rs->RecordCount(), 6);
+  EXPECT_THAT(calls_, ElementsAre("GetCall Orvel_GetObjectList 'O0000300'"));
+}
+
+TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {
+  auto card = OpenCard("O00003003", "C");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  EXPECT_EQ(sheet->Text("Name"), "AB Šiaulių bankas");
+  ASSERT_TRUE(sheet->EditText("SWIFT", "CBSBLT26XXX"));
+  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  EXPECT_EQ(Stored("SELECT SWIFT FROM banks WHERE ID = 3"), Variant("CBSBLT26XXX"));
+  EXPECT_EQ(Stored("SELECT UpdatedByUser FROM banks WHERE ID = 3"), Variant("admin"));
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000300','O00003003'"));
+  EXPECT_THAT(calls_, Contains("GetCall GetFirms O00003003"));
+}
+
+TEST_F(ReferenceHostTest, ANewBankWithAnApostropheIsStoredAsTyped) {
+  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
+  auto result = banks->ClickMenu("O0000300", "", "1", "");
+  auto window = result.Value.ObjectAs<OrvelWindow>();
+  ASSERT_NE(window, nullptr);
+  host_.Windows().ShowWindow(window);
+  auto card = std::dynamic_pointer_cast<Form>(window);
+  auto sheet = SheetOf(card);
+  ASSERT_TRUE(sheet->EditText("Name", "O'Brien & Co'; DROP TABLE banks; --"));
+  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  EXPECT_EQ(Stored("SELECT Name FROM banks WHERE ID = 7"),
+            Variant("O'Brien & Co'; DROP TABLE banks; --"));
+  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), "O00003007");
+}
+
+TEST_F(ReferenceHostTest, DeletingARecordAsksAndRemovesItsRow) {
+  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
+  prompter_.answers = {"Gerai"};
+  auto result = banks->ClickMenu("O00003006", "C", "6", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kRemoved);
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(0));
+}
+
+TEST_F(ReferenceHostTest, TheFirmTreeIsServedByTheDatabase) {
+  auto firms = host_.Objects().GetOrvelObjectUI("O0000100");
+  auto rs = firms->GetOrvelObjectList("O0000100", "", "");
+  ASSERT_NE(rs, nullptr);
+  EXPECT_GT(rs->RecordCount(), 4);
+  EXPECT_THAT(calls_, Contains(::testing::StartsWith("GetCall Orvel_GetObjectList")));
+}
+
+}  // namespace
+}  // namespace orvel
