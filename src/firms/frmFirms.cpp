@@ -3,8 +3,10 @@
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "host/DragData.h"
+#include "firms/FirmDebtLine.h"
 #include "host/Convert.h"
+#include "host/DragData.h"
+#include "host/OrvelEnvironment.h"
 #include "host/OrvelGroupSelect.h"
 #include "host/OrvelHostClasses.h"
 #include "host/OrvelObjectManager.h"
@@ -12,10 +14,13 @@
 #include "host/OrvelObjectUIO.h"
 #include "host/OrvelRights.h"
 #include "host/OrvelServices.h"
+#include "host/OrvelSession.h"
+#include "host/OrvelShowObject.h"
 #include "host/OrvelWindowManager.h"
 #include "host/Recordset.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
+#include "ui/ControlConstants.h"
 #include "ui/Ui.h"
 
 namespace orvel {
@@ -29,6 +34,12 @@ constexpr int kRightButton = 2;
 constexpr int kModalDelay = 10;
 // Handles 0 to 10 are released; the last one is left as it stands.
 constexpr int kReleasedHandles = 11;
+// The business layer's number for a record another user changed meanwhile:
+// the window re-reads it, and the user's edits are lost.
+constexpr int32_t kChangedMeanwhile = 60000;
+// A credit limit from this sum up means "no limit": the credit line is left
+// as it stood.
+constexpr double kNoLimit = 1000000;
 
 enum ModalActions : int32_t {
   kNewDetail = 0,
@@ -86,6 +97,9 @@ frmFirms::frmFirms()
   }
 
   // The frame's own handlers replace the shared ones where the firm differs.
+  cmdEnter.OnClick = [this] { cmdEnter_Click(); };
+  cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+  lblDebt.OnClick = [this] { lblDebt_Click(); };
   SSCNew.OnClick = [this] { SSCNew_Click(); };
   SSCNew.OnMouseUp = [this](int button, int shift) { SSCNew_MouseUp(button, shift); };
   SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
@@ -310,6 +324,205 @@ void frmFirms::SetEditState(bool enable) {
 
 void frmFirms::OrvelGrid_FieldChanged() {
   Handle([&] { SetEditState(true); });
+}
+
+// ---- writing ----
+
+namespace {
+
+// The count of documents in the first field of the answer's record. An
+// answer without a record, or a Null count, tells of no documents.
+double UsedInDocuments(const Variant& answer) {
+  auto rs = answer.ObjectAs<Recordset>();
+  if (!rs || rs->IsEOF()) return 0;
+  const Variant count = rs->Fields().Item(0).Value();
+  return count.IsNull() ? 0 : CDbl(count);
+}
+
+void RestoreUnderlying(Field& field) {
+  Variant stored = field.UnderlyingValue();
+  if (!(field.Value() == stored)) field.SetValue(stored);
+}
+
+}  // namespace
+
+bool frmFirms::CodeAccepted() {
+  if (IsGroup) return true;
+  // Sent as typed, blanks and all; only a code of blanks is not checked.
+  const std::string code = ConcatText(Uio().Fields("Code").Value());
+  if (Trim(code).empty()) return true;
+  OrvelResult check = Uio().Properties("CheckCode", code);
+  if (check.Number != 0) return false;
+  if (check.Value.IsEmpty() || check.Value.IsNull() || !CBool(check.Value)) return true;
+  const std::string repeated = "Įmonės kodas kartojasi!";
+  auto& ui = Platform::Ui();
+  if (!Rights().Allowed("CFirmsCode", 0)) {
+    // A user without the right never writes the duplicate, whatever the box
+    // returns.
+    ui.MsgBox(repeated, vbExclamation, MsgTitle);
+    return false;
+  }
+  return ui.MsgBox(repeated + "\nĮrašyti informacija?", vbYesNo + vbExclamation, MsgTitle) == vbYes;
+}
+
+void frmFirms::KeepUsedFirmIdentity() {
+  auto& object = Uio();
+  const bool moveRight = Rights().Allowed("CCatalogueCredits", 0);
+  const bool renameRight = Rights().Allowed("CFirmsCH", 0);
+  if (!moveRight && !renameRight) RestoreUnderlying(object.Fields("ParentID"));
+  if (!renameRight) RestoreUnderlying(object.Fields("Name"));
+}
+
+void frmFirms::cmdEnter_Click() {
+  Handle([&] {
+    OrvelGrid->EndFieldEdit();
+    if (!CodeAccepted()) return;
+    // Asked for groups and new records too; the business layer gives their count.
+    OrvelResult used = Uio().Properties("FirmIsUsedInDocuments", "");
+    if (used.Number != 0) {
+      SSCNew.SetEnabled(true);
+      return;
+    }
+    // The rest of the edits are written; only the name and group go back.
+    if (UsedInDocuments(used.Value) > 0) KeepUsedFirmIdentity();
+    const int32_t number = OrvelGrid->SaveObject();
+    const std::string text = OrvelGrid->LastError();
+    if (number != 0) {
+      Platform::Ui().MsgBox("Klaida!\n\n" + text, vbCritical, MsgTitle);
+      SetEditState(true);
+      if (number == kChangedMeanwhile) cmdCancel_Click();
+    } else {
+      IsNew = false;
+      UpdateCaption();
+      Services().WindowManager()->ObjectSaved(OIDR());
+      SetEditState(false);
+    }
+    SSCNew.SetEnabled(true);
+    UnloadShowHost();
+  });
+}
+
+void frmFirms::UnloadShowHost() {
+  if (!ShowHost) return;
+  try {
+    if (auto child = std::dynamic_pointer_cast<OrvelShowObject>(ShowHost)) {
+      child->UnloadShowOrvelObject();
+    }
+  } catch (...) {
+    // The object that showed this window answers for its own unloading.
+  }
+  ShowHost.reset();
+}
+
+void frmFirms::cmdCancel_Click() {
+  Handle([&] {
+    auto& object = Uio();
+    OrvelStatus status = object.Read();
+    if (status.Number != 0) {
+      Platform::Ui().MsgBox(status.Text, vbExclamation, MsgTitle);
+      Services().WindowManager()->RemoveWindow(OIDR(), true);
+      return;
+    }
+    // The group flag is left as the read made it: a new group comes back as
+    // the business layer's new record.
+    if (OIDR().empty()) {
+      object.Fields("ParentID").SetValue(ParentID == 0 ? Variant::Null() : Variant(ParentID));
+    }
+    InitForm();
+  });
+}
+
+// ---- debt line ----
+
+namespace {
+
+// A balance figure; a Null sum (no ledger entries) reads as 0.
+double SumOf(Recordset& rs, const char* name) {
+  const Variant value = rs.Fields(name).Value();
+  return value.IsNull() ? 0 : CDbl(value);
+}
+
+// Limit fields are not in every answer; a missing or unreadable one leaves
+// `target` as it stood.
+template <class T, class Convert>
+void ReadOptional(Recordset& rs, const char* name, T& target, Convert convert) {
+  try {
+    target = convert(rs.Fields(name).Value());
+  } catch (...) {
+  }
+}
+
+}  // namespace
+
+void frmFirms::lblDebt_Click() {
+  Handle([&] {
+    auto& ui = Platform::Ui();
+    ui.SetMousePointer(vbHourglass);
+    try {
+      RefreshDebt();
+    } catch (...) {
+      ui.SetMousePointer(vbDefault);
+      throw;
+    }
+    ui.SetMousePointer(vbDefault);
+  });
+}
+
+bool frmFirms::IsOwnFirm() {
+  try {
+    auto environment = Services().Environment();
+    auto session = environment ? environment->Session() : nullptr;
+    auto own = session ? session->OwnFirm() : nullptr;
+    return own && ConcatText(own->Fields("OIDR").Value()) == OIDR();
+  } catch (...) {
+    return false;
+  }
+}
+
+void frmFirms::RefreshDebt() {
+  lblDebt.SetCaption("");
+  auto& object = Uio();
+  if (OIDR().empty()) return;
+  auto record = object.RsFields();
+  if (!record || record->IsEOF()) return;
+  if (NullToLong(record->Fields("GroupFlag").Value()) == 1) return;
+
+  const bool own = IsOwnFirm();
+  OrvelResult reply = object.Properties(own ? "OurDebt" : "FirmDebt", "");
+  auto rs = reply.Number == 0 ? reply.Value.ObjectAs<Recordset>() : nullptr;
+  if (rs && !(rs->IsBOF() && rs->IsEOF())) rs->MoveFirst();
+  FirmDebtLine line;
+  int32_t limitDays = 0;
+  if (rs && !rs->IsEOF()) {
+    line.Sum220 = SumOf(*rs, "Sum220");
+    line.Sum240 = SumOf(*rs, "Sum240");
+    line.Sum450 = SumOf(*rs, "Sum450");
+    line.Sum460 = SumOf(*rs, "Sum460");
+    if (!own) {
+      Debt = line.Debt();
+      auto toDouble = [](const Variant& v) { return CDbl(v); };
+      ReadOptional(*rs, "Limit", Limit, toDouble);
+      ReadOptional(*rs, "LimitTerm", LimitTerm, toDouble);
+      ReadOptional(*rs, "LimitDays", limitDays, [](const Variant& v) { return CLng(v); });
+      lblCredit.SetForeColor(vbBlack);
+    }
+  }
+
+  std::string text = line.Text();
+  if (!own) {
+    // Limits warn and stop nothing. A limit of 0 is a limit; the red stays
+    // for the life of the window, whatever later refreshes find.
+    if (Limit < Debt) {
+      lblDebt.SetForeColor(vbRed);
+      text += FirmDebtLine::LimitExceeded(Limit);
+    }
+    if (LimitTerm > 0 && Debt > 0) {
+      lblDebt.SetForeColor(vbRed);
+      text += FirmDebtLine::TermExceeded(LimitTerm);
+    }
+  }
+  lblDebt.SetCaption(text);
+  if (Limit < kNoLimit && !own) lblCredit.SetCaption(FirmDebtLine::CreditLimits(Limit, limitDays));
 }
 
 // ---- frame ----

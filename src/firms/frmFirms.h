@@ -37,6 +37,16 @@ class frmFirms : public CatalogueWindow {
   void InitForm() override;
 
   // Event handlers.
+  // Writes the record by the firm's rules: a duplicate code is asked about
+  // (and refused without CFirmsCode); a firm used in documents silently keeps
+  // its name without CFirmsCH and its group without CFirmsCH or
+  // CCatalogueCredits; a failed write is shown and the window stays, after
+  // number 60000 re-read.
+  void cmdEnter_Click();
+  // Re-reads the record, discarding the edits. A record that can no longer be
+  // read closes its window; a new record stays in its group.
+  void cmdCancel_Click();
+  void lblDebt_Click();
   void SSCNew_Click();
   void SSCNew_MouseUp(int button, int shift = 0);
   void SSCClose_MouseUp(int button, int shift = 0);
@@ -77,6 +87,10 @@ class frmFirms : public CatalogueWindow {
   void ReleaseLists();
   // cmdEnter and cmdCancel on when `enable` and the user may write the record.
   void SetEditState(bool enable);
+  // Fetches the firm's balance into lblDebt, with the credit warnings, and
+  // the limits into lblCredit. A group or a record not saved yet gets an
+  // empty line. The own firm shows our side of the ledger and no limits.
+  void RefreshDebt();
 
   // The list of tab `index`; RuntimeError 91 when the handle is empty or its
   // tab was cleared.
@@ -190,6 +204,14 @@ class frmFirms : public CatalogueWindow {
 
   void UpdateCaption();
   void ShowGroupLine();
+  // Whether the record is the session's own firm; false when that cannot be told.
+  bool IsOwnFirm();
+  // Puts back the name and group of a firm used in documents, where the
+  // user's rights do not let them change.
+  void KeepUsedFirmIdentity();
+  // The duplicate-code question: false when the write must not go on.
+  bool CodeAccepted();
+  void UnloadShowHost();
   void ApplyTypeAndRegion();
   // Adds tab `key` at number `index` and keeps its list handle.
   int16_t AddTab(int16_t index, const std::string& key, const std::string& caption);

@@ -5,6 +5,7 @@
 
 #include "adapters/SmallAdapters.h"
 #include "adapters/UI0000100.h"
+#include "adapters/UI0000200.h"
 #include "adapters/UI0000300.h"
 #include "lists/frmReferenceBookPreview.h"
 #include "module/DLLHeader.h"
@@ -28,6 +29,8 @@ const std::map<std::string, Creator, std::less<>>& Classes() {
       {"frmReferenceBookPreview", Make<frmReferenceBookPreview>()},
       {"UI0000100", Make<UI0000100>()},
       {"UIO0000100", Make<UIO0000100>()},
+      {"UI0000200", Make<UI0000200>()},
+      {"UIO0000200", Make<UIO0000200>()},
       {"UI0000300", Make<UI0000300>()},
       {"UIO0000300", Make<UIO0000300>()},
       {"UI0000400", Make<UI0000400>()}, {"UIO0000400", Make<UIO0000400>()},

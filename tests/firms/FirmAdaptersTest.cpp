@@ -10,6 +10,7 @@
 #include "host/IconsTable.h"
 #include "host/MemoryRecordset.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/OrvelServices.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestObjectSelect.h"

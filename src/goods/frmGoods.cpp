@@ -1,0 +1,634 @@
+#include "goods/frmGoods.h"
+
+#include <initializer_list>
+
+#include "common/Boundary.h"
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "goods/GoodsDialogs.h"
+#include "goods/GoodsSettings.h"
+#include "host/Convert.h"
+#include "host/DragData.h"
+#include "host/OrvelGroupSelect.h"
+#include "host/OrvelHostClasses.h"
+#include "host/OrvelObjectManager.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelRights.h"
+#include "host/OrvelServices.h"
+#include "host/OrvelWindowManager.h"
+#include "host/Recordset.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+
+constexpr const char* kOid = "O0000200";
+constexpr const char* kRightKey = "CGoods";
+constexpr int kGroupFlag = 1;
+// Long enough for a popup menu to close before a modal dialog opens.
+constexpr int kModalDelay = 10;
+// The placeholder row that waits for a double click before a heavy list loads.
+constexpr const char* kMoreKey = "more";
+// Summary rows of the business layer carry this OIDR.
+constexpr const char* kSummaryKey = "O0000000";
+
+// Runs an event handler so that nothing it throws reaches the host.
+template <class F>
+void Handle(F&& body) {
+  Guarded([&] { return body(), true; }, false);
+}
+
+OrvelRights& Rights() { return *Services().Rights(); }
+
+bool HasField(OrvelObjectUIO& object, const char* name) {
+  auto rs = object.RsFields();
+  return rs && rs->Fields().Exists(name);
+}
+
+// A Boolean field; Null, empty and a missing field count as False.
+bool FieldTrue(OrvelObjectUIO& object, const char* name) {
+  if (!HasField(object, name)) return false;
+  Variant value = object.Fields(name).Value();
+  return !value.IsNull() && !value.IsEmpty() && CBool(value);
+}
+
+void DefaultIfNull(OrvelObjectUIO& object, const char* name, Variant value) {
+  if (HasField(object, name) && object.Fields(name).Value().IsNull()) {
+    object.Fields(name).SetValue(std::move(value));
+  }
+}
+
+// The traffic rows after which the history of the good can be shown.
+bool HasHistory(const ListItem& row) {
+  for (const char* kind : {"PRICECHANGE", "WRITEOFF", "TRANSFER_OUT", "SALE", "PRODUCTION_OUT"}) {
+    if (row.SmallIcon() == kind) return true;
+  }
+  return false;
+}
+
+}  // namespace
+
+frmGoods::frmGoods()
+    : CatalogueWindow("frmGoods", "Atsargos"),
+      mnuNew(mnuMain.Add("mnuNew", "Sukurti &naują")),
+      mnuEdit(mnuMain.Add("mnuEdit", "&Redaguoti")),
+      mnuDelete(mnuMain.Add("mnuDelete", "&Panaikinti")),
+      mnuBlank(mnuMain.Add("mnuBlank", "-")),
+      mnuMRefresh(mnuMain.Add("mnuMRefresh", "&Atnaujinti")),
+      mnuToDesktop(mnuPopUp.Add("mnuToDesktop", "Padėti &ant darbo stalo")),
+      mnuHistory(mnuPopUp.Add("mnuHistory", "&Istorija")),
+      mnuByPurch(mnuPopUp.Add("mnuByPurch", "Pagal pirkimą")),
+      mnuPreview(mnuPopUp.Add("mnuPreview", "&Peržiūros nustatymai")),
+      mnuPrint(mnuPopUp.Add("mnuPrint", "Spausdinti")),
+      mmuBlank(mnuPopUp.Add("mmuBlank", "-")),
+      mnuRefresh(mnuPopUp.Add("mnuRefresh", "Atnaujinti")) {
+  lblGroup.SetCaption("Prekių grupė:");
+  txtGroup.SetLocked(true);
+  timerModal.SetEnabled(false);
+  timerModal.SetInterval(kModalDelay);
+  mnuMain.SetVisible(false);
+  mnuPopUp.SetVisible(false);
+  for (Control* control : std::initializer_list<Control*>{&txtGroup, &lblGroup, &cmdParentGroup,
+                                                          &timerModal, &mnuMain, &mnuPopUp}) {
+    Register(*control);
+  }
+
+  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
+  cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
+  timerModal.OnTimer = [this] { timerModal_Timer(); };
+  if (OrvelGrid) {
+    OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
+    OrvelGrid->OnListMouseUp = [this](const std::string& key, int index, int button, int shift) {
+      OrvelGrid_ListMouseUp(key, index, button, shift);
+    };
+    OrvelGrid->OnListDoubleClick = [this](int index) { OrvelGrid_ListDoubleClick(index); };
+    OrvelGrid->OnListDragOver = [this](std::shared_ptr<Object> data, int& effect) {
+      OrvelGrid_ListDragOver(data, effect);
+    };
+    OrvelGrid->OnListDragDrop = [this](std::shared_ptr<Object> data) {
+      OrvelGrid_ListDragDrop(data);
+    };
+  }
+
+  const std::pair<Menu*, void (frmGoods::*)()> clicks[] = {
+      {&mnuNew, &frmGoods::mnuNew_Click},
+      {&mnuEdit, &frmGoods::mnuEdit_Click},
+      {&mnuDelete, &frmGoods::mnuDelete_Click},
+      {&mnuMRefresh, &frmGoods::mnuMRefresh_Click},
+      {&mnuToDesktop, &frmGoods::mnuToDesktop_Click},
+      {&mnuHistory, &frmGoods::mnuHistory_Click},
+      {&mnuByPurch, &frmGoods::mnuByPurch_Click},
+      {&mnuPreview, &frmGoods::mnuPreview_Click},
+      {&mnuPrint, &frmGoods::mnuPrint_Click},
+      {&mnuRefresh, &frmGoods::mnuRefresh_Click},
+  };
+  for (const auto& [menu, handler] : clicks) {
+    menu->OnClick = [this, handler = handler] { Handle([&] { (this->*handler)(); }); };
+  }
+}
+
+frmGoods::~frmGoods() = default;
+
+// ---- tabs ----
+
+ListView& frmGoods::List(int index) const {
+  if (!HasList(index)) {
+    throw RuntimeError(RuntimeError::kObjectNotSet,
+                       "The list of tab " + std::to_string(index) + " is not set");
+  }
+  return *tabs_[index];
+}
+
+bool frmGoods::HasList(int index) const {
+  return index > 0 && index < kTabHandles && tabs_[index] != nullptr;
+}
+
+ListItem* frmGoods::Selected(int index) const {
+  return HasList(index) ? tabs_[index]->SelectedItem() : nullptr;
+}
+
+int16_t frmGoods::AddTab(int16_t& counter, const std::string& key, const std::string& caption) {
+  ++counter;
+  tabs_[counter] = &OrvelGrid->AddTab(key, caption);
+  return counter;
+}
+
+void frmGoods::ClearTabs() {
+  OrvelGrid->ClearTabs();
+  tabs_.fill(nullptr);
+  GoodsTab = TrafficTab = MeasuresTab = PricesTab = RestsTab = MinTab = SerialsTab = 0;
+  DiscountsTab = TemplatesTab = 0;
+}
+
+void frmGoods::BuildTabs() {
+  if (HasList(1)) ClearTabs();
+  int16_t counter = 0;
+  if (IsGroup) {
+    GoodsTab = AddTab(counter, "Goods", "Atsargos");
+  } else {
+    TrafficTab = AddTab(counter, "Traffic", "Judėjimas");
+    MeasuresTab = AddTab(counter, "Measures", "Matavimo vienetai");
+    if (Rights().Allowed("CGoodsPT", 0)) PricesTab = AddTab(counter, "PRICES", "Kainos");
+    if (WithRest) {
+      RestsTab = AddTab(counter, "Rests", "Likučiai");
+      if (Rights().Allowed("CGoodsMIN", 0)) {
+        MinTab = AddTab(counter, "MinAmount", "Minimalus kiekis");
+      }
+    }
+    if (FieldTrue(Uio(), "WithItems")) SerialsTab = AddTab(counter, "SN", "Serijiniai numeriai");
+  }
+  DiscountsTab = AddTab(counter, "Discounts", "Nuolaidos");
+  if (Rights().Allowed("CGoodsBR", 0)) TemplatesTab = AddTab(counter, "BRTemplates", "Šablonai");
+}
+
+void frmGoods::FillAllLists() {
+  if (IsGroup) {
+    LoadGroupGoods();
+  } else {
+    LoadTraffic(false);
+    LoadRests();
+    LoadMeasures();
+    LoadPrices();
+    LoadSerials(false);
+  }
+  LoadTemplates();
+  LoadDiscounts();
+}
+
+// ---- start-up ----
+
+void frmGoods::Form_Load() {
+  InitForm();
+  Handle([&] { MsgTitle = AppTitle(); });
+}
+
+void frmGoods::Form_Unload() {
+  tabs_.fill(nullptr);
+  CatalogueWindow::Form_Unload();
+}
+
+void frmGoods::InitForm() {
+  Handle([&] {
+    Loading = true;
+    InitRunning = true;
+    Platform::Ui().SetMousePointer(vbHourglass);
+    Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
+    auto& object = Uio();
+    ParentID = NullToLong(object.Fields("ParentID").Value());
+    IsGroup = NullToLong(object.Fields("GroupFlag").Value()) == kGroupFlag;
+    IsNew = OIDR().empty();
+    WithRest = false;
+    if (IsNew) {
+      RecordKey = object.OID();
+      DefaultIfNull(object, "AmountPrecision", Variant(2));
+      DefaultIfNull(object, "MeasureID", Variant(1));
+    } else {
+      RecordKey = OIDR();
+      if (!IsGroup) WithRest = FieldTrue(object, "WithRest");
+    }
+    IsRoot = ParentID == 0;
+    ParentObject = nullptr;
+    if (!IsRoot) {
+      ParentObject = object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
+      if (IsNew) PrimeNewRecord();
+    }
+    OrvelGrid->SetServices(OrvelS());
+    OrvelGrid->SetObjectUIO(OrvelObjectUIO());
+    BuildTabs();
+    FillAllLists();
+    OrvelGrid->FillFields();
+    Initialized = true;
+    ShowGroupLine();
+    ShowPriceLine();
+    if (IsNew) ProposeCode();
+    Loading = false;
+    SSCNew.SetEnabled(!IsNew);
+    // Also for a new record: cmdEnter and cmdCancel wake with the first change.
+    SetEditState(false);
+  });
+  Loading = false;
+  InitRunning = false;
+  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+}
+
+void frmGoods::PrimeNewRecord() {
+  // A new child takes its group's VAT rate and the catalogue's price basis;
+  // at the top it takes neither.
+  auto& object = Uio();
+  if (ParentObject && HasField(object, "VAT")) {
+    object.Fields("VAT").SetValue(ParentObject->Fields("VAT").Value());
+  }
+  if (HasField(object, "PriceWithVAT")) {
+    Variant priceWithVat = GoodsSetting("PriceWithVAT");
+    if (!priceWithVat.IsNull()) object.Fields("PriceWithVAT").SetValue(priceWithVat);
+  }
+}
+
+void frmGoods::ProposeCode() {
+  Variant::Array none;
+  if (Uio().Methods("GenerateUnicalStructuredCode", none).Number != 0) return;
+  OrvelGrid->RefreshField("Code");
+  SetEditState(true);
+}
+
+void frmGoods::UpdateCaption() {
+  const bool stored = !OIDR().empty();
+  if (IsGroup) {
+    SOPanel.SetCaption(stored ? "Prekių grupė" : "Nauja prekių grupė");
+  } else {
+    SOPanel.SetCaption(stored ? "Prekės kortelė" : "Nauja prekė");
+  }
+}
+
+void frmGoods::ShowGroupLine() {
+  if (IsRoot) {
+    txtGroup.SetText("");
+  } else {
+    try {
+      if (!ParentObject) throw RuntimeError(RuntimeError::kObjectNotSet, "No parent group");
+      txtGroup.SetText(ConcatText(ParentObject->Fields("PreviewPath").Value()) +
+                       ParentObject->Preview());
+    } catch (const RuntimeError&) {
+      // A parent that cannot be shown leaves the line as it stood.
+    }
+  }
+  UpdateCaption();
+}
+
+void frmGoods::SetEditState(bool enable) {
+  if (enable) {
+    enable = IsNew ? Rights().CanInsert(kRightKey, 0) : Rights().CanUpdate(kRightKey, 0);
+  }
+  cmdEnter.SetEnabled(enable);
+  cmdCancel.SetEnabled(enable);
+}
+
+void frmGoods::OrvelGrid_FieldChanged() {
+  Handle([&] {
+    ShowPriceLine();
+    SetEditState(true);
+  });
+}
+
+bool frmGoods::Stored() { return Len(OIDR()) >= 9; }
+
+// ---- frame ----
+
+void frmGoods::QueryRemove(bool& cancel) {
+  Handle([&] {
+    if (cmdEnter.Enabled()) {
+      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
+                                         vbYesNo + vbExclamation, MsgTitle);
+      if (answer == vbNo) cancel = true;
+    }
+    // The close click disabled the button; a window that stays takes it back.
+    SSCClose.SetEnabled(cancel);
+  });
+}
+
+void frmGoods::SSCClose_MouseUp(int button, int) {
+  // A right click on the close button deletes the record: a hidden gesture
+  // that users of the catalogue know, kept on purpose.
+  Handle([&] {
+    if (button != kRightButton || !SSCClose.Enabled()) return;
+    if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
+                              vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
+      return;
+    }
+    std::string oidr = OIDR();
+    auto ui = Uio().UI();
+    if (ui && ui->DeleteOrvelObject(oidr) == 0) {
+      Services().WindowManager()->RemoveWindow(oidr, true);
+    }
+  });
+}
+
+void frmGoods::cmdParentGroup_Click() {
+  Handle([&] {
+    auto picker = Platform::Classes().NewGroupSelect();
+    picker->SetOType(kOid);
+    picker->SetRootOType(kOid);
+    picker->SetSelectKind("Group GroupNA Root");
+    picker->SetCaption("Pažymėkite norimą grupę");
+    picker->SetExcludeTypes("'C','FirmNA','Service','ServiceNA','GEXIST'");
+    picker->Show();
+    std::string result = picker->ResultOIDR();
+    int at = InStrRev(result, "O");
+    if (at == 0) return;
+    std::string choice = Mid(result, at);
+    if (choice == OIDR()) return;
+    if (Len(choice) < 9) {
+      // The catalogue root: the record goes to the top.
+      ParentID = 0;
+      Uio().Fields("ParentID").SetValue(Variant(0));
+      txtGroup.SetText("");
+    } else {
+      auto adapter = Services().ObjectManager()->GetOrvelObjectUI(kOid);
+      auto group = adapter ? adapter->GetOrvelObject(choice) : nullptr;
+      if (!group) return;
+      Variant id = group->Fields("ID").Value();
+      ParentID = NullToLong(id);
+      Uio().Fields("ParentID").SetValue(id);
+      try {
+        txtGroup.SetText(ConcatText(group->Fields("PreviewPath").Value()) + group->Preview());
+      } catch (const RuntimeError&) {
+        // The path is only shown; the choice is made.
+      }
+    }
+    SetEditState(true);
+  });
+}
+
+// ---- lists ----
+
+void frmGoods::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
+  Handle([&] {
+    if (button != kRightButton || IsNew) return;
+    CurrentTab = static_cast<int16_t>(tabIndex + 1);
+    for (Menu* item : {&mnuByPurch, &mnuPreview, &mnuHistory, &mnuPrint}) item->SetVisible(false);
+    MenuAction.clear();
+    const bool stored = Stored();
+    ListItem* row = Selected(CurrentTab);
+    auto& ui = Platform::Ui();
+    if (tabKey == "Traffic") {
+      const bool opens = row && row->Key() != kMoreKey && !ConcatText(row->Tag()).empty();
+      mnuByPurch.SetVisible(true);
+      mnuToDesktop.SetVisible(opens);
+      mnuPreview.SetVisible(stored);
+      mnuPrint.SetVisible(opens);
+      if (WithRest && row) mnuHistory.SetVisible(HasHistory(*row));
+      ui.PopupMenu(mnuPopUp);
+    } else if (tabKey == "Goods") {
+      mnuToDesktop.SetVisible(row && row->Key() != kMoreKey);
+      ui.PopupMenu(mnuPopUp);
+    } else if (tabKey == "Rests") {
+      mnuToDesktop.SetVisible(row && row->Key() != kSummaryKey && row->Key() != kMoreKey);
+      ui.PopupMenu(mnuPopUp);
+    } else if (tabKey == "SN") {
+      mnuToDesktop.SetVisible(row != nullptr);
+      mnuPreview.SetVisible(stored);
+      ui.PopupMenu(mnuPopUp);
+    } else {
+      PopupMain(tabKey);
+    }
+  });
+}
+
+void frmGoods::PopupMain(const std::string& tabKey) {
+  const ListItem* row = Selected(CurrentTab);
+  const bool selected = row != nullptr;
+  const bool canDelete = Rights().CanDelete(kRightKey, 0);
+  if (tabKey == "BRTemplates") {
+    // An inherited template row has no tag: it belongs to the group.
+    mnuDelete.SetEnabled(selected && canDelete && !row->Tag().IsNull());
+    mnuEdit.SetEnabled(selected);
+    mnuNew.SetEnabled(false);
+  } else if (tabKey == "Discounts") {
+    if (!Rights().Allowed("CCatalogueDiscounts", 0)) return;
+    mnuEdit.SetEnabled(selected);
+    mnuDelete.SetEnabled(canDelete);
+    mnuNew.SetEnabled(Stored());
+  } else {
+    mnuDelete.SetEnabled(selected);
+    mnuEdit.SetEnabled(selected);
+    mnuNew.SetEnabled(Stored());
+  }
+  Platform::Ui().PopupMenu(mnuMain);
+  // New and Edit only note what to do; the row opens once the menu is gone.
+  if (MenuAction.empty()) return;
+  if (tabKey == "Discounts") {
+    EditDiscount();
+  } else {
+    EditRow();
+  }
+}
+
+void frmGoods::OrvelGrid_ListDoubleClick(int tabIndex) {
+  Handle([&] {
+    CurrentTab = static_cast<int16_t>(tabIndex + 1);
+    if (IsGroup) {
+      if (CurrentTab == TemplatesTab) {
+        MenuAction = "101";
+        EditRow();
+      } else if (CurrentTab == DiscountsTab) {
+        MenuAction = "101";
+        EditDiscount();
+      }
+      return;
+    }
+    const ListItem* row = Selected(CurrentTab);
+    if (row && row->Key() == kMoreKey) {
+      // The heavy lists load only when asked.
+      if (CurrentTab == TrafficTab) {
+        LoadTraffic(true);
+        return;
+      }
+      if (CurrentTab == RestsTab) {
+        LoadRests();
+        return;
+      }
+    }
+    if (CurrentTab == DiscountsTab) {
+      MenuAction = "101";
+      EditDiscount();
+    } else if (CurrentTab != SerialsTab) {
+      MenuAction = "101";
+      EditRow();
+    }
+  });
+}
+
+void frmGoods::timerModal_Timer() {
+  Handle([&] {
+    timerModal.SetEnabled(false);
+    const ListItem* row = Selected(CurrentTab);
+    const int32_t documentId = row ? static_cast<int32_t>(Val(row->Key())) : 0;
+    CurrentGoodsDialogs().ShowGoodsHistory(OrvelObjectUIO(), documentId);
+  });
+}
+
+// ---- menu actions ----
+
+void frmGoods::mnuNew_Click() { MenuAction = "100"; }
+
+void frmGoods::mnuEdit_Click() { MenuAction = "101"; }
+
+void frmGoods::mnuDelete_Click() {
+  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) != vbYes) return;
+  const ListItem* row = Selected(CurrentTab);
+  if (!row) return;
+  std::string key;
+  if (CurrentTab == TemplatesTab || CurrentTab == DiscountsTab) {
+    if (row->Tag().IsNull()) return;  // inherited from the group
+    key = ConcatText(row->Tag());
+  } else {
+    key = row->Key();
+  }
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
+    adapter->DeleteOrvelObject(key);
+  }
+  if (CurrentTab == TemplatesTab) {
+    LoadTemplates();
+  } else if (CurrentTab == DiscountsTab) {
+    Services().WindowManager()->RemoveWindow(key, true);
+    LoadDiscounts();
+  } else if (CurrentTab == MeasuresTab) {
+    LoadMeasures();
+  } else {
+    LoadPrices();
+  }
+}
+
+void frmGoods::mnuMRefresh_Click() {
+  if (!Stored()) return;
+  if (CurrentTab == TemplatesTab) {
+    LoadTemplates();
+  } else if (CurrentTab == DiscountsTab) {
+    LoadDiscounts();
+  } else if (CurrentTab == MeasuresTab) {
+    LoadMeasures();
+  } else {
+    LoadPrices();
+  }
+}
+
+void frmGoods::mnuToDesktop_Click() {
+  const ListItem* row = Selected(CurrentTab);
+  if (!row) return;
+  std::string oidr = ConcatText(row->Tag());
+  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(oidr)) {
+    adapter->AddToDeskTopOrvelObject(oidr);
+  }
+}
+
+void frmGoods::mnuHistory_Click() {
+  // The dialog opens from the timer, once the popup menu has closed.
+  timerModal.SetEnabled(true);
+}
+
+void frmGoods::mnuByPurch_Click() {
+  // On: the kept traffic is sorted and filtered, no call goes out. Off: it
+  // is fetched anew, which also drops the filter.
+  const bool former = mnuByPurch.Checked();
+  mnuByPurch.SetChecked(!former);
+  LoadTraffic(former);
+}
+
+void frmGoods::mnuPreview_Click() {
+  if (CurrentTab == SerialsTab) {
+    LoadSerials(true);
+    return;
+  }
+  Variant period = Services().ObjectManager()->Call("GetNewPeriod", "").Value;
+  if (period == Period) return;
+  Period = std::move(period);
+  LoadTraffic(true);
+}
+
+void frmGoods::mnuPrint_Click() { PrintTraffic(); }
+
+void frmGoods::mnuRefresh_Click() {
+  if (IsGroup) {
+    LoadGroupGoods();
+  } else if (CurrentTab == TrafficTab) {
+    LoadTraffic(true);
+  } else if (CurrentTab == RestsTab) {
+    LoadRests();
+  }
+}
+
+// ---- drag and drop ----
+
+void frmGoods::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
+  Handle([&] {
+    auto drag = std::dynamic_pointer_cast<DragData>(data);
+    std::string text = drag ? drag->GetText() : std::string();
+    if (!IsGroup || Left(text, 8) != kOid) effect = 0;
+  });
+}
+
+void frmGoods::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
+  Handle([&] {
+    auto drag = std::dynamic_pointer_cast<DragData>(data);
+    if (!drag || !IsGroup) return;
+    std::string text = drag->GetText();
+    if (Left(text, 8) != kOid) return;
+    auto ui = Uio().UI();
+    auto dragged = ui ? ui->GetOrvelObject(text) : nullptr;
+    if (!dragged) return;
+    const std::string draggedCode = ConcatText(dragged->Fields("OwnCode").Value());
+    const std::string ownCode = ConcatText(Uio().Fields("OwnCode").Value());
+    // A group cannot move into its own branch, and a record at the top
+    // cannot be dragged at all.
+    if (NullToLong(dragged->Fields("GroupFlag").Value()) == kGroupFlag &&
+        Left(ownCode, Len(draggedCode)) == draggedCode) {
+      return;
+    }
+    if (NullToLong(dragged->Fields("ParentID").Value()) == 0) return;
+    try {
+      auto rs = dragged->RsFields();
+      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No fields");
+      AddGroupRow(rs->Fields());
+    } catch (const RuntimeError&) {
+      return;  // already listed here
+    }
+    dragged->Fields("ParentID").SetValue(Uio().Fields("ID").Value());
+    dragged->Save(nullptr, nullptr);
+  });
+}
+
+void frmGoods::AddGroupRow(Fields& fields) {
+  std::string oidr = fields.Exists("OIDR") ? ConcatText(fields.Item("OIDR").Value())
+                                           : kOid + ConcatText(fields.Item("ID").Value());
+  std::string preview = fields.Exists("Preview") ? ConcatText(fields.Item("Preview").Value())
+                                                 : ConcatText(fields.Item("Name").Value());
+  const bool group = NullToLong(fields.Item("GroupFlag").Value()) == kGroupFlag;
+  ListItem& row = List(GoodsTab).ListItems().Add(0, oidr, preview, group ? "stdClose" : "C0000200");
+  row.SetTag(Variant(oidr));
+}
+
+}  // namespace orvel

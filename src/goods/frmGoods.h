@@ -1,0 +1,169 @@
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+
+#include "common/CatalogueWindow.h"
+#include "host/Variant.h"
+#include "ui/Button.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+
+namespace orvel {
+
+class Fields;
+
+// The window on one good, service or goods group: the field sheet, and under
+// it the tabs of what belongs to the record. A group lists its goods and takes
+// goods dropped on it; a good lists its traffic, measures, prices, rests,
+// minimum amounts, serial numbers, discounts and templates, as far as the
+// user's rights and the good's own flags allow.
+//
+// Tabs are numbered from 1 in the order they were added (the grid counts from
+// 0, so its event index is one less); Tabs[0] stays empty. Each tab's number
+// is kept in its *Tab field, 0 when the tab was not made, so the numbers
+// differ from user to user. The window builds its tabs anew on every
+// InitForm: a good saved with rests for the first time shows its rest tabs
+// only then.
+//
+// The list loaders, the row editors, the price line and the printing come
+// with the detail lists and the card rules: here they are virtual and do
+// nothing, and every menu entry that reaches them exists.
+class frmGoods : public CatalogueWindow {
+ public:
+  static constexpr int kTabHandles = 9;
+  // Right-button code of the mouse events.
+  static constexpr int kRightButton = 2;
+
+  frmGoods();
+  ~frmGoods() override;
+
+  // OrvelWindow
+  void QueryRemove(bool& cancel) override;
+
+  void InitForm() override;
+
+  // Event handlers.
+  void SSCClose_MouseUp(int button, int shift = 0);
+  void cmdParentGroup_Click();
+  void OrvelGrid_FieldChanged();
+  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int shift);
+  void OrvelGrid_ListDoubleClick(int tabIndex);
+  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect);
+  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data);
+  void timerModal_Timer();
+
+  void mnuNew_Click();
+  void mnuEdit_Click();
+  void mnuDelete_Click();
+  void mnuMRefresh_Click();
+  void mnuToDesktop_Click();
+  void mnuHistory_Click();
+  void mnuByPurch_Click();
+  void mnuPreview_Click();
+  void mnuPrint_Click();
+  void mnuRefresh_Click();
+
+  // cmdEnter and cmdCancel on when `enable` and the user may write the record
+  // (insert for a new one, update for a stored one).
+  void SetEditState(bool enable);
+  // The heading by the record: new or stored, group or good.
+  void UpdateCaption();
+
+  // The list of tab `index`; RuntimeError 91 when that tab was not made.
+  ListView& List(int index) const;
+  bool HasList(int index) const;
+
+  // Controls.
+  TextBox txtGroup{"txtGroup"};
+  Label lblGroup{"lblGroup"};
+  Button cmdParentGroup{"cmdParentGroup"};
+  Timer timerModal{"timerModal"};
+
+  Menu mnuMain{"mnuMain"};
+  Menu& mnuNew;
+  Menu& mnuEdit;
+  Menu& mnuDelete;
+  Menu& mnuBlank;
+  Menu& mnuMRefresh;
+  Menu mnuPopUp{"mnuPopUp"};
+  Menu& mnuToDesktop;
+  Menu& mnuHistory;
+  Menu& mnuByPurch;
+  Menu& mnuPreview;
+  Menu& mnuPrint;
+  Menu& mmuBlank;
+  Menu& mnuRefresh;
+
+  // Window state.
+  std::shared_ptr<orvel::OrvelObjectUIO> ParentObject;
+  int32_t ParentID = 0;
+  bool Loading = false;
+  bool IsGroup = false;
+  bool IsRoot = false;
+  bool IsNew = false;
+  // The good keeps rests; always False while the record is new.
+  bool WithRest = false;
+  std::string RecordKey;
+  std::string MsgTitle;
+  // The host's list period, as GetOldPeriod / GetNewPeriod hand it over.
+  Variant Period;
+  int16_t CurrentTab = 0;
+  int16_t GoodsTab = 0;
+  int16_t TrafficTab = 0;
+  int16_t MeasuresTab = 0;
+  int16_t PricesTab = 0;
+  int16_t RestsTab = 0;
+  int16_t MinTab = 0;
+  int16_t SerialsTab = 0;
+  int16_t DiscountsTab = 0;
+  int16_t TemplatesTab = 0;
+  // "100" a new row, "101" the selected row, "" no row action.
+  std::string MenuAction;
+
+  // The detail lists and editors.
+  virtual void LoadGroupGoods() {}
+  virtual void LoadTraffic(bool reload) { (void)reload; }
+  virtual void LoadRests() {}
+  virtual void LoadMeasures() {}
+  // Fills the minimum amounts too.
+  virtual void LoadPrices() {}
+  virtual void LoadSerials(bool reload) { (void)reload; }
+  virtual void LoadTemplates() {}
+  virtual void LoadDiscounts() {}
+  virtual void PrintTraffic() {}
+  // The price information line in the heading's tool tip.
+  virtual void ShowPriceLine() {}
+  // Opens the row of the current tab by MenuAction.
+  virtual void EditRow() {}
+  virtual void EditDiscount() {}
+  // Adds a member row to the Goods tab; a row of that key already listed is
+  // the list's error (RuntimeError), and the drop is then not made.
+  virtual void AddGroupRow(Fields& fields);
+
+ protected:
+  void Form_Load() override;
+  void Form_Unload() override;
+  void SetCaption() override { UpdateCaption(); }
+
+ private:
+  void BuildTabs();
+  int16_t AddTab(int16_t& counter, const std::string& key, const std::string& caption);
+  void ClearTabs();
+  void FillAllLists();
+  void PrimeNewRecord();
+  void ShowGroupLine();
+  void ProposeCode();
+  bool Stored();
+  ListItem* Selected(int index) const;
+  void PopupMain(const std::string& tabKey);
+
+  std::array<ListView*, kTabHandles> tabs_{};
+};
+
+}  // namespace orvel

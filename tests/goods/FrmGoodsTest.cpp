@@ -1,0 +1,699 @@
+// The goods window's frame: tabs by kind and rights, start-up of new and
+// stored records, popup menus, the deferred history dialog, drag and drop,
+// closing and deleting, the parent group picker, and the shared VAT rate.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/UI0000200.h"
+#include "goods/GoodsDialogs.h"
+#include "goods/GoodsSettings.h"
+#include "goods/frmGoods.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestDragData.h"
+#include "testhost/TestGroupSelect.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+using Right = TestRights::Right;
+
+// A window that notes which list loaders and row editors run.
+class RecordingGoods : public frmGoods {
+ public:
+  void LoadGroupGoods() override { ran.push_back("LoadGroupGoods"); }
+  void LoadTraffic(bool reload) override { ran.push_back(reload ? "Traffic+" : "Traffic"); }
+  void LoadRests() override { ran.push_back("LoadRests"); }
+  void LoadMeasures() override { ran.push_back("LoadMeasures"); }
+  void LoadPrices() override { ran.push_back("LoadPrices"); }
+  void LoadSerials(bool reload) override { ran.push_back(reload ? "Serials+" : "Serials"); }
+  void LoadTemplates() override { ran.push_back("LoadTemplates"); }
+  void LoadDiscounts() override { ran.push_back("LoadDiscounts"); }
+  void PrintTraffic() override { ran.push_back("PrintTraffic"); }
+  void EditRow() override { ran.push_back("EditRow " + MenuAction); }
+  void EditDiscount() override { ran.push_back("EditDiscount " + MenuAction); }
+  std::vector<std::string> ran;
+};
+
+class HistoryDialogs : public GoodsDialogs {
+ public:
+  void ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good, int32_t id) override {
+    shown.push_back(good->OIDR() + " " + std::to_string(id));
+  }
+  std::vector<std::string> shown;
+};
+
+// Group 1 (code path "001", VAT 21) holds good 2 (with rests) and subgroup 3
+// ("001002"), which holds good 5; good 4 (serial numbers, no rests) stands at
+// the top.
+class FrmGoodsTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    ResetVatFactor();
+    host_.Session()->SetAppTitle("Apskaita");
+    auto& table = BO("O0000200").Table();
+    table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest",
+                     "WithItems", "OwnCode", "PreviewPath", "VAT", "PriceWithVAT",
+                     "AmountPrecision", "MeasureID"});
+    for (const char* field :
+         {"ParentID", "VAT", "PriceWithVAT", "AmountPrecision", "MeasureID", "WithItems"}) {
+      table.SetDefault(field, Variant::Null());
+    }
+    table.SetDefault("GroupFlag", Variant(0));
+    table.Seed({{{"Name", Variant("Maistas")},
+                 {"GroupFlag", Variant(1)},
+                 {"OwnCode", Variant("001")},
+                 {"PreviewPath", Variant("Prekės\\")},
+                 {"VAT", Variant(21)}},
+                {{"Name", Variant("Duona")}, {"ParentID", Variant(1)}, {"WithRest", Variant(true)}},
+                {{"Name", Variant("Pieno")},
+                 {"GroupFlag", Variant(1)},
+                 {"ParentID", Variant(1)},
+                 {"OwnCode", Variant("001002")}},
+                {{"Name", Variant("Paslauga")},
+                 {"WithRest", Variant(false)},
+                 {"WithItems", Variant(true)}},
+                {{"Name", Variant("Sūris")}, {"ParentID", Variant(3)}}});
+    auto settings = std::make_shared<MemoryRecordset>(
+        std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
+    settings->AddRow({Variant(false), Variant(true)});
+    settings->MoveFirst();
+    host_.Session()->SetSettingObject("O00018021", settings);
+    goods_ = Adapter("O0000200");
+  }
+
+  void TearDown() override {
+    InstallGoodsDialogs(nullptr);
+    ResetVatFactor();
+    ModuleTest::TearDown();
+  }
+
+  // The window the menu builds, shown by the host.
+  std::shared_ptr<frmGoods> Open(const std::string& oidr, const char* key = "0",
+                                 const char* otype = "") {
+    auto window = goods_->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmGoods>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    return window;
+  }
+
+  std::shared_ptr<RecordingGoods> OpenOwn(const std::string& oidr) {
+    auto window = std::make_shared<RecordingGoods>();
+    window->SetOrvelObjectUIO(goods_->GetOrvelObject(oidr));
+    host_.WindowManager()->ShowWindow(window);
+    host_.Log().Clear();
+    return window;
+  }
+
+  FakeOrvelGrid& Grid(frmGoods& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
+
+  std::vector<std::string> TabKeys(frmGoods& window) {
+    std::vector<std::string> keys;
+    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
+    return keys;
+  }
+
+  int TabIndex(frmGoods& window, const std::string& key) {
+    const auto& tabs = Grid(window).Tabs();
+    for (size_t i = 0; i < tabs.size(); ++i) {
+      if (tabs[i].key == key) return static_cast<int>(i);
+    }
+    ADD_FAILURE() << "no tab " << key;
+    return -1;
+  }
+
+  ListItem& AddRow(frmGoods& w, const std::string& tab, const std::string& key, Variant tag = {},
+                   const std::string& icon = {}, bool select = true) {
+    ListView& list = Grid(w).TabList(tab);
+    ListItem& row = list.ListItems().Add(0, key, key, icon);
+    row.SetTag(std::move(tag));
+    if (select) list.SetSelectedItem(&row);
+    return row;
+  }
+
+  const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
+
+  std::shared_ptr<OrvelObjectUI> goods_;
+};
+
+// ---- tabs ----
+
+struct TabCase {
+  const char* name;
+  const char* oidr;
+  const char* key;                  // menu key that builds the window
+  std::vector<std::string> denied;  // Allowed rights taken away
+  std::vector<std::string> tabs;
+  int16_t pricesTab, restsTab, discountsTab, templatesTab;
+};
+
+class FrmGoodsTabTest : public FrmGoodsTest, public ::testing::WithParamInterface<TabCase> {};
+
+TEST_P(FrmGoodsTabTest, TabsFollowKindFlagsAndRights) {
+  const TabCase& c = GetParam();
+  for (const auto& key : c.denied) host_.Rights()->Deny(key, Right::Allowed);
+  auto w = Open(c.oidr, c.key, "CGroup");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(TabKeys(*w), c.tabs);
+  EXPECT_EQ(w->PricesTab, c.pricesTab);
+  EXPECT_EQ(w->RestsTab, c.restsTab);
+  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+  EXPECT_EQ(w->TemplatesTab, c.templatesTab);
+  for (int i = 1; i <= static_cast<int>(c.tabs.size()); ++i) {
+    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+  }
+  EXPECT_FALSE(w->HasList(0));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsTabTest,
+    ::testing::Values(
+        TabCase{"GoodWithRests",
+                "O00002002",
+                "0",
+                {},
+                {"Traffic", "Measures", "PRICES", "Rests", "MinAmount", "Discounts", "BRTemplates"},
+                3,
+                4,
+                6,
+                7},
+        // Without the price right the rests move up to where prices stood.
+        TabCase{"NoPriceRight",
+                "O00002002",
+                "0",
+                {"CGoodsPT"},
+                {"Traffic", "Measures", "Rests", "MinAmount", "Discounts", "BRTemplates"},
+                0,
+                3,
+                5,
+                6},
+        TabCase{"NoMinimumRight",
+                "O00002002",
+                "0",
+                {"CGoodsMIN", "CGoodsBR"},
+                {"Traffic", "Measures", "PRICES", "Rests", "Discounts"},
+                3,
+                4,
+                5,
+                0},
+        TabCase{"SerialsWithoutRests",
+                "O00002004",
+                "0",
+                {},
+                {"Traffic", "Measures", "PRICES", "SN", "Discounts", "BRTemplates"},
+                3,
+                0,
+                5,
+                6},
+        TabCase{"Group", "O00002001", "0", {}, {"Goods", "Discounts", "BRTemplates"}, 0, 0, 2, 3},
+        TabCase{"GroupWithoutTemplates",
+                "O00002001",
+                "0",
+                {"CGoodsBR"},
+                {"Goods", "Discounts"},
+                0,
+                0,
+                2,
+                0},
+        // A new good keeps rests on saving, but gets its rest tabs only then.
+        TabCase{"NewGood",
+                "O00002001",
+                "1",
+                {},
+                {"Traffic", "Measures", "PRICES", "Discounts", "BRTemplates"},
+                3,
+                0,
+                4,
+                5},
+        TabCase{"NewSubgroup",
+                "O00002001",
+                "3",
+                {},
+                {"Goods", "Discounts", "BRTemplates"},
+                0,
+                0,
+                2,
+                3}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmGoodsTest, ListsLoadByKind) {
+  auto good = OpenOwn("O00002002");
+  EXPECT_EQ(good->ran,
+            (std::vector<std::string>{"Traffic", "LoadRests", "LoadMeasures", "LoadPrices",
+                                      "Serials", "LoadTemplates", "LoadDiscounts"}));
+  auto group = OpenOwn("O00002001");
+  EXPECT_EQ(group->ran,
+            (std::vector<std::string>{"LoadGroupGoods", "LoadTemplates", "LoadDiscounts"}));
+}
+
+TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
+  auto w = Open("O00002002");
+  w->cmdCancel.SetEnabled(true);
+  w->cmdCancel.Click();
+  EXPECT_EQ(TabKeys(*w), (std::vector<std::string>{"Traffic", "Measures", "PRICES", "Rests",
+                                                   "MinAmount", "Discounts", "BRTemplates"}));
+  EXPECT_EQ(w->RestsTab, 4);
+}
+
+// ---- start-up ----
+
+TEST_F(FrmGoodsTest, ANewGoodInAGroupInheritsAndIsPrimed) {
+  auto w = Open("O00002001", "1", "CGroup");
+  ASSERT_TRUE(w);
+  auto object = w->OrvelObjectUIO();
+  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekė");
+  EXPECT_TRUE(w->IsNew);
+  EXPECT_FALSE(w->IsRoot);
+  EXPECT_FALSE(w->WithRest);
+  EXPECT_EQ(w->ParentID, 1);
+  EXPECT_EQ(w->RecordKey, "O0000200");
+  EXPECT_EQ(object->Fields("VAT").Value(), Variant(21));
+  EXPECT_EQ(object->Fields("PriceWithVAT").Value(), Variant(true));
+  EXPECT_EQ(object->Fields("AmountPrecision").Value(), Variant(2));
+  EXPECT_EQ(object->Fields("MeasureID").Value(), Variant(1));
+  EXPECT_EQ(w->txtGroup.Text(), "Prekės\\Maistas");
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdEnter.Enabled());
+  EXPECT_FALSE(w->cmdCancel.Enabled());
+}
+
+TEST_F(FrmGoodsTest, ANewGroupAtTheRootTakesNeitherVatNorPriceBasis) {
+  auto w = Open("O0000200", "2");
+  ASSERT_TRUE(w);
+  auto object = w->OrvelObjectUIO();
+  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekių grupė");
+  EXPECT_TRUE(w->IsRoot);
+  EXPECT_TRUE(object->Fields("VAT").Value().IsNull());
+  EXPECT_TRUE(object->Fields("PriceWithVAT").Value().IsNull());
+  EXPECT_EQ(w->txtGroup.Text(), "");
+}
+
+TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
+  auto settings =
+      std::make_shared<MemoryRecordset>(std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
+  settings->AddRow({Variant(true), Variant(false)});
+  settings->MoveFirst();
+  host_.Session()->SetSettingObject("O00018021", settings);
+  auto codes = std::make_shared<MemoryRecordset>(std::vector<std::string>{"PARENTCODE", "MAXCODE"});
+  codes->AddRow({Variant("12"), Variant("1207")});
+  BO("O0000200").ReplyRead("GetStructuredCode", codes);
+  auto w = Open("O00002001", "1", "CGroup");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Code").Value(), Variant("1208"));
+  EXPECT_EQ(Grid(*w).RefreshedFields(), std::vector<std::string>{"Code"});
+  // The last step of the start-up turns the buttons off again.
+  EXPECT_FALSE(w->cmdEnter.Enabled());
+}
+
+TEST_F(FrmGoodsTest, AStoredRecordIsNotGivenACode) {
+  auto w = Open("O00002002");
+  EXPECT_EQ(w->SOPanel.Caption(), "Prekės kortelė");
+  EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
+  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_TRUE(w->WithRest);
+  EXPECT_EQ(w->RecordKey, "O00002002");
+}
+
+TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
+  auto w = Open("O00002002");
+  Grid(*w).EditField("Name", Variant("Juoda duona"));
+  EXPECT_TRUE(w->cmdEnter.Enabled());
+  EXPECT_TRUE(w->cmdCancel.Enabled());
+
+  host_.Rights()->Deny("CGoods", Right::Update);
+  auto other = Open("O00002004");
+  Grid(*other).EditField("Name", Variant("Kita"));
+  EXPECT_FALSE(other->cmdEnter.Enabled());
+}
+
+// ---- popup menus ----
+
+struct PopupCase {
+  const char* name;
+  const char* oidr;
+  const char* tab;
+  const char* rowKey;  // "" for no selected row
+  const char* rowTag;
+  const char* rowIcon;
+  std::vector<std::string> shown;
+};
+
+class FrmGoodsPopupTest : public FrmGoodsTest, public ::testing::WithParamInterface<PopupCase> {};
+
+TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
+  const PopupCase& c = GetParam();
+  auto w = Open(c.oidr);
+  ASSERT_TRUE(w);
+  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+  Grid(*w).ClickList(TabIndex(*w, c.tab), frmGoods::kRightButton);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(LastPopup().menu, "mnuPopUp");
+  EXPECT_EQ(LastPopup().shown, c.shown);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsPopupTest,
+    ::testing::Values(
+        PopupCase{"TrafficSaleRow",
+                  "O00002002",
+                  "Traffic",
+                  "15_3",
+                  "O00120015",
+                  "SALE",
+                  {"mnuToDesktop", "mnuHistory", "mnuByPurch", "mnuPreview", "mnuPrint", "mmuBlank",
+                   "mnuRefresh"}},
+        // Without rests a sale row has no history.
+        PopupCase{
+            "TrafficSaleRowWithoutRests",
+            "O00002004",
+            "Traffic",
+            "15_3",
+            "O00120015",
+            "SALE",
+            {"mnuToDesktop", "mnuByPurch", "mnuPreview", "mnuPrint", "mmuBlank", "mnuRefresh"}},
+        PopupCase{"TrafficMoreRow",
+                  "O00002002",
+                  "Traffic",
+                  "more",
+                  "",
+                  "",
+                  {"mnuByPurch", "mnuPreview", "mmuBlank", "mnuRefresh"}},
+        PopupCase{"TrafficRowWithoutTag",
+                  "O00002002",
+                  "Traffic",
+                  "17_1",
+                  "",
+                  "SALE",
+                  {"mnuHistory", "mnuByPurch", "mnuPreview", "mmuBlank", "mnuRefresh"}},
+        PopupCase{"RestsRow",
+                  "O00002002",
+                  "Rests",
+                  "O000160512",
+                  "O000160512",
+                  "",
+                  {"mnuToDesktop", "mmuBlank", "mnuRefresh"}},
+        PopupCase{"RestsSummaryRow",
+                  "O00002002",
+                  "Rests",
+                  "O0000000",
+                  "",
+                  "",
+                  {"mmuBlank", "mnuRefresh"}},
+        PopupCase{"SerialRow",
+                  "O00002004",
+                  "SN",
+                  "AB123",
+                  "",
+                  "",
+                  {"mnuToDesktop", "mnuPreview", "mmuBlank", "mnuRefresh"}},
+        PopupCase{"GroupGoodsRow",
+                  "O00002001",
+                  "Goods",
+                  "O00002002",
+                  "O00002002",
+                  "",
+                  {"mnuToDesktop", "mmuBlank", "mnuRefresh"}},
+        PopupCase{
+            "GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "", {"mmuBlank", "mnuRefresh"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
+  auto fresh = Open("O00002001", "1", "CGroup");
+  Grid(*fresh).ClickList(0, frmGoods::kRightButton);
+  auto stored = Open("O00002002");
+  Grid(*stored).ClickList(0, 1);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+}
+
+struct MainMenuCase {
+  const char* name;
+  const char* tab;
+  bool selected;
+  Variant tag;
+  bool canDelete;
+  bool newOn, editOn, deleteOn;
+};
+
+class FrmGoodsMainMenuTest : public FrmGoodsTest,
+                             public ::testing::WithParamInterface<MainMenuCase> {};
+
+TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
+  const MainMenuCase& c = GetParam();
+  if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
+  auto w = Open("O00002002");
+  if (c.selected) AddRow(*w, c.tab, "O00004002", c.tag);
+  Grid(*w).ClickList(TabIndex(*w, c.tab), frmGoods::kRightButton);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(LastPopup().menu, "mnuMain");
+  EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
+  EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
+  EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsMainMenuTest,
+    ::testing::Values(
+        MainMenuCase{"MeasureRow", "Measures", true, Variant(), true, true, true, true},
+        MainMenuCase{"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
+        // The template entries never make a new row; inherited rows (no tag)
+        // cannot be deleted here.
+        MainMenuCase{"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true,
+                     true},
+        MainMenuCase{"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true,
+                     false},
+        MainMenuCase{"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false,
+                     false, true, false},
+        MainMenuCase{"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
+  host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
+  auto w = Open("O00002002");
+  Grid(*w).ClickList(TabIndex(*w, "Discounts"), frmGoods::kRightButton);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+}
+
+TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
+  auto w = OpenOwn("O00002002");
+  w->ran.clear();
+  AddRow(*w, "Measures", "O00004002");
+  host_.Ui()->QueuePopupPick("mnuNew");
+  Grid(*w).ClickList(TabIndex(*w, "Measures"), frmGoods::kRightButton);
+  AddRow(*w, "Discounts", "O10006001", Variant("O10006001"));
+  host_.Ui()->QueuePopupPick("mnuEdit");
+  Grid(*w).ClickList(TabIndex(*w, "Discounts"), frmGoods::kRightButton);
+  // A menu closed without a pick opens nothing.
+  Grid(*w).ClickList(TabIndex(*w, "PRICES"), frmGoods::kRightButton);
+  EXPECT_EQ(w->ran, (std::vector<std::string>{"EditRow 100", "EditDiscount 101"}));
+  EXPECT_EQ(w->MenuAction, "");
+}
+
+// ---- double clicks and refreshes ----
+
+struct DoubleClickCase {
+  const char* name;
+  const char* oidr;
+  const char* tab;
+  const char* rowKey;
+  std::vector<std::string> ran;
+};
+
+class FrmGoodsDoubleClickTest : public FrmGoodsTest,
+                                public ::testing::WithParamInterface<DoubleClickCase> {};
+
+TEST_P(FrmGoodsDoubleClickTest, OpensOrLoadsByTabAndRow) {
+  const DoubleClickCase& c = GetParam();
+  auto w = OpenOwn(c.oidr);
+  w->ran.clear();
+  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey);
+  Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
+  EXPECT_EQ(w->ran, c.ran);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsDoubleClickTest,
+    ::testing::Values(
+        DoubleClickCase{"TrafficMore", "O00002002", "Traffic", "more", {"Traffic+"}},
+        DoubleClickCase{"RestsMore", "O00002002", "Rests", "more", {"LoadRests"}},
+        DoubleClickCase{"MeasureRow", "O00002002", "Measures", "O00004002", {"EditRow 101"}},
+        DoubleClickCase{"DiscountRow", "O00002002", "Discounts", "O10006001", {"EditDiscount 101"}},
+        DoubleClickCase{"SerialRow", "O00002004", "SN", "AB123", {}},
+        DoubleClickCase{"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
+        DoubleClickCase{"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
+        DoubleClickCase{"GroupGoods", "O00002001", "Goods", "O00002002", {}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ---- history, desktop, delete ----
+
+TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
+  auto dialogs = std::make_shared<HistoryDialogs>();
+  InstallGoodsDialogs(dialogs);
+  auto w = Open("O00002002");
+  AddRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
+  host_.Ui()->QueuePopupPick("mnuHistory");
+  Grid(*w).ClickList(TabIndex(*w, "Traffic"), frmGoods::kRightButton);
+  EXPECT_TRUE(dialogs->shown.empty());
+  EXPECT_TRUE(w->timerModal.Enabled());
+  w->timerModal.Tick();
+  EXPECT_FALSE(w->timerModal.Enabled());
+  EXPECT_EQ(dialogs->shown, std::vector<std::string>{"O00002002 15"});
+  w->timerModal.Tick();
+  EXPECT_EQ(dialogs->shown.size(), 1u);
+}
+
+TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
+  auto& measures = BO("O0000400").Table();
+  measures.SetFields({"ID", "Name"});
+  measures.Seed({{{"Name", Variant("vnt.")}}, {{"Name", Variant("kg")}}});
+  auto w = OpenOwn("O00002002");
+  w->ran.clear();
+  AddRow(*w, "Measures", "O00004002");
+  w->CurrentTab = w->MeasuresTab;
+  host_.Ui()->QueueAnswer(vbNo);
+  w->mnuDelete.Click();
+  EXPECT_TRUE(measures.Contains(2));
+  w->mnuDelete.Click();
+  EXPECT_FALSE(measures.Contains(2));
+  EXPECT_EQ(w->ran, std::vector<std::string>{"LoadMeasures"});
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Panaikinti?");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Apskaita");
+}
+
+TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
+  auto w = OpenOwn("O00002002");
+  w->ran.clear();
+  AddRow(*w, "BRTemplates", "O00008003", Variant::Null());
+  w->CurrentTab = w->TemplatesTab;
+  w->mnuDelete.Click();
+  EXPECT_TRUE(w->ran.empty());
+  EXPECT_TRUE(host_.Log().Lines(Channel::Business).empty());
+}
+
+// ---- drag and drop ----
+
+struct DropCase {
+  const char* name;
+  const char* target;
+  const char* dragged;
+  int effect;  // after the drag over
+  bool moved;  // the dragged record now under the target
+};
+
+class FrmGoodsDropTest : public FrmGoodsTest, public ::testing::WithParamInterface<DropCase> {};
+
+TEST_P(FrmGoodsDropTest, TakesOnlyWhatMayMoveIntoTheGroup) {
+  const DropCase& c = GetParam();
+  auto w = Open(c.target);
+  auto data = std::make_shared<TestDragData>(c.dragged);
+  EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
+  Grid(*w).ListDragDrop(data);
+  auto& table = BO("O0000200").Table();
+  auto target = *table.IdOf(c.target);
+  auto dragged = table.IdOf(c.dragged);
+  const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
+  EXPECT_EQ(under, c.moved);
+  if (c.moved) {
+    EXPECT_EQ(Grid(*w).TabList("Goods").ListItems().Count(), 1);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsDropTest,
+    ::testing::Values(DropCase{"GoodFromAnotherGroup", "O00002001", "O00002005", 1, true},
+                      DropCase{"GroupIntoAnotherGroup", "O00002003", "O00002002", 1, true},
+                      // Group 1 would go into its own branch.
+                      DropCase{"GroupIntoItsOwnBranch", "O00002003", "O00002001", 1, false},
+                      // A record at the top cannot be dragged.
+                      DropCase{"TopLevelGood", "O00002001", "O00002004", 1, false},
+                      DropCase{"OntoAGood", "O00002002", "O00002005", 0, false},
+                      DropCase{"AnotherType", "O00002001", "O00001002", 0, false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ---- closing, deleting, the parent group ----
+
+TEST_F(FrmGoodsTest, ClosingWithChangesAsksAndKeepsTheWindowOnNo) {
+  auto w = Open("O00002002");
+  Grid(*w).EditField("Name", Variant("Kita"));
+  host_.Ui()->QueueAnswer(vbNo);
+  bool cancel = false;
+  w->QueryRemove(cancel);
+  EXPECT_TRUE(cancel);
+  EXPECT_TRUE(w->SSCClose.Enabled());
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Prekės kortelė\n\nUždaryti be išsaugojimo?");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
+  cancel = false;
+  w->QueryRemove(cancel);  // Yes
+  EXPECT_FALSE(cancel);
+  EXPECT_FALSE(w->SSCClose.Enabled());
+}
+
+TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
+  auto w = Open("O00002004");
+  host_.Ui()->QueueAnswer(vbCancel);
+  w->SSCClose.MouseUp(1);
+  w->SSCClose.MouseUp(frmGoods::kRightButton);
+  EXPECT_TRUE(BO("O0000200").Table().Contains(4));
+  w->SSCClose.MouseUp(frmGoods::kRightButton);
+  EXPECT_FALSE(BO("O0000200").Table().Contains(4));
+  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Ar tikrai norite panaikinti?\nPaslauga");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+}
+
+TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
+  auto w = Open("O00002002");
+  host_.HostClasses()->QueueGroupSelect("O0000200O00002003", "Pieno", "CGroup");
+  w->cmdParentGroup.Click();
+  auto picker = host_.HostClasses()->LastGroupSelect();
+  EXPECT_EQ(picker->OType(), "O0000200");
+  EXPECT_EQ(picker->RootOType(), "O0000200");
+  EXPECT_EQ(picker->SelectKind(), "Group GroupNA Root");
+  EXPECT_EQ(picker->Caption(), "Pažymėkite norimą grupę");
+  EXPECT_EQ(picker->ExcludeTypes(), "'C','FirmNA','Service','ServiceNA','GEXIST'");
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(3));
+  EXPECT_EQ(w->ParentID, 3);
+  EXPECT_EQ(w->txtGroup.Text(), "Pieno");
+  EXPECT_TRUE(w->cmdEnter.Enabled());
+
+  host_.HostClasses()->QueueGroupSelect("O0000200", "Prekės", "Root");
+  w->cmdParentGroup.Click();
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(0));
+  EXPECT_EQ(w->txtGroup.Text(), "");
+}
+
+// ---- the shared VAT rate ----
+
+TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
+  auto rate = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
+  rate->AddRow({Variant(21)});
+  BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));
+  auto good = goods_->GetOrvelObject("O00002002");
+  auto other = goods_->GetOrvelObject("O00002004");
+  host_.Log().Clear();
+  EXPECT_EQ(EnsureVatFactor(*good), 0);  // a failure leaves it unknown
+  BO("O0000200").ReplyRead("GetVatFactor", rate);
+  EXPECT_EQ(EnsureVatFactor(*good), 21);
+  EXPECT_EQ(EnsureVatFactor(*other), 21);
+  EXPECT_EQ(VatFactor(), 21);
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall GetVatFactor O00002002",
+                                                       "GetCall GetVatFactor O00002002"}));
+}
+
+}  // namespace
+}  // namespace orvel
