@@ -219,7 +219,9 @@ std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) 
   std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() + " FROM " +
                     spec_.table + " WHERE 1";
   std::vector<Variant> values{Variant(spec_.oid)};
-  if (spec_.grouped) {
+  // A search (no OIDR) looks through the whole type; the type's own OID
+  // lists its top level; a group's OIDR its members.
+  if (spec_.grouped && !oidr.empty()) {
     if (auto parent = IdOf(oidr)) {
       sql += " AND ParentID = ?";
       values.emplace_back(*parent);

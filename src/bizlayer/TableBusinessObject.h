@@ -21,9 +21,10 @@ class SqliteDatabase;
 // database. It answers the module's standard object calls:
 //   GetCall       Orvel_NewObject     '<OID>'       one row of defaults, ID Empty
 //   GetCall       Orvel_ReadObject    '<OIDR>'      the record, with OIDR and Preview
-//   GetCall       Orvel_GetObjectList '<OIDR>'[,'<text>']
+//   GetCall       Orvel_GetObjectList '<OIDR>'[,'<text>'[,...]]
 //                 the members of a group (the whole type, or its top level when
-//                 the type has groups, for the OID), whose Preview holds <text>
+//                 the type has groups, for the OID; every record for an empty
+//                 OIDR, as a search sends it), whose name holds <text>
 //   ExecArrayCall Orvel_SaveObject    '<OID>','<OIDR>' [record, ...]
 //                 inserts (OIDR "") or updates in one transaction and writes the
 //                 new ID and OIDR back into the record

@@ -124,6 +124,9 @@ TEST_F(TableBusinessObjectTest, ListsGroupsByLevelAndFiltersWithoutCase) {
               ElementsAre("O00001003 UAB „Medienos centras“", "O00001004 UAB „Šiaulių pienas“"));
   EXPECT_THAT(Previews("O0000100", "'" + suppliers + "','ŠIAULIŲ'"),
               ElementsAre("O00001004 UAB „Šiaulių pienas“"));
+  // A search names no group: it looks at every level.
+  EXPECT_THAT(Previews("O0000100", "'','šiaulių',0,1"),
+              ElementsAre("O00001002 AB „Šiaulių duona“", "O00001004 UAB „Šiaulių pienas“"));
 }
 
 TEST_F(TableBusinessObjectTest, AGroupWithMembersIsNotDeleted) {
