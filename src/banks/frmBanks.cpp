@@ -31,12 +31,6 @@ frmBanks::frmBanks()
       mnuToDesktop(mnuFirms.Add("mnuToDesktop", "Padėti &ant darbo stalo")) {
   Register(mnuFirms);
   mnuToDesktop.OnClick = [this] { mnuToDesktop_Click(); };
-  if (OrvelGrid) {
-    OrvelGrid->OnListMouseUp = [this](const std::string& tabKey, int tabIndex, int button,
-                                      int shift) {
-      OrvelGrid_ListMouseUp(tabKey, tabIndex, button, shift);
-    };
-  }
 }
 
 void frmBanks::AddTabs() {

@@ -14,7 +14,8 @@ class frmBanks : public CatalogueWindow {
  public:
   frmBanks();
 
-  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int shift);
+  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
+                             int shift) override;
 
   Menu mnuFirms{"mnuFirms"};
   Menu& mnuToDesktop;

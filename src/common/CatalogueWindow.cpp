@@ -49,6 +49,16 @@ CatalogueWindow::CatalogueWindow(std::string formName, std::string heading)
   if (OrvelGrid) {
     Register(*OrvelGrid);
     OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
+    OrvelGrid->OnListMouseUp = [this](const std::string& key, int index, int button, int shift) {
+      OrvelGrid_ListMouseUp(key, index, button, shift);
+    };
+    OrvelGrid->OnListDoubleClick = [this](int index) { OrvelGrid_ListDoubleClick(index); };
+    OrvelGrid->OnListDragOver = [this](std::shared_ptr<Object> data, int& effect) {
+      OrvelGrid_ListDragOver(data, effect);
+    };
+    OrvelGrid->OnListDragDrop = [this](std::shared_ptr<Object> data) {
+      OrvelGrid_ListDragDrop(data);
+    };
   }
 }
 

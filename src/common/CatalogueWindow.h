@@ -50,14 +50,25 @@ class CatalogueWindow : public Form,
   // Runs at load and after every re-read; tabs and columns are added once.
   virtual void InitForm();
 
-  // Event handlers.
-  void cmdEnter_Click();
-  void cmdCancel_Click();
-  void SSCNew_Click();
-  void SSCClose_Click();
-  void SSCClose_MouseUp(int button, int shift = 0);
+  // Event handlers. The window wires its buttons and the grid's events to
+  // these once; a window that differs overrides the handler.
+  virtual void cmdEnter_Click();
+  virtual void cmdCancel_Click();
+  virtual void SSCNew_Click();
+  virtual void SSCClose_Click();
+  virtual void SSCClose_MouseUp(int button, int shift = 0);
   void mnuToDesktop_Click();
-  void OrvelGrid_FieldChanged();
+  virtual void OrvelGrid_FieldChanged();
+  // The grid's lists; nothing by default.
+  virtual void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
+                                     int shift) {
+    (void)tabKey, (void)tabIndex, (void)button, (void)shift;
+  }
+  virtual void OrvelGrid_ListDoubleClick(int tabIndex) { (void)tabIndex; }
+  virtual void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
+    (void)data, (void)effect;
+  }
+  virtual void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) { (void)data; }
 
   // A child object the window must unload with its own writes.
   std::shared_ptr<orvel::Object> ShowObject;

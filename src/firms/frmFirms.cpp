@@ -96,28 +96,10 @@ frmFirms::frmFirms()
     Register(*control);
   }
 
-  // The frame's own handlers replace the shared ones where the firm differs.
-  cmdEnter.OnClick = [this] { cmdEnter_Click(); };
-  cmdCancel.OnClick = [this] { cmdCancel_Click(); };
   lblDebt.OnClick = [this] { lblDebt_Click(); };
-  SSCNew.OnClick = [this] { SSCNew_Click(); };
   SSCNew.OnMouseUp = [this](int button, int shift) { SSCNew_MouseUp(button, shift); };
-  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
   cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
   timerModal.OnTimer = [this] { timerModal_Timer(); };
-  if (OrvelGrid) {
-    OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
-    OrvelGrid->OnListMouseUp = [this](const std::string& key, int index, int button, int shift) {
-      OrvelGrid_ListMouseUp(key, index, button, shift);
-    };
-    OrvelGrid->OnListDoubleClick = [this](int index) { OrvelGrid_ListDoubleClick(index); };
-    OrvelGrid->OnListDragOver = [this](std::shared_ptr<Object> data, int& effect) {
-      OrvelGrid_ListDragOver(data, effect);
-    };
-    OrvelGrid->OnListDragDrop = [this](std::shared_ptr<Object> data) {
-      OrvelGrid_ListDragDrop(data);
-    };
-  }
 
   const std::pair<Menu*, void (frmFirms::*)()> clicks[] = {
       {&mnuAccountsNew, &frmFirms::mnuAccountsNew_Click},

@@ -42,21 +42,22 @@ class frmFirms : public CatalogueWindow {
   // its name without CFirmsCH and its group without CFirmsCH or
   // CCatalogueCredits; a failed write is shown and the window stays, after
   // number 60000 re-read.
-  void cmdEnter_Click();
+  void cmdEnter_Click() override;
   // Re-reads the record, discarding the edits. A record that can no longer be
   // read closes its window; a new record stays in its group.
-  void cmdCancel_Click();
+  void cmdCancel_Click() override;
   void lblDebt_Click();
-  void SSCNew_Click();
+  void SSCNew_Click() override;
   void SSCNew_MouseUp(int button, int shift = 0);
-  void SSCClose_MouseUp(int button, int shift = 0);
+  void SSCClose_MouseUp(int button, int shift = 0) override;
   void mnuNewWithCopy_Click();
   void cmdParentGroup_Click();
-  void OrvelGrid_FieldChanged();
-  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int shift);
-  void OrvelGrid_ListDoubleClick(int tabIndex);
-  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect);
-  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data);
+  void OrvelGrid_FieldChanged() override;
+  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
+                             int shift) override;
+  void OrvelGrid_ListDoubleClick(int tabIndex) override;
+  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) override;
+  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) override;
   void timerModal_Timer();
 
   void mnuAccountsNew_Click();

@@ -97,22 +97,8 @@ frmGoods::frmGoods()
     Register(*control);
   }
 
-  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
   cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
   timerModal.OnTimer = [this] { timerModal_Timer(); };
-  if (OrvelGrid) {
-    OrvelGrid->OnFieldChanged = [this] { OrvelGrid_FieldChanged(); };
-    OrvelGrid->OnListMouseUp = [this](const std::string& key, int index, int button, int shift) {
-      OrvelGrid_ListMouseUp(key, index, button, shift);
-    };
-    OrvelGrid->OnListDoubleClick = [this](int index) { OrvelGrid_ListDoubleClick(index); };
-    OrvelGrid->OnListDragOver = [this](std::shared_ptr<Object> data, int& effect) {
-      OrvelGrid_ListDragOver(data, effect);
-    };
-    OrvelGrid->OnListDragDrop = [this](std::shared_ptr<Object> data) {
-      OrvelGrid_ListDragDrop(data);
-    };
-  }
 
   const std::pair<Menu*, void (frmGoods::*)()> clicks[] = {
       {&mnuNew, &frmGoods::mnuNew_Click},

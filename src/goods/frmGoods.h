@@ -49,13 +49,14 @@ class frmGoods : public CatalogueWindow {
   void InitForm() override;
 
   // Event handlers.
-  void SSCClose_MouseUp(int button, int shift = 0);
+  void SSCClose_MouseUp(int button, int shift = 0) override;
   void cmdParentGroup_Click();
-  void OrvelGrid_FieldChanged();
-  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int shift);
-  void OrvelGrid_ListDoubleClick(int tabIndex);
-  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect);
-  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data);
+  void OrvelGrid_FieldChanged() override;
+  void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
+                             int shift) override;
+  void OrvelGrid_ListDoubleClick(int tabIndex) override;
+  void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) override;
+  void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) override;
   void timerModal_Timer();
 
   void mnuNew_Click();
