@@ -7,6 +7,7 @@
 #include "adapters/UI0000100.h"
 #include "adapters/UI0000200.h"
 #include "adapters/UI0000300.h"
+#include "adapters/UI0002200.h"
 #include "lists/frmReferenceBookPreview.h"
 #include "module/DLLHeader.h"
 #include "module/SecurityHeader.h"
@@ -33,6 +34,7 @@ const std::map<std::string, Creator, std::less<>>& Classes() {
       {"UIO0000200", Make<UIO0000200>()},
       {"UI0000300", Make<UI0000300>()},
       {"UIO0000300", Make<UIO0000300>()},
+      {"UI0002200", Make<UI0002200>()}, {"UIO0002200", Make<UIO0002200>()},
       {"UI0000400", Make<UI0000400>()}, {"UIO0000400", Make<UIO0000400>()},
       {"UI0000500", Make<UI0000500>()}, {"UIO0000500", Make<UIO0000500>()},
       {"UI0000600", Make<UI0000600>()}, {"UIO0000600", Make<UIO0000600>()},

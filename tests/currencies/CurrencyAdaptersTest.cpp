@@ -1,0 +1,332 @@
+// The currency adapters as the host and the other modules use them: menus,
+// the windows they build, and the properties and methods of a currency.
+#include <gtest/gtest.h>
+
+#include "adapters/UI0002200.h"
+#include "currencies/CurrencyTestBase.h"
+#include "currencies/frmCurrency.h"
+#include "currencies/frmCurrencyRate.h"
+#include "currencies/frmCurrencyRates.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+class CurrencyAdaptersTest : public CurrencyTestBase {
+ protected:
+  std::shared_ptr<OrvelObjectUIO> Euro() {
+    auto euro = currencies_->GetOrvelObject("O00022005");
+    EXPECT_NE(euro, nullptr);
+    host_.Log().Clear();
+    return euro;
+  }
+};
+
+struct MenuCase {
+  const char* oidr;
+  const char* otype;
+  std::vector<std::string> entries;  // "key|caption"
+};
+void PrintTo(const MenuCase& c, std::ostream* out) {
+  *out << "'" << c.oidr << "' '" << c.otype << "'";
+}
+
+class CurrencyMenuTest : public CurrencyAdaptersTest,
+                         public ::testing::WithParamInterface<MenuCase> {};
+
+TEST_P(CurrencyMenuTest, EntriesAndTheirOrder) {
+  auto menu = currencies_->GetMenu(GetParam().oidr, GetParam().otype, "ignored");
+  ASSERT_TRUE(menu);
+  std::vector<std::string> entries;
+  for (const auto& item : *menu) {
+    entries.push_back(item.Key + "|" + item.Caption);
+    EXPECT_EQ(item.Tag, nullptr);
+    EXPECT_EQ(item.Flags, 0);
+  }
+  EXPECT_EQ(entries, GetParam().entries);
+}
+
+const char* kRates = "Valiutų kursų įrašymas|Valiutų kursų įrašymas";
+const char* kNew = "&Nauja valiuta|&Nauja valiuta";
+const char* kSep = "100|-";
+INSTANTIATE_TEST_SUITE_P(
+    Nodes, CurrencyMenuTest,
+    ::testing::Values(MenuCase{"O0002200", "", {kRates, kNew, kSep}},
+                      MenuCase{"O00022005", "", {kRates, kNew, kSep}},
+                      MenuCase{"O00022005",
+                               "C",
+                               {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
+                                "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
+                      // The bare OID does not compare greater than itself: no record entries.
+                      MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
+                      MenuCase{"", "C", {kNew, kSep, kRates, kSep}}));
+
+TEST_F(CurrencyAdaptersTest, TheRatesEntryBuildsTheDownloadWindowOnANewObject) {
+  auto result = currencies_->ClickMenu("O00022005", "C", "Valiutų kursų įrašymas", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<frmCurrencyRates>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_FALSE(window->Loaded());
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_NewObject 'O0002200'"});
+}
+
+TEST_F(CurrencyAdaptersTest, CardEntriesBuildTheCurrencyCard) {
+  auto stored = currencies_->ClickMenu("O00022005", "C", "Padėti &ant darbo stalo", "");
+  EXPECT_EQ(stored.Action, OrvelMenuResult::kShowWindow);
+  auto card = stored.Value.ObjectAs<frmCurrency>();
+  ASSERT_NE(card, nullptr);
+  EXPECT_EQ(card->OrvelObjectUIO()->OIDR(), "O00022005");
+
+  auto fresh = currencies_->ClickMenu("O00022005", "C", "&Nauja valiuta", "");
+  auto newCard = fresh.Value.ObjectAs<frmCurrency>();
+  ASSERT_NE(newCard, nullptr);
+  EXPECT_EQ(newCard->OrvelObjectUIO()->OIDR(), "");
+}
+
+TEST_F(CurrencyAdaptersTest, AnUnreadableCurrencyGivesNoWindowAndActionZero) {
+  auto result = currencies_->ClickMenu("O00022099", "C", "Padėti &ant darbo stalo", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(result.Value.IsNothing());
+  for (const char* key : {"0", "1", "6", "100", "-", ""}) {
+    EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", key, "").Action, OrvelMenuResult::kNothing);
+  }
+}
+
+TEST_F(CurrencyAdaptersTest, DeleteAsksYesOrNoUnderTheSessionTitle) {
+  host_.Ui()->QueueAnswer(vbNo);
+  EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", "&Panaikinti", "").Action,
+            OrvelMenuResult::kNothing);
+  EXPECT_TRUE(BO(kOid).Table().Contains(5));
+
+  EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", "&Panaikinti", "").Action,
+            OrvelMenuResult::kRemoved);
+  EXPECT_FALSE(BO(kOid).Table().Contains(5));
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"52 Apskaita 2010 Ar tikrai norite panaikinti?",
+                                               "52 Apskaita 2010 Ar tikrai norite panaikinti?"}));
+  // A delete that fails leaves the node.
+  EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", "&Panaikinti", "").Action,
+            OrvelMenuResult::kNothing);
+}
+
+TEST_F(CurrencyAdaptersTest, AddToDesktopShowsACardEveryTimeWithoutAsking) {
+  EXPECT_TRUE(currencies_->AddToDeskTopOrvelObject("O00022005"));
+  EXPECT_TRUE(currencies_->AddToDeskTopOrvelObject("O00022005"));
+  EXPECT_TRUE(currencies_->AddToDeskTopOrvelObject("O00022099"));
+  auto lines = host_.Log().Lines(Channel::Window);
+  EXPECT_EQ(std::count(lines.begin(), lines.end(), "ShowWindow O00022005"), 2);
+  EXPECT_TRUE(currencies_->DragOK("O00022005", "C", ""));
+  EXPECT_FALSE(currencies_->DropOK("O00022005"));
+  EXPECT_EQ(currencies_->GetIconsTable()->Item("C"), "C0002200");
+}
+
+TEST_F(CurrencyAdaptersTest, TheListDropsTypeAndSettings) {
+  currencies_->GetOrvelObjectList("O0002200", "C", "x,y");
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList 'O0002200'"});
+}
+
+struct ListDateCase {
+  const char* given;
+  const char* sent;
+  bool boxed;
+};
+void PrintTo(const ListDateCase& c, std::ostream* out) { *out << "'" << c.given << "'"; }
+
+class CurrencyListDateTest : public CurrencyAdaptersTest,
+                             public ::testing::WithParamInterface<ListDateCase> {};
+
+TEST_P(CurrencyListDateTest, TheDateIsQuotedOrReplaced) {
+  auto euro = Euro();
+  auto result = euro->Properties("CurrencyList", GetParam().given);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{std::string("GetCall GetCurrencyList ") + GetParam().sent});
+  if (GetParam().boxed) {
+    EXPECT_EQ(Boxes(), std::vector<std::string>{
+                           std::string("48 Apskaita 2010 Wrong parameter Date to CurrencyList "
+                                       "properties...\n") +
+                           GetParam().given + " is changed to 1990.01.01"});
+  } else {
+    EXPECT_TRUE(Boxes().empty());
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Dates, CurrencyListDateTest,
+                         ::testing::Values(ListDateCase{"", "'1990.01.01'", false},
+                                           ListDateCase{"rytoj", "'1990.01.01'", true},
+                                           ListDateCase{"2010.13.45", "'1990.01.01'", true},
+                                           // No lower bound, and the text form is kept.
+                                           ListDateCase{"1985.06.01", "'1985.06.01'", false},
+                                           ListDateCase{"2010-12-30", "'2010-12-30'", false}));
+
+TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
+  auto euro = Euro();
+  auto empty = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
+  BO(kOid).ReplyRead("GetCurrencyByCode", empty);
+  auto result = euro->Properties("CurrencyByCode", "XYZ");
+  EXPECT_EQ(result.Number, 777);
+  EXPECT_EQ(result.Text, "Klaidingas valiutos kodas XYZ !");
+  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr) << "the empty set stays in Value";
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Klaidingas valiutos kodas XYZ !"});
+
+  auto one = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
+  one->AddRow({Variant("EUR")});
+  BO(kOid).ReplyRead("GetCurrencyByCode", one);
+  result = euro->Properties("CurrencyByCode", "'EUR'");
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall GetCurrencyByCode XYZ",
+                                                       "GetCall GetCurrencyByCode 'EUR'"}));
+}
+
+TEST_F(CurrencyAdaptersTest, BusinessFailuresPassTheirNumberAndText) {
+  auto euro = Euro();
+  for (const char* name : {"CurrencyList", "CurrencyByCode", "CurrencyRates"}) {
+    BO(kOid).ReplyRead(std::string("Get") + name, OrvelBoResult(42, "Nėra ryšio"));
+    auto result = euro->Properties(
+        name, name == std::string("CurrencyList") ? "2010-01-01" : "'2010-01-01','2010-01-31'");
+    EXPECT_EQ(result.Number, 42) << name;
+    EXPECT_EQ(result.Text, "Nėra ryšio") << name;
+  }
+  EXPECT_TRUE(Boxes().empty()) << "a failing business call is the caller's to show";
+  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyRates '2010-01-01','2010-01-31'");
+}
+
+struct FaultCase {
+  const char* method;
+  Variant::Array params;
+  const char* text;
+};
+void PrintTo(const FaultCase& c, std::ostream* out) { *out << c.method << ": " << c.text; }
+
+class CurrencyMethodFaultTest : public CurrencyAdaptersTest,
+                                public ::testing::WithParamInterface<FaultCase> {};
+
+TEST_P(CurrencyMethodFaultTest, ArgumentFaultsAreSilent777) {
+  auto euro = Euro();
+  Variant::Array params = GetParam().params;
+  auto result = euro->Methods(GetParam().method, params);
+  EXPECT_EQ(result.Number, 777);
+  EXPECT_EQ(result.Text, GetParam().text);
+  EXPECT_EQ(result.Value, Variant(false));
+  EXPECT_TRUE(Boxes().empty());
+  EXPECT_TRUE(BusinessLines().empty());
+  EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
+}
+
+const Date kDay = DateSerial(2010, 12, 30);
+INSTANTIATE_TEST_SUITE_P(
+    Faults, CurrencyMethodFaultTest,
+    ::testing::Values(
+        FaultCase{"CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"},
+        FaultCase{"CurrencyRates",
+                  {Variant("EUR"), Variant(kDay), Variant(1)},
+                  "Wrong parameters count for CurrencyRates!"},
+        FaultCase{"CurrencyRates",
+                  {Variant("EUR"), Variant("2010.12.30")},
+                  "Second parameter for CurrencyRates not date!"},
+        FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
+                  "Second parameter for SaveDayRate not date!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay.serial), Variant(1)},
+                  "Second parameter for SaveDayRate not date!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
+                  "Third parameter for SaveDayRate not numeric!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay), Variant::Null()},
+                  "Third parameter for SaveDayRate not numeric!"}));
+
+struct SaveCase {
+  Locale locale;
+  Variant rate;
+  const char* param;
+};
+void PrintTo(const SaveCase& c, std::ostream* out) { *out << c.param; }
+
+class SaveDayRateTest : public CurrencyAdaptersTest,
+                        public ::testing::WithParamInterface<SaveCase> {};
+
+TEST_P(SaveDayRateTest, TheRateTravelsWithAPointInAnyLocale) {
+  host_.Ui()->SetLocale(GetParam().locale);
+  auto euro = Euro();
+  Variant::Array params{Variant("EUR"), Variant(kDay), GetParam().rate};
+  auto result = euro->Methods("SaveDayRate", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(result.Value, Variant(true));
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{std::string("ExecCall SaveDayRate ") + GetParam().param});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rates, SaveDayRateTest,
+    ::testing::Values(
+        SaveCase{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        SaveCase{Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        SaveCase{Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
+        // Unrounded: the bank's 2.75 per 100 units.
+        SaveCase{Locale::Lithuanian(), Variant(2.75 / 100), "'EUR','2010-12-30',0.0275"},
+        SaveCase{Locale::Lithuanian(), Variant(1.0 / 3), "'EUR','2010-12-30',0.333333333333333"},
+        SaveCase{Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}));
+
+TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
+  auto euro = Euro();
+  BO(kOid).ReplyAction("SaveDayRate", OrvelStatus{55, "Užrakinta"});
+  Variant::Array params{Variant("EUR"), Variant(kDay), Variant(1.5)};
+  auto result = euro->Methods("SaveDayRate", params);
+  EXPECT_EQ(result.Number, 55);
+  EXPECT_EQ(result.Text, "Užrakinta");
+  EXPECT_EQ(result.Value, Variant(true));
+}
+
+TEST_F(CurrencyAdaptersTest, UnknownMethodsDoNothing) {
+  auto euro = Euro();
+  Variant::Array params{Variant(1)};
+  auto result = euro->Methods("Recalculate", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_TRUE(result.Text.empty());
+  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_TRUE(host_.Log().Lines().empty());
+}
+
+TEST_F(CurrencyAdaptersTest, SumByWordsUsesTheCurrencyRecordAndShowsFailures) {
+  auto euro = Euro();
+  Variant::Array params{Variant(21.02)};
+  auto result = euro->Methods("SumByWords", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(result.Value, Variant("Dvidešimt vienas Europos euras 02 centai"));
+  EXPECT_TRUE(Boxes().empty());
+
+  Variant::Array none;
+  result = euro->Methods("SumByWords", none);
+  EXPECT_EQ(result.Number, 777);
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 " + result.Text});
+}
+
+TEST_F(CurrencyAdaptersTest, CurrencyRatesShowsTheDialogModallyAndAlwaysSucceeds) {
+  auto euro = Euro();
+  BO(kOid).ReplyRead("GetCurrencyList", CurrencyList(DefaultStored()));
+  std::string shownRate;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& dialog = dynamic_cast<frmCurrencyRate&>(form);
+    shownRate = dialog.txtDayRate.Text();
+    EXPECT_EQ(dialog.lblDayRate.Caption(), "1 USD =");
+  });
+  Variant::Array params{Variant("USD"), Variant(kDay)};
+  auto result = euro->Methods("CurrencyRates", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(result.Value, Variant(true));
+  EXPECT_EQ(shownRate, "2,50000000");
+  EXPECT_EQ(host_.Log().Lines(Channel::Window),
+            std::vector<std::string>{"ShowModal frmCurrencyRate"});
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-30'"});
+}
+
+TEST_F(CurrencyAdaptersTest, TheFactoryMakesBothAdapters) {
+  EXPECT_NE(std::dynamic_pointer_cast<UI0002200>(ClassFactory::Create("UI0002200")), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<UIO0002200>(ClassFactory::Create("UIO0002200")), nullptr);
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,95 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/TestSession.h"
+
+namespace orvel {
+
+// The module on a fresh host with a currency table: EUR (ID 5, floating),
+// USD (ID 6, floating), LTL (ID 7, the base currency) and DKK (ID 8, fixed).
+// "GetCurrencyList" answers the stored currencies with their OIDR and rate.
+class CurrencyTestBase : public ModuleTest {
+ protected:
+  static constexpr const char* kOid = "O0002200";
+  // The session's title, so that boxes titled by it tell themselves apart
+  // from the catalogue pattern's literal title.
+  static constexpr const char* kTitle = "Apskaita 2010";
+
+  void SetUp() override {
+    ModuleTest::SetUp();
+    host_.Session()->SetAppTitle(kTitle);
+    auto& table = BO(kOid).Table();
+    table.SetFields({"ID", "Code", "State", "FixedRate", "GenderCurr", "OneCurr", "TwoCurr",
+                     "TenCurr", "GenderSmall", "OneSmall", "TwoSmall", "TenSmall"});
+    table.SetPreviewRule(
+        [](const MemoryTable::FieldReader& field) { return ConcatText(field("Code")); });
+    table.Seed({Row(5, "EUR", "Europos", 0.0, "euras", "eurai", "eurų"),
+                Row(6, "USD", "JAV", 0.0, "doleris", "doleriai", "dolerių"),
+                Row(7, "LTL", "Lietuvos", 0.0, "litas", "litai", "litų"),
+                Row(8, "DKK", "Danijos", 0.4631, "krona", "kronos", "kronų")});
+    currencies_ = Adapter(kOid);
+  }
+
+  static MemoryTable::Row Row(int id, const char* code, const char* state, double fixed,
+                              const char* one, const char* two, const char* ten) {
+    return {{"ID", Variant(id)},
+            {"Code", Variant(code)},
+            {"State", Variant(state)},
+            {"FixedRate", Variant(fixed)},
+            {"GenderCurr", Variant(int32_t{0})},
+            {"OneCurr", Variant(one)},
+            {"TwoCurr", Variant(two)},
+            {"TenCurr", Variant(ten)},
+            {"GenderSmall", Variant(int32_t{0})},
+            {"OneSmall", Variant("centas")},
+            {"TwoSmall", Variant("centai")},
+            {"TenSmall", Variant("centų")}};
+  }
+
+  // The stored currencies as "GetCurrencyList" gives them: code, OIDR,
+  // State, OneCurr, Rate (per unit), FixedRate, BaseCurrency.
+  struct Stored {
+    std::string code;
+    std::string oidr;
+    std::string state;
+    std::string one;
+    Variant rate;
+    double fixed = 0;
+    int base = 0;
+  };
+  static std::shared_ptr<MemoryRecordset> CurrencyList(const std::vector<Stored>& rows) {
+    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{
+        "Code", "OIDR", "State", "OneCurr", "Rate", "FixedRate", "BaseCurrency"});
+    for (const auto& r : rows) {
+      rs->AddRow({Variant(r.code), Variant(r.oidr), Variant(r.state), Variant(r.one), r.rate,
+                  Variant(r.fixed), Variant(int32_t{r.base})});
+    }
+    return rs;
+  }
+  static std::vector<Stored> DefaultStored() {
+    return {{"EUR", "O00022005", "Europos", "euras", Variant(3.4528), 0, 0},
+            {"USD", "O00022006", "JAV", "doleris", Variant(2.5), 0, 0},
+            {"LTL", "O00022007", "Lietuvos", "litas", Variant(1.0), 0, 1},
+            {"DKK", "O00022008", "Danijos", "krona", Variant(0.4631), 0.4631, 0},
+            {"XAU", "O00022009", "Aukso", "uncija", Variant(4000.0), 0, 0}};
+  }
+
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> boxes;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      boxes.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
+    }
+    return boxes;
+  }
+
+  std::shared_ptr<OrvelObjectUI> currencies_;
+};
+
+}  // namespace orvel

@@ -1,0 +1,375 @@
+// The day-rate window against the bank's service on a loopback port: the
+// fill, the rate arithmetic of the write, the context menu, the layout, and
+// every way the service can fail.
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <map>
+
+#include "currencies/CurrencyTestBase.h"
+#include "currencies/RateServiceSettings.h"
+#include "currencies/SoapClient.h"
+#include "currencies/frmCurrencyRates.h"
+#include "testhost/LoopbackRateService.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+using Behaviour = LoopbackRateService::Behaviour;
+const Date kDay = DateSerial(2010, 12, 30);
+
+class FrmCurrencyRatesTest : public CurrencyTestBase {
+ protected:
+  void SetUp() override {
+    CurrencyTestBase::SetUp();
+    RateServiceSettings::SetAddress(service_.Address());
+    RateServiceSettings::SetTimeout(std::chrono::milliseconds(700));
+    stored_ = DefaultStored();
+    // A small business layer: the list of stored currencies, and day rates
+    // that land in it (or fail for one code).
+    BO(kOid).OnRead("GetCurrencyList", [this](const std::string&) {
+      return OrvelBoResult(0, "", CurrencyList(stored_));
+    });
+    BO(kOid).OnAction("SaveDayRate", [this](const std::string& param, Variant::Array&) {
+      std::string code = param.substr(1, param.find('\'', 1) - 1);
+      if (code == failOn_) return OrvelStatus{60, "Kursas užrakintas"};
+      for (auto& s : stored_) {
+        if (s.code == code) s.rate = Variant(Val(param.substr(param.rfind(',') + 1)));
+      }
+      return OrvelStatus{};
+    });
+    auto result = currencies_->ClickMenu("O0002200", "", "Valiutų kursų įrašymas", "");
+    window_ = result.Value.ObjectAs<frmCurrencyRates>();
+    ASSERT_NE(window_, nullptr);
+    host_.WindowManager()->ShowWindow(window_);
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+  }
+
+  void TearDown() override {
+    RateServiceSettings::SetAddress(std::nullopt);
+    RateServiceSettings::SetTimeout(std::nullopt);
+    SoapClient::SetFactory(nullptr);
+    window_.reset();
+    CurrencyTestBase::TearDown();
+  }
+
+  void Fill(Date day = kDay) {
+    window_->dtpDate.SetValue(Variant(day));
+    window_->cmdGo.Click();
+  }
+
+  ListItem* RowOf(const std::string& code) {
+    for (const auto& row : window_->lvwRows.ListItems()) {
+      if (row->ListSubItems().Item("Code").Text() == code) return row.get();
+    }
+    return nullptr;
+  }
+
+  // "text|Quantity|Code|BankRate|Rate|Name|Tag"
+  std::string Line(const std::string& code) {
+    ListItem* row = RowOf(code);
+    if (!row) return "none";
+    std::string line = row->Text();
+    for (const char* key : {"Quantity", "Code", "BankRate", "Rate", "Name"}) {
+      line += "|" + row->ListSubItems().Item(key).Text();
+    }
+    return line + "|" + ConcatText(row->Tag());
+  }
+
+  std::vector<std::string> Saves() {
+    std::vector<std::string> saves;
+    for (const auto& line : BusinessLines()) {
+      if (line.rfind("ExecCall SaveDayRate ", 0) == 0) saves.push_back(line.substr(21));
+    }
+    return saves;
+  }
+
+  int Rows() { return window_->lvwRows.ListItems().Count(); }
+
+  LoopbackRateService service_;
+  std::vector<Stored> stored_;
+  std::string failOn_;
+  std::shared_ptr<frmCurrencyRates> window_;
+};
+
+TEST_F(FrmCurrencyRatesTest, TheWindowOpensWithTodayAndNothingFetched) {
+  EXPECT_EQ(window_->dtpDate.Value(), Variant(host_.Ui()->Today()));
+  EXPECT_EQ(window_->SOPanel.Caption(), " LVB valiutų kursų įrašymas iš INTERNET");
+  EXPECT_TRUE(window_->cmdGo.Enabled());
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(service_.WsdlReads(), 0);
+  std::vector<std::string> captions;
+  for (const auto& column : window_->lvwRows.ColumnHeaders()) {
+    captions.push_back(column->Text() + " " + std::to_string(column->Width()));
+  }
+  EXPECT_EQ(captions, (std::vector<std::string>{"Pavadinimas 2500", "Kiekis 800", "Kodas 600",
+                                                "Santykis 1000", "Įrašytas kursas 1400",
+                                                "Įrašytas pavadinimas 1600"}));
+}
+
+TEST_F(FrmCurrencyRatesTest, TheFillListsTheBankInItsOrderThenStoredCurrenciesItDoesNotQuote) {
+  Fill();
+  // 39 quoted by the bank, then XAU; the base currency LTL never shows.
+  ASSERT_EQ(Rows(), 40);
+  EXPECT_EQ(window_->lvwRows.ListItems().Item(1).ListSubItems().Item("Code").Text(), "AED");
+  EXPECT_EQ(Line("EUR"), "Euro|1|EUR|3,4528|3,45280000|Europos euras|O00022005");
+  // A bank code with no stored currency: no rate, no name, no tag.
+  EXPECT_EQ(Line("CZK"), "Czech koruna|100|CZK|13,7635| | |");
+  // Quoted by the bank but missing from its currency list: one blank as name.
+  EXPECT_EQ(Line("XDR"), " |1|XDR|4,0103| | |");
+  EXPECT_EQ(Line("XAU"), " |1|XAU| |4000,00000000|Aukso uncija|O00022009");
+  EXPECT_EQ(Line("LTL"), "none");
+  EXPECT_EQ(window_->lvwRows.ListItems().Item(40).ListSubItems().Item("Code").Text(), "XAU");
+
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-30'"});
+  EXPECT_NE(service_.LastBody("getExchangeRatesByDate").find("<Date>2010-12-30</Date>"),
+            std::string::npos);
+  EXPECT_EQ(service_.WsdlReads(), 1);
+  EXPECT_TRUE(window_->cmdWrite.Enabled());
+  EXPECT_TRUE(window_->cmdGo.Enabled());
+  EXPECT_TRUE(window_->SSCClose.Enabled());
+  // After the load's default: the hourglass during the fill, then the default.
+  EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbDefault, vbHourglass, vbDefault}));
+  EXPECT_EQ(window_->lblStatus.Caption(), "");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+
+  // A second fill starts from an empty list.
+  Fill();
+  EXPECT_EQ(Rows(), 40);
+}
+
+TEST_F(FrmCurrencyRatesTest, NumbersFollowTheLocaleAndQuantitiesTheirShortestText) {
+  host_.Ui()->SetLocale(Locale::Invariant());
+  service_.SetRates({{"2010.12.30", "EUR", "1.50", "3.45281"}, {"2010.12.30", "USD", "x", "2"}});
+  Fill();
+  EXPECT_EQ(Line("EUR"), "Euro|1.5|EUR|3.4528|3.45280000|Europos euras|O00022005");
+  EXPECT_EQ(Line("USD"), "US dollar|0|USD|2.0000|2.50000000|JAV doleris|O00022006");
+}
+
+TEST_F(FrmCurrencyRatesTest, AFutureDateClearsTheListAndAsksNothing) {
+  Fill();
+  ASSERT_GT(Rows(), 0);
+  host_.Log().Clear();
+  Fill(Date{host_.Ui()->Today().serial + 1});
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(service_.WsdlReads(), 1) << "only the first fill asked";
+  EXPECT_TRUE(BusinessLines().empty());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+  EXPECT_TRUE(window_->cmdGo.Enabled());
+
+  Fill(host_.Ui()->Today());
+  EXPECT_EQ(service_.WsdlReads(), 2) << "today is asked as usual";
+}
+
+struct ServiceFailure {
+  const char* what;
+  Behaviour behaviour;
+  const char* detail;
+};
+void PrintTo(const ServiceFailure& c, std::ostream* out) {
+  *out << c.what << " " << static_cast<int>(c.behaviour);
+}
+
+class RatesServiceFailureTest : public FrmCurrencyRatesTest,
+                                public ::testing::WithParamInterface<ServiceFailure> {};
+
+TEST_P(RatesServiceFailureTest, TheUserIsToldAndTheWindowStaysUsable) {
+  service_.SetBehaviour(GetParam().what, GetParam().behaviour);
+  Fill();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  const auto& box = host_.Ui()->Boxes()[0];
+  EXPECT_EQ(box.flags, 0);
+  EXPECT_EQ(box.title, kTitle);
+  EXPECT_EQ(box.prompt.rfind("Lietuvos Banko INTERNET svetainė nepasiekiama!\n", 0), 0u)
+      << box.prompt;
+  EXPECT_NE(box.prompt.find(GetParam().detail), std::string::npos) << box.prompt;
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(window_->RatesReply(), nullptr);
+  EXPECT_EQ(window_->CurrenciesReply(), nullptr);
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+  EXPECT_TRUE(window_->cmdGo.Enabled());
+  EXPECT_TRUE(window_->SSCClose.Enabled());
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  EXPECT_TRUE(BusinessLines().empty());
+
+  // The service recovers; the user presses cmdGo again.
+  service_.SetBehaviour(GetParam().what, Behaviour::kAnswer);
+  Fill();
+  EXPECT_EQ(Rows(), 40);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Failures, RatesServiceFailureTest,
+    ::testing::Values(ServiceFailure{"wsdl", Behaviour::kHttp500, "HTTP 500"},
+                      ServiceFailure{"wsdl", Behaviour::kNotXml, "ne XML"},
+                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kHttp500, "HTTP 500"},
+                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kSoapFault, "SOAP Fault"},
+                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kNotXml, "ne XML"},
+                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kSilent,
+                                     "getExchangeRatesByDate"},
+                      ServiceFailure{"getListOfCurrencies", Behaviour::kSoapFault, "SOAP Fault"}));
+
+TEST_F(FrmCurrencyRatesTest, ARefusedConnectionIsAnUnreachableService) {
+  {
+    LoopbackRateService gone;
+    RateServiceSettings::SetAddress(gone.Address());
+  }
+  Fill();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(
+      host_.Ui()->Boxes()[0].prompt.rfind("Lietuvos Banko INTERNET svetainė nepasiekiama!\n", 0),
+      0u);
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+}
+
+TEST_F(FrmCurrencyRatesTest, AMissingClientIsToldAsMissingSoftware) {
+  SoapClient::SetFactory([]() -> std::unique_ptr<SoapClient> { return nullptr; });
+  Fill();
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 0);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt.rfind(
+                "Neinstaliuota programinė įranga 'SOAP ToolKit 3.0' !\n", 0),
+            0u);
+  EXPECT_EQ(service_.WsdlReads(), 0);
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+}
+
+TEST_F(FrmCurrencyRatesTest, AReplyWithoutRowsEnablesAWriteThatDoesNothing) {
+  service_.SetBehaviour("getExchangeRatesByDate", Behaviour::kNoRows);
+  Fill();
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  ASSERT_NE(window_->BankRates(), nullptr);
+  EXPECT_EQ(window_->BankRates()->Count(), 0);
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_TRUE(window_->cmdWrite.Enabled());
+  host_.Log().Clear();
+  window_->cmdWrite.Click();
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_F(FrmCurrencyRatesTest, WritingAllStoresTheRatePerUnitOfEveryFloatingCurrency) {
+  stored_.push_back({"CZK", "O000220010", "Čekijos", "krona", Variant::Null(), 0, 0});
+  stored_.push_back({"JPY", "O000220011", "Japonijos", "jena", Variant(0.03), 0, 0});
+  Fill();
+  host_.Log().Clear();
+  window_->cmdWrite.Click();
+  // In the order of the stored list; DKK has a fixed rate, LTL and XAU are
+  // not quoted. Rates are divided by the quantity, unrounded.
+  EXPECT_EQ(Saves(), (std::vector<std::string>{
+                         "'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606",
+                         "'CZK','2010-12-30',0.137635", "'JPY','2010-12-30',0.032088"}));
+  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+  EXPECT_EQ(Line("CZK"), "Czech koruna|100|CZK|13,7635|0,13763500|Čekijos krona|O000220010");
+  EXPECT_EQ(Line("DKK").substr(0, 29), "Danish krone|1|DKK|0,4631|0,4");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmCurrencyRatesTest, AQuantityOfZeroOrNoNumberWritesNothingForThatCode) {
+  service_.SetRates({{"2010.12.30", "EUR", "0", "3.4528"},
+                     {"2010.12.30", "USD", "vienas", "2.606"},
+                     {"2010.12.30", "XAU", "100", "275"}});
+  Fill();
+  host_.Log().Clear();
+  window_->cmdWrite.Click();
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'XAU','2010-12-30',2.75"});
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmCurrencyRatesTest, AWriteThatFailsHalfWayKeepsWhatWasWrittenAndReloads) {
+  failOn_ = "USD";
+  Fill();
+  host_.Log().Clear();
+  window_->cmdWrite.Click();
+  EXPECT_EQ(Saves(),
+            (std::vector<std::string>{"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"}));
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"48 Apskaita 2010 Kursas užrakintas\nĮrašymas neatliktas!"});
+  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+  EXPECT_EQ(Rows(), 40);
+  EXPECT_EQ(Line("USD"), "US dollar|1|USD|2,6060|2,50000000|JAV doleris|O00022006");
+}
+
+TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {
+  Fill();
+  host_.Log().Clear();
+  // No row selected: "write all" shows but does nothing.
+  host_.Ui()->QueuePopupPick("mnuWriteAll");
+  window_->lvwRows.MouseUp(vbRightButton);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Popups()[0].shown, std::vector<std::string>{"mnuWriteAll"});
+  EXPECT_EQ(window_->MenuKey(), "103");
+  EXPECT_TRUE(Saves().empty());
+
+  // A bank row without a stored currency: the same.
+  window_->lvwRows.ItemClick(*RowOf("CZK"));
+  window_->lvwRows.MouseUp(vbRightButton);
+  EXPECT_EQ(host_.Ui()->Popups()[1].shown, std::vector<std::string>{"mnuWriteAll"});
+  EXPECT_EQ(window_->MenuKey(), "") << "no pick, no action";
+
+  // A stored row: all three; "write selected" writes that currency alone.
+  window_->lvwRows.ItemClick(*RowOf("USD"));
+  host_.Ui()->QueuePopupPick("mnuWriteSelected");
+  window_->lvwRows.MouseUp(vbRightButton);
+  EXPECT_EQ(host_.Ui()->Popups()[2].shown,
+            (std::vector<std::string>{"mnuOnDeskTop", "mnuWriteSelected", "mnuWriteAll"}));
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'USD','2010-12-30',2.606"});
+
+  host_.Ui()->QueuePopupPick("mnuOnDeskTop");
+  window_->lvwRows.ItemClick(*RowOf("XAU"));
+  window_->lvwRows.MouseUp(vbRightButton);
+  auto hostLines = host_.Log().Lines(Channel::Host);
+  EXPECT_EQ(hostLines.back(), "AddToDesktop O00022009");
+
+  // The left button pops nothing up.
+  window_->lvwRows.MouseUp(vbLeftButton);
+  EXPECT_EQ(host_.Ui()->Popups().size(), 4u);
+}
+
+TEST_F(FrmCurrencyRatesTest, AFixedRateIsNeverOverwrittenEvenWhenPicked) {
+  Fill();
+  host_.Log().Clear();
+  window_->lvwRows.ItemClick(*RowOf("DKK"));
+  host_.Ui()->QueuePopupPick("mnuWriteSelected");
+  window_->lvwRows.MouseUp(vbRightButton);
+  EXPECT_EQ(window_->MenuKey(), "102");
+  EXPECT_TRUE(Saves().empty());
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-30'"})
+      << "the list reloads all the same";
+}
+
+struct LayoutCase {
+  int panel;
+  int nameWidth;
+};
+void PrintTo(const LayoutCase& c, std::ostream* out) { *out << c.panel; }
+
+class RatesLayoutTest : public FrmCurrencyRatesTest,
+                        public ::testing::WithParamInterface<LayoutCase> {};
+
+TEST_P(RatesLayoutTest, TheNameColumnsShareTheRest) {
+  window_->SOPanel_Resize(GetParam().panel);
+  auto& columns = window_->lvwRows.ColumnHeaders();
+  EXPECT_EQ(columns.Item(1).Width(), GetParam().nameWidth);
+  EXPECT_EQ(columns.Item(6).Width(), GetParam().nameWidth);
+  EXPECT_EQ(columns.Item(2).Width(), 800);
+}
+
+// The other columns take 3800 twips, the margins 530.
+INSTANTIATE_TEST_SUITE_P(Widths, RatesLayoutTest,
+                         ::testing::Values(LayoutCase{10000, 2835}, LayoutCase{10001, 2836},
+                                           LayoutCase{10003, 2836}, LayoutCase{8330, 2000},
+                                           LayoutCase{2000, 2000}));
+
+TEST_F(FrmCurrencyRatesTest, CloseDisablesItselfThenAsksTheWindowManager) {
+  window_->SSCClose.Click();
+  EXPECT_FALSE(window_->SSCClose.Enabled());
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), std::vector<std::string>{"CloseWindow O0002200"});
+  EXPECT_FALSE(window_->Loaded());
+}
+
+}  // namespace
+}  // namespace orvel

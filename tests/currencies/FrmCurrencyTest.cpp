@@ -1,0 +1,330 @@
+// The currency card and the rate dialog: hand-bound fields, editing state,
+// the rate history, the write, and the dialog's one-day rate.
+#include <gtest/gtest.h>
+
+#include "currencies/CurrencyTestBase.h"
+#include "currencies/frmCurrency.h"
+#include "currencies/frmCurrencyRate.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+const Date kDay = DateSerial(2010, 12, 30);
+
+class FrmCurrencyTest : public CurrencyTestBase {
+ protected:
+  void SetUp() override {
+    CurrencyTestBase::SetUp();
+    auto history =
+        std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code", "DateD", "Rate"});
+    history->AddRow({Variant("USD"), Variant(DateSerial(2026, 11, 2)), Variant(2.5)});
+    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 2)), Variant(3.4528)});
+    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 3)), Variant(1.0 / 3)});
+    BO(kOid).ReplyRead("GetCurrencyRates", history);
+    BO(kOid).ReplyRead("GetCurrencyList", CurrencyList(DefaultStored()));
+  }
+
+  std::shared_ptr<frmCurrency> Open(const std::string& oidr) {
+    const char* key = oidr.empty() ? "&Nauja valiuta" : "Padėti &ant darbo stalo";
+    auto window = currencies_->ClickMenu(oidr.empty() ? "O00022005" : oidr, "C", key, "")
+                      .Value.ObjectAs<frmCurrency>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    return window;
+  }
+
+  struct Buttons {
+    bool write, go, fresh, dayRate;
+    friend bool operator==(const Buttons&, const Buttons&) = default;
+    friend std::ostream& operator<<(std::ostream& out, const Buttons& b) {
+      return out << b.write << b.go << b.fresh << b.dayRate;
+    }
+  };
+  static Buttons ButtonsOf(frmCurrency& w) {
+    return {w.cmdWrite.Enabled(), w.cmdGo.Enabled(), w.SSCNew.Enabled(), w.cmdDayRate.Enabled()};
+  }
+};
+
+TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates) {
+  host_.Log().Clear();
+  auto w = Open("O00022005");
+  ASSERT_TRUE(w);
+  w->Show();
+  EXPECT_EQ(w->SOPanel.Caption(), " Valiuta: EUR");
+  EXPECT_EQ(w->txtCode.Text(), "EUR");
+  EXPECT_EQ(w->txtState.Text(), "Europos");
+  EXPECT_EQ(w->txtTenCurr.Text(), "eurų");
+  EXPECT_EQ(w->txtTwoSmall.Text(), "centai");
+  EXPECT_EQ(w->chkFixedRate.Value(), vbUnchecked);
+  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000");
+  EXPECT_FALSE(w->txtFixedRate.Enabled());
+  EXPECT_EQ(w->cmbGenderCurr.ListIndex(), 0);
+  EXPECT_EQ(w->lblTwoCurr.Caption(), "Du");
+  EXPECT_FALSE(w->Changed());
+  EXPECT_EQ(w->SelectedTab(), "Data");
+  EXPECT_TRUE(w->frameCode.Visible());
+  EXPECT_FALSE(w->lvwRates.Visible());
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, false, true, true}));
+
+  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 10, 24)));
+  EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 11, 23)));
+  ASSERT_EQ(w->lvwRates.ListItems().Count(), 2);
+  EXPECT_EQ(w->lvwRates.ListItems().Item(1).Text(), "2026-11-02");
+  EXPECT_EQ(w->lvwRates.ListItems().Item(2).ListSubItems().Item(1).Text(), "0,33333333");
+}
+
+TEST_F(FrmCurrencyTest, TheHistoryAsksForThePeriodInQuotes) {
+  auto w = Open("O00022005");
+  w->TabStrip_Click("Rates");
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, true, true, true}));
+  EXPECT_TRUE(w->lvwRates.Visible());
+  EXPECT_TRUE(w->framePeriod.Visible());
+  EXPECT_FALSE(w->frameName.Visible());
+  w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 11, 3)));
+  w->cmdGo.Click();
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"GetCall GetCurrencyRates '2026-11-03','2026-11-23'"});
+  EXPECT_EQ(w->lvwRates.ListItems().Count(), 2) << "the period is the business layer's to apply";
+}
+
+TEST_F(FrmCurrencyTest, AFixedRateShowsFourDecimalsAndClearingItFloatsTheCurrency) {
+  auto w = Open("O00022008");
+  EXPECT_EQ(w->chkFixedRate.Value(), vbChecked);
+  EXPECT_EQ(w->txtFixedRate.Text(), "0,4631");
+  EXPECT_TRUE(w->txtFixedRate.Enabled());
+  EXPECT_FALSE(w->Changed());
+
+  w->chkFixedRate.Click();
+  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000");
+  EXPECT_FALSE(w->txtFixedRate.Enabled());
+  EXPECT_TRUE(w->Changed());
+  w->cmdWrite.Click();
+  EXPECT_EQ(BO(kOid).Table().Value(8, "FixedRate"), Variant(0.0));
+
+  w->chkFixedRate.Click();
+  EXPECT_TRUE(w->txtFixedRate.Enabled());
+  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000") << "checking leaves the text as it is";
+}
+
+class CardEditTest : public FrmCurrencyTest, public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(CardEditTest, EveryTextEditMarksTheCard) {
+  auto w = Open("O00022005");
+  auto* box = dynamic_cast<TextBox*>(w->FindControl(GetParam()));
+  ASSERT_NE(box, nullptr);
+  w->chkFixedRate.SetEnabled(true);
+  box->SetEnabled(true);
+  ASSERT_TRUE(box->Edit("1"));
+  EXPECT_TRUE(w->Changed());
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{true, false, false, true}));
+  w->TabStrip_Click("Rates");
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, true, false, true})) << "cmdWrite only on Data";
+}
+
+INSTANTIATE_TEST_SUITE_P(Boxes, CardEditTest,
+                         ::testing::Values("txtCode", "txtState", "txtOneCurr", "txtTwoCurr",
+                                           "txtTenCurr", "txtOneSmall", "txtTwoSmall",
+                                           "txtTenSmall", "txtFixedRate"));
+
+TEST_F(FrmCurrencyTest, AGenderPickAloneLeavesTheCardUnchanged) {
+  auto w = Open("O00022005");
+  w->cmbGenderCurr.Pick(1);
+  w->cmbGenderSmall.Pick(1);
+  EXPECT_EQ(w->lblTwoCurr.Caption(), "Dvi");
+  EXPECT_EQ(w->lblTwoSmall.Caption(), "Dvi");
+  EXPECT_FALSE(w->Changed());
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+  // The next real edit writes the gender too.
+  w->txtState.Edit("Airijos");
+  w->cmdWrite.Click();
+  EXPECT_EQ(BO(kOid).Table().Value(5, "GenderCurr"), Variant(int32_t{1}));
+  EXPECT_EQ(BO(kOid).Table().Value(5, "State"), Variant("Airijos"));
+}
+
+TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
+  auto w = Open("");
+  EXPECT_TRUE(w->IsNew());
+  EXPECT_EQ(w->SOPanel.Caption(), " &Nauja valiuta");
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, false, false, false}));
+  w->txtCode.Edit("GB");
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{true, false, false, false}));
+  w->txtCode.Edit("GBP");
+  EXPECT_TRUE(w->cmdDayRate.Enabled());
+  w->txtCode.Edit("GB");
+  EXPECT_FALSE(w->cmdDayRate.Enabled());
+  w->txtCode.Edit("GBP");
+
+  host_.Ui()->QueueModal([](Form& form) {
+    auto& dialog = dynamic_cast<frmCurrencyRate&>(form);
+    EXPECT_EQ(dialog.lblDayRate.Caption(), "1 GBP =");
+    EXPECT_EQ(dialog.pickerDate.Value(), Variant(DateSerial(2026, 11, 23)));
+  });
+  w->cmdDayRate.Click();
+  EXPECT_EQ(host_.Log().Lines(Channel::Window),
+            std::vector<std::string>{"ShowModal frmCurrencyRate"});
+}
+
+TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
+  auto w = Open("");
+  w->txtOneCurr.Edit("svaras");
+  w->cmdWrite.Click();
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Apskaita 2010 Nenurodydas valiutos kodas !\n",
+                                               "0 Apskaita 2010 Būtina nurodyti valiutos "
+                                               "pavadinimus !"}));
+  EXPECT_TRUE(BusinessLines().empty());
+  EXPECT_TRUE(w->Changed());
+}
+
+TEST_F(FrmCurrencyTest, AWriteStoresTheFieldsAndTellsTheHostButKeepsTheNewHeading) {
+  auto w = Open("");
+  w->txtCode.Edit("GBP");
+  w->txtState.Edit("Didžiosios Britanijos");
+  w->txtOneCurr.Edit("svaras");
+  w->txtTwoCurr.Edit("svarai");
+  w->txtTenCurr.Edit("svarų");
+  w->chkFixedRate.SetValue(vbChecked);
+  w->txtFixedRate.Edit("4,1");
+  w->cmbGenderSmall.Pick(1);
+  w->cmdWrite.Click();
+  ASSERT_TRUE(host_.Ui()->Boxes().empty()) << Boxes()[0];
+  auto id = BO(kOid).Table().Ids().back();
+  EXPECT_EQ(BO(kOid).Table().Value(id, "Code"), Variant("GBP"));
+  EXPECT_EQ(BO(kOid).Table().Value(id, "FixedRate"), Variant(4.1));
+  EXPECT_EQ(BO(kOid).Table().Value(id, "GenderSmall"), Variant(int32_t{1}));
+  EXPECT_EQ(BO(kOid).Table().Value(id, "TenCurr"), Variant("svarų"));
+  EXPECT_EQ(host_.WindowManager()->Saved().back(), w->OrvelObjectUIO()->OIDR());
+  EXPECT_FALSE(w->Changed());
+  EXPECT_EQ(w->SOPanel.Caption(), " &Nauja valiuta");
+  EXPECT_FALSE(w->SSCNew.Enabled());
+}
+
+TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
+  auto w = Open("O00022005");
+  w->txtState.Edit("Euro zonos");
+  BO(kOid).FailCallsNamed("Orvel_SaveObject", 99, "Dublikatas");
+  w->cmdWrite.Click();
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"16 Apskaita 2010 Dublikatas\n\nĮrašymas neatliktas!"});
+  EXPECT_TRUE(w->Changed());
+  EXPECT_TRUE(w->cmdWrite.Enabled());
+  EXPECT_TRUE(host_.WindowManager()->Saved().empty());
+}
+
+TEST_F(FrmCurrencyTest, ThePeriodDatesPullEachOther) {
+  auto w = Open("O00022005");
+  w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 12, 5)));
+  EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 12, 5)));
+  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 2)));
+  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
+  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 9)));
+  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
+}
+
+TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
+  auto w = Open("O00022008");
+  EXPECT_EQ(w->txtFixedRate.KeyPress('.'), 0) << "the text has a comma already";
+  w->txtFixedRate.Edit("12");
+  EXPECT_EQ(w->txtFixedRate.KeyPress('.'), ',');
+  EXPECT_EQ(w->txtFixedRate.KeyPress('a'), 0);
+  w->txtFixedRate.Edit("12,5");
+  w->txtFixedRate.LostFocus();
+  EXPECT_EQ(w->txtFixedRate.Text(), "12,5000");
+  w->txtFixedRate.GotFocus();
+  EXPECT_EQ(w->FixedRateSelection(), (std::pair<int, int>{0, 7}));
+}
+
+TEST_F(FrmCurrencyTest, AReloadThatFailsClosesTheCard) {
+  auto w = Open("O00022005");
+  BO(kOid).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas panaikintas");
+  w->ReloadCard();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Įrašas panaikintas"});
+  EXPECT_EQ(host_.Log().Lines(Channel::Window).front(), "RemoveWindow O00022005 True");
+}
+
+TEST_F(FrmCurrencyTest, NewRekeysTheWindowAndLoadsAnEmptyCard) {
+  auto w = Open("O00022005");
+  w->SSCNew.Click();
+  EXPECT_TRUE(w->IsNew());
+  EXPECT_EQ(w->txtCode.Text(), "");
+  EXPECT_EQ(host_.Log().Lines(Channel::Window),
+            (std::vector<std::string>{"QueryRemove O00022005 True", "Rekey O00022005"}));
+}
+
+class FrmCurrencyRateTest : public FrmCurrencyTest {
+ protected:
+  void Load(const std::string& code) {
+    euro_ = currencies_->GetOrvelObject("O00022005");
+    dialog_.OrvelObjectUIO = euro_;
+    dialog_.RateDate = kDay;
+    dialog_.CurrencyCode = code;
+    dialog_.Load();
+    dialog_.Show();
+    host_.Log().Clear();
+  }
+
+  std::shared_ptr<OrvelObjectUIO> euro_;
+  frmCurrencyRate dialog_;
+};
+
+TEST_F(FrmCurrencyRateTest, TheDialogShowsTheStoredRateOfTheDay) {
+  Load("EUR");
+  EXPECT_EQ(dialog_.lblDayRate.Caption(), "1 EUR =");
+  EXPECT_EQ(dialog_.cmdWrite.Caption(), "&Išsaugoti");
+  EXPECT_EQ(dialog_.cmdExit.Caption(), "Uždaryti");
+  EXPECT_EQ(dialog_.lblLt.Caption(), "Lt");
+  EXPECT_EQ(dialog_.txtDayRate.Text(), "3,45280000");
+  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+}
+
+TEST_F(FrmCurrencyRateTest, NoRateOfTheDayShowsZeroAndRefusesToSaveIt) {
+  Load("GBP");
+  EXPECT_EQ(dialog_.txtDayRate.Text(), "0,00000000");
+  dialog_.cmdWrite.SetEnabled(true);
+  dialog_.cmdWrite.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Nenurodytas valiutos kursas !"});
+  EXPECT_TRUE(BusinessLines().empty());
+  EXPECT_TRUE(dialog_.Loaded());
+}
+
+TEST_F(FrmCurrencyRateTest, ASavedRateKeepsTheDialogOpenForAnotherDay) {
+  Load("EUR");
+  dialog_.txtDayRate.Edit("3,5");
+  EXPECT_TRUE(dialog_.cmdWrite.Enabled());
+  dialog_.cmdWrite.Click();
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"ExecCall SaveDayRate 'EUR','2010-12-30',3.5"});
+  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+  EXPECT_TRUE(dialog_.Loaded());
+
+  host_.Log().Clear();
+  dialog_.pickerDate.SetValue(Variant(DateSerial(2010, 12, 31)));
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-31'"});
+  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+}
+
+TEST_F(FrmCurrencyRateTest, AFailedSaveClosesTheDialogWithoutAWord) {
+  Load("EUR");
+  BO(kOid).ReplyAction("SaveDayRate", OrvelStatus{60, "Užrakinta"});
+  dialog_.txtDayRate.Edit("3,5");
+  dialog_.cmdWrite.Click();
+  EXPECT_FALSE(dialog_.Loaded());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmCurrencyRateTest, TheRateBoxTakesAPointAsAComma) {
+  Load("EUR");
+  dialog_.txtDayRate.Edit("3");
+  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), ',');
+  dialog_.txtDayRate.Edit("3,1");
+  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), 0);
+  dialog_.txtDayRate.LostFocus();
+  EXPECT_EQ(dialog_.txtDayRate.Text(), "3,10000000");
+  dialog_.cmdExit.Click();
+  EXPECT_FALSE(dialog_.Loaded());
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,173 @@
+// The SOAP client against the bank's service on a loopback port: what it
+// reads from the WSDL, what it posts, how it hands the replies back, and
+// how every kind of failure reaches the caller.
+#include <gtest/gtest.h>
+
+#include <chrono>
+
+#include "currencies/HttpSoapClient.h"
+#include "currencies/RateServiceSettings.h"
+#include "host/RuntimeError.h"
+#include "testhost/LoopbackRateService.h"
+
+namespace orvel {
+namespace {
+
+using Behaviour = LoopbackRateService::Behaviour;
+constexpr auto kTestTimeout = std::chrono::milliseconds(700);
+
+class SoapClientTest : public ::testing::Test {
+ protected:
+  std::string WsdlUrl() const { return service_.Address() + RateServiceSettings::kWsdlPath; }
+
+  LoopbackRateService service_;
+  HttpSoapClient client_{kTestTimeout};
+};
+
+TEST_F(SoapClientTest, TheWsdlGivesTheSoap11EndpointNamespaceAndActions) {
+  client_.Init(WsdlUrl(), "", "", "");
+  EXPECT_EQ(client_.TargetNamespace(), "http://webservices.lb.lt/ExchangeRates");
+  EXPECT_EQ(client_.Endpoint(), service_.Address() + "/ExchangeRates/ExchangeRates.asmx");
+
+  client_.Call("getExchangeRatesByDate", {"2010-12-30"});
+  client_.Call("getListOfCurrencies", {});
+  EXPECT_EQ(service_.WsdlReads(), 1) << "the WSDL is read once, not once per call";
+  EXPECT_EQ(service_.LastSoapAction("getExchangeRatesByDate"),
+            "\"http://webservices.lb.lt/ExchangeRates/getExchangeRatesByDate\"");
+  EXPECT_EQ(service_.LastSoapAction("getListOfCurrencies"),
+            "\"http://webservices.lb.lt/ExchangeRates/getListOfCurrencies\"");
+  std::string body = service_.LastBody("getExchangeRatesByDate");
+  EXPECT_NE(body.find("<soap:Envelope xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+                      "<soap:Body><getExchangeRatesByDate xmlns=\"http://webservices.lb.lt/"
+                      "ExchangeRates\"><Date>2010-12-30</Date></getExchangeRatesByDate>"),
+            std::string::npos)
+      << body;
+  EXPECT_NE(service_.LastBody("getListOfCurrencies").find("<getListOfCurrencies xmlns="),
+            std::string::npos);
+}
+
+TEST_F(SoapClientTest, ArgumentsAreEscapedNotPastedIn) {
+  client_.Init(WsdlUrl(), "", "", "");
+  client_.Call("getExchangeRatesByDate", {"<a&b>"});
+  EXPECT_NE(service_.LastBody("getExchangeRatesByDate").find("<Date>&lt;a&amp;b&gt;</Date>"),
+            std::string::npos);
+}
+
+TEST_F(SoapClientTest, RepliesAreTheResultsChildrenWithRowsReadByPosition) {
+  client_.Init(WsdlUrl(), "", "", "");
+  XmlNodeList rates = client_.Call("getExchangeRatesByDate", {"2010-12-30"});
+  ASSERT_EQ(rates.Length(), 1);
+  EXPECT_EQ(rates.Item(0).nodeName(), "ExchangeRates");
+  XmlNodeList rows = rates.Item(0).childNodes();
+  ASSERT_EQ(rows.Length(), static_cast<int>(LoopbackRateService::SampleRates().size()));
+  XmlNodeList first = rows.Item(0).childNodes();
+  ASSERT_EQ(first.Length(), 5) << "whitespace between elements is no node";
+  EXPECT_EQ(first.Item(0).Text(), "2010.12.30");
+  EXPECT_EQ(first.Item(1).Text(), "AED");
+  EXPECT_EQ(first.Item(2).Text(), "10");
+  EXPECT_EQ(first.Item(3).Text(), "7.1536");
+  EXPECT_EQ(first.Item(4).Text(), "LTL per 10 currency units");
+
+  XmlNodeList currencies = client_.Call("getListOfCurrencies", {}).Item(0).childNodes();
+  XmlNodeList chf = currencies.Item(6).childNodes();
+  EXPECT_EQ(chf.Item(0).Text(), "CHF");
+  EXPECT_EQ(chf.Item(1).Text(), "Šveicarijos frankas");
+  EXPECT_EQ(chf.Item(2).Text(), "Swiss franc");
+  // Past the end reads as empty, not as a failure.
+  EXPECT_TRUE(chf.Item(3).IsNull());
+  EXPECT_EQ(chf.Item(3).Text(), "");
+  EXPECT_EQ(chf.Item(-1).childNodes().Length(), 0);
+}
+
+TEST_F(SoapClientTest, NodesKeepTheirDocumentAfterTheClientIsGone) {
+  XmlNodeList rows;
+  {
+    HttpSoapClient client(kTestTimeout);
+    client.Init(WsdlUrl(), "", "", "");
+    rows = client.Call("getExchangeRatesByDate", {"2010-12-30"}).Item(0).childNodes();
+  }
+  EXPECT_EQ(rows.Item(12).childNodes().Item(1).Text(), "EUR");
+}
+
+struct FailureCase {
+  const char* what;  // "wsdl" or an operation
+  Behaviour behaviour;
+  const char* expected;  // a piece of the failure's text
+};
+void PrintTo(const FailureCase& c, std::ostream* out) {
+  *out << c.what << " " << static_cast<int>(c.behaviour);
+}
+
+class SoapFailureTest : public SoapClientTest, public ::testing::WithParamInterface<FailureCase> {};
+
+TEST_P(SoapFailureTest, EachFailureIsARuntimeErrorThatSaysWhat) {
+  service_.SetBehaviour(GetParam().what, GetParam().behaviour);
+  auto started = std::chrono::steady_clock::now();
+  try {
+    client_.Init(WsdlUrl(), "", "", "");
+    client_.Call("getExchangeRatesByDate", {"2010-12-30"});
+    client_.Call("getListOfCurrencies", {});
+    FAIL() << "no failure";
+  } catch (const RuntimeError& e) {
+    EXPECT_EQ(e.Number(), SoapClient::kServiceFailure);
+    EXPECT_NE(e.Text().find(GetParam().expected), std::string::npos) << e.Text();
+  }
+  EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(5));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Failures, SoapFailureTest,
+    ::testing::Values(FailureCase{"wsdl", Behaviour::kHttp500, "HTTP 500"},
+                      FailureCase{"wsdl", Behaviour::kNotXml, "WSDL ne XML"},
+                      FailureCase{"wsdl", Behaviour::kSilent, "WSDL neperskaitytas"},
+                      FailureCase{"getExchangeRatesByDate", Behaviour::kHttp500, "HTTP 500"},
+                      FailureCase{"getExchangeRatesByDate", Behaviour::kSoapFault,
+                                  "SOAP Fault soap:Server: Server was unable to process request."},
+                      FailureCase{"getExchangeRatesByDate", Behaviour::kNotXml, "ne XML"},
+                      FailureCase{"getListOfCurrencies", Behaviour::kSilent,
+                                  "getListOfCurrencies: "}));
+
+TEST_F(SoapClientTest, ARefusedConnectionFailsAtOnce) {
+  std::string address;
+  {
+    LoopbackRateService gone;
+    address = gone.Address();
+  }
+  try {
+    client_.Init(address + RateServiceSettings::kWsdlPath, "", "", "");
+    FAIL() << "no failure";
+  } catch (const RuntimeError& e) {
+    EXPECT_NE(e.Text().find("WSDL neperskaitytas (" + address), std::string::npos) << e.Text();
+  }
+}
+
+TEST_F(SoapClientTest, AnOperationTheWsdlDoesNotNameIsRefused) {
+  client_.Init(WsdlUrl(), "", "", "");
+  EXPECT_THROW(client_.Call("getRatesOfMars", {}), RuntimeError);
+  EXPECT_THROW(client_.Call("getListOfCurrencies", {"extra"}), RuntimeError);
+  EXPECT_EQ(service_.Calls("getRatesOfMars"), 0);
+}
+
+TEST_F(SoapClientTest, AReplyWithoutRowsIsAnEmptyContainer) {
+  service_.SetBehaviour("getExchangeRatesByDate", Behaviour::kNoRows);
+  client_.Init(WsdlUrl(), "", "", "");
+  XmlNodeList rates = client_.Call("getExchangeRatesByDate", {"2015-01-01"});
+  ASSERT_EQ(rates.Length(), 1);
+  EXPECT_EQ(rates.Item(0).childNodes().Length(), 0);
+}
+
+TEST(RateServiceSettingsTest, TheAddressComesFromTheProcessThenTheEnvironmentThenTheDefault) {
+  RateServiceSettings::SetAddress(std::nullopt);
+  ::unsetenv(RateServiceSettings::kAddressVariable);
+  EXPECT_EQ(RateServiceSettings::WsdlUrl(),
+            "http://webservices.lb.lt/ExchangeRates/ExchangeRates.asmx?wsdl");
+  ::setenv(RateServiceSettings::kAddressVariable, "http://mirror.example:8080/", 1);
+  EXPECT_EQ(RateServiceSettings::Address(), "http://mirror.example:8080");
+  RateServiceSettings::SetAddress("http://127.0.0.1:9");
+  EXPECT_EQ(RateServiceSettings::Address(), "http://127.0.0.1:9");
+  RateServiceSettings::SetAddress(std::nullopt);
+  ::unsetenv(RateServiceSettings::kAddressVariable);
+}
+
+}  // namespace
+}  // namespace orvel
