@@ -2,6 +2,10 @@
 
 #include <utility>
 
+#include "common/Platform.h"
+#include "goods/frmGoodsHistory.h"
+#include "ui/Ui.h"
+
 namespace orvel {
 
 namespace {
@@ -31,7 +35,14 @@ bool GoodsDialogs::EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>&, cons
   return false;
 }
 
-void GoodsDialogs::ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>&, int32_t) {}
+void GoodsDialogs::ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good,
+                                    int32_t documentId) {
+  frmGoodsHistory history;
+  history.OrvelObjectUIO = good;
+  history.GoodID = documentId;
+  Platform::Ui().ShowModal(history);
+  history.Unload();
+}
 
 GoodsDialogs& CurrentGoodsDialogs() {
   auto& installed = Installed();

@@ -13,7 +13,9 @@ class OrvelObjectUIO;
 // detail record and its movement history. The goods adapters and the goods
 // window call them here; the dialogs themselves install an implementation.
 // Until then the ones installed do nothing and confirm nothing, so that every
-// menu entry exists and is harmless.
+// menu entry exists and is harmless. The movement history is the exception:
+// its window is built, and every set of dialogs opens it unless it overrides
+// the entry.
 //
 // All of them are modal: each returns once the user closed its dialog.
 class GoodsDialogs {
@@ -33,7 +35,8 @@ class GoodsDialogs {
   // True when the record was saved.
   virtual bool EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>& detail,
                                 const std::string& caption, const std::string& msgTitle);
-  // The movement history of a good from the document numbered `documentId`.
+  // The movement history of a good from the document numbered `documentId`:
+  // frmGoodsHistory, modal, on the good's object.
   virtual void ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good, int32_t documentId);
 };
 

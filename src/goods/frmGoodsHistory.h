@@ -2,7 +2,6 @@
 
 #include <cstdint>
 #include <memory>
-#include <string>
 
 #include "host/OrvelObjectUIO.h"
 #include "ui/Button.h"
@@ -11,8 +10,6 @@
 #include "ui/Menu.h"
 
 namespace orvel {
-
-class Recordset;
 
 // The movement history of one good ("Istorija"): every document that moved
 // it, one row a document, as the business layer sends them in the set
@@ -79,31 +76,15 @@ class frmGoodsHistory : public Form {
   void mnuToDesktop_Click();
   void cmdClose_Click();
 
-  // The texts of one row's eight figure columns (Kiekis is not among them:
-  // it stands as sent) from the document's own values, as the list shows
-  // them: Kaina, Suma, then Valiuta, Kursas, Kaina val., Suma val.
-  // Exposed because it is the whole of the currency rule.
-  struct Figures {
-    std::string price;
-    std::string sum;
-    std::string currency;
-    std::string rate;
-    std::string currencyPrice;
-    std::string currencySum;
-  };
-  static Figures CurrencyFigures(const Variant& currencyRate, const Variant& code,
-                                 const Variant& price, const Variant& sum);
-
  protected:
   void Form_Load() override;
 
  private:
   void AddColumns();
   void FillHistory();
-  void AddHistoryRow(Recordset& rs);
-  // Sets the row's icon when the image list holds `key`; any other key, or
-  // a value that is no key, leaves the row without one.
-  void SetRowIcon(ListItem& row, const Variant& key) const;
+  struct RowFields;
+  // One row from the record in hand: read whole first, then added whole.
+  void AddHistoryRow(const RowFields& fields);
 };
 
 }  // namespace orvel

@@ -1,0 +1,415 @@
+// The goods history window: its columns, the business call, the currency
+// rule with the two number formats, bold rows, icons of unknown document
+// types, a record that cannot be shown, the popup and the desktop entry, and
+// the goods dialogs opening it.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <set>
+#include <string>
+#include <tuple>
+#include <vector>
+
+#include "adapters/UI0000200.h"
+#include "goods/GoodsDialogs.h"
+#include "goods/frmGoodsHistory.h"
+#include "host/Convert.h"
+#include "host/ImageList.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelMainForm.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "support/StubObjectUI.h"
+#include "testhost/TestEnvironment.h"
+#include "testhost/TestMainForm.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestServices.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+// An image list that knows its keys, as a host's may.
+class KeyedImages : public ImageList {
+ public:
+  explicit KeyedImages(std::set<std::string> keys) : keys_(std::move(keys)) {}
+  bool HasImage(std::string_view key) const override { return keys_.count(std::string(key)) > 0; }
+
+ private:
+  std::set<std::string> keys_;
+};
+
+class KeyedMainForm : public OrvelMainForm {
+ public:
+  std::shared_ptr<Object> ImgCatalogue() override { return images; }
+  std::shared_ptr<Object> images = std::make_shared<KeyedImages>(std::set<std::string>{"O0012000"});
+};
+
+// The type adapter of the documents: notes what goes to the desktop.
+class DocumentsUI : public StubObjectUI {
+ public:
+  bool AddToDeskTopOrvelObject(const std::string& oidr) override {
+    desktop.push_back(oidr);
+    return true;
+  }
+  std::vector<std::string> desktop;
+};
+
+const std::vector<std::string> kHistoryFields{
+    "Name",   "OIDR",    "OType",        "Sign", "Number", "Date", "Addressee",
+    "Amount", "Measure", "CurrencyRate", "CODE", "Price",  "Suma", "LName"};
+
+// One movement; the money fields and the type as a test needs them.
+struct Movement {
+  Variant rate = Variant::Null();
+  Variant code = Variant("LTL");
+  Variant price = Variant(2.0);
+  Variant sum = Variant(10.0);
+  Variant sign = Variant(1);
+  Variant otype = Variant("O0012000");
+  std::string oidr = "O00120015";
+};
+
+std::vector<Variant> Record(const Movement& m) {
+  return {Variant("Pardavimas"),
+          Variant(m.oidr),
+          m.otype,
+          m.sign,
+          Variant("PR-15"),
+          Variant(Date{46349}),
+          Variant("UAB Rytas"),
+          Variant(2.5),
+          Variant("vnt."),
+          m.rate,
+          m.code,
+          m.price,
+          m.sum,
+          Variant("Centrinis")};
+}
+
+class FrmGoodsHistoryTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    // Services with a main window whose image list knows its keys; stored
+    // first, so the adapters keep them.
+    mainForm_ = std::make_shared<KeyedMainForm>();
+    SetOrvelS(std::make_shared<TestServices>(mainForm_, host_.ObjectManager(),
+                                             host_.WindowManager(), host_.Rights(),
+                                             host_.Environment()));
+    documents_ = std::make_shared<DocumentsUI>();
+    host_.SetAdapterSource([this](const std::string& oid) -> std::shared_ptr<OrvelObjectUI> {
+      if (oid == "O0012001") return documents_;
+      return std::dynamic_pointer_cast<OrvelObjectUI>(ClassFactory::Create("UI" + oid.substr(1)));
+    });
+    auto& goods = BO("O0000200").Table();
+    goods.SetFields({"ID", "Name", "GroupFlag", "ParentID"});
+    goods.SetDefault("ParentID", Variant::Null());
+    goods.Seed({{{"Name", Variant("Duona")}, {"GroupFlag", Variant(0)}}});
+    good_ = Adapter("O0000200")->GetOrvelObject("O00002001");
+    ASSERT_NE(good_, nullptr);
+  }
+
+  void TearDown() override {
+    InstallGoodsDialogs(nullptr);
+    ModuleTest::TearDown();
+  }
+
+  void Reply(const std::vector<Movement>& movements) {
+    auto rs = std::make_shared<MemoryRecordset>(kHistoryFields);
+    for (const auto& m : movements) rs->AddRow(Record(m));
+    BO("O0000200").ReplyRead("GetGoodHistory", rs);
+  }
+
+  std::unique_ptr<frmGoodsHistory> Open(int32_t goodId = 15) {
+    auto w = std::make_unique<frmGoodsHistory>();
+    w->OrvelObjectUIO = good_;
+    w->GoodID = goodId;
+    host_.Log().Clear();
+    w->Show();
+    return w;
+  }
+
+  static std::vector<std::string> Cells(const ListItem& row) {
+    std::vector<std::string> cells{row.Text()};
+    for (const auto& sub : row.ListSubItems()) cells.push_back(sub->Text());
+    return cells;
+  }
+
+  std::shared_ptr<KeyedMainForm> mainForm_;
+  std::shared_ptr<DocumentsUI> documents_;
+  std::shared_ptr<OrvelObjectUIO> good_;
+};
+
+TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTheHourglass) {
+  Reply({});
+  host_.Ui()->SetScreenWidth(15360);
+  auto w = Open();
+  std::vector<std::tuple<std::string, int, int>> columns;
+  for (const auto& c : w->lswHistory.ColumnHeaders()) {
+    columns.emplace_back(c->Text(), c->Width(), c->Alignment());
+  }
+  const int R = lvwColumnRight;
+  EXPECT_EQ(columns, (std::vector<std::tuple<std::string, int, int>>{{"Dok. grupė", 2000, 0},
+                                                                     {"Dok. Nr.", 1000, 0},
+                                                                     {"Data", 1200, 0},
+                                                                     {"Tiekėjas/Gavėjas", 2000, 0},
+                                                                     {"Kiekis", 1000, R},
+                                                                     {"M.vnt.", 700, 0},
+                                                                     {"Kaina", 1000, R},
+                                                                     {"Suma", 1000, R},
+                                                                     {"Sandėlis", 2000, 0},
+                                                                     {"Valiuta", 700, 0},
+                                                                     {"Kursas", 1000, 0},
+                                                                     {"Kaina val.", 1440, 0},
+                                                                     {"Suma val.", 1440, 0}}));
+  EXPECT_EQ(w->Caption(), "Istorija");
+  EXPECT_EQ(w->cmdClose.Caption(), "Uždaryti");
+  EXPECT_EQ(w->mnuToDesktop.Caption(), "Padėti &ant darbo stalo");
+  EXPECT_EQ(w->Width, 14360);
+  EXPECT_EQ(w->lswHistory.SmallIcons(), mainForm_->images);
+  EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));
+  w->Form_Resize(12000);
+  EXPECT_EQ(w->lswHistoryWidth, 12000 - 2 * 120 - 100);
+  w->Form_Resize(100);
+  EXPECT_EQ(w->lswHistoryWidth, 0);
+}
+
+TEST_F(FrmGoodsHistoryTest, AsksTheGoodsObjectOnceWithTheNumberAsDecimalText) {
+  Reply({Movement{}});
+  auto w = Open(-7);
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory -7"});
+  EXPECT_EQ(w->lswHistory.ListItems().Count(), 1);
+}
+
+TEST_F(FrmGoodsHistoryTest, AFailedCallLeavesAnEmptyListAndSaysNothing) {
+  BO("O0000200").ReplyRead("GetGoodHistory", OrvelBoResult(5, "nėra"));
+  auto w = Open();
+  EXPECT_EQ(w->lswHistory.ListItems().Count(), 0);
+  EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_TRUE(w->Visible());
+}
+
+TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheyStand) {
+  Movement second;
+  second.oidr = "O00120016";
+  Reply({Movement{}, second});
+  auto w = Open();
+  auto& rows = w->lswHistory.ListItems();
+  ASSERT_EQ(rows.Count(), 2);
+  EXPECT_EQ(rows.Item(1).Key(), "1_K");
+  EXPECT_EQ(rows.Item(2).Key(), "2_K");
+  EXPECT_EQ(rows.Item(2).Tag(), Variant("O00120016"));
+  EXPECT_EQ(Cells(rows.Item(1)),
+            (std::vector<std::string>{"Pardavimas", "PR-15", "2026-11-23", "UAB Rytas", "2,5",
+                                      "vnt.", "2,00", "10,00", "Centrinis", " ", " ", " ", " "}));
+  // Loaded again, the window starts over instead of doubling its rows.
+  w->Unload();
+  w->Show();
+  EXPECT_EQ(rows.Count(), 2);
+  EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
+}
+
+// ---- the currency rule and the formats ----
+
+struct MoneyCase {
+  const char* name;
+  Variant rate;
+  Variant code;
+  Variant price;
+  Variant sum;
+  // Kaina, Suma, Valiuta, Kursas, Kaina val., Suma val., joined by "|".
+  const char* cells;
+  bool invariant = false;
+};
+
+class FrmGoodsHistoryMoneyTest : public FrmGoodsHistoryTest,
+                                 public ::testing::WithParamInterface<MoneyCase> {};
+
+TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
+  const MoneyCase& c = GetParam();
+  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+  Movement m;
+  m.rate = c.rate;
+  m.code = c.code;
+  m.price = c.price;
+  m.sum = c.sum;
+  Reply({m});
+  auto w = Open();
+  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+  auto cells = Cells(w->lswHistory.ListItems().Item(1));
+  std::string money = cells[6];
+  for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
+  EXPECT_EQ(money, c.cells);
+}
+
+const Variant kNoRate = Variant::Null();
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FrmGoodsHistoryMoneyTest,
+    ::testing::Values(MoneyCase{"BaseWithRateOne", Variant(1.0), Variant("LTL"), Variant(1.5),
+                                Variant(3.0), "1,50|3,00| | | | "},
+                      MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", Variant(3.45), Variant("LTL"),
+                                Variant(2.0), Variant(10.0), "2,00|10,00| | | | "},
+                      MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", kNoRate, Variant("EUR"),
+                                Variant(2.0), Variant(10.0), "2,00|10,00| | | | "},
+                      MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", Variant(3.45),
+                                Variant("EUR"), Variant(2.0), Variant(10.0),
+                                "6,90|34,50|EUR|3,45|2,00|10,00"},
+                      MoneyCase{"TheCodeComparesExactly", Variant(2.0), Variant("ltl"),
+                                Variant(1.0), Variant(1.0), "2,00|2,00|ltl|2|1,00|1,00"},
+                      MoneyCase{"PriceKeepsUpToEightDecimals", kNoRate, Variant("LTL"),
+                                Variant(0.12345678), Variant(0.125), "0,12345678|0,13| | | | "},
+                      MoneyCase{"PriceRoundsItsNinthDecimal", kNoRate, Variant("LTL"),
+                                Variant(2.0 / 3.0), Variant(-2.675), "0,66666667|-2,68| | | | "},
+                      MoneyCase{"TheProductRoundsAsItReads", Variant(0.5), Variant("USD"),
+                                Variant(1.23456789), Variant(1234567.5),
+                                "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
+                      MoneyCase{"NullFiguresShowNothing", Variant(4.0), Variant("EUR"), kNoRate,
+                                kNoRate, "||EUR|4||"},
+                      MoneyCase{"InvariantSeparator", Variant(3.45), Variant("EUR"), Variant(2.0),
+                                Variant(10.0), "6.90|34.50|EUR|3.45|2.00|10.00", true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ---- bold rows ----
+
+class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
+                                public ::testing::WithParamInterface<std::tuple<Variant, bool>> {};
+
+TEST_P(FrmGoodsHistoryBoldTest, OnlySignsZeroAndTwoAreBold) {
+  Movement m;
+  m.sign = std::get<0>(GetParam());
+  Reply({m});
+  auto w = Open();
+  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+  EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), std::get<1>(GetParam()));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Signs, FrmGoodsHistoryBoldTest,
+    ::testing::Values(std::make_tuple(Variant(0), true), std::make_tuple(Variant(2), true),
+                      std::make_tuple(Variant(2.0), true), std::make_tuple(Variant(1), false),
+                      std::make_tuple(Variant(-2), false), std::make_tuple(Variant(3), false),
+                      std::make_tuple(Variant::Null(), false)));
+
+// ---- icons ----
+
+TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
+  Movement known, unknown, none, blank;
+  unknown.otype = Variant("O9999900");
+  none.otype = Variant::Null();
+  blank.otype = Variant("");
+  Movement list;
+  list.otype = Variant(Variant::Array{Variant(1)});
+  Reply({known, unknown, none, blank, list, known});
+  auto w = Open();
+  std::vector<std::string> icons;
+  for (const auto& row : w->lswHistory.ListItems()) icons.push_back(row->SmallIcon());
+  EXPECT_EQ(icons, (std::vector<std::string>{"O0012000", "", "", "", "", "O0012000"}));
+  EXPECT_EQ(Cells(w->lswHistory.ListItems().Item(2))[1], "PR-15");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmGoodsHistoryTest, AnImageListThatCannotTellTakesEveryKey) {
+  mainForm_->images = host_.MainForm()->ImgCatalogue();
+  Movement unknown;
+  unknown.otype = Variant("O9999900");
+  Reply({unknown});
+  auto w = Open();
+  EXPECT_EQ(w->lswHistory.ListItems().Item(1).SmallIcon(), "O9999900");
+}
+
+// ---- a record that cannot be shown ----
+
+// A record whose price is no number, after a good one; a set that lacks the
+// history's fields.
+class FrmGoodsHistoryBadSetTest : public FrmGoodsHistoryTest,
+                                  public ::testing::WithParamInterface<bool> {};
+
+TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
+  Movement bad;
+  bad.price = Variant("abc");
+  if (GetParam()) {
+    Reply({Movement{}, bad, Movement{}});
+  } else {
+    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Name", "OIDR"});
+    rs->AddRow({Variant("Pardavimas"), Variant("O00120015")});
+    BO("O0000200").ReplyRead("GetGoodHistory", rs);
+  }
+  auto w = Open();
+  EXPECT_EQ(w->lswHistory.ListItems().Count(), GetParam() ? 1 : 0);
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
+            GetParam() ? "Klaida!\nType mismatch: CDbl cannot convert String 'abc'"
+                       : "Klaida!\nItem not found in this collection: OType");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
+  EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
+  EXPECT_TRUE(w->Visible());
+}
+
+INSTANTIATE_TEST_SUITE_P(Sets, FrmGoodsHistoryBadSetTest, ::testing::Bool());
+
+TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
+  auto w = std::make_unique<frmGoodsHistory>();
+  host_.Log().Clear();
+  w->Show();
+  EXPECT_EQ(w->lswHistory.ListItems().Count(), 0);
+  EXPECT_TRUE(BusinessLines().empty());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+// ---- popup, desktop, close ----
+
+TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenCloseUnloads) {
+  Movement second;
+  second.oidr = "O00120016";
+  Reply({Movement{}, second});
+  auto w = Open();
+  w->lswHistory.MouseUp(vbRightButton);
+  w->mnuToDesktop.Click();
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+  EXPECT_TRUE(documents_->desktop.empty());
+  w->lswHistory.ItemClick(w->lswHistory.ListItems().Item(2));
+  w->lswHistory.MouseUp(vbLeftButton);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+  host_.Ui()->QueuePopupPick("mnuToDesktop");
+  w->lswHistory.MouseUp(vbRightButton);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuMain");
+  EXPECT_EQ(host_.Ui()->Popups()[0].shown, std::vector<std::string>{"mnuToDesktop"});
+  EXPECT_EQ(documents_->desktop, std::vector<std::string>{"O00120016"});
+  w->cmdClose.Click();
+  EXPECT_FALSE(w->Loaded());
+}
+
+// ---- the goods dialogs open it ----
+
+// Dialogs that refine another entry only.
+class SettingsOnlyDialogs : public GoodsDialogs {
+ public:
+  bool EditListSettings(std::string&) override { return true; }
+};
+
+class FrmGoodsHistorySeamTest : public FrmGoodsHistoryTest,
+                                public ::testing::WithParamInterface<bool> {};
+
+TEST_P(FrmGoodsHistorySeamTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
+  if (GetParam()) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
+  Reply({Movement{}, Movement{}});
+  int shownRows = -1;
+  host_.Ui()->QueueModal([&](Form& form) {
+    shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();
+  });
+  host_.Log().Clear();
+  CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
+  EXPECT_EQ(host_.Log().Lines(Channel::Window),
+            std::vector<std::string>{"ShowModal frmGoodsHistory"});
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
+  EXPECT_EQ(shownRows, 2);
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, FrmGoodsHistorySeamTest, ::testing::Bool());
+
+}  // namespace
+}  // namespace orvel
