@@ -46,6 +46,16 @@ std::shared_ptr<Picture> RegisteredCatalogue::ObjectIcon(const std::string& key)
   return nullptr;
 }
 
+bool RegisteredCatalogue::HasImage(std::string_view key) const {
+  for (const auto& icon : objectIcons) {
+    if (icon.key.size() == key.size() &&
+        strncasecmp(icon.key.data(), key.data(), key.size()) == 0) {
+      return true;
+    }
+  }
+  return false;
+}
+
 std::shared_ptr<OrvelComponentGroup> ComponentRegistry::AddGroup(const std::string& key,
                                                                  const std::string& iconKey,
                                                                  const std::string& caption,

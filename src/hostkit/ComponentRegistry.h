@@ -4,6 +4,7 @@
 #include <string>
 #include <vector>
 
+#include "host/ImageList.h"
 #include "host/OrvelComponentRegistry.h"
 
 namespace orvel {
@@ -13,7 +14,7 @@ namespace orvel {
 // keeps one and hands a fresh ComponentRegistry over it to each
 // DllInicialize. It is also the catalogue's image list that the host's main
 // window hands to the module's list views (ImgCatalogue).
-struct RegisteredCatalogue : public Object {
+struct RegisteredCatalogue : public ImageList {
   struct Component {
     std::string otype;
     std::string caption;
@@ -43,6 +44,8 @@ struct RegisteredCatalogue : public Object {
 
   // The picture of an icon key, case-insensitively; null when none.
   std::shared_ptr<Picture> ObjectIcon(const std::string& key) const;
+  // ImageList: an object icon is registered under the key.
+  bool HasImage(std::string_view key) const override;
 };
 
 // The registration class a host lends the module: everything goes into the
