@@ -1,5 +1,6 @@
 #include "bizlayer/BusinessLayer.h"
 
+#include "bizlayer/CatalogueCalls.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/SqliteError.h"
 #include "bizlayer/TableBusinessObject.h"
@@ -13,6 +14,9 @@ BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move
     objects_[spec.oid] = std::make_shared<TableBusinessObject>(db_, spec);
   }
   AddBankCalls(*objects_.at("O0000300"));
+  AddFirmCalls(*objects_.at("O0000100"));
+  AddGoodsCalls(*objects_.at("O0000200"));
+  AddCurrencyCalls(*objects_.at("O0002200"));
 }
 
 BusinessLayer::~BusinessLayer() = default;

@@ -31,6 +31,8 @@ class SampleRandom {
   uint32_t state_;
 };
 
+void DescribeCatalogue(SqliteDatabase& db, const TableSpec& spec);
+
 void CreateCatalogueTable(SqliteDatabase& db, const TableSpec& spec) {
   std::string sql = "CREATE TABLE " + spec.table + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
   for (const auto& field : spec.fields) {
@@ -41,6 +43,11 @@ void CreateCatalogueTable(SqliteDatabase& db, const TableSpec& spec) {
   if (spec.grouped) {
     db.Exec("CREATE INDEX " + spec.table + "_parent ON " + spec.table + " (ParentID, Name)");
   }
+  DescribeCatalogue(db, spec);
+}
+
+// The card's fields of a type in the table of field descriptions.
+void DescribeCatalogue(SqliteDatabase& db, const TableSpec& spec) {
   auto describe = db.Prepare(
       "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
       "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
@@ -53,6 +60,37 @@ void CreateCatalogueTable(SqliteDatabase& db, const TableSpec& spec) {
                  ServerTypeCode(field.type), field.visible ? 1 : 0)
         .Run();
   }
+}
+
+// What the catalogues' own calls read besides the cards: the documents that
+// use firms and goods, a firm's notes and branches, a good's prices, and the
+// database-wide settings (the default VAT rate and the base currency).
+void CreateCallTables(SqliteDatabase& db) {
+  db.Exec(
+      "CREATE TABLE settings (Name TEXT PRIMARY KEY, Value TEXT);"
+      "CREATE TABLE regions (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);"
+      "INSERT INTO settings (Name, Value) VALUES ('VatFactor', '21'), ('BaseCurrency', 'EUR');"
+      "CREATE TABLE documents (ID INTEGER PRIMARY KEY AUTOINCREMENT, OType TEXT NOT NULL,"
+      " DocName TEXT NOT NULL, Number TEXT NOT NULL, DocDate DATE NOT NULL,"
+      " FirmID INTEGER REFERENCES firms(ID), Account TEXT NOT NULL, Suma REAL NOT NULL,"
+      " Debt REAL NOT NULL, Sign INTEGER NOT NULL, GID INTEGER NOT NULL);"
+      "CREATE INDEX documents_firm ON documents (FirmID, DocDate);"
+      "CREATE TABLE document_lines (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " DocumentID INTEGER NOT NULL REFERENCES documents(ID) ON DELETE CASCADE,"
+      " GoodID INTEGER NOT NULL REFERENCES goods(ID), Amount REAL NOT NULL, Price REAL NOT NULL,"
+      " Rest REAL NOT NULL DEFAULT 0, Reserved REAL NOT NULL DEFAULT 0, Store TEXT,"
+      " Comment TEXT, SerialNo TEXT);"
+      "CREATE INDEX document_lines_good ON document_lines (GoodID);"
+      "CREATE INDEX document_lines_document ON document_lines (DocumentID);"
+      "CREATE TABLE firm_info (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " FirmID INTEGER NOT NULL REFERENCES firms(ID) ON DELETE CASCADE, Info TEXT NOT NULL,"
+      " DateFrom DATE, DateTo DATE, UserName TEXT, Priority INTEGER NOT NULL DEFAULT 1);"
+      "CREATE TABLE firm_branches (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " FirmID INTEGER NOT NULL REFERENCES firms(ID) ON DELETE CASCADE, Name TEXT NOT NULL,"
+      " Code TEXT, Region TEXT, Street TEXT, Tel TEXT, Fax TEXT, EMail TEXT);"
+      "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
+      " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
 }
 
 int64_t Insert(SqliteDatabase& db, const std::string& sql, const std::vector<Variant>& values) {
@@ -280,13 +318,206 @@ void SeedCurrencies(SqliteDatabase& db) {
   }
 }
 
+std::vector<int64_t> Ids(SqliteDatabase& db, const std::string& sql) {
+  std::vector<int64_t> ids;
+  auto stmt = db.Prepare(sql);
+  while (stmt.Step()) ids.push_back(static_cast<int64_t>(stmt.Column(0).NumberValue()));
+  return ids;
+}
+
+// Sales and purchases with their lines, and advances, for most firms: what
+// the debt, traffic, rest and history calls of the catalogues read.
+void SeedDocuments(SqliteDatabase& db) {
+  db.Exec(
+      "INSERT INTO regions (ID, Name) VALUES (1, 'Vilniaus apskritis'),"
+      " (2, 'Kauno apskritis'), (3, 'Klaipėdos apskritis'), (4, 'Šiaulių apskritis'),"
+      " (5, 'Panevėžio apskritis'), (6, 'Alytaus apskritis');"
+      "UPDATE firms SET CreditDays = CASE WHEN CreditLimit > 0 THEN 30 ELSE 0 END"
+      " WHERE GroupFlag = 0;"
+      "UPDATE firms SET FirmTypeId = 1 + ID % 3, RegionID = 1 + ID % 6 WHERE GroupFlag = 1;"
+      "UPDATE goods SET WithRest = (GroupFlag = 0 AND GoodType = 0),"
+      " Garanty = CASE WHEN Code LIKE '04%' AND GroupFlag = 0 THEN 24 ELSE 0 END;");
+  SampleRandom random(2004);
+  const auto firms = Ids(db, "SELECT ID FROM firms WHERE GroupFlag = 0 ORDER BY ID");
+  struct Good {
+    int64_t id;
+    double price;
+    bool serial;
+  };
+  std::vector<Good> goods;
+  {
+    auto stmt = db.Prepare(
+        "SELECT ID, Price, Code LIKE '04%' FROM goods WHERE GroupFlag = 0 AND GoodType = 0"
+        " ORDER BY ID");
+    while (stmt.Step()) {
+      goods.push_back(Good{static_cast<int64_t>(stmt.Column(0).NumberValue()),
+                           stmt.Column(1).NumberValue(), stmt.Column(2).NumberValue() != 0});
+    }
+  }
+  struct Kind {
+    const char* otype;
+    const char* name;
+    const char* prefix;
+    const char* account;
+    int sign;
+    int gid;
+    bool lines;
+  };
+  const Kind kinds[] = {
+      {"O1000100", "PVM sąskaita faktūra", "PSF", "240", 1, 1, true},
+      {"O1000200", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
+      {"O1000300", "Gautas avansas", "AVG", "460", -1, 3, false},
+      {"O1000400", "Sumokėtas avansas", "AVS", "220", 1, 4, false},
+  };
+  const std::vector<std::string> stores{"Centrinis sandėlis", "Kauno sandėlis",
+                                        "Klaipėdos sandėlis"};
+  auto document = db.Prepare(
+      "INSERT INTO documents (OType, DocName, Number, DocDate, FirmID, Account, Suma, Debt, Sign,"
+      " GID) VALUES (?, ?, ?, ?, ?, ?, 0, 0, ?, ?)");
+  auto line = db.Prepare(
+      "INSERT INTO document_lines (DocumentID, GoodID, Amount, Price, Rest, Reserved, Store,"
+      " Comment, SerialNo) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?)");
+  auto totals = db.Prepare("UPDATE documents SET Suma = ?, Debt = ? WHERE ID = ?");
+  const Date first = DateSerial(2025, 12, 1);
+  int number = 0;
+  int serial = 0;
+  for (int64_t firm : firms) {
+    const int count = random.Below(5);
+    for (int n = 0; n < count; ++n) {
+      const Kind& kind = kinds[random.Below(10) < 7 ? random.Below(2) : 2 + random.Below(2)];
+      char text[16];
+      std::snprintf(text, sizeof text, "%s%05d", kind.prefix, ++number);
+      document.Reset();
+      document
+          .BindAll(kind.otype, kind.name, std::string(text), Date{first.serial + random.Below(350)},
+                   firm, kind.account, kind.sign, kind.gid)
+          .Run();
+      const int64_t id = db.LastInsertRowId();
+      double sum = 0;
+      if (kind.lines) {
+        for (int l = 1 + random.Below(3); l > 0; --l) {
+          const Good& good =
+              goods[static_cast<size_t>(random.Below(static_cast<int>(goods.size())))];
+          const double amount = 1 + random.Below(20);
+          const double price = std::round(good.price * (kind.sign > 0 ? 100.0 : 80.0)) / 100.0;
+          const double rest = kind.sign < 0 ? random.Below(static_cast<int>(amount) + 1) : 0;
+          const double reserved = rest >= 2 && random.Below(4) == 0 ? 1 : 0;
+          Variant serialNo = Variant::Null();
+          if (good.serial) {
+            char sn[16];
+            std::snprintf(sn, sizeof sn, "SN%06d", ++serial);
+            serialNo = Variant(std::string(sn));
+          }
+          line.Reset();
+          line.BindAll(id, good.id, amount, price, rest, reserved, random.Pick(stores),
+                       random.Below(6) == 0 ? Variant("Skubus užsakymas") : Variant::Null(),
+                       serialNo)
+              .Run();
+          sum += amount * price;
+        }
+      } else {
+        sum = 50.0 * (1 + random.Below(40));
+      }
+      sum = std::round(sum * 100.0) / 100.0;
+      // What is still open: a whole or half unpaid sale or purchase, or an
+      // advance not yet set off; the sign says who owes whom.
+      const int open = random.Below(3);
+      double debt = open == 0 ? 0 : (open == 1 ? sum : std::round(sum * 50.0) / 100.0);
+      if (kind.account == std::string("450") || kind.account == std::string("460")) debt = -debt;
+      totals.Reset();
+      totals.BindAll(sum, debt, id).Run();
+    }
+  }
+}
+
+// Notes and branches of some firms, and the price lists of some goods.
+void SeedFirmDetails(SqliteDatabase& db) {
+  SampleRandom random(1918);
+  const auto firms = Ids(db, "SELECT ID FROM firms WHERE GroupFlag = 0 ORDER BY ID");
+  const char* notes[] = {"Mokėjimai vėluoja", "Sutartis pratęsta",
+                         "Reikalauti išankstinio apmokėjimo", "Pristatymas tik darbo dienomis",
+                         "Naujas direktorius"};
+  auto note = db.Prepare(
+      "INSERT INTO firm_info (FirmID, Info, DateFrom, DateTo, UserName, Priority)"
+      " VALUES (?, ?, ?, ?, ?, ?)");
+  auto branch = db.Prepare(
+      "INSERT INTO firm_branches (FirmID, Name, Code, Region, Street, Tel, Fax, EMail)"
+      " VALUES (?, ?, ?, ?, ?, ?, NULL, ?)");
+  const char* towns[] = {"Vilnius", "Kaunas", "Klaipėda", "Šiauliai"};
+  for (size_t i = 0; i < firms.size(); ++i) {
+    if (i % 7 == 0) {
+      const int from = random.Below(300);
+      note.Reset();
+      note.BindAll(firms[i], notes[random.Below(5)], Date{DateSerial(2026, 1, 1).serial + from},
+                   random.Below(2) == 0 ? Variant::Null()
+                                        : Variant(Date{DateSerial(2026, 1, 1).serial + from + 400}),
+                   "admin", 1 + random.Below(3))
+          .Run();
+    }
+    if (i % 15 == 0) {
+      for (int b = 1 + random.Below(2); b > 0; --b) {
+        const std::string town = towns[random.Below(4)];
+        branch.Reset();
+        branch
+            .BindAll(firms[i], town + " filialas", std::to_string(100 + random.Below(900)), town,
+                     "Vilniaus g. " + std::to_string(1 + random.Below(80)),
+                     "+370 5 " + std::to_string(2000000 + random.Below(999999)),
+                     "info" + std::to_string(i) + "@pavyzdys.lt")
+            .Run();
+      }
+    }
+  }
+  const auto goods = Ids(db, "SELECT ID FROM goods WHERE GroupFlag = 0 ORDER BY ID LIMIT 300");
+  auto price = db.Prepare(
+      "INSERT INTO goods_prices (GoodID, PriceType, Currency, Price, FirmID)"
+      " SELECT ID, ?, ?, ROUND(Price * ?, 2), ? FROM goods WHERE ID = ?");
+  for (int64_t good : goods) {
+    price.Reset();
+    price.BindAll("Mažmeninė", "EUR", 1.0, Variant::Null(), good).Run();
+    price.Reset();
+    price.BindAll("Didmeninė", "EUR", 0.9, Variant::Null(), good).Run();
+    if (random.Below(5) == 0) {
+      price.Reset();
+      price
+          .BindAll("Sutartinė", "EUR", 0.85,
+                   firms[static_cast<size_t>(random.Below(static_cast<int>(firms.size())))], good)
+          .Run();
+    }
+  }
+}
+
+// A file of the first version has the catalogues and their records but not
+// what the catalogues' own calls read: the new columns are added, the two
+// cards described again, and the new tables made and filled. The records
+// already there stay as they are.
+void UpgradeFromFirstVersion(SqliteDatabase& db) {
+  db.Exec(
+      "ALTER TABLE firms ADD COLUMN CreditDays INTEGER;"
+      "ALTER TABLE goods ADD COLUMN WithRest BOOLEAN;"
+      "ALTER TABLE goods ADD COLUMN Garanty REAL;"
+      "DELETE FROM field_descriptions WHERE StructureName IN ('Firms', 'Goods');");
+  for (const auto& spec : Catalogues()) {
+    if (spec.table == "firms" || spec.table == "goods") DescribeCatalogue(db, spec);
+  }
+  CreateCallTables(db);
+  SeedDocuments(db);
+  SeedFirmDetails(db);
+}
+
 }  // namespace
 
 std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
   auto db = std::make_shared<SqliteDatabase>(path);
   auto version = db->Prepare("PRAGMA user_version");
   version.Step();
-  bool fresh = version.Column(0).NumberValue() == 0;
+  const int found = static_cast<int>(version.Column(0).NumberValue());
+  if (found == 1) {
+    SqliteTransaction transaction(*db);
+    UpgradeFromFirstVersion(*db);
+    db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+    transaction.Commit();
+  }
+  bool fresh = found == 0;
   if (fresh) {
     SqliteTransaction transaction(*db);
     CreateSchema(*db);
@@ -313,6 +544,7 @@ void ReferenceDatabase::CreateSchema(SqliteDatabase& db) {
   db.Exec(
       "CREATE TABLE currency_rates (CurrencyID INTEGER NOT NULL REFERENCES currencies(ID),"
       " RateDate DATE NOT NULL, Rate REAL NOT NULL, PRIMARY KEY (CurrencyID, RateDate));");
+  CreateCallTables(db);
 }
 
 void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
@@ -326,6 +558,8 @@ void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
   SeedFirms(db);
   SeedGoods(db);
   SeedCurrencies(db);
+  SeedDocuments(db);
+  SeedFirmDetails(db);
 }
 
 }  // namespace orvel

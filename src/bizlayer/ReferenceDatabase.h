@@ -16,8 +16,9 @@ class ReferenceDatabase {
   // Opens or creates the database at `path`. SqliteError on failure.
   static std::shared_ptr<SqliteDatabase> Open(const std::string& path);
 
-  // The schema's version, kept in PRAGMA user_version.
-  static constexpr int kSchemaVersion = 1;
+  // The schema's version, kept in PRAGMA user_version. A file of version 1
+  // is brought up to date when opened.
+  static constexpr int kSchemaVersion = 2;
 
   static void CreateSchema(SqliteDatabase& db);
   static void SeedSampleData(SqliteDatabase& db);

@@ -1,5 +1,7 @@
 #include "bizlayer/TableBusinessObject.h"
 
+#include <sqlite3.h>
+
 #include <charconv>
 #include <ctime>
 
@@ -43,15 +45,15 @@ Result Answer(const std::string& name, Body&& body) noexcept {
   try {
     return body();
   } catch (const CallFailure& f) {
-    return Result(f.number, f.text);
+    return Result{f.number, f.text};
   } catch (const SqliteError& e) {
-    return Result(TableBusinessObject::kDatabaseError, name + ": " + e.what());
+    return Result{TableBusinessObject::kDatabaseError, name + ": " + e.what()};
   } catch (const RuntimeError& e) {
-    return Result(e.Number(), name + ": " + e.Text());
+    return Result{e.Number(), name + ": " + e.Text()};
   } catch (const std::exception& e) {
-    return Result(TableBusinessObject::kDatabaseError, name + ": " + e.what());
+    return Result{TableBusinessObject::kDatabaseError, name + ": " + e.what()};
   } catch (...) {
-    return Result(TableBusinessObject::kDatabaseError, name + ": unknown failure");
+    return Result{TableBusinessObject::kDatabaseError, name + ": unknown failure"};
   }
 }
 
@@ -335,7 +337,13 @@ void TableBusinessObject::DeleteObject(const Args& args) {
   }
   auto stmt = db_->Prepare("DELETE FROM " + spec_.table + " WHERE ID = ?");
   stmt.Bind(1, Variant(*id));
-  stmt.Run();
+  try {
+    stmt.Run();
+  } catch (const SqliteError& e) {
+    // Only a reference can stop a delete: documents or prices that name it.
+    if (e.Code() != SQLITE_CONSTRAINT) throw;
+    throw CallFailure{kBadCall, "Įrašas naudojamas dokumentuose: jo panaikinti negalima"};
+  }
   if (db_->Changes() == 0) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
 }
 

@@ -55,6 +55,7 @@ class TableBusinessObject : public OrvelObjectBO {
   const TableSpec& Spec() const { return spec_; }
   // The user name written into CreatedByUser and UpdatedByUser.
   void SetUserName(std::string user) { user_ = std::move(user); }
+  const std::string& UserName() const { return user_; }
   void SetCallObserver(CallObserver observer) { observer_ = std::move(observer); }
 
   // The type's own calls. A handler may throw SqliteError or RuntimeError;

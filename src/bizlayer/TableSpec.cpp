@@ -81,6 +81,7 @@ std::vector<TableSpec> MakeCatalogues() {
       Number("BankID", "Bankas", SqlType::Integer, false),
       Text("Account", "Sąskaita", 34, false),
       Number("CreditLimit", "Kredito limitas", SqlType::Real, false, Variant(0.0)),
+      Number("CreditDays", "Kredito dienos", SqlType::Integer, false, Variant(0)),
   };
   AddAudit(firms.fields);
   specs.push_back(std::move(firms));
@@ -128,6 +129,8 @@ std::vector<TableSpec> MakeCatalogues() {
       Number("Price", "Kaina", SqlType::Real, true, Variant(0.0)),
       Number("VatRate", "PVM tarifas", SqlType::Real, false, Variant(21.0)),
       Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
+      Number("WithRest", "Su likučiais", SqlType::Boolean, false, Variant(true)),
+      Number("Garanty", "Garantija (mėn.)", SqlType::Real, false, Variant(0.0)),
   };
   AddAudit(goods.fields);
   specs.push_back(std::move(goods));

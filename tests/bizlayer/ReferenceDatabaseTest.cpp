@@ -34,6 +34,34 @@ TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
   EXPECT_EQ(One(*again, "PRAGMA journal_mode"), Variant("wal"));
 }
 
+TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
+  TempDatabase file;
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    // Back to the shape the first version wrote.
+    db->Exec(
+        "DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
+        " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
+        " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
+        " ALTER TABLE goods DROP COLUMN WithRest; ALTER TABLE goods DROP COLUMN Garanty;"
+        " DELETE FROM field_descriptions WHERE Name IN ('CreditDays', 'WithRest', 'Garanty');"
+        " UPDATE firms SET Name = 'Išlikusi O''Brien' WHERE ID = 9; PRAGMA user_version = 1;");
+  }
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
+  EXPECT_EQ(One(*db, "SELECT Name FROM firms WHERE ID = 9"), Variant("Išlikusi O'Brien"));
+  EXPECT_GT(One(*db, "SELECT COUNT(*) FROM documents").NumberValue(), 300);
+  EXPECT_EQ(One(*db,
+                "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Goods'"
+                " AND Name IN ('WithRest', 'Garanty')"),
+            Variant(2));
+  BusinessLayer layer(db);
+  auto firm = layer.BusinessObject("O0000100")->GetCall("Orvel_ReadObject", "'O00001009'", 0);
+  EXPECT_EQ(firm.Number, 0) << firm.Text;
+  auto debt = layer.BusinessObject("O0000100")->GetCall("GetFirmDebt", "O00001009", 0);
+  EXPECT_EQ(debt.Number, 0) << debt.Text;
+}
+
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
   TempDatabase file;
   auto writer = ReferenceDatabase::Open(file.Path());

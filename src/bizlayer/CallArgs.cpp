@@ -1,0 +1,97 @@
+#include "bizlayer/CallArgs.h"
+
+#include <charconv>
+#include <cmath>
+
+#include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
+#include "host/RuntimeError.h"
+
+namespace orvel::callargs {
+
+namespace {
+
+[[noreturn]] void Fail(const std::string& call, const char* what, const std::string& text) {
+  throw RuntimeError(TableBusinessObject::kBadCall,
+                     call + ": " + what + " is not readable: [" + text + "]");
+}
+
+std::string_view Trimmed(const std::string& text) {
+  std::string_view view(text);
+  while (!view.empty() && (view.front() == ' ' || view.front() == '\t')) view.remove_prefix(1);
+  while (!view.empty() && (view.back() == ' ' || view.back() == '\t')) view.remove_suffix(1);
+  return view;
+}
+
+}  // namespace
+
+const std::string& At(const std::vector<std::string>& args, size_t index) {
+  static const std::string none;
+  return index < args.size() ? args[index] : none;
+}
+
+void Require(const std::vector<std::string>& args, size_t count, const std::string& call,
+             const char* expected) {
+  if (args.size() < count) {
+    throw RuntimeError(TableBusinessObject::kBadCall, call + ": expected " + expected);
+  }
+}
+
+void RequireExactly(const std::vector<std::string>& args, size_t count, const std::string& call,
+                    const char* expected) {
+  if (args.size() != count) {
+    throw RuntimeError(TableBusinessObject::kBadCall, call + ": expected " + expected);
+  }
+}
+
+int64_t Integer(const std::string& text, const std::string& call, const char* what) {
+  std::string_view view = Trimmed(text);
+  int64_t value = 0;
+  auto [end, ec] = std::from_chars(view.data(), view.data() + view.size(), value);
+  if (view.empty() || ec != std::errc() || end != view.data() + view.size()) {
+    Fail(call, what, text);
+  }
+  return value;
+}
+
+double Number(const std::string& text, const std::string& call, const char* what) {
+  std::string_view view = Trimmed(text);
+  if (!view.empty() && view.front() == '+') view.remove_prefix(1);
+  double value = 0;
+  auto [end, ec] =
+      std::from_chars(view.data(), view.data() + view.size(), value, std::chars_format::fixed);
+  if (view.empty() || ec != std::errc() || end != view.data() + view.size() ||
+      !std::isfinite(value)) {
+    Fail(call, what, text);
+  }
+  return value;
+}
+
+Date Day(const std::string& text, const std::string& call, const char* what) {
+  std::string_view view = Trimmed(text);
+  if (auto day = ParseDate(view)) return Date{std::floor(day->serial)};
+  // A date with its time ("2026-11-23 14:05:00"): the day part counts.
+  if (auto blank = view.find(' '); blank != std::string_view::npos) {
+    if (auto day = ParseDate(view.substr(0, blank))) return Date{std::floor(day->serial)};
+  }
+  Fail(call, what, text);
+}
+
+Variant IdOrNull(const std::optional<int64_t>& id) { return id ? Variant(*id) : Variant::Null(); }
+
+std::optional<int64_t> OptionalRecord(const TableBusinessObject& object, const std::string& oidr,
+                                      const std::string& call) {
+  if (oidr.empty() || oidr == object.Spec().oid) return std::nullopt;
+  if (auto id = object.IdOf(oidr)) return id;
+  throw RuntimeError(TableBusinessObject::kBadCall,
+                     call + ": [" + oidr + "] is not a record of " + object.Spec().oid);
+}
+
+int64_t Record(const TableBusinessObject& object, const std::string& oidr,
+               const std::string& call) {
+  if (auto id = OptionalRecord(object, oidr, call)) return *id;
+  throw RuntimeError(TableBusinessObject::kBadCall,
+                     call + ": expected the OIDR of a record of " + object.Spec().oid);
+}
+
+}  // namespace orvel::callargs

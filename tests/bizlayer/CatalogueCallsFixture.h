@@ -1,0 +1,96 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdio>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/ReferenceDatabase.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
+#include "host/Recordset.h"
+
+namespace orvel {
+
+// An empty reference schema in memory with its business layer; each test
+// puts in the few rows its calls read.
+class CatalogueCallsFixture {
+ protected:
+  CatalogueCallsFixture() {
+    ReferenceDatabase::CreateSchema(*db_);
+    layer_.SetUserName("rūta");
+  }
+
+  TableBusinessObject& Type(const std::string& oid) { return *layer_.BusinessObject(oid); }
+
+  int64_t Insert(const std::string& sql, const std::vector<Variant>& values) {
+    auto stmt = db_->Prepare(sql);
+    for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
+    stmt.Run();
+    return db_->LastInsertRowId();
+  }
+
+  Variant One(const std::string& sql) {
+    auto stmt = db_->Prepare(sql);
+    return stmt.Step() ? stmt.Column(0) : Variant();
+  }
+
+  // A read call that must succeed; its record set.
+  std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
+                                  const std::string& param) {
+    auto reply = Type(oid).GetCall(name, param, 0);
+    EXPECT_EQ(reply.Number, 0) << name << " [" << param << "]: " << reply.Text;
+    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+    EXPECT_NE(rs, nullptr) << name;
+    return rs;
+  }
+
+  // A value as text with "." for decimals, whatever the locale; Null is "".
+  static std::string Text(const Variant& value) {
+    if (value.Type() == VarType::Integer || value.Type() == VarType::Double) {
+      char buffer[32];
+      std::snprintf(buffer, sizeof buffer, "%.10g", value.NumberValue());
+      return buffer;
+    }
+    return ConcatText(value);
+  }
+
+  // One field of every row, as text.
+  static std::vector<std::string> Column(Recordset& rs, const std::string& field) {
+    std::vector<std::string> out;
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) out.push_back(Text(rs.Fields(field).Value()));
+    return out;
+  }
+
+  static std::vector<std::string> FieldNames(Recordset& rs) {
+    std::vector<std::string> out;
+    for (int i = 0; i < rs.Fields().Count(); ++i) out.push_back(rs.Fields().Item(i).Name());
+    return out;
+  }
+
+  // Every row of the tables that the catalogues' calls write, as text: equal
+  // snapshots mean a call changed nothing.
+  std::string Snapshot() {
+    std::string out;
+    for (const char* table : {"firms", "goods", "goods_prices", "currency_rates", "firm_info",
+                              "documents", "document_lines", "settings"}) {
+      auto stmt = db_->Prepare(std::string("SELECT * FROM ") + table + " ORDER BY rowid");
+      out += table;
+      out += ":\n";
+      while (stmt.Step()) {
+        for (int c = 0; c < stmt.ColumnCount(); ++c) out += ConcatText(stmt.Column(c)) + "|";
+        out += "\n";
+      }
+    }
+    return out;
+  }
+
+  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  BusinessLayer layer_{db_};
+};
+
+}  // namespace orvel

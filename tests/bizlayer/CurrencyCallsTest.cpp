@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CatalogueCallsFixture.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+// EUR the base, USD with two day rates, LTL fixed, GBP without any rate.
+class CurrencyCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  CurrencyCallsTest() {
+    const char* currency =
+        "INSERT INTO currencies (Code, Name, State, FixedRate, OneCurr) VALUES (?, ?, ?, ?, ?)";
+    Insert(currency, {"EUR", "Euras", "Europos Sąjungos", 1.0, "euras"});
+    Insert(currency, {"USD", "JAV doleris", "JAV", 0.0, "doleris"});
+    Insert(currency, {"LTL", "Litas", "Lietuvos", 3.4528, "litas"});
+    Insert(currency, {"GBP", "Svaras sterlingas", "Didžiosios Britanijos", 0.0, "svaras"});
+    const char* rate = "INSERT INTO currency_rates (CurrencyID, RateDate, Rate) VALUES (2, ?, ?)";
+    Insert(rate, {DateSerial(2026, 11, 20), 1.05});
+    Insert(rate, {DateSerial(2026, 11, 22), 1.06});
+  }
+
+  std::string RateOf(const std::string& param, const std::string& code) {
+    auto rs = Read("O0002200", "GetCurrencyList", param);
+    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+      if (ConcatText(rs->Fields("Code").Value()) == code) return Text(rs->Fields("Rate").Value());
+    }
+    return "missing";
+  }
+
+  std::string Stored(const Date& day) {
+    auto stmt =
+        db_->Prepare("SELECT Rate FROM currency_rates WHERE CurrencyID = 2 AND RateDate = ?");
+    stmt.Bind(1, Variant(day));
+    return stmt.Step() ? Text(stmt.Column(0)) : "none";
+  }
+};
+
+// "GetCurrencyList" with the date as the currency object sends it.
+struct ListCase {
+  const char* param;
+  const char* code;
+  const char* rate;  // "" for Null
+};
+
+class CurrencyListTest : public CurrencyCallsTest,
+                         public ::testing::WithParamInterface<ListCase> {};
+
+TEST_P(CurrencyListTest, GivesTheRateInForceOnTheDay) {
+  const auto& c = GetParam();
+  EXPECT_EQ(RateOf(c.param, c.code), c.rate) << c.param << " " << c.code;
+}
+
+INSTANTIATE_TEST_SUITE_P(Currencies, CurrencyListTest,
+                         ::testing::Values(ListCase{"'2026-11-20'", "USD", "1.05"},
+                                           ListCase{"'2026-11-21'", "USD", "1.05"},
+                                           ListCase{"'2026-11-22'", "USD", "1.06"},
+                                           ListCase{"'2027-01-01'", "USD", "1.06"},
+                                           ListCase{"'1990.01.01'", "USD", ""},
+                                           ListCase{"'1990.01.01'", "EUR", "1"},
+                                           ListCase{"'2026-11-22'", "LTL", "3.4528"},
+                                           ListCase{"'2026-11-22'", "GBP", ""}));
+
+TEST_F(CurrencyCallsTest, TheListCarriesTheFieldsTheRatesWindowReads) {
+  auto rs = Read("O0002200", "GetCurrencyList", "'2026-11-22'");
+  EXPECT_THAT(Column(*rs, "Code"), ElementsAre("EUR", "GBP", "LTL", "USD"));
+  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00022001", "O00022004", "O00022003", "O00022002"));
+  EXPECT_THAT(Column(*rs, "BaseCurrency"), ElementsAre("1", "0", "0", "0"));
+  EXPECT_THAT(Column(*rs, "FixedRate"), ElementsAre("1", "0", "3.4528", "0"));
+  EXPECT_THAT(Column(*rs, "State"),
+              ElementsAre("Europos Sąjungos", "Didžiosios Britanijos", "Lietuvos", "JAV"));
+  EXPECT_THAT(Column(*rs, "OneCurr"), ElementsAre("euras", "svaras", "litas", "doleris"));
+}
+
+TEST_F(CurrencyCallsTest, ByCodeFindsTheCodeHoweverItIsWritten) {
+  for (const char* param : {"USD", "usd", "'USD'", " USD"}) {
+    EXPECT_THAT(Column(*Read("O0002200", "GetCurrencyByCode", param), "OIDR"),
+                ElementsAre("O00022002"))
+        << param;
+  }
+  // No such code is an empty set: the currency object then tells the user.
+  EXPECT_EQ(Read("O0002200", "GetCurrencyByCode", "XYZ")->RecordCount(), 0);
+  EXPECT_EQ(Read("O0002200", "GetCurrencyByCode", "")->RecordCount(), 0);
+}
+
+TEST_F(CurrencyCallsTest, RatesOfAPeriodByCodeAndDay) {
+  auto rs = Read("O0002200", "GetCurrencyRates", "'2026-11-01','2026-11-30'");
+  EXPECT_THAT(Column(*rs, "Code"), ElementsAre("USD", "USD"));
+  EXPECT_THAT(Column(*rs, "Rate"), ElementsAre("1.05", "1.06"));
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("DateD").Value(), Variant(DateSerial(2026, 11, 20)));
+  EXPECT_EQ(Read("O0002200", "GetCurrencyRates", "'2026-11-21','2026-11-21'")->RecordCount(), 0);
+  EXPECT_EQ(Read("O0002200", "GetCurrencyRates", "'2026-11-30','2026-11-01'")->RecordCount(), 0);
+}
+
+TEST_F(CurrencyCallsTest, SaveDayRateAddsADayAndOverwritesAnExistingOne) {
+  auto status = Type("O0002200").ExecCall("SaveDayRate", "'USD','2026-11-23',1.0825", 0);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Stored(DateSerial(2026, 11, 23)), "1.0825");
+  status = Type("O0002200").ExecCall("SaveDayRate", "'USD','2026-11-22',1.07", 0);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Stored(DateSerial(2026, 11, 22)), "1.07");
+  EXPECT_EQ(One("SELECT COUNT(*) FROM currency_rates"), Variant(3));
+  EXPECT_EQ(RateOf("'2026-11-22'", "USD"), "1.07");
+  // A date picked with its time of day is the same day; the code in any case.
+  status = Type("O0002200").ExecCall("SaveDayRate", "'usd','2026.11.22 14:05:00',1.08", 0);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Stored(DateSerial(2026, 11, 22)), "1.08");
+  EXPECT_EQ(One("SELECT COUNT(*) FROM currency_rates"), Variant(3));
+}
+
+struct SaveFailureCase {
+  const char* param;
+  int32_t number;
+};
+
+class SaveDayRateFailureTest : public CurrencyCallsTest,
+                               public ::testing::WithParamInterface<SaveFailureCase> {};
+
+TEST_P(SaveDayRateFailureTest, FailsWithItsNumberAndChangesNothing) {
+  const auto& c = GetParam();
+  const std::string before = Snapshot();
+  auto status = Type("O0002200").ExecCall("SaveDayRate", c.param, 0);
+  EXPECT_EQ(status.Number, c.number) << c.param << ": " << status.Text;
+  EXPECT_FALSE(status.Text.empty());
+  EXPECT_EQ(Snapshot(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(Currencies, SaveDayRateFailureTest,
+                         ::testing::Values(SaveFailureCase{"'EUR','2026-11-23',1", 5},
+                                           SaveFailureCase{"'LTL','2026-11-23',3.45", 5},
+                                           SaveFailureCase{"'XYZ','2026-11-23',1", 3021},
+                                           SaveFailureCase{"'O'B','2026-11-23',1", 3021},
+                                           SaveFailureCase{"'USD','23/11/2026',1", 5},
+                                           SaveFailureCase{"'USD','2026-11-22',0", 5},
+                                           SaveFailureCase{"'USD','2026-11-22',-1.2", 5},
+                                           SaveFailureCase{"'USD','2026-11-22',1,07", 5},
+                                           SaveFailureCase{"'USD','2026-11-22',abc", 5},
+                                           SaveFailureCase{"'USD','2026-11-22'", 5}));
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,262 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CatalogueCallsFixture.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+// Two groups and three firms; documents, branches and notes of firm 2.
+class FirmCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  FirmCallsTest() {
+    const char* firm =
+        "INSERT INTO firms (Name, Code, ParentID, GroupFlag, FirmTypeId, RegionID, CreditLimit,"
+        " CreditDays, Active) VALUES (?, ?, ?, ?, ?, ?, ?, ?, 1)";
+    Insert(firm, {"Tiekėjai", Variant::Null(), Variant::Null(), 1, 2, 3, 0.0, 0});
+    Insert(firm, {"UAB Alfa", "123456789", 1, 0, 1, 1, 100.0, 30});
+    Insert(firm, {"O'Brien ir Ko", "O'Brien 7", 1, 0, 1, 1, 0.0, 0});
+    Insert(firm, {"AB Beta", "555", Variant::Null(), 0, 1, 1, 0.0, 0});
+    Insert(firm, {"Pirkėjai", Variant::Null(), Variant::Null(), 1, Variant::Null(), Variant::Null(),
+                  0.0, 0});
+    const char* good = "INSERT INTO goods (Name, Code, GroupFlag, Price) VALUES (?, ?, 0, ?)";
+    Insert(good, {"Duona balta", "0101", 1.2});
+    Insert(good, {"Pienas", "0102", 0.9});
+    const char* document =
+        "INSERT INTO documents (OType, DocName, Number, DocDate, FirmID, Account, Suma, Debt,"
+        " Sign, GID) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)";
+    // An overdue sale, a sale not yet due, an advance, a purchase, and our
+    // advance to firm 3.
+    Insert(document, {"O1000100", "PVM sąskaita faktūra", "PSF1", DateSerial(2020, 1, 15), 2, "240",
+                      150.0, 150.0, 1, 1});
+    Insert(document, {"O1000100", "PVM sąskaita faktūra", "PSF2", DateSerial(2999, 1, 1), 2, "240",
+                      30.0, 30.0, 1, 1});
+    Insert(document, {"O1000300", "Gautas avansas", "AVG1", DateSerial(2020, 2, 1), 2, "460", 20.0,
+                      -20.0, -1, 3});
+    Insert(document, {"O1000200", "Pirkimo sąskaita", "PIR1", DateSerial(2020, 3, 1), 2, "450",
+                      40.0, -40.0, -1, 2});
+    Insert(document, {"O1000400", "Sumokėtas avansas", "AVS1", DateSerial(2020, 4, 1), 3, "220",
+                      10.0, 10.0, 1, 4});
+    const char* line =
+        "INSERT INTO document_lines (DocumentID, GoodID, Amount, Price, Comment)"
+        " VALUES (?, ?, ?, ?, ?)";
+    Insert(line, {1, 1, 3.0, 50.0, "Skubu"});
+    Insert(line, {4, 2, 4.0, 10.0, Variant::Null()});
+    Insert(line, {2, 1, 1.0, 30.0, Variant::Null()});
+    const char* branch = "INSERT INTO firm_branches (FirmID, Name) VALUES (?, ?)";
+    Insert(branch, {2, "Kauno filialas"});
+    Insert(branch, {2, "Klaipėdos filialas"});
+  }
+};
+
+// Calls that answer one row: the call as the module sends it, a field and
+// its value as text ("" for Null).
+struct OneRowCase {
+  const char* name;
+  const char* param;
+  const char* field;
+  const char* expected;
+};
+
+class FirmOneRowTest : public FirmCallsTest, public ::testing::WithParamInterface<OneRowCase> {};
+
+TEST_P(FirmOneRowTest, AnswersTheFieldTheModuleReads) {
+  const auto& c = GetParam();
+  auto rs = Read("O0000100", c.name, c.param);
+  ASSERT_NE(rs, nullptr);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  rs->MoveFirst();
+  EXPECT_EQ(Text(rs->Fields(c.field).Value()), c.expected)
+      << c.name << " " << c.param << " " << c.field;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Firms, FirmOneRowTest,
+    ::testing::Values(
+        // Duplicate codes: the firm itself never counts; a new firm has no OIDR.
+        OneRowCase{"CheckCode", "'O00001002','123456789'", "Exist", "0"},
+        OneRowCase{"CheckCode", "'','123456789'", "Exist", "1"},
+        OneRowCase{"CheckCode", "'O00001004','123456789'", "Exist", "1"},
+        OneRowCase{"CheckCode", "'O00001004',' 123456789 '", "Exist", "1"},
+        OneRowCase{"CheckCode", "'O00001004','12345678'", "Exist", "0"},
+        OneRowCase{"CheckCode", "'O00001002','O'Brien 7'", "Exist", "1"},
+        OneRowCase{"CheckCode", "'O00001003','O'Brien 7'", "Exist", "0"},
+        OneRowCase{"CheckBranch", "'O00001002'", "Exist", "2"},
+        OneRowCase{"CheckBranch", "'O00001004'", "Exist", "0"},
+        // Used in documents: a firm, a group through its members, a new record.
+        OneRowCase{"GetFirmIsUsedInDocuments", "O00001002", "Used", "4"},
+        OneRowCase{"GetFirmIsUsedInDocuments", "O00001001", "Used", "5"},
+        OneRowCase{"GetFirmIsUsedInDocuments", "O00001004", "Used", "0"},
+        OneRowCase{"GetFirmIsUsedInDocuments", "", "Used", "0"},
+        OneRowCase{"GetTypeAndRegion", "1", "FirmTypeId", "2"},
+        OneRowCase{"GetTypeAndRegion", "1", "RegionID", "3"},
+        // Debts of firm 2: the overdue sale is past its 30 credit days.
+        OneRowCase{"GetFirmDebt", "O00001002", "Sum240", "180"},
+        OneRowCase{"GetFirmDebt", "O00001002", "Sum460", "-20"},
+        OneRowCase{"GetFirmDebt", "O00001002", "Sum450", "-40"},
+        OneRowCase{"GetFirmDebt", "O00001002", "Sum220", "0"},
+        OneRowCase{"GetFirmDebt", "O00001002", "Limit", "100"},
+        OneRowCase{"GetFirmDebt", "O00001002", "LimitTerm", "150"},
+        OneRowCase{"GetFirmDebt", "O00001002", "LimitDays", "30"},
+        // A firm without a limit: Null, which the card reads as none.
+        OneRowCase{"GetFirmDebt", "O00001003", "Limit", ""},
+        OneRowCase{"GetFirmDebt", "O00001003", "LimitTerm", "0"},
+        OneRowCase{"GetFirmDebt", "O00001003", "Sum220", "10"},
+        OneRowCase{"GetFirmDebt", "O00001004", "Sum240", "0"},
+        OneRowCase{"GetOurDebt", "O00001003", "Sum220", "10"},
+        OneRowCase{"GetOurDebt", "O00001002", "Sum240", "180"}));
+
+TEST_F(FirmCallsTest, TypeAndRegionOfTheTopOrAGroupWithoutThemGiveNothingToCopy) {
+  EXPECT_EQ(Read("O0000100", "GetTypeAndRegion", "0")->RecordCount(), 0);
+  auto rs = Read("O0000100", "GetTypeAndRegion", "5");
+  ASSERT_EQ(rs->RecordCount(), 1);
+  EXPECT_TRUE(rs->Fields("FirmTypeId").Value().IsNull());
+}
+
+TEST_F(FirmCallsTest, NotesInForceComeFirstThenByPriority) {
+  const char* note =
+      "INSERT INTO firm_info (FirmID, Info, DateFrom, DateTo, UserName, Priority)"
+      " VALUES (2, ?, ?, ?, 'admin', ?)";
+  Insert(note, {"Sena pastaba", DateSerial(2020, 1, 1), Variant::Null(), 1});
+  Insert(note, {"Pasibaigusi", DateSerial(2019, 1, 1), DateSerial(2020, 1, 1), 3});
+  Insert(note, {"O'Brien skambino", DateSerial(2021, 1, 1), DateSerial(2999, 1, 1), 2});
+  auto all = Read("O0000100", "GetFirmInfo", "'O00001002',0");
+  EXPECT_THAT(Column(*all, "Info"), ElementsAre("O'Brien skambino", "Sena pastaba", "Pasibaigusi"));
+  EXPECT_THAT(FieldNames(*all),
+              ElementsAre("ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"));
+  all->MoveFirst();
+  EXPECT_EQ(all->Fields("DateTo").Value(), Variant(DateSerial(2999, 1, 1)));
+  EXPECT_THAT(Column(*Read("O0000100", "GetFirmInfo", "'O00001002',1"), "Info"),
+              ElementsAre("Sena pastaba"));
+  EXPECT_EQ(Read("O0000100", "GetFirmInfo", "'O00001004',0")->RecordCount(), 0);
+}
+
+TEST_F(FirmCallsTest, DeleteFirmInfoRemovesOneNote) {
+  const char* note = "INSERT INTO firm_info (FirmID, Info) VALUES (2, ?)";
+  Insert(note, {"pirma"});
+  Insert(note, {"antra"});
+  auto status = Type("O0000100").ExecCall("DeleteFirmInfo", "1", 0);
+  EXPECT_EQ(status.Number, 0) << status.Text;
+  EXPECT_THAT(Column(*Read("O0000100", "GetFirmInfo", "'O00001002',0"), "Info"),
+              ElementsAre("antra"));
+}
+
+TEST_F(FirmCallsTest, GroupMembersAndTheTopLevel) {
+  auto members = Read("O0000100", "GetFirms", "O00001001");
+  EXPECT_THAT(Column(*members, "Preview"), ElementsAre("O'Brien ir Ko", "UAB Alfa"));
+  EXPECT_THAT(Column(*members, "OIDR"), ElementsAre("O00001003", "O00001002"));
+  EXPECT_THAT(Column(*Read("O0000100", "GetFirms", "O0000100"), "Preview"),
+              ElementsAre("Pirkėjai", "Tiekėjai", "AB Beta"));
+}
+
+TEST_F(FirmCallsTest, TrafficIsThePeriodsDocumentsOldestFirst) {
+  auto rs = Read("O0000100", "GetTraffic", "'O00001002','2020-01-01','2020-02-29'");
+  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF1", "AVG1"));
+  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10001001", "O10003003"));
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2020, 1, 15)));
+  EXPECT_EQ(CDbl(rs->Fields("Debt").Value()), 150.0);
+  // The default end of an open period, and the dotted form of a date.
+  EXPECT_EQ(Read("O0000100", "GetTraffic", "'O00001002','2020.01.01','9999-12-31'")->RecordCount(),
+            4);
+}
+
+TEST_F(FirmCallsTest, FindGoodsLooksThroughTheFirmsDocumentLines) {
+  auto rs = Read("O0000100", "GetFindGoods", "'O00001002','DUONA'");
+  EXPECT_THAT(Column(*rs, "GoodName"), ElementsAre("Duona balta", "Duona balta"));
+  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF2", "PSF1"));
+  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00002001", "O00002001"));
+  EXPECT_EQ(Read("O0000100", "GetFindGoods", "'O00001002',''")->RecordCount(), 3);
+  EXPECT_EQ(Read("O0000100", "GetFindGoods", "'O00001004','Duona'")->RecordCount(), 0);
+}
+
+TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {
+  auto status = Type("O0000100").ExecCall("Orvel_DeleteObject", "'O00001002'", 0);
+  EXPECT_EQ(status.Number, TableBusinessObject::kBadCall);
+  EXPECT_EQ(status.Text, "Įrašas naudojamas dokumentuose: jo panaikinti negalima");
+  EXPECT_EQ(One("SELECT COUNT(*) FROM firms WHERE ID = 2"), Variant(1));
+  EXPECT_EQ(One("SELECT COUNT(*) FROM firm_branches WHERE FirmID = 2"), Variant(2));
+}
+
+// Calls that fail: the Number, and the database as it was.
+struct FailureCase {
+  bool action;
+  const char* name;
+  const char* param;
+  int32_t number;
+};
+
+class FirmFailureTest : public FirmCallsTest, public ::testing::WithParamInterface<FailureCase> {};
+
+TEST_P(FirmFailureTest, FailsWithItsNumberAndChangesNothing) {
+  const auto& c = GetParam();
+  Insert("INSERT INTO firm_info (FirmID, Info) VALUES (2, 'lieka')", {});
+  const std::string before = Snapshot();
+  int32_t number = 0;
+  std::string text;
+  if (c.action) {
+    auto status = Type("O0000100").ExecCall(c.name, c.param, 0);
+    number = status.Number;
+    text = status.Text;
+  } else {
+    auto reply = Type("O0000100").GetCall(c.name, c.param, 0);
+    number = reply.Number;
+    text = reply.Text;
+    EXPECT_EQ(reply.Object, nullptr);
+  }
+  EXPECT_EQ(number, c.number) << c.name << " [" << c.param << "]: " << text;
+  EXPECT_FALSE(text.empty());
+  EXPECT_EQ(Snapshot(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Firms, FirmFailureTest,
+    ::testing::Values(FailureCase{false, "GetFirmDebt", "O00003001", 5},
+                      FailureCase{false, "GetFirmDebt", "O000010099", 3021},
+                      FailureCase{false, "GetOurDebt", "", 5},
+                      FailureCase{false, "GetTypeAndRegion", "pirma", 5},
+                      FailureCase{false, "GetFirmInfo", "'O00001002'", 5},
+                      FailureCase{false, "GetFirmInfo", "'O00001002',x", 5},
+                      FailureCase{false, "GetTraffic", "'O00001002','vakar','2020-01-01'", 5},
+                      FailureCase{false, "CheckCode", "'O00001002','neuždaryta", 5},
+                      FailureCase{false, "CheckBranch", "'O00002001'", 5},
+                      FailureCase{true, "DeleteFirmInfo", "abc", 5},
+                      FailureCase{true, "DeleteFirmInfo", "99", 3021},
+                      FailureCase{true, "DeleteFirmInfo", "", 5}));
+
+// The sample database gives every list of the cards something to show.
+TEST(SampleDataCallsTest, TheSeededDatabaseAnswersTheCataloguesCalls) {
+  auto db = std::make_shared<SqliteDatabase>(":memory:");
+  ReferenceDatabase::CreateSchema(*db);
+  ReferenceDatabase::SeedSampleData(*db);
+  BusinessLayer layer(db);
+  auto one = [&](const std::string& sql) {
+    auto stmt = db->Prepare(sql);
+    stmt.Step();
+    return stmt.Column(0).NumberValue();
+  };
+  EXPECT_GT(one("SELECT COUNT(*) FROM documents"), 300);
+  EXPECT_GT(one("SELECT COUNT(*) FROM document_lines WHERE SerialNo IS NOT NULL"), 10);
+  EXPECT_GT(one("SELECT COUNT(*) FROM firm_info"), 10);
+  EXPECT_GT(one("SELECT COUNT(*) FROM goods_prices"), 300);
+  // Every firm with a debt answers it; a good bought in lots has rests.
+  const auto debtor = static_cast<int64_t>(
+      one("SELECT FirmID FROM documents WHERE Account = '240' AND Debt > 0 ORDER BY ID LIMIT 1"));
+  auto debt = layer.BusinessObject("O0000100")
+                  ->GetCall("GetFirmDebt", "O0000100" + std::to_string(debtor), 0);
+  ASSERT_EQ(debt.Number, 0) << debt.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(debt.Object);
+  rs->MoveFirst();
+  EXPECT_GT(CDbl(rs->Fields("Sum240").Value()), 0);
+  const auto lot =
+      static_cast<int64_t>(one("SELECT GoodID FROM document_lines WHERE Rest > 0 LIMIT 1"));
+  auto rests =
+      layer.BusinessObject("O0000200")->GetCall("GetRests", "O0000200" + std::to_string(lot), 0);
+  ASSERT_EQ(rests.Number, 0) << rests.Text;
+  EXPECT_GE(std::dynamic_pointer_cast<Recordset>(rests.Object)->RecordCount(), 2);
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,271 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CatalogueCallsFixture.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+
+// A small tree:  1 "12" Maisto prekės    6 "05" Paslaugos    7 "13" Tuščia
+//                ├ 2 "1207" Sūris 'Džiugas' (10.00)
+//                ├ 3 "1203" Pienas (20.00)
+//                └ 4 "1208" Pieno produktai
+//                   └ 5 "120801" Jogurtas (100.00)
+class GoodsCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  GoodsCallsTest() {
+    Insert("INSERT INTO users (ID, Name) VALUES (1, 'admin')", {});
+    Insert("INSERT INTO measures (Name, Code) VALUES ('vienetas', 'vnt.')", {});
+    const char* good =
+        "INSERT INTO goods (Name, Code, BarCode, ParentID, GroupFlag, Price, MeasureID, Garanty,"
+        " WithRest, Active) VALUES (?, ?, ?, ?, ?, ?, 1, 0, 1, 1)";
+    Insert(good, {"Maisto prekės", "12", Variant::Null(), Variant::Null(), 1, 0.0});
+    Insert(good, {"Sūris 'Džiugas'", "1207", "4770001", 1, 0, 10.0});
+    Insert(good, {"Pienas", "1203", "4770002", 1, 0, 20.0});
+    Insert(good, {"Pieno produktai", "1208", Variant::Null(), 1, 1, 0.0});
+    Insert(good, {"Jogurtas", "120801", "4770003", 4, 0, 100.0});
+    Insert(good, {"Paslaugos", "05", Variant::Null(), Variant::Null(), 1, 0.0});
+    Insert(good, {"Tuščia", "13", Variant::Null(), Variant::Null(), 1, 0.0});
+    Insert("INSERT INTO firms (Name, GroupFlag) VALUES ('UAB Tiekėjas', 0)", {});
+    const char* document =
+        "INSERT INTO documents (OType, DocName, Number, DocDate, FirmID, Account, Suma, Debt,"
+        " Sign, GID) VALUES (?, ?, ?, ?, 1, ?, 0, 0, ?, 1)";
+    Insert(document, {"O1000200", "Pirkimo sąskaita", "PIR1", DateSerial(2026, 1, 10), "450", -1});
+    Insert(document, {"O1000200", "Pirkimo sąskaita", "PIR2", DateSerial(2026, 2, 10), "450", -1});
+    Insert(document,
+           {"O1000100", "PVM sąskaita faktūra", "PSF1", DateSerial(2026, 3, 1), "240", 1});
+    const char* line =
+        "INSERT INTO document_lines (DocumentID, GoodID, Amount, Price, Rest, Reserved, Store,"
+        " SerialNo) VALUES (?, ?, ?, ?, ?, ?, ?, ?)";
+    Insert(line, {1, 2, 10.0, 8.0, 0.0, 0.0, "Centrinis", Variant::Null()});
+    Insert(line, {2, 2, 6.0, 8.5, 4.0, 1.0, "Kauno", "SN'01"});
+    Insert(line, {3, 2, 12.0, 10.0, 0.0, 0.0, "Centrinis", "SN'01"});
+    Insert(line, {2, 5, 5.0, 90.0, 5.0, 0.0, "Centrinis", "SN-77"});
+    const char* price =
+        "INSERT INTO goods_prices (GoodID, PriceType, Currency, Price, FirmID)"
+        " VALUES (?, ?, 'EUR', ?, ?)";
+    Insert(price, {2, "Mažmeninė", 10.0, Variant::Null()});
+    Insert(price, {2, "Didmeninė", 9.0, Variant::Null()});
+    Insert(price, {2, "Sutartinė", 8.5, 1});
+  }
+
+  std::string Field(int64_t id, const char* field) {
+    return Text(
+        One(std::string("SELECT ") + field + " FROM goods WHERE ID = " + std::to_string(id)));
+  }
+
+  std::vector<std::string> Fields3(const char* field) {
+    return {Field(2, field), Field(3, field), Field(5, field)};
+  }
+};
+
+// "GetStructuredCode" with the ParentID text the module sends.
+struct StructuredCase {
+  const char* param;
+  const char* parentCode;  // "" for Null
+  const char* maxCode;
+};
+
+class StructuredCodeTest : public GoodsCallsTest,
+                           public ::testing::WithParamInterface<StructuredCase> {};
+
+TEST_P(StructuredCodeTest, AnswersTheParentCodeAndTheHighestCodeUnderIt) {
+  const auto& c = GetParam();
+  auto rs = Read("O0000200", "GetStructuredCode", c.param);
+  ASSERT_NE(rs, nullptr);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  rs->MoveFirst();
+  EXPECT_EQ(ConcatText(rs->Fields("PARENTCODE").Value()), c.parentCode);
+  EXPECT_EQ(ConcatText(rs->Fields("MAXCODE").Value()), c.maxCode);
+}
+
+INSTANTIATE_TEST_SUITE_P(Goods, StructuredCodeTest,
+                         ::testing::Values(StructuredCase{"1", "12", "1208"},
+                                           StructuredCase{"4", "1208", "120801"},
+                                           StructuredCase{"0", "", "13"},
+                                           StructuredCase{"", "", "13"}));
+
+TEST_F(GoodsCallsTest, AnEmptyGroupHasNoHighestCode) {
+  auto rs = Read("O0000200", "GetStructuredCode", "7");
+  rs->MoveFirst();
+  EXPECT_EQ(ConcatText(rs->Fields("PARENTCODE").Value()), "13");
+  EXPECT_TRUE(rs->Fields("MAXCODE").Value().IsNull());
+}
+
+TEST_F(GoodsCallsTest, VatFactorIsTheDatabaseDefault) {
+  auto rs = Read("O0000200", "GetVatFactor", "O00002002");
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("Value").Value(), Variant(21));
+  Insert("UPDATE settings SET Value = '9' WHERE Name = 'VatFactor'", {});
+  rs = Read("O0000200", "GetVatFactor", "O00002002");
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("Value").Value(), Variant(9));
+}
+
+TEST_F(GoodsCallsTest, UsedInDocumentsCountsTheLinesOfAGoodOrAGroup) {
+  auto used = [&](const std::string& oidr) {
+    auto rs = Read("O0000200", "GetGoodIsUsedInDocuments", oidr);
+    rs->MoveFirst();
+    return Text(rs->Fields().Item(0).Value());
+  };
+  EXPECT_EQ(used("O00002002"), "3");
+  EXPECT_EQ(used("O00002003"), "0");
+  EXPECT_EQ(used("O00002001"), "4");
+  EXPECT_EQ(used(""), "0");
+}
+
+// The group changes with the argument as the price and guarantee dialogs
+// build it; the prices of goods 2, 3 and 5 after it.
+struct GroupChangeCase {
+  const char* call;
+  const char* argument;
+  const char* field;
+  std::vector<std::string> expected;
+};
+
+class GroupChangeTest : public GoodsCallsTest,
+                        public ::testing::WithParamInterface<GroupChangeCase> {};
+
+TEST_P(GroupChangeTest, ReachesTheGoodsItNames) {
+  const auto& c = GetParam();
+  Variant::Array array{Variant(c.argument)};
+  auto status = Type("O0000200").ExecArrayCall(c.call, "", array);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  EXPECT_EQ(Fields3(c.field), c.expected);
+  EXPECT_EQ(Field(4, "UpdatedByUser"), "") << "groups are not touched";
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Goods, GroupChangeTest,
+    ::testing::Values(GroupChangeCase{"UpdateGoodsPrice", "1,0,10", "Price", {"11", "22", "100"}},
+                      GroupChangeCase{
+                          "UpdateGoodsPrice", "1,1,-2.5", "Price", {"9.75", "19.5", "97.5"}},
+                      GroupChangeCase{"UpdateGoodsPrice", "4,0,100", "Price", {"10", "20", "200"}},
+                      GroupChangeCase{"UpdateGoodsPrice", "2,1,-100", "Price", {"0", "20", "100"}},
+                      GroupChangeCase{"UpdateGaranty", "1,1,24", "Garanty", {"24", "24", "24"}},
+                      GroupChangeCase{"UpdateGaranty", "1,0,6", "Garanty", {"6", "6", "0"}},
+                      GroupChangeCase{"UpdateGaranty", "4,0,1.5", "Garanty", {"0", "0", "1.5"}}));
+
+TEST_F(GoodsCallsTest, AChangedPriceRecordsWhoChangedIt) {
+  Variant::Array array{Variant("1,0,10")};
+  ASSERT_EQ(Type("O0000200").ExecArrayCall("UpdateGoodsPrice", "", array).Number, 0);
+  EXPECT_EQ(Field(2, "UpdatedByUser"), "rūta");
+  EXPECT_EQ(Field(5, "UpdatedByUser"), "");
+}
+
+TEST_F(GoodsCallsTest, CopyGoodKeepsTheFieldsAndPricesButNotTheCodes) {
+  auto rs = Read("O0000200", "CopyGood", "'O00002002','1'");
+  ASSERT_NE(rs, nullptr);
+  rs->MoveFirst();
+  EXPECT_EQ(ConcatText(rs->Fields("OIDR").Value()), "O00002008");
+  EXPECT_EQ(Field(8, "Name"), "Sūris 'Džiugas'");
+  EXPECT_EQ(Field(8, "Price"), "10");
+  EXPECT_EQ(Field(8, "ParentID"), "1");
+  EXPECT_EQ(Field(8, "CreatedByUser"), "admin");
+  EXPECT_TRUE(One("SELECT Code FROM goods WHERE ID = 8").IsNull());
+  EXPECT_TRUE(One("SELECT BarCode FROM goods WHERE ID = 8").IsNull());
+  EXPECT_THAT(Column(*Read("O0000200", "GetPrices", "O00002008"), "PriceType"),
+              ElementsAre("Didmeninė", "Mažmeninė", "Sutartinė"));
+}
+
+TEST_F(GoodsCallsTest, RestsListTheOpenLotsThenTheirTotal) {
+  auto rs = Read("O0000200", "GetRests", "O00002002");
+  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10002002", "O0000000"));
+  EXPECT_THAT(Column(*rs, "Rest"), ElementsAre("4", "4"));
+  EXPECT_THAT(Column(*rs, "Reserved"), ElementsAre("1", "1"));
+  EXPECT_THAT(Column(*rs, "Measure"), ElementsAre("vnt.", "vnt."));
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2026, 2, 10)));
+  EXPECT_EQ(ConcatText(rs->Fields("Addressee").Value()), "UAB Tiekėjas");
+  EXPECT_EQ(Text(rs->Fields("PriceSale").Value()), "10");
+  EXPECT_EQ(Read("O0000200", "GetRests", "O00002003")->RecordCount(), 0);
+}
+
+TEST_F(GoodsCallsTest, HistoryEndsWithWhatIsLeft) {
+  auto rs = Read("O0000200", "GetGoodHistory", "2");
+  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PIR1", "PIR2", "PSF1", ""));
+  EXPECT_THAT(Column(*rs, "Sign"), ElementsAre("0", "0", "1", "2"));
+  EXPECT_THAT(Column(*rs, "Amount"), ElementsAre("10", "6", "12", "4"));
+  EXPECT_THAT(Column(*rs, "Suma"), ElementsAre("80", "51", "120", ""));
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2026, 1, 10)));
+}
+
+TEST_F(GoodsCallsTest, TrafficOfAPeriodNewestFirstThenWhatCameInLessWhatWentOut) {
+  auto rs = Read("O0000200", "GetTraffic", "'O00002002','2026-02-01','9999-12-31'");
+  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF1", "PIR2", ""));
+  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10001003", "O10002002", "O0000000"));
+  EXPECT_THAT(Column(*rs, "Sign"), ElementsAre("1", "0", "2"));
+  EXPECT_THAT(Column(*rs, "PurchaseID"), ElementsAre("0", "2", ""));
+  EXPECT_THAT(Column(*rs, "Amount"), ElementsAre("12", "6", "-6"));
+  // The sale costs the average purchase price: (10 x 8 + 6 x 8.5) / 16.
+  EXPECT_THAT(Column(*rs, "Cost"), ElementsAre("98.25", "51", ""));
+  EXPECT_THAT(Column(*rs, "SourcerName"), ElementsAre("", "UAB Tiekėjas", ""));
+  EXPECT_EQ(Read("O0000200", "GetTraffic", "'O00002003','2026-01-01','2026-12-31'")->RecordCount(),
+            0);
+}
+
+TEST_F(GoodsCallsTest, FindGoodsSearchesSerialNumbersUnderTheRecord) {
+  auto rs = Read("O0000200", "GetFindGoods", "'O00002002','SN''");
+  EXPECT_THAT(Column(*rs, "SN"), ElementsAre("SN'01", "SN'01"));
+  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PIR2", "PSF1"));
+  EXPECT_THAT(Column(*Read("O0000200", "GetFindGoods", "'O00002001','SN'"), "SN"),
+              ElementsAre("SN'01", "SN'01", "SN-77"));
+  EXPECT_THAT(Column(*Read("O0000200", "GetFindGoods", "'O00002004','SN'"), "GName"),
+              ElementsAre("Jogurtas"));
+}
+
+// Failing calls: the Number, and the database as it was.
+struct GoodsFailureCase {
+  const char* op;  // "Get" or "Array"
+  const char* name;
+  const char* param;  // the parameter string, or the array's one argument
+  int32_t number;
+};
+
+class GoodsFailureTest : public GoodsCallsTest,
+                         public ::testing::WithParamInterface<GoodsFailureCase> {};
+
+TEST_P(GoodsFailureTest, FailsWithItsNumberAndChangesNothing) {
+  const auto& c = GetParam();
+  const std::string before = Snapshot();
+  int32_t number = 0;
+  std::string text;
+  if (std::string(c.op) == "Get") {
+    auto reply = Type("O0000200").GetCall(c.name, c.param, 0);
+    number = reply.Number;
+    text = reply.Text;
+  } else {
+    Variant::Array array;
+    if (*c.param) array.emplace_back(c.param);
+    auto status = Type("O0000200").ExecArrayCall(c.name, "", array);
+    number = status.Number;
+    text = status.Text;
+  }
+  EXPECT_EQ(number, c.number) << c.name << " [" << c.param << "]: " << text;
+  EXPECT_FALSE(text.empty());
+  EXPECT_EQ(Snapshot(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Goods, GoodsFailureTest,
+    ::testing::Values(GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,2,10", 5},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,-150", 5},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "99,0,5", 3021},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,0", 5},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,2,5", 5},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,abc", 5},
+                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "", 5},
+                      GoodsFailureCase{"Array", "UpdateGaranty", "1,1,-1", 5},
+                      GoodsFailureCase{"Get", "CopyGood", "'O00002001','1'", 5},
+                      GoodsFailureCase{"Get", "CopyGood", "'O000020099','1'", 3021},
+                      GoodsFailureCase{"Get", "CopyGood", "'O00002002'", 5},
+                      GoodsFailureCase{"Get", "GetStructuredCode", "3", 3021},
+                      GoodsFailureCase{"Get", "GetStructuredCode", "x", 5},
+                      GoodsFailureCase{"Get", "GetRests", "O00001002", 5},
+                      GoodsFailureCase{"Get", "GetGoodHistory", "O00002002", 5}));
+
+}  // namespace
+}  // namespace orvel
