@@ -14,5 +14,6 @@ int WalkFirms(orvel::TestHost& host);
 int WalkFirmCard(orvel::TestHost& host);
 int WalkGoods(orvel::TestHost& host);
 int WalkCurrencies(orvel::TestHost& host);
+int WalkReferenceBooks(orvel::TestHost& host);
 
 }  // namespace demo

@@ -1,0 +1,296 @@
+// The reference-book card: its group line and picker, the read-only card,
+// and the rules of writing, cancelling and starting a new record.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "ReferenceBookFixture.h"
+#include "reference/frmReferenceBook.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestGroupSelect.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+namespace {
+
+class FrmReferenceBookTest : public ReferenceBookTest {
+ protected:
+  void SetUp() override {
+    ReferenceBookTest::SetUp();
+    for (const char* book : {kBook, kLocations}) {
+      BO(book).Table().Seed(
+          {{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Grupė B")}}});
+    }
+    host_.Log().Clear();
+  }
+
+  // Opens a card the way the host does: the menu builds it, the window
+  // manager shows it.
+  std::shared_ptr<frmReferenceBook> Open(const std::string& oidr, const std::string& otype,
+                                         const std::string& key = "0",
+                                         const std::string& settings = "") {
+    auto adapter = Adapter(oidr.substr(0, 8));
+    adapter->GetMenu(oidr, otype, settings);
+    auto window = adapter->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmReferenceBook>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    ClearCalls();
+    return window;
+  }
+
+  FakeOrvelGrid& Grid(frmReferenceBook& window) {
+    return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid);
+  }
+
+  struct Buttons {
+    bool write, cancel, fresh;
+    friend bool operator==(const Buttons&, const Buttons&) = default;
+  };
+  static Buttons ButtonsOf(frmReferenceBook& w) {
+    return {w.cmdWrite.Enabled(), w.cmdCancel.Enabled(), w.SSCNew.Enabled()};
+  }
+  static constexpr Buttons kClean{false, false, true};
+  static constexpr Buttons kDirty{true, true, false};
+
+  std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
+};
+
+TEST_F(FrmReferenceBookTest, ACardInAGroupShowsTheGroupAndStartsClean) {
+  auto w = Open("O00016022", "T");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
+  EXPECT_EQ(w->lblGroup.Caption(), "Grupės pavadinimas");
+  EXPECT_EQ(w->SOPanel.Caption(), " " + w->OrvelObjectUIO()->OName());
+  EXPECT_EQ(w->GroupID(), 1);
+  EXPECT_EQ(w->BookOID(), kBook);
+  EXPECT_FALSE(w->IsNew());
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_TRUE(w->cmdGroup.Enabled());
+  EXPECT_EQ(Grid(*w).LabelWidth(), frmReferenceBook::kLabelWidth);
+}
+
+TEST_F(FrmReferenceBookTest, ARecordAtTheTopShowsNoGroupWhateverItIsGiven) {
+  auto w = Adapter(kBook)->ClickMenu("O00016023", "T", "0", "").Value.ObjectAs<frmReferenceBook>();
+  ASSERT_TRUE(w);
+  w->mGroupName = "Pasenęs pavadinimas";
+  host_.WindowManager()->ShowWindow(w);
+  EXPECT_EQ(w->txtGroup.Text(), "");
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+}
+
+TEST_F(FrmReferenceBookTest, AReadOnlyCardTakesNoEditAndOffersNoNewRecord) {
+  auto w = Open("O00016022", "T", "0", "ReadOnly");
+  ASSERT_TRUE(w);
+  EXPECT_TRUE(w->boolReadOnly);
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdGroup.Enabled());
+  Grid(*w).EditField("Name", Variant("Kitas"));
+  w->txtGroup.SetText("ranka");
+  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, false, false}));
+}
+
+TEST_F(FrmReferenceBookTest, AnEditEnablesWriteAndTheWriteStoresTheGroup) {
+  auto w = Open("O00016022", "T");
+  Grid(*w).EditField("Name", Variant("Vidinis 2"));
+  EXPECT_EQ(ButtonsOf(*w), kDirty);
+  w->cmdWrite.Click();
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_EQ(BO(kBook).Table().Value(2, "Name"), Variant("Vidinis 2"));
+  EXPECT_EQ(CLng(BO(kBook).Table().Value(2, "ParentID")), 1);
+  auto saves = BO(kBook).Calls("Orvel_SaveObject");
+  ASSERT_EQ(saves.size(), 1u);
+  EXPECT_EQ(saves[0].param, "'O0001602','O00016022'");
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00016022"});
+  EXPECT_TRUE(host_.Rights()->SetRights().empty());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmReferenceBookTest, ClosingWithUnsavedChangesAsksFirst) {
+  auto w = Open("O00016022", "T");
+  Grid(*w).EditField("Name", Variant("x"));
+  host_.Ui()->QueueAnswer(vbNo);
+  w->SSCClose.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"52 " + w->SOPanel.Caption() +
+                                              "\n\nUždaryti be išsaugojimo?"});
+  EXPECT_TRUE(w->Loaded());
+}
+
+TEST_F(FrmReferenceBookTest, AFailedWriteKeepsTheValuesAndTheWriteButton) {
+  auto w = Open("O00016022", "T");
+  BO(kBook).FailCallsNamed("Orvel_SaveObject", 3604, "Toks pavadinimas jau yra");
+  Grid(*w).EditField("Name", Variant("Grupė A"));
+  w->cmdWrite.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Įrašymas neatliktas!\nToks pavadinimas jau yra"});
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, w->MsgTitle());
+  EXPECT_EQ(ButtonsOf(*w), kDirty);
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Grupė A"));
+  EXPECT_EQ(BO(kBook).Table().Value(2, "Name"), Variant("Vidinis"));
+  EXPECT_TRUE(WindowLines().empty());
+}
+
+struct PickCase {
+  const char* oidr;        // of the card
+  const char* resultOIDR;  // the picker's answer
+  const char* resultName;
+  int groupId;  // after the pick
+  const char* text;
+  bool changed;
+};
+
+class FrmReferenceBookPickTest : public FrmReferenceBookTest,
+                                 public ::testing::WithParamInterface<PickCase> {};
+
+TEST_P(FrmReferenceBookPickTest, ThePickedGroupMovesTheRecord) {
+  const PickCase& c = GetParam();
+  auto w = Open(c.oidr, "T");
+  ASSERT_TRUE(w);
+  std::string before = w->txtGroup.Text();
+  host_.HostClasses()->QueueGroupSelect(c.resultOIDR, c.resultName, "Group");
+  w->cmdGroup.Click();
+  auto picker = host_.HostClasses()->LastGroupSelect();
+  ASSERT_NE(picker, nullptr);
+  EXPECT_EQ(picker->OType(), kBook);
+  EXPECT_EQ(picker->RootOType(), kBook);
+  EXPECT_EQ(picker->SelectKind(), "Group");
+  EXPECT_EQ(picker->Caption(), "Parinkite objektą");
+  EXPECT_EQ(w->GroupID(), c.groupId);
+  EXPECT_EQ(w->txtGroup.Text(), c.text);
+  EXPECT_EQ(ButtonsOf(*w), c.changed ? kDirty : kClean);
+  if (!c.changed) {
+    EXPECT_EQ(w->txtGroup.Text(), before);
+    return;
+  }
+  w->cmdWrite.Click();
+  EXPECT_EQ(
+      NullToLong(BO(kBook).Table().Value(std::stoi(std::string(c.oidr).substr(8)), "ParentID")),
+      c.groupId);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, FrmReferenceBookPickTest,
+    ::testing::Values(
+        // Another group, reached through a path of the tree.
+        PickCase{"O00016022", "O0001600O0001602O00016025", "Grupė B", 5, "Grupė B", true},
+        // The same group again changes nothing, whatever name comes back.
+        PickCase{"O00016022", "O00016021", "Kitas vardas", 1, "Grupė A", false},
+        // The book's root: to the top.
+        PickCase{"O00016022", "O0001600O0001602", "Žinynas", 0, "", true},
+        // The root for a record already at the top changes nothing.
+        PickCase{"O00016023", "O0001602", "Žinynas", 0, "", false},
+        // Cancelled, or an answer naming no record.
+        PickCase{"O00016022", "", "", 1, "Grupė A", false},
+        PickCase{"O00016022", "1602", "x", 1, "Grupė A", false},
+        PickCase{"O00016022", "O0001602x7", "x", 1, "Grupė A", false}));
+
+struct LockCase {
+  const char* book;
+  const char* key;    // of the new record's menu
+  const char* right;  // "" for none
+};
+
+class FrmReferenceBookLockTest : public FrmReferenceBookTest,
+                                 public ::testing::WithParamInterface<LockCase> {};
+
+TEST_P(FrmReferenceBookLockTest, OnlyANewLocationRegistersItsLock) {
+  const LockCase& c = GetParam();
+  auto w = Open(c.book, "C", c.key);
+  ASSERT_TRUE(w);
+  EXPECT_TRUE(w->IsNew());
+  Grid(*w).EditField("Name", Variant("Naujas"));
+  w->cmdWrite.Click();
+  ASSERT_EQ(w->OrvelObjectUIO()->OIDR(), std::string(c.book) + "6");
+  EXPECT_FALSE(w->IsNew());
+  using Right = std::pair<std::string, std::string>;
+  std::vector<Right> expected;
+  if (*c.right) expected.push_back({c.right, "1111"});
+  EXPECT_EQ(host_.Rights()->SetRights(), expected);
+  // A second write of the stored record registers nothing more.
+  Grid(*w).EditField("Name", Variant("Naujas 2"));
+  w->cmdWrite.Click();
+  EXPECT_EQ(host_.Rights()->SetRights(), expected);
+}
+
+INSTANTIATE_TEST_SUITE_P(Books, FrmReferenceBookLockTest,
+                         ::testing::Values(LockCase{kLocations, "1", "CLocationLock6"},
+                                           LockCase{kLocations, "2", "CLocationLock6"},
+                                           LockCase{kBook, "1", ""}));
+
+TEST_F(FrmReferenceBookTest, ANewRecordIsWrittenInItsGroupAndKind) {
+  auto w = Open("O00016021", "Group", "3");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
+  EXPECT_EQ(w->lblGroup.Caption(), "Aukštesnio lygio grupė");
+  Grid(*w).EditField("Name", Variant("Pogrupis"));
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(BO(kBook).Table().Value(6, "ParentID")), 1);
+  EXPECT_EQ(CLng(BO(kBook).Table().Value(6, "GroupFlag")), 1);
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00016026"});
+  EXPECT_EQ(w->mGroupName, "Grupė A");
+}
+
+TEST_F(FrmReferenceBookTest, CancelOnANewRecordKeepsItsGroupAndKind) {
+  auto w = Open("O00016021", "Group", "3");
+  ASSERT_TRUE(w);
+  Grid(*w).EditField("Name", Variant("Pogrupis"));
+  w->cmdCancel.Click();
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  auto& object = *w->OrvelObjectUIO();
+  EXPECT_EQ(CLng(object.Fields("ParentID").Value()), 1);
+  EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), 1);
+  EXPECT_NE(object.Fields("Name").Value(), Variant("Pogrupis"));
+  EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
+}
+
+TEST_F(FrmReferenceBookTest, CancelAfterAMoveShowsAndKeepsTheStoredGroup) {
+  auto w = Open("O00016022", "T");
+  host_.HostClasses()->QueueGroupSelect("O00016025", "Grupė B", "Group");
+  w->cmdGroup.Click();
+  w->cmdCancel.Click();
+  EXPECT_EQ(w->GroupID(), 1);
+  EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
+  Grid(*w).EditField("Name", Variant("Vidinis 2"));
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(BO(kBook).Table().Value(2, "ParentID")), 1);
+}
+
+TEST_F(FrmReferenceBookTest, ACancelThatCannotReadClosesTheCard) {
+  auto w = Open("O00016022", "T");
+  Grid(*w).EditField("Name", Variant("x"));
+  BO(kBook).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
+  w->cmdCancel.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Įrašas nerastas"});
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"RemoveWindow O00016022 True"});
+}
+
+TEST_F(FrmReferenceBookTest, NewBesideAStoredRecordKeepsItsGroupAndKind) {
+  auto w = Open("O00016021", "Group");
+  ASSERT_TRUE(w);
+  w->SSCNew.Click();
+  auto& object = *w->OrvelObjectUIO();
+  EXPECT_EQ(object.OIDR(), kBook);
+  EXPECT_TRUE(w->IsNew());
+  EXPECT_EQ(CLng(object.Fields("ParentID").Value()), 0);
+  EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), 1);
+  // The sheet is drawn again from the book's structure.
+  EXPECT_EQ(Calls(kBook),
+            (std::vector<std::string>{"Orvel_NewObject 'O0001602'", "GetStructure "}));
+  auto lines = WindowLines();
+  ASSERT_EQ(lines.size(), 2u);
+  EXPECT_EQ(lines[0], "QueryRemove O00016021 True");
+  EXPECT_EQ(lines[1].rfind("Rekey O00016021", 0), 0u) << lines[1];
+  EXPECT_NE(std::find(Grid(*w).Operations().begin(), Grid(*w).Operations().end(), "ClearTabs"),
+            Grid(*w).Operations().end());
+}
+
+TEST_F(FrmReferenceBookTest, NewOnANewRecordDoesNothingAtAll) {
+  auto w = Open(kBook, "C", "1");
+  ASSERT_TRUE(w);
+  w->SSCNew.Click();
+  EXPECT_TRUE(Calls(kBook).empty());
+  EXPECT_TRUE(WindowLines().empty());
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,441 @@
+// The reference family's adapter pair: menus, the keys of the tree, the list
+// and filter parameter strings, the books treated apart, and the properties
+// and methods other windows and modules reach a record by.
+#include <gtest/gtest.h>
+
+#include "ReferenceBookFixture.h"
+#include "adapters/UI0001600.h"
+#include "lists/frmReferenceBookPreview.h"
+#include "module/ClassFactory.h"
+#include "reference/frmReferenceBook.h"
+#include "testhost/TestObjectSelect.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+namespace {
+
+std::string Keys(const std::optional<OrvelMenuItems>& menu) {
+  std::string keys;
+  for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
+  return keys;
+}
+
+// ---- menus ----
+
+struct MenuCase {
+  const char* oidr;
+  const char* otype;
+  const char* settings;
+  const char* keys;  // "" for an empty menu
+};
+
+class ReferenceMenuTest : public ReferenceBookTest,
+                          public ::testing::WithParamInterface<MenuCase> {};
+
+TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
+  const MenuCase& c = GetParam();
+  std::string oidr = c.oidr;
+  auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
+  ASSERT_TRUE(menu);
+  EXPECT_EQ(Keys(menu), c.keys);
+  EXPECT_TRUE(Calls(kBook).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Table, ReferenceMenuTest,
+                         ::testing::Values(
+                             // The family's root and an unclassified eight-character node: none.
+                             MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001600", "", "", ""},
+                             MenuCase{"O0001602", "", "", ""},
+                             // A book is no root: its OID does not end in "00".
+                             MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
+                             MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
+                             MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
+                             MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
+                             MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
+                             MenuCase{"O00016021", "Group", "GroupsDisabled",
+                                      "0 5 1 6 4 100 7 100"},
+                             MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
+                             MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
+                             MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
+                             // Only a stored record goes on the desktop.
+                             MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
+                             MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
+                             // An unknown kind keeps only the help part.
+                             MenuCase{"O00016022", "X", "", "100 7 100"},
+                             // Matching is by case, as the host writes the flags.
+                             MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
+
+TEST_F(ReferenceBookTest, MenuCaptionsOfAGroup) {
+  auto menu = Adapter(kBook)->GetMenu("O00016021", "Group", "");
+  ASSERT_TRUE(menu);
+  std::vector<std::string> captions;
+  for (const auto& item : *menu) captions.push_back(item.Caption);
+  EXPECT_EQ(captions, (std::vector<std::string>{"Padėti &ant darbo stalo", "Sukurti p&ogrupį",
+                                                "Pa&rodyti", "Pridėti &naują įrašą", "&Panaikinti",
+                                                "&Atrinkti", "-", "Pagalba", "-"}));
+  auto book = Adapter(kBook)->GetMenu(kBook, "C", "");
+  EXPECT_EQ((*book)[0].Caption, "Sukurti naują &grupę");
+}
+
+// ---- the family and the books treated apart ----
+
+struct ClassCase {
+  const char* name;
+  const char* made;  // "UI", "UIO" or "" for none
+};
+
+class ReferenceClassTest : public ::testing::TestWithParam<ClassCase> {};
+
+TEST_P(ReferenceClassTest, EveryBookOfTheFamilyIsServedByThePair) {
+  const ClassCase& c = GetParam();
+  auto object = ClassFactory::Create(c.name);
+  std::string made = std::dynamic_pointer_cast<UIO0001600>(object)  ? "UIO"
+                     : std::dynamic_pointer_cast<UI0001600>(object) ? "UI"
+                                                                    : "";
+  EXPECT_EQ(made, c.made);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, ReferenceClassTest,
+    ::testing::Values(ClassCase{"UI0001600", "UI"}, ClassCase{"UIO0001600", "UIO"},
+                      ClassCase{"UI0001605", "UI"}, ClassCase{"UIO0001615", "UIO"},
+                      ClassCase{"UI0001699", "UI"}, ClassCase{"UI0001700", ""},
+                      ClassCase{"UI000160", ""}, ClassCase{"UI00016055", ""},
+                      ClassCase{"UI00016x5", ""}, ClassCase{"UIO000160-", ""}, ClassCase{"", ""}));
+
+struct ListCase {
+  const char* adapter;
+  const char* oidr;
+  const char* param;  // of Orvel_GetObjectList
+};
+
+class ReferenceListTest : public ReferenceBookTest,
+                          public ::testing::WithParamInterface<ListCase> {};
+
+TEST_P(ReferenceListTest, TheListCallCarriesTheUserOnlyForLocations) {
+  const ListCase& c = GetParam();
+  Adapter(c.adapter)->GetOrvelObjectList(c.oidr, "Group", "ReadOnly");
+  EXPECT_EQ(Calls(c.adapter),
+            std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
+}
+
+INSTANTIATE_TEST_SUITE_P(Books, ReferenceListTest,
+                         ::testing::Values(ListCase{kBook, "", "'O0001602'"},
+                                           ListCase{kBook, "O00016021", "'O00016021'"},
+                                           ListCase{kLocations, "", "'u7', 'O0001605'"},
+                                           ListCase{kLocations, "O0001605", "'u7', 'O0001605'"},
+                                           // A record of the locations ends otherwise: no user.
+                                           ListCase{kLocations, "O00016051", "'O00016051'"}));
+
+TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
+  auto object = Adapter(kBook)->GetOrvelObject("");
+  ASSERT_NE(object, nullptr);
+  EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_NewObject 'O0001602'"});
+  EXPECT_EQ(object->OIDR(), kBook);
+  EXPECT_NE(std::dynamic_pointer_cast<UIO0001600>(object), nullptr);
+}
+
+// ---- keys ----
+
+TEST_F(ReferenceBookTest, ShowOpensTheListWindowOfTheNode) {
+  auto result = Adapter(kBook)->ClickMenu("O00016021", "Group", "5", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<frmReferenceBookPreview>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->ObjectUIO->OIDR(), "O00016021");
+  EXPECT_EQ(window->ListArgument, "O00016021");
+  EXPECT_FALSE(window->Loaded());
+}
+
+struct OpenCase {
+  const char* oidr;
+  const char* settings;
+  const char* groupName;
+  bool readOnly;
+};
+
+class ReferenceOpenTest : public ReferenceBookTest,
+                          public ::testing::WithParamInterface<OpenCase> {};
+
+TEST_P(ReferenceOpenTest, OpenGivesTheCardItsGroupAndTheReadOnlyFlag) {
+  const OpenCase& c = GetParam();
+  auto adapter = Adapter(kBook);
+  adapter->GetMenu(c.oidr, "T", c.settings);
+  auto result = adapter->ClickMenu(c.oidr, "T", "0", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<frmReferenceBook>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), c.oidr);
+  EXPECT_EQ(window->mGroupName, c.groupName);
+  EXPECT_EQ(window->boolReadOnly, c.readOnly);
+}
+
+INSTANTIATE_TEST_SUITE_P(Records, ReferenceOpenTest,
+                         ::testing::Values(OpenCase{"O00016022", "", "Grupė A", false},
+                                           OpenCase{"O00016022", "ReadOnly", "Grupė A", true},
+                                           OpenCase{"O00016023", "", "", false},
+                                           OpenCase{"O00016021", "", "", false}));
+
+struct NewCase {
+  const char* key;
+  const char* oidr;
+  const char* otype;
+  int parentId;
+  int groupFlag;
+  const char* groupName;
+};
+
+class ReferenceNewTest : public ReferenceBookTest, public ::testing::WithParamInterface<NewCase> {};
+
+TEST_P(ReferenceNewTest, ANewRecordStartsInTheRightGroupAndKind) {
+  const NewCase& c = GetParam();
+  auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<frmReferenceBook>();
+  ASSERT_NE(window, nullptr);
+  auto& object = *window->OrvelObjectUIO();
+  EXPECT_EQ(object.OIDR(), kBook);
+  EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
+  EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
+  EXPECT_EQ(window->mGroupName, c.groupName);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Keys, ReferenceNewTest,
+                         ::testing::Values(NewCase{"2", kBook, "C", 0, 1, ""},
+                                           NewCase{"3", "O00016021", "Group", 1, 1, "Grupė A"},
+                                           NewCase{"1", kBook, "C", 0, 0, ""},
+                                           NewCase{"1", "O00016021", "Group", 1, 0, "Grupė A"},
+                                           // Beside an entry: in the entry's group.
+                                           NewCase{"1", "O00016022", "T", 1, 0, "Grupė A"},
+                                           NewCase{"1", "O00016023", "", 0, 0, ""}));
+
+struct GoneCase {
+  const char* key;
+  const char* oidr;
+  const char* otype;
+  const char* box;
+};
+
+class ReferenceNewGoneTest : public ReferenceBookTest,
+                             public ::testing::WithParamInterface<GoneCase> {};
+
+TEST_P(ReferenceNewGoneTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
+  const GoneCase& c = GetParam();
+  auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_EQ(Boxes(), std::vector<std::string>{std::string("16 ") + c.box});
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+  EXPECT_EQ(BO(kBook).Calls("Orvel_NewObject").size(), 0u);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ReferenceNewGoneTest,
+    ::testing::Values(GoneCase{"5", "O00016028", "T", "Objektas panaikintas !"},
+                      GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
+                      GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
+                      GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
+                      GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
+                      GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
+                      GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}));
+
+TEST_F(ReferenceBookTest, DeleteAsksYesOrNo) {
+  auto adapter = Adapter(kBook);
+  host_.Ui()->QueueAnswer(vbNo);
+  EXPECT_EQ(adapter->ClickMenu("O00016023", "T", "6", "").Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(BO(kBook).Table().Contains(3));
+  EXPECT_EQ(adapter->ClickMenu("O00016023", "T", "6", "").Action, OrvelMenuResult::kRemoved);
+  EXPECT_FALSE(BO(kBook).Table().Contains(3));
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"52 Ar tikrai norite panaikinti?",
+                                               "52 Ar tikrai norite panaikinti?"}));
+  // A refused delete leaves the node in the tree.
+  BO(kBook).FailCallsNamed("Orvel_DeleteObject", 547, "Naudojamas");
+  EXPECT_EQ(adapter->ClickMenu("O00016022", "T", "6", "").Action, OrvelMenuResult::kNothing);
+}
+
+struct FilterCase {
+  const char* key;
+  const char* oidr;
+  const char* param;
+};
+
+class ReferenceFilterTest : public ReferenceBookTest,
+                            public ::testing::WithParamInterface<FilterCase> {};
+
+TEST_P(ReferenceFilterTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
+  const FilterCase& c = GetParam();
+  std::string book = std::string(c.oidr).substr(0, 8);
+  host_.HostClasses()->QueueObjectSelect("vid");
+  auto result = Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
+  const auto& value = result.Value.ArrayValue();
+  ASSERT_EQ(value.size(), 2u);
+  EXPECT_NE(value[0].ObjectAs<Recordset>(), nullptr);
+  EXPECT_EQ(value[1], Variant(c.param));
+  EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
+  EXPECT_EQ(host_.HostClasses()->LastObjectSelect()->OType(), book);
+  EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));
+}
+
+TEST_P(ReferenceFilterTest, NoTextNoList) {
+  const FilterCase& c = GetParam();
+  std::string book = std::string(c.oidr).substr(0, 8);
+  auto result = Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(Calls(book).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(MenuAndChord, ReferenceFilterTest,
+                         ::testing::Values(FilterCase{"4", "O00016021", "'vid','O00016021'"},
+                                           FilterCase{"70S2", kBook, "'vid','O0001602'"},
+                                           // Any node of the locations carries the user first.
+                                           FilterCase{"4", "O00016051", "'u7','vid','O00016051'"},
+                                           FilterCase{"70S2", kLocations,
+                                                      "'u7','vid','O0001605'"}));
+
+TEST_F(ReferenceBookTest, RefreshListsTheNodeAgain) {
+  for (const char* book : {kBook, kLocations}) {
+    auto result = Adapter(book)->ClickMenu(book, "C", "116S0", "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
+    ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
+    EXPECT_EQ(result.Value.ArrayValue()[1], Variant(""));
+  }
+  EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_GetObjectList 'O0001602'"});
+  EXPECT_EQ(Calls(kLocations), std::vector<std::string>{"Orvel_GetObjectList 'u7', 'O0001605'"});
+}
+
+TEST_F(ReferenceBookTest, HelpOpensTheReferencePage) {
+  EXPECT_EQ(Adapter(kBook)->ClickMenu(kBook, "C", "7", "").Action, OrvelMenuResult::kNothing);
+  auto entries = host_.Log().Entries(Channel::Host);
+  ASSERT_EQ(entries.size(), 1u);
+  EXPECT_EQ(entries[0].op, "ExecCommand");
+  ASSERT_EQ(entries[0].args.size(), 3u);
+  EXPECT_EQ(entries[0].args[0], "ShowHelp");
+  EXPECT_EQ(entries[0].args[1], "Žinynai");
+  EXPECT_TRUE(entries[0].args[2].ends_with("help\\zinynai.htm")) << entries[0].args[2];
+}
+
+// ---- properties and methods ----
+
+class ReferenceRecordTest : public ReferenceBookTest {
+ protected:
+  std::shared_ptr<OrvelObjectUIO> Record(const char* oidr) {
+    auto object = Adapter(kBook)->GetOrvelObject(oidr);
+    ClearCalls();
+    return object;
+  }
+};
+
+struct PropertyCase {
+  const char* name;
+  const char* par;
+  const char* call;  // "<name> <param>"
+};
+
+class ReferencePropertyTest : public ReferenceRecordTest,
+                              public ::testing::WithParamInterface<PropertyCase> {};
+
+TEST_P(ReferencePropertyTest, APropertyIsAGetCallWithTheParameterAsGiven) {
+  const PropertyCase& c = GetParam();
+  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"});
+  BO(kBook).ReplyRead(std::string("Get") + c.name, rs);
+  auto result = Record("O00016022")->Properties(c.name, c.par);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
+                         ::testing::Values(PropertyCase{"ExtPropertiesByOID", "'O00001005'",
+                                                        "GetExtPropertiesByOID 'O00001005'"},
+                                           // No OIDR stands in for an empty parameter.
+                                           PropertyCase{"Structure", "", "GetStructure "},
+                                           PropertyCase{"FirmBranches", "'O00001005',2",
+                                                        "GetFirmBranches 'O00001005',2"}));
+
+TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
+  BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
+  auto result = Record("O00016022")->Properties("Rows", "x");
+  EXPECT_EQ(result.Number, 13);
+  EXPECT_EQ(result.Text, "Netinkamas parametras");
+  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Netinkamas parametras"});
+  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+}
+
+TEST_F(ReferenceRecordTest, ParentOfATopRecordIsNothingWithoutACall) {
+  auto result = Record("O00016023")->Properties("Parent", "");
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_TRUE(Calls(kBook).empty());
+}
+
+TEST_F(ReferenceRecordTest, ParentOfARecordInAGroupIsTheGroup) {
+  auto result = Record("O00016022")->Properties("Parent", "");
+  EXPECT_EQ(result.Number, 0);
+  auto parent = result.Value.ObjectAs<OrvelObjectUIO>();
+  ASSERT_NE(parent, nullptr);
+  EXPECT_EQ(parent->OIDR(), "O00016021");
+  EXPECT_EQ(parent->Preview(), "Grupė A");
+  EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_ReadObject 'O00016021'"});
+  // A group that is gone: still Number 0, and nothing.
+  auto orphan = Record("O00016024")->Properties("Parent", "");
+  EXPECT_EQ(orphan.Number, 0);
+  EXPECT_EQ(orphan.Value.ObjectAs<OrvelObjectUIO>(), nullptr);
+}
+
+TEST_F(ReferenceRecordTest, TheCardsAreBuiltWithoutACall) {
+  auto record = Record("O00016022");
+  auto onRecord = record->Properties("GetObjectForm", "").Value.ObjectAs<frmReferenceBook>();
+  ASSERT_NE(onRecord, nullptr);
+  EXPECT_EQ(onRecord->OrvelObjectUIO(), record);
+  EXPECT_FALSE(onRecord->Loaded());
+  Variant::Array none;
+  auto bare = record->Methods("GetForm", none).Value.ObjectAs<frmReferenceBook>();
+  ASSERT_NE(bare, nullptr);
+  EXPECT_EQ(bare->OrvelObjectUIO(), nullptr);
+  EXPECT_TRUE(Calls(kBook).empty());
+}
+
+struct MethodCase {
+  const char* name;
+  Variant::Array params;
+  const char* call;
+};
+
+class ReferenceMethodTest : public ReferenceRecordTest,
+                            public ::testing::WithParamInterface<MethodCase> {};
+
+TEST_P(ReferenceMethodTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
+  const MethodCase& c = GetParam();
+  Variant::Array params = c.params;
+  auto result = Record("O00016022")->Methods(c.name, params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, ReferenceMethodTest,
+    ::testing::Values(MethodCase{"MoveRows", {}, "MoveRows "},
+                      MethodCase{"MoveRows", {Variant("'O00016022',3")}, "MoveRows 'O00016022',3"},
+                      // Numbers go with "." and further parameters are dropped.
+                      MethodCase{"SetRate", {Variant(1.5), Variant("x")}, "SetRate 1.5"}));
+
+TEST_F(ReferenceRecordTest, OnlyNumber777IsShownToTheUser) {
+  Variant::Array none;
+  BO(kBook).FailCallsNamed("Close", 777, "Laikotarpis uždarytas");
+  auto shown = Record("O00016022")->Methods("Close", none);
+  EXPECT_EQ(shown.Number, 777);
+  EXPECT_EQ(shown.Text, "Laikotarpis uždarytas");
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Laikotarpis uždarytas"});
+
+  BO(kBook).FailCallsNamed("Open", 5, "Klaida");
+  auto quiet = Record("O00016022")->Methods("Open", none);
+  EXPECT_EQ(quiet.Number, 5);
+  EXPECT_EQ(quiet.Text, "Klaida");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+}  // namespace
+}  // namespace orvel
