@@ -1,17 +1,17 @@
 #include "bizlayer/BusinessLayer.h"
 
 #include "bizlayer/CatalogueCalls.h"
+#include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/SqliteError.h"
 #include "bizlayer/TableBusinessObject.h"
-#include "bizlayer/TableSpec.h"
 #include "host/MemoryRecordset.h"
 
 namespace orvel {
 
 BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move(db)) {
-  for (const auto& spec : Catalogues()) {
-    objects_[spec.oid] = std::make_shared<TableBusinessObject>(db_, spec);
+  for (const auto& catalogue : Catalogues()) {
+    objects_[catalogue.oid] = std::make_shared<TableBusinessObject>(db_, catalogue);
   }
   AddBankCalls(*objects_.at("O0000300"));
   AddFirmCalls(*objects_.at("O0000100"));
@@ -58,7 +58,8 @@ OrvelResult BusinessLayer::ServiceCall(const std::string& name, const std::strin
       auto object = BusinessObject(param);
       auto rs = std::make_shared<MemoryRecordset>(
           std::vector<std::string>{"GroupPreviewFieldName", "GroupPreviewFieldCaption"});
-      if (object && object->Spec().grouped) rs->AddRow({Variant("Name"), Variant("Pavadinimas")});
+      if (object && object->Catalogue().grouped)
+        rs->AddRow({Variant("Name"), Variant("Pavadinimas")});
       rs->MoveFirst();
       return OrvelResult{0, "", Variant(rs)};
     }

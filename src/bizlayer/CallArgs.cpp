@@ -81,17 +81,17 @@ Variant IdOrNull(const std::optional<int64_t>& id) { return id ? Variant(*id) : 
 
 std::optional<int64_t> OptionalRecord(const TableBusinessObject& object, const std::string& oidr,
                                       const std::string& call) {
-  if (oidr.empty() || oidr == object.Spec().oid) return std::nullopt;
+  if (oidr.empty() || oidr == object.Catalogue().oid) return std::nullopt;
   if (auto id = object.IdOf(oidr)) return id;
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     call + ": [" + oidr + "] is not a record of " + object.Spec().oid);
+                     call + ": [" + oidr + "] is not a record of " + object.Catalogue().oid);
 }
 
 int64_t Record(const TableBusinessObject& object, const std::string& oidr,
                const std::string& call) {
   if (auto id = OptionalRecord(object, oidr, call)) return *id;
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     call + ": expected the OIDR of a record of " + object.Spec().oid);
+                     call + ": expected the OIDR of a record of " + object.Catalogue().oid);
 }
 
 }  // namespace orvel::callargs

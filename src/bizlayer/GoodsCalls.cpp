@@ -176,7 +176,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
     }
     std::string columns;
     std::string values;
-    for (const auto& field : goods.Spec().fields) {
+    for (const auto& field : goods.Catalogue().fields) {
       columns += (columns.empty() ? "" : ", ") + field.name;
       std::string value = field.name;
       if (field.name == "Code" || field.name == "BarCode" || field.name == "UpdatedByUser" ||

@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/TableSpec.h"
 #include "host/Convert.h"
 
 namespace orvel {
@@ -31,32 +31,33 @@ class SampleRandom {
   uint32_t state_;
 };
 
-void DescribeCatalogue(SqliteDatabase& db, const TableSpec& spec);
+void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue);
 
-void CreateCatalogueTable(SqliteDatabase& db, const TableSpec& spec) {
-  std::string sql = "CREATE TABLE " + spec.table + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
-  for (const auto& field : spec.fields) {
+void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
+  std::string sql = "CREATE TABLE " + catalogue.name + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
+  for (const auto& field : catalogue.fields) {
     sql += ", " + field.name + " " + SqlTypeName(field.type);
   }
   sql += ")";
   db.Exec(sql);
-  if (spec.grouped) {
-    db.Exec("CREATE INDEX " + spec.table + "_parent ON " + spec.table + " (ParentID, Name)");
+  if (catalogue.grouped) {
+    db.Exec("CREATE INDEX " + catalogue.name + "_parent ON " + catalogue.name +
+            " (ParentID, Name)");
   }
-  DescribeCatalogue(db, spec);
+  DescribeCatalogue(db, catalogue);
 }
 
 // The card's fields of a type in the table of field descriptions.
-void DescribeCatalogue(SqliteDatabase& db, const TableSpec& spec) {
+void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
   auto describe = db.Prepare(
       "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
       "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
-  describe.BindAll(spec.structureName, 0, "ID", "ID", 4, 56, 0).Run();
+  describe.BindAll(catalogue.structureName, 0, "ID", "ID", 4, 56, 0).Run();
   int position = 0;
-  for (const auto& field : spec.fields) {
+  for (const auto& field : catalogue.fields) {
     describe.Reset();
     describe
-        .BindAll(spec.structureName, ++position, field.name, field.caption, field.length,
+        .BindAll(catalogue.structureName, ++position, field.name, field.caption, field.length,
                  ServerTypeCode(field.type), field.visible ? 1 : 0)
         .Run();
   }
@@ -496,8 +497,8 @@ void UpgradeFromFirstVersion(SqliteDatabase& db) {
       "ALTER TABLE goods ADD COLUMN WithRest BOOLEAN;"
       "ALTER TABLE goods ADD COLUMN Garanty REAL;"
       "DELETE FROM field_descriptions WHERE StructureName IN ('Firms', 'Goods');");
-  for (const auto& spec : Catalogues()) {
-    if (spec.table == "firms" || spec.table == "goods") DescribeCatalogue(db, spec);
+  for (const auto& catalogue : Catalogues()) {
+    if (catalogue.name == "firms" || catalogue.name == "goods") DescribeCatalogue(db, catalogue);
   }
   CreateCallTables(db);
   SeedDocuments(db);
@@ -540,7 +541,7 @@ void ReferenceDatabase::CreateSchema(SqliteDatabase& db) {
       " Allowed BOOLEAN, PRIMARY KEY (UserID, Component));"
       "CREATE TABLE user_settings (UserID INTEGER NOT NULL REFERENCES users(ID), Name TEXT NOT"
       " NULL, Value TEXT, PRIMARY KEY (UserID, Name));");
-  for (const auto& spec : Catalogues()) CreateCatalogueTable(db, spec);
+  for (const auto& catalogue : Catalogues()) CreateCatalogueTable(db, catalogue);
   db.Exec(
       "CREATE TABLE currency_rates (CurrencyID INTEGER NOT NULL REFERENCES currencies(ID),"
       " RateDate DATE NOT NULL, Rate REAL NOT NULL, PRIMARY KEY (CurrencyID, RateDate));");

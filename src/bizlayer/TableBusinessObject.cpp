@@ -73,8 +73,9 @@ bool IsAudit(const std::string& name) {
 
 }  // namespace
 
-TableBusinessObject::TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const TableSpec& spec)
-    : db_(std::move(db)), spec_(spec) {}
+TableBusinessObject::TableBusinessObject(std::shared_ptr<SqliteDatabase> db,
+                                         const CatalogueTable& catalogue)
+    : db_(std::move(db)), catalogue_(catalogue) {}
 
 void TableBusinessObject::OnRead(const std::string& name, ReadHandler handler) {
   reads_[name] = std::move(handler);
@@ -85,10 +86,11 @@ void TableBusinessObject::OnAction(const std::string& name, ActionHandler handle
 }
 
 std::optional<int64_t> TableBusinessObject::IdOf(const std::string& oidr) const {
-  if (oidr.size() <= spec_.oid.size() || oidr.compare(0, spec_.oid.size(), spec_.oid) != 0) {
+  if (oidr.size() <= catalogue_.oid.size() ||
+      oidr.compare(0, catalogue_.oid.size(), catalogue_.oid) != 0) {
     return std::nullopt;
   }
-  const char* first = oidr.data() + spec_.oid.size();
+  const char* first = oidr.data() + catalogue_.oid.size();
   const char* last = oidr.data() + oidr.size();
   if (*first == '0') return std::nullopt;
   int64_t id = 0;
@@ -115,7 +117,7 @@ std::shared_ptr<MemoryRecordset> TableBusinessObject::Query(const std::string& s
 
 std::string TableBusinessObject::SelectList() const {
   std::string list = "ID";
-  for (const auto& field : spec_.fields) list += ", " + field.name;
+  for (const auto& field : catalogue_.fields) list += ", " + field.name;
   return list;
 }
 
@@ -136,7 +138,7 @@ OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::s
     } else if (name == kGetObjectList) {
       rs = GetObjectList(SplitOrFail(name, param, "'<OIDR>'[,'<text>']"));
     } else {
-      throw CallFailure{kBadCall, spec_.oid + " has no read call " + name};
+      throw CallFailure{kBadCall, catalogue_.oid + " has no read call " + name};
     }
     return OrvelBoResult(0, "", rs);
   });
@@ -152,7 +154,7 @@ OrvelBoResult TableBusinessObject::RecordsetCall(const std::string& name, const 
     if (auto handler = reads_.find(name); handler != reads_.end()) {
       return OrvelBoResult(0, "", handler->second(SplitOrFail(name, param, "its parameters")));
     }
-    throw CallFailure{kBadCall, spec_.oid + " has no routine " + name};
+    throw CallFailure{kBadCall, catalogue_.oid + " has no routine " + name};
   });
 }
 
@@ -183,7 +185,7 @@ OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string&
     } else if (name == kDeleteObject) {
       DeleteObject(SplitOrFail(name, param, "'<OIDR>'"));
     } else {
-      throw CallFailure{kBadCall, spec_.oid + " has no action " + name};
+      throw CallFailure{kBadCall, catalogue_.oid + " has no action " + name};
     }
     transaction.Commit();
     return OrvelStatus{};
@@ -193,7 +195,7 @@ OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string&
 std::shared_ptr<Recordset> TableBusinessObject::NewObject() {
   std::vector<std::string> names{"ID"};
   std::vector<Variant> row{Variant()};
-  for (const auto& field : spec_.fields) {
+  for (const auto& field : catalogue_.fields) {
     names.push_back(field.name);
     row.push_back(field.defaultValue.IsEmpty() ? Variant::Null() : field.defaultValue);
   }
@@ -208,22 +210,22 @@ std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
   auto id = IdOf(oidr);
   if (id) {
     auto rs = Query("SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview FROM " +
-                        spec_.table + " WHERE ID = ?",
-                    {Variant(spec_.oid), Variant(*id)});
+                        catalogue_.name + " WHERE ID = ?",
+                    {Variant(catalogue_.oid), Variant(*id)});
     if (rs->RecordCount() == 1) return rs;
   }
   throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
 }
 
 std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) {
-  const std::string oidr = args.empty() ? spec_.oid : args[0];
+  const std::string oidr = args.empty() ? catalogue_.oid : args[0];
   const std::string text = args.size() > 1 ? args[1] : "";
   std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() + " FROM " +
-                    spec_.table + " WHERE 1";
-  std::vector<Variant> values{Variant(spec_.oid)};
+                    catalogue_.name + " WHERE 1";
+  std::vector<Variant> values{Variant(catalogue_.oid)};
   // A search (no OIDR) looks through the whole type; the type's own OID
   // lists its top level; a group's OIDR its members.
-  if (spec_.grouped && !oidr.empty()) {
+  if (catalogue_.grouped && !oidr.empty()) {
     if (auto parent = IdOf(oidr)) {
       sql += " AND ParentID = ?";
       values.emplace_back(*parent);
@@ -235,12 +237,12 @@ std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) 
     sql += " AND orvel_contains(Name, ?)";
     values.emplace_back(text);
   }
-  sql += spec_.grouped ? " ORDER BY GroupFlag DESC, Name, ID" : " ORDER BY Name, ID";
+  sql += catalogue_.grouped ? " ORDER BY GroupFlag DESC, Name, ID" : " ORDER BY Name, ID";
   return Query(sql, values);
 }
 
 std::shared_ptr<Recordset> TableBusinessObject::Structure(const Args& args) {
-  const std::string name = args.empty() || args[0].empty() ? spec_.structureName : args[0];
+  const std::string name = args.empty() || args[0].empty() ? catalogue_.structureName : args[0];
   return Query(
       "SELECT Name, Caption, Length, xType, Visible FROM field_descriptions"
       " WHERE StructureName = ? ORDER BY Position",
@@ -248,8 +250,8 @@ std::shared_ptr<Recordset> TableBusinessObject::Structure(const Args& args) {
 }
 
 void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
-  if (args.empty() || args[0] != spec_.oid) {
-    throw CallFailure{kBadCall, std::string(kSaveObject) + ": the type is not " + spec_.oid};
+  if (args.empty() || args[0] != catalogue_.oid) {
+    throw CallFailure{kBadCall, std::string(kSaveObject) + ": the type is not " + catalogue_.oid};
   }
   std::shared_ptr<Recordset> rs = array.empty() ? nullptr : array[0].ObjectAs<Recordset>();
   if (!rs || rs->IsEOF()) {
@@ -261,7 +263,7 @@ void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
     int64_t id = Insert(*rs);
     if (rs->Fields().Exists("ID")) rs->Fields("ID").SetValue(Variant(id));
     if (rs->Fields().Exists("OIDR")) {
-      rs->Fields("OIDR").SetValue(Variant(spec_.oid + std::to_string(id)));
+      rs->Fields("OIDR").SetValue(Variant(catalogue_.oid + std::to_string(id)));
     }
     return;
   }
@@ -275,7 +277,7 @@ int64_t TableBusinessObject::Insert(Recordset& rs) {
   std::string marks;
   std::vector<Variant> values;
   Date now = Now();
-  for (const auto& field : spec_.fields) {
+  for (const auto& field : catalogue_.fields) {
     Variant value;
     if (field.name == "CreatedByUser" || field.name == "UpdatedByUser") {
       value = Variant(user_);
@@ -291,7 +293,7 @@ int64_t TableBusinessObject::Insert(Recordset& rs) {
     values.push_back(std::move(value));
   }
   auto stmt =
-      db_->Prepare("INSERT INTO " + spec_.table + " (" + columns + ") VALUES (" + marks + ")");
+      db_->Prepare("INSERT INTO " + catalogue_.name + " (" + columns + ") VALUES (" + marks + ")");
   for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
   stmt.Run();
   return db_->LastInsertRowId();
@@ -300,7 +302,7 @@ int64_t TableBusinessObject::Insert(Recordset& rs) {
 void TableBusinessObject::Update(int64_t id, Recordset& rs) {
   std::string sets;
   std::vector<Variant> values;
-  for (const auto& field : spec_.fields) {
+  for (const auto& field : catalogue_.fields) {
     Variant value;
     if (field.name == "UpdatedByUser") {
       value = Variant(user_);
@@ -315,12 +317,12 @@ void TableBusinessObject::Update(int64_t id, Recordset& rs) {
     values.push_back(std::move(value));
   }
   if (sets.empty()) return;
-  auto stmt = db_->Prepare("UPDATE " + spec_.table + " SET " + sets + " WHERE ID = ?");
+  auto stmt = db_->Prepare("UPDATE " + catalogue_.name + " SET " + sets + " WHERE ID = ?");
   for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
   stmt.Bind(static_cast<int>(values.size()) + 1, Variant(id));
   stmt.Run();
   if (db_->Changes() == 0) {
-    throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + spec_.oid + std::to_string(id)};
+    throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + catalogue_.oid + std::to_string(id)};
   }
 }
 
@@ -328,14 +330,14 @@ void TableBusinessObject::DeleteObject(const Args& args) {
   const std::string oidr = args.empty() ? "" : args[0];
   auto id = IdOf(oidr);
   if (!id) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
-  if (spec_.grouped) {
+  if (catalogue_.grouped) {
     auto children =
-        Query("SELECT COUNT(*) FROM " + spec_.table + " WHERE ParentID = ?", {Variant(*id)});
+        Query("SELECT COUNT(*) FROM " + catalogue_.name + " WHERE ParentID = ?", {Variant(*id)});
     if (children->Fields().Item(0).Value().NumberValue() > 0) {
       throw CallFailure{kBadCall, "Grupėje yra įrašų: jos panaikinti negalima"};
     }
   }
-  auto stmt = db_->Prepare("DELETE FROM " + spec_.table + " WHERE ID = ?");
+  auto stmt = db_->Prepare("DELETE FROM " + catalogue_.name + " WHERE ID = ?");
   stmt.Bind(1, Variant(*id));
   try {
     stmt.Run();

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "bizlayer/TableSpec.h"
+#include "bizlayer/CatalogueTable.h"
 #include "host/OrvelObjectBO.h"
 
 namespace orvel {
@@ -50,9 +50,9 @@ class TableBusinessObject : public OrvelObjectBO {
   // A failure of the database itself.
   static constexpr int32_t kDatabaseError = 3146;
 
-  TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const TableSpec& spec);
+  TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const CatalogueTable& catalogue);
 
-  const TableSpec& Spec() const { return spec_; }
+  const CatalogueTable& Catalogue() const { return catalogue_; }
   // The user name written into CreatedByUser and UpdatedByUser.
   void SetUserName(std::string user) { user_ = std::move(user); }
   const std::string& UserName() const { return user_; }
@@ -92,7 +92,7 @@ class TableBusinessObject : public OrvelObjectBO {
   void Update(int64_t id, Recordset& rs);
 
   std::shared_ptr<SqliteDatabase> db_;
-  const TableSpec& spec_;
+  const CatalogueTable& catalogue_;
   std::string user_;
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;

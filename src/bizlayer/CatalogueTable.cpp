@@ -1,4 +1,4 @@
-#include "bizlayer/TableSpec.h"
+#include "bizlayer/CatalogueTable.h"
 
 #include <strings.h>
 
@@ -36,7 +36,7 @@ int ServerTypeCode(SqlType type) {
   return 231;
 }
 
-const FieldSpec* TableSpec::Field(const std::string& name) const {
+const CatalogueField* CatalogueTable::Field(const std::string& name) const {
   for (const auto& field : fields) {
     if (strcasecmp(field.name.c_str(), name.c_str()) == 0) return &field;
   }
@@ -45,27 +45,29 @@ const FieldSpec* TableSpec::Field(const std::string& name) const {
 
 namespace {
 
-FieldSpec Text(std::string name, std::string caption, int length, bool visible = true) {
-  return FieldSpec{std::move(name), SqlType::Text, std::move(caption), length, visible, Variant()};
+CatalogueField Text(std::string name, std::string caption, int length, bool visible = true) {
+  return CatalogueField{std::move(name), SqlType::Text, std::move(caption),
+                        length,          visible,       Variant()};
 }
 
-FieldSpec Number(std::string name, std::string caption, SqlType type = SqlType::Integer,
-                 bool visible = true, Variant defaultValue = Variant()) {
-  return FieldSpec{std::move(name), type, std::move(caption), 4, visible, std::move(defaultValue)};
+CatalogueField Number(std::string name, std::string caption, SqlType type = SqlType::Integer,
+                      bool visible = true, Variant defaultValue = Variant()) {
+  return CatalogueField{std::move(name),        type, std::move(caption), 4, visible,
+                        std::move(defaultValue)};
 }
 
 // Who made and last changed a record, as every catalogue keeps it.
-void AddAudit(std::vector<FieldSpec>& fields) {
+void AddAudit(std::vector<CatalogueField>& fields) {
   fields.push_back(Text("CreatedByUser", "Sukūrė", 30, false));
   fields.push_back(Number("CreationDate", "Sukurta", SqlType::Date, false));
   fields.push_back(Text("UpdatedByUser", "Pakeitė", 30, false));
   fields.push_back(Number("UpdateDate", "Pakeista", SqlType::Date, false));
 }
 
-std::vector<TableSpec> MakeCatalogues() {
-  std::vector<TableSpec> specs;
+std::vector<CatalogueTable> MakeCatalogues() {
+  std::vector<CatalogueTable> specs;
 
-  TableSpec firms{"O0000100", "firms", "Firms", {}, true};
+  CatalogueTable firms{"O0000100", "firms", "Firms", {}, true};
   firms.fields = {
       Text("Name", "Pavadinimas", 100),
       Text("Code", "Įmonės kodas", 20),
@@ -86,7 +88,7 @@ std::vector<TableSpec> MakeCatalogues() {
   AddAudit(firms.fields);
   specs.push_back(std::move(firms));
 
-  TableSpec banks{"O0000300", "banks", "Banks", {}, false};
+  CatalogueTable banks{"O0000300", "banks", "Banks", {}, false};
   banks.fields = {
       Text("Name", "Pavadinimas", 100),
       Text("Code", "Banko kodas", 10),
@@ -96,11 +98,11 @@ std::vector<TableSpec> MakeCatalogues() {
   AddAudit(banks.fields);
   specs.push_back(std::move(banks));
 
-  TableSpec measures{"O0000400", "measures", "Measures", {}, false};
+  CatalogueTable measures{"O0000400", "measures", "Measures", {}, false};
   measures.fields = {Text("Name", "Pavadinimas", 50), Text("Code", "Kodas", 10)};
   specs.push_back(std::move(measures));
 
-  TableSpec currencies{"O0002200", "currencies", "Currencies", {}, false};
+  CatalogueTable currencies{"O0002200", "currencies", "Currencies", {}, false};
   currencies.fields = {
       Text("Code", "Kodas", 3),
       Text("Name", "Pavadinimas", 50),
@@ -117,7 +119,7 @@ std::vector<TableSpec> MakeCatalogues() {
   };
   specs.push_back(std::move(currencies));
 
-  TableSpec goods{"O0000200", "goods", "Goods", {}, true};
+  CatalogueTable goods{"O0000200", "goods", "Goods", {}, true};
   goods.fields = {
       Text("Name", "Pavadinimas", 100),
       Text("Code", "Kodas", 30),
@@ -140,14 +142,14 @@ std::vector<TableSpec> MakeCatalogues() {
 
 }  // namespace
 
-const std::vector<TableSpec>& Catalogues() {
-  static const std::vector<TableSpec> specs = MakeCatalogues();
+const std::vector<CatalogueTable>& Catalogues() {
+  static const std::vector<CatalogueTable> specs = MakeCatalogues();
   return specs;
 }
 
-const TableSpec* CatalogueOf(const std::string& oid) {
-  for (const auto& spec : Catalogues()) {
-    if (spec.oid == oid) return &spec;
+const CatalogueTable* CatalogueOf(const std::string& oid) {
+  for (const auto& catalogue : Catalogues()) {
+    if (catalogue.oid == oid) return &catalogue;
   }
   return nullptr;
 }

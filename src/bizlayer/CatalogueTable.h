@@ -17,7 +17,7 @@ const char* SqlTypeName(SqlType type);
 int ServerTypeCode(SqlType type);
 
 // One field of an object type's table, with what its structure record tells.
-struct FieldSpec {
+struct CatalogueField {
   std::string name;
   SqlType type = SqlType::Text;
   std::string caption;
@@ -29,21 +29,21 @@ struct FieldSpec {
 // How one object type lives in the database. Table and field names are ours,
 // fixed here, and the only names ever written into SQL text; every value
 // travels as a bound parameter.
-struct TableSpec {
-  std::string oid;    // "O0000300"
-  std::string table;  // "banks"
+struct CatalogueTable {
+  std::string oid;   // "O0000300"
+  std::string name;  // the SQL table: "banks"
   // The structure name that "Orvel_GetObjectStructure" is asked with ("Banks").
   std::string structureName;
   // The fields after ID, in card order.
-  std::vector<FieldSpec> fields;
+  std::vector<CatalogueField> fields;
   // Groups and members in one table: ParentID and GroupFlag among the fields.
   bool grouped = false;
 
-  const FieldSpec* Field(const std::string& name) const;  // case-insensitive
+  const CatalogueField* Field(const std::string& name) const;  // case-insensitive
 };
 
 // Every object type of the reference business layer.
-const std::vector<TableSpec>& Catalogues();
-const TableSpec* CatalogueOf(const std::string& oid);
+const std::vector<CatalogueTable>& Catalogues();
+const CatalogueTable* CatalogueOf(const std::string& oid);
 
 }  // namespace orvel
