@@ -17,6 +17,24 @@ BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move
   AddFirmCalls(*objects_.at("O0000100"));
   AddGoodsCalls(*objects_.at("O0000200"));
   AddCurrencyCalls(*objects_.at("O0002200"));
+  AddReferenceBookCalls();
+}
+
+void BusinessLayer::AddReferenceBookCalls() {
+  // The root lists the books: each row's OIDR is the book's own OID.
+  auto& books = *objects_.at("O0001600");
+  books.OnRead("Orvel_GetObjectList", [&books](const TableBusinessObject::Args&) {
+    return books.Query(
+        "SELECT BookOID AS OIDR, Name AS Preview, 'C' AS OType FROM reference_books"
+        " ORDER BY Name",
+        {});
+  });
+  // The locations' list call names the user first: '<user>', '<OIDR>'.
+  auto& locations = *objects_.at("O0001605");
+  locations.OnRead("Orvel_GetObjectList", [&locations](const TableBusinessObject::Args& args) {
+    TableBusinessObject::Args list(args.begin() + (args.size() > 1 ? 1 : 0), args.end());
+    return locations.GetObjectList(list);
+  });
 }
 
 BusinessLayer::~BusinessLayer() = default;

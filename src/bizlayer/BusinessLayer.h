@@ -37,6 +37,7 @@ class BusinessLayer {
 
  private:
   void AddBankCalls(TableBusinessObject& banks);
+  void AddReferenceBookCalls();
 
   std::shared_ptr<SqliteDatabase> db_;
   std::map<std::string, std::shared_ptr<TableBusinessObject>> objects_;

@@ -137,6 +137,28 @@ std::vector<CatalogueTable> MakeCatalogues() {
   AddAudit(goods.fields);
   specs.push_back(std::move(goods));
 
+  // The reference books: the list of books under the root, then each book,
+  // a grouped list of records with a code and a name.
+  CatalogueTable books{"O0001600", "reference_books", "ReferenceBooks", {}, false};
+  books.fields = {Text("BookOID", "Žinyno OID", 8, false), Text("Name", "Pavadinimas", 100)};
+  specs.push_back(std::move(books));
+  auto book = [&](const char* oid, const char* table, const char* structure,
+                  std::vector<CatalogueField> extra) {
+    CatalogueTable entries{oid, table, structure, {}, true};
+    entries.fields = {
+        Text("Code", "Kodas", 20),
+        Text("Name", "Pavadinimas", 100),
+        Number("ParentID", "Grupė", SqlType::Integer, false, Variant(0)),
+        Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(0)),
+    };
+    for (auto& field : extra) entries.fields.push_back(std::move(field));
+    specs.push_back(std::move(entries));
+  };
+  book("O0001602", "book_firm_types", "FirmTypes", {});
+  book("O0001603", "book_payment_terms", "PaymentTerms",
+       {Number("Days", "Dienų skaičius", SqlType::Integer, true, Variant(0))});
+  book("O0001605", "book_locations", "Locations", {Text("Address", "Adresas", 100)});
+
   return specs;
 }
 

@@ -505,6 +505,42 @@ void UpgradeFromFirstVersion(SqliteDatabase& db) {
   SeedFirmDetails(db);
 }
 
+// The reference books and their sample records.
+void SeedReferenceBooks(SqliteDatabase& db) {
+  db.Exec(
+      "INSERT INTO reference_books (BookOID, Name) VALUES ('O0001602', 'Įmonių tipai'),"
+      " ('O0001603', 'Mokėjimo sąlygos'), ('O0001605', 'Sandėliai');"
+      "INSERT INTO book_firm_types (Code, Name, ParentID, GroupFlag) VALUES"
+      " ('T', 'Tiekėjai', 0, 1), ('P', 'Pirkėjai', 0, 1),"
+      " ('T1', 'Žaliavų tiekėjas', 1, 0), ('T2', 'Paslaugų tiekėjas', 1, 0),"
+      " ('P1', 'Didmeninis pirkėjas', 2, 0), ('P2', 'Mažmeninis pirkėjas', 2, 0),"
+      " ('V', 'Valstybės įstaiga', 0, 0);"
+      "INSERT INTO book_payment_terms (Code, Name, ParentID, GroupFlag, Days) VALUES"
+      " ('IŠ', 'Išankstinis apmokėjimas', 0, 0, 0), ('14', 'Per 14 dienų', 0, 0, 14),"
+      " ('30', 'Per 30 dienų', 0, 0, 30), ('60', 'Per 60 dienų', 0, 0, 60);"
+      "INSERT INTO book_locations (Code, Name, ParentID, GroupFlag, Address) VALUES"
+      " ('C', 'Centrinis sandėlis', 0, 0, 'Savanorių pr. 178, Vilnius'),"
+      " ('K', 'Kauno sandėlis', 0, 0, 'Pramonės pr. 6, Kaunas'),"
+      " ('PA', 'Parduotuvės', 0, 1, NULL),"
+      " ('P1', 'Parduotuvė Gedimino pr.', 3, 0, 'Gedimino pr. 9, Vilnius');");
+}
+
+// Catalogues described after a file was made: their tables are made,
+// described and filled; what is there already stays.
+void CreateMissingCatalogues(SqliteDatabase& db) {
+  auto exists = db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = ?");
+  bool books = false;
+  for (const auto& catalogue : Catalogues()) {
+    exists.Reset();
+    exists.Bind(1, Variant(catalogue.name));
+    exists.Step();
+    if (exists.Column(0).NumberValue() != 0) continue;
+    CreateCatalogueTable(db, catalogue);
+    books = books || catalogue.name == "reference_books";
+  }
+  if (books) SeedReferenceBooks(db);
+}
+
 }  // namespace
 
 std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
@@ -512,9 +548,10 @@ std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path)
   auto version = db->Prepare("PRAGMA user_version");
   version.Step();
   const int found = static_cast<int>(version.Column(0).NumberValue());
-  if (found == 1) {
+  if (found > 0 && found < kSchemaVersion) {
     SqliteTransaction transaction(*db);
-    UpgradeFromFirstVersion(*db);
+    if (found == 1) UpgradeFromFirstVersion(*db);
+    CreateMissingCatalogues(*db);
     db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
     transaction.Commit();
   }
@@ -561,6 +598,7 @@ void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
   SeedCurrencies(db);
   SeedDocuments(db);
   SeedFirmDetails(db);
+  SeedReferenceBooks(db);
 }
 
 }  // namespace orvel

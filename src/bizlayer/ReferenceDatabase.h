@@ -18,7 +18,7 @@ class ReferenceDatabase {
 
   // The schema's version, kept in PRAGMA user_version. A file of version 1
   // is brought up to date when opened.
-  static constexpr int kSchemaVersion = 2;
+  static constexpr int kSchemaVersion = 3;
 
   static void CreateSchema(SqliteDatabase& db);
   static void SeedSampleData(SqliteDatabase& db);

@@ -130,6 +130,9 @@ OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::s
     std::shared_ptr<Recordset> rs;
     if (auto handler = reads_.find(name); handler != reads_.end()) {
       rs = handler->second(SplitOrFail(name, param, "its parameters"));
+    } else if (name == "GetStructure") {
+      // The card's structure asked as a property of the record.
+      rs = Structure({});
     } else if (name == kNewObject) {
       SplitOrFail(name, param, "'<OID>'");
       rs = NewObject();

@@ -63,6 +63,10 @@ class TableBusinessObject : public OrvelObjectBO {
   void OnRead(const std::string& name, ReadHandler handler);
   void OnAction(const std::string& name, ActionHandler handler);
 
+  // The standard list call's answer for its arguments ('<OIDR>'[,'<text>']),
+  // for a type whose own list call wraps it.
+  std::shared_ptr<Recordset> GetObjectList(const Args& args);
+
   // The ID that an OIDR of this type names; nullopt for anything else.
   std::optional<int64_t> IdOf(const std::string& oidr) const;
   // The set of a query over this database (every column, in order).
@@ -82,7 +86,6 @@ class TableBusinessObject : public OrvelObjectBO {
   OrvelStatus Act(const std::string& name, const std::string& param, Variant::Array& array);
   std::shared_ptr<Recordset> NewObject();
   std::shared_ptr<Recordset> ReadObject(const Args& args);
-  std::shared_ptr<Recordset> GetObjectList(const Args& args);
   std::shared_ptr<Recordset> Structure(const Args& args);
   void SaveObject(const Args& args, Variant::Array& array);
   void DeleteObject(const Args& args);

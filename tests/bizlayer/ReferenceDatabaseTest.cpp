@@ -62,6 +62,26 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
   EXPECT_EQ(debt.Number, 0) << debt.Text;
 }
 
+TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
+  TempDatabase file;
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    db->Exec(
+        "DROP TABLE reference_books; DROP TABLE book_firm_types; DROP TABLE book_payment_terms;"
+        " DROP TABLE book_locations; DELETE FROM field_descriptions WHERE StructureName IN"
+        " ('ReferenceBooks', 'FirmTypes', 'PaymentTerms', 'Locations');"
+        " UPDATE banks SET Name = 'Išlikęs bankas' WHERE ID = 2; PRAGMA user_version = 2;");
+  }
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
+  EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 2"), Variant("Išlikęs bankas"));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(3));
+  EXPECT_EQ(One(*db, "SELECT Name FROM book_payment_terms WHERE Code = '30'"),
+            Variant("Per 30 dienų"));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'"),
+            Variant(6));
+}
+
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
   TempDatabase file;
   auto writer = ReferenceDatabase::Open(file.Path());

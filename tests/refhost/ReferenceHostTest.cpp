@@ -141,5 +141,24 @@ TEST_F(ReferenceHostTest, TheFirmTreeIsServedByTheDatabase) {
   EXPECT_THAT(calls_, Contains(::testing::StartsWith("GetCall Orvel_GetObjectList")));
 }
 
+TEST_F(ReferenceHostTest, AReferenceBookRecordIsEditedOnItsCard) {
+  auto root = host_.Objects().GetOrvelObjectUI("O0001600");
+  ASSERT_NE(root, nullptr);
+  auto books = root->GetOrvelObjectList("O0001600", "", "");
+  ASSERT_NE(books, nullptr);
+  EXPECT_EQ(books->RecordCount(), 3);
+
+  auto card = OpenCard("O00016053", "T");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  EXPECT_EQ(sheet->Text("Name"), "Parduotuvės");
+  ASSERT_TRUE(sheet->EditText("Name", "Parduotuvės ir kioskai"));
+  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  EXPECT_EQ(Stored("SELECT Name FROM book_locations WHERE ID = 3"),
+            Variant("Parduotuvės ir kioskai"));
+  EXPECT_THAT(calls_, Contains("GetCall GetStructure "));
+}
+
 }  // namespace
 }  // namespace orvel
