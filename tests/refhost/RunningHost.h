@@ -1,0 +1,86 @@
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "TempDatabase.h"
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "host/OrvelMenuResult.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelWindow.h"
+#include "hostkit/FieldSheet.h"
+#include "hostkit/WindowRegistry.h"
+#include "refhost/Prompter.h"
+#include "refhost/ReferenceHost.h"
+#include "refhost/ReferenceObjectManager.h"
+#include "refhost/TerminalUi.h"
+#include "ui/Form.h"
+
+namespace orvel {
+
+// Answers from a list, keeps what was said.
+class AnsweringPrompter : public Prompter {
+ public:
+  void Say(const std::string& line) override { said.push_back(line); }
+  int Choose(const std::string&, const std::vector<std::string>& choices) override {
+    if (answers.empty()) return -1;
+    std::string answer = answers.front();
+    answers.pop_front();
+    for (size_t i = 0; i < choices.size(); ++i) {
+      if (choices[i] == answer) return static_cast<int>(i);
+    }
+    return -1;
+  }
+  std::string AskText(const std::string&) override { return ""; }
+
+  std::deque<std::string> answers;
+  std::vector<std::string> said;
+};
+
+// The real module, loaded from its library, over a fresh sample database, as
+// orvel-host runs it; every business call is kept in calls_.
+class RunningHost : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string error;
+    ASSERT_TRUE(host_.Start({file_.Path(), ORVEL_MODULE_PATH, "admin", "/tmp"}, error)) << error;
+    host_.Layer().SetCallObserver(
+        [this](const char* op, const std::string& name, const std::string& param) {
+          calls_.push_back(std::string(op) + " " + name + " " + param);
+        });
+  }
+
+  // Opens a record's card through its type's menu entry "0".
+  std::shared_ptr<Form> OpenCard(const std::string& oidr, const std::string& otype = "C") {
+    auto type = host_.Objects().GetOrvelObjectUI(oidr);
+    if (!type) return nullptr;
+    auto result = type->ClickMenu(oidr, otype, "0", "");
+    auto window = result.Value.ObjectAs<OrvelWindow>();
+    if (!window) return nullptr;
+    host_.Windows().ShowWindow(window);
+    return std::dynamic_pointer_cast<Form>(window);
+  }
+
+  std::shared_ptr<FieldSheet> SheetOf(const std::shared_ptr<Form>& form) {
+    auto window = std::dynamic_pointer_cast<OrvelWindow>(form);
+    return window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
+  }
+
+  Variant Stored(const std::string& sql) {
+    auto stmt = host_.Database().Prepare(sql);
+    return stmt.Step() ? stmt.Column(0) : Variant();
+  }
+
+  TempDatabase file_;
+  AnsweringPrompter prompter_;
+  ReferenceHost host_{prompter_};
+  std::vector<std::string> calls_;
+};
+
+}  // namespace orvel
