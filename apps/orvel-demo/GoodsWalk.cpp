@@ -15,6 +15,7 @@
 #include "testhost/CallLog.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/MemoryBusinessObject.h"
+#include "testhost/MemoryTable.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestObjectManager.h"
 #include "testhost/TestSession.h"
@@ -76,9 +77,12 @@ void SeedGoods(orvel::TestHost& host) {
   host.Session()->SetSettingObject("O00018021", settings);
 
   // The business layer's answer: the parent's code and the highest code
-  // under it, worked out from the table.
-  bo->OnRead("GetStructuredCode", [bo](const std::string& param) {
-    auto& goods = bo->Table();
+  // under it, worked out from the table. The handlers keep the table by
+  // address: the business object owns them, so a shared pointer to it would
+  // keep it alive forever.
+  orvel::MemoryTable* stored = &table;
+  bo->OnRead("GetStructuredCode", [stored](const std::string& param) {
+    auto& goods = *stored;
     const auto parent = static_cast<int32_t>(orvel::Val(param));
     Variant parentCode = parent == 0 ? Variant::Null() : goods.Value(parent, "Code");
     Variant maxCode = Variant::Null();
@@ -92,10 +96,10 @@ void SeedGoods(orvel::TestHost& host) {
     rs->AddRow({parentCode, maxCode});
     return orvel::OrvelBoResult(0, "", rs);
   });
-  bo->OnRead("CopyGood", [bo](const std::string&) {
-    auto copy = bo->Table().Seed({{{"Name", Variant("Ruginė duona (kopija)")},
-                                   {"ParentID", Variant(1)},
-                                   {"WithRest", Variant(true)}}});
+  bo->OnRead("CopyGood", [stored](const std::string&) {
+    auto copy = stored->Seed({{{"Name", Variant("Ruginė duona (kopija)")},
+                               {"ParentID", Variant(1)},
+                               {"WithRest", Variant(true)}}});
     auto rs = std::make_shared<orvel::MemoryRecordset>(std::vector<std::string>{"OIDR"});
     rs->AddRow({Variant(copy.front())});
     return orvel::OrvelBoResult(0, "", rs);
