@@ -2,8 +2,11 @@
 
 #include <iostream>
 
+#include "host/MemoryRecordset.h"
+#include "host/OrvelResult.h"
 #include "host/OrvelWindow.h"
 #include "testhost/CallLog.h"
+#include "testhost/TestObjectManager.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/Button.h"
 
@@ -42,6 +45,28 @@ std::shared_ptr<orvel::Form> ShowFromMenu(orvel::TestHost& host, orvel::OrvelObj
   if (result.Action != orvel::OrvelMenuResult::kShowWindow || !window) return nullptr;
   host.WindowManager()->ShowWindow(window);
   return std::dynamic_pointer_cast<orvel::Form>(window);
+}
+
+void ReplyStructure(orvel::TestHost& host, const std::vector<StructureField>& fields) {
+  auto structure = std::make_shared<orvel::MemoryRecordset>(
+      std::vector<std::string>{"Name", "Caption", "Length", "xType", "Visible"});
+  for (const auto& f : fields) {
+    structure->AddRow({orvel::Variant(f.name), orvel::Variant(f.caption), orvel::Variant(f.length),
+                       orvel::Variant(f.xType), orvel::Variant(f.visible)});
+  }
+  host.ObjectManager()->ReplyToCall("Orvel_GetObjectStructureByOID",
+                                    orvel::OrvelResult{0, "", orvel::Variant(structure)});
+}
+
+void PrintTable(const orvel::ListView& list) {
+  std::string headers;
+  for (const auto& column : list.ColumnHeaders()) headers += " | " + column->Text();
+  std::cout << " " << headers << "\n";
+  for (const auto& item : list.ListItems()) {
+    std::string row = item->Text();
+    for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
+    std::cout << "   | " << row << "\n";
+  }
 }
 
 bool ClickButton(orvel::Form& form, const std::string& name) {

@@ -4,6 +4,7 @@
 #include <memory>
 #include <optional>
 #include <string>
+#include <vector>
 
 #include "host/OrvelMenuItem.h"
 #include "host/OrvelObjectUI.h"
@@ -11,6 +12,7 @@
 #include "module/OrvelModule.h"
 #include "testhost/TestHost.h"
 #include "ui/Form.h"
+#include "ui/ListView.h"
 
 namespace demo {
 
@@ -32,6 +34,21 @@ void PrintMenu(const std::string& oidr, const std::optional<orvel::OrvelMenuItem
 std::shared_ptr<orvel::Form> ShowFromMenu(orvel::TestHost& host, orvel::OrvelObjectUI& adapter,
                                           const std::string& oidr, const std::string& key,
                                           const std::string& otype = "");
+
+// One field of a type's structure, as the business layer describes it.
+struct StructureField {
+  const char* name;
+  const char* caption;
+  int length;
+  int xType;
+  int visible;
+};
+
+// Answers the host service "Orvel_GetObjectStructureByOID" with these fields.
+void ReplyStructure(orvel::TestHost& host, const std::vector<StructureField>& fields);
+
+// Prints a list view: its column captions, then one line a row.
+void PrintTable(const orvel::ListView& list);
 
 // Clicks the named button of a form; false when the form has no such button.
 bool ClickButton(orvel::Form& form, const std::string& name);

@@ -21,37 +21,14 @@ namespace {
 
 using orvel::Variant;
 
-// The bank type's fields as the business layer describes them.
-void SeedBankStructure(orvel::TestHost& host) {
-  auto structure = std::make_shared<orvel::MemoryRecordset>(
-      std::vector<std::string>{"Name", "Caption", "Length", "xType", "Visible"});
-  auto field = [&](const char* name, const char* caption, int length, int type, int visible) {
-    structure->AddRow(
-        {Variant(name), Variant(caption), Variant(length), Variant(type), Variant(visible)});
-  };
-  field("ID", "ID", 4, 56, 0);
-  field("Name", "Pavadinimas", 100, 167, 1);
-  field("Code", "Kodas", 10, 167, 1);
-  field("SWIFT", "SWIFT kodas", 11, 167, 1);
-  host.ObjectManager()->ReplyToCall("Orvel_GetObjectStructureByOID",
-                                    orvel::OrvelResult{0, "", Variant(structure)});
-}
-
-void PrintTable(const orvel::ListView& list) {
-  std::string headers;
-  for (const auto& column : list.ColumnHeaders()) headers += " | " + column->Text();
-  std::cout << " " << headers << "\n";
-  for (const auto& item : list.ListItems()) {
-    std::string row = item->Text();
-    for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
-    std::cout << "   | " << row << "\n";
-  }
-}
-
 }  // namespace
 
 int WalkBankList(orvel::TestHost& host) {
-  SeedBankStructure(host);
+  // The bank type's fields as the business layer describes them.
+  ReplyStructure(host, {{"ID", "ID", 4, 56, 0},
+                        {"Name", "Pavadinimas", 100, 167, 1},
+                        {"Code", "Kodas", 10, 167, 1},
+                        {"SWIFT", "SWIFT kodas", 11, 167, 1}});
   auto banks = host.ObjectManager()->GetOrvelObjectUI("O0000300");
   if (!banks) return 1;
 

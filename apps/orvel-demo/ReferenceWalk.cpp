@@ -37,25 +37,9 @@ void SeedBook(orvel::TestHost& host) {
       {{"Name", Variant("Grynaisiais")}, {"Code", Variant("G")}},
   });
 
-  auto structure = std::make_shared<orvel::MemoryRecordset>(
-      std::vector<std::string>{"Name", "Caption", "Length", "xType", "Visible"});
-  auto field = [&](const char* name, const char* caption, int length, int type, int visible) {
-    structure->AddRow(
-        {Variant(name), Variant(caption), Variant(length), Variant(type), Variant(visible)});
-  };
-  field("ID", "ID", 4, 56, 0);
-  field("Name", "Pavadinimas", 100, 167, 1);
-  field("Code", "Kodas", 10, 167, 1);
-  host.ObjectManager()->ReplyToCall("Orvel_GetObjectStructureByOID",
-                                    orvel::OrvelResult{0, "", Variant(structure)});
-}
-
-void PrintTable(const orvel::ListView& list) {
-  for (const auto& item : list.ListItems()) {
-    std::string row = item->Text();
-    for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
-    std::cout << "   | " << row << "\n";
-  }
+  ReplyStructure(host, {{"ID", "ID", 4, 56, 0},
+                        {"Name", "Pavadinimas", 100, 167, 1},
+                        {"Code", "Kodas", 10, 167, 1}});
 }
 
 }  // namespace

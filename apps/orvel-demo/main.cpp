@@ -109,9 +109,9 @@ int main(int argc, char** argv) {
 
     host.Log().SetEcho(&std::cout, {Channel::Business, Channel::Window, Channel::Message},
                        /*withChannel=*/false);
-    for (auto walk : {demo::WalkMeasures, demo::WalkBank, demo::WalkBankList, demo::WalkFirms,
-                      demo::WalkFirmCard, demo::WalkGoods, demo::WalkCurrencies,
-                      demo::WalkReferenceBooks}) {
+    for (auto walk :
+         {demo::WalkMeasures, demo::WalkBank, demo::WalkBankList, demo::WalkFirms,
+          demo::WalkFirmCard, demo::WalkGoods, demo::WalkCurrencies, demo::WalkReferenceBooks}) {
       result |= walk(host);
     }
     host.Log().SetEcho(nullptr);

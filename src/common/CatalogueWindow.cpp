@@ -178,15 +178,17 @@ void CatalogueWindow::SSCClose_MouseUp(int button, int) {
 
 void CatalogueWindow::QueryRemove(bool& cancel) {
   Handle([&] {
-    if (cmdEnter.Enabled()) {
-      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
-                                         vbYesNo + vbExclamation, kMsgTitle);
-      cancel = answer != vbYes;
-    }
+    if (KeepUnsavedEdits(kMsgTitle)) cancel = true;
     // A user who refuses to close keeps a disabled close button: the click
     // disabled it, and nothing enables it again.
     SSCClose.SetEnabled(!cancel);
   });
+}
+
+bool CatalogueWindow::KeepUnsavedEdits(const std::string& title) {
+  if (!cmdEnter.Enabled()) return false;
+  return Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
+                               vbYesNo + vbExclamation, title) != vbYes;
 }
 
 void CatalogueWindow::Form_QueryUnload(bool&) {

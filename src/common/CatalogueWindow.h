@@ -94,6 +94,9 @@ class CatalogueWindow : public Form,
   virtual void SetCaption() = 0;
   virtual void FillLists() {}
 
+  // While the record has unsaved edits (cmdEnter on) asks "<heading>\n\n
+  // Uždaryti be išsaugojimo?" with Yes and No; true when the window must stay.
+  bool KeepUnsavedEdits(const std::string& title);
   // cmdEnter, cmdCancel on when changed; SSCNew the opposite.
   void SetButtons(bool changed);
   // Tells the child object to unload, ignoring its failures, and lets it go.

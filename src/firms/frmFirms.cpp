@@ -511,11 +511,7 @@ void frmFirms::RefreshDebt() {
 
 void frmFirms::QueryRemove(bool& cancel) {
   Handle([&] {
-    if (cmdEnter.Enabled()) {
-      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
-                                         vbYesNo + vbExclamation, MsgTitle);
-      if (answer == vbNo) cancel = true;
-    }
+    if (KeepUnsavedEdits(MsgTitle)) cancel = true;
     SSCClose.SetEnabled(cancel);
   });
 }

@@ -306,11 +306,7 @@ bool frmGoods::Stored() { return Len(OIDR()) >= 9; }
 
 void frmGoods::QueryRemove(bool& cancel) {
   Handle([&] {
-    if (cmdEnter.Enabled()) {
-      int answer = Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
-                                         vbYesNo + vbExclamation, MsgTitle);
-      if (answer == vbNo) cancel = true;
-    }
+    if (KeepUnsavedEdits(MsgTitle)) cancel = true;
     // The close click disabled the button; a window that stays takes it back.
     SSCClose.SetEnabled(cancel);
   });
