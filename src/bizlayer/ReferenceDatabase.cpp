@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "bizlayer/CatalogueTable.h"
+#include "bizlayer/SchemaPart.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "host/Convert.h"
 
@@ -525,20 +526,58 @@ void SeedReferenceBooks(SqliteDatabase& db) {
       " ('P1', 'Parduotuvė Gedimino pr.', 3, 0, 'Gedimino pr. 9, Vilnius');");
 }
 
+bool TableExists(SqliteDatabase& db, const std::string& table) {
+  auto exists = db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = ?");
+  exists.Bind(1, Variant(table));
+  exists.Step();
+  return exists.Column(0).NumberValue() != 0;
+}
+
 // Catalogues described after a file was made: their tables are made,
 // described and filled; what is there already stays.
 void CreateMissingCatalogues(SqliteDatabase& db) {
-  auto exists = db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = ?");
   bool books = false;
   for (const auto& catalogue : Catalogues()) {
-    exists.Reset();
-    exists.Bind(1, Variant(catalogue.name));
-    exists.Step();
-    if (exists.Column(0).NumberValue() != 0) continue;
+    if (TableExists(db, catalogue.name)) continue;
     CreateCatalogueTable(db, catalogue);
     books = books || catalogue.name == "reference_books";
   }
   if (books) SeedReferenceBooks(db);
+}
+
+// The schema parts not yet made in this file, in their order.
+std::vector<const SchemaPart*> MissingParts(SqliteDatabase& db) {
+  std::vector<const SchemaPart*> missing;
+  const bool kept = TableExists(db, "schema_parts");
+  for (const auto& part : SchemaParts()) {
+    if (kept) {
+      auto made = db.Prepare("SELECT COUNT(*) FROM schema_parts WHERE Name = ?");
+      made.Bind(1, Variant(part.name));
+      made.Step();
+      if (made.Column(0).NumberValue() != 0) continue;
+    }
+    missing.push_back(&part);
+  }
+  return missing;
+}
+
+bool SchemaIsComplete(SqliteDatabase& db) {
+  for (const auto& catalogue : Catalogues()) {
+    if (!TableExists(db, catalogue.name)) return false;
+  }
+  return TableExists(db, "schema_parts") && MissingParts(db).empty();
+}
+
+// Makes what a file of the current version lacks: catalogues described since
+// and the schema parts not yet made. Runs inside the caller's transaction.
+void CompleteSchema(SqliteDatabase& db) {
+  CreateMissingCatalogues(db);
+  db.Exec("CREATE TABLE IF NOT EXISTS schema_parts (Name TEXT PRIMARY KEY)");
+  for (const SchemaPart* part : MissingParts(db)) {
+    if (part->create) part->create(db);
+    if (part->seed) part->seed(db);
+    Insert(db, "INSERT INTO schema_parts (Name) VALUES (?)", {Variant(part->name)});
+  }
 }
 
 }  // namespace
@@ -548,18 +587,17 @@ std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path)
   auto version = db->Prepare("PRAGMA user_version");
   version.Step();
   const int found = static_cast<int>(version.Column(0).NumberValue());
-  if (found > 0 && found < kSchemaVersion) {
-    SqliteTransaction transaction(*db);
-    if (found == 1) UpgradeFromFirstVersion(*db);
-    CreateMissingCatalogues(*db);
-    db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
-    transaction.Commit();
-  }
-  bool fresh = found == 0;
-  if (fresh) {
+  if (found == 0) {
     SqliteTransaction transaction(*db);
     CreateSchema(*db);
     SeedSampleData(*db);
+    CompleteSchema(*db);
+    db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+    transaction.Commit();
+  } else if (found < kSchemaVersion || !SchemaIsComplete(*db)) {
+    SqliteTransaction transaction(*db);
+    if (found == 1) UpgradeFromFirstVersion(*db);
+    CompleteSchema(*db);
     db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
     transaction.Commit();
   }

@@ -17,7 +17,9 @@ class ReferenceDatabase {
   static std::shared_ptr<SqliteDatabase> Open(const std::string& path);
 
   // The schema's version, kept in PRAGMA user_version. A file of version 1
-  // is brought up to date when opened.
+  // or 2 is brought up to date when opened. What came after version 3 comes
+  // as schema parts (SchemaPart.h) and as catalogues added to Catalogues():
+  // both are made in an older file when it is opened.
   static constexpr int kSchemaVersion = 3;
 
   static void CreateSchema(SqliteDatabase& db);

@@ -6,6 +6,7 @@
 #include "TempDatabase.h"
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/ReferenceDatabase.h"
+#include "bizlayer/SchemaPart.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
@@ -80,6 +81,26 @@ TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
             Variant("Per 30 dienų"));
   EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'"),
             Variant(6));
+}
+
+// A file of version 3 knows no schema parts: opening it makes every part once
+// and keeps its records; the parts' names are then kept, so a second opening
+// writes nothing.
+TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
+  TempDatabase file;
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    db->Exec("DROP TABLE schema_parts; UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3;");
+  }
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
+              Variant(static_cast<int32_t>(SchemaParts().size())));
+    EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
+  }
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
+            Variant(static_cast<int32_t>(SchemaParts().size())));
 }
 
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {

@@ -1,0 +1,13 @@
+#include "bizlayer/SchemaParts.h"
+
+#include "bizlayer/SchemaPart.h"
+
+namespace orvel {
+
+const std::vector<SchemaPart>& SchemaParts() {
+  // Append new parts at the end; a part's place fixes the order it is made in.
+  static const std::vector<SchemaPart> parts{};
+  return parts;
+}
+
+}  // namespace orvel
