@@ -30,7 +30,7 @@
 #include "host/OrvelObjectUI.h"
 #include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
-#include "testhost/LoopbackRateService.h"
+#include "hostkit/LoopbackRateService.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestHost.h"

@@ -11,7 +11,7 @@
 #include "host/MemoryRecordset.h"
 #include "host/OrvelWindow.h"
 #include "host/Variant.h"
-#include "testhost/LoopbackRateService.h"
+#include "hostkit/LoopbackRateService.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/TestObjectManager.h"
 #include "testhost/TestWindowManager.h"

@@ -20,16 +20,25 @@ Overrides& Held() {
 
 }  // namespace
 
-std::string RateServiceSettings::Address() {
-  std::string address = kDefaultAddress;
+namespace {
+// The address set for the process, else the environment's, else `fallback`;
+// without a trailing "/".
+std::string AddressOr(const char* fallback) {
+  std::string address = fallback;
   if (Held().address) {
     address = *Held().address;
-  } else if (const char* variable = std::getenv(kAddressVariable); variable && *variable) {
+  } else if (const char* variable = std::getenv(RateServiceSettings::kAddressVariable);
+             variable && *variable) {
     address = variable;
   }
   while (!address.empty() && address.back() == '/') address.pop_back();
   return address;
 }
+}  // namespace
+
+std::string RateServiceSettings::Address() { return AddressOr(kDefaultAddress); }
+
+std::string RateServiceSettings::FxRatesAddress() { return AddressOr(kFxRatesAddress); }
 
 void RateServiceSettings::SetAddress(std::optional<std::string> address) {
   Held().address = std::move(address);

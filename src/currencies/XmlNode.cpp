@@ -42,6 +42,10 @@ std::string XmlNode::Text() const {
   return text.substr(first, last - first + 1);
 }
 
+std::string XmlNode::Attribute(const std::string& name) const {
+  return node_.attribute(name.c_str()).value();
+}
+
 int XmlNodeList::Length() const {
   if (length_ < 0) {
     length_ = 0;

@@ -26,6 +26,9 @@ class XmlNode {
   XmlNodeList childNodes() const;
   // All the text under the node joined, blanks at both ends trimmed.
   std::string Text() const;
+  // The value of the element's attribute `name` (prefix included, as
+  // written), "" when it has none.
+  std::string Attribute(const std::string& name) const;
 
  private:
   std::shared_ptr<const pugi::xml_document> document_;

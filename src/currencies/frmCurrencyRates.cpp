@@ -8,7 +8,7 @@
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "currencies/RateServiceSettings.h"
+#include "currencies/RateSource.h"
 #include "currencies/SoapClient.h"
 #include "host/Convert.h"
 #include "host/OrvelObjectManager.h"
@@ -154,17 +154,11 @@ void frmCurrencyRates::cmdGo_Click() {
   });
 }
 
-void frmCurrencyRates::ReleaseReplies() {
-  ratesReply_.reset();
-  currenciesReply_.reset();
-}
-
 void frmCurrencyRates::FetchRates() {
   if (lvwRows.ListItems().Count() > 0) {
     lvwRows.ListItems().Clear();
     Platform::Ui().DoEvents();
   }
-  ReleaseReplies();
   bankRates_.reset();
   bankNames_.reset();
   rsCurrencies_.reset();
@@ -181,39 +175,18 @@ void frmCurrencyRates::FetchRates() {
         msgTitle_);
     return;
   }
+  RateSource::DayRates day;
   try {
-    client->Init(RateServiceSettings::WsdlUrl(), "", "", "");
-    ratesReply_ =
-        std::make_shared<XmlNodeList>(client->Call("getExchangeRatesByDate", {DateText()}));
-    currenciesReply_ = std::make_shared<XmlNodeList>(client->Call("getListOfCurrencies", {}));
+    day = RateSource::ForDate(asked)->Fetch(*client, asked);
   } catch (const std::exception& e) {
-    ReleaseReplies();
     Platform::Ui().MsgBox(
         std::string("Lietuvos Banko INTERNET svetainė nepasiekiama!\n") + e.what(), vbOKOnly,
         msgTitle_);
     return;
   }
   client.reset();
-
-  bankNames_ = std::make_shared<CodeDictionary>();
-  XmlNodeList currencies = currenciesReply_->Item(0).childNodes();
-  for (int i = 0; i < currencies.Length(); ++i) {
-    XmlNodeList row = currencies.Item(i).childNodes();
-    if (row.Length() == 0) continue;
-    std::string code = row.Item(0).Text();
-    if (!bankNames_->Exists(code)) bankNames_->Add(code, Variant(row.Item(2).Text()));
-  }
-  bankRates_ = std::make_shared<CodeDictionary>();
-  XmlNodeList rates = ratesReply_->Item(0).childNodes();
-  for (int i = 0; i < rates.Length(); ++i) {
-    XmlNodeList row = rates.Item(i).childNodes();
-    if (row.Length() == 0) continue;
-    std::string code = row.Item(1).Text();
-    if (bankRates_->Exists(code)) continue;
-    Variant name = bankNames_->Exists(code) ? bankNames_->Item(code) : Variant(" ");
-    bankRates_->Add(code, Variant(Variant::Array{name, Variant(row.Item(2).Text()),
-                                                 Variant(row.Item(3).Text())}));
-  }
+  bankNames_ = std::move(day.names);
+  bankRates_ = std::move(day.rates);
   LoadCurrencies();
 }
 

@@ -6,7 +6,6 @@
 #include <unordered_map>
 
 #include "currencies/CodeDictionary.h"
-#include "currencies/XmlNodeList.h"
 #include "host/OrvelWindow.h"
 #include "host/Recordset.h"
 #include "host/Variant.h"
@@ -23,13 +22,12 @@ namespace orvel {
 class OrvelObjectUIO;
 
 // The day rates of the bank beside the rates stored in the suite, written
-// for one currency or for all. cmdGo asks the bank's SOAP service (see
-// RateServiceSettings for its address) for the rates of dtpDate and its
-// currency list, and the currency object for the stored currencies of that
-// day; lvwRows then lists the bank's currencies in the bank's order and, at
-// the end, the stored currencies the bank does not quote (the base currency
-// never). cmdWrite stores every floating rate as the bank's rate divided by
-// its quantity, unrounded.
+// for one currency or for all. cmdGo asks the bank's SOAP service (the
+// RateSource of the user and the date; RateServiceSettings for its address)
+// for the rates of dtpDate and its currency list, and the currency object for
+// the stored currencies of that day; lvwRows then lists the bank's currencies in the bank's order
+// and, at the end, the stored currencies the bank does not quote (the base currency never).
+// cmdWrite stores every floating rate as the bank's rate divided by its quantity, unrounded.
 //
 // Everything runs on the window's thread; during a fetch the hourglass and
 // the disabled buttons are the only guard. A service that cannot be reached
@@ -57,8 +55,6 @@ class frmCurrencyRates : public Form,
   void SOPanel_Resize(int panelWidth);
 
   // State, readable by tests and renderers.
-  const std::shared_ptr<XmlNodeList>& RatesReply() const { return ratesReply_; }
-  const std::shared_ptr<XmlNodeList>& CurrenciesReply() const { return currenciesReply_; }
   // Code to (name, quantity text, rate text), in the bank's order.
   const std::shared_ptr<CodeDictionary>& BankRates() const { return bankRates_; }
   const std::shared_ptr<CodeDictionary>& BankNames() const { return bankNames_; }
@@ -106,13 +102,10 @@ class frmCurrencyRates : public Form,
   // `oidr` "" (or any text of at most eight characters) writes every currency.
   void WriteRates(const std::string& oidr);
   void DoMenuAction();
-  void ReleaseReplies();
   std::string DateText() const;
   orvel::OrvelObjectUIO& Uio();
 
   std::shared_ptr<orvel::OrvelObjectUIO> object_;
-  std::shared_ptr<XmlNodeList> ratesReply_;
-  std::shared_ptr<XmlNodeList> currenciesReply_;
   std::shared_ptr<CodeDictionary> bankRates_;
   std::shared_ptr<CodeDictionary> bankNames_;
   std::shared_ptr<Recordset> rsCurrencies_;

@@ -10,7 +10,8 @@
 #include "currencies/RateServiceSettings.h"
 #include "currencies/SoapClient.h"
 #include "currencies/frmCurrencyRates.h"
-#include "testhost/LoopbackRateService.h"
+#include "hostkit/LoopbackRateService.h"
+#include "testhost/TestEnvironment.h"
 #include "testhost/TestWindowManager.h"
 
 namespace orvel {
@@ -188,8 +189,7 @@ TEST_P(RatesServiceFailureTest, TheUserIsToldAndTheWindowStaysUsable) {
       << box.prompt;
   EXPECT_NE(box.prompt.find(GetParam().detail), std::string::npos) << box.prompt;
   EXPECT_EQ(Rows(), 0);
-  EXPECT_EQ(window_->RatesReply(), nullptr);
-  EXPECT_EQ(window_->CurrenciesReply(), nullptr);
+  EXPECT_EQ(window_->BankRates(), nullptr);
   EXPECT_FALSE(window_->cmdWrite.Enabled());
   EXPECT_TRUE(window_->cmdGo.Enabled());
   EXPECT_TRUE(window_->SSCClose.Enabled());
@@ -369,6 +369,129 @@ TEST_F(FrmCurrencyRatesTest, CloseDisablesItselfThenAsksTheWindowManager) {
   EXPECT_FALSE(window_->SSCClose.Enabled());
   EXPECT_EQ(host_.Log().Lines(Channel::Window), std::vector<std::string>{"CloseWindow O0002200"});
   EXPECT_FALSE(window_->Loaded());
+}
+
+// The current service, FxRates: the source a day and a user get, the inverted
+// pair of its rows, its own error reply and an empty day.
+class FxRatesTest : public FrmCurrencyRatesTest {
+ protected:
+  void SetUp() override {
+    FrmCurrencyRatesTest::SetUp();
+    // The euro era: the euro is the base currency, the lats is gone.
+    stored_ = {{"EUR", "O00022005", "Europos", "euras", Variant(1.0), 0, 1},
+               {"USD", "O00022006", "JAV", "doleris", Variant(0.9), 0, 0},
+               {"GBP", "O00022007", "Didžiosios Britanijos", "svaras", Variant::Null(), 0, 0},
+               {"DKK", "O00022008", "Danijos", "krona", Variant(0.134), 0.134, 0},
+               {"LTL", "O00022009", "Lietuvos", "litas", Variant(0.28962), 0.28962, 0}};
+  }
+  void Choose(const std::string& source, const std::string& type = "") {
+    if (!source.empty()) host_.Environment()->PresetSetting("O0002200", "RateSource", source);
+    if (!type.empty()) host_.Environment()->PresetSetting("O0002200", "FxRatesType", type);
+  }
+};
+
+const Date kEuroDay = DateSerial(2025, 3, 14);
+
+TEST_F(FxRatesTest, AEuroEraDayAsksTheCurrentServiceForTheAccountingRates) {
+  Fill(kEuroDay);
+  EXPECT_EQ(service_.Calls("getExchangeRatesByDate"), 0);
+  const std::string body = service_.LastBody("getFxRates");
+  EXPECT_NE(body.find("<tp>LT</tp>"), std::string::npos) << body;
+  EXPECT_NE(body.find("<dt>2025-03-14</dt>"), std::string::npos) << body;
+  EXPECT_EQ(service_.LastSoapAction("getFxRates"),
+            "\"http://www.lb.lt/WebServices/FxRates/getFxRates\"");
+  EXPECT_EQ(service_.Calls("getCurrencyList"), 1);
+  // 18 quoted, in the service's order; the base currency never shows, and
+  // the litas is no longer quoted but stays listed as a stored currency.
+  ASSERT_EQ(Rows(), 19);
+  EXPECT_EQ(window_->lvwRows.ListItems().Item(1).ListSubItems().Item("Code").Text(), "USD");
+  // One euro buys 1.08411 dollars: quantity 1.08411 at the rate of one euro.
+  EXPECT_EQ(Line("USD"), "JAV doleris|1,08411|USD|1,0000|0,90000000|JAV doleris|O00022006");
+  EXPECT_EQ(Line("GBP"),
+            "Didžiosios Britanijos svaras sterlingų|0,835121|GBP|1,0000| |"
+            "Didžiosios Britanijos svaras|O00022007");
+  EXPECT_EQ(Line("LTL"), " |1|LTL| |0,28962000|Lietuvos litas|O00022009");
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FxRatesTest, TheWriteStoresThePriceOfOneUnitInEuro) {
+  Fill(kEuroDay);
+  host_.Log().Clear();
+  window_->cmdWrite.Click();
+  // 1 / 1.08411 and 1 / 0.835121, unrounded; DKK is fixed, LTL not quoted.
+  EXPECT_EQ(Saves(), (std::vector<std::string>{"'USD','2025-03-14',0.922415622030975",
+                                               "'GBP','2025-03-14',1.19743127043865"}));
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+struct SourceCase {
+  const char* source;  // the user's setting, "" none
+  const char* type;    // the rate type setting, "" none
+  Date day;
+  const char* asked;  // the operation asked for the rates
+  const char* tp;     // the rate type sent, "" for the old service
+};
+
+class RateSourceChoiceTest : public FxRatesTest,
+                             public ::testing::WithParamInterface<SourceCase> {};
+
+TEST_P(RateSourceChoiceTest, TheUsersSettingAndTheDayPickTheService) {
+  const SourceCase& c = GetParam();
+  Choose(c.source, c.type);
+  Fill(c.day);
+  EXPECT_EQ(service_.Calls(c.asked), 1);
+  EXPECT_EQ(service_.Calls("getFxRates") + service_.Calls("getExchangeRatesByDate"), 1);
+  if (*c.tp) {
+    EXPECT_NE(service_.LastBody("getFxRates").find(std::string("<tp>") + c.tp + "</tp>"),
+              std::string::npos);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Days, RateSourceChoiceTest,
+    ::testing::Values(SourceCase{"", "", DateSerial(2014, 12, 31), "getExchangeRatesByDate", ""},
+                      SourceCase{"", "", DateSerial(2015, 1, 1), "getFxRates", "LT"},
+                      SourceCase{"", "EU", kEuroDay, "getFxRates", "EU"},
+                      SourceCase{"", "eu", kEuroDay, "getFxRates", "LT"},
+                      SourceCase{"ExchangeRates", "", kEuroDay, "getExchangeRatesByDate", ""},
+                      SourceCase{"FxRates", "EU", kDay, "getFxRates", "EU"},
+                      SourceCase{"Kita", "", DateSerial(2010, 12, 30), "getExchangeRatesByDate",
+                                 ""}));
+
+TEST_F(FxRatesTest, ThePublicationRatesDifferFromTheAccountingOnes) {
+  Choose("", "EU");
+  Fill(kEuroDay);
+  EXPECT_EQ(Line("USD"), "JAV doleris|1,08251|USD|1,0000|0,90000000|JAV doleris|O00022006");
+}
+
+TEST_F(FxRatesTest, TheServicesOwnErrorIsShownInTheUnreachableBox) {
+  service_.SetBehaviour("getFxRates", Behaviour::kOperationError);
+  Fill(kEuroDay);
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita 2010 Lietuvos Banko INTERNET svetainė "
+                                              "nepasiekiama!\nNeteisingi parametrai: nėra "
+                                              "duomenų"});
+  EXPECT_EQ(Rows(), 0);
+  EXPECT_EQ(window_->BankRates(), nullptr);
+  EXPECT_FALSE(window_->cmdWrite.Enabled());
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_F(FxRatesTest, AnEmptyDayListsTheStoredCurrenciesOnly) {
+  service_.SetBehaviour("getFxRates", Behaviour::kNoRows);
+  Fill(kEuroDay);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  ASSERT_NE(window_->BankRates(), nullptr);
+  EXPECT_EQ(window_->BankRates()->Count(), 0);
+  EXPECT_EQ(Rows(), 0);
+}
+
+TEST_F(FxRatesTest, ARowThatIsNotAPairAndARepeatedCodeAreLeftOut) {
+  service_.SetFxRates({{"LT", "2025-03-14", "USD", "1.0841"},
+                       {"LT", "2025-03-14", "USD", "9.9999"},
+                       {"LT", "2025-03-14", "", "2"}});
+  Fill(kEuroDay);
+  EXPECT_EQ(window_->BankRates()->Count(), 1);
+  EXPECT_EQ(Line("USD").substr(0, 26), "JAV doleris|1,0841|USD|1,0");
 }
 
 }  // namespace

@@ -8,7 +8,7 @@
 #include "currencies/HttpSoapClient.h"
 #include "currencies/RateServiceSettings.h"
 #include "host/RuntimeError.h"
-#include "testhost/LoopbackRateService.h"
+#include "hostkit/LoopbackRateService.h"
 
 namespace orvel {
 namespace {

@@ -1,4 +1,4 @@
-#include "testhost/LoopbackRateService.h"
+#include "hostkit/LoopbackRateService.h"
 
 #include <httplib.h>
 
@@ -14,6 +14,8 @@ namespace {
 
 constexpr const char* kNamespace = "http://webservices.lb.lt/ExchangeRates";
 constexpr const char* kPath = "/ExchangeRates/ExchangeRates.asmx";
+constexpr const char* kFxNamespace = "http://www.lb.lt/WebServices/FxRates";
+constexpr const char* kFxPath = "/webservices/FxRates/FxRates.asmx";
 constexpr auto kLongestSilence = std::chrono::seconds(60);
 
 std::string Escaped(const std::string& text) {
@@ -47,8 +49,9 @@ std::string Envelope(const std::string& body) {
          body + "  </soap:Body>\r\n</soap:Envelope>";
 }
 
-std::string Wrapped(const std::string& operation, const std::string& content) {
-  return "    <" + operation + "Response xmlns=\"" + kNamespace + "\">\r\n      <" + operation +
+std::string Wrapped(const std::string& operation, const std::string& content,
+                    const char* ns = kNamespace) {
+  return "    <" + operation + "Response xmlns=\"" + ns + "\">\r\n      <" + operation +
          "Result>\r\n" + content + "      </" + operation + "Result>\r\n    </" + operation +
          "Response>\r\n";
 }
@@ -67,6 +70,37 @@ std::string OperationOf(const httplib::Request& request) {
   return slash == std::string::npos ? action : action.substr(slash + 1);
 }
 
+// The text of the first element named `name` in a posted envelope, whatever
+// its prefix; "" when there is none.
+std::string ArgumentOf(const std::string& body, const std::string& name) {
+  for (size_t at = body.find(name + ">"); at != std::string::npos;
+       at = body.find(name + ">", at + 1)) {
+    if (at == 0 || (body[at - 1] != '<' && body[at - 1] != ':')) continue;
+    size_t open = body.rfind('<', at);
+    if (open == std::string::npos || body[open + 1] == '/') continue;
+    size_t from = at + name.size() + 1;
+    size_t close = body.find("</", from);
+    return close == std::string::npos ? std::string() : body.substr(from, close - from);
+  }
+  return {};
+}
+
+// The rows of type `type` of the latest day on or before `date` (ISO dates
+// compare as text), as the service answers for a day without its own rates.
+std::vector<LoopbackRateService::FxRate> LatestOn(
+    const std::vector<LoopbackRateService::FxRate>& rates, const std::string& type,
+    const std::string& date) {
+  std::string day;
+  for (const auto& rate : rates) {
+    if (rate.type == type && rate.date <= date && rate.date > day) day = rate.date;
+  }
+  std::vector<LoopbackRateService::FxRate> rows;
+  for (const auto& rate : rates) {
+    if (rate.type == type && rate.date == day) rows.push_back(rate);
+  }
+  return rows;
+}
+
 }  // namespace
 
 struct LoopbackRateService::State {
@@ -78,6 +112,8 @@ struct LoopbackRateService::State {
   bool stop = false;
   std::vector<Rate> rates = SampleRates();
   std::vector<Currency> currencies = SampleCurrencies();
+  std::vector<FxRate> fxRates = SampleFxRates();
+  std::vector<FxCurrency> fxCurrencies = SampleFxCurrencies();
   std::map<std::string, Behaviour> behaviours;
   int wsdlReads = 0;
   std::map<std::string, int> calls;
@@ -123,21 +159,26 @@ struct LoopbackRateService::State {
 
 LoopbackRateService::LoopbackRateService() : state_(std::make_unique<State>()) {
   State& s = *state_;
-  s.server.Get(kPath, [&s](const httplib::Request& request, httplib::Response& response) {
-    Behaviour behaviour;
-    {
-      std::lock_guard<std::mutex> lock(s.mutex);
-      ++s.wsdlReads;
-      behaviour = s.BehaviourOf("wsdl");
-    }
-    if (!request.has_param("wsdl")) {
-      response.status = 404;
-      return;
-    }
-    if (s.Misbehave(behaviour, response)) return;
-    response.set_content(Wsdl("http://127.0.0.1:" + std::to_string(s.port)),
-                         "text/xml; charset=utf-8");
-  });
+  auto wsdl = [&s](const char* path, std::string (*document)(const std::string&)) {
+    s.server.Get(path,
+                 [&s, document](const httplib::Request& request, httplib::Response& response) {
+                   Behaviour behaviour;
+                   {
+                     std::lock_guard<std::mutex> lock(s.mutex);
+                     ++s.wsdlReads;
+                     behaviour = s.BehaviourOf("wsdl");
+                   }
+                   if (!request.has_param("wsdl")) {
+                     response.status = 404;
+                     return;
+                   }
+                   if (s.Misbehave(behaviour, response)) return;
+                   response.set_content(document("http://127.0.0.1:" + std::to_string(s.port)),
+                                        "text/xml; charset=utf-8");
+                 });
+  };
+  wsdl(kPath, &LoopbackRateService::Wsdl);
+  wsdl(kFxPath, &LoopbackRateService::FxRatesWsdl);
   s.server.Post(kPath, [&s](const httplib::Request& request, httplib::Response& response) {
     std::string operation = OperationOf(request);
     Behaviour behaviour;
@@ -161,6 +202,54 @@ LoopbackRateService::LoopbackRateService() : state_(std::make_unique<State>()) {
       response.set_content(RatesReply(rates), "text/xml; charset=utf-8");
     } else if (operation == "getListOfCurrencies") {
       response.set_content(CurrenciesReply(currencies), "text/xml; charset=utf-8");
+    } else {
+      response.status = 500;
+      response.set_content(Fault("Server did not recognize the value of HTTP Header SOAPAction: " +
+                                 request.get_header_value("SOAPAction") + "."),
+                           "text/xml; charset=utf-8");
+    }
+  });
+  s.server.Post(kFxPath, [&s](const httplib::Request& request, httplib::Response& response) {
+    std::string operation = OperationOf(request);
+    Behaviour behaviour;
+    std::vector<FxRate> rates;
+    std::vector<FxCurrency> currencies;
+    {
+      std::lock_guard<std::mutex> lock(s.mutex);
+      ++s.calls[operation];
+      s.lastBody[operation] = request.body;
+      s.lastAction[operation] = request.get_header_value("SOAPAction");
+      behaviour = s.BehaviourOf(operation);
+      rates = s.fxRates;
+      currencies = s.fxCurrencies;
+    }
+    if (s.Misbehave(behaviour, response)) return;
+    if (behaviour == Behaviour::kNoRows) {
+      rates.clear();
+      currencies.clear();
+    }
+    if (behaviour == Behaviour::kOperationError) {
+      response.set_content(FxRatesErrorReply(operation, "Neteisingi parametrai: nėra duomenų"),
+                           "text/xml; charset=utf-8");
+    } else if (operation == "getFxRates") {
+      std::string type = ArgumentOf(request.body, "tp");
+      std::string date = ArgumentOf(request.body, "dt");
+      response.set_content(FxRatesReply(operation, LatestOn(rates, type, date)),
+                           "text/xml; charset=utf-8");
+    } else if (operation == "getFxRatesForCurrency") {
+      std::string type = ArgumentOf(request.body, "tp");
+      std::string code = ArgumentOf(request.body, "ccy");
+      std::string from = ArgumentOf(request.body, "dtFrom");
+      std::string to = ArgumentOf(request.body, "dtTo");
+      std::vector<FxRate> rows;
+      for (const auto& rate : rates) {
+        if (rate.type == type && rate.currency == code && rate.date >= from && rate.date <= to) {
+          rows.push_back(rate);
+        }
+      }
+      response.set_content(FxRatesReply(operation, rows), "text/xml; charset=utf-8");
+    } else if (operation == "getCurrencyList") {
+      response.set_content(FxCurrenciesReply(currencies), "text/xml; charset=utf-8");
     } else {
       response.status = 500;
       response.set_content(Fault("Server did not recognize the value of HTTP Header SOAPAction: " +
@@ -203,6 +292,16 @@ void LoopbackRateService::SetRates(std::vector<Rate> rates) {
 void LoopbackRateService::SetCurrencies(std::vector<Currency> currencies) {
   std::lock_guard<std::mutex> lock(state_->mutex);
   state_->currencies = std::move(currencies);
+}
+
+void LoopbackRateService::SetFxRates(std::vector<FxRate> rates) {
+  std::lock_guard<std::mutex> lock(state_->mutex);
+  state_->fxRates = std::move(rates);
+}
+
+void LoopbackRateService::SetFxCurrencies(std::vector<FxCurrency> currencies) {
+  std::lock_guard<std::mutex> lock(state_->mutex);
+  state_->fxCurrencies = std::move(currencies);
 }
 
 void LoopbackRateService::SetBehaviour(const std::string& what, Behaviour behaviour) {
@@ -353,18 +452,119 @@ std::string LoopbackRateService::CurrenciesReply(const std::vector<Currency>& cu
   return Envelope(Wrapped("getListOfCurrencies", rows));
 }
 
-std::string LoopbackRateService::Wsdl(const std::string& address) {
-  std::string location = address + kPath;
-  std::string tns = kNamespace;
-  auto operationElements = [&](const std::string& op, const std::string& arguments) {
-    return "      <s:element name=\"" + op +
+std::vector<LoopbackRateService::FxRate> LoopbackRateService::SampleFxRates() {
+  // The rates of two days of 2025, by publication ("EU") and for accounting
+  // ("LT"); the accounting rates differ in the last digits.
+  const char* rows[][3] = {
+      {"USD", "1.0825", "1.0841"},   {"GBP", "0.83405", "0.83512"}, {"CHF", "0.9423", "0.9431"},
+      {"PLN", "4.2765", "4.2801"},   {"SEK", "11.2370", "11.2455"}, {"NOK", "11.6905", "11.7020"},
+      {"DKK", "7.4621", "7.4623"},   {"CZK", "25.012", "25.031"},   {"JPY", "162.45", "162.81"},
+      {"CNY", "7.8123", "7.8250"},   {"HUF", "404.10", "404.85"},   {"RUB", "95.5000", "95.7200"},
+      {"CAD", "1.5012", "1.5030"},   {"AUD", "1.6540", "1.6561"},   {"NZD", "1.8102", "1.8120"},
+      {"TRY", "38.1200", "38.2010"}, {"UAH", "44.8500", "44.9100"}, {"ILS", "3.9610", "3.9702"},
+  };
+  std::vector<FxRate> rates;
+  for (const char* day : {"2025-03-13", "2025-03-14"}) {
+    bool second = std::string(day) == "2025-03-14";
+    for (const auto& row : rows) {
+      rates.push_back({"EU", day, row[0], second ? std::string(row[1]) + "1" : row[1]});
+      rates.push_back({"LT", day, row[0], second ? std::string(row[2]) + "1" : row[2]});
+    }
+  }
+  return rates;
+}
+
+std::vector<LoopbackRateService::FxCurrency> LoopbackRateService::SampleFxCurrencies() {
+  return {
+      {"EUR", "Euras", "Euro", "978", "2"},
+      {"USD", "JAV doleris", "US dollar", "840", "2"},
+      {"GBP", "Didžiosios Britanijos svaras sterlingų", "Pound sterling", "826", "2"},
+      {"CHF", "Šveicarijos frankas", "Swiss franc", "756", "2"},
+      {"PLN", "Lenkijos zlotas", "Polish zloty", "985", "2"},
+      {"SEK", "Švedijos krona", "Swedish krona", "752", "2"},
+      {"NOK", "Norvegijos krona", "Norwegian krone", "578", "2"},
+      {"DKK", "Danijos krona", "Danish krone", "208", "2"},
+      {"CZK", "Čekijos krona", "Czech koruna", "203", "2"},
+      {"JPY", "Japonijos jena", "Japanese yen", "392", "0"},
+      {"CNY", "Kinijos ženminbi juanis", "Chinese yuan renminbi", "156", "2"},
+      {"HUF", "Vengrijos forintas", "Hungarian forint", "348", "2"},
+      {"RUB", "Rusijos rublis", "Russian rouble", "643", "2"},
+      {"CAD", "Kanados doleris", "Canadian dollar", "124", "2"},
+      {"AUD", "Australijos doleris", "Australian dollar", "036", "2"},
+      {"NZD", "Naujosios Zelandijos doleris", "New Zealand dollar", "554", "2"},
+      {"TRY", "Turkijos lira", "Turkish lira", "949", "2"},
+      {"UAH", "Ukrainos grivina", "Ukrainian hryvnia", "980", "2"},
+      {"ILS", "Izraelio šekelis", "Israeli shekel", "376", "2"},
+  };
+}
+
+std::string LoopbackRateService::FxRatesReply(const std::string& operation,
+                                              const std::vector<FxRate>& rates) {
+  std::string rows = "        <FxRates xmlns=\"" + std::string(kFxNamespace) + "\">\r\n";
+  for (const auto& r : rates) {
+    rows += "          <FxRate>\r\n            <Tp>" + Escaped(r.type) +
+            "</Tp>\r\n            <Dt>" + Escaped(r.date) +
+            "</Dt>\r\n            <CcyAmt>\r\n              <Ccy>EUR</Ccy>\r\n"
+            "              <Amt>1</Amt>\r\n            </CcyAmt>\r\n            <CcyAmt>\r\n"
+            "              <Ccy>" +
+            Escaped(r.currency) + "</Ccy>\r\n              <Amt>" + Escaped(r.amount) +
+            "</Amt>\r\n            </CcyAmt>\r\n          </FxRate>\r\n";
+  }
+  rows += "        </FxRates>\r\n";
+  return Envelope(Wrapped(operation, rows, kFxNamespace));
+}
+
+std::string LoopbackRateService::FxRatesErrorReply(const std::string& operation,
+                                                   const std::string& description) {
+  std::string rows = "        <FxRates xmlns=\"" + std::string(kFxNamespace) +
+                     "\">\r\n          <OprlErr>\r\n            <Err>\r\n"
+                     "              <Prtry>1</Prtry>\r\n              <Desc>" +
+                     Escaped(description) +
+                     "</Desc>\r\n            </Err>\r\n          </OprlErr>\r\n"
+                     "        </FxRates>\r\n";
+  return Envelope(Wrapped(operation, rows, kFxNamespace));
+}
+
+std::string LoopbackRateService::FxCurrenciesReply(const std::vector<FxCurrency>& currencies) {
+  std::string rows = "        <CcyTbl xmlns=\"" + std::string(kFxNamespace) + "\">\r\n";
+  for (const auto& c : currencies) {
+    rows += "          <CcyNtry>\r\n            <Ccy>" + Escaped(c.code) +
+            "</Ccy>\r\n            <CcyNm lang=\"LT\">" + Escaped(c.nameLt) +
+            "</CcyNm>\r\n            <CcyNm lang=\"EN\">" + Escaped(c.nameEn) +
+            "</CcyNm>\r\n            <CcyNbr>" + Escaped(c.number) +
+            "</CcyNbr>\r\n            <CcyMnrUnts>" + Escaped(c.minorUnits) +
+            "</CcyMnrUnts>\r\n          </CcyNtry>\r\n";
+  }
+  rows += "        </CcyTbl>\r\n";
+  return Envelope(Wrapped("getCurrencyList", rows, kFxNamespace));
+}
+
+namespace {
+
+struct WsdlOperation {
+  std::string name;
+  std::vector<std::string> arguments;
+};
+
+// An ASP.NET service's WSDL: document/literal, the SOAP 1.2 binding and port
+// before the 1.1 ones (a client must pick the 1.1 ones by their namespace,
+// not by their place), each result an open element.
+std::string ServiceWsdl(const std::string& location, const std::string& tns,
+                        const std::string& service, const std::vector<WsdlOperation>& operations) {
+  auto operationElements = [&](const WsdlOperation& op) {
+    std::string arguments;
+    for (const auto& argument : op.arguments) {
+      arguments += "            <s:element minOccurs=\"0\" maxOccurs=\"1\" name=\"" + argument +
+                   "\" type=\"s:string\" />\r\n";
+    }
+    return "      <s:element name=\"" + op.name +
            "\">\r\n        <s:complexType>\r\n          <s:sequence>\r\n" + arguments +
            "          </s:sequence>\r\n        </s:complexType>\r\n      </s:element>\r\n"
            "      <s:element name=\"" +
-           op +
+           op.name +
            "Response\">\r\n        <s:complexType>\r\n          <s:sequence>\r\n"
            "            <s:element minOccurs=\"0\" maxOccurs=\"1\" name=\"" +
-           op +
+           op.name +
            "Result\">\r\n              <s:complexType mixed=\"true\">\r\n"
            "                <s:sequence><s:any /></s:sequence>\r\n"
            "              </s:complexType>\r\n            </s:element>\r\n"
@@ -396,11 +596,18 @@ std::string LoopbackRateService::Wsdl(const std::string& address) {
            "    </wsdl:operation>\r\n";
   };
   auto binding = [&](const std::string& name, const std::string& prefix) {
-    return "  <wsdl:binding name=\"" + name + "\" type=\"tns:ExchangeRatesSoap\">\r\n    <" +
-           prefix + ":binding transport=\"http://schemas.xmlsoap.org/soap/http\" />\r\n" +
-           bindingOperation(prefix, "getExchangeRatesByDate") +
-           bindingOperation(prefix, "getListOfCurrencies") + "  </wsdl:binding>\r\n";
+    std::string text = "  <wsdl:binding name=\"" + name + "\" type=\"tns:" + service +
+                       "Soap\">\r\n    <" + prefix +
+                       ":binding transport=\"http://schemas.xmlsoap.org/soap/http\" />\r\n";
+    for (const auto& op : operations) text += bindingOperation(prefix, op.name);
+    return text + "  </wsdl:binding>\r\n";
   };
+  std::string elements, allMessages, portOperations;
+  for (const auto& op : operations) {
+    elements += operationElements(op);
+    allMessages += messages(op.name);
+    portOperations += portOperation(op.name);
+  }
   return "<?xml version=\"1.0\" encoding=\"utf-8\"?>\r\n"
          "<wsdl:definitions xmlns:soap=\"http://schemas.xmlsoap.org/wsdl/soap/\" "
          "xmlns:tm=\"http://microsoft.com/wsdl/mime/textMatching/\" "
@@ -415,28 +622,29 @@ std::string LoopbackRateService::Wsdl(const std::string& address) {
          "\" "
          "xmlns:wsdl=\"http://schemas.xmlsoap.org/wsdl/\">\r\n"
          "  <wsdl:types>\r\n    <s:schema elementFormDefault=\"qualified\" targetNamespace=\"" +
-         tns + "\">\r\n" +
-         operationElements("getExchangeRatesByDate",
-                           "            <s:element minOccurs=\"0\" maxOccurs=\"1\" "
-                           "name=\"Date\" type=\"s:string\" />\r\n") +
-         operationElements("getListOfCurrencies", "") + "    </s:schema>\r\n  </wsdl:types>\r\n" +
-         messages("getExchangeRatesByDate") + messages("getListOfCurrencies") +
-         "  <wsdl:portType name=\"ExchangeRatesSoap\">\r\n" +
-         portOperation("getExchangeRatesByDate") + portOperation("getListOfCurrencies") +
-         "  </wsdl:portType>\r\n" +
-         // The SOAP 1.2 binding and port come first, as a client must pick
-         // the 1.1 ones by their namespace, not by their place.
-         binding("ExchangeRatesSoap12", "soap12") + binding("ExchangeRatesSoap", "soap") +
-         "  <wsdl:service name=\"ExchangeRates\">\r\n"
-         "    <wsdl:port name=\"ExchangeRatesSoap12\" binding=\"tns:ExchangeRatesSoap12\">\r\n"
-         "      <soap12:address location=\"" +
-         location +
-         "\" />\r\n    </wsdl:port>\r\n"
-         "    <wsdl:port name=\"ExchangeRatesSoap\" binding=\"tns:ExchangeRatesSoap\">\r\n"
-         "      <soap:address location=\"" +
-         location +
-         "\" />\r\n    </wsdl:port>\r\n"
-         "  </wsdl:service>\r\n</wsdl:definitions>";
+         tns + "\">\r\n" + elements + "    </s:schema>\r\n  </wsdl:types>\r\n" + allMessages +
+         "  <wsdl:portType name=\"" + service + "Soap\">\r\n" + portOperations +
+         "  </wsdl:portType>\r\n" + binding(service + "Soap12", "soap12") +
+         binding(service + "Soap", "soap") + "  <wsdl:service name=\"" + service +
+         "\">\r\n    <wsdl:port name=\"" + service + "Soap12\" binding=\"tns:" + service +
+         "Soap12\">\r\n      <soap12:address location=\"" + location +
+         "\" />\r\n    </wsdl:port>\r\n    <wsdl:port name=\"" + service +
+         "Soap\" binding=\"tns:" + service + "Soap\">\r\n      <soap:address location=\"" +
+         location + "\" />\r\n    </wsdl:port>\r\n  </wsdl:service>\r\n</wsdl:definitions>";
+}
+
+}  // namespace
+
+std::string LoopbackRateService::Wsdl(const std::string& address) {
+  return ServiceWsdl(address + kPath, kNamespace, "ExchangeRates",
+                     {{"getExchangeRatesByDate", {"Date"}}, {"getListOfCurrencies", {}}});
+}
+
+std::string LoopbackRateService::FxRatesWsdl(const std::string& address) {
+  return ServiceWsdl(address + kFxPath, kFxNamespace, "FxRates",
+                     {{"getCurrencyList", {}},
+                      {"getFxRates", {"tp", "dt"}},
+                      {"getFxRatesForCurrency", {"tp", "ccy", "dtFrom", "dtTo"}}});
 }
 
 }  // namespace orvel
