@@ -29,10 +29,19 @@ namespace orvel {
 
 namespace {
 
+// Words split at blanks; a word in double quotes keeps its blanks (a menu
+// key such as "Valiutų kursų įrašymas").
 std::vector<std::string> Words(const std::string& line) {
   std::istringstream in(line);
   std::vector<std::string> words;
-  for (std::string word; in >> word;) words.push_back(word);
+  for (std::string word; in >> word;) {
+    if (word.size() > 1 && word.front() == '"') {
+      std::string rest;
+      while (word.back() != '"' && in >> rest) word += " " + rest;
+      if (word.back() == '"') word = word.substr(1, word.size() - 2);
+    }
+    words.push_back(word);
+  }
   return words;
 }
 

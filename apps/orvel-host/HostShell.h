@@ -25,7 +25,8 @@ class ReferenceHost;
 //   close                      the current window's close button
 //   quit
 // The current window is the last one shown (or the modal form being run).
-// Lines starting with '#' are comments.
+// Lines starting with '#' are comments. A word in double quotes may hold
+// blanks: click O0002200 "Valiutų kursų įrašymas".
 class HostShell {
  public:
   HostShell(ReferenceHost& host, LinePrompter& prompter, std::ostream& out);

@@ -270,8 +270,10 @@ void SeedCurrencies(SqliteDatabase& db) {
     const char* oneSmall;
     const char* twoSmall;
     const char* tenSmall;
-    double rate;  // units of it for one euro
+    double rate;  // units of it for one euro, as the bank quotes it
   };
+  // Stored as the module writes a day rate: the price of one unit in euro.
+  auto perUnit = [](double unitsPerEuro) { return std::round(1e8 / unitsPerEuro) / 1e8; };
   const Currency currencies[] = {
       {"EUR", "Euras", "Europos Sąjungos", 0, "euras", "eurai", "eurų", 0, "centas", "centai",
        "centų", 1.0},
@@ -306,8 +308,8 @@ void SeedCurrencies(SqliteDatabase& db) {
     bool fixed = std::string(c.code) == "EUR" || std::string(c.code) == "LTL";
     currency.Reset();
     currency
-        .BindAll(c.code, c.name, c.state, fixed ? c.rate : 0.0, c.gender, c.one, c.two, c.ten,
-                 c.genderSmall, c.oneSmall, c.twoSmall, c.tenSmall)
+        .BindAll(c.code, c.name, c.state, fixed ? perUnit(c.rate) : 0.0, c.gender, c.one, c.two,
+                 c.ten, c.genderSmall, c.oneSmall, c.twoSmall, c.tenSmall)
         .Run();
     if (fixed) continue;
     int64_t id = db.LastInsertRowId();
@@ -315,7 +317,8 @@ void SeedCurrencies(SqliteDatabase& db) {
     for (int day = 0; day < 365; ++day) {
       value *= 1.0 + (random.Below(2001) - 1000) / 250000.0;
       rate.Reset();
-      rate.BindAll(id, Date{first.serial + day}, std::round(value * 10000.0) / 10000.0).Run();
+      rate.BindAll(id, Date{first.serial + day}, perUnit(std::round(value * 10000.0) / 10000.0))
+          .Run();
     }
   }
 }

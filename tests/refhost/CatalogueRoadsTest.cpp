@@ -1,10 +1,14 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cstdlib>
+#include <ctime>
+
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "host/OrvelObjectUI.h"
 #include "host/Recordset.h"
+#include "hostkit/LoopbackRateService.h"
 #include "ui/Button.h"
 
 namespace orvel {
@@ -101,6 +105,53 @@ TEST_F(CatalogueRoadsTest, ADayRateIsSavedThroughTheCurrencyObject) {
   auto refused = usd->Methods("SaveDayRate", fixed);
   EXPECT_NE(refused.Number, 0);
   EXPECT_THAT(refused.Text, HasSubstr("EUR"));
+}
+
+// The rates window of the real module over the sample database fetches the
+// day's rates from a local mirror of the bank (the current service, as for
+// any day from 2015 on) and writes them as the price of one unit in euro.
+TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
+  LoopbackRateService mirror;
+  std::time_t now = std::time(nullptr);
+  std::tm local{};
+  localtime_r(&now, &local);
+  char today[16];
+  std::strftime(today, sizeof today, "%Y-%m-%d", &local);
+  mirror.SetFxRates({{"LT", today, "USD", "1.0841"}, {"LT", today, "GBP", "0.8351"}});
+  ::setenv("ORVEL_RATES_ADDRESS", mirror.Address().c_str(), 1);
+  struct Unset {
+    ~Unset() { ::unsetenv("ORVEL_RATES_ADDRESS"); }
+  } unset;
+
+  auto currencies = host_.Objects().GetOrvelObjectUI("O0002200");
+  ASSERT_NE(currencies, nullptr);
+  auto result = currencies->ClickMenu("O0002200", "", "Valiutų kursų įrašymas", "");
+  auto window = result.Value.ObjectAs<OrvelWindow>();
+  ASSERT_NE(window, nullptr);
+  host_.Windows().ShowWindow(window);
+  auto form = std::dynamic_pointer_cast<Form>(window);
+  ASSERT_NE(form, nullptr);
+  dynamic_cast<Button*>(form->FindControl("cmdGo"))->Click();
+  EXPECT_EQ(mirror.Calls("getFxRates"), 1);
+  EXPECT_THAT(calls_, Contains(std::string("GetCall GetCurrencyList '") + today + "'"));
+  dynamic_cast<Button*>(form->FindControl("cmdWrite"))->Click();
+
+  const std::string rate =
+      "SELECT r.Rate FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"
+      " WHERE c.Code = '%s' AND r.RateDate = '" +
+      std::string(today) + "'";
+  auto stored = [&](const char* code) {
+    std::string sql = rate;
+    sql.replace(sql.find("%s"), 2, code);
+    return Stored(sql);
+  };
+  // The rate travels as text of fifteen digits.
+  EXPECT_NEAR(stored("USD").NumberValue(), 1 / 1.0841, 1e-14);
+  EXPECT_NEAR(stored("GBP").NumberValue(), 1 / 0.8351, 1e-14);
+  // Not quoted by the bank: no rate of the day.
+  EXPECT_TRUE(stored("PLN").IsEmpty());
+  EXPECT_TRUE(prompter_.said.empty() ||
+              prompter_.said.back().find("nepasiekiama") == std::string::npos);
 }
 
 }  // namespace
