@@ -154,5 +154,33 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
               prompter_.said.back().find("nepasiekiama") == std::string::npos);
 }
 
+// A catalogue without a window of its own, the measures, through its adapter
+// pair: a new record written, read back, changed, and deleted.
+TEST_F(CatalogueRoadsTest, AMeasureIsWrittenReadChangedAndDeletedThroughItsAdapters) {
+  const Variant name("Colis (\"), 'x'");
+  auto measures = host_.Objects().GetOrvelObjectUI("O0000400");
+  ASSERT_NE(measures, nullptr);
+  auto fresh = measures->GetOrvelObject("O0000400");
+  ASSERT_NE(fresh, nullptr);
+  fresh->Fields("Name").SetValue(name);
+  fresh->Fields("Code").SetValue(Variant("col."));
+  auto saved = fresh->Save(nullptr, nullptr);
+  ASSERT_EQ(saved.Number, 0) << saved.Text;
+  const std::string oidr = fresh->OIDR();
+  ASSERT_GT(oidr.size(), 8u);
+
+  auto again = measures->GetOrvelObject(oidr);
+  ASSERT_NE(again, nullptr);
+  EXPECT_EQ(again->Fields("Name").Value(), name);
+  again->Fields("Code").SetValue(Variant("in"));
+  ASSERT_EQ(again->Save(nullptr, nullptr).Number, 0);
+  EXPECT_EQ(Stored("SELECT Name FROM measures WHERE Code = 'in'"), name);
+
+  EXPECT_EQ(measures->DeleteOrvelObject(oidr), 0);
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM measures WHERE Code = 'in'"), Variant(0));
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000400','" + oidr + "'"));
+  EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
+}
+
 }  // namespace
 }  // namespace orvel
