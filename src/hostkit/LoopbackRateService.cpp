@@ -85,6 +85,13 @@ std::string ArgumentOf(const std::string& body, const std::string& name) {
   return {};
 }
 
+void UnknownAction(const httplib::Request& request, httplib::Response& response) {
+  response.status = 500;
+  response.set_content(Fault("Server did not recognize the value of HTTP Header SOAPAction: " +
+                             request.get_header_value("SOAPAction") + "."),
+                       "text/xml; charset=utf-8");
+}
+
 // The rows of type `type` of the latest day on or before `date` (ISO dates
 // compare as text), as the service answers for a day without its own rates.
 std::vector<LoopbackRateService::FxRate> LatestOn(
@@ -129,6 +136,24 @@ struct LoopbackRateService::State {
   void StaySilent() {
     std::unique_lock<std::mutex> lock(mutex);
     stopping.wait_for(lock, kLongestSilence, [&] { return stop; });
+  }
+
+  // Keeps what came in for `operation` and copies the replies' data (none
+  // for kNoRows); returns how the operation is to behave.
+  template <class Rates, class Currencies>
+  Behaviour Record(const httplib::Request& request, const std::string& operation,
+                   const Rates& heldRates, Rates& rates, const Currencies& heldCurrencies,
+                   Currencies& currencies) {
+    std::lock_guard<std::mutex> lock(mutex);
+    ++calls[operation];
+    lastBody[operation] = request.body;
+    lastAction[operation] = request.get_header_value("SOAPAction");
+    Behaviour behaviour = BehaviourOf(operation);
+    if (behaviour != Behaviour::kNoRows) {
+      rates = heldRates;
+      currencies = heldCurrencies;
+    }
+    return behaviour;
   }
 
   // Answers `behaviour` other than kAnswer and kNoRows; false to go on.
@@ -181,53 +206,25 @@ LoopbackRateService::LoopbackRateService() : state_(std::make_unique<State>()) {
   wsdl(kFxPath, &LoopbackRateService::FxRatesWsdl);
   s.server.Post(kPath, [&s](const httplib::Request& request, httplib::Response& response) {
     std::string operation = OperationOf(request);
-    Behaviour behaviour;
     std::vector<Rate> rates;
     std::vector<Currency> currencies;
-    {
-      std::lock_guard<std::mutex> lock(s.mutex);
-      ++s.calls[operation];
-      s.lastBody[operation] = request.body;
-      s.lastAction[operation] = request.get_header_value("SOAPAction");
-      behaviour = s.BehaviourOf(operation);
-      rates = s.rates;
-      currencies = s.currencies;
-    }
+    Behaviour behaviour = s.Record(request, operation, s.rates, rates, s.currencies, currencies);
     if (s.Misbehave(behaviour, response)) return;
-    if (behaviour == Behaviour::kNoRows) {
-      rates.clear();
-      currencies.clear();
-    }
     if (operation == "getExchangeRatesByDate") {
       response.set_content(RatesReply(rates), "text/xml; charset=utf-8");
     } else if (operation == "getListOfCurrencies") {
       response.set_content(CurrenciesReply(currencies), "text/xml; charset=utf-8");
     } else {
-      response.status = 500;
-      response.set_content(Fault("Server did not recognize the value of HTTP Header SOAPAction: " +
-                                 request.get_header_value("SOAPAction") + "."),
-                           "text/xml; charset=utf-8");
+      UnknownAction(request, response);
     }
   });
   s.server.Post(kFxPath, [&s](const httplib::Request& request, httplib::Response& response) {
     std::string operation = OperationOf(request);
-    Behaviour behaviour;
     std::vector<FxRate> rates;
     std::vector<FxCurrency> currencies;
-    {
-      std::lock_guard<std::mutex> lock(s.mutex);
-      ++s.calls[operation];
-      s.lastBody[operation] = request.body;
-      s.lastAction[operation] = request.get_header_value("SOAPAction");
-      behaviour = s.BehaviourOf(operation);
-      rates = s.fxRates;
-      currencies = s.fxCurrencies;
-    }
+    Behaviour behaviour =
+        s.Record(request, operation, s.fxRates, rates, s.fxCurrencies, currencies);
     if (s.Misbehave(behaviour, response)) return;
-    if (behaviour == Behaviour::kNoRows) {
-      rates.clear();
-      currencies.clear();
-    }
     if (behaviour == Behaviour::kOperationError) {
       response.set_content(FxRatesErrorReply(operation, "Neteisingi parametrai: nėra duomenų"),
                            "text/xml; charset=utf-8");
@@ -251,10 +248,7 @@ LoopbackRateService::LoopbackRateService() : state_(std::make_unique<State>()) {
     } else if (operation == "getCurrencyList") {
       response.set_content(FxCurrenciesReply(currencies), "text/xml; charset=utf-8");
     } else {
-      response.status = 500;
-      response.set_content(Fault("Server did not recognize the value of HTTP Header SOAPAction: " +
-                                 request.get_header_value("SOAPAction") + "."),
-                           "text/xml; charset=utf-8");
+      UnknownAction(request, response);
     }
   });
   s.server.set_tcp_nodelay(true);
