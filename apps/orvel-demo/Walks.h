@@ -15,5 +15,8 @@ int WalkFirmCard(orvel::TestHost& host);
 int WalkGoods(orvel::TestHost& host);
 int WalkCurrencies(orvel::TestHost& host);
 int WalkReferenceBooks(orvel::TestHost& host);
+int WalkFirmDetails(orvel::TestHost& host);
+int WalkDepartments(orvel::TestHost& host);
+int WalkGoodsCard(orvel::TestHost& host);
 
 }  // namespace demo

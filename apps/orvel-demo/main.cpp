@@ -111,7 +111,10 @@ int main(int argc, char** argv) {
                        /*withChannel=*/false);
     for (auto walk :
          {demo::WalkMeasures, demo::WalkBank, demo::WalkBankList, demo::WalkFirms,
-          demo::WalkFirmCard, demo::WalkGoods, demo::WalkCurrencies, demo::WalkReferenceBooks}) {
+          demo::WalkFirmCard, demo::WalkGoods, demo::WalkCurrencies, demo::WalkReferenceBooks,
+          demo::WalkFirmDetails,
+          demo::WalkDepartments,
+          demo::WalkGoodsCard}) {
       result |= walk(host);
     }
     host.Log().SetEcho(nullptr);

@@ -2,6 +2,7 @@
 
 #include "common/Catalogue.h"
 #include "common/Platform.h"
+#include "firms/frmFirmInfo.h"
 #include "firms/frmFirms.h"
 #include "firms/frmPreview.h"
 #include "host/Convert.h"
@@ -289,9 +290,16 @@ OrvelResult UIO0000100::DoMethods(const std::string& name, Variant::Array& param
   const std::string lower = LCase(name);
   if (lower == "settypeandregion") return SetTypeAndRegion();
   if (lower == "showfirminfo") {
-    // The firm information dialog is delivered with its own window; until
-    // then the method answers as for a record without an OIDR.
-    return {};
+    // Params(0): the note's ID, 0 for a new note; it comes back as the
+    // dialog left it (0 when the note was gone). Value: whether it saved.
+    if (OIDR().empty()) return {};
+    frmFirmInfo dialog;
+    dialog.OrvelObjectUIO = shared_from_this();
+    dialog.ID = params.empty() ? 0 : CLng(params[0]);
+    dialog.ShowModal(Platform::Ui());
+    if (!params.empty()) params[0] = Variant(dialog.ID);
+    dialog.OrvelObjectUIO.reset();
+    return {0, "", Variant(dialog.Saved)};
   }
   std::string param = params.empty() ? std::string() : CStr(params[0]);
   OrvelStatus status = BO()->ExecCall(name, param, 0);

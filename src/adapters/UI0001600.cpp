@@ -13,6 +13,8 @@
 #include "host/OrvelUser.h"
 #include "host/Recordset.h"
 #include "lists/frmReferenceBookPreview.h"
+#include "reference/frmDepartments.h"
+#include "reference/frmDestination.h"
 #include "reference/frmReferenceBook.h"
 #include "ui/Ui.h"
 
@@ -42,11 +44,35 @@ bool Contains(const std::string& text, std::string_view part) {
 
 std::string UserId() { return Services().Environment()->User()->Id(); }
 
-// The card of a record of the book an OIDR names. The destinations have a
-// card of their own that builds on this one; until it is part of the module
-// they open in the common card.
-std::shared_ptr<frmReferenceBook> NewCard(const std::string&) {
+constexpr const char* kDepartments = "O0001604";
+constexpr const char* kDestinations = "O0001615";
+
+// The card of a record of the book an OIDR names: the destinations' card
+// adds their accounting templates to the common one. The book is told by the
+// OIDR's first eight characters, so that a stored destination opens in its
+// own card as well as a new one.
+std::shared_ptr<frmReferenceBook> NewCard(const std::string& oidr) {
+  if (BookOf(oidr) == kDestinations) return std::make_shared<frmDestination>();
   return std::make_shared<frmReferenceBook>();
+}
+
+bool IsDepartment(const std::string& oidr) { return BookOf(oidr) == kDepartments; }
+
+// The departments' card reads its group, its branch and its rights itself.
+std::shared_ptr<OrvelWindow> NewDepartmentCard(std::shared_ptr<OrvelObjectUIO> object) {
+  auto window = std::make_shared<frmDepartments>();
+  window->SetOrvelObjectUIO(std::move(object));
+  return window;
+}
+
+// The window of any record of the family, not shown.
+std::shared_ptr<OrvelWindow> NewObjectForm(std::shared_ptr<OrvelObjectUIO> object) {
+  if (IsDepartment(object->OIDR().empty() ? object->OID() : object->OIDR())) {
+    return NewDepartmentCard(std::move(object));
+  }
+  auto window = NewCard(object->OIDR().empty() ? object->OID() : object->OIDR());
+  window->SetOrvelObjectUIO(std::move(object));
+  return window;
 }
 
 // A number field of the record; 0 when it is Null or missing.
@@ -154,6 +180,14 @@ OrvelMenuResult UI0001600::ShowList(const std::string& oidr) {
 }
 
 OrvelMenuResult UI0001600::OpenRecord(const std::string& oidr) {
+  if (IsDepartment(oidr)) {
+    auto object = GetOrvelObject(oidr);
+    if (!object) {
+      ShowStopBox("Objektas panaikintas !");
+      return {};
+    }
+    return {OrvelMenuResult::kShowWindow, Variant(NewDepartmentCard(std::move(object)))};
+  }
   auto window = OpenReferenceWindow(oidr, "");
   if (!window) {
     ShowStopBox("Objektas panaikintas !");
@@ -216,6 +250,13 @@ OrvelMenuResult UI0001600::NewEntry(const std::string& oidr, const std::string& 
 
 OrvelMenuResult UI0001600::NewRecordFrame(const std::string& oidr, int32_t parentId,
                                           const std::string& parentName, int groupFlag) {
+  if (IsDepartment(oidr)) {
+    auto object = GetOrvelObject(BookOf(oidr));
+    if (!object) return {};
+    object->Fields("ParentID").SetValue(Variant(parentId));
+    object->Fields("GroupFlag").SetValue(Variant(groupFlag));
+    return {OrvelMenuResult::kShowWindow, Variant(NewDepartmentCard(std::move(object)))};
+  }
   auto window = OpenReferenceWindow(BookOf(oidr), "");
   if (!window) return {};
   auto& object = *window->OrvelObjectUIO();
@@ -291,9 +332,7 @@ OrvelResult UIO0001600::DoProperties(const std::string& propertyName,
     return {0, "", Variant(std::shared_ptr<Object>(parent))};
   }
   if (propertyName == "GetObjectForm") {
-    auto window = NewCard(OIDR());
-    window->SetOrvelObjectUIO(shared_from_this());
-    return {0, "", Variant(std::shared_ptr<OrvelWindow>(window))};
+    return {0, "", Variant(NewObjectForm(shared_from_this()))};
   }
   // "ExtPropertiesByOID" and every other name: the parameter goes as given.
   auto reply = BO()->GetCall("Get" + propertyName, propertyPar, 0);

@@ -18,6 +18,9 @@ BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move
   AddGoodsCalls(*objects_.at("O0000200"));
   AddCurrencyCalls(*objects_.at("O0002200"));
   AddReferenceBookCalls();
+  AddFirmDetailCalls(*objects_.at("O0000100"));
+  AddDepartmentCalls(*objects_.at("O0001604"), *objects_.at("O0001615"));
+  AddGoodsDetailCalls(*objects_.at("O0000200"));
 }
 
 void BusinessLayer::AddReferenceBookCalls() {

@@ -23,4 +23,16 @@ void AddGoodsCalls(TableBusinessObject& goods);
 // GetCurrencyRates, SaveDayRate.
 void AddCurrencyCalls(TableBusinessObject& currencies);
 
+// A firm's detail lists and notes, on the firms (O0000100): GetAccounts,
+// GetFirmADDRESSES, GetFirmCONTACTS, GetFirmSERVERS, GetFirmActivity,
+// GetFirmBranch, GetContractsList, GetDiscounts, AddUpdateFirmInfo.
+void AddFirmDetailCalls(TableBusinessObject& firms);
+
+// Departments (O0001604): DO0001604_GetFirmBranches. Destinations (O0001615):
+// GetBRTemplates, SaveUpdateDeleteTemplates.
+void AddDepartmentCalls(TableBusinessObject& departments, TableBusinessObject& destinations);
+// A good's detail lists, on the goods (O0000200): GetMeasures, GetMinAmount,
+// GetGoodBRTemplates, GetDiscounts.
+void AddGoodsDetailCalls(TableBusinessObject& goods);
+
 }  // namespace orvel

@@ -158,6 +158,40 @@ std::vector<CatalogueTable> MakeCatalogues() {
   book("O0001603", "book_payment_terms", "PaymentTerms",
        {Number("Days", "Dienų skaičius", SqlType::Integer, true, Variant(0))});
   book("O0001605", "book_locations", "Locations", {Text("Address", "Adresas", 100)});
+  book("O0001604", "book_departments", "Departments",
+       {Number("FirmBranchID", "Įmonės filialas", SqlType::Integer, false)});
+  book("O0001615", "book_destinations", "Destinations", {});
+
+  // A firm's settlement accounts and details; each record names its firm
+  // (an account by the firm's OIDR in FOIDR, the others by FirmID).
+  CatalogueTable accounts{"O0000500", "firm_accounts", "Accounts", {}, false};
+  accounts.fields = {Text("Name", "Sąskaitos numeris", 34), Number("BankID", "Bankas"),
+                     Text("Currency", "Valiuta", 3), Text("FOIDR", "Įmonė", 20, false)};
+  specs.push_back(std::move(accounts));
+  CatalogueTable addresses{"O0002000", "firm_addresses", "FirmAddresses", {}, false};
+  addresses.fields = {Text("Name", "Adreso tipas", 50),       Text("Region", "Regionas", 50),
+                      Text("PostCode", "Pašto indeksas", 10), Text("Street", "Gatvė", 100),
+                      Text("Phone", "Telefonas", 30),         Text("Fax", "Faksas", 30),
+                      Text("EMail", "El. paštas", 60),
+                      Number("FlagMain", "Pagrindinis", SqlType::Boolean, true, Variant(false)),
+                      Number("FirmID", "Įmonė", SqlType::Integer, false)};
+  specs.push_back(std::move(addresses));
+  CatalogueTable contacts{"O0002100", "firm_contacts", "FirmContacts", {}, false};
+  contacts.fields = {Text("Name", "Vardas", 50),         Text("LastName", "Pavardė", 50),
+                     Text("Role", "Pareigos", 50),       Text("Phone", "Telefonas", 30),
+                     Text("Fax", "Faksas", 30),          Text("EMail", "El. paštas", 60),
+                     Text("Note", "Pastaba", 200),
+                     Number("FlagMain", "Pagrindinis", SqlType::Boolean, true, Variant(false)),
+                     Number("FirmID", "Įmonė", SqlType::Integer, false)};
+  specs.push_back(std::move(contacts));
+  CatalogueTable managers{"O0002400", "firm_managers", "FirmServers", {}, false};
+  managers.fields = {Text("Name", "Vadybininkas", 100),
+                     Number("FirmID", "Įmonė", SqlType::Integer, false)};
+  specs.push_back(std::move(managers));
+  CatalogueTable activities{"O0002500", "firm_activities", "FirmActivities", {}, false};
+  activities.fields = {Text("Name", "Veiklos pavadinimas", 100),
+                       Number("FirmID", "Įmonė", SqlType::Integer, false)};
+  specs.push_back(std::move(activities));
 
   return specs;
 }

@@ -6,7 +6,11 @@ namespace orvel {
 
 const std::vector<SchemaPart>& SchemaParts() {
   // Append new parts at the end; a part's place fixes the order it is made in.
-  static const std::vector<SchemaPart> parts{};
+  static const std::vector<SchemaPart> parts{
+      FirmDetailSchema(),
+      ReferenceBookSchema(),
+      GoodsDetailSchema(),
+  };
   return parts;
 }
 

@@ -7,4 +7,11 @@ namespace orvel {
 // The parts of the reference schema, each defined beside the calls that read
 // it. Declarations are only ever appended.
 
+// Firms' contracts and discounts, and the sample details of the firms.
+SchemaPart FirmDetailSchema();
+// Departments and destinations with their accounting templates.
+SchemaPart ReferenceBookSchema();
+// A good's measures, minimum amounts, templates and discounts.
+SchemaPart GoodsDetailSchema();
+
 }  // namespace orvel

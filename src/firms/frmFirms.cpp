@@ -692,12 +692,6 @@ bool frmFirms::RefuseUnsaved() {
   return true;
 }
 
-void frmFirms::EditDetail(bool) { RefuseUnsaved(); }
-
-void frmFirms::EditAccount(bool) { RefuseUnsaved(); }
-
-void frmFirms::EditFirmInfo(bool) {}
-
 void frmFirms::timerModal_Timer() {
   Handle([&] {
     timerModal.SetEnabled(false);
@@ -913,6 +907,17 @@ void frmFirms::AddFirmRow(Fields& fields) {
   const bool group = CLng(fields.Item("GroupFlag").Value()) == 1;
   ListItem& row = List(FirmsTab).ListItems().Add(0, oidr, preview, group ? "stdClose" : "C0000100");
   row.SetTag(Variant(oidr));
+  if (group) return;
+  // A firm's columns; a field its record lacks (a dropped firm's own record
+  // has not all of them) leaves its cell empty.
+  for (const char* name : {"Code", "Street", "RegionName", "Tel", "Fax", "Director"}) {
+    std::string text;
+    try {
+      text = ConcatText(fields.Item(name).Value());
+    } catch (...) {
+    }
+    row.ListSubItems().Add(0, "", text);
+  }
 }
 
 }  // namespace orvel

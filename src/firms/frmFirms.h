@@ -169,24 +169,39 @@ class frmFirms : public CatalogueWindow {
   Variant Period;
   int32_t ModalAction = 0;
 
-  // The list loaders and editors; the lists' contents come with their own
-  // work, so here they only refuse what a new record cannot do.
-  virtual void LoadFirmsList() {}
-  virtual void LoadBranches() {}
-  virtual void LoadAddresses() {}
-  virtual void LoadContacts() {}
-  virtual void LoadManagers() {}
-  virtual void LoadContracts(bool more) { (void)more; }
-  virtual void LoadFirmInfo() {}
-  virtual void LoadTraffic(bool more) { (void)more; }
-  virtual void LoadAccounts() {}
-  virtual void LoadActivity() {}
-  virtual void LoadDiscounts() {}
-  virtual void LoadGoods(bool more) { (void)more; }
-  virtual void ReloadDetail(int tab) { (void)tab; }
+  // The list loaders. Each builds its tab's columns once, then empties the
+  // list and refills it from the firm's property; a record not saved yet
+  // shows empty lists. A loader whose tab was not made does nothing, and
+  // none reports a failure: a failed read leaves its list empty, or as far
+  // as it got. The documents and the contracts are read only when asked
+  // (`more`): until then they show the "more" placeholder row.
+  virtual void LoadFirmsList();
+  virtual void LoadBranches();
+  virtual void LoadAddresses();
+  virtual void LoadContacts();
+  virtual void LoadManagers();
+  virtual void LoadContracts(bool more);
+  // Also the line lblInfo over the tabs, from the first note.
+  virtual void LoadFirmInfo();
+  virtual void LoadTraffic(bool more);
+  virtual void LoadAccounts();
+  virtual void LoadActivity();
+  virtual void LoadDiscounts();
+  virtual void LoadGoods(bool more);
+  // The firm's parameters, into the note tab's list; no menu reaches it.
+  virtual void LoadParameters();
+  // Reloads the list of a detail tab after its dialog saved.
+  virtual void ReloadDetail(int tab);
+  // The editors, by the tab the user is on (CurrentTab). Each refuses a new
+  // record on a firm not saved yet; editing with no row selected does
+  // nothing. A saved dialog reloads its list.
   virtual void EditDetail(bool isNew);
   virtual void EditAccount(bool isNew);
   virtual void EditFirmInfo(bool isNew);
+  // "'<OIDR>','<from>','<to>'" of the documents list, by Period: its own
+  // dates when it uses dates, otherwise DaysBack days before today up to
+  // 9999-12-31, in the locale's short date.
+  std::string TrafficParams();
   // Adds a member row to the Firms tab by the record's OIDR; a row of that
   // key already listed is the list's error.
   void AddFirmRow(Fields& fields);

@@ -2,8 +2,13 @@
 
 #include <utility>
 
+#include "common/Catalogue.h"
 #include "common/Platform.h"
+#include "goods/frmGaranty.h"
+#include "goods/frmGoodPreview.h"
+#include "goods/frmGoodProperty.h"
 #include "goods/frmGoodsHistory.h"
+#include "goods/frmPriceChange.h"
 #include "ui/Ui.h"
 
 namespace orvel {
@@ -24,15 +29,41 @@ std::shared_ptr<GoodsDialogs>& Installed() {
 
 GoodsDialogs::~GoodsDialogs() = default;
 
-bool GoodsDialogs::EditListSettings(std::string&) { return false; }
+bool GoodsDialogs::EditListSettings(std::string& settings) {
+  frmGoodPreview preview;
+  preview.Settings = settings;
+  Platform::Ui().ShowModal(preview);
+  preview.Unload();
+  if (!preview.Confirmed) return false;
+  settings = preview.Settings;
+  return true;
+}
 
-void GoodsDialogs::ChangePrices(const std::shared_ptr<OrvelObjectUIO>&) {}
+void GoodsDialogs::ChangePrices(const std::shared_ptr<OrvelObjectUIO>& group) {
+  frmPriceChange dialog;
+  dialog.OrvelObjectUIO = group;
+  Platform::Ui().ShowModal(dialog);
+  dialog.Unload();
+}
 
-void GoodsDialogs::AddGuarantee(const std::shared_ptr<OrvelObjectUIO>&) {}
+void GoodsDialogs::AddGuarantee(const std::shared_ptr<OrvelObjectUIO>& group) {
+  frmGaranty dialog;
+  dialog.OrvelObjectUIO = group;
+  Platform::Ui().ShowModal(dialog);
+  dialog.Unload();
+}
 
-bool GoodsDialogs::EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>&, const std::string&,
-                                    const std::string&) {
-  return false;
+bool GoodsDialogs::EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>& detail,
+                                    const std::string& caption, const std::string& msgTitle) {
+  frmGoodProperty dialog;
+  dialog.MsgTitle = msgTitle;
+  dialog.SetCaption(caption);
+  dialog.OrvelGrid->SetServices(OrvelS());
+  dialog.OrvelGrid->SetObjectUIO(detail);
+  dialog.OrvelGrid->FillFields();
+  Platform::Ui().ShowModal(dialog);
+  dialog.Unload();
+  return dialog.Saved;
 }
 
 void GoodsDialogs::ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good,

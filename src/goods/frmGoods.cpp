@@ -16,10 +16,12 @@
 #include "host/OrvelObjectUIO.h"
 #include "host/OrvelRights.h"
 #include "host/OrvelServices.h"
+#include "host/OrvelWindow.h"
 #include "host/OrvelWindowManager.h"
 #include "host/Recordset.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
+#include "ui/ListItem.h"
 #include "ui/Ui.h"
 
 namespace orvel {
@@ -35,6 +37,25 @@ constexpr int kModalDelay = 10;
 constexpr const char* kMoreKey = "more";
 // Summary rows of the business layer carry this OIDR.
 constexpr const char* kSummaryKey = "O0000000";
+// The business layer's number for a record another user changed meanwhile:
+// the window re-reads it.
+constexpr int32_t kChangedMeanwhile = 60000;
+constexpr const char* kMeasureRecordOid = "O0001606";
+// A measure of this type counts whole units.
+constexpr const char* kWholeUnits = "1";
+
+struct DetailKind {
+  int16_t frmGoods::*tab;
+  const char* caption;
+  const char* otype;
+};
+
+constexpr DetailKind kDetailKinds[] = {
+    {&frmGoods::MeasuresTab, "Matavimo vienetas", "O0000400"},
+    {&frmGoods::PricesTab, "Kainos", "O0000600"},
+    {&frmGoods::MinTab, "Minimalus kiekis", "O0000700"},
+    {&frmGoods::TemplatesTab, "Šablonai", "O0000800"},
+};
 
 // Runs an event handler so that nothing it throws reaches the host.
 template <class F>
@@ -193,8 +214,13 @@ void frmGoods::Form_Load() {
 }
 
 void frmGoods::Form_Unload() {
-  tabs_.fill(nullptr);
+  ReleaseLists();
   CatalogueWindow::Form_Unload();
+}
+
+void frmGoods::ReleaseLists() {
+  tabs_.fill(nullptr);
+  TrafficRs.reset();
 }
 
 void frmGoods::InitForm() {
@@ -603,14 +629,205 @@ void frmGoods::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
   });
 }
 
-void frmGoods::AddGroupRow(Fields& fields) {
-  std::string oidr = fields.Exists("OIDR") ? ConcatText(fields.Item("OIDR").Value())
-                                           : kOid + ConcatText(fields.Item("ID").Value());
-  std::string preview = fields.Exists("Preview") ? ConcatText(fields.Item("Preview").Value())
-                                                 : ConcatText(fields.Item("Name").Value());
-  const bool group = NullToLong(fields.Item("GroupFlag").Value()) == kGroupFlag;
-  ListItem& row = List(GoodsTab).ListItems().Add(0, oidr, preview, group ? "stdClose" : "C0000200");
-  row.SetTag(Variant(oidr));
+// ---- the card's own rules ----
+
+bool frmGoods::CheckGoodMeasure() {
+  auto& object = Uio();
+  const Variant measureId = object.Fields("MeasureID").Value();
+  if (measureId.IsNull() || measureId.IsEmpty()) {
+    ShowStop("Nenurodytas matavimo vienetas!", MsgTitle);
+    return false;
+  }
+  OrvelResult reply = object.Properties("Measure", kMeasureRecordOid + ConcatText(measureId));
+  auto measure = reply.Value.ObjectAs<orvel::OrvelObjectUIO>();
+  // A measure that cannot be read is left to the write to refuse.
+  if (reply.Number != 0 || !measure) return true;
+  if (ConcatText(measure->Fields("MeasureType").Value()) == kWholeUnits &&
+      NullToLong(object.Fields("AmountPrecision").Value()) != 0) {
+    ShowStop("Kiekio tikslumas turi būti lygus 0!", MsgTitle);
+    return false;
+  }
+  return true;
+}
+
+namespace {
+
+// The count of the "used in documents" answer: its first field, 0 for no
+// record or Null.
+double UsedCount(const Variant& answer) {
+  auto rs = answer.ObjectAs<Recordset>();
+  if (!rs || rs->IsEOF()) return 0;
+  const Variant count = rs->Fields().Item(0).Value();
+  return count.IsNull() ? 0 : CDbl(count);
+}
+
+}  // namespace
+
+void frmGoods::cmdEnter_Click() {
+  Handle([&] {
+    if (!IsGroup && !CheckGoodMeasure()) return;
+    OrvelGrid->EndFieldEdit();
+    auto& object = Uio();
+    Field& name = object.Fields("Name");
+    if (ConcatText(name.Value()).empty()) return;
+    if (!(name.Value() == name.UnderlyingValue()) && !Rights().Allowed("CGoodsCH", 0)) {
+      OrvelResult used = object.Properties("GoodIsUsedInDocuments", "");
+      if (used.Number != 0) return;
+      // The user is not told: the rest of the edits are written.
+      if (UsedCount(used.Value) > 0) name.SetValue(name.UnderlyingValue());
+    }
+    const int32_t number = OrvelGrid->SaveObject();
+    const std::string text = OrvelGrid->LastError();
+    if (number != 0) {
+      Platform::Ui().MsgBox("Klaida!\n\n" + text, vbCritical, MsgTitle);
+      SetEditState(true);
+      if (number == kChangedMeanwhile) cmdCancel_Click();
+    } else {
+      UpdateCaption();
+      Services().WindowManager()->ObjectSaved(OIDR());
+      SetEditState(false);
+      if (IsNew) {
+        IsNew = false;
+        FillAllLists();
+      }
+    }
+    SSCNew.SetEnabled(true);
+    UnloadChild();
+  });
+}
+
+void frmGoods::cmdCancel_Click() {
+  Handle([&] {
+    if (IsNew) return;
+    auto& object = Uio();
+    OrvelStatus status = object.Read();
+    if (status.Number != 0) {
+      Platform::Ui().MsgBox(status.Text, vbExclamation, MsgTitle);
+      Services().WindowManager()->RemoveWindow(OIDR(), true);
+      return;
+    }
+    InitForm();
+  });
+}
+
+void frmGoods::SSCNew_Click() {
+  Handle([&] {
+    auto& object = Uio();
+    const std::string kept = OIDR();
+    const Variant groupFlag = object.Fields("GroupFlag").Value();
+    const std::string name = ConcatText(object.Fields("Name").Value());
+    const bool good = !IsGroup;
+    const char* const copied[] = {"WithRest", "WithItems", "MeasureID", "AmountPrecision"};
+    std::vector<std::pair<const char*, Variant>> values;
+    if (good) {
+      for (const char* field : copied) {
+        if (HasField(object, field)) values.emplace_back(field, object.Fields(field).Value());
+      }
+    }
+    auto windows = Services().WindowManager();
+    if (windows->QueryRemove(kept, true)) return;
+    SSCNew.SetEnabled(false);
+    object.SetOIDR("");
+    if (object.Read().Number != 0) return;
+    object.Fields("GroupFlag").SetValue(groupFlag);
+    object.Fields("ParentID").SetValue(Variant(ParentID));
+    if (good) {
+      object.Fields("Name").SetValue(Variant(name));
+      for (auto& [field, value] : values) object.Fields(field).SetValue(std::move(value));
+    }
+    ReleaseLists();
+    ClearTabs();
+    InitForm();
+    if (!kept.empty()) windows->Rekey(kept, Self());
+  });
+}
+
+void frmGoods::ShowPriceLine() {
+  SOPanel.SetToolTipText("");
+  Platform::Ui().DoEvents();
+  auto& object = Uio();
+  const int16_t general = EnsureVatFactor(object);
+  std::string line;
+  try {
+    const Variant price = object.Fields("Price").Value();
+    if (IsNumeric(price)) {
+      const double p = CDbl(price);
+      const Variant vat = HasField(object, "VAT") ? object.Fields("VAT").Value() : Variant::Null();
+      const double v = IsNumeric(vat) ? CDbl(vat) : general;
+      const double f = v * 0.01 + 1;
+      if (FieldTrue(object, "PriceWithVAT")) {
+        line = " Kaina be PVM: " + FormatNumber(Round(p / f, 2), 2, true);
+      } else {
+        line = " Kaina su PVM: " + FormatNumber(Round(f * p, 2), 2, true);
+      }
+      line += " (Tarifas: " + CStr(Variant(v)) + "%)";
+    }
+  } catch (const RuntimeError&) {
+    line.clear();  // a record without a price shows only who made it
+  }
+  try {
+    line += CreatorLine(object);
+  } catch (const RuntimeError&) {
+    // A record set without the creator fields has no creator line.
+  }
+  SOPanel.SetToolTipText(line);
+}
+
+// ---- detail rows ----
+
+void frmGoods::EditRow() {
+  Handle([&] {
+    if (MenuAction == "100" && OIDR().empty()) {
+      Platform::Ui().MsgBox("Išsaugokite naujai sukurtą įmonę", vbExclamation, MsgTitle);
+      return;
+    }
+    const DetailKind* kind = nullptr;
+    for (const auto& k : kDetailKinds) {
+      if (this->*k.tab != 0 && this->*k.tab == CurrentTab) kind = &k;
+    }
+    if (!kind) return;
+    const bool templates = kind->tab == &frmGoods::TemplatesTab;
+    const ListItem* row = nullptr;
+    std::string oidr;
+    if (MenuAction == "101") {
+      row = Selected(CurrentTab);
+      if (!row) return;
+      oidr = templates ? ConcatText(row->Tag()) : row->Key();
+    }
+    // A template row without a record of its own is the group's: editing it
+    // makes the good's own.
+    const bool inherited = templates && row && row->Tag().IsNull();
+    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(kind->otype);
+    auto detail = adapter ? adapter->GetOrvelObject(oidr) : nullptr;
+    if (!detail) return;
+    if (inherited) {
+      detail->Fields("GoodBRTemplateTypeID").SetValue(Variant(Mid(row->Key(), 9)));
+    }
+    if (oidr.empty() || inherited) detail->Fields("GoodID").SetValue(Uio().Fields("ID").Value());
+    const std::string caption = detail->Preview() + ": " + kind->caption;
+    if (!CurrentGoodsDialogs().EditGoodProperty(detail, caption, MsgTitle)) return;
+    if (kind->tab == &frmGoods::MeasuresTab) {
+      LoadMeasures();
+    } else if (templates) {
+      LoadTemplates();
+    } else {
+      LoadPrices();
+    }
+  });
+}
+
+void frmGoods::EditDiscount() {
+  Handle([&] {
+    if (MenuAction == "101") {
+      mnuToDesktop_Click();
+      return;
+    }
+    auto discount = Services().ObjectManager()->GetOrvelObject("O1000600");
+    if (!discount) return;
+    discount->Fields("GoodID").SetValue(Variant(Mid(OIDR(), 9)));
+    auto window = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
+    if (window) Services().WindowManager()->ShowWindow(window);
+  });
 }
 
 }  // namespace orvel

@@ -17,6 +17,7 @@
 namespace orvel {
 
 class Fields;
+class Recordset;
 
 // The window on one good, service or goods group: the field sheet, and under
 // it the tabs of what belongs to the record. A group lists its goods and takes
@@ -49,6 +50,18 @@ class frmGoods : public CatalogueWindow {
   void InitForm() override;
 
   // Event handlers.
+  // Writes the record: a good needs a measure, and whole units when its
+  // measure is counted so; an empty name writes nothing and says nothing.
+  // Without CGoodsCH a good used in documents keeps its stored name, silently.
+  // A failed write is shown and the window stays (after 60000 re-read); the
+  // first write of a new record fills its lists.
+  void cmdEnter_Click() override;
+  // Re-reads a stored record; a new one is left as it is. A record that can
+  // no longer be read closes its window.
+  void cmdCancel_Click() override;
+  // A new record in this window, a copy of this one's kind, group, name,
+  // measure and rest flags.
+  void SSCNew_Click() override;
   void SSCClose_MouseUp(int button, int shift = 0) override;
   void cmdParentGroup_Click();
   void OrvelGrid_FieldChanged() override;
@@ -75,6 +88,15 @@ class frmGoods : public CatalogueWindow {
   void SetEditState(bool enable);
   // The heading by the record: new or stored, group or good.
   void UpdateCaption();
+
+  // False, after its box, when a good lacks a measure or keeps decimals of a
+  // measure counted in whole units.
+  bool CheckGoodMeasure();
+  // "'<OIDR>','<from>','<to>'" of the period in force, dates in the short
+  // date of the locale.
+  std::string TrafficParams();
+  // Forgets the list handles and the fetched traffic.
+  void ReleaseLists();
 
   // The list of tab `index`; RuntimeError 91 when that tab was not made.
   ListView& List(int index) const;
@@ -127,22 +149,40 @@ class frmGoods : public CatalogueWindow {
   // "100" a new row, "101" the selected row, "" no row action.
   std::string MenuAction;
 
+  // The document lines of the good as last fetched; kept so that a change of
+  // view (by purchase or by date) costs no call.
+  std::shared_ptr<Recordset> TrafficRs;
+
   // The detail lists and editors.
-  virtual void LoadGroupGoods() {}
-  virtual void LoadTraffic(bool reload) { (void)reload; }
-  virtual void LoadRests() {}
-  virtual void LoadMeasures() {}
+  // The Goods tab: one AddGroupRow for each member of the group.
+  virtual void LoadGroupGoods();
+  // The Traffic tab. The first call builds the columns and the "more" row;
+  // with `reload` the lines are fetched anew. Under the by-purchase view
+  // only purchases and the sales of each purchase show, each purchase in bold
+  // ending with what is left of its cost.
+  virtual void LoadTraffic(bool reload);
+  // The Rests tab, for a stored good kept in rests: the first call builds the
+  // columns and the "more" row, later ones fetch the lots.
+  virtual void LoadRests();
+  virtual void LoadMeasures();
   // Fills the minimum amounts too.
-  virtual void LoadPrices() {}
-  virtual void LoadSerials(bool reload) { (void)reload; }
-  virtual void LoadTemplates() {}
-  virtual void LoadDiscounts() {}
-  virtual void PrintTraffic() {}
-  // The price information line in the heading's tool tip.
-  virtual void ShowPriceLine() {}
-  // Opens the row of the current tab by MenuAction.
-  virtual void EditRow() {}
-  virtual void EditDiscount() {}
+  virtual void LoadPrices();
+  // The SN tab: the first call builds the columns; with `ask` the user is
+  // asked for a serial number and its lines are listed.
+  virtual void LoadSerials(bool ask);
+  // Errors are ignored: a good may have no templates at all.
+  virtual void LoadTemplates();
+  virtual void LoadDiscounts();
+  // The Traffic tab on paper: the columns wider than 0.9 cm.
+  virtual void PrintTraffic();
+  // The price information line in the heading's tool tip: the price with or
+  // without VAT at the good's rate (the general rate when it has none), and
+  // who created and last changed the record.
+  virtual void ShowPriceLine();
+  // Opens the row of the current tab by MenuAction in the detail dialog, and
+  // reloads the tab when the row was saved.
+  virtual void EditRow();
+  virtual void EditDiscount();
   // Adds a member row to the Goods tab; a row of that key already listed is
   // the list's error (RuntimeError), and the drop is then not made.
   virtual void AddGroupRow(Fields& fields);
@@ -163,6 +203,10 @@ class frmGoods : public CatalogueWindow {
   bool Stored();
   ListItem* Selected(int index) const;
   void PopupMain(const std::string& tabKey);
+
+  void BuildTrafficColumns();
+  void AddTrafficRows(ListView& list);
+  void AddMoreRow(ListView& list, int blanks);
 
   std::array<ListView*, kTabHandles> tabs_{};
 };

@@ -52,8 +52,10 @@ int32_t NumberField(OrvelObjectUIO& object, std::string_view name) {
 
 }  // namespace
 
-frmReferenceBook::frmReferenceBook()
-    : CatalogueWindow("frmReferenceBook", "Tikslai"), cmdWrite(cmdEnter) {
+frmReferenceBook::frmReferenceBook() : frmReferenceBook("frmReferenceBook") {}
+
+frmReferenceBook::frmReferenceBook(std::string formName)
+    : CatalogueWindow(std::move(formName), "Tikslai"), cmdWrite(cmdEnter) {
   cmdGroup.SetCaption("...");
   Register(lblCard);
   Register(lblGroup);
@@ -83,6 +85,8 @@ void frmReferenceBook::InitForm() {
     OrvelGrid->SetServices(OrvelS());
     OrvelGrid->SetObjectUIO(OrvelObjectUIO());
     OrvelGrid->SetLabelWidth(kLabelWidth);
+    // The tabs of a card that has lists come before the sheet is built.
+    AddTabs();
     OrvelGrid->Init();
     Initialized = true;
     SSCNew.SetEnabled(!boolReadOnly);
@@ -213,6 +217,10 @@ void frmReferenceBook::SSCNew_Click() {
     Uio().SetOIDR(BookOf(kept));
     if (Uio().Read().Number != 0) return;
     RestoreNewRecordFields();
+    // The lists go with the tabs: no reference to them may outlive ClearTabs.
+    Lists.clear();
+    ListCount = 0;
+    ActiveList = -1;
     OrvelGrid->ClearTabs();
     InitForm();
     windows->Rekey(kept, Self());

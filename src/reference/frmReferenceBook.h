@@ -57,6 +57,9 @@ class frmReferenceBook : public CatalogueWindow {
   const std::string& MsgTitle() const { return msgTitle_; }
 
  protected:
+  // For a card that builds on this one.
+  explicit frmReferenceBook(std::string formName);
+
   void Form_Load() override;
   // A blank and the book's name in the heading.
   void SetCaption() override;

@@ -20,6 +20,10 @@ void DTPicker::SetValue(const Variant& value) {
     }
     ticked_ = false;
   } else if (value.Type() == VarType::Date) {
+    if (minDate_ && value.DateValue() < *minDate_) {
+      throw RuntimeError(control_error::kInvalidPropertyValue,
+                         "Invalid property value: " + Name() + " takes no date before its MinDate");
+    }
     date_ = value.DateValue();
     ticked_ = true;
   } else {
@@ -43,8 +47,22 @@ bool DTPicker::Pick(const Variant& value) {
   if (!Active()) return false;
   if (!value.IsNull() && value.Type() != VarType::Date) return false;
   if (value.IsNull() && !checkBox_) return false;
+  if (!value.IsNull() && minDate_ && value.DateValue() < *minDate_) return false;
   SetValue(value);
   return true;
+}
+
+void DTPicker::SetMinDate(orvel::Date date) {
+  if (minDate_ == date) return;
+  minDate_ = date;
+  Notify("MinDate");
+  if (date_ >= date) return;
+  // The date moves up to the new minimum; an unticked picker keeps showing
+  // no date, and brings the moved one back when ticked.
+  Variant before = Value();
+  date_ = date;
+  Notify("Value");
+  if (Value() != before) Raise(OnChange);
 }
 
 void DTPicker::LostFocus() {

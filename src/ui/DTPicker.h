@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <optional>
 
 #include "host/Variant.h"
 #include "ui/Control.h"
@@ -23,6 +24,13 @@ class DTPicker : public Control {
   bool CheckBox() const { return checkBox_; }
   void SetCheckBox(bool checkBox);
 
+  // The earliest date the picker takes, none until set. Setting it past the
+  // present date moves the date up to it (raising Change; while the check box
+  // is off the moved date waits unshown); setting Value before it is
+  // RuntimeError 380, and the user cannot pick such a date.
+  const std::optional<orvel::Date>& MinDate() const { return minDate_; }
+  void SetMinDate(orvel::Date date);
+
   std::function<void()> OnChange;
   std::function<void()> OnLostFocus;
 
@@ -37,6 +45,7 @@ class DTPicker : public Control {
   orvel::Date date_{};
   bool checkBox_ = false;
   bool ticked_ = true;
+  std::optional<orvel::Date> minDate_;
 };
 
 }  // namespace orvel

@@ -28,4 +28,10 @@ void ListSubItem::SetForeColor(int32_t color) {
   view_.Notify("ListItems");
 }
 
+void ListSubItem::SetReportIcon(std::string key) {
+  if (reportIcon_ == key) return;
+  reportIcon_ = std::move(key);
+  view_.Notify("ListItems");
+}
+
 }  // namespace orvel

@@ -30,6 +30,9 @@ class ListSubItem {
   void SetBold(bool bold);
   int32_t ForeColor() const { return foreColor_; }
   void SetForeColor(int32_t color);
+  // The key of a small icon shown in this cell; "" for none.
+  const std::string& ReportIcon() const { return reportIcon_; }
+  void SetReportIcon(std::string key);
 
  private:
   friend class KeyedList<ListSubItem>;
@@ -41,6 +44,7 @@ class ListSubItem {
   bool bold_ = false;
   int32_t foreColor_ = 0;
   int index_ = 0;
+  std::string reportIcon_;
 };
 
 }  // namespace orvel

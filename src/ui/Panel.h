@@ -16,10 +16,14 @@ class Panel : public Control {
   void SetCaption(std::string caption) { Assign(caption_, std::move(caption), "Caption"); }
   int32_t ForeColor() const { return foreColor_; }
   void SetForeColor(int32_t color) { Assign(foreColor_, color, "ForeColor"); }
+  // The text shown while the pointer rests on the panel.
+  const std::string& ToolTipText() const { return toolTipText_; }
+  void SetToolTipText(std::string text) { Assign(toolTipText_, std::move(text), "ToolTipText"); }
 
  private:
   std::string caption_;
   int32_t foreColor_ = 0;
+  std::string toolTipText_;
 };
 
 }  // namespace orvel

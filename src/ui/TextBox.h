@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <string>
 
@@ -24,6 +25,9 @@ class TextBox : public Control {
   // the text already there.
   int MaxLength() const { return maxLength_; }
   void SetMaxLength(int length);
+  // The colour of the text (0x00BBGGRR); a note's priority colours it.
+  int32_t ForeColor() const { return foreColor_; }
+  void SetForeColor(int32_t color) { Assign(foreColor_, color, "ForeColor"); }
 
   std::function<void()> OnChange;
   std::function<void(int& keyAscii)> OnKeyPress;
@@ -54,6 +58,7 @@ class TextBox : public Control {
   std::string text_;
   bool locked_ = false;
   int maxLength_ = 0;
+  int32_t foreColor_ = 0;
 };
 
 }  // namespace orvel

@@ -89,18 +89,26 @@ TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
 TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
   TempDatabase file;
   {
-    auto db = ReferenceDatabase::Open(file.Path());
-    db->Exec("DROP TABLE schema_parts; UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3;");
+    // The file as version 3 made it: its schema and sample data, no parts.
+    SqliteDatabase db(file.Path());
+    SqliteTransaction transaction(db);
+    ReferenceDatabase::CreateSchema(db);
+    ReferenceDatabase::SeedSampleData(db);
+    db.Exec("UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3; PRAGMA user_version = 3;");
+    transaction.Commit();
   }
   {
     auto db = ReferenceDatabase::Open(file.Path());
     EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
               Variant(static_cast<int32_t>(SchemaParts().size())));
     EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
+    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(5));
+    db->Exec("UPDATE banks SET Name = 'Vėl išlikęs' WHERE ID = 3");
   }
   auto db = ReferenceDatabase::Open(file.Path());
   EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
             Variant(static_cast<int32_t>(SchemaParts().size())));
+  EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Vėl išlikęs"));
 }
 
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {

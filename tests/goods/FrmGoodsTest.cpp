@@ -137,6 +137,11 @@ class FrmGoodsTest : public ModuleTest {
   ListItem& AddRow(frmGoods& w, const std::string& tab, const std::string& key, Variant tag = {},
                    const std::string& icon = {}, bool select = true) {
     ListView& list = Grid(w).TabList(tab);
+    // A row the list loaded itself (the "more" row, a member) is taken as it is.
+    if (ListItem* loaded = list.ListItems().Find(key)) {
+      if (select) list.SetSelectedItem(loaded);
+      return *loaded;
+    }
     ListItem& row = list.ListItems().Add(0, key, key, icon);
     row.SetTag(std::move(tag));
     if (select) list.SetSelectedItem(&row);
@@ -607,7 +612,7 @@ TEST_P(FrmGoodsDropTest, TakesOnlyWhatMayMoveIntoTheGroup) {
   const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
   EXPECT_EQ(under, c.moved);
   if (c.moved) {
-    EXPECT_EQ(Grid(*w).TabList("Goods").ListItems().Count(), 1);
+    EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
   }
 }
 

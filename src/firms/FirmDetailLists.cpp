@@ -1,0 +1,679 @@
+// The list tabs of the firm window: their loaders, the documents' period and
+// the dialogs that edit a row.
+#include <cmath>
+#include <initializer_list>
+
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "firms/frmAccounts.h"
+#include "firms/frmFirmInfo.h"
+#include "firms/frmFirms.h"
+#include "goods/GoodsDialogs.h"
+#include "host/Convert.h"
+#include "host/OrvelHostClasses.h"
+#include "host/OrvelMainForm.h"
+#include "host/OrvelObjectManager.h"
+#include "host/OrvelObjectSelect.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelRights.h"
+#include "host/OrvelServices.h"
+#include "host/Recordset.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "ui/ControlConstants.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+
+struct Column {
+  const char* caption;
+  int width;
+  int alignment = lvwColumnLeft;
+  const char* key = "";
+};
+
+// A placeholder row waits here until the user asks for the real list.
+constexpr const char* kMoreKey = "more";
+constexpr const char* kMoreText = "Atnaujinkite... ";
+// The OIDR of the summary rows the business layer sends: they name no record.
+constexpr const char* kSummaryOidr = "O0000000";
+constexpr const char* kSumMask = "#0.00";
+constexpr const char* kDocumentGroupsType = "O1000100";
+
+// Runs a loader's body; a failure stops the loader where it is, unreported.
+template <class F>
+void Quietly(F&& body) {
+  try {
+    body();
+  } catch (...) {
+  }
+}
+
+// Builds the columns of a list that has none; otherwise empties its rows.
+// Returns whether the columns were built.
+bool PrepareList(ListView& list, std::initializer_list<Column> columns) {
+  if (list.ColumnHeaders().Count() == 0) {
+    for (const Column& column : columns) {
+      list.ColumnHeaders().Add(0, column.key, column.caption, column.width, column.alignment);
+    }
+    return true;
+  }
+  list.ListItems().Clear();
+  return false;
+}
+
+// The host's catalogue icons, which the lists with icons show.
+std::shared_ptr<Object> CatalogueIcons() {
+  auto mainForm = std::dynamic_pointer_cast<OrvelMainForm>(Services().MainForm());
+  return mainForm ? mainForm->ImgCatalogue() : nullptr;
+}
+
+// The record set of a property; null when the call failed or gave none.
+std::shared_ptr<Recordset> RecordsOf(const OrvelResult& reply) {
+  if (reply.Number != 0) return nullptr;
+  auto rs = reply.Value.ObjectAs<Recordset>();
+  if (rs && !(rs->IsBOF() && rs->IsEOF())) rs->MoveFirst();
+  return rs;
+}
+
+// A field as list text: Null shows as an empty cell.
+std::string Text(Recordset& rs, const char* field) { return ConcatText(rs.Fields(field).Value()); }
+
+std::string Sum(const Variant& value) { return Format(value, kSumMask); }
+
+double NumberOr0(const Variant& value) { return value.IsNull() ? 0 : CDbl(value); }
+
+// A date field as the locale's short date, "" for Null.
+std::string ShortDate(const Variant& value) {
+  return value.IsNull() ? std::string() : FormatDate(CDate(value));
+}
+
+void AddSubItems(ListItem& row, std::initializer_list<std::string> texts) {
+  for (const auto& text : texts) row.ListSubItems().Add(0, "", text);
+}
+
+// The Tag that opens a row: its OIDR, none on the business layer's summary rows.
+void TagRow(ListItem& row, const std::string& oidr) {
+  if (oidr != kSummaryOidr) row.SetTag(Variant(oidr));
+}
+
+// "Taip" in the main-record column.
+std::string MainFlag(const Variant& flag) {
+  return !flag.IsNull() && !flag.IsEmpty() && CBool(flag) ? "Taip" : "";
+}
+
+ListItem& AddPlaceholder(ListView& list, int subItems) {
+  ListItem& row = list.ListItems().Add(0, kMoreKey, kMoreText, kMoreKey);
+  for (int i = 0; i < subItems; ++i) row.ListSubItems().Add(0, "", " ");
+  return row;
+}
+
+// The rows of a long list are added with errors ignored: a repeated OIDR
+// adds no row, and the rest of that record goes into the row before it.
+ListItem* AddLongListRow(ListView& list, ListItem* previous, const std::string& key,
+                         const std::string& text) {
+  try {
+    return &list.ListItems().Add(0, key, text);
+  } catch (const RuntimeError&) {
+    return previous;
+  }
+}
+
+void SetIconQuietly(ListItem& row, const std::string& icon) {
+  Quietly([&] { row.SetSmallIcon(icon); });
+}
+
+// The host's list period as the object manager hands it over: DateFrom,
+// DateTo, DaysBack, UseDates and Extra, in that order. Anything else reads
+// as no dates and no days back.
+struct ListPeriod {
+  Date dateFrom{};
+  Date dateTo{};
+  int daysBack = 0;
+  bool useDates = false;
+};
+
+ListPeriod ReadPeriod(const Variant& period) {
+  ListPeriod read;
+  if (!period.IsArray()) return read;
+  const auto& parts = period.ArrayValue();
+  if (parts.size() < 4) return read;
+  Quietly([&] {
+    ListPeriod whole;
+    whole.dateFrom = CDate(parts[0]);
+    whole.dateTo = CDate(parts[1]);
+    whole.daysBack = CInt(parts[2]);
+    whole.useDates = CBool(parts[3]);
+    read = whole;
+  });
+  return read;
+}
+
+// The variant of a discount: "Didmena (nuo:100, iki:500)", without the
+// upper bound when it is 0; "" for a discount without variants.
+std::string DiscountVariantText(Recordset& rs) {
+  const Variant name = rs.Fields("VariantName").Value();
+  if (name.IsNull()) return "";
+  std::string text = ConcatText(name) + " (nuo:" + Text(rs, "SumFrom");
+  const Variant to = rs.Fields("SumTo").Value();
+  if (!to.IsNull() && CDbl(to) > 0) text += ", iki:" + ConcatText(to);
+  return text + ")";
+}
+
+// Where a discount comes from, in words; the inheritance itself is the
+// business layer's.
+std::string DiscountOriginText(Recordset& rs) {
+  std::string text;
+  const std::string group = Text(rs, "GoodName");
+  if (!group.empty()) text = "Paveldeta iš grupės:" + group;
+  const Variant valid = rs.Fields("Valid").Value();
+  if (!valid.IsNull() && !valid.IsEmpty() && !CBool(valid)) text += "(negalioja)";
+  return text;
+}
+
+// What EditDetail opens on each tab.
+struct DetailKind {
+  const char* otype;
+  const char* captionExisting;
+  const char* captionNew;
+};
+
+constexpr DetailKind kParameter{"O0002300", "Naujas įmonės parametras", ""};
+constexpr DetailKind kAddress{"O0002000", "Adresai", "Naujas adresas"};
+constexpr DetailKind kContact{"O0002100", "Kontaktai", "Naujas kontaktas"};
+constexpr DetailKind kManager{"O0002400", "Vadybininkas atsakingas už įmonės aptarnavimą",
+                              "Naujas vadybininkas atsakingas už įmonės aptarnavimą"};
+constexpr DetailKind kActivity{"O0002500", "Įmonės veikla", "Nauja veiklos rūšis"};
+
+// The object of a row (its OIDR) or a new one of the type; null when the
+// host has no such type or the record cannot be read.
+std::shared_ptr<OrvelObjectUIO> DetailObject(const std::string& otype, const std::string& oidr) {
+  auto adapter = Services().ObjectManager()->GetOrvelObjectUI(otype);
+  return adapter ? adapter->GetOrvelObject(oidr) : nullptr;
+}
+
+}  // namespace
+
+// ---- the documents' period ----
+
+std::string frmFirms::TrafficParams() {
+  const ListPeriod period = ReadPeriod(Period);
+  std::string from;
+  std::string to;
+  if (period.useDates) {
+    from = FormatDate(period.dateFrom);
+    to = FormatDate(period.dateTo);
+  } else {
+    from = FormatDate(Date{Platform::Ui().Today().serial - period.daysBack});
+    to = FormatDate(DateSerial(9999, 12, 31));
+  }
+  return "'" + OIDR() + "','" + from + "','" + to + "'";
+}
+
+// ---- the deferred lists ----
+
+void frmFirms::LoadTraffic(bool more) {
+  if (TrafficTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(TrafficTab);
+    auto prepare = [&] {
+      if (PrepareList(list, {{"Dok. grupė", 2000},
+                             {"Dok. Nr.", 1500},
+                             {"Data", 1200},
+                             {"Suma", 1500, lvwColumnRight},
+                             {"Skola", 1500, lvwColumnRight}})) {
+        list.SetSmallIcons(CatalogueIcons());
+      }
+    };
+    if (!more) {
+      prepare();
+      AddPlaceholder(list, 4);
+      return;
+    }
+    auto& ui = Platform::Ui();
+    ui.SetMousePointer(vbHourglass);
+    ui.DoEvents();
+    std::shared_ptr<Recordset> rs;
+    try {
+      RefreshDebt();
+      rs = RecordsOf(Uio().Properties("Traffic", TrafficParams()));
+    } catch (...) {
+      ui.SetMousePointer(vbDefault);
+      throw;
+    }
+    ui.SetMousePointer(vbDefault);
+    if (OIDR().size() < 9 || !rs) return;
+    prepare();
+    auto& rights = *Services().Rights();
+    double total = 0;
+    ListItem* row = nullptr;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const std::string oidr = Text(*rs, "OIDR");
+      row = AddLongListRow(list, row, oidr, Text(*rs, "DocName"));
+      if (!row) continue;
+      const std::string gid = Text(*rs, "GID");
+      const bool open = Left(oidr, 8) == kDocumentGroupsType
+                            ? rights.Allowed("CDocumentGroupLock" + gid, 0)
+                            : rights.Allowed("CBROperRights" + gid, 0);
+      if (open) TagRow(*row, oidr);
+      SetIconQuietly(*row, Text(*rs, "OType"));
+      const Variant debt = rs->Fields("Debt").Value();
+      AddSubItems(*row, {Text(*rs, "Number"), Text(*rs, "Date"), Sum(rs->Fields("Suma").Value()),
+                         Sum(Variant(std::fabs(NumberOr0(debt))))});
+      total += NumberOr0(debt) * NumberOr0(rs->Fields("Sign").Value());
+    }
+    if (list.ListItems().Count() == 0) return;
+    ListItem& sum = list.ListItems().Add(0, "", " ");
+    AddSubItems(sum, {" ", " ", " "});
+    sum.ListSubItems().Add(0, "", Sum(Variant(std::fabs(total)))).SetBold(true);
+  });
+}
+
+void frmFirms::LoadContracts(bool more) {
+  if (ContractsTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(ContractsTab);
+    auto prepare = [&] {
+      if (PrepareList(list, {{"Numeris", 2000},
+                             {"Galioja nuo", 1500},
+                             {"Galioja iki", 1200},
+                             {"Suma", 1500, lvwColumnRight},
+                             {"Būklė", 1200},
+                             {"Vadybininkas", 2000}})) {
+        list.SetSmallIcons(CatalogueIcons());
+      }
+    };
+    if (!more) {
+      prepare();
+      AddPlaceholder(list, 5);
+      return;
+    }
+    auto& ui = Platform::Ui();
+    ui.SetMousePointer(vbHourglass);
+    ui.DoEvents();
+    std::shared_ptr<Recordset> rs;
+    try {
+      rs = RecordsOf(Uio().Properties("ContractsList", ""));
+    } catch (...) {
+      ui.SetMousePointer(vbDefault);
+      throw;
+    }
+    ui.SetMousePointer(vbDefault);
+    if (OIDR().size() < 9 || !rs) return;
+    prepare();
+    double total = 0;
+    ListItem* row = nullptr;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const std::string oidr = Text(*rs, "OIDR");
+      row = AddLongListRow(list, row, oidr, Text(*rs, "ContractNumber"));
+      if (!row) continue;
+      TagRow(*row, oidr);
+      SetIconQuietly(*row, Text(*rs, "OType"));
+      const Variant sum = rs->Fields("SumA").Value();
+      AddSubItems(*row, {Text(*rs, "DateFrom"), Text(*rs, "DateTo"), Sum(sum), Text(*rs, "State"),
+                         Text(*rs, "Responsible")});
+      total += NumberOr0(sum);
+    }
+    if (list.ListItems().Count() == 0) return;
+    ListItem& sum = list.ListItems().Add(0, "", " ");
+    AddSubItems(sum, {" ", " "});
+    sum.ListSubItems().Add(0, "", Sum(Variant(std::fabs(total)))).SetBold(true);
+    AddSubItems(sum, {"", ""});
+  });
+}
+
+void frmFirms::LoadGoods(bool more) {
+  if (GoodsTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(GoodsTab);
+    if (list.ColumnHeaders().Count() == 0) {
+      PrepareList(list, {{"Prekės pavadinimas", 3000, lvwColumnLeft, "Name"},
+                         {"Komentaras", 2000, lvwColumnLeft, "Comment"},
+                         {"Dok. Numeris", 1200, lvwColumnLeft, "Number"},
+                         {"Data", 1200, lvwColumnLeft, "Date"},
+                         {"Kiekis", 2000, lvwColumnRight, "Amount"}});
+      list.SetSmallIcons(CatalogueIcons());
+    }
+    if (!more) return;
+    auto search = Platform::Classes().NewObjectSelect();
+    search->SetColumnCaption("Prekės pavadinimas");
+    search->SetOType("O0000200");
+    const std::string text = search->Show();
+    if (text.empty()) return;
+    list.ListItems().Clear();
+    if (OIDR().size() < 9) return;
+    auto& ui = Platform::Ui();
+    ui.SetMousePointer(vbHourglass);
+    std::shared_ptr<Recordset> rs;
+    try {
+      rs = RecordsOf(Uio().Properties("FindGoods", text));
+    } catch (...) {
+      ui.SetMousePointer(vbDefault);
+      throw;
+    }
+    ui.SetMousePointer(vbDefault);
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      ListItem& row =
+          list.ListItems().Add(0, Text(*rs, "GOIDR"), Text(*rs, "GoodName"), Text(*rs, "OType"));
+      TagRow(row, Text(*rs, "DocOIDR"));
+      row.ListSubItems().Add(0, "Comment", Text(*rs, "Comment"));
+      row.ListSubItems().Add(0, "Number", Text(*rs, "Number")).SetTag(Variant(Text(*rs, "OIDR")));
+      row.ListSubItems().Add(0, "Date", Text(*rs, "Date"));
+      row.ListSubItems().Add(0, "Amount", Text(*rs, "Amount"));
+    }
+  });
+}
+
+// ---- the detail lists ----
+
+void frmFirms::LoadAccounts() {
+  if (AccountsTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(AccountsTab);
+    PrepareList(list, {{"Numeris", 2000}, {"Bankas", 4000}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("Accounts", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Number"));
+      AddSubItems(row, {Text(*rs, "BankName")});
+    }
+  });
+}
+
+void frmFirms::LoadAddresses() {
+  if (AddressesTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(AddressesTab);
+    PrepareList(list, {{"Tipas", 2000},
+                       {"Regionas", 1000},
+                       {"Indeksas", 1000},
+                       {"Gatvė", 2000},
+                       {"Telefonas", 1000},
+                       {"Faksas", 1000},
+                       {"El. paštas", 1500},
+                       {"Pagrindinis", 1500}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmADDRESSES", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "AddressType"));
+      AddSubItems(
+          row, {Text(*rs, "Region"), Text(*rs, "PostCode"), Text(*rs, "Street"), Text(*rs, "Phone"),
+                Text(*rs, "Fax"), Text(*rs, "EMail"), MainFlag(rs->Fields("FlagMain").Value())});
+    }
+  });
+}
+
+void frmFirms::LoadContacts() {
+  if (ContactsTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(ContactsTab);
+    PrepareList(list, {{"Vardas", 1000},
+                       {"Pavarde", 1000},
+                       {"Pareigos", 2000},
+                       {"Telefonas", 1000},
+                       {"Faksas", 1000},
+                       {"El. paštas", 1500},
+                       {"Pastaba", 1500},
+                       {"Pagrindinis", 1500}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmCONTACTS", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Name"));
+      AddSubItems(
+          row, {Text(*rs, "LastName"), Text(*rs, "Role"), Text(*rs, "Phone"), Text(*rs, "Fax"),
+                Text(*rs, "EMail"), Text(*rs, "Note"), MainFlag(rs->Fields("FlagMain").Value())});
+    }
+  });
+}
+
+void frmFirms::LoadBranches() {
+  if (BranchTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(BranchTab);
+    PrepareList(list, {{"Pavadinimas", 2000},
+                       {"Kodas", 1000},
+                       {"Regionas", 1000},
+                       {"Gatvė", 2000},
+                       {"Telefonas", 1000},
+                       {"Faksas", 1000},
+                       {"El. paštas", 1500}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmBranch", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const std::string oidr = Text(*rs, "OIDR");
+      ListItem& row = list.ListItems().Add(0, oidr, Text(*rs, "Name"));
+      TagRow(row, oidr);
+      AddSubItems(row, {Text(*rs, "Code"), Text(*rs, "Region"), Text(*rs, "Street"),
+                        Text(*rs, "Tel"), Text(*rs, "Fax"), Text(*rs, "EMail")});
+    }
+  });
+}
+
+void frmFirms::LoadManagers() {
+  if (ServersTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(ServersTab);
+    PrepareList(list, {{"Vadybininkas", 3000}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmSERVERS", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Name"));
+    }
+  });
+}
+
+void frmFirms::LoadActivity() {
+  if (ActivityTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(ActivityTab);
+    PrepareList(list, {{"Veiklos pavadinimas", 5000}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmActivity", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const std::string oidr = Text(*rs, "OIDR");
+      TagRow(list.ListItems().Add(0, oidr, Text(*rs, "Preview")), oidr);
+    }
+  });
+}
+
+void frmFirms::LoadParameters() {
+  if (InfoTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(InfoTab);
+    PrepareList(list, {{"Parametro tipas", 2000}, {"Reikšmė", 4000}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmParameters", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "ParameterTypeName"));
+      AddSubItems(row, {Text(*rs, "Value")});
+    }
+  });
+}
+
+void frmFirms::LoadFirmInfo() {
+  lblInfo.SetVisible(false);
+  if (InfoTab == 0) return;
+  Quietly([&] {
+    ListView& list = List(InfoTab);
+    PrepareList(
+        list,
+        {{"Informacija", 4000}, {"Galioja nuo", 2000}, {"Galioja iki", 2000}, {"Autorius", 4000}});
+    if (OIDR().size() < 9) return;
+    auto rs = RecordsOf(Uio().Properties("FirmInfo", ""));
+    if (!rs) return;
+    const Date today = Platform::Ui().Today();
+    bool first = true;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const Variant to = rs->Fields("DateTo").Value();
+      const Variant priority = rs->Fields("Priority").Value();
+      const int32_t color =
+          priority.IsNull() ? vbBlack : frmFirmInfo::PriorityColor(CInt(priority));
+      const std::string info = Text(*rs, "Info");
+      const std::string user = Text(*rs, "UserName");
+      if (first) {
+        // The business layer sends the note to show first: in force, most
+        // important, newest. A note past its end stays in the list only.
+        first = false;
+        if (to.IsNull() || CDate(to) >= today) {
+          lblInfo.SetForeColor(color);
+          lblInfo.SetCaption(info + " (" + user + ")");
+          lblInfo.SetVisible(true);
+        }
+      }
+      // A key may not be a bare number: "17K", and Val gives 17 back.
+      ListItem& row = list.ListItems().Add(0, Text(*rs, "ID") + "K", info);
+      row.SetForeColor(color);
+      AddSubItems(row, {ShortDate(rs->Fields("DateFrom").Value()), ShortDate(to), user});
+    }
+  });
+}
+
+void frmFirms::LoadDiscounts() {
+  if (DiscountsTab == 0) return;
+  Quietly([&] {
+    // A firm not saved yet has no discounts, and its tab not even columns.
+    if (OIDR().size() < 9) return;
+    ListView& list = List(DiscountsTab);
+    PrepareList(list, {{"Pavadinimas", 3000},
+                       {"Variantas", 3000},
+                       {"Procentas", 800},
+                       {"", 2000},
+                       {"Įmonė", 4000}});
+    auto rs = RecordsOf(Uio().Properties("Discounts", ""));
+    if (!rs) return;
+    for (; !rs->IsEOF(); rs->MoveNext()) {
+      const std::string oidr = Text(*rs, "OIDR");
+      ListItem& row = list.ListItems().Add(0, oidr, Text(*rs, "DiscountTypeName"));
+      TagRow(row, oidr);
+      AddSubItems(row, {DiscountVariantText(*rs), Text(*rs, "Percent") + "%",
+                        DiscountOriginText(*rs), Text(*rs, "FirmName")});
+    }
+  });
+}
+
+void frmFirms::LoadFirmsList() {
+  if (FirmsTab == 0) return;
+  Quietly([&] {
+    auto& ui = Platform::Ui();
+    ui.SetMousePointer(vbHourglass);
+    std::shared_ptr<Recordset> rs;
+    try {
+      rs = RecordsOf(Uio().Properties("Firms", ""));
+      ListView& list = List(FirmsTab);
+      if (PrepareList(list, {{"Pavadinimas", 3000},
+                             {"Įm. kodas", 1000},
+                             {"Gatvė", 1000},
+                             {"Regionas", 1000},
+                             {"Telefonas", 1000},
+                             {"Faksas", 1000},
+                             {"Direktorius", 3000}})) {
+        list.SetSmallIcons(CatalogueIcons());
+      }
+      if (rs && OIDR().size() > 8) {
+        for (; !rs->IsEOF(); rs->MoveNext()) AddFirmRow(rs->Fields());
+      }
+    } catch (...) {
+      ui.SetMousePointer(vbDefault);
+      throw;
+    }
+    ui.SetMousePointer(vbDefault);
+  });
+}
+
+// ---- editing a row ----
+
+void frmFirms::ReloadDetail(int tab) {
+  if (tab == 0) return;
+  if (tab == InfoTab) {
+    LoadParameters();
+  } else if (tab == AddressesTab) {
+    LoadAddresses();
+  } else if (tab == ContactsTab) {
+    LoadContacts();
+  } else if (tab == ServersTab) {
+    LoadManagers();
+  } else if (tab == ActivityTab) {
+    LoadActivity();
+  }
+}
+
+void frmFirms::EditDetail(bool isNew) {
+  if (isNew && RefuseUnsaved()) return;
+  const int tab = CurrentTab;
+  const DetailKind* kind = nullptr;
+  if (tab == 0) return;
+  if (tab == InfoTab) {
+    kind = &kParameter;
+  } else if (tab == AddressesTab) {
+    kind = &kAddress;
+  } else if (tab == ContactsTab) {
+    kind = &kContact;
+  } else if (tab == ServersTab) {
+    kind = &kManager;
+  } else if (tab == ActivityTab) {
+    kind = &kActivity;
+  } else {
+    return;
+  }
+  std::string oidr;
+  if (!isNew) {
+    ListItem* row = Selected(tab);
+    if (!row) return;
+    oidr = row->Key();
+  }
+  auto detail = DetailObject(kind->otype, oidr);
+  if (!detail) return;
+  if (isNew) detail->Fields("FirmID").SetValue(Uio().Fields("ID").Value());
+  const std::string caption =
+      Uio().Preview() + ": " + (isNew ? kind->captionNew : kind->captionExisting);
+  if (CurrentGoodsDialogs().EditGoodProperty(detail, caption, MsgTitle)) ReloadDetail(tab);
+}
+
+void frmFirms::EditAccount(bool isNew) {
+  if (RefuseUnsaved()) return;
+  std::string oidr;
+  if (!isNew) {
+    ListItem* row = AccountsTab == 0 ? nullptr : Selected(AccountsTab);
+    if (!row) return;
+    oidr = row->Key();
+  }
+  auto account = DetailObject("O0000500", oidr);
+  if (!account) return;
+  if (isNew) account->Fields("FOIDR").SetValue(Variant(OIDR()));
+  frmAccounts dialog;
+  dialog.MsgTitle = MsgTitle;
+  dialog.SetCaption(Uio().Preview() + ": " +
+                    (isNew ? "Nauja atsiskaitomoji sąskaita" : "Atsiskaitomoji sąskaita"));
+  if (!dialog.OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "No field sheet");
+  dialog.OrvelGrid->SetServices(OrvelS());
+  dialog.OrvelGrid->SetObjectUIO(account);
+  dialog.OrvelGrid->FillFields();
+  dialog.ShowModal(Platform::Ui());
+  if (dialog.Saved) LoadAccounts();
+}
+
+void frmFirms::EditFirmInfo(bool isNew) {
+  if (RefuseUnsaved()) return;
+  int32_t id = 0;
+  if (!isNew) {
+    ListItem* row = InfoTab == 0 ? nullptr : Selected(InfoTab);
+    if (!row) return;
+    id = static_cast<int32_t>(Val(row->Key()));
+  }
+  Variant::Array params{Variant(id)};
+  OrvelResult shown = Uio().Methods("ShowFirmInfo", params);
+  if (!shown.Value.IsEmpty() && !shown.Value.IsNull() && CBool(shown.Value)) LoadFirmInfo();
+}
+
+}  // namespace orvel

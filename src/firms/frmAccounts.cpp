@@ -1,0 +1,50 @@
+#include "firms/frmAccounts.h"
+
+#include "common/Boundary.h"
+#include "common/Platform.h"
+#include "host/RuntimeError.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+
+template <class F>
+void Handle(F&& body) {
+  Guarded([&] { return body(), true; }, false);
+}
+
+}  // namespace
+
+frmAccounts::frmAccounts() : Form("frmAccounts") {
+  // Replaced by the opener with the firm's name and the account's role.
+  SetCaption("Account");
+  cmdEnter.SetCaption("Įrašyti");
+  cmdCancel.SetCaption("Atšaukti");
+  Register(cmdEnter);
+  Register(cmdCancel);
+  OrvelGrid = Platform::Ui().NewOrvelGrid();
+  if (OrvelGrid) Register(*OrvelGrid);
+  cmdEnter.OnClick = [this] { Handle([&] { cmdEnter_Click(); }); };
+  cmdCancel.OnClick = [this] { Handle([&] { cmdCancel_Click(); }); };
+}
+
+frmAccounts::~frmAccounts() = default;
+
+void frmAccounts::cmdEnter_Click() {
+  if (!OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "The dialog has no field sheet");
+  // No EndFieldEdit here: the sheet commits the cell being edited itself.
+  if (OrvelGrid->SaveObject() != 0) {
+    Platform::Ui().MsgBox("Klaida!\n\n" + OrvelGrid->LastError(), vbCritical, MsgTitle);
+    return;
+  }
+  Saved = true;
+  Unload();
+}
+
+void frmAccounts::cmdCancel_Click() {
+  Saved = false;
+  Unload();
+}
+
+}  // namespace orvel

@@ -1,0 +1,13 @@
+#include "goods/frmGaranty.h"
+
+namespace orvel {
+
+frmGaranty::frmGaranty()
+    : GroupChangeDialog("frmGaranty", "Garantijos pridėjimas", "UpdateGaranty",
+                        "Neteisinga garantija!") {
+  Label1.SetCaption("Garantija, mėn:");
+  chkWithSubGroups.SetCaption(" Pridėti ir pogrupiuose");
+  Attach(txtGaranty, Label1);
+}
+
+}  // namespace orvel

@@ -1,0 +1,321 @@
+#include "reference/frmDepartments.h"
+
+#include <charconv>
+#include <optional>
+
+#include "common/Boundary.h"
+#include "common/Catalogue.h"
+#include "common/Platform.h"
+#include "host/Convert.h"
+#include "host/OrvelObjectBO.h"
+#include "host/OrvelObjectManager.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelRights.h"
+#include "host/OrvelServices.h"
+#include "host/OrvelWindowManager.h"
+#include "host/Recordset.h"
+#include "host/RuntimeError.h"
+#include "host/Text.h"
+#include "ui/ControlConstants.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+
+namespace {
+
+// A stored OIDR has the OID's eight characters and at least one of the ID.
+constexpr size_t kOidLength = 8;
+
+constexpr const char* kBranchesCall = "DO0001604_GetFirmBranches";
+constexpr const char* kBranchPicker = "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą";
+
+// Runs an event handler so that nothing it throws reaches the host.
+template <class F>
+void Handle(F&& body) {
+  Guarded([&] { return body(), true; }, false);
+}
+
+// The record number an OIDR of the book carries after its OID; nullopt when
+// the tail is not a plain number.
+std::optional<int32_t> RecordNumber(const std::string& oidr) {
+  if (oidr.size() <= kOidLength) return std::nullopt;
+  int32_t id = 0;
+  const char* first = oidr.data() + kOidLength;
+  const char* end = oidr.data() + oidr.size();
+  auto [ptr, ec] = std::from_chars(first, end, id);
+  if (ec != std::errc() || ptr != end || id < 0) return std::nullopt;
+  return id;
+}
+
+}  // namespace
+
+frmDepartments::frmDepartments() : Form("frmDepartments") {
+  Form::SetCaption("Įmonės padaliniai");
+  lblName.SetCaption("Grupės pavadinimas");
+  lblGroup.SetCaption("Aukštesnė grupė");
+  lblFirmBranch.SetCaption("Įmonė");
+  cmdParentGroup.SetCaption("...");
+  cmdFirmBranches.SetCaption("...");
+  cmdWrite.SetCaption("Įrašyti");
+  cmdCancel.SetCaption("Atšaukti");
+  // The reference boxes change only through their buttons.
+  txtGroup.SetLocked(true);
+  txtFirmBranch.SetLocked(true);
+  for (Control* control : std::initializer_list<Control*>{
+           &SOPanel, &lblName, &txtName, &lblGroup, &txtGroup, &cmdParentGroup,
+           &cmdParentGroupClean, &lblFirmBranch, &txtFirmBranch, &cmdFirmBranches,
+           &cmdCleanFirmBranch, &cmdWrite, &cmdCancel, &SSCNew, &SSCClose}) {
+    Register(*control);
+  }
+
+  txtName.OnChange = [this] { txtName_Change(); };
+  cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
+  cmdParentGroupClean.OnClick = [this] { cmdParentGroupClean_Click(); };
+  cmdFirmBranches.OnClick = [this] { cmdFirmBranches_Click(); };
+  cmdCleanFirmBranch.OnClick = [this] { cmdCleanFirmBranch_Click(); };
+  cmdWrite.OnClick = [this] { cmdWrite_Click(); };
+  cmdCancel.OnClick = [this] { cmdCancel_Click(); };
+  SSCNew.OnClick = [this] { SSCNew_Click(); };
+  SSCClose.OnClick = [this] { SSCClose_Click(); };
+  SSCClose.OnMouseUp = [this](int button, int shift) { SSCClose_MouseUp(button, shift); };
+}
+
+frmDepartments::~frmDepartments() = default;
+
+void frmDepartments::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
+  object_ = std::move(object);
+}
+
+orvel::OrvelObjectUIO& frmDepartments::Uio() {
+  if (!object_) {
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
+  }
+  return *object_;
+}
+
+std::string frmDepartments::OIDR() { return Uio().OIDR(); }
+
+void frmDepartments::Form_Load() {
+  Handle([&] {
+    msgTitle_ = AppTitle();
+    auto rights = Services().Rights();
+    canUpdate_ = rights->CanUpdate(kRightKey, 0);
+    canDelete_ = rights->CanDelete(kRightKey, 0);
+    InitForm();
+  });
+}
+
+void frmDepartments::Form_Unload() { rsBranches_.reset(); }
+
+void frmDepartments::InitForm() {
+  loading_ = true;
+  Handle([&] {
+    Platform::Ui().SetMousePointer(vbHourglass);
+    changed_ = false;
+    SSCClose.SetEnabled(true);
+    LoadBranches();
+    isNew_ = OIDR().size() <= kOidLength;
+    isGroup_ = NullToLong(Uio().Fields("GroupFlag").Value()) != 0;
+    ShowReference(std::string(kBook) + std::to_string(NullToLong(Uio().Fields("ParentID").Value())),
+                  &txtGroup);
+    txtName.SetText(ConcatText(Uio().Fields("Name").Value()));
+    ShowBranch();
+    cmdFirmBranches.SetEnabled(hasBranches_);
+    cmdCleanFirmBranch.SetEnabled(hasBranches_);
+    SetCaption();
+    SSCNew.SetEnabled(!isNew_);
+    SetButtons();
+  });
+  // Also after a failure: a card left loading would take no edit.
+  loading_ = false;
+  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+}
+
+void frmDepartments::LoadBranches() {
+  rsBranches_.reset();
+  hasBranches_ = false;
+  auto bo = Uio().BO();
+  if (!bo) return;
+  // A failed call leaves the card without branches to pick from.
+  auto reply = bo->RecordsetCall(kBranchesCall, "0", 0);
+  if (reply.Number != 0) return;
+  rsBranches_ = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  hasBranches_ = rsBranches_ && rsBranches_->RecordCount() > 0;
+}
+
+void frmDepartments::ShowBranch() {
+  int32_t branchId = NullToLong(Uio().Fields("FirmBranchID").Value());
+  if (FilterRecordset(rsBranches_, "ID = " + std::to_string(branchId))) {
+    txtFirmBranch.SetText(ConcatText(rsBranches_->Fields("Preview").Value()));
+    txtFirmBranch.SetTag(CStr(rsBranches_->Fields("ID").Value()));
+    rsBranches_->SetFilter(Variant(0));
+  } else {
+    // A branch gone meanwhile shows as none, and the next write stores none.
+    txtFirmBranch.SetText("");
+    txtFirmBranch.SetTag("0");
+  }
+}
+
+void frmDepartments::SetCaption() {
+  const char* title = isGroup_ ? (isNew_ ? "Nauja padalinių grupė" : "Padalinių grupė")
+                               : (isNew_ ? "Naujas padalinys" : "Padalinys");
+  SOPanel.SetCaption(std::string(" ") + title);
+  if (isGroup_) {
+    lblGroup.SetCaption("Aukštesnė grupė");
+    lblName.SetCaption("Grupės pavadinimas");
+  } else {
+    lblGroup.SetCaption("Grupė");
+    lblName.SetCaption("Pavadinimas");
+  }
+}
+
+void frmDepartments::SetButtons() {
+  const bool editable = canUpdate_ && changed_;
+  cmdWrite.SetEnabled(editable && !txtName.Text().empty());
+  cmdCancel.SetEnabled(editable && !isNew_);
+}
+
+void frmDepartments::MarkChanged() {
+  if (loading_) return;
+  changed_ = true;
+  SetButtons();
+}
+
+void frmDepartments::txtName_Change() {
+  Handle([&] { MarkChanged(); });
+}
+
+void frmDepartments::cmdParentGroup_Click() {
+  Handle([&] {
+    std::string picked =
+        SelectGroup(kBook, "Pasirinkite grupę", &txtGroup, std::string("Group"), "");
+    if (picked.empty()) return;  // cancelled
+    if (picked.size() > kOidLength) {
+      auto id = RecordNumber(txtGroup.Tag());
+      if (!id) return;
+      Uio().Fields("ParentID").SetValue(Variant(*id));
+    } else {
+      // The book's root: the picker emptied the box, and the card must not
+      // show no group while it keeps writing the old one.
+      Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
+    }
+    MarkChanged();
+  });
+}
+
+void frmDepartments::cmdParentGroupClean_Click() {
+  Handle([&] {
+    ClearReference(&txtGroup);
+    // An empty group box is the top of the book.
+    Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
+    MarkChanged();
+  });
+}
+
+void frmDepartments::cmdFirmBranches_Click() {
+  Handle([&] {
+    auto result = Services().ObjectManager()->Call("OrvelGroupSelect", kBranchPicker);
+    if (result.Number != 0) {
+      Platform::Ui().MsgBox("Klaida!\n" + result.Text, vbCritical, msgTitle_);
+      return;
+    }
+    auto rs = result.Value.ObjectAs<Recordset>();
+    if (!rs || rs->RecordCount() == 0 || rs->IsEOF()) return;
+    txtFirmBranch.SetText(ConcatText(rs->Fields("Preview").Value()));
+    txtFirmBranch.SetTag(CStr(rs->Fields("ID").Value()));
+    MarkChanged();
+  });
+}
+
+void frmDepartments::cmdCleanFirmBranch_Click() {
+  Handle([&] {
+    txtFirmBranch.SetText("");
+    txtFirmBranch.SetTag("0");
+    MarkChanged();
+  });
+}
+
+void frmDepartments::cmdWrite_Click() {
+  Handle([&] {
+    auto& object = Uio();
+    object.Fields("Name").SetValue(Variant(Trim(txtName.Text())));
+    double branch = Val(txtFirmBranch.Tag());
+    object.Fields("FirmBranchID")
+        .SetValue(branch <= 0 ? Variant::Null() : Variant(CLng(Variant(branch))));
+    auto status = object.Save(nullptr, nullptr);
+    if (status.Number != 0) {
+      Platform::Ui().MsgBox(status.Text + "\nĮrašymas neatliktas!", vbOKOnly, msgTitle_);
+      return;
+    }
+    if (isNew_) {
+      object.SetPreview(ConcatText(object.Fields("Name").Value()));
+      Services().WindowManager()->ObjectSaved(OIDR());
+      InitForm();
+    } else {
+      changed_ = false;
+      SetButtons();
+    }
+  });
+}
+
+void frmDepartments::cmdCancel_Click() {
+  Handle([&] {
+    Uio().CancelUpdate();
+    InitForm();
+  });
+}
+
+void frmDepartments::SSCNew_Click() {
+  Handle([&] {
+    if (cmdWrite.Enabled()) {
+      if (!AskCloseWithoutSaving(SOPanel.Caption())) return;
+      // Given up once: the window manager's question below must not come
+      // back with the same edits.
+      changed_ = false;
+      SetButtons();
+    }
+    auto& object = Uio();
+    const std::string kept = OIDR();
+    const std::string otype = object.OType();
+    const Variant parentId = object.Fields("ParentID").Value();
+    const Variant groupFlag = object.Fields("GroupFlag").Value();
+    auto windows = Services().WindowManager();
+    if (windows->QueryRemove(kept, true)) return;
+    object.SetOIDR("");
+    auto status = object.Read();
+    if (status.Number != 0) {
+      Platform::Ui().MsgBox(status.Text, vbExclamation, msgTitle_);
+      return;
+    }
+    object.SetOType(otype);
+    object.Fields("ParentID").SetValue(parentId);
+    object.Fields("GroupFlag").SetValue(groupFlag);
+    InitForm();
+    if (!kept.empty()) windows->Rekey(kept, shared_from_this());
+  });
+}
+
+void frmDepartments::SSCClose_Click() {
+  Handle([&] {
+    // Off first, so that a second click cannot come in while events run.
+    SSCClose.SetEnabled(false);
+    Platform::Ui().DoEvents();
+    Services().WindowManager()->CloseWindow(shared_from_this());
+  });
+}
+
+void frmDepartments::SSCClose_MouseUp(int button, int) {
+  Handle([&] {
+    if (button != vbRightButton || !canDelete_) return;
+    DeleteObjectAsked(Uio());
+  });
+}
+
+void frmDepartments::QueryRemove(bool& cancel) {
+  Handle([&] {
+    if (cmdWrite.Enabled()) cancel = !AskCloseWithoutSaving(SOPanel.Caption());
+    SSCClose.SetEnabled(!cancel);
+  });
+}
+
+}  // namespace orvel

@@ -1,0 +1,185 @@
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+#include "CatalogueCallsFixture.h"
+#include "bizlayer/SchemaParts.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kDestinations = "O0001615";
+
+// Destinations: group "Pardavimai" (1) with member "Didmeninė" (2), and
+// "Vidaus" (3) at the top. Two template types, two templates, one document
+// group; the group has a sales template for invoices, which its member
+// inherits.
+class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  DepartmentCallsTest() {
+    ReferenceBookSchema().create(*db_);
+    const char* destination =
+        "INSERT INTO book_destinations (Name, ParentID, GroupFlag) VALUES (?, ?, ?)";
+    Insert(destination, {"Pardavimai", 0, 1});
+    Insert(destination, {"Didmeninė", 1, 0});
+    Insert(destination, {"Vidaus", 0, 0});
+    db_->Exec(
+        "INSERT INTO br_template_types (ID, Name) VALUES (1, 'Pardavimo'), (2, 'Pirkimo');"
+        "INSERT INTO br_templates (Name) VALUES ('Prekių pardavimas'), ('Prekių pirkimas');"
+        "INSERT INTO document_groups (Name) VALUES ('Sąskaitos');"
+        "INSERT INTO destination_templates (DestinationID, TemplateTypeID, BRTemplateID,"
+        " DocumentGroupID) VALUES (1, 1, 1, 1);");
+  }
+
+  OrvelStatus Save(const std::string& param) {
+    return Type(kDestinations).ExecCall("SaveUpdateDeleteTemplates", param, 0);
+  }
+
+  // Every attached row as "destination:type:template:group".
+  std::vector<std::string> Attached() {
+    std::vector<std::string> out;
+    auto stmt = db_->Prepare(
+        "SELECT DestinationID, TemplateTypeID, BRTemplateID, DocumentGroupID"
+        " FROM destination_templates ORDER BY ID");
+    while (stmt.Step()) {
+      out.push_back(Text(stmt.Column(0)) + ":" + Text(stmt.Column(1)) + ":" + Text(stmt.Column(2)) +
+                    ":" + Text(stmt.Column(3)));
+    }
+    return out;
+  }
+
+  // Each row of GetBRTemplates as "type|ID|ID2|template|templateOIDR|group|groupOIDR".
+  std::vector<std::string> Rows(const std::string& oidr) {
+    auto rs = Read(kDestinations, "GetBRTemplates", oidr);
+    std::vector<std::string> out;
+    if (!rs) return out;
+    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+      std::string line;
+      for (const char* field : {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
+                                "DocumentGroupName", "DocumentGroupOIDR"}) {
+        line += (line.empty() ? "" : "|") + Text(rs->Fields(field).Value());
+      }
+      out.push_back(line);
+    }
+    return out;
+  }
+};
+
+TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndShowsEmptyTypes) {
+  EXPECT_EQ(Rows("O00016152"), (std::vector<std::string>{
+                                   "O02015001||1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
+                                   "O02015002||||||"}));
+  EXPECT_EQ(Rows("O00016151"), (std::vector<std::string>{
+                                   "O02015001|1|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
+                                   "O02015002||||||"}));
+}
+
+TEST_F(DepartmentCallsTest, AnOwnRowOfATypeReplacesTheInheritedOnes) {
+  ASSERT_EQ(Save("'O00016152','O02015001','O02016002','',0").Number, 0);
+  EXPECT_EQ(Rows("O00016152")[0], "O02015001|2|2|Prekių pirkimas|O02016002||");
+}
+
+TEST_F(DepartmentCallsTest, ANewRecordHasOnlyEmptyRowsAndCannotTakeTemplates) {
+  EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
+  auto status = Save("'O0001615','O02015001','O02016001','',0");
+  EXPECT_EQ(status.Number, 777);
+  EXPECT_EQ(status.Text, "SaveUpdateDeleteTemplates: Pirmiausia įrašykite tikslą.");
+}
+
+struct SaveCase {
+  const char* name;
+  const char* param;
+  int32_t number;
+  std::vector<std::string> attached;
+};
+
+class SaveTemplatesTest : public DepartmentCallsTest,
+                          public ::testing::WithParamInterface<SaveCase> {};
+
+TEST_P(SaveTemplatesTest, OneMethodAddsChangesAndDeletes) {
+  const auto& c = GetParam();
+  auto status = Save(c.param);
+  EXPECT_EQ(status.Number, c.number) << status.Text;
+  EXPECT_EQ(Attached(), c.attached);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Params, SaveTemplatesTest,
+    ::testing::Values(
+        SaveCase{"NewRow",
+                 "'O00016153','O02015002','O02016002','O10002001',0",
+                 0,
+                 {"1:1:1:1", "3:2:2:1"}},
+        SaveCase{"NewRowWithoutGroup",
+                 "'O00016153','O02015001','O02016001','',0",
+                 0,
+                 {"1:1:1:1", "3:1:1:"}},
+        SaveCase{"Update", "'O00016151','O02015001','O02016002','',1", 0, {"1:1:2:"}},
+        SaveCase{"Delete", "'O00016151','O02015001','','',1", 0, {}},
+        SaveCase{"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, {"1:1:1:1"}},
+        SaveCase{
+            "GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, {"1:1:1:1"}},
+        SaveCase{"SameTypeAndGroupTwice",
+                 "'O00016151','O02015001','O02016002','O10002001',0",
+                 777,
+                 {"1:1:1:1"}},
+        SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, {"1:1:1:1"}},
+        SaveCase{"UnknownType", "'O00016153','O02015009','O02016001','',0", 777, {"1:1:1:1"}},
+        SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, {"1:1:1:1"}},
+        SaveCase{
+            "NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, {"1:1:1:1"}},
+        SaveCase{"MissingID", "'O00016153','O02015001','O02016001',''", 5, {"1:1:1:1"}},
+        SaveCase{
+            "UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, {"1:1:1:1"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
+  int64_t firm = Insert("INSERT INTO firms (Name, GroupFlag) VALUES (?, 0)", {"UAB Medis"});
+  const char* branch = "INSERT INTO firm_branches (FirmID, Name) VALUES (?, ?)";
+  Insert(branch, {Variant(firm), "Vilniaus filialas"});
+  Insert(branch, {Variant(firm), "Kauno filialas"});
+  auto reply = Type("O0001604").RecordsetCall("DO0001604_GetFirmBranches", "0", 0);
+  ASSERT_EQ(reply.Number, 0) << reply.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  ASSERT_TRUE(rs);
+  EXPECT_EQ(Column(*rs, "Preview"), (std::vector<std::string>{"UAB Medis, Kauno filialas",
+                                                              "UAB Medis, Vilniaus filialas"}));
+  EXPECT_EQ(Column(*rs, "ID"), (std::vector<std::string>{"2", "1"}));
+}
+
+TEST_F(DepartmentCallsTest, ADepartmentKeepsItsBranchThroughTheStandardCalls) {
+  Insert(
+      "INSERT INTO book_departments (Name, ParentID, GroupFlag, FirmBranchID) VALUES (?, 0, 0, ?)",
+      {"Buhalterija", 4});
+  auto rs = Read("O0001604", "Orvel_ReadObject", "'O00016041'");
+  ASSERT_TRUE(rs);
+  EXPECT_EQ(Text(rs->Fields("FirmBranchID").Value()), "4");
+  EXPECT_EQ(Text(rs->Fields("Preview").Value()), "Buhalterija");
+}
+
+TEST(DepartmentSchemaTest, TheSampleBooksAreListedAndTheirMembersInherit) {
+  auto db = std::make_shared<SqliteDatabase>(":memory:");
+  ReferenceDatabase::CreateSchema(*db);
+  ReferenceBookSchema().create(*db);
+  ReferenceBookSchema().seed(*db);
+  BusinessLayer layer(db);
+  auto books = std::dynamic_pointer_cast<Recordset>(
+      layer.BusinessObject("O0001600")->GetCall("Orvel_GetObjectList", "'O0001600'", 0).Object);
+  ASSERT_TRUE(books);
+  std::vector<std::string> oids;
+  for (books->MoveFirst(); !books->IsEOF(); books->MoveNext()) {
+    oids.push_back(ConcatText(books->Fields("OIDR").Value()));
+  }
+  EXPECT_NE(std::find(oids.begin(), oids.end(), "O0001604"), oids.end());
+  EXPECT_NE(std::find(oids.begin(), oids.end(), "O0001615"), oids.end());
+  // The wholesale member inherits the sales group's sales template.
+  auto rs = std::dynamic_pointer_cast<Recordset>(
+      layer.BusinessObject(kDestinations)->GetCall("GetBRTemplates", "O00016152", 0).Object);
+  ASSERT_TRUE(rs);
+  rs->MoveFirst();
+  EXPECT_TRUE(rs->Fields("ID").Value().IsNull());
+  EXPECT_FALSE(rs->Fields("ID2").Value().IsNull());
+}
+
+}  // namespace
+}  // namespace orvel

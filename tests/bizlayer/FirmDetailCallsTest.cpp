@@ -1,0 +1,227 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CatalogueCallsFixture.h"
+#include "TempDatabase.h"
+#include "bizlayer/SchemaParts.h"
+#include "host/MemoryRecordset.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kFirms = "O0000100";
+
+// Group 1 holds firm 2, which has one of each detail; firm 3 has none. The
+// group has a discount of its own that firm 2 inherits.
+class FirmDetailCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  FirmDetailCallsTest() {
+    FirmDetailSchema().create(*db_);
+    const char* firm = "INSERT INTO firms (Name, ParentID, GroupFlag, Active) VALUES (?, ?, ?, 1)";
+    Insert(firm, {"Tiekėjai", Variant::Null(), 1});
+    Insert(firm, {"UAB Alfa", 1, 0});
+    Insert(firm, {"AB Beta", Variant::Null(), 0});
+    Insert("INSERT INTO banks (Name, Code) VALUES ('Swedbank', '73000')", {});
+    Insert("INSERT INTO users (Name, FullName) VALUES ('admin', 'A'), ('rūta', 'R')", {});
+    Insert("INSERT INTO firm_accounts (Name, BankID, Currency, FOIDR) VALUES (?, ?, ?, ?)",
+           {"LT02", 1, "EUR", "O00001002"});
+    Insert("INSERT INTO firm_accounts (Name, BankID, Currency, FOIDR) VALUES (?, ?, ?, ?)",
+           {"LT01", Variant::Null(), "LTL", "O00001002"});
+    Insert("INSERT INTO firm_addresses (Name, Street, FlagMain, FirmID) VALUES (?, ?, ?, ?)",
+           {"Pristatymo", "Savanorių pr. 1", false, 2});
+    Insert("INSERT INTO firm_addresses (Name, Street, FlagMain, FirmID) VALUES (?, ?, ?, ?)",
+           {"Buveinės", "Gedimino pr. 9", true, 2});
+    Insert("INSERT INTO firm_contacts (Name, LastName, FlagMain, FirmID) VALUES (?, ?, ?, ?)",
+           {"Asta", "Kazlauskienė", true, 2});
+    Insert("INSERT INTO firm_managers (Name, FirmID) VALUES (?, ?)", {"Rūta Buhalterė", 2});
+    Insert("INSERT INTO firm_activities (Name, FirmID) VALUES (?, ?)", {"Statybos darbai", 2});
+    Insert("INSERT INTO firm_branches (FirmID, Name, Code) VALUES (?, ?, ?)",
+           {2, "Kauno filialas", "12"});
+    Insert(
+        "INSERT INTO firm_contracts (FirmID, ContractNumber, DateFrom, SumA, State)"
+        " VALUES (?, ?, ?, ?, ?)",
+        {2, "S-1", DateSerial(2025, 1, 1), 100.5, "Pasibaigusi"});
+    Insert(
+        "INSERT INTO firm_contracts (FirmID, ContractNumber, DateFrom, SumA, State)"
+        " VALUES (?, ?, ?, ?, ?)",
+        {2, "S-2", DateSerial(2026, 1, 1), 200.0, "Galioja"});
+    const char* discount =
+        "INSERT INTO firm_discounts (FirmID, DiscountTypeName, VariantName, SumFrom, SumTo,"
+        " Percent, GoodName, Valid) VALUES (?, ?, ?, ?, ?, ?, ?, ?)";
+    Insert(discount, {1, "Grupės", Variant::Null(), Variant::Null(), Variant::Null(), 3.0,
+                      Variant::Null(), true});
+    Insert(discount, {2, "Sezoninė", "Vasara", 50.0, 0.0, 2.5, "Statyba", false});
+  }
+
+  OrvelStatus Write(const std::string& param) {
+    return Type(kFirms).ExecCall("AddUpdateFirmInfo", param, 0);
+  }
+
+  std::string Notes() {
+    auto stmt = db_->Prepare(
+        "SELECT ID, FirmID, Info, DateFrom, DateTo, UserName, Priority FROM firm_info ORDER BY ID");
+    std::string out;
+    while (stmt.Step()) {
+      for (int c = 0; c < stmt.ColumnCount(); ++c) out += ConcatText(stmt.Column(c)) + "|";
+      out += "\n";
+    }
+    return out;
+  }
+};
+
+struct ListCase {
+  const char* call;
+  std::vector<std::string> fields;
+  const char* field;
+  std::vector<std::string> values;
+};
+
+class FirmDetailListTest : public FirmDetailCallsTest,
+                           public ::testing::WithParamInterface<ListCase> {};
+
+TEST_P(FirmDetailListTest, AnswersTheFirmsRowsWithTheFieldsTheListReads) {
+  const ListCase& c = GetParam();
+  auto rs = Read(kFirms, c.call, "O00001002");
+  ASSERT_NE(rs, nullptr);
+  EXPECT_EQ(FieldNames(*rs), c.fields);
+  EXPECT_EQ(Column(*rs, c.field), c.values);
+  auto none = Read(kFirms, c.call, "O00001003");
+  ASSERT_NE(none, nullptr);
+  EXPECT_EQ(none->RecordCount(), 0);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Calls, FirmDetailListTest,
+    ::testing::Values(ListCase{"GetAccounts",
+                               {"OIDR", "Number", "BankName", "Currency"},
+                               "BankName",
+                               {"", "Swedbank"}},
+                      ListCase{"GetFirmADDRESSES",
+                               {"OIDR", "AddressType", "Region", "PostCode", "Street", "Phone",
+                                "Fax", "EMail", "FlagMain"},
+                               "AddressType",
+                               {"Buveinės", "Pristatymo"}},
+                      ListCase{"GetFirmCONTACTS",
+                               {"OIDR", "Name", "LastName", "Role", "Phone", "Fax", "EMail", "Note",
+                                "FlagMain"},
+                               "OIDR",
+                               {"O00021001"}},
+                      ListCase{"GetFirmSERVERS", {"OIDR", "Name"}, "Name", {"Rūta Buhalterė"}},
+                      ListCase{"GetFirmActivity", {"OIDR", "Preview"}, "OIDR", {"O00025001"}},
+                      ListCase{"GetFirmBranch",
+                               {"OIDR", "Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"},
+                               "OIDR",
+                               {"O00016041"}},
+                      ListCase{"GetContractsList",
+                               {"OIDR", "OType", "ContractNumber", "DateFrom", "DateTo", "SumA",
+                                "State", "Responsible"},
+                               "ContractNumber",
+                               {"S-2", "S-1"}},
+                      // Its own discounts first, then its group's, named by who holds them.
+                      ListCase{"GetDiscounts",
+                               {"OIDR", "DiscountTypeName", "VariantName", "SumFrom", "SumTo",
+                                "Percent", "GoodName", "Valid", "FirmName"},
+                               "FirmName",
+                               {"UAB Alfa", "Tiekėjai"}}),
+    [](const auto& info) { return std::string(info.param.call); });
+
+struct BadListCase {
+  const char* name;
+  const char* param;
+  int32_t number;
+};
+
+class FirmDetailBadListTest : public FirmDetailCallsTest,
+                              public ::testing::WithParamInterface<BadListCase> {};
+
+TEST_P(FirmDetailBadListTest, ABadFirmIsAClearError) {
+  for (const char* call :
+       {"GetAccounts", "GetFirmADDRESSES", "GetFirmCONTACTS", "GetFirmSERVERS", "GetFirmActivity",
+        "GetFirmBranch", "GetContractsList", "GetDiscounts"}) {
+    auto reply = Type(kFirms).GetCall(call, GetParam().param, 0);
+    EXPECT_EQ(reply.Number, GetParam().number) << call;
+    EXPECT_FALSE(reply.Text.empty()) << call;
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FirmDetailBadListTest,
+    ::testing::Values(BadListCase{"Nothing", "", TableBusinessObject::kBadCall},
+                      BadListCase{"AnotherType", "O00003001", TableBusinessObject::kBadCall},
+                      BadListCase{"TwoArguments", "O00001002,1", TableBusinessObject::kBadCall},
+                      BadListCase{"NoSuchFirm", "O000010099",
+                                  TableBusinessObject::kRecordNotFound}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
+  ASSERT_EQ(Write("0,'Skambinti \"rytoj\"','20261123',Null,2,2,3").Number, 0);
+  EXPECT_EQ(Notes(), "1|2|Skambinti \"rytoj\"|2026-11-23||rūta|3|\n");
+  // The text may hold commas; the end may be set later.
+  ASSERT_EQ(Write("1,'Skambinti, paskui rašyti','20261201','20261231',2,1,1").Number, 0);
+  EXPECT_EQ(Notes(), "1|2|Skambinti, paskui rašyti|2026-12-01|2026-12-31|admin|1|\n");
+  auto rs = Read(kFirms, "GetFirmInfo", "'O00001002',1");
+  EXPECT_THAT(Column(*rs, "Info"), ElementsAre("Skambinti, paskui rašyti"));
+}
+
+struct BadNoteCase {
+  const char* name;
+  const char* param;
+  int32_t number;
+};
+
+class FirmDetailBadNoteTest : public FirmDetailCallsTest,
+                              public ::testing::WithParamInterface<BadNoteCase> {};
+
+TEST_P(FirmDetailBadNoteTest, IsRefusedAndChangesNothing) {
+  ASSERT_EQ(Write("0,'Esama','20260101',Null,2,1,1").Number, 0);
+  const std::string before = Notes();
+  OrvelStatus status = Write(GetParam().param);
+  EXPECT_EQ(status.Number, GetParam().number);
+  EXPECT_FALSE(status.Text.empty());
+  EXPECT_EQ(Notes(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FirmDetailBadNoteTest,
+    ::testing::Values(
+        BadNoteCase{"PriorityZero", "0,'A','20260101',Null,2,1,0", TableBusinessObject::kBadCall},
+        BadNoteCase{"PriorityFour", "0,'A','20260101',Null,2,1,4", TableBusinessObject::kBadCall},
+        BadNoteCase{"DayNotReal", "0,'A','20260231',Null,2,1,1", TableBusinessObject::kBadCall},
+        BadNoteCase{"DayWithDashes", "0,'A','2026-01-01',Null,2,1,1",
+                    TableBusinessObject::kBadCall},
+        BadNoteCase{"EndsBeforeItStarts", "0,'A','20260201','20260131',2,1,1",
+                    TableBusinessObject::kBadCall},
+        BadNoteCase{"TooFewArguments", "0,'A','20260101',Null,2,1", TableBusinessObject::kBadCall},
+        BadNoteCase{"NoSuchFirm", "0,'A','20260101',Null,99,1,1",
+                    TableBusinessObject::kRecordNotFound},
+        BadNoteCase{"NoSuchNote", "7,'A','20260101',Null,2,1,1",
+                    TableBusinessObject::kRecordNotFound},
+        BadNoteCase{"AnotherFirmsNote", "1,'A','20260101',Null,3,1,1",
+                    TableBusinessObject::kRecordNotFound}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST(FirmDetailSchemaTest, ASampleFileGivesTheFirstFirmEveryDetail) {
+  TempDatabase file;
+  auto db = ReferenceDatabase::Open(file.Path());
+  BusinessLayer layer(db);
+  auto& firms = *layer.BusinessObject(kFirms);
+  auto first = firms.Query("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0", {});
+  const std::string oidr = "O0000100" + ConcatText(first->Fields().Item(0).Value());
+  for (const char* call : {"GetAccounts", "GetFirmADDRESSES", "GetFirmCONTACTS", "GetFirmSERVERS",
+                           "GetFirmActivity", "GetContractsList", "GetDiscounts"}) {
+    auto reply = firms.GetCall(call, oidr, 0);
+    ASSERT_EQ(reply.Number, 0) << call << ": " << reply.Text;
+    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+    ASSERT_NE(rs, nullptr);
+    EXPECT_GT(rs->RecordCount(), 0) << call;
+  }
+  // An account opens as a record of its own type.
+  auto account = layer.BusinessObject("O0000500")->GetCall("Orvel_ReadObject", "'O00005001'", 0);
+  EXPECT_EQ(account.Number, 0) << account.Text;
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,202 @@
+// The note dialog, opened from the firm window through the firm's object:
+// what it reads, how the priority colours it, the dates' bounds and the
+// write call it sends.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "FirmCardFixture.h"
+#include "firms/frmFirmInfo.h"
+#include "host/Convert.h"
+#include "testhost/TestUser.h"
+#include "ui/ControlConstants.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
+
+constexpr const char* kFirm = "O00001002";
+
+Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
+
+class FrmFirmInfoTest : public FirmCardTest {
+ protected:
+  // The firm's notes as the business layer lists them.
+  void Notes(std::vector<std::vector<Variant>> rows) {
+    auto rs = std::make_shared<MemoryRecordset>(
+        std::vector<std::string>{"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"});
+    for (auto& row : rows) rs->AddRow(std::move(row));
+    BO("O0000100").ReplyRead("GetFirmInfo", rs);
+  }
+
+  // Opens the note of list row `key` ("" for a new note) with `script`
+  // playing the user; returns the window.
+  std::shared_ptr<frmFirms> Edit(const std::string& key, std::function<void(frmFirmInfo&)> script) {
+    auto w = Open(kFirm);
+    if (!key.empty()) {
+      ListView& list = Grid(*w).TabList("FirmInfo");
+      list.SetSelectedItem(list.ListItems().Find(key));
+    }
+    host_.Ui()->QueueModal(
+        [script = std::move(script)](Form& form) { script(dynamic_cast<frmFirmInfo&>(form)); });
+    w->EditFirmInfo(key.empty());
+    return w;
+  }
+
+  std::vector<std::string> Writes() {
+    std::vector<std::string> out;
+    for (const auto& call : BO("O0000100").Calls("AddUpdateFirmInfo")) out.push_back(call.param);
+    return out;
+  }
+
+  size_t Reads() { return BO("O0000100").Calls("GetFirmInfo").size(); }
+};
+
+TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) {
+  Edit("", [](frmFirmInfo& dialog) {
+    EXPECT_EQ(dialog.Caption(), "Įmonės informacija");
+    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 11, 23));
+    EXPECT_TRUE(dialog.dtpDateTo.Value().IsNull());
+    ASSERT_EQ(dialog.imcPriority.ComboItems().Count(), 3);
+    EXPECT_EQ(dialog.imcPriority.Text(), "Svarbi informacija");
+    dialog.txtInfo.Edit("  Skambinti 'rytoj'  ");
+    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(2));
+    dialog.cmdWrite.Click();
+  });
+  EXPECT_THAT(Writes(), ElementsAre("0,'Skambinti \"rytoj\"','20261123',Null,2,1,2"));
+  // Saved: the list and the line are read again.
+  EXPECT_EQ(Reads(), 1u);
+}
+
+struct PriorityCase {
+  int priority;
+  const char* text;
+  int32_t color;
+};
+
+class FrmFirmInfoPriorityTest : public FrmFirmInfoTest,
+                                public ::testing::WithParamInterface<PriorityCase> {};
+
+TEST_P(FrmFirmInfoPriorityTest, AStoredNoteOpensInItsPriorityAndColour) {
+  const PriorityCase& c = GetParam();
+  Notes({{Variant(17), Variant("Mokėjimai vėluoja"), DayOf(2026, 1, 5), DayOf(2026, 12, 31),
+          Variant("admin"), Variant(c.priority)},
+         {Variant(18), Variant("Kita"), DayOf(2026, 2, 1), Variant::Null(), Variant("admin"),
+          Variant(1)}});
+  host_.User()->SetRs([] {
+    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"});
+    rs->AddRow({Variant(3)});
+    rs->MoveFirst();
+    return rs;
+  }());
+  Edit("17K", [&](frmFirmInfo& dialog) {
+    EXPECT_EQ(dialog.ID, 17);
+    EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
+    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 1, 5));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 31));
+    EXPECT_EQ(dialog.imcPriority.Text(), c.text);
+    EXPECT_EQ(dialog.txtInfo.ForeColor(), c.color);
+    EXPECT_EQ(dialog.lblColor.ForeColor(), c.color);
+    dialog.cmdWrite.Click();
+  });
+  EXPECT_THAT(Writes(), ElementsAre("17,'Mokėjimai vėluoja','20260105','20261231',2,3," +
+                                    std::to_string(c.priority)));
+}
+
+INSTANTIATE_TEST_SUITE_P(Priorities, FrmFirmInfoPriorityTest,
+                         ::testing::Values(PriorityCase{1, "Svarbi informacija", vbBlack},
+                                           PriorityCase{2, "Ypatingai svarbi informacija", vbBlue},
+                                           PriorityCase{3, "Įspėjamoji informacija", vbRed}));
+
+TEST_F(FrmFirmInfoTest, PickingAnotherPriorityRecolours) {
+  Edit("", [](frmFirmInfo& dialog) {
+    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(3));
+    EXPECT_EQ(dialog.txtInfo.ForeColor(), vbRed);
+    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(1));
+    EXPECT_EQ(dialog.lblColor.ForeColor(), vbBlack);
+    dialog.cmdCancel.Click();
+  });
+}
+
+TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
+  Notes({{Variant(17), Variant("Sena"), DayOf(2026, 1, 5), Variant::Null(), Variant("admin"),
+          Variant(3)}});
+  auto w = Open(kFirm);
+  ListView& list = Grid(*w).TabList("FirmInfo");
+  list.SetSelectedItem(list.ListItems().Find("17K"));
+  Notes({});  // another user removed it
+  host_.Ui()->QueueModal([](Form& form) {
+    auto& dialog = dynamic_cast<frmFirmInfo&>(form);
+    EXPECT_EQ(dialog.ID, 0);
+    EXPECT_EQ(dialog.txtInfo.Text(), "");
+    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 11, 23));
+    EXPECT_EQ(dialog.imcPriority.Text(), "Svarbi informacija");
+    dialog.txtInfo.Edit("Nauja");
+    dialog.cmdWrite.Click();
+  });
+  w->EditFirmInfo(false);
+  EXPECT_THAT(Writes(), ElementsAre("0,'Nauja','20261123',Null,2,1,1"));
+}
+
+TEST_F(FrmFirmInfoTest, TheStartBoundsTheEndAndMovesIt) {
+  Edit("", [](frmFirmInfo& dialog) {
+    EXPECT_TRUE(dialog.dtpDateTo.Pick(DayOf(2026, 12, 1)));
+    // No end before the start.
+    EXPECT_FALSE(dialog.dtpDateTo.Pick(DayOf(2026, 11, 22)));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 1));
+    // A start past the end moves the minimum, and the end with it.
+    EXPECT_TRUE(dialog.dtpDateFrom.Pick(DayOf(2027, 1, 10)));
+    EXPECT_EQ(dialog.dtpDateTo.MinDate(), DateSerial(2027, 1, 10));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2027, 1, 10));
+    // An earlier start lowers the minimum and leaves the end.
+    EXPECT_TRUE(dialog.dtpDateFrom.Pick(DayOf(2026, 11, 1)));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2027, 1, 10));
+    dialog.txtInfo.Edit("X");
+    dialog.cmdWrite.Click();
+  });
+  EXPECT_THAT(Writes(), ElementsAre("0,'X','20261101','20270110',2,1,1"));
+}
+
+TEST_F(FrmFirmInfoTest, CancelWritesNothingAndReloadsNothing) {
+  Edit("", [](frmFirmInfo& dialog) {
+    dialog.txtInfo.Edit("Neįrašyti");
+    dialog.cmdCancel.Click();
+    EXPECT_FALSE(dialog.Saved);
+  });
+  EXPECT_THAT(Writes(), IsEmpty());
+  EXPECT_EQ(Reads(), 0u);
+}
+
+TEST_F(FrmFirmInfoTest, AFailedWriteStillClosesAsSaved) {
+  BO("O0000100").FailCallsNamed("AddUpdateFirmInfo", 5, "Klaida serveryje");
+  Edit("", [](frmFirmInfo& dialog) {
+    dialog.txtInfo.Edit("Bet kas");
+    dialog.cmdWrite.Click();
+    EXPECT_TRUE(dialog.Saved);
+    EXPECT_FALSE(dialog.Loaded());
+  });
+  EXPECT_EQ(Writes().size(), 1u);
+  EXPECT_EQ(Reads(), 1u);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmFirmInfoTest, TheMethodHandsBackTheIdTheDialogEndedWith) {
+  auto firm = firms_->GetOrvelObject(kFirm);
+  ASSERT_NE(firm, nullptr);
+  Variant::Array params{Variant(17)};  // no such note
+  host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmFirmInfo&>(form).cmdCancel.Click(); });
+  OrvelResult shown = firm->Methods("ShowFirmInfo", params);
+  EXPECT_EQ(shown.Value, Variant(false));
+  EXPECT_EQ(params[0], Variant(0));
+
+  // A firm not saved yet shows no dialog.
+  auto fresh = firms_->GetOrvelObject("");
+  ASSERT_NE(fresh, nullptr);
+  Variant::Array none{Variant(0)};
+  EXPECT_TRUE(fresh->Methods("ShowFirmInfo", none).Value.IsEmpty());
+  EXPECT_EQ(host_.Ui()->PendingModalScripts(), 0u);
+}
+
+}  // namespace
+}  // namespace orvel

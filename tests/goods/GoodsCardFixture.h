@@ -1,0 +1,122 @@
+// The goods catalogue on the in-memory host, for the card, its lists and the
+// goods dialogs: group 1 "Maistas" (VAT 21) holds good 2 "Duona" (rests,
+// price 121 with VAT, VAT Null) and good 3 "Pienas" (no rests, measure 2,
+// price 10 without VAT, VAT 9). Boxes are titled "Apskaita".
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "goods/GoodsDialogs.h"
+#include "goods/GoodsSettings.h"
+#include "goods/frmGoods.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/TextBox.h"
+
+namespace orvel {
+
+class GoodsCardTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    ResetVatFactor();
+    host_.Session()->SetAppTitle("Apskaita");
+    auto& table = BO("O0000200").Table();
+    table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest",
+                     "WithItems", "OwnCode", "PreviewPath", "VAT", "PriceWithVAT", "Price",
+                     "AmountPrecision", "MeasureID", "CreatedByUser", "CreationDate",
+                     "UpdatedByUser", "UpdateDate"});
+    for (const char* field :
+         {"ParentID", "VAT", "PriceWithVAT", "Price", "AmountPrecision", "MeasureID", "WithItems",
+          "CreatedByUser", "CreationDate", "UpdatedByUser", "UpdateDate"}) {
+      table.SetDefault(field, Variant::Null());
+    }
+    table.SetDefault("GroupFlag", Variant(0));
+    table.Seed({{{"Name", Variant("Maistas")},
+                 {"GroupFlag", Variant(1)},
+                 {"OwnCode", Variant("001")},
+                 {"VAT", Variant(21)}},
+                {{"Name", Variant("Duona")},
+                 {"ParentID", Variant(1)},
+                 {"WithRest", Variant(true)},
+                 {"Price", Variant(121)},
+                 {"PriceWithVAT", Variant(true)},
+                 {"AmountPrecision", Variant(2)},
+                 {"MeasureID", Variant(1)},
+                 {"CreatedByUser", Variant("Jonas")}},
+                {{"Name", Variant("Pienas")},
+                 {"ParentID", Variant(1)},
+                 {"WithRest", Variant(false)},
+                 {"Price", Variant(10)},
+                 {"PriceWithVAT", Variant(false)},
+                 {"VAT", Variant(9)},
+                 {"AmountPrecision", Variant(0)},
+                 {"MeasureID", Variant(2)},
+                 {"CreatedByUser", Variant("Jonas")}}});
+    auto vat = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
+    vat->AddRow({Variant(21)});
+    BO("O0000200").ReplyRead("GetVatFactor", vat);
+    goods_ = Adapter("O0000200");
+  }
+
+  void TearDown() override {
+    InstallGoodsDialogs(nullptr);
+    ResetVatFactor();
+    ModuleTest::TearDown();
+  }
+
+  // The window the menu builds, shown by the host; the journal cleared.
+  std::shared_ptr<frmGoods> Open(const std::string& oidr, const char* key = "0") {
+    auto window = goods_->ClickMenu(oidr, "", key, "").Value.ObjectAs<frmGoods>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    Clear();
+    return window;
+  }
+
+  void Clear() {
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    BO("O0000200").ClearCalls();
+  }
+
+  FakeOrvelGrid& Grid(frmGoods& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
+
+  // "<flags> <title> <prompt>" of each box shown.
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> lines;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
+    }
+    return lines;
+  }
+
+  // The user typing into a box: each key through the box's key filter, a
+  // backspace taking the last character.
+  static void Type(TextBox& box, const std::string& keys) {
+    for (char key : keys) {
+      const int typed = box.KeyPress(static_cast<unsigned char>(key));
+      if (typed == 0) continue;
+      std::string text = box.Text();
+      if (typed == 8) {
+        if (!text.empty()) text.pop_back();
+      } else {
+        text += static_cast<char>(typed);
+      }
+      box.Edit(text);
+    }
+  }
+
+  Variant Stored(int32_t id, const char* field) { return BO("O0000200").Table().Value(id, field); }
+
+  std::shared_ptr<OrvelObjectUI> goods_;
+};
+
+}  // namespace orvel

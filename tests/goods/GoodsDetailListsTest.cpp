@@ -1,0 +1,262 @@
+// The detail lists of the goods card: the traffic list with its period, its
+// two views (by date and by purchase, with each purchase's remainder), the
+// base and foreign currency columns and the summary row; the rests with
+// their reservations; and the placeholder rows.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "goods/GoodsCardFixture.h"
+#include "host/Convert.h"
+#include "ui/ListItem.h"
+#include "ui/ListSubItem.h"
+
+namespace orvel {
+namespace {
+
+std::vector<std::string> Cells(const ListItem& row) {
+  std::vector<std::string> cells{row.Text()};
+  for (const auto& cell : row.ListSubItems()) cells.push_back(cell->Text());
+  return cells;
+}
+
+class GoodsListsTest : public GoodsCardTest {
+ protected:
+  // Purchases 1 (cost 100) and 3 (cost 60); sales 2 and 5 of purchase 1,
+  // 4 of purchase 3, 6 of none; the summary row. Sale 2 is in EUR at 2,
+  // purchase 1 in the base currency with a rate.
+  void SetUp() override {
+    GoodsCardTest::SetUp();
+    rs_ = std::make_shared<MemoryRecordset>(std::vector<std::string>{
+        "OIDR",      "OType",        "SaleID",      "ID",    "DocName", "Number",    "Date",
+        "Addressee", "Amount",       "Measure",     "Price", "Suma",    "Comment",   "LName",
+        "CODE",      "CurrencyRate", "SourcerName", "Cost",  "Sign",    "PurchDate", "PurchaseID"});
+    Line(1, "PURCHASE", "2026-01-05", 10, 10, 100, "LTL", Variant(3.4528), 100, 0, 1);
+    Line(2, "SALE", "2026-02-01", 3, 15, 45, "EUR", Variant(2), 30, 1, 1);
+    Line(3, "PURCHASE", "2026-01-10", 5, 12, 60, "LTL", Variant::Null(), 60, 0, 3);
+    Line(4, "SALE", "2026-03-01", 2, 14, 28, "LTL", Variant::Null(), 24, 1, 3);
+    Line(5, "SALE", "2026-01-20", 2, 15, 30, "LTL", Variant::Null(), 20, 1, 1);
+    Line(6, "SALE", "2026-04-01", 1, 15, 15, "LTL", Variant::Null(), 5, 1, 0);
+    rs_->AddRow({Variant("O0000000"), Variant::Null(), Variant::Null(), Variant::Null(),
+                 Variant("Iš viso"),  Variant::Null(), Variant::Null(), Variant::Null(),
+                 Variant(7),          Variant("vnt."), Variant::Null(), Variant::Null(),
+                 Variant::Null(),     Variant::Null(), Variant::Null(), Variant::Null(),
+                 Variant::Null(),     Variant::Null(), Variant(2),      Variant::Null(),
+                 Variant::Null()});
+    BO("O0000200").ReplyRead("GetTraffic", rs_);
+  }
+
+  void Line(int id, const char* otype, const char* date, double amount, double price, double sum,
+            const char* code, Variant rate, double cost, int sign, int purchase) {
+    const Date day = *ParseDate(date);
+    // A line's purchase date is that of the purchase it came from.
+    const Date bought = *ParseDate(purchase == 3 ? "2026-01-10" : "2026-01-05");
+    rs_->AddRow({Variant("O0000300" + std::to_string(id)),
+                 Variant(otype),
+                 Variant(10 + id),
+                 Variant(id),
+                 Variant(sign == 0 ? "Pirkimas" : "Pardavimas"),
+                 Variant("D" + std::to_string(id)),
+                 Variant(day),
+                 Variant("UAB Šilas"),
+                 Variant(amount),
+                 Variant("vnt."),
+                 Variant(price),
+                 Variant(sum),
+                 Variant::Null(),
+                 Variant("Centrinis"),
+                 Variant(code),
+                 std::move(rate),
+                 Variant("Tiekėjas"),
+                 Variant(cost),
+                 Variant(sign),
+                 purchase > 0 ? Variant(bought) : Variant::Null(),
+                 Variant(purchase)});
+  }
+
+  ListView& Traffic(frmGoods& w) { return Grid(w).TabList("Traffic"); }
+
+  // The user asks for the list by double-clicking the placeholder row.
+  void Fetch(frmGoods& w) {
+    ListView& list = Traffic(w);
+    list.SetSelectedItem(&list.ListItems().Item("more"));
+    Grid(w).DoubleClickList(w.TrafficTab - 1);
+  }
+
+  std::vector<std::string> Tags(ListView& list) {
+    std::vector<std::string> tags;
+    for (const auto& row : list.ListItems()) {
+      tags.push_back(row->Key() == "O0000000" ? "sum" : ConcatText(row->Tag()));
+    }
+    return tags;
+  }
+
+  std::shared_ptr<MemoryRecordset> rs_;
+};
+
+TEST_F(GoodsListsTest, AFirstOpenShowsOnlyThePlaceholderRow) {
+  auto w = Open("O00002002");
+  ListView& list = Traffic(*w);
+  ASSERT_EQ(list.ListItems().Count(), 1);
+  const ListItem& more = *list.ListItems().begin()->get();
+  EXPECT_EQ(more.Key(), "more");
+  EXPECT_EQ(more.Text(), "Atnaujinkite... ");
+  EXPECT_EQ(more.ListSubItems().Count(), 14);
+  EXPECT_EQ(list.ColumnHeaders().Count(), 16);
+  EXPECT_EQ(list.ColumnHeaders().Item(16).Text(), "Lik.Suma/Savikaina");
+  EXPECT_EQ(Grid(*w).TabList("Rests").ListItems().Item(1).Key(), "more");
+  EXPECT_TRUE(BO("O0000200").Calls("GetTraffic").empty());
+}
+
+struct PeriodCase {
+  const char* name;
+  Variant period;
+  const char* params;
+};
+
+class GoodsTrafficPeriodTest : public GoodsListsTest,
+                               public ::testing::WithParamInterface<PeriodCase> {};
+
+TEST_P(GoodsTrafficPeriodTest, ParamsCarryTheGoodAndThePeriod) {
+  host_.ObjectManager()->ReplyToCall("GetOldPeriod", OrvelResult{0, "", GetParam().period});
+  auto w = Open("O00002002");
+  Fetch(*w);
+  auto calls = BO("O0000200").Calls("GetTraffic");
+  ASSERT_EQ(calls.size(), 1u);
+  EXPECT_EQ(calls[0].param, GetParam().params);
+}
+
+Variant PeriodOf(const char* from, const char* to, int daysBack, bool useDates) {
+  return Variant(Variant::Array{Variant(*ParseDate(from)), Variant(*ParseDate(to)),
+                                Variant(daysBack), Variant(useDates), Variant("")});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodsTrafficPeriodTest,
+    ::testing::Values(PeriodCase{"OwnDates", PeriodOf("2026-01-01", "2026-06-30", 5, true),
+                                 "'O00002002','2026-01-01','2026-06-30'"},
+                      PeriodCase{"DaysBack", PeriodOf("2026-01-01", "2026-06-30", 30, false),
+                                 "'O00002002','2026-10-24','9999-12-31'"},
+                      PeriodCase{"NoPeriod", Variant(), "'O00002002','2026-11-23','9999-12-31'"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodsListsTest, ByDateNewestFirstWithTheSummaryLast) {
+  auto w = Open("O00002002");
+  Fetch(*w);
+  ListView& list = Traffic(*w);
+  EXPECT_EQ(Tags(list), (std::vector<std::string>{"O00003006", "O00003004", "O00003002",
+                                                  "O00003005", "O00003003", "O00003001", "sum"}));
+  EXPECT_EQ(list.ListItems().Item(1).Key(), "16_K1");
+  // Sale 2 in EUR: base figures at the rate, then the document's own.
+  EXPECT_EQ(Cells(list.ListItems().Item(3)),
+            (std::vector<std::string>{"Pardavimas", "D2", "2026-02-01", "UAB Šilas", "3", "vnt.",
+                                      "30,00", "90,00", "", "Centrinis", "EUR", "2", "15,00",
+                                      "45,00", "Tiekėjas", "30,00"}));
+  // The base currency keeps its figures even with a rate.
+  EXPECT_EQ(Cells(list.ListItems().Item(6))[6], "10,00");
+  EXPECT_EQ(Cells(list.ListItems().Item(6))[10], " ");
+  EXPECT_EQ(Cells(list.ListItems().Item("O0000000")),
+            (std::vector<std::string>{"", " ", " ", "Iš viso", "7", "vnt.", " ", " ", " ", " ", " ",
+                                      " ", " ", " "}));
+  EXPECT_TRUE(list.ListItems().Item("O0000000").Bold());
+  EXPECT_EQ(list.ListItems().Item(1).SmallIcon(), "SALE");
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), 0);
+}
+
+TEST_F(GoodsListsTest, ByPurchaseEachPurchaseEndsWithWhatIsLeft) {
+  auto w = Open("O00002002");
+  Fetch(*w);
+  w->mnuByPurch_Click();
+  ListView& list = Traffic(*w);
+  EXPECT_EQ(Tags(list), (std::vector<std::string>{"O00003001", "O00003005", "O00003002",
+                                                  "O00003003", "O00003004"}));
+  const ListItem& first = list.ListItems().Item(1);
+  const ListItem& second = list.ListItems().Item(4);
+  EXPECT_TRUE(first.Bold());
+  EXPECT_TRUE(first.ListSubItems().Item(1).Bold());
+  EXPECT_FALSE(list.ListItems().Item(2).Bold());
+  EXPECT_EQ(first.ListSubItems().Item(15).Text(), "50");
+  EXPECT_EQ(second.ListSubItems().Item(15).Text(), "36");
+  EXPECT_EQ(list.ListItems().Item(2).ListSubItems().Item(15).Text(), "20,00");
+  // Sales stand one step in: their icon moves to the document number.
+  EXPECT_EQ(first.SmallIcon(), "PURCHASE");
+  EXPECT_EQ(list.ListItems().Item(2).SmallIcon(), "");
+  EXPECT_EQ(list.ListItems().Item(2).ListSubItems().Item(1).ReportIcon(), "SALE");
+  // The kept lines were sorted again: no second call.
+  EXPECT_EQ(BO("O0000200").Calls("GetTraffic").size(), 1u);
+
+  w->mnuByPurch_Click();
+  EXPECT_EQ(BO("O0000200").Calls("GetTraffic").size(), 2u);
+  EXPECT_EQ(Traffic(*w).ListItems().Count(), 7);
+}
+
+TEST_F(GoodsListsTest, WithoutRestsTheSummaryRowAndStoreColumnAreLeftOut) {
+  auto w = Open("O00002003");
+  Fetch(*w);
+  ListView& list = Traffic(*w);
+  EXPECT_EQ(list.ColumnHeaders().Count(), 15);
+  EXPECT_EQ(list.ListItems().Count(), 6);
+  EXPECT_EQ(list.ListItems().Find("O0000000"), nullptr);
+  EXPECT_EQ(list.ListItems().Item(1).ListSubItems().Count(), 14);
+}
+
+TEST_F(GoodsListsTest, AnEmptyAnswerLeavesColumnsAndNoRows) {
+  BO("O0000200")
+      .ReplyRead("GetTraffic",
+                 std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR", "SaleID"}));
+  auto w = Open("O00002002");
+  Fetch(*w);
+  EXPECT_EQ(Traffic(*w).ListItems().Count(), 0);
+  EXPECT_EQ(Traffic(*w).ColumnHeaders().Count(), 16);
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), 0);
+}
+
+// ---- rests ----
+
+struct RestCase {
+  const char* name;
+  Variant rest;
+  Variant reserved;
+  const char* sold;
+  const char* shown;
+};
+
+class GoodsRestsTest : public GoodsListsTest, public ::testing::WithParamInterface<RestCase> {};
+
+TEST_P(GoodsRestsTest, AReservationOfAtLeastOneShowsBehindTheRest) {
+  const RestCase& c = GetParam();
+  auto rests = std::make_shared<MemoryRecordset>(std::vector<std::string>{
+      "OIDR", "ID", "DocName", "OType", "Number", "Date", "Addressee", "Amount", "Measure", "Price",
+      "Rest", "Reserved", "LName", "PriceSale"});
+  rests->AddRow({Variant("O00003001"), Variant(7), Variant("Pirkimas"), Variant("PURCHASE"),
+                 Variant("D1"), Variant("2026-01-05"), Variant("UAB Šilas"), Variant(10),
+                 Variant("vnt."), Variant(1.5), c.rest, c.reserved, Variant("Centrinis"),
+                 Variant::Null()});
+  rests->AddRow({Variant("O0000000"), Variant::Null(), Variant("Iš viso"), Variant::Null(),
+                 Variant::Null(), Variant::Null(), Variant::Null(), c.rest, Variant("vnt."),
+                 Variant::Null(), c.rest, c.reserved, Variant::Null(), Variant::Null()});
+  BO("O0000200").ReplyRead("GetRests", rests);
+  auto w = Open("O00002002");
+  w->LoadRests();
+  ListView& list = Grid(*w).TabList("Rests");
+  ASSERT_EQ(list.ListItems().Count(), 2);
+  EXPECT_EQ(Cells(list.ListItems().Item("O000030017")),
+            (std::vector<std::string>{"Pirkimas", "D1", "2026-01-05", "UAB Šilas", "10", "vnt.",
+                                      "1,50", c.sold, c.shown, "Centrinis", " "}));
+  EXPECT_EQ(Cells(list.ListItems().Item("O0000000")),
+            (std::vector<std::string>{"", " ", " ", "Iš viso", " ", "vnt.", " ", " ", c.shown}));
+  EXPECT_EQ(BO("O0000200").Calls("GetRests")[0].param, "O00002002");
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodsRestsTest,
+    ::testing::Values(RestCase{"NoReservation", Variant(10), Variant(0), "0", "10"},
+                      RestCase{"HalfIsNotShown", Variant(10), Variant(0.5), "0", "10"},
+                      RestCase{"Reserved", Variant(10), Variant(2), "0", "10/2"},
+                      RestCase{"PartlySold", Variant(7.3), Variant::Null(), "2,7", "7,3"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace orvel

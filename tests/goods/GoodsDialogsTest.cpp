@@ -1,0 +1,559 @@
+// The goods dialogs through their seam: the group price change and warranty
+// (typing, the parameter sent, bad input, accept and cancel), the list
+// settings dialog and the detail record sheet with the checks of each kind.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/SmallAdapters.h"
+#include "adapters/UI0000200.h"
+#include "goods/GoodsCardFixture.h"
+#include "goods/frmGaranty.h"
+#include "goods/frmGoodPreview.h"
+#include "goods/frmGoodProperty.h"
+#include "goods/frmPriceChange.h"
+#include "host/Convert.h"
+#include "support/StubObjectUIO.h"
+#include "testhost/TestEnvironment.h"
+#include "testhost/TestGroupSelect.h"
+#include "testhost/TestHostClasses.h"
+
+namespace orvel {
+namespace {
+
+// ---- price change and warranty ----
+
+enum class Kind { Price, Garanty };
+
+struct GroupChangeCase {
+  const char* name;
+  Kind kind;
+  const char* keys;  // typed into the number box
+  bool down;         // "Mažinti"
+  bool subGroups;
+  const char* shown;
+  const char* sent;
+};
+
+class GroupChangeTest : public GoodsCardTest {
+ protected:
+  // Opens the group's dialog from the tree menu; `user` plays the dialog.
+  void Run(Kind kind, std::function<void(GroupChangeDialog&)> user) {
+    host_.Ui()->QueueModal([&](Form& form) {
+      auto* dialog = dynamic_cast<GroupChangeDialog*>(&form);
+      ASSERT_NE(dialog, nullptr);
+      loadedAfterUser = false;
+      user(*dialog);
+      loadedAfterUser = dialog->Loaded();
+    });
+    goods_->ClickMenu("O00002001", "", kind == Kind::Price ? "9" : "10", "");
+  }
+
+  static TextBox& Box(GroupChangeDialog& dialog) {
+    if (auto* price = dynamic_cast<frmPriceChange*>(&dialog)) return price->txtPrice;
+    return dynamic_cast<frmGaranty&>(dialog).txtGaranty;
+  }
+
+  std::vector<std::string> Sent(const char* call) {
+    std::vector<std::string> sent;
+    for (const auto& c : BO("O0000200").Calls(call)) {
+      sent.push_back(c.param + "|" + (c.array.empty() ? "-" : ConcatText(c.array[0])));
+    }
+    return sent;
+  }
+
+  bool loadedAfterUser = false;
+};
+
+class GroupChangeAcceptTest : public GroupChangeTest,
+                              public ::testing::WithParamInterface<GroupChangeCase> {};
+
+TEST_P(GroupChangeAcceptTest, TypedValueGoesOutWithPointAndSign) {
+  const GroupChangeCase& c = GetParam();
+  std::string shown;
+  Run(c.kind, [&](GroupChangeDialog& dialog) {
+    Type(Box(dialog), c.keys);
+    if (auto* price = dynamic_cast<frmPriceChange*>(&dialog)) {
+      EXPECT_TRUE(price->optUp.Value());
+      if (c.down) price->OptDown.Click();
+    }
+    if (c.subGroups) dialog.chkWithSubGroups.Click();
+    shown = Box(dialog).Text();
+    dialog.cmdEnter.Click();
+  });
+  EXPECT_EQ(shown, c.shown);
+  const char* call = c.kind == Kind::Price ? "UpdateGoodsPrice" : "UpdateGaranty";
+  EXPECT_EQ(Sent(call), (std::vector<std::string>{std::string("|") + c.sent}));
+  EXPECT_FALSE(loadedAfterUser);
+  EXPECT_TRUE(Boxes().empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GroupChangeAcceptTest,
+    ::testing::Values(
+        GroupChangeCase{"PointTypesComma", Kind::Price, "1.5", false, true, "1,5", "1,1,1.5"},
+        GroupChangeCase{"LoweringIsSigned", Kind::Price, "2,5", true, false, "2,5", "1,0,-2.5"},
+        GroupChangeCase{"SecondCommaAndLettersDropped", Kind::Price, "1.2,3x", false, false, "1,23",
+                        "1,0,1.23"},
+        GroupChangeCase{"BackspaceEdits", Kind::Price, "17\b0", false, false, "10", "1,0,10"},
+        GroupChangeCase{"TrailingCommaDropped", Kind::Price, "5,", false, false, "5,", "1,0,5"},
+        GroupChangeCase{"LeadingCommaGetsZero", Kind::Price, ",5", true, false, ",5", "1,0,-0.5"},
+        GroupChangeCase{"WarrantyMonths", Kind::Garanty, "12", false, true, "12", "1,1,12"},
+        GroupChangeCase{"WarrantyHasNoSign", Kind::Garanty, "-6.5", false, false, "6,5",
+                        "1,0,6.5"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct BadValueCase {
+  const char* name;
+  Kind kind;
+  const char* text;  // put in the box by other means than typing
+};
+
+class GroupChangeBadValueTest : public GroupChangeTest,
+                                public ::testing::WithParamInterface<BadValueCase> {};
+
+TEST_P(GroupChangeBadValueTest, IsRefusedWithABoxAndNothingIsSent) {
+  const BadValueCase& c = GetParam();
+  Run(c.kind, [&](GroupChangeDialog& dialog) {
+    Box(dialog).SetText(c.text);
+    dialog.cmdEnter_Click();
+  });
+  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
+  EXPECT_TRUE(Sent("UpdateGaranty").empty());
+  const std::string prompt =
+      c.kind == Kind::Price ? "Neteisingas kainos pakeitimas!" : "Neteisinga garantija!";
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Orvelta " + prompt}));
+  EXPECT_TRUE(loadedAfterUser);
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GroupChangeBadValueTest,
+                         ::testing::Values(BadValueCase{"EmptyPrice", Kind::Price, ""},
+                                           BadValueCase{"ZeroPrice", Kind::Price, "0"},
+                                           BadValueCase{"ZeroWithDecimals", Kind::Price, "0,00"},
+                                           BadValueCase{"LonelyComma", Kind::Price, ","},
+                                           BadValueCase{"Letters", Kind::Price, "abc"},
+                                           BadValueCase{"NegativeText", Kind::Price, "-5"},
+                                           BadValueCase{"TwoCommas", Kind::Price, "1,2,3"},
+                                           BadValueCase{"Blanks", Kind::Price, " 5"},
+                                           BadValueCase{"EmptyWarranty", Kind::Garanty, ""},
+                                           BadValueCase{"ZeroWarranty", Kind::Garanty, "0"},
+                                           BadValueCase{"WarrantyWords", Kind::Garanty, "metai"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
+  Run(Kind::Price, [&](GroupChangeDialog& dialog) {
+    EXPECT_FALSE(dialog.cmdEnter.Enabled());
+    EXPECT_FALSE(dialog.cmdCancel.Enabled());
+    Type(Box(dialog), "3");
+    EXPECT_TRUE(dialog.cmdEnter.Enabled());
+    EXPECT_TRUE(dialog.cmdCancel.Enabled());
+    Type(Box(dialog), "\b");
+    // The dialog can then be left only by its close box.
+    EXPECT_FALSE(dialog.cmdCancel.Enabled());
+    dialog.chkWithSubGroups.Click();
+    EXPECT_FALSE(dialog.cmdEnter.Enabled());
+  });
+  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
+}
+
+TEST_F(GroupChangeTest, CancelSendsNothing) {
+  for (Kind kind : {Kind::Price, Kind::Garanty}) {
+    Run(kind, [&](GroupChangeDialog& dialog) {
+      Type(Box(dialog), "4");
+      dialog.cmdCancel.Click();
+    });
+    EXPECT_FALSE(loadedAfterUser);
+  }
+  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
+  EXPECT_TRUE(Sent("UpdateGaranty").empty());
+  EXPECT_TRUE(Boxes().empty());
+}
+
+// The business status comes back in the result's Value, so a refused change
+// closes the dialog like a done one; only a failed call is shown.
+TEST_F(GroupChangeTest, ARefusedChangeClosesTheDialogSilently) {
+  BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
+  Run(Kind::Price, [&](GroupChangeDialog& dialog) {
+    Type(Box(dialog), "150");
+    dialog.cmdEnter.Click();
+  });
+  EXPECT_FALSE(loadedAfterUser);
+  EXPECT_TRUE(Boxes().empty());
+}
+
+class FailingGroup : public StubObjectUIO {
+ public:
+  FailingGroup() : StubObjectUIO("O000020015") {}
+  OrvelResult Methods(const std::string& name, Variant::Array& params) override {
+    calls.push_back(name + " " + ConcatText(params.at(0)));
+    return {9, "Subscript out of range", Variant()};
+  }
+  std::vector<std::string> calls;
+};
+
+TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
+  auto group = std::make_shared<FailingGroup>();
+  frmGaranty dialog;
+  dialog.OrvelObjectUIO = group;
+  dialog.Show();
+  Type(dialog.txtGaranty, "24");
+  dialog.cmdEnter.Click();
+  EXPECT_EQ(group->calls, (std::vector<std::string>{"UpdateGaranty 15,0,24"}));
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Subscript out of range"}));
+  EXPECT_TRUE(dialog.Loaded());
+}
+
+TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
+  frmPriceChange price;
+  frmGaranty garanty;
+  EXPECT_EQ(price.Caption(), "Pardavimo kainų keitimas");
+  EXPECT_EQ(price.chkWithSubGroups.Caption(), "Keisti ir pogrupiuose");
+  EXPECT_EQ(price.OptDown.Caption(), "Mažinti");
+  EXPECT_EQ(garanty.Caption(), "Garantijos pridėjimas");
+  EXPECT_EQ(garanty.Label1.Caption(), "Garantija, mėn:");
+  EXPECT_EQ(garanty.cmdEnter.Caption(), "Įrašyti");
+}
+
+// ---- list settings ----
+
+class GoodPreviewTest : public GoodsCardTest {
+ protected:
+  void SetUp() override {
+    GoodsCardTest::SetUp();
+    // Warehouses are listed by the host; a small adapter stands in for theirs.
+    host_.SetAdapterSource([](const std::string& oid) -> std::shared_ptr<OrvelObjectUI> {
+      if (oid == "O0001605") return std::make_shared<UI0000800>();
+      return std::dynamic_pointer_cast<OrvelObjectUI>(ClassFactory::Create("UI" + oid.substr(1)));
+    });
+    goods_ = Adapter("O0000200");
+    auto& warehouses = BO("O0001605").Table();
+    warehouses.SetFields({"ID", "Name", "Preview"});
+    warehouses.Seed({{{"Name", Variant("Centrinis")}, {"Preview", Variant("Centrinis")}},
+                     {{"Name", Variant("Vilnius")}, {"Preview", Variant("Vilniaus sandėlis")}}});
+  }
+
+  // Opens the dialog on `settings`, lets `user` play it; the settings after.
+  std::string Edit(const std::string& settings, std::function<void(frmGoodPreview&)> user,
+                   bool* confirmed = nullptr) {
+    host_.Ui()->QueueModal([&](Form& form) { user(dynamic_cast<frmGoodPreview&>(form)); });
+    std::string edited = settings;
+    const bool ok = CurrentGoodsDialogs().EditListSettings(edited);
+    if (confirmed) *confirmed = ok;
+    return edited;
+  }
+};
+
+struct PreviewLoadCase {
+  const char* name;
+  const char* settings;
+  int active, notActive, code, byLocation, onlyWithRest;
+  bool byCode;
+  const char* location;  // null: the host's name of the warehouse, not checked here
+  std::string tag;
+};
+
+class GoodPreviewLoadTest : public GoodPreviewTest,
+                            public ::testing::WithParamInterface<PreviewLoadCase> {};
+
+TEST_P(GoodPreviewLoadTest, FieldsGoToTheControlsAndBackUnchanged) {
+  const PreviewLoadCase& c = GetParam();
+  bool confirmed = false;
+  std::string after = Edit(
+      c.settings,
+      [&](frmGoodPreview& d) {
+        EXPECT_EQ(d.chkActive.Value(), c.active);
+        EXPECT_EQ(d.chkNotActive.Value(), c.notActive);
+        EXPECT_EQ(d.chkCode.Value(), c.code);
+        EXPECT_EQ(d.chkByLocation.Value(), c.byLocation);
+        EXPECT_EQ(d.chkOnlyWithRest.Value(), c.onlyWithRest);
+        EXPECT_EQ(d.optByCode.Value(), c.byCode);
+        EXPECT_EQ(d.OptByName.Value(), !c.byCode);
+        if (c.location) EXPECT_EQ(d.txtLocation.Text(), c.location);
+        EXPECT_EQ(d.txtLocation.Tag(), c.tag);
+        EXPECT_EQ(d.txtLocation.Enabled(), c.byLocation == 1);
+        EXPECT_EQ(d.cmdLocation.Enabled(), c.byLocation == 1);
+        d.cmdOK.Click();
+      },
+      &confirmed);
+  EXPECT_TRUE(confirmed);
+  const std::string settings = c.settings;
+  const bool sevenFields = std::count(settings.begin(), settings.end(), ',') == 6;
+  EXPECT_EQ(after, sevenFields ? settings : std::string("1,0,1,'',0,1,0"));
+  EXPECT_TRUE(host_.Log().Lines(Channel::Settings).empty());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodPreviewLoadTest,
+    ::testing::Values(
+        PreviewLoadCase{"Default", "1,0,1,'',0,1,0", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""},
+        PreviewLoadCase{"Warehouse", "0,1,0,'O00016052',1,0,1", 0, 1, 0, 1, 1, false, nullptr,
+                        "O00016052"},
+        PreviewLoadCase{"ShortWarehouseKeepsTheText", "1,1,1,'O0001605',1,1,0", 1, 1, 1, 1, 0, true,
+                        "Visi sandeliai", "O0001605"},
+        PreviewLoadCase{"TooFewFields", "1,0,1", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""},
+        PreviewLoadCase{"Empty", "", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodPreviewTest, NeitherActiveNorInactiveMeansActive) {
+  EXPECT_EQ(Edit("1,0,0,'',0,0,0",
+                 [](frmGoodPreview& d) {
+                   d.chkActive.Click();
+                   d.cmdOK.Click();
+                 }),
+            "1,0,0,'',0,0,0");
+}
+
+TEST_F(GoodPreviewTest, WithoutByLocationTheWarehouseIsDropped) {
+  EXPECT_EQ(Edit("1,0,1,'O00016051',1,1,0",
+                 [](frmGoodPreview& d) {
+                   d.chkByLocation.Click();
+                   EXPECT_FALSE(d.cmdLocation.Enabled());
+                   d.cmdOK.Click();
+                   EXPECT_EQ(d.txtLocation.Text(), "");
+                 }),
+            "1,0,1,'',0,1,0");
+}
+
+TEST_F(GoodPreviewTest, SaveStoresTheSettingsForTheUser) {
+  std::string after = Edit("1,0,1,'',0,1,0", [](frmGoodPreview& d) {
+    d.OptByName.Click();
+    d.chkOnlyWithRest.Click();
+    d.cmdSave.Click();
+  });
+  EXPECT_EQ(after, "1,0,1,'',0,0,1");
+  EXPECT_EQ(host_.Environment()->StoredSetting("O0000200", "Preview"), "1,0,1,'',0,0,1");
+}
+
+TEST_F(GoodPreviewTest, CancelConfirmsNothingAndTheListStays) {
+  bool confirmed = true;
+  std::string after = Edit(
+      "1,0,1,'',0,1,0",
+      [](frmGoodPreview& d) {
+        d.chkCode.Click();
+        d.cmdCancel.Click();
+      },
+      &confirmed);
+  EXPECT_FALSE(confirmed);
+  EXPECT_EQ(after, "1,0,1,'',0,1,0");
+  // From the tree menu a cancelled dialog replaces no list.
+  host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmGoodPreview&>(form).cmdCancel.Click(); });
+  EXPECT_EQ(goods_->ClickMenu("O00002001", "", "6", "").Action, 0);
+}
+
+struct LocationCase {
+  const char* name;
+  const char* picked;
+  const char* pickedName;
+  const char* text;
+  const char* tag;
+};
+
+class GoodPreviewLocationTest : public GoodPreviewTest,
+                                public ::testing::WithParamInterface<LocationCase> {};
+
+TEST_P(GoodPreviewLocationTest, PickerResultSetsOrClearsTheWarehouse) {
+  const LocationCase& c = GetParam();
+  host_.HostClasses()->QueueGroupSelect(c.picked, c.pickedName, "O0001605");
+  std::string text, tag;
+  Edit("1,0,1,'',1,1,0", [&](frmGoodPreview& d) {
+    d.cmdLocation.Click();
+    text = d.txtLocation.Text();
+    tag = d.txtLocation.Tag();
+  });
+  EXPECT_EQ(text, c.text);
+  EXPECT_EQ(tag, c.tag);
+  auto picker = host_.HostClasses()->LastGroupSelect();
+  ASSERT_TRUE(picker);
+  EXPECT_EQ(picker->OType(), "O0001605");
+  EXPECT_EQ(picker->RootOType(), "O0001605");
+}
+
+INSTANTIATE_TEST_SUITE_P(Cases, GoodPreviewLocationTest,
+                         ::testing::Values(LocationCase{"Cancelled", "", "", "Visi sandeliai", ""},
+                                           LocationCase{"Root", "O0001605", "Sandėliai", "", ""},
+                                           LocationCase{"Warehouse", "O00016052", "Vilnius",
+                                                        "Vilnius", "O00016052"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// ---- the detail record sheet ----
+
+class GoodPropertyTest : public GoodsCardTest {
+ protected:
+  void SetUp() override {
+    GoodsCardTest::SetUp();
+    // The stock templates belong to another module; a small adapter stands in.
+    host_.SetAdapterSource([](const std::string& oid) -> std::shared_ptr<OrvelObjectUI> {
+      if (oid == "O0201600") return std::make_shared<UI0000800>();
+      return std::dynamic_pointer_cast<OrvelObjectUI>(ClassFactory::Create("UI" + oid.substr(1)));
+    });
+    BO("O0000400").Table().SetFields({"ID", "GoodID", "MeasureID", "Price", "Scale", "Scale2"});
+    BO("O0000600").Table().SetFields({"ID", "GoodID", "GoodPriceTypeID", "Price"});
+    BO("O0000700").Table().SetFields({"ID", "GoodID", "LocationId", "MinAmount"});
+    BO("O0000800").Table().SetFields({"ID", "GoodID", "GoodBRTemplateTypeID", "BRTemplateID"});
+    BO("O0201600").Table().SetFields({"ID", "Name", "GroupFlag"});
+    BO("O0201600")
+        .Table()
+        .Seed({{{"Name", Variant("Grupė")}, {"GroupFlag", Variant(1)}},
+               {{"Name", Variant("Pirkimas")}, {"GroupFlag", Variant(0)}}});
+    BO("O0001606").Table().SetFields({"ID", "Name"});
+    BO("O0001606").Table().Seed({{{"Name", Variant("kg")}}});
+  }
+
+  // A new record of `oid` with the fields set, edited in the sheet; `presses`
+  // clicks of Write. Whether the dialog reported it saved.
+  bool EditNew(const std::string& oid, const std::vector<std::pair<const char*, Variant>>& fields,
+               int presses = 1, bool cancel = false) {
+    auto record = Adapter(oid)->GetOrvelObject("");
+    EXPECT_TRUE(record);
+    for (const auto& [name, value] : fields) record->Fields(name).SetValue(value);
+    host_.Ui()->QueueModal([&](Form& form) {
+      auto& dialog = dynamic_cast<frmGoodProperty&>(form);
+      shownCaption = dialog.Caption();
+      labelWidth = dynamic_cast<FakeOrvelGrid&>(*dialog.OrvelGrid).LabelWidth();
+      for (int i = 0; i < presses; ++i) dialog.cmdEnter.Click();
+      if (cancel) dialog.cmdCancel.Click();
+      grid = dynamic_cast<FakeOrvelGrid&>(*dialog.OrvelGrid).Operations();
+    });
+    Clear();
+    return CurrentGoodsDialogs().EditGoodProperty(record, "Duona: Kainos", "Apskaita");
+  }
+
+  size_t Rows(const std::string& oid) { return BO(oid).Table().Count(); }
+
+  std::string shownCaption;
+  int labelWidth = 0;
+  std::vector<std::string> grid;
+};
+
+struct PropertyCase {
+  const char* name;
+  const char* oid;
+  std::vector<std::pair<const char*, Variant>> fields;
+  bool saved;
+  std::vector<std::string> boxes;
+};
+
+class GoodPropertyCheckTest : public GoodPropertyTest,
+                              public ::testing::WithParamInterface<PropertyCase> {};
+
+TEST_P(GoodPropertyCheckTest, EachKindIsCheckedBeforeTheWrite) {
+  const PropertyCase& c = GetParam();
+  const size_t before = Rows(c.oid);
+  EXPECT_EQ(EditNew(c.oid, c.fields), c.saved);
+  EXPECT_EQ(Rows(c.oid), before + (c.saved ? 1 : 0));
+  EXPECT_EQ(Boxes(), c.boxes);
+}
+
+const std::vector<std::string> kNoBox;
+const std::vector<std::string> kBadTemplate{"48 Apskaita Blogas šablonas!"};
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodPropertyCheckTest,
+    ::testing::Values(
+        PropertyCase{"MeasureMissing",
+                     "O0000400",
+                     {{"Scale", Variant(2)}},
+                     false,
+                     {"16 Apskaita Nenurodytas matavimo vienetas!"}},
+        PropertyCase{"MeasureWithRatio",
+                     "O0000400",
+                     {{"MeasureID", Variant(1)}, {"Scale", Variant(0)}, {"Scale2", Variant(0.5)}},
+                     true,
+                     kNoBox},
+        PropertyCase{"PriceComplete",
+                     "O0000600",
+                     {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(0)}},
+                     true,
+                     kNoBox},
+        PropertyCase{"PriceWithoutType", "O0000600", {{"Price", Variant(3.5)}}, false, kNoBox},
+        PropertyCase{"PriceTypeAsEmptyText",
+                     "O0000600",
+                     {{"GoodPriceTypeID", Variant("")}, {"Price", Variant(3.5)}},
+                     false,
+                     kNoBox},
+        PropertyCase{"MinimumComplete",
+                     "O0000700",
+                     {{"LocationId", Variant(1)}, {"MinAmount", Variant(5)}},
+                     true,
+                     kNoBox},
+        PropertyCase{
+            "MinimumWithoutAmount", "O0000700", {{"LocationId", Variant(1)}}, false, kNoBox},
+        PropertyCase{"TemplateComplete",
+                     "O0000800",
+                     {{"GoodBRTemplateTypeID", Variant(3)}, {"BRTemplateID", Variant(2)}},
+                     true,
+                     kNoBox},
+        PropertyCase{"TemplateGroup",
+                     "O0000800",
+                     {{"GoodBRTemplateTypeID", Variant(3)}, {"BRTemplateID", Variant(1)}},
+                     false,
+                     kBadTemplate},
+        PropertyCase{"TemplateUnknown",
+                     "O0000800",
+                     {{"GoodBRTemplateTypeID", Variant(3)}, {"BRTemplateID", Variant(9)}},
+                     false,
+                     kBadTemplate},
+        PropertyCase{
+            "TemplateWithoutType", "O0000800", {{"BRTemplateID", Variant(2)}}, false, kBadTemplate},
+        // Other records (the firm's details) are written as they stand.
+        PropertyCase{"OtherKind", "O0002000", {}, true, kNoBox}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
+  EXPECT_FALSE(EditNew("O0000400",
+                       {{"MeasureID", Variant(1)}, {"Scale", Variant(0)}, {"Scale2", Variant(0)}}));
+  EXPECT_EQ(Rows("O0000400"), 0u);
+  EXPECT_EQ(std::count(grid.begin(), grid.end(), "RefreshField Scale"), 1);
+  EXPECT_TRUE(Boxes().empty());
+
+  EXPECT_TRUE(EditNew(
+      "O0000400", {{"MeasureID", Variant(1)}, {"Scale", Variant(0)}, {"Scale2", Variant(0)}}, 2));
+  ASSERT_EQ(Rows("O0000400"), 1u);
+  EXPECT_EQ(BO("O0000400").Table().Value(1, "Scale"), Variant(1));
+}
+
+TEST_F(GoodPropertyTest, AnUnreadableRatioIsSetToOne) {
+  EXPECT_TRUE(EditNew("O0000400", {{"MeasureID", Variant(1)}, {"Scale", Variant::Null()}}, 2));
+  EXPECT_EQ(BO("O0000400").Table().Value(1, "Scale"), Variant(1));
+}
+
+struct FailedWriteCase {
+  const char* name;
+  int32_t number;
+  const char* box;
+};
+
+class GoodPropertyFailedWriteTest : public GoodPropertyTest,
+                                    public ::testing::WithParamInterface<FailedWriteCase> {};
+
+TEST_P(GoodPropertyFailedWriteTest, IsShownAndTheDialogStays) {
+  const FailedWriteCase& c = GetParam();
+  BO("O0000600").FailCallsNamed("Orvel_SaveObject", c.number, "UNIQUE constraint failed");
+  EXPECT_FALSE(EditNew("O0000600", {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(2)}}, 1,
+                       /*cancel=*/true));
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{c.box}));
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodPropertyFailedWriteTest,
+    ::testing::Values(
+        FailedWriteCase{"Duplicate", 2627,
+                        "16 Apskaita Klaida!\n\nPanašus įrašas jau yra duomenų bazėje!"},
+        FailedWriteCase{"Other", 2601, "16 Apskaita Klaida!\n\nUNIQUE constraint failed"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodPropertyTest, TheSheetIsCaptionedFilledAndCancelSavesNothing) {
+  EXPECT_FALSE(EditNew("O0000600", {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(2)}}, 0,
+                       /*cancel=*/true));
+  EXPECT_EQ(shownCaption, "Duona: Kainos");
+  EXPECT_EQ(labelWidth, 2000);
+  EXPECT_EQ(grid.front(), "SetServices");
+  EXPECT_EQ(Rows("O0000600"), 0u);
+}
+
+}  // namespace
+}  // namespace orvel

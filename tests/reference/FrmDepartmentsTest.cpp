@@ -1,0 +1,355 @@
+// The department card: its branch lookup, its group, the rules of its write
+// button and what a write, a cancel and a new record do.
+#include <gtest/gtest.h>
+
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "reference/frmDepartments.h"
+#include "support/ModuleTest.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/ControlConstants.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kDepartments = "O0001604";
+
+// A group "Administracija" (1) holding "Buhalterija" (2, branch 11), and
+// "Sandėlis" (3) at the top whose branch 99 is gone. The suite has two
+// branches, 11 and 12.
+class FrmDepartmentsTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    host_.Session()->SetAppTitle("Apskaita");
+    auto& table = BO(kDepartments).Table();
+    table.SetFields({"ID", "Code", "Name", "ParentID", "GroupFlag", "FirmBranchID"});
+    table.SetDefault("ParentID", Variant(0));
+    table.SetDefault("GroupFlag", Variant(0));
+    table.SetDefault("FirmBranchID", Variant::Null());
+    table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Administracija")}},
+                {{"ParentID", Variant(1)},
+                 {"Name", Variant("Buhalterija")},
+                 {"FirmBranchID", Variant(11)}},
+                {{"Name", Variant("Sandėlis")}, {"FirmBranchID", Variant(99)}}});
+    BO(kDepartments)
+        .ReplyRead("DO0001604_GetFirmBranches",
+                   Branches({{11, "UAB Medis, Kaunas"}, {12, "UAB Medis, Vilnius"}}));
+  }
+
+  static std::shared_ptr<MemoryRecordset> Branches(
+      const std::vector<std::pair<int32_t, std::string>>& rows) {
+    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID", "Preview"});
+    for (const auto& [id, preview] : rows) rs->AddRow({Variant(id), Variant(preview)});
+    if (!rows.empty()) rs->MoveFirst();
+    return rs;
+  }
+
+  // The card as the host opens it from the tree: "0" a record, "1" a new
+  // entry beside or under the node, "2"/"3" a new group.
+  std::shared_ptr<frmDepartments> Open(const std::string& oidr, const std::string& otype,
+                                       const std::string& key = "0") {
+    auto adapter = Adapter(kDepartments);
+    adapter->GetMenu(oidr, otype, "");
+    auto window = adapter->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmDepartments>();
+    EXPECT_NE(window, nullptr) << oidr << " " << key;
+    if (!window) return nullptr;
+    host_.WindowManager()->ShowWindow(window);
+    BO(kDepartments).ClearCalls();
+    host_.Log().Clear();
+    return window;
+  }
+
+  Variant Stored(int32_t id, const char* field) {
+    return BO(kDepartments).Table().Value(id, field);
+  }
+
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> out;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      out.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
+    }
+    return out;
+  }
+};
+
+TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
+  BO(kDepartments).ClearCalls();
+  auto w = Open("O00016042", "T");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->SOPanel.Caption(), " Padalinys");
+  EXPECT_EQ(w->txtName.Text(), "Buhalterija");
+  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
+  EXPECT_EQ(w->txtGroup.Tag(), "O00016041");
+  EXPECT_EQ(w->txtFirmBranch.Text(), "UAB Medis, Kaunas");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_FALSE(w->Changed());
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_FALSE(w->cmdCancel.Enabled());
+  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_TRUE(w->cmdFirmBranches.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, TheBranchesAreAskedOnceAtLoadWithTheirOwnCall) {
+  auto adapter = Adapter(kDepartments);
+  auto w = adapter->ClickMenu("O00016042", "T", "0", "").Value.ObjectAs<frmDepartments>();
+  ASSERT_TRUE(w);
+  BO(kDepartments).ClearCalls();
+  host_.WindowManager()->ShowWindow(w);
+  auto calls = BO(kDepartments).Calls("DO0001604_GetFirmBranches");
+  ASSERT_EQ(calls.size(), 1u);
+  EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
+  EXPECT_EQ(calls[0].param, "0");
+}
+
+TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
+  auto w = Open("O00016043", "T");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->txtFirmBranch.Text(), "");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
+  EXPECT_EQ(w->txtGroup.Text(), "");
+  w->txtName.Edit("Sandėlis 2");
+  w->cmdWrite.Click();
+  EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
+  EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
+}
+
+struct CaptionCase {
+  const char* name;
+  const char* oidr;
+  const char* otype;
+  const char* key;
+  const char* heading;
+  const char* groupLabel;
+  const char* nameLabel;
+  bool isNew;
+};
+
+class DepartmentCaptionTest : public FrmDepartmentsTest,
+                              public ::testing::WithParamInterface<CaptionCase> {};
+
+TEST_P(DepartmentCaptionTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
+  const auto& c = GetParam();
+  auto w = Open(c.oidr, c.otype, c.key);
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->SOPanel.Caption(), c.heading);
+  EXPECT_EQ(w->lblGroup.Caption(), c.groupLabel);
+  EXPECT_EQ(w->lblName.Caption(), c.nameLabel);
+  EXPECT_EQ(w->IsNew(), c.isNew);
+  // A new card offers neither a cancel nor another new record.
+  EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
+  w->txtName.Edit("Kitas");
+  EXPECT_TRUE(w->cmdWrite.Enabled());
+  EXPECT_EQ(w->cmdCancel.Enabled(), !c.isNew);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Kinds, DepartmentCaptionTest,
+    ::testing::Values(CaptionCase{"StoredGroup", "O00016041", "Group", "0", " Padalinių grupė",
+                                  "Aukštesnė grupė", "Grupės pavadinimas", false},
+                      CaptionCase{"StoredEntry", "O00016042", "T", "0", " Padalinys", "Grupė",
+                                  "Pavadinimas", false},
+                      CaptionCase{"NewGroup", "O00016041", "Group", "3", " Nauja padalinių grupė",
+                                  "Aukštesnė grupė", "Grupės pavadinimas", true},
+                      CaptionCase{"NewEntry", "O00016041", "Group", "1", " Naujas padalinys",
+                                  "Grupė", "Pavadinimas", true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct WriteRuleCase {
+  const char* name;
+  bool canUpdate;
+  const char* typed;
+  bool write;
+  bool cancel;
+};
+
+class DepartmentWriteRuleTest : public FrmDepartmentsTest,
+                                public ::testing::WithParamInterface<WriteRuleCase> {};
+
+TEST_P(DepartmentWriteRuleTest, WriteNeedsTheUpdateRightAChangeAndAName) {
+  const auto& c = GetParam();
+  if (!c.canUpdate) host_.Rights()->Deny("CReference", TestRights::Right::Update);
+  auto w = Open("O00016042", "T");
+  ASSERT_TRUE(w);
+  w->txtName.Edit(c.typed);
+  EXPECT_TRUE(w->Changed());
+  EXPECT_EQ(w->cmdWrite.Enabled(), c.write);
+  EXPECT_EQ(w->cmdCancel.Enabled(), c.cancel);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Rules, DepartmentWriteRuleTest,
+    ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
+                      WriteRuleCase{"NameEmptied", true, "", false, true},
+                      WriteRuleCase{"BlanksOnly", true, "   ", true, true},
+                      WriteRuleCase{"NoUpdateRight", false, "Kasa", false, false},
+                      WriteRuleCase{"NoUpdateRightNoName", false, "", false, false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FrmDepartmentsTest, BlanksAroundTheNameAreTrimmedOnWrite) {
+  auto w = Open("O00016042", "T");
+  w->txtName.Edit("  Kasa  ");
+  w->cmdWrite.Click();
+  EXPECT_EQ(Stored(2, "Name"), Variant("Kasa"));
+  EXPECT_EQ(CLng(Stored(2, "FirmBranchID")), 11);
+}
+
+TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
+  for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
+    BO(kDepartments).ReplyRead("DO0001604_GetFirmBranches", reply);
+    auto w = Open("O00016042", "T");
+    ASSERT_TRUE(w);
+    EXPECT_FALSE(w->HasBranches());
+    EXPECT_FALSE(w->cmdFirmBranches.Enabled());
+    EXPECT_FALSE(w->cmdCleanFirmBranch.Enabled());
+    EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
+    w->Unload();
+  }
+}
+
+TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
+  auto w = Open("O00016043", "T");
+  std::string asked;
+  host_.ObjectManager()->OnCall("OrvelGroupSelect", [&](const std::string& param) {
+    asked = param;
+    return OrvelResult{0, "", Variant(Branches({{12, "UAB Medis, Vilnius"}}))};
+  });
+  w->cmdFirmBranches.Click();
+  EXPECT_EQ(asked, "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą");
+  EXPECT_EQ(w->txtFirmBranch.Text(), "UAB Medis, Vilnius");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "12");
+  EXPECT_TRUE(w->cmdWrite.Enabled());
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(Stored(3, "FirmBranchID")), 12);
+  // A stored record's write does not tell the host.
+  EXPECT_TRUE(host_.WindowManager()->Saved().empty());
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
+  auto w = Open("O00016042", "T");
+  host_.ObjectManager()->ReplyToCall("OrvelGroupSelect", OrvelResult{7, "Nėra sąrašo", Variant()});
+  w->cmdFirmBranches.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Klaida!\nNėra sąrašo"});
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_FALSE(w->Changed());
+}
+
+TEST_F(FrmDepartmentsTest, ClearingTheBranchWritesNone) {
+  auto w = Open("O00016042", "T");
+  w->cmdCleanFirmBranch.Click();
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
+  w->cmdWrite.Click();
+  EXPECT_TRUE(Stored(2, "FirmBranchID").IsNull());
+}
+
+TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingMovesItToTheTop) {
+  BO(kDepartments)
+      .Table()
+      .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
+  auto w = Open("O00016042", "T");
+  host_.HostClasses()->QueueGroupSelect("O0001604O00016045", "Gamyba", "Group");
+  w->cmdParentGroup.Click();
+  EXPECT_EQ(w->txtGroup.Text(), "Gamyba");
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
+
+  w->cmdParentGroupClean.Click();
+  EXPECT_EQ(w->txtGroup.Text(), "");
+  EXPECT_TRUE(w->cmdWrite.Enabled());
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 0);
+}
+
+TEST_F(FrmDepartmentsTest, ACancelledGroupPickerChangesNothing) {
+  auto w = Open("O00016042", "T");
+  w->cmdParentGroup.Click();
+  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
+  EXPECT_FALSE(w->Changed());
+}
+
+TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesStored) {
+  auto w = Open("O00016041", "Group", "1");
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
+  w->txtName.Edit("Kasa");
+  w->cmdWrite.Click();
+  ASSERT_EQ(host_.WindowManager()->Saved(), std::vector<std::string>{"O00016044"});
+  EXPECT_EQ(Stored(4, "Name"), Variant("Kasa"));
+  EXPECT_EQ(CLng(Stored(4, "ParentID")), 1);
+  EXPECT_EQ(CLng(Stored(4, "GroupFlag")), 0);
+  EXPECT_EQ(w->OrvelObjectUIO()->Preview(), "Kasa");
+  EXPECT_EQ(w->SOPanel.Caption(), " Padalinys");
+  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
+  auto w = Open("O00016042", "T");
+  w->txtName.Edit("Kasa");
+  BO(kDepartments).FailCallsNamed("Orvel_SaveObject", 9, "Užrakinta");
+  w->cmdWrite.Click();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita Užrakinta\nĮrašymas neatliktas!"});
+  EXPECT_EQ(w->txtName.Text(), "Kasa");
+  EXPECT_TRUE(w->cmdWrite.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, CancelPutsTheStoredValuesBack) {
+  auto w = Open("O00016042", "T");
+  w->txtName.Edit("Kasa");
+  w->cmdCleanFirmBranch.Click();
+  w->cmdCancel.Click();
+  EXPECT_EQ(w->txtName.Text(), "Buhalterija");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
+  auto w = Open("O00016041", "Group");
+  w->SSCNew.Click();
+  EXPECT_TRUE(w->IsNew());
+  EXPECT_TRUE(w->IsGroup());
+  EXPECT_EQ(w->SOPanel.Caption(), " Nauja padalinių grupė");
+  EXPECT_EQ(w->txtName.Text(), "");
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdCancel.Enabled());
+  EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
+}
+
+TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksOnceAndNoKeepsTheCard) {
+  auto w = Open("O00016042", "T");
+  w->txtName.Edit("Kasa");
+  host_.Ui()->QueueAnswer(vbNo);
+  w->SSCNew.Click();
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"52 Apskaita  Padalinys\n\nUždaryti be išsaugojimo?"});
+  EXPECT_EQ(w->txtName.Text(), "Kasa");
+
+  host_.Ui()->ClearBoxes();
+  w->SSCNew.Click();  // Yes by default
+  EXPECT_EQ(Boxes().size(), 1u);
+  EXPECT_TRUE(w->IsNew());
+  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
+}
+
+TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
+  host_.Rights()->Deny("CReference", TestRights::Right::Delete);
+  auto w = Open("O00016043", "T");
+  w->SSCClose.MouseUp(vbRightButton);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  EXPECT_TRUE(BO(kDepartments).Table().Contains(3));
+
+  host_.Rights()->Grant("CReference", TestRights::Right::Delete);
+  auto other = Open("O00016042", "T");
+  other->SSCClose.MouseUp(vbRightButton);
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"52 Apskaita Ar tikrai norite panaikinti?\n\n"
+                                              "Buhalterija"});
+  EXPECT_FALSE(BO(kDepartments).Table().Contains(2));
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,269 @@
+// The destination card's templates tab and the template dialog: what each
+// action sends through "SaveUpdateDeleteTemplates", the inherited rows, and
+// the dialog's write button.
+#include <gtest/gtest.h>
+
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/OrvelObjectUIO.h"
+#include "reference/frmDestination.h"
+#include "reference/frmTemplate.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/ControlConstants.h"
+#include "ui/ListItem.h"
+#include "ui/ListItems.h"
+#include "ui/ListSubItem.h"
+#include "ui/ListSubItems.h"
+#include "ui/ListView.h"
+#include "ui/Ui.h"
+
+namespace orvel {
+namespace {
+
+constexpr const char* kDestinations = "O0001615";
+constexpr const char* kSave = "SaveUpdateDeleteTemplates";
+// The list keys: an inherited sales row (no ID of its own) and an own
+// purchase row of ID 7.
+constexpr const char* kInheritedKey = "O02015001";
+constexpr const char* kOwnKey = "O020150027";
+
+std::shared_ptr<MemoryRecordset> TemplateRows() {
+  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{
+      "TemplateTypeOIDR", "TemplateTypeName", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
+      "DocumentGroupName", "DocumentGroupOIDR"});
+  rs->AddRow({Variant("O02015001"), Variant("Pardavimo"), Variant::Null(), Variant(1),
+              Variant("Prekių pardavimas"), Variant("O02016001"), Variant("Sąskaitos"),
+              Variant("O10002001")});
+  rs->AddRow({Variant("O02015002"), Variant("Pirkimo"), Variant(7), Variant(7),
+              Variant("Prekių pirkimas"), Variant("O02016002"), Variant::Null(), Variant("")});
+  rs->MoveFirst();
+  return rs;
+}
+
+// Group "Pardavimai" (1) and its member "Didmeninė" (2), whose card is open.
+class FrmDestinationTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    auto& table = BO(kDestinations).Table();
+    table.SetFields({"ID", "Name", "ParentID", "GroupFlag"});
+    table.SetDefault("ParentID", Variant(0));
+    table.SetDefault("GroupFlag", Variant(0));
+    table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Pardavimai")}},
+                {{"ParentID", Variant(1)}, {"Name", Variant("Didmeninė")}}});
+    BO(kDestinations).ReplyRead("GetBRTemplates", TemplateRows());
+  }
+
+  std::shared_ptr<frmDestination> Open() {
+    auto window = Adapter(kDestinations)
+                      ->ClickMenu("O00016152", "T", "0", "")
+                      .Value.ObjectAs<frmDestination>();
+    EXPECT_NE(window, nullptr);
+    if (!window) return nullptr;
+    host_.WindowManager()->ShowWindow(window);
+    BO(kDestinations).ClearCalls();
+    return window;
+  }
+
+  // A right click on the row of that key, picking `entry` from the menu.
+  void RightClick(frmDestination& w, const char* key, const std::string& entry) {
+    w.TemplatesList()->ListItems().Item(key).SetSelected(true);
+    if (!entry.empty()) host_.Ui()->QueuePopupPick(entry);
+    w.OrvelGrid->ListMouseUp(frmDestination::kTemplatesTab, 0, vbRightButton);
+  }
+
+  std::vector<std::string> Saves() {
+    std::vector<std::string> out;
+    for (const auto& call : BO(kDestinations).Calls(kSave)) out.push_back(call.param);
+    return out;
+  }
+  size_t Reads() { return BO(kDestinations).Calls("GetBRTemplates").size(); }
+};
+
+TEST_F(FrmDestinationTest, TheTabListsOwnAndInheritedRows) {
+  auto w = Open();
+  ASSERT_TRUE(w && w->TemplatesList());
+  auto& rows = w->TemplatesList()->ListItems();
+  ASSERT_EQ(rows.Count(), 2);
+  auto& inherited = rows.Item(kInheritedKey);
+  EXPECT_EQ(inherited.Text(), "Pardavimo");
+  EXPECT_EQ(inherited.ListSubItems().Item(1).Text(), "Prekių pardavimas (šablonas paveldėtas)");
+  EXPECT_EQ(inherited.ListSubItems().Item(2).Text(), "Sąskaitos");
+  EXPECT_EQ(ConcatText(inherited.Tag()), "");
+  auto& own = rows.Item(kOwnKey);
+  EXPECT_EQ(own.ListSubItems().Item(1).Text(), "Prekių pirkimas");
+  EXPECT_EQ(ConcatText(own.Tag()), "7");
+}
+
+TEST_F(FrmDestinationTest, WithoutTheTemplatesRightThereIsNoTabAndNoMenu) {
+  host_.Rights()->Deny("CTemplatesLock", TestRights::Right::Allowed);
+  auto w = Open();
+  ASSERT_TRUE(w);
+  EXPECT_EQ(w->TemplatesList(), nullptr);
+  EXPECT_TRUE(dynamic_cast<FakeOrvelGrid&>(*w->OrvelGrid).Tabs().empty());
+  w->OrvelGrid->ListMouseUp(frmDestination::kTemplatesTab, 0, vbRightButton);
+  EXPECT_TRUE(host_.Ui()->Popups().empty());
+  EXPECT_EQ(Reads(), 0u);
+}
+
+TEST_F(FrmDestinationTest, AnInheritedRowCannotBeDeleted) {
+  auto w = Open();
+  RightClick(*w, kInheritedKey, "mnuTemplateDelete");
+  EXPECT_FALSE(w->mnuTemplateDelete.Enabled());
+  EXPECT_TRUE(Saves().empty());
+  RightClick(*w, kOwnKey, "");
+  EXPECT_TRUE(w->mnuTemplateDelete.Enabled());
+}
+
+TEST_F(FrmDestinationTest, DeletingAnOwnRowSendsTwoEmptyReferencesAndRedrawsTheList) {
+  auto w = Open();
+  RightClick(*w, kOwnKey, "mnuTemplateDelete");
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015002','','',7"});
+  EXPECT_EQ(Reads(), 1u);
+}
+
+TEST_F(FrmDestinationTest, AnInheritedRowOpensWithItsGroupAndWritesANewRow) {
+  auto w = Open();
+  std::string shownGroup, shownTemplate;
+  int32_t id = -1;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    shownGroup = d.txtDocumentGroup.Tag();
+    shownTemplate = d.txtTemplate.Text();
+    id = d.TemplateID;
+    EXPECT_FALSE(d.imgCombo.Visible());
+    EXPECT_EQ(d.Caption(), "Šablonas: Pardavimo");
+    host_.HostClasses()->QueueGroupSelect("O0201600O02016003", "Paslaugos", "C");
+    d.cmdTemplate.Click();
+    d.cmdEnter.Click();
+  });
+  w->TemplatesList()->ListItems().Item(kInheritedKey).SetSelected(true);
+  w->OrvelGrid->ListDoubleClick(0);
+  EXPECT_EQ(shownGroup, "O10002001");
+  EXPECT_EQ(shownTemplate, "");
+  EXPECT_EQ(id, 0);
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015001','O02016003','O10002001',0"});
+  EXPECT_EQ(Reads(), 1u);
+  // The dialog's filter does not stay on the card's rows.
+  EXPECT_EQ(w->RsTemplates()->RecordCount(), 2);
+}
+
+TEST_F(FrmDestinationTest, EditingAnOwnRowSendsItsID) {
+  auto w = Open();
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    EXPECT_EQ(d.txtTemplate.Tag(), "O02016002");
+    host_.HostClasses()->QueueGroupSelect("O1000200O10002004", "Kasos čekiai", "Group");
+    d.cmdDocumenytGroup.Click();
+    d.cmdEnter.Click();
+  });
+  RightClick(*w, kOwnKey, "mnuTemplateEdit");
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015002','O02016002','O10002004',7"});
+}
+
+TEST_F(FrmDestinationTest, ANewRowOffersEachTypeOnceAndEndsInZero) {
+  auto w = Open();
+  std::vector<std::string> offered;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    EXPECT_TRUE(d.imgCombo.Visible());
+    for (const auto& item : d.imgCombo.ComboItems()) offered.push_back(item->Key());
+    EXPECT_EQ(d.txtDocumentGroup.Tag(), "");
+    d.imgCombo.Pick(d.imgCombo.ComboItems().Item(2));
+    host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
+    d.cmdTemplate.Click();
+    d.cmdEnter.Click();
+  });
+  RightClick(*w, kInheritedKey, "mnuTemplateNew");
+  EXPECT_EQ(offered, (std::vector<std::string>{"O02015001", "O02015002"}));
+  EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015002','O02016001','',0"});
+}
+
+TEST_F(FrmDestinationTest, CancelSendsNothingAndDoesNotRedraw) {
+  auto w = Open();
+  bool saved = true;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    d.cmdCancel.Click();
+    saved = d.Saved;
+  });
+  RightClick(*w, kOwnKey, "mnuTemplateEdit");
+  EXPECT_FALSE(saved);
+  EXPECT_TRUE(Saves().empty());
+  EXPECT_EQ(Reads(), 0u);
+}
+
+TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {
+  BO(kDestinations).ReplyAction(kSave, OrvelStatus{777, "Nenurodytas šablonas."});
+  auto w = Open();
+  bool loaded = true;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    d.cmdGroupClean.Click();
+    d.cmdEnter.Click();
+    loaded = d.Loaded();
+  });
+  RightClick(*w, kOwnKey, "mnuTemplateEdit");
+  EXPECT_FALSE(loaded);
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Nenurodytas šablonas.");
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 48);
+  EXPECT_EQ(Reads(), 1u);
+}
+
+// The dialog on the inherited sales row (a group chosen, no template), driven
+// by a row of steps: t/T pick/clear the template, g/G pick/clear the group,
+// x a cancelled pick.
+struct ButtonCase {
+  const char* name;
+  const char* steps;
+  bool enabled;
+};
+
+class TemplateButtonTest : public FrmDestinationTest,
+                           public ::testing::WithParamInterface<ButtonCase> {};
+
+TEST_P(TemplateButtonTest, TheWriteButtonFollowsThePicks) {
+  frmTemplate d;
+  d.RsTemplates = TemplateRows();
+  d.TemplateTypeOIDR = "O02015001";
+  d.Load();
+  ASSERT_EQ(d.txtDocumentGroup.Tag(), "O10002001");
+  for (const char* step = GetParam().steps; *step; ++step) {
+    switch (*step) {
+      case 't':
+        host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
+        d.cmdTemplate.Click();
+        break;
+      case 'T':
+        d.cmdTemplateClean.Click();
+        break;
+      case 'g':
+        host_.HostClasses()->QueueGroupSelect("O1000200O10002001", "Sąskaitos", "Group");
+        d.cmdDocumenytGroup.Click();
+        break;
+      case 'G':
+        d.cmdGroupClean.Click();
+        break;
+      case 'x':
+        d.cmdTemplate.Click();
+        break;
+    }
+  }
+  EXPECT_EQ(d.cmdEnter.Enabled(), GetParam().enabled);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Steps, TemplateButtonTest,
+    ::testing::Values(ButtonCase{"Loaded", "", false}, ButtonCase{"TemplatePicked", "t", true},
+                      ButtonCase{"PickCancelled", "x", false}, ButtonCase{"GroupPicked", "g", true},
+                      ButtonCase{"GroupCleared", "G", true},
+                      ButtonCase{"TemplateClearedWhileAGroupStays", "tT", false},
+                      ButtonCase{"BothCleared", "GT", true}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,87 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "host/OrvelObjectUI.h"
+#include "host/Recordset.h"
+#include "ui/Button.h"
+#include "ui/TextBox.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+
+// The sample departments: "Buhalterija" (3) is linked to a firm branch. The
+// sample destinations: "Didmeninė prekyba" (2) under "Pardavimai" (1).
+class DepartmentsRoadTest : public RunningHost {
+ protected:
+  template <class T>
+  T& Control(Form& form, const char* name) {
+    auto* control = dynamic_cast<T*>(form.FindControl(name));
+    EXPECT_NE(control, nullptr) << name;
+    return *control;
+  }
+
+  // GetBRTemplates of a destination through its object, as "type|ID|template".
+  std::vector<std::string> Templates(OrvelObjectUIO& object) {
+    auto result = object.Properties("BRTemplates", object.OIDR());
+    auto rs = result.Value.ObjectAs<Recordset>();
+    std::vector<std::string> out;
+    if (!rs) return out;
+    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+      out.push_back(ConcatText(rs->Fields("TemplateTypeOIDR").Value()) + "|" +
+                    ConcatText(rs->Fields("ID").Value()) + "|" +
+                    ConcatText(rs->Fields("BRTemplateOIDR").Value()));
+    }
+    return out;
+  }
+};
+
+TEST_F(DepartmentsRoadTest, ADepartmentIsWrittenWithoutItsBranchReReadAndDeleted) {
+  const Variant branch = Stored("SELECT FirmBranchID FROM book_departments WHERE ID = 3");
+  ASSERT_FALSE(branch.IsNull());
+  auto card = OpenCard("O00016043", "T");
+  ASSERT_NE(card, nullptr);
+  EXPECT_THAT(calls_, Contains("RecordsetCall DO0001604_GetFirmBranches 0"));
+  EXPECT_EQ(Control<TextBox>(*card, "txtFirmBranch").Tag(), ConcatText(branch));
+  EXPECT_EQ(Control<TextBox>(*card, "txtGroup").Text(), "Administracija");
+
+  Control<TextBox>(*card, "txtName").Edit(" Buhalterija ir kasa ");
+  Control<Button>(*card, "cmdCleanFirmBranch").Click();
+  Control<Button>(*card, "cmdWrite").Click();
+  EXPECT_EQ(Stored("SELECT Name FROM book_departments WHERE ID = 3"),
+            Variant("Buhalterija ir kasa"));
+  EXPECT_TRUE(Stored("SELECT FirmBranchID FROM book_departments WHERE ID = 3").IsNull());
+
+  auto reread = host_.Objects().GetOrvelObject("O00016043");
+  ASSERT_NE(reread, nullptr);
+  EXPECT_EQ(reread->Preview(), "Buhalterija ir kasa");
+  EXPECT_EQ(host_.Objects().GetOrvelObjectUI("O0001604")->DeleteOrvelObject("O00016043"), 0);
+  EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM book_departments WHERE ID = 3")), 0);
+}
+
+TEST_F(DepartmentsRoadTest, ADestinationTakesATemplateOfItsOwnAndGivesItBack) {
+  auto card = OpenCard("O00016152", "T");
+  ASSERT_NE(card, nullptr);
+  EXPECT_THAT(calls_, Contains("GetCall GetBRTemplates O00016152"));
+  auto object = std::dynamic_pointer_cast<OrvelWindow>(card)->OrvelObjectUIO();
+  ASSERT_NE(object, nullptr);
+  // The sales template comes from the group.
+  EXPECT_EQ(Templates(*object).front(), "O02015001||O02016001");
+
+  Variant::Array add{Variant("'O00016152','O02015001','O02016002','',0")};
+  EXPECT_EQ(object->Methods("SaveUpdateDeleteTemplates", add).Number, 0);
+  const auto id = ConcatText(
+      Stored("SELECT ID FROM destination_templates WHERE DestinationID = 2 AND BRTemplateID = 2"));
+  ASSERT_FALSE(id.empty());
+  EXPECT_EQ(Templates(*object).front(), "O02015001|" + id + "|O02016002");
+
+  Variant::Array remove{Variant("'O00016152','O02015001','',''," + id)};
+  EXPECT_EQ(object->Methods("SaveUpdateDeleteTemplates", remove).Number, 0);
+  EXPECT_EQ(Templates(*object).front(), "O02015001||O02016001");
+}
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,111 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "ui/Button.h"
+#include "ui/ImageCombo.h"
+#include "ui/Label.h"
+#include "ui/Menu.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+
+// A firm of the sample database opened through the real module: its detail
+// tabs filled from the reference business layer, a note written and read back.
+class FirmDetailsRoadTest : public RunningHost {
+ protected:
+  void SetUp() override {
+    RunningHost::SetUp();
+    id_ = ConcatText(Stored("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0"));
+    oidr_ = "O0000100" + id_;
+  }
+
+  int TabIndex(FieldSheet& sheet, const std::string& key) {
+    for (size_t i = 0; i < sheet.Tabs().size(); ++i) {
+      if (sheet.Tabs()[i].key == key) return static_cast<int>(i);
+    }
+    return -1;
+  }
+
+  std::string id_;
+  std::string oidr_;
+};
+
+TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
+  auto card = OpenCard(oidr_);
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  for (const char* tab :
+       {"Accounts", "FirmAddresses", "FirmContacts", "FirmServers", "FirmActivity", "Discounts"}) {
+    ListView* list = sheet->TabList(tab);
+    ASSERT_NE(list, nullptr) << tab;
+    EXPECT_GT(list->ListItems().Count(), 0) << tab;
+  }
+  EXPECT_THAT(calls_, Contains("GetCall GetAccounts " + oidr_));
+  EXPECT_THAT(calls_, Contains("GetCall GetFirmADDRESSES " + oidr_));
+  EXPECT_THAT(calls_, Contains("GetCall GetDiscounts " + oidr_));
+
+  // The long lists wait behind their placeholder until asked for.
+  for (const char* tab : {"Traffic", "FirmContracts"}) {
+    ListView* list = sheet->TabList(tab);
+    ASSERT_NE(list, nullptr) << tab;
+    ASSERT_EQ(list->ListItems().Count(), 1) << tab;
+    EXPECT_EQ(list->ListItems().Item(1).Key(), "more");
+    list->SetSelectedItem(&list->ListItems().Item(1));
+    sheet->OnListDoubleClick(TabIndex(*sheet, tab));
+    EXPECT_EQ(list->ListItems().Find("more"), nullptr) << tab;
+  }
+  EXPECT_THAT(calls_, Contains(HasSubstr("GetCall GetTraffic '" + oidr_ + "','")));
+  // Contracts and the bold total row under them.
+  ListView* contracts = sheet->TabList("FirmContracts");
+  ASSERT_GE(contracts->ListItems().Count(), 2);
+  const ListItem& total = contracts->ListItems().Item(contracts->ListItems().Count());
+  EXPECT_TRUE(total.ListSubItems().Item(3).Bold());
+}
+
+TEST_F(FirmDetailsRoadTest, ANoteIsWrittenAndReadBack) {
+  auto card = OpenCard(oidr_);
+  ASSERT_NE(card, nullptr);
+  host_.Ui().SetModalRunner([](Form& dialog) {
+    auto* text = dynamic_cast<TextBox*>(dialog.FindControl("txtInfo"));
+    auto* priority = dynamic_cast<ImageCombo*>(dialog.FindControl("imcPriority"));
+    auto* write = dynamic_cast<Button*>(dialog.FindControl("cmdWrite"));
+    ASSERT_TRUE(text && priority && write);
+    text->Edit("Skambinti 'ryte'");
+    priority->Pick(priority->ComboItems().Item(3));
+    write->Click();
+  });
+  auto* menu = dynamic_cast<Menu*>(card->FindControl("mnuFirmInfo"));
+  auto* timer = dynamic_cast<Timer*>(card->FindControl("timerModal"));
+  ASSERT_TRUE(menu && timer && menu->Find("mnuFirmInfoAdd"));
+  menu->Find("mnuFirmInfoAdd")->Click();
+  timer->Tick();
+
+  const std::string note =
+      "SELECT Info || '|' || Priority || '|' || COALESCE(DateTo, 'Null') FROM firm_info"
+      " WHERE FirmID = " +
+      id_ + " ORDER BY ID DESC";
+  EXPECT_EQ(ConcatText(Stored(note)), "Skambinti \"ryte\"|3|Null");
+  EXPECT_THAT(calls_, Contains(HasSubstr("ExecCall AddUpdateFirmInfo 0,'Skambinti \"ryte\"','")));
+
+  // Read back into the list and the line over the tabs, in red.
+  const std::string key = ConcatText(Stored("SELECT MAX(ID) FROM firm_info")) + "K";
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  ASSERT_NE(sheet->TabList("FirmInfo")->ListItems().Find(key), nullptr);
+  auto* line = dynamic_cast<Label*>(card->FindControl("lblInfo"));
+  ASSERT_NE(line, nullptr);
+  EXPECT_TRUE(line->Visible());
+  EXPECT_THAT(line->Caption(), HasSubstr("Skambinti \"ryte\" ("));
+  EXPECT_EQ(line->ForeColor(), 0x0000FF);
+}
+
+}  // namespace
+}  // namespace orvel
