@@ -256,8 +256,9 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   goods.OnRead("GetPrices", [&goods](const Args& args) {
     const int64_t id = Record(goods, At(args, 0), "GetPrices");
     return goods.Query(
-        "SELECT 'O0000200' || p.GoodID AS OIDR, p.ID, p.PriceType, p.Currency, p.Price,"
-        " f.Name AS FirmName FROM goods_prices p LEFT JOIN firms f ON f.ID = p.FirmID"
+        "SELECT 'O0000600' || p.ID AS OIDR, p.ID, p.PriceType AS Preview, p.PriceType,"
+        " p.Currency AS Code, p.Currency, p.Price, f.Name AS FirmName"
+        " FROM goods_prices p LEFT JOIN firms f ON f.ID = p.FirmID"
         " WHERE p.GoodID = ? ORDER BY p.PriceType, p.ID",
         {Variant(id)});
   });

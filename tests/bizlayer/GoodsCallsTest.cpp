@@ -166,8 +166,12 @@ TEST_F(GoodsCallsTest, CopyGoodKeepsTheFieldsAndPricesButNotTheCodes) {
   EXPECT_EQ(Field(8, "CreatedByUser"), "admin");
   EXPECT_TRUE(One("SELECT Code FROM goods WHERE ID = 8").IsNull());
   EXPECT_TRUE(One("SELECT BarCode FROM goods WHERE ID = 8").IsNull());
-  EXPECT_THAT(Column(*Read("O0000200", "GetPrices", "O00002008"), "PriceType"),
-              ElementsAre("Didmeninė", "Mažmeninė", "Sutartinė"));
+  // The prices tab shows Preview, Code, Price and FirmName; a row opens as
+  // its price record.
+  auto prices = Read("O0000200", "GetPrices", "O00002008");
+  EXPECT_THAT(Column(*prices, "Preview"), ElementsAre("Didmeninė", "Mažmeninė", "Sutartinė"));
+  EXPECT_THAT(Column(*prices, "Code"), ElementsAre("EUR", "EUR", "EUR"));
+  EXPECT_THAT(Column(*prices, "OIDR")[0].rfind("O0000600", 0), 0u);
 }
 
 TEST_F(GoodsCallsTest, RestsListTheOpenLotsThenTheirTotal) {
