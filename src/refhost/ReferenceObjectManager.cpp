@@ -5,6 +5,7 @@
 #include "host/Convert.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/Recordset.h"
 #include "module/OrvelModule.h"
 #include "refhost/Prompter.h"
 
@@ -58,7 +59,41 @@ OrvelResult ReferenceObjectManager::ExecCommand(const std::string& name, Variant
 }
 
 OrvelResult ReferenceObjectManager::Call(const std::string& name, const std::string& param) {
+  if (name == "OrvelGroupSelect") return GroupSelect(param);
   return layer_.ServiceCall(name, param);
+}
+
+// "<routine>(<argument>);;<caption>": the rows of a business object's call
+// ("D" + the type's OID + "_" + the call, e.g. "DO0001604_GetFirmBranches"),
+// offered by their Preview. The rows come back positioned on the pick, or
+// past the last row when nothing was picked.
+OrvelResult ReferenceObjectManager::GroupSelect(const std::string& param) {
+  const auto open = param.find('(');
+  const auto close = param.find(')', open == std::string::npos ? 0 : open);
+  const auto captionAt = param.find(";;");
+  if (open == std::string::npos || close == std::string::npos || param.size() < 10 ||
+      param[0] != 'D') {
+    return OrvelResult{5, "Neteisingas pasirinkimo aprašas: " + param, Variant()};
+  }
+  const std::string routine = param.substr(0, open);
+  const std::string argument = param.substr(open + 1, close - open - 1);
+  const std::string caption = captionAt == std::string::npos ? "" : param.substr(captionAt + 2);
+  auto object = layer_.BusinessObject(routine.substr(1, 8));
+  if (!object) return OrvelResult{5, "Nežinoma paslauga: " + routine, Variant()};
+  OrvelBoResult rows = object->RecordsetCall(routine, argument, 0);
+  auto rs = std::dynamic_pointer_cast<Recordset>(rows.Object);
+  if (rows.Number != 0 || !rs) return OrvelResult{rows.Number, rows.Text, Variant()};
+  std::vector<std::string> choices;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    choices.push_back(ConcatText(rs->Fields("Preview").Value()));
+  }
+  const int picked = choices.empty() ? -1 : prompter_.Choose(caption, choices);
+  rs->MoveFirst();
+  for (int i = 0; i < picked; ++i) rs->MoveNext();
+  if (picked < 0) {
+    while (!rs->IsEOF()) rs->MoveNext();
+  }
+  return OrvelResult{0, "", Variant(rs)};
 }
 
 }  // namespace orvel

@@ -33,6 +33,9 @@ class ReferenceObjectManager : public OrvelObjectManager {
   OrvelResult Call(const std::string& name, const std::string& param) override;
 
  private:
+  // The host's group picker over the rows of a business call.
+  OrvelResult GroupSelect(const std::string& param);
+
   OrvelModule& module_;
   BusinessLayer& layer_;
   Prompter& prompter_;

@@ -62,6 +62,26 @@ TEST_F(DepartmentsRoadTest, ADepartmentIsWrittenWithoutItsBranchReReadAndDeleted
   EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM book_departments WHERE ID = 3")), 0);
 }
 
+// The branch picker of the host lists the firm branches by name; the pick
+// is written, a cancelled pick changes nothing.
+TEST_F(DepartmentsRoadTest, ABranchIsPickedInTheHostsPickerAndWritten) {
+  auto card = OpenCard("O00016043", "T");
+  ASSERT_NE(card, nullptr);
+  const std::string before = Control<TextBox>(*card, "txtFirmBranch").Tag();
+  Control<Button>(*card, "cmdFirmBranches").Click();  // no answer: cancelled
+  EXPECT_EQ(Control<TextBox>(*card, "txtFirmBranch").Tag(), before);
+
+  const std::string last =
+      " FROM firm_branches b JOIN firms f ON f.ID = b.FirmID ORDER BY b.ID DESC LIMIT 1";
+  const Variant name = Stored("SELECT f.Name || ', ' || b.Name" + last);
+  const Variant id = Stored("SELECT b.ID" + last);
+  prompter_.answers = {ConcatText(name)};
+  Control<Button>(*card, "cmdFirmBranches").Click();
+  EXPECT_THAT(calls_, Contains("RecordsetCall DO0001604_GetFirmBranches 0"));
+  Control<Button>(*card, "cmdWrite").Click();
+  EXPECT_EQ(CLng(Stored("SELECT FirmBranchID FROM book_departments WHERE ID = 3")), CLng(id));
+}
+
 TEST_F(DepartmentsRoadTest, ADestinationTakesATemplateOfItsOwnAndGivesItBack) {
   auto card = OpenCard("O00016152", "T");
   ASSERT_NE(card, nullptr);
