@@ -1,0 +1,66 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "host/OrvelObjectUI.h"
+#include "ui/Button.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+
+// A good of the sample database through the real module: its card opens
+// with its lists filled from the database, an edit is written and read back,
+// and the good is deleted.
+class GoodsRoadTest : public RunningHost {
+ protected:
+  // The first good with prices, as "O0000200<ID>".
+  std::string PricedGood() {
+    return "O0000200" + ConcatText(Stored("SELECT MIN(GoodID) FROM goods_prices"));
+  }
+};
+
+TEST_F(GoodsRoadTest, AGoodOpensWithItsListsAndAnEditIsWrittenAndReadBack) {
+  const std::string oidr = PricedGood();
+  const std::string id = oidr.substr(8);
+  auto card = OpenCard(oidr, "C");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  EXPECT_EQ(sheet->Text("Name"), ConcatText(Stored("SELECT Name FROM goods WHERE ID = " + id)));
+  EXPECT_THAT(calls_, Contains("GetCall GetPrices " + oidr));
+
+  // The prices tab shows each price's type, currency and amount.
+  ListView* prices = sheet->TabList("PRICES");
+  ASSERT_NE(prices, nullptr);
+  ASSERT_GT(prices->ListItems().Count(), 0);
+  const ListItem& first = prices->ListItems().Item(1);
+  EXPECT_FALSE(first.Text().empty());
+  EXPECT_EQ(first.ListSubItems().Item(1).Text(), "EUR");
+  EXPECT_EQ(first.Key().rfind("O0000600", 0), 0u);
+
+  ASSERT_TRUE(sheet->EditText("Name", "Sūris 'Džiugas', 24 mėn."));
+  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  EXPECT_EQ(Stored("SELECT Name FROM goods WHERE ID = " + id), Variant("Sūris 'Džiugas', 24 mėn."));
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000200','" + oidr + "'"));
+
+  auto reread = host_.Objects().GetOrvelObject(oidr);
+  ASSERT_NE(reread, nullptr);
+  EXPECT_EQ(reread->Fields("Name").Value(), Variant("Sūris 'Džiugas', 24 mėn."));
+}
+
+TEST_F(GoodsRoadTest, AGoodNotUsedInDocumentsIsDeleted) {
+  const Variant unused = Stored(
+      "SELECT MIN(g.ID) FROM goods g WHERE g.GroupFlag = 0 AND NOT EXISTS (SELECT 1 FROM"
+      " document_lines l WHERE l.GoodID = g.ID)");
+  ASSERT_FALSE(unused.IsEmpty());
+  const std::string oidr = "O0000200" + ConcatText(unused);
+  EXPECT_EQ(host_.Objects().GetOrvelObjectUI("O0000200")->DeleteOrvelObject(oidr), 0);
+  EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods WHERE ID = " + ConcatText(unused))), 0);
+  EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
+}
+
+}  // namespace
+}  // namespace orvel
