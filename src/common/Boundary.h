@@ -61,4 +61,10 @@ R Guarded(F&& body, R onFailure) noexcept {
   }
 }
 
+// For an event handler: a failure is shown and goes no further.
+template <class F>
+void Handle(F&& body) noexcept {
+  Guarded([&] { return body(), true; }, false);
+}
+
 }  // namespace orvel

@@ -22,10 +22,6 @@ constexpr int32_t kChangedMeanwhile = 60000;
 constexpr int kRightButton = 2;
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
 }  // namespace
 
 CatalogueWindow::CatalogueWindow(std::string formName, std::string heading)

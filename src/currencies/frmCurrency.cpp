@@ -23,11 +23,6 @@ namespace {
 constexpr size_t kStoredOidrLength = 9;
 constexpr int kHistoryDays = 30;
 
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 }  // namespace
 
 frmCurrency::frmCurrency() : Form("frmCurrency") {

@@ -11,15 +11,6 @@
 
 namespace orvel {
 
-namespace {
-
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
-}  // namespace
-
 frmCurrencyRate::frmCurrencyRate() : Form("frmCurrencyRate") {
   SetCaption("Valiutos kursai");
   SSPanel1.SetCaption(" Valiutos kursai");

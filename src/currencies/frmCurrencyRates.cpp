@@ -29,11 +29,6 @@ constexpr const char* kPreparing = "Vyksta duomenų paruošimas ...";
 constexpr size_t kBareOidLength = 8;
 constexpr int kMinNameWidth = 2000;
 
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 // The key a filter "Code = '<code>'" would match: text without regard to
 // case. Codes are ASCII as a rule; others go through the full upper-casing.
 std::string CodeKey(const std::string& code) {

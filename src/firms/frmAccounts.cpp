@@ -7,15 +7,6 @@
 
 namespace orvel {
 
-namespace {
-
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
-}  // namespace
-
 frmAccounts::frmAccounts() : Form("frmAccounts") {
   // Replaced by the opener with the firm's name and the account's role.
   SetCaption("Account");

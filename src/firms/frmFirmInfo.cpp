@@ -18,11 +18,6 @@ namespace orvel {
 
 namespace {
 
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 struct PriorityRow {
   const char* key;
   const char* text;

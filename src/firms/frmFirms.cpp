@@ -49,11 +49,6 @@ enum ModalActions : int32_t {
 };
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 OrvelRights& Rights() { return *Services().Rights(); }
 
 bool TagSet(const ListItem* row) { return row && !ConcatText(row->Tag()).empty(); }

@@ -55,11 +55,6 @@ struct ColumnSpec {
   bool right;
 };
 
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 // Runs `body`, ignoring a run-time failure: the legacy list code did so
 // for the steps it marked.
 template <class F>

@@ -58,11 +58,6 @@ constexpr DetailKind kDetailKinds[] = {
 };
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 OrvelRights& Rights() { return *Services().Rights(); }
 
 bool HasField(OrvelObjectUIO& object, const char* name) {

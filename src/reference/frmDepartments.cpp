@@ -30,11 +30,6 @@ constexpr const char* kBranchesCall = "DO0001604_GetFirmBranches";
 constexpr const char* kBranchPicker = "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą";
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 // The record number an OIDR of the book carries after its OID; nullopt when
 // the tail is not a plain number.
 std::optional<int32_t> RecordNumber(const std::string& oidr) {

@@ -23,11 +23,6 @@ namespace {
 // The type part of a row's key.
 constexpr size_t kTypeOidrLength = 9;
 
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 std::string FieldText(Recordset& rs, std::string_view name) {
   return ConcatText(rs.Fields(name).Value());
 }

@@ -24,11 +24,6 @@ namespace {
 constexpr size_t kOidLength = 8;
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 std::string BookOf(const std::string& oidr) { return oidr.substr(0, kOidLength); }
 
 // The right key a new record of a book with creator locks registers, "" for

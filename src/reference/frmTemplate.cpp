@@ -18,11 +18,6 @@ constexpr const char* kDocumentGroups = "O1000200";
 constexpr const char* kTemplates = "O0201600";
 
 // Runs an event handler so that nothing it throws reaches the host.
-template <class F>
-void Handle(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 std::string FieldText(Recordset& rs, std::string_view name) {
   return ConcatText(rs.Fields(name).Value());
 }
