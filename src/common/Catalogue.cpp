@@ -15,6 +15,7 @@
 #include "host/OrvelSession.h"
 #include "host/OrvelUser.h"
 #include "host/OrvelWindowManager.h"
+#include "host/Recordset.h"
 #include "host/RuntimeError.h"
 #include "host/Text.h"
 #include "ui/TextBox.h"
@@ -199,6 +200,13 @@ std::shared_ptr<OrvelObjectUIO> GetObjectUIO(const std::string& oidr) {
 bool AskCloseWithoutSaving(const std::string& caption) {
   return Platform::Ui().MsgBox(caption + "\n\nUždaryti be išsaugojimo?", vbYesNo + vbExclamation,
                                AppTitle()) == vbYes;
+}
+
+double UsedInDocuments(const Variant& answer) {
+  auto rs = answer.ObjectAs<Recordset>();
+  if (!rs || rs->IsEOF()) return 0;
+  const Variant count = rs->Fields().Item(0).Value();
+  return count.IsNull() ? 0 : CDbl(count);
 }
 
 }  // namespace orvel

@@ -92,4 +92,8 @@ std::shared_ptr<OrvelObjectUIO> GetObjectUIO(const std::string& oidr);
 // "<caption>\n\nUždaryti be išsaugojimo?" with Yes and No: True on Yes.
 bool AskCloseWithoutSaving(const std::string& caption);
 
+// The count of a "used in documents" answer: the first field of its record;
+// an answer without a record, or a Null count, tells of none.
+double UsedInDocuments(const Variant& answer);
+
 }  // namespace orvel

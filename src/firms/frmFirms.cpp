@@ -307,15 +307,6 @@ void frmFirms::OrvelGrid_FieldChanged() {
 
 namespace {
 
-// The count of documents in the first field of the answer's record. An
-// answer without a record, or a Null count, tells of no documents.
-double UsedInDocuments(const Variant& answer) {
-  auto rs = answer.ObjectAs<Recordset>();
-  if (!rs || rs->IsEOF()) return 0;
-  const Variant count = rs->Fields().Item(0).Value();
-  return count.IsNull() ? 0 : CDbl(count);
-}
-
 void RestoreUnderlying(Field& field) {
   Variant stored = field.UnderlyingValue();
   if (!(field.Value() == stored)) field.SetValue(stored);

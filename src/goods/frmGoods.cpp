@@ -645,19 +645,6 @@ bool frmGoods::CheckGoodMeasure() {
   return true;
 }
 
-namespace {
-
-// The count of the "used in documents" answer: its first field, 0 for no
-// record or Null.
-double UsedCount(const Variant& answer) {
-  auto rs = answer.ObjectAs<Recordset>();
-  if (!rs || rs->IsEOF()) return 0;
-  const Variant count = rs->Fields().Item(0).Value();
-  return count.IsNull() ? 0 : CDbl(count);
-}
-
-}  // namespace
-
 void frmGoods::cmdEnter_Click() {
   Handle([&] {
     if (!IsGroup && !CheckGoodMeasure()) return;
@@ -669,7 +656,7 @@ void frmGoods::cmdEnter_Click() {
       OrvelResult used = object.Properties("GoodIsUsedInDocuments", "");
       if (used.Number != 0) return;
       // The user is not told: the rest of the edits are written.
-      if (UsedCount(used.Value) > 0) name.SetValue(name.UnderlyingValue());
+      if (UsedInDocuments(used.Value) > 0) name.SetValue(name.UnderlyingValue());
     }
     const int32_t number = OrvelGrid->SaveObject();
     const std::string text = OrvelGrid->LastError();
