@@ -90,7 +90,9 @@ HostShell::HostShell(ReferenceHost& host, LinePrompter& prompter, std::ostream& 
     for (const auto& arg : args) out_ << " " << arg;
     out_ << "\n";
   });
-  host_.Ui().SetModalRunner([this](Form& form) { RunModal(form); });
+  if (auto* terminal = dynamic_cast<TerminalUi*>(&host_.Ui())) {
+    terminal->SetModalRunner([this](Form& form) { RunModal(form); });
+  }
 }
 
 int HostShell::Run() {

@@ -14,9 +14,6 @@
 // The commands are told in HostShell.h.
 #include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
-#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <iostream>
@@ -27,85 +24,21 @@
 #include "LinePrompter.h"
 #include "bizlayer/BusinessLayer.h"
 #include "hostkit/LoopbackRateService.h"
+#include "refhost/HostCommandLine.h"
 #include "refhost/ReferenceHost.h"
 
-namespace {
-
-std::string DefaultDatabase() {
-  std::filesystem::path folder;
-  if (const char* data = std::getenv("XDG_DATA_HOME"); data && *data) {
-    folder = data;
-  } else if (const char* home = std::getenv("HOME"); home && *home) {
-    folder = std::filesystem::path(home) / ".local" / "share";
-  } else {
-    folder = ".";
-  }
-  folder /= "orvel";
-  std::error_code ignored;
-  std::filesystem::create_directories(folder, ignored);
-  return (folder / "orvel.db").string();
-}
-
-int Usage() {
-  std::cerr << "usage: orvel-host [--db PATH] [--user NAME] [--module PATH] [--script FILE]"
-               " [--trace] [--rates-mirror]\n";
-  return 2;
-}
-
-// A mirror of the bank's services whose current rates are dated today; the
-// module is pointed at it through the rate address variable.
-std::unique_ptr<orvel::LoopbackRateService> StartRatesMirror() {
-  auto mirror = std::make_unique<orvel::LoopbackRateService>();
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char today[16];
-  std::strftime(today, sizeof today, "%Y-%m-%d", &local);
-  auto rates = orvel::LoopbackRateService::SampleFxRates();
-  std::string latest;
-  for (const auto& rate : rates) latest = std::max(latest, rate.date);
-  for (auto& rate : rates) {
-    if (rate.date == latest) rate.date = today;
-  }
-  mirror->SetFxRates(std::move(rates));
-  setenv("ORVEL_RATES_ADDRESS", mirror->Address().c_str(), 1);
-  return mirror;
-}
-
-}  // namespace
-
 int main(int argc, char** argv) {
-  orvel::ReferenceHost::Options options;
-  options.modulePath = ORVEL_DEFAULT_MODULE;
-  options.appPath = std::filesystem::current_path().string();
-  std::string script;
-  bool trace = false;
-  bool mirror = false;
-  for (int i = 1; i < argc; ++i) {
-    std::string arg = argv[i];
-    auto value = [&]() -> const char* { return i + 1 < argc ? argv[++i] : nullptr; };
-    const char* v = nullptr;
-    if ((arg == "--db" || arg == "--user" || arg == "--module" || arg == "--script") &&
-        !(v = value())) {
-      return Usage();
-    }
-    if (arg == "--db") {
-      options.databasePath = v;
-    } else if (arg == "--user") {
-      options.userName = v;
-    } else if (arg == "--module") {
-      options.modulePath = v;
-    } else if (arg == "--script") {
-      script = v;
-    } else if (arg == "--trace") {
-      trace = true;
-    } else if (arg == "--rates-mirror") {
-      mirror = true;
-    } else {
-      return Usage();
-    }
+  orvel::HostCommandLine command;
+  command.options.modulePath = ORVEL_DEFAULT_MODULE;
+  command.options.appPath = std::filesystem::current_path().string();
+  if (!command.Parse(argc, argv)) {
+    std::cerr << "usage: orvel-host " << orvel::HostCommandLine::Usage() << "\n";
+    return 2;
   }
-  if (options.databasePath.empty()) options.databasePath = DefaultDatabase();
+  auto& options = command.options;
+  const std::string& script = command.script;
+  bool trace = command.trace;
+  bool mirror = command.ratesMirror;
 
   std::ifstream file;
   if (!script.empty()) {
@@ -120,7 +53,7 @@ int main(int argc, char** argv) {
   orvel::LinePrompter prompter(in, std::cout, echo);
 
   std::unique_ptr<orvel::LoopbackRateService> ratesMirror;
-  if (mirror) ratesMirror = StartRatesMirror();
+  if (mirror) ratesMirror = orvel::StartTodaysRatesMirror();
 
   orvel::ReferenceHost host(prompter);
   std::string error;

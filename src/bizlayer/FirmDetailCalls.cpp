@@ -132,8 +132,11 @@ void AddFirmDetailCalls(TableBusinessObject& firms) {
   AddFirmList(firms, "GetFirmActivity",
               "SELECT 'O0002500' || ID AS OIDR, Name AS Preview FROM firm_activities"
               " WHERE FirmID = ? ORDER BY Name, ID");
+  // A firm's branches are records of the suite's own branch type, which no
+  // window of this module opens (the departments' book "O0001604" only
+  // links to them by ID).
   AddFirmList(firms, "GetFirmBranch",
-              "SELECT 'O0001604' || ID AS OIDR, Name, Code, Region, Street, Tel, Fax, EMail"
+              "SELECT 'O0001700' || ID AS OIDR, Name, Code, Region, Street, Tel, Fax, EMail"
               " FROM firm_branches WHERE FirmID = ? ORDER BY Name, ID");
   // The newest contract first.
   AddFirmList(firms, "GetContractsList",

@@ -19,7 +19,10 @@
 
 namespace orvel {
 
-ReferenceHost::ReferenceHost(Prompter& prompter) : prompter_(prompter) {}
+ReferenceHost::ReferenceHost(Prompter& prompter, std::shared_ptr<HostUi> ui)
+    : prompter_(prompter), ui_(std::move(ui)) {
+  if (!ui_) ui_ = std::make_shared<TerminalUi>(prompter_);
+}
 
 ReferenceHost::~ReferenceHost() { Shutdown(); }
 
@@ -49,7 +52,6 @@ bool ReferenceHost::Start(const Options& options, std::string& error) {
   layer_->SetUserName(user->Name());
 
   catalogue_ = std::make_shared<RegisteredCatalogue>();
-  ui_ = std::make_shared<TerminalUi>(prompter_);
   hostClasses_ = std::make_shared<ReferenceHostClasses>(prompter_, catalogue_);
   objects_ = std::make_shared<ReferenceObjectManager>(*module_, *layer_, prompter_);
   windows_ = std::make_shared<WindowRegistry>();

@@ -13,7 +13,7 @@ class Prompter;
 class ReferenceHostClasses;
 class ReferenceObjectManager;
 class SqliteDatabase;
-class TerminalUi;
+class HostUi;
 class WindowRegistry;
 struct RegisteredCatalogue;
 
@@ -32,7 +32,9 @@ class ReferenceHost {
     std::string appPath;
   };
 
-  explicit ReferenceHost(Prompter& prompter);
+  // Pickers and printouts ask through `prompter`; the module's windows talk
+  // to `ui`, the terminal's (over the same prompter) when none is given.
+  explicit ReferenceHost(Prompter& prompter, std::shared_ptr<HostUi> ui = nullptr);
   ~ReferenceHost();
   ReferenceHost(const ReferenceHost&) = delete;
   ReferenceHost& operator=(const ReferenceHost&) = delete;
@@ -48,7 +50,7 @@ class ReferenceHost {
   ReferenceObjectManager& Objects() { return *objects_; }
   WindowRegistry& Windows() { return *windows_; }
   RegisteredCatalogue& Catalogue() { return *catalogue_; }
-  TerminalUi& Ui() { return *ui_; }
+  HostUi& Ui() { return *ui_; }
   ReferenceHostClasses& HostClasses() { return *hostClasses_; }
 
  private:
@@ -61,7 +63,7 @@ class ReferenceHost {
   std::shared_ptr<SqliteDatabase> db_;
   std::unique_ptr<BusinessLayer> layer_;
   std::shared_ptr<RegisteredCatalogue> catalogue_;
-  std::shared_ptr<TerminalUi> ui_;
+  std::shared_ptr<HostUi> ui_;
   std::shared_ptr<ReferenceHostClasses> hostClasses_;
   std::shared_ptr<ReferenceObjectManager> objects_;
   std::shared_ptr<WindowRegistry> windows_;

@@ -7,6 +7,9 @@
 #include "host/OrvelObjectUIO.h"
 #include "host/Recordset.h"
 #include "module/OrvelModule.h"
+#include "host/OrvelEnvironment.h"
+#include "host/OrvelServices.h"
+#include "refhost/HostPeriod.h"
 #include "refhost/Prompter.h"
 
 namespace orvel {
@@ -60,6 +63,13 @@ OrvelResult ReferenceObjectManager::ExecCommand(const std::string& name, Variant
 
 OrvelResult ReferenceObjectManager::Call(const std::string& name, const std::string& param) {
   if (name == "OrvelGroupSelect") return GroupSelect(param);
+  if (name == "GetOldPeriod" || name == "GetNewPeriod") {
+    auto services = services_.lock();
+    auto environment = services ? services->Environment() : nullptr;
+    if (!environment) return OrvelResult{5, "Nėra naudotojo nustatymų", Variant()};
+    if (name == "GetOldPeriod") return OrvelResult{0, "", OldPeriod(*environment, LocalToday())};
+    return OrvelResult{0, "", NewPeriod(*environment, prompter_, LocalToday())};
+  }
   return layer_.ServiceCall(name, param);
 }
 

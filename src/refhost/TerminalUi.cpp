@@ -1,11 +1,8 @@
 #include "refhost/TerminalUi.h"
 
-#include <ctime>
 #include <string>
 #include <vector>
 
-#include "host/Convert.h"
-#include "hostkit/FieldSheet.h"
 #include "refhost/Prompter.h"
 #include "ui/Form.h"
 #include "ui/Menu.h"
@@ -61,13 +58,6 @@ int32_t TerminalUi::MsgBox(const std::string& prompt, int32_t flags, const std::
   return buttons[static_cast<size_t>(picked)].result;
 }
 
-Date TerminalUi::Today() const {
-  std::time_t t = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&t, &local);
-  return DateSerial(local.tm_year + 1900, local.tm_mon + 1, local.tm_mday);
-}
-
 void TerminalUi::ShowModal(Form& form) {
   form.Show();
   if (modalRunner_ && form.Visible()) modalRunner_(form);
@@ -82,23 +72,6 @@ void TerminalUi::PopupMenu(Menu& menu) {
   if (entries.empty()) return;
   int picked = prompter_.Choose("Meniu", captions);
   if (picked >= 0) entries[static_cast<size_t>(picked)]->Click();
-}
-
-std::shared_ptr<OrvelGrid> TerminalUi::NewOrvelGrid() {
-  auto sheet = std::make_shared<FieldSheet>();
-  std::erase_if(sheets_, [](const auto& weak) { return weak.expired(); });
-  sheets_.push_back(sheet);
-  return sheet;
-}
-
-std::shared_ptr<FieldSheet> TerminalUi::SheetOf(
-    const std::shared_ptr<OrvelObjectUIO>& object) const {
-  if (!object) return nullptr;
-  for (auto it = sheets_.rbegin(); it != sheets_.rend(); ++it) {
-    auto sheet = it->lock();
-    if (sheet && sheet->ObjectUIO() == object) return sheet;
-  }
-  return nullptr;
 }
 
 }  // namespace orvel

@@ -114,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
                       ListCase{"GetFirmBranch",
                                {"OIDR", "Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"},
                                "OIDR",
-                               {"O00016041"}},
+                               {"O00017001"}},
                       ListCase{"GetContractsList",
                                {"OIDR", "OType", "ContractNumber", "DateFrom", "DateTo", "SumA",
                                 "State", "Responsible"},

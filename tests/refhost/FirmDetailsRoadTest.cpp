@@ -73,7 +73,7 @@ TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
 TEST_F(FirmDetailsRoadTest, ANoteIsWrittenAndReadBack) {
   auto card = OpenCard(oidr_);
   ASSERT_NE(card, nullptr);
-  host_.Ui().SetModalRunner([](Form& dialog) {
+  Terminal().SetModalRunner([](Form& dialog) {
     auto* text = dynamic_cast<TextBox*>(dialog.FindControl("txtInfo"));
     auto* priority = dynamic_cast<ImageCombo*>(dialog.FindControl("imcPriority"));
     auto* write = dynamic_cast<Button*>(dialog.FindControl("cmdWrite"));

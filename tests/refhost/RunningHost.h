@@ -37,9 +37,15 @@ class AnsweringPrompter : public Prompter {
     }
     return -1;
   }
-  std::string AskText(const std::string&) override { return ""; }
+  std::string AskText(const std::string&) override {
+    if (texts.empty()) return "";
+    std::string text = texts.front();
+    texts.pop_front();
+    return text;
+  }
 
   std::deque<std::string> answers;
+  std::deque<std::string> texts;
   std::vector<std::string> said;
 };
 
@@ -66,6 +72,10 @@ class RunningHost : public ::testing::Test {
     host_.Windows().ShowWindow(window);
     return std::dynamic_pointer_cast<Form>(window);
   }
+
+  // The terminal front end the host runs with here (modal dialogs are run by
+  // the test through its modal runner).
+  TerminalUi& Terminal() { return dynamic_cast<TerminalUi&>(host_.Ui()); }
 
   std::shared_ptr<FieldSheet> SheetOf(const std::shared_ptr<Form>& form) {
     auto window = std::dynamic_pointer_cast<OrvelWindow>(form);

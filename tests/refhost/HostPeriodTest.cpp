@@ -1,0 +1,106 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "refhost/HostPeriod.h"
+#include "ui/Menu.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+
+struct ReadCase {
+  std::string answer;
+  bool read;
+  bool useDates;
+  int daysBack;
+  std::string from, to;  // expected when useDates
+};
+
+class HostPeriodReadTest : public ::testing::TestWithParam<ReadCase> {};
+
+TEST_P(HostPeriodReadTest, AnAnswerIsDaysBackOrTwoDaysAndAnythingElseChangesNothing) {
+  const ReadCase& c = GetParam();
+  HostPeriod period;
+  period.dateFrom = DateSerial(2026, 1, 1);
+  period.dateTo = DateSerial(2026, 1, 31);
+  EXPECT_EQ(period.Read(c.answer), c.read);
+  EXPECT_EQ(period.useDates, c.useDates);
+  EXPECT_EQ(period.daysBack, c.daysBack);
+  EXPECT_EQ(FormatDate(period.dateFrom, Locale::Lithuanian()), c.from);
+  EXPECT_EQ(FormatDate(period.dateTo, Locale::Lithuanian()), c.to);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Answers, HostPeriodReadTest,
+    ::testing::Values(ReadCase{"90", true, false, 90, "2026-01-01", "2026-01-31"},
+                      ReadCase{" 0 ", true, false, 0, "2026-01-01", "2026-01-31"},
+                      ReadCase{"2025-10-01 2025-12-31", true, true, 30, "2025-10-01", "2025-12-31"},
+                      ReadCase{"2025.10.01 2025.10.01", true, true, 30, "2025-10-01", "2025-10-01"},
+                      // the later day before the earlier
+                      ReadCase{"2025-12-31 2025-10-01", false, false, 30, "2026-01-01",
+                               "2026-01-31"},
+                      ReadCase{"-5", false, false, 30, "2026-01-01", "2026-01-31"},
+                      ReadCase{"30 dienų", false, false, 30, "2026-01-01", "2026-01-31"},
+                      ReadCase{"2025-10-01", false, false, 30, "2026-01-01", "2026-01-31"},
+                      ReadCase{"1 2 3", false, false, 30, "2026-01-01", "2026-01-31"},
+                      ReadCase{"", false, false, 30, "2026-01-01", "2026-01-31"}));
+
+// The period through the reference host's object manager, stored per user in
+// the database.
+class HostPeriodRoadTest : public RunningHost {
+ protected:
+  Variant::Array Period(const std::string& call) {
+    OrvelResult result = host_.Objects().Call(call, "");
+    EXPECT_EQ(result.Number, 0) << result.Text;
+    return result.Value.IsArray() ? result.Value.ArrayValue() : Variant::Array{};
+  }
+};
+
+TEST_F(HostPeriodRoadTest, AUserWhoNeverChoseListsTheLastThirtyDays) {
+  Variant::Array period = Period("GetOldPeriod");
+  ASSERT_EQ(period.size(), 5u);
+  EXPECT_EQ(CInt(period[2]), 30);
+  EXPECT_FALSE(CBool(period[3]));
+  EXPECT_EQ(CDate(period[1]).serial, LocalToday().serial);
+}
+
+TEST_F(HostPeriodRoadTest, ANewPeriodIsAskedStoredAndHandedOutAfterwards) {
+  prompter_.texts = {"2025-10-01 2025-12-31"};
+  Variant::Array chosen = Period("GetNewPeriod");
+  ASSERT_EQ(chosen.size(), 5u);
+  EXPECT_TRUE(CBool(chosen[3]));
+  EXPECT_EQ(FormatDate(CDate(chosen[0]), Locale::Lithuanian()), "2025-10-01");
+  EXPECT_EQ(Period("GetOldPeriod"), chosen);
+  EXPECT_EQ(ConcatText(Stored("SELECT Value FROM user_settings WHERE Name = 'OrvelHost/PeriodTo'")),
+            "2025-12-31");
+}
+
+TEST_F(HostPeriodRoadTest, AnUnreadableAnswerKeepsThePeriodAndSaysSo) {
+  Variant::Array before = Period("GetOldPeriod");
+  prompter_.texts = {"vakar"};
+  EXPECT_EQ(Period("GetNewPeriod"), before);
+  EXPECT_THAT(prompter_.said, Contains("Laikotarpis nepakeistas: vakar"));
+  prompter_.texts = {""};
+  EXPECT_EQ(Period("GetNewPeriod"), before);
+}
+
+TEST_F(HostPeriodRoadTest, AFirmsDocumentsAreListedAgainForTheChosenDays) {
+  const std::string oidr =
+      "O0000100" + ConcatText(Stored("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0"));
+  auto card = OpenCard(oidr);
+  ASSERT_TRUE(card);
+  auto* main = dynamic_cast<Menu*>(card->FindControl("mnuMain"));
+  Menu* preview = main ? main->Find("mnuPreview") : nullptr;
+  ASSERT_TRUE(preview);
+  prompter_.texts = {"2025-10-01 2025-12-31"};
+  calls_.clear();
+  preview->Click();
+  EXPECT_THAT(calls_, Contains(HasSubstr("GetTraffic '" + oidr + "','2025-10-01','2025-12-31'")));
+}
+
+}  // namespace
+}  // namespace orvel
