@@ -193,6 +193,35 @@ std::vector<CatalogueTable> MakeCatalogues() {
                        Number("FirmID", "Įmonė", SqlType::Integer, false)};
   specs.push_back(std::move(activities));
 
+  // A good's detail records, each naming its good by GoodID. Name is the
+  // record's preview, kept by the database (see GoodsRecordSchema.cpp); a
+  // price keeps its type's name in PriceType as well, which the price list
+  // and the copying of a good read.
+  CatalogueTable prices{"O0000600", "goods_prices", "GoodPrices", {}, false};
+  prices.fields = {Number("GoodID", "Prekė", SqlType::Integer, false),
+                   Number("GoodPriceTypeID", "Kainos tipas"),
+                   Number("Price", "Kaina", SqlType::Real),
+                   CatalogueField{"Currency", SqlType::Text, "Valiuta", 3, true, Variant("EUR")},
+                   Number("FirmID", "Įmonė", SqlType::Integer, false),
+                   // An empty text, not Null: a file of the previous version
+                   // holds the column NOT NULL.
+                   CatalogueField{"PriceType", SqlType::Text, "Kainos tipo pavadinimas", 50, false,
+                                  Variant("")},
+                   Text("Name", "Pavadinimas", 50, false)};
+  specs.push_back(std::move(prices));
+  CatalogueTable minAmounts{"O0000700", "goods_min_amounts", "GoodMinAmounts", {}, false};
+  minAmounts.fields = {Number("GoodID", "Prekė", SqlType::Integer, false),
+                       Number("LocationID", "Sandėlis"),
+                       Number("MinAmount", "Minimalus kiekis", SqlType::Real),
+                       Text("Name", "Pavadinimas", 100, false)};
+  specs.push_back(std::move(minAmounts));
+  CatalogueTable templates{"O0000800", "goods_templates", "GoodBRTemplates", {}, false};
+  templates.fields = {Number("GoodID", "Prekė", SqlType::Integer, false),
+                      Number("GoodBRTemplateTypeID", "Atsargų šablono tipas"),
+                      Number("BRTemplateID", "Šablonas"),
+                      Text("Name", "Pavadinimas", 100, false)};
+  specs.push_back(std::move(templates));
+
   return specs;
 }
 

@@ -90,7 +90,9 @@ void CreateCallTables(SqliteDatabase& db) {
       "CREATE TABLE firm_branches (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " FirmID INTEGER NOT NULL REFERENCES firms(ID) ON DELETE CASCADE, Name TEXT NOT NULL,"
       " Code TEXT, Region TEXT, Street TEXT, Tel TEXT, Fax TEXT, EMail TEXT);"
-      "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      // The price catalogue (O0000600) makes this table in a new file; a
+      // file of the first version gets it here in its old shape.
+      "CREATE TABLE IF NOT EXISTS goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
       " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
 }

@@ -10,6 +10,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       FirmDetailSchema(),
       ReferenceBookSchema(),
       GoodsDetailSchema(),
+      GoodsRecordSchema(),
   };
   return parts;
 }

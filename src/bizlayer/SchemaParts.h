@@ -13,5 +13,7 @@ SchemaPart FirmDetailSchema();
 SchemaPart ReferenceBookSchema();
 // A good's measures, minimum amounts, templates and discounts.
 SchemaPart GoodsDetailSchema();
+// A good's prices, minimum amounts and template rows as records of their own.
+SchemaPart GoodsRecordSchema();
 
 }  // namespace orvel

@@ -1,0 +1,100 @@
+#pragma once
+
+#include <QIcon>
+#include <QMainWindow>
+#include <QPointer>
+#include <map>
+#include <memory>
+#include <string>
+#include <vector>
+
+class QLabel;
+class QMdiArea;
+class QMdiSubWindow;
+class QMenu;
+class QTreeWidget;
+class QTreeWidgetItem;
+
+namespace orvel {
+
+class Form;
+class OrvelWindow;
+class PdfPrint;
+class QtPrompter;
+class QtUi;
+class Recordset;
+class ReferenceHost;
+struct OrvelMenuResult;
+
+// The main window of the window host. Left, the catalogue tree of what the
+// module registered: its groups, their components (the object types) and
+// each type's members, read when a node is first opened. A node's context
+// menu, its key chords and a double click on a member go to the type's
+// ClickMenu, and the result is carried out: a window shown, the node
+// dropped, or its members replaced. Right, the module's windows as
+// sub-windows, each a FormView of the window's form, kept in step with the
+// host's window registry. A record whose window is open already brings that
+// window forward instead of opening a second one. A window is titled by its
+// form's caption, else by its heading panel and record name, else by the
+// node it was opened from.
+class MainWindow : public QMainWindow {
+ public:
+  // Node kinds in the tree.
+  enum NodeKind { kGroupNode = 0, kTypeNode = 1, kMemberNode = 2 };
+
+  MainWindow(ReferenceHost& host, QtUi& ui, QtPrompter& prompter, const std::string& database,
+             const std::string& user, QWidget* parent = nullptr);
+  ~MainWindow() override;
+
+  QTreeWidget* Tree() const { return tree_; }
+  QMdiArea* Area() const { return area_; }
+  QMenu* WindowsMenu() const { return windowsMenu_; }
+
+  // The first node of an OIDR among the nodes read so far; null when none.
+  QTreeWidgetItem* NodeOf(const std::string& oidr) const;
+  static std::string OidrOf(const QTreeWidgetItem* node);
+  static std::string OTypeOf(const QTreeWidgetItem* node);
+  static int KindOf(const QTreeWidgetItem* node);
+
+  // Reads a node's members now (as opening it does).
+  void LoadMembers(QTreeWidgetItem* node);
+  // The node's context menu at a screen point; the pick is sent to the type.
+  void ShowNodeMenu(QTreeWidgetItem* node, const QPoint& at);
+  // Sends a menu key (or chord) of a node to its type and carries out what
+  // comes back. False when the node has no type or the call failed.
+  bool ClickNode(QTreeWidgetItem* node, const std::string& key);
+  // Opens a sub-window for every shown window of the host that has none.
+  void SyncWindows();
+  // The sub-window showing a form; null when none.
+  QMdiSubWindow* SubWindowOf(const Form& form) const;
+
+  // A key chord as the module's ClickMenu takes it, "<virtual key>S<shift
+  // mask>" (F5 = "116S0", Ctrl+F = "70S2"); "" for keys that are no chord.
+  static std::string ChordOf(int qtKey, Qt::KeyboardModifiers modifiers);
+
+ protected:
+  void closeEvent(QCloseEvent* event) override;
+  bool eventFilter(QObject* watched, QEvent* event) override;
+
+ private:
+  void BuildTree();
+  void FillMembers(QTreeWidgetItem* node, const std::shared_ptr<Recordset>& rs);
+  void Carry(QTreeWidgetItem* node, const OrvelMenuResult& result);
+  void OpenSubWindow(const std::shared_ptr<OrvelWindow>& window, Form& form);
+  void RebuildWindowsMenu();
+  void ShowFailure(const std::string& what);
+  QIcon IconOf(const std::string& typeOidr, const std::string& kind) const;
+
+  ReferenceHost& host_;
+  QtUi& ui_;
+  QtPrompter& prompter_;
+  QTreeWidget* tree_ = nullptr;
+  QMdiArea* area_ = nullptr;
+  QMenu* windowsMenu_ = nullptr;
+  QLabel* where_ = nullptr;
+  bool syncQueued_ = false;
+  QString openedFrom_;  // the caption of the node a window is being opened from
+  mutable std::map<std::string, QIcon> icons_;
+};
+
+}  // namespace orvel

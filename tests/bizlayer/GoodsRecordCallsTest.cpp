@@ -1,0 +1,448 @@
+// A good's prices, minimum amounts and template rows as records of their own:
+// opened, saved, changed and deleted through the standard object calls with
+// the parameter strings the goods card's adapter sends, and seen in the
+// good's detail lists; a file of the previous version keeps its rows.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "CatalogueCallsFixture.h"
+#include "TempDatabase.h"
+#include "bizlayer/SchemaParts.h"
+#include "host/MemoryRecordset.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+using FieldValues = std::vector<std::pair<std::string, Variant>>;
+
+// Good 2 "Popierius" in group 1; good 3 alone. Warehouses 1 and 3 hold
+// goods, 2 is a group; two template types, two templates, two price types.
+class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Test {
+ protected:
+  GoodsRecordCallsTest() {
+    ReferenceBookSchema().create(*db_);
+    GoodsDetailSchema().create(*db_);
+    GoodsRecordSchema().create(*db_);
+    const char* good = "INSERT INTO goods (Name, ParentID, GroupFlag, Active) VALUES (?, ?, ?, 1)";
+    Insert(good, {"Kanceliarija", Variant::Null(), 1});
+    Insert(good, {"Popierius", 1, 0});
+    Insert(good, {"Klijai", Variant::Null(), 0});
+    Insert(
+        "INSERT INTO book_locations (Code, Name, ParentID, GroupFlag) VALUES"
+        " ('C', 'Centrinis', 0, 0), ('PA', 'Parduotuvės', 0, 1), ('A', 'Kauno ''Akropolis''', 2, "
+        "0)",
+        {});
+    Insert("INSERT INTO br_template_types (ID, Name) VALUES (1, 'Pirkimas'), (2, 'Pardavimas')",
+           {});
+    Insert("INSERT INTO br_templates (Name) VALUES ('Prekės'), ('Paslaugos')", {});
+    Insert("INSERT INTO goods_price_types (Name) VALUES ('Klientų ''VIP''')", {});
+  }
+
+  int PriceType(const std::string& name) {
+    auto stmt = db_->Prepare("SELECT ID FROM goods_price_types WHERE Name = ?");
+    stmt.Bind(1, Variant(name));
+    return stmt.Step() ? static_cast<int>(stmt.Column(0).NumberValue()) : 0;
+  }
+
+  // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the
+  // record with the two further sets it does not use.
+  OrvelStatus Save(const std::string& oid, const std::string& oidr,
+                   const std::shared_ptr<Recordset>& record) {
+    Variant::Array array{Variant(record), Variant(std::shared_ptr<Recordset>()),
+                         Variant(std::shared_ptr<Recordset>())};
+    return Type(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid + "','" + oidr + "'", array);
+  }
+
+  // A new record with `fields` set, saved; its OIDR ("" when refused).
+  std::string Create(const std::string& oid, const FieldValues& fields, OrvelStatus* status) {
+    auto record = Read(oid, "Orvel_NewObject", "'" + oid + "'");
+    if (!record) return "";
+    for (const auto& [name, value] : fields) record->Fields(name).SetValue(value);
+    *status = Save(oid, "", record);
+    if (status->Number != 0) return "";
+    return oid + ConcatText(record->Fields("ID").Value());
+  }
+
+  int Rows(const std::string& table) {
+    return static_cast<int>(One("SELECT COUNT(*) FROM " + table).NumberValue());
+  }
+};
+
+// ---- each type's card --------------------------------------------------
+
+struct StructureCase {
+  const char* oid;
+  const char* structure;
+  std::vector<std::string> names;
+  std::vector<std::string> shown;
+};
+
+class GoodsRecordStructureTest : public GoodsRecordCallsTest,
+                                 public ::testing::WithParamInterface<StructureCase> {};
+
+TEST_P(GoodsRecordStructureTest, TheCardShowsTheFieldsTheDialogChecks) {
+  const StructureCase& c = GetParam();
+  auto reply = Type(c.oid).RecordsetCall("Orvel_GetObjectStructure", c.structure, 0);
+  ASSERT_EQ(reply.Number, 0) << reply.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  ASSERT_NE(rs, nullptr);
+  EXPECT_EQ(Column(*rs, "Name"), c.names);
+  std::vector<std::string> shown;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    if (rs->Fields("Visible").Value().NumberValue() != 0) {
+      shown.push_back(ConcatText(rs->Fields("Name").Value()));
+    }
+  }
+  EXPECT_EQ(shown, c.shown);
+  // The field sheet asks for it as the record's property, without a name.
+  auto property = Read(c.oid, "GetStructure", c.oid + std::string("1"));
+  ASSERT_NE(property, nullptr);
+  EXPECT_EQ(Column(*property, "Name"), c.names);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, GoodsRecordStructureTest,
+    ::testing::Values(StructureCase{"O0000600",
+                                    "GoodPrices",
+                                    {"ID", "GoodID", "GoodPriceTypeID", "Price", "Currency",
+                                     "FirmID", "PriceType", "Name"},
+                                    {"GoodPriceTypeID", "Price", "Currency"}},
+                      StructureCase{"O0000700",
+                                    "GoodMinAmounts",
+                                    {"ID", "GoodID", "LocationID", "MinAmount", "Name"},
+                                    {"LocationID", "MinAmount"}},
+                      StructureCase{
+                          "O0000800",
+                          "GoodBRTemplates",
+                          {"ID", "GoodID", "GoodBRTemplateTypeID", "BRTemplateID", "Name"},
+                          {"GoodBRTemplateTypeID", "BRTemplateID"}}),
+    [](const auto& info) { return std::string(info.param.oid); });
+
+// ---- new, read back, changed, deleted ------------------------------------
+
+struct RoundTripCase {
+  const char* name;
+  const char* oid;
+  const char* listCall;
+  const char* listKey;  // the list's field that holds the record's OIDR
+  FieldValues fields;   // besides GoodID
+  const char* preview;
+  const char* listField;
+  const char* listValue;
+  FieldValues change;
+  const char* changedPreview;
+  const char* changedListValue;
+};
+
+class GoodsRecordRoundTripTest : public GoodsRecordCallsTest,
+                                 public ::testing::WithParamInterface<RoundTripCase> {};
+
+TEST_P(GoodsRecordRoundTripTest, ANewRecordIsSavedReadChangedAndDeleted) {
+  const RoundTripCase& c = GetParam();
+  FieldValues fields = c.fields;
+  fields.emplace_back("GoodID", Variant(2));
+  OrvelStatus status;
+  const std::string oidr = Create(c.oid, fields, &status);
+  ASSERT_FALSE(oidr.empty()) << status.Text;
+
+  auto record = Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'");
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(ConcatText(record->Fields("OIDR").Value()), oidr);
+  EXPECT_EQ(ConcatText(record->Fields("Preview").Value()), c.preview);
+  EXPECT_EQ(record->Fields("GoodID").Value().NumberValue(), 2);
+  for (const auto& [name, value] : c.fields) {
+    EXPECT_EQ(Text(record->Fields(name).Value()), Text(value)) << name;
+  }
+  auto list = Read("O0000200", c.listCall, "O00002002");
+  ASSERT_NE(list, nullptr);
+  EXPECT_THAT(Column(*list, c.listKey), ElementsAre(oidr));
+  EXPECT_THAT(Column(*list, c.listField), ElementsAre(c.listValue));
+  auto other = Read("O0000200", c.listCall, "O00002003");
+  ASSERT_NE(other, nullptr);
+  EXPECT_EQ(other->RecordCount(), 0);
+
+  for (const auto& [name, value] : c.change) record->Fields(name).SetValue(value);
+  status = Save(c.oid, oidr, record);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  auto changed = Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'");
+  ASSERT_NE(changed, nullptr);
+  EXPECT_EQ(ConcatText(changed->Fields("Preview").Value()), c.changedPreview);
+  list = Read("O0000200", c.listCall, "O00002002");
+  EXPECT_THAT(Column(*list, c.listField), ElementsAre(c.changedListValue));
+
+  status = Type(c.oid).ExecCall("Orvel_DeleteObject", "'" + oidr + "'", 0);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  list = Read("O0000200", c.listCall, "O00002002");
+  EXPECT_THAT(Column(*list, c.listKey), IsEmpty());
+  EXPECT_EQ(Type(c.oid).GetCall("Orvel_ReadObject", "'" + oidr + "'", 0).Number,
+            TableBusinessObject::kRecordNotFound);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Types, GoodsRecordRoundTripTest,
+    ::testing::Values(RoundTripCase{"Price",
+                                    "O0000600",
+                                    "GetPrices",
+                                    "OIDR",
+                                    {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(12.5)}},
+                                    "Mažmeninė",
+                                    "Preview",
+                                    "Mažmeninė",
+                                    {{"GoodPriceTypeID", Variant(4)}, {"Price", Variant(9.99)}},
+                                    "Klientų 'VIP'",
+                                    "Klientų 'VIP'"},
+                      RoundTripCase{"MinAmount",
+                                    "O0000700",
+                                    "GetMinAmount",
+                                    "OIDR",
+                                    {{"LocationID", Variant(1)}, {"MinAmount", Variant(5.5)}},
+                                    "Centrinis",
+                                    "Location",
+                                    "Centrinis",
+                                    {{"LocationID", Variant(3)}},
+                                    "Kauno 'Akropolis'",
+                                    "Kauno 'Akropolis'"},
+                      RoundTripCase{
+                          "Template",
+                          "O0000800",
+                          "GetGoodBRTemplates",
+                          "OIDR",
+                          {{"GoodBRTemplateTypeID", Variant(2)}, {"BRTemplateID", Variant(1)}},
+                          "Pardavimas",
+                          "BRTemplateName",
+                          "Prekės",
+                          {{"BRTemplateID", Variant(2)}},
+                          "Pardavimas",
+                          "Paslaugos"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodsRecordCallsTest, ANewPriceStartsInTheBaseCurrencyAndListsItsAmount) {
+  OrvelStatus status;
+  const std::string oidr = Create(
+      "O0000600",
+      {{"GoodID", Variant(2)}, {"GoodPriceTypeID", Variant(2)}, {"Price", Variant(3.4)}}, &status);
+  ASSERT_FALSE(oidr.empty()) << status.Text;
+  auto list = Read("O0000200", "GetPrices", "O00002002");
+  EXPECT_EQ(FieldNames(*list), (std::vector<std::string>{"OIDR", "ID", "Preview", "PriceType",
+                                                         "Code", "Currency", "Price", "FirmName"}));
+  EXPECT_THAT(Column(*list, "Code"), ElementsAre("EUR"));
+  EXPECT_THAT(Column(*list, "PriceType"), ElementsAre("Didmeninė"));
+  EXPECT_THAT(Column(*list, "Price"), ElementsAre("3.4"));
+}
+
+// The copy of a good writes its prices by the type's name alone.
+TEST_F(GoodsRecordCallsTest, APriceWrittenByNameGetsItsTypesId) {
+  Insert("INSERT INTO goods_prices (GoodID, PriceType, Currency, Price) VALUES (3, ?, 'EUR', 1)",
+         {"Klientų 'VIP'"});
+  EXPECT_EQ(One("SELECT GoodPriceTypeID FROM goods_prices"), Variant(PriceType("Klientų 'VIP'")));
+  auto record = Read("O0000600", "Orvel_ReadObject", "'O00006001'");
+  ASSERT_NE(record, nullptr);
+  EXPECT_EQ(ConcatText(record->Fields("Preview").Value()), "Klientų 'VIP'");
+}
+
+// ---- refused records -----------------------------------------------------
+
+struct RefusedCase {
+  const char* name;
+  const char* oid;
+  const char* table;
+  FieldValues fields;
+  const char* reason;
+};
+
+class GoodsRecordRefusedTest : public GoodsRecordCallsTest,
+                               public ::testing::WithParamInterface<RefusedCase> {};
+
+TEST_P(GoodsRecordRefusedTest, ABadRecordIsToldAndNothingIsWritten) {
+  const RefusedCase& c = GetParam();
+  const std::string before = Snapshot();
+  OrvelStatus status;
+  EXPECT_EQ(Create(c.oid, c.fields, &status), "");
+  EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
+  EXPECT_THAT(status.Text, HasSubstr(c.reason));
+  EXPECT_EQ(Rows(c.table), 0);
+  EXPECT_EQ(Snapshot(), before);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, GoodsRecordRefusedTest,
+    ::testing::Values(
+        RefusedCase{"PriceWithoutGood",
+                    "O0000600",
+                    "goods_prices",
+                    {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(1)}},
+                    "Nenurodyta prekė"},
+        RefusedCase{"PriceOfAnUnknownGood",
+                    "O0000600",
+                    "goods_prices",
+                    {{"GoodID", Variant(99)}, {"GoodPriceTypeID", Variant(1)}},
+                    "Nenurodyta prekė"},
+        RefusedCase{"UnknownPriceType",
+                    "O0000600",
+                    "goods_prices",
+                    {{"GoodID", Variant(2)}, {"GoodPriceTypeID", Variant(99)}},
+                    "Nėra tokio kainos tipo"},
+        RefusedCase{"WarehouseGroup",
+                    "O0000700",
+                    "goods_min_amounts",
+                    {{"GoodID", Variant(2)}, {"LocationID", Variant(2)}, {"MinAmount", Variant(1)}},
+                    "Nėra tokio sandėlio"},
+        RefusedCase{"UnknownTemplateType",
+                    "O0000800",
+                    "goods_templates",
+                    {{"GoodID", Variant(2)}, {"GoodBRTemplateTypeID", Variant(7)}},
+                    "Nėra tokio šablono tipo"},
+        RefusedCase{"UnknownTemplate",
+                    "O0000800",
+                    "goods_templates",
+                    {{"GoodID", Variant(2)},
+                     {"GoodBRTemplateTypeID", Variant(1)},
+                     {"BRTemplateID", Variant(9)}},
+                    "Nėra tokio šablono"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
+  OrvelStatus status;
+  const std::string oidr = Create(
+      "O0000600", {{"GoodID", Variant(2)}, {"GoodPriceTypeID", Variant(1)}, {"Price", Variant(7)}},
+      &status);
+  ASSERT_FALSE(oidr.empty()) << status.Text;
+  auto record = Read("O0000600", "Orvel_ReadObject", "'" + oidr + "'");
+  record->Fields("GoodPriceTypeID").SetValue(Variant(42));
+  record->Fields("Price").SetValue(Variant(8));
+  status = Save("O0000600", oidr, record);
+  EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
+  EXPECT_EQ(Text(One("SELECT GoodPriceTypeID || '|' || Price || '|' || Name FROM goods_prices")),
+            "1|7.0|Mažmeninė");
+}
+
+// ---- a file of the previous version --------------------------------------
+
+Variant One(SqliteDatabase& db, const std::string& sql) {
+  auto stmt = db.Prepare(sql);
+  return stmt.Step() ? stmt.Column(0) : Variant();
+}
+
+std::string Rows(SqliteDatabase& db, const std::string& sql) {
+  auto stmt = db.Prepare(sql);
+  std::string out;
+  while (stmt.Step()) {
+    for (int c = 0; c < stmt.ColumnCount(); ++c) out += ConcatText(stmt.Column(c)) + "|";
+    out += "\n";
+  }
+  return out;
+}
+
+// The file as the previous version made it: prices a call table with NOT
+// NULL columns and foreign keys, minimum amounts and templates from the
+// goods-details part, none of the three described, every part before this
+// one made.
+void MakePreviousVersionFile(const std::string& path) {
+  SqliteDatabase db(path);
+  SqliteTransaction transaction(db);
+  ReferenceDatabase::CreateSchema(db);
+  db.Exec(
+      "DROP TABLE goods_prices; DROP TABLE goods_min_amounts; DROP TABLE goods_templates;"
+      "DELETE FROM field_descriptions WHERE StructureName IN ('GoodPrices', 'GoodMinAmounts',"
+      " 'GoodBRTemplates');"
+      "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
+      " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
+  ReferenceDatabase::SeedSampleData(db);
+  db.Exec("CREATE TABLE schema_parts (Name TEXT PRIMARY KEY)");
+  for (const auto& part : SchemaParts()) {
+    if (part.name == "goods-detail-records") break;
+    if (part.create) part.create(db);
+    if (part.seed) part.seed(db);
+    auto made = db.Prepare("INSERT INTO schema_parts (Name) VALUES (?)");
+    made.Bind(1, Variant(part.name));
+    made.Run();
+  }
+  // A kept price type with an apostrophe, and a deleted last price whose ID
+  // must not be given again.
+  db.Exec(
+      "UPDATE goods_prices SET PriceType = 'Klientų ''VIP''' WHERE ID = 2;"
+      "INSERT INTO goods_prices (GoodID, PriceType, Currency, Price) SELECT GoodID, 'Laikina',"
+      " 'EUR', 1 FROM goods_prices WHERE ID = 1;"
+      "DELETE FROM goods_prices WHERE PriceType = 'Laikina';"
+      "PRAGMA user_version = " +
+      std::to_string(ReferenceDatabase::kSchemaVersion));
+  transaction.Commit();
+}
+
+TEST(GoodsRecordMigration, APreviousVersionFileKeepsItsRowsAndOpensTheRecords) {
+  TempDatabase file;
+  MakePreviousVersionFile(file.Path());
+  std::string prices;
+  std::string amounts;
+  double lastId = 0;
+  {
+    SqliteDatabase old(file.Path());
+    prices = Rows(old,
+                  "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
+                  " ORDER BY ID");
+    amounts = Rows(old, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts");
+    lastId = One(old, "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'").NumberValue();
+    ASSERT_GT(lastId, One(old, "SELECT MAX(ID) FROM goods_prices").NumberValue());
+  }
+  ASSERT_FALSE(amounts.empty());
+
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(Rows(*db,
+                 "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
+                 " ORDER BY ID"),
+            prices);
+  EXPECT_EQ(Rows(*db, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts"), amounts);
+  EXPECT_EQ(One(*db,
+                "SELECT COUNT(*) FROM goods_prices WHERE GoodPriceTypeID IS NULL"
+                " OR Name IS NULL OR Name <> PriceType"),
+            Variant(0));
+  EXPECT_EQ(One(*db, "SELECT Name FROM goods_prices WHERE ID = 2"), Variant("Klientų 'VIP'"));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM goods_min_amounts WHERE Name IS NULL"), Variant(0));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts WHERE Name = 'goods-detail-records'"),
+            Variant(1));
+
+  BusinessLayer layer(db);
+  layer.SetUserName("admin");
+  const std::string good = "O0000200" + ConcatText(One(*db,
+                                                       "SELECT GoodID FROM goods_prices"
+                                                       " WHERE ID = 2"));
+  auto list = layer.BusinessObject("O0000200")->GetCall("GetPrices", good, 0);
+  ASSERT_EQ(list.Number, 0) << list.Text;
+  auto listed = std::dynamic_pointer_cast<Recordset>(list.Object);
+  std::vector<std::string> keys;
+  for (listed->MoveFirst(); !listed->IsEOF(); listed->MoveNext()) {
+    keys.push_back(ConcatText(listed->Fields("OIDR").Value()));
+  }
+  EXPECT_THAT(keys, Contains("O00006002"));
+
+  // A price as the card writes it is taken under the old constraints, and
+  // takes an ID never given before.
+  auto prices600 = layer.BusinessObject("O0000600");
+  auto structure = prices600->RecordsetCall("Orvel_GetObjectStructure", "GoodPrices", 0);
+  ASSERT_EQ(structure.Number, 0);
+  EXPECT_EQ(std::dynamic_pointer_cast<Recordset>(structure.Object)->RecordCount(), 8);
+  auto fresh = std::dynamic_pointer_cast<Recordset>(
+      prices600->GetCall("Orvel_NewObject", "'O0000600'", 0).Object);
+  ASSERT_NE(fresh, nullptr);
+  fresh->Fields("GoodID").SetValue(Variant(CLng(Variant(good.substr(8)))));
+  fresh->Fields("GoodPriceTypeID").SetValue(Variant(1));
+  fresh->Fields("Price").SetValue(Variant(2.5));
+  Variant::Array array{Variant(fresh), Variant(std::shared_ptr<Recordset>()),
+                       Variant(std::shared_ptr<Recordset>())};
+  auto saved = prices600->ExecArrayCall("Orvel_SaveObject", "'O0000600',''", array);
+  ASSERT_EQ(saved.Number, 0) << saved.Text;
+  EXPECT_GT(fresh->Fields("ID").Value().NumberValue(), lastId);
+  EXPECT_EQ(ConcatText(One(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC")),
+            "Mažmeninė");
+  auto read = prices600->GetCall("Orvel_ReadObject", "'O00006002'", 0);
+  EXPECT_EQ(read.Number, 0) << read.Text;
+}
+
+}  // namespace
+}  // namespace orvel

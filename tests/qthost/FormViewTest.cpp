@@ -1,0 +1,940 @@
+// The renderer: headless forms drawn by FormView and the host's field sheet
+// by FieldSheetView. Each case drives the widgets as a user would (or emits
+// the widget's own signal where the platform has no pointer) and checks the
+// module's side, or changes the model and checks the widget.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QDateEdit>
+#include <QDir>
+#include <QFormLayout>
+#include <QHeaderView>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QSignalSpy>
+#include <QTabWidget>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+#include <QTreeWidget>
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "banks/frmBanks.h"
+#include "currencies/frmCurrencyRates.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/Picture.h"
+#include "host/RuntimeError.h"
+#include "hostkit/ComponentRegistry.h"
+#include "hostkit/FieldSheet.h"
+#include "qthost/FieldSheetView.h"
+#include "qthost/FormView.h"
+#include "support/ModuleTest.h"
+#include "support/StubObjectUIO.h"
+#include "testhost/TestWindowManager.h"
+#include "ui/Button.h"
+#include "ui/CheckBox.h"
+#include "ui/ComboBox.h"
+#include "ui/DTPicker.h"
+#include "ui/Form.h"
+#include "ui/ImageCombo.h"
+#include "ui/Label.h"
+#include "ui/ListView.h"
+#include "ui/Menu.h"
+#include "ui/OptionButton.h"
+#include "ui/Panel.h"
+#include "ui/TextBox.h"
+#include "ui/Timer.h"
+
+namespace orvel {
+namespace {
+
+std::string Str(const QString& text) { return text.toStdString(); }
+
+void Snap(QWidget& widget, const char* name) {
+  QDir().mkpath(ORVEL_SCREENSHOT_DIR);
+  widget.grab().save(QString(ORVEL_SCREENSHOT_DIR) + "/" + name + ".png");
+}
+
+// A small bookkeeping window with one control of every kind, whose handlers
+// write what happened into `log`.
+class LedgerForm : public Form {
+ public:
+  LedgerForm()
+      : Form("frmLedger"),
+        mnuSave(mnuFile.Add("mnuSave", "Įrašyti")),
+        mnuLine(mnuFile.Add("mnuLine", "-")),
+        mnuQuit(mnuFile.Add("mnuQuit", "Baigti")),
+        mnuCopy(mnuPopup.Add("mnuCopy", "Kopijuoti")) {
+    SetCaption("Sąskaitos kortelė");
+    SOPanel.SetCaption("Sąskaitų planas");
+    lblCode.SetCaption("Kodas:");
+    lblKind.SetCaption("Rūšis:");
+    lblDate.SetCaption("Data:");
+    lblNote.SetCaption("Pastaba: įrašykite sąskaitos kodą");
+    chkActive.SetCaption("Naudojama");
+    optDebit.SetCaption("Debetinė");
+    optCredit.SetCaption("Kreditinė");
+    OptionButton::Group({&optDebit, &optCredit});
+    optDebit.SetValue(true);
+    cmdOK.SetCaption("Gerai");
+    cmdCancel.SetCaption("Atšaukti");
+    cmbKind.SetStyle(vbComboDropdownList);
+    lblCurrency.SetCaption("Valiuta:");
+    imgCurrency.ComboItems().Add("EUR", "Euras");
+    imgCurrency.ComboItems().Add("USD", "JAV doleris");
+    cmbSearch.AddItem("Šiaulių bankas");
+    for (const char* kind : {"Aktyvai", "Pasyvai", "Pajamos"}) cmbKind.AddItem(kind);
+    dtpDate.SetValue(Variant(DateSerial(2026, 11, 23)));
+    mnuPopup.SetVisible(false);
+    auto& columns = lvwAccounts.ColumnHeaders();
+    columns.Add(0, "", "Sąskaita", 1200);
+    columns.Add(0, "", "Pavadinimas", 3600);
+    columns.Add(0, "", "Likutis", 1500, lvwColumnRight);
+    AddRow("K1", "2410", "Pirkėjų įsiskolinimas", "1 250,00");
+    AddRow("K2", "4430", "Skolos tiekėjams", "830,50");
+    AddRow("K3", "2710", "Pinigai banke", "12 004,10");
+    for (Control* c : std::initializer_list<Control*>{
+             &mnuFile,     &mnuPopup,  &SOPanel,   &lblCode,   &txtCode,
+             &lblKind,     &cmbKind,   &lblDate,   &dtpDate,   &lblCurrency,
+             &imgCurrency, &cmbSearch, &chkActive, &optDebit,  &optCredit,
+             &lvwAccounts, &lblNote,   &cmdOK,     &cmdCancel, &tmrRefresh}) {
+      Register(*c);
+    }
+    Wire();
+  }
+
+  void AddRow(const char* key, const char* code, const char* name, const char* balance) {
+    ListItem& row = lvwAccounts.ListItems().Add(0, key, code);
+    row.ListSubItems().Add(0, "", name);
+    row.ListSubItems().Add(0, "", balance);
+  }
+
+  Menu mnuFile{"mnuFile", "Failas"};
+  Menu& mnuSave;
+  Menu& mnuLine;
+  Menu& mnuQuit;
+  Menu mnuPopup{"mnuPopup", "Veiksmai"};
+  Menu& mnuCopy;
+  Panel SOPanel{"SOPanel"};
+  Label lblCode{"lblCode"};
+  TextBox txtCode{"txtCode"};
+  Label lblKind{"lblKind"};
+  ComboBox cmbKind{"cmbKind"};
+  Label lblCurrency{"lblCurrency"};
+  ImageCombo imgCurrency{"imgCurrency"};
+  ComboBox cmbSearch{"cmbSearch"};  // a drop-down combo that takes any text
+  Label lblDate{"lblDate"};
+  DTPicker dtpDate{"dtpDate"};
+  CheckBox chkActive{"chkActive"};
+  OptionButton optDebit{"optDebit"};
+  OptionButton optCredit{"optCredit"};
+  ListView lvwAccounts{"lvwAccounts"};
+  Label lblNote{"lblNote"};
+  Button cmdOK{"cmdOK"};
+  Button cmdCancel{"cmdCancel"};
+  Timer tmrRefresh{"tmrRefresh"};
+
+  std::vector<std::string> log;
+  bool cancelUnload = false;
+  bool swallowDigits = false;
+  bool codeRequired = false;
+
+ protected:
+  void Form_QueryUnload(bool& cancel) override { cancel = cancelUnload; }
+  void Form_KeyPress(int& keyAscii) override {
+    if (swallowDigits && keyAscii >= '0' && keyAscii <= '9') keyAscii = 0;
+  }
+
+ private:
+  void Note(std::string line) { log.push_back(std::move(line)); }
+
+  void Wire() {
+    cmdOK.OnClick = [this] { Note("cmdOK.Click"); };
+    cmdCancel.OnClick = [this] { Note("cmdCancel.Click"); };
+    cmdCancel.OnMouseUp = [this](int button, int) {
+      if (button != vbLeftButton) Note("cmdCancel.MouseUp " + std::to_string(button));
+    };
+    txtCode.OnChange = [this] { Note("txtCode.Change " + txtCode.Text()); };
+    // Codes are upper case: the box turns letters as they are typed.
+    txtCode.OnKeyPress = [this](int& key) {
+      if (key >= 'a' && key <= 'z') key -= 'a' - 'A';
+      Note("txtCode.KeyPress " + std::to_string(key));
+    };
+    txtCode.OnValidate = [this](bool& cancel) {
+      cancel = codeRequired && txtCode.Text().empty();
+      if (cancel) Note("txtCode.Validate cancelled");
+    };
+    cmbKind.OnClick = [this] { Note("cmbKind.Click " + cmbKind.Text()); };
+    cmbSearch.OnChange = [this] { Note("cmbSearch.Change " + cmbSearch.Text()); };
+    imgCurrency.OnClick = [this] { Note("imgCurrency.Click " + imgCurrency.Text()); };
+    dtpDate.OnChange = [this] {
+      const Variant value = dtpDate.Value();
+      Note("dtpDate.Change " +
+           (value.IsNull() ? "Null" : FormatDate(value.DateValue(), Locale::Lithuanian())));
+    };
+    chkActive.OnClick = [this] { Note("chkActive.Click " + std::to_string(chkActive.Value())); };
+    optCredit.OnClick = [this] { Note("optCredit.Click"); };
+    lvwAccounts.OnItemClick = [this](ListItem& row) { Note("lvwAccounts.ItemClick " + row.Key()); };
+    lvwAccounts.OnMouseUp = [this](int button, int) {
+      if (button == vbLeftButton) return;
+      ListItem* selected = lvwAccounts.SelectedItem();
+      Note("lvwAccounts.MouseUp " + std::to_string(button) + " " +
+           (selected ? selected->Key() : "-"));
+    };
+    lvwAccounts.OnKeyDown = [this](int& key, int) {
+      Note("lvwAccounts.KeyDown " + std::to_string(key));
+    };
+    lvwAccounts.OnColumnClick = [this](int column) {
+      Note("lvwAccounts.ColumnClick " + std::to_string(column));
+    };
+    lvwAccounts.OnDblClick = [this] { Note("lvwAccounts.DblClick"); };
+    lvwAccounts.OnItemCheck = [this](ListItem& row) {
+      Note("lvwAccounts.ItemCheck " + row.Key() + " " + std::to_string(row.Checked()));
+    };
+    mnuSave.OnClick = [this] { Note("mnuSave.Click"); };
+    tmrRefresh.OnTimer = [this] { Note("tmrRefresh.Timer"); };
+  }
+};
+
+class FormViewTest : public ::testing::Test {
+ public:
+  void SetUp() override {
+    form_.Show();
+    view_ = std::make_unique<FormView>(form_);
+    view_->show();
+    QApplication::processEvents();
+    form_.log.clear();
+  }
+  void TearDown() override { view_.reset(); }
+
+  QWidget* W(const char* name) const { return view_->WidgetNamed(name); }
+  template <class Widget>
+  Widget* As(const char* name) const {
+    return qobject_cast<Widget*>(W(name));
+  }
+  QTreeWidget* Tree() const { return As<QTreeWidget>("lvwAccounts"); }
+  QPoint RowPoint(int row) const {
+    return Tree()->visualItemRect(Tree()->topLevelItem(row)).center();
+  }
+  QAction* Action(const char* name) const { return view_->findChild<QAction*>(name); }
+  QWidget* View() const { return view_.get(); }
+  LedgerForm& Ledger() { return form_; }
+  template <class Found>
+  Found* Find(const char* name) const {
+    return view_->findChild<Found*>(name);
+  }
+
+ protected:
+  LedgerForm form_;
+  std::unique_ptr<FormView> view_;
+};
+
+TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
+  Snap(*view_, "ledger");
+  EXPECT_EQ(Str(view_->windowTitle()), "Sąskaitos kortelė");
+  EXPECT_EQ(Str(As<QLabel>("SOPanel")->text()), "Sąskaitų planas");
+  EXPECT_EQ(Str(As<QPushButton>("cmdCancel")->text()), "Atšaukti");
+  EXPECT_EQ(Str(As<QCheckBox>("chkActive")->text()), "Naudojama");
+  EXPECT_EQ(Str(As<QComboBox>("cmbKind")->itemText(2)), "Pajamos");
+  EXPECT_EQ(view_->findChild<QDateEdit*>("dtpDate.date")->date(), QDate(2026, 11, 23));
+  EXPECT_TRUE(As<QRadioButton>("optDebit")->isChecked());
+  ASSERT_EQ(Tree()->topLevelItemCount(), 3);
+  EXPECT_EQ(Str(Tree()->headerItem()->text(2)), "Likutis");
+  EXPECT_EQ(Str(Tree()->topLevelItem(0)->text(1)), "Pirkėjų įsiskolinimas");
+  EXPECT_EQ(Tree()->columnWidth(1), 3600 / 15);
+
+  // A label and the input after it make one form row; a lone label spans.
+  for (const char* field : {"txtCode", "cmbKind", "dtpDate"}) {
+    QLabel* buddyOf = nullptr;
+    for (QLabel* label : view_->findChildren<QLabel*>()) {
+      if (label->buddy() == W(field)) buddyOf = label;
+    }
+    ASSERT_NE(buddyOf, nullptr) << field;
+  }
+  // The bar holds the visible menu only; the popup has no entry.
+  auto* bar = view_->findChild<QMenuBar*>();
+  ASSERT_NE(bar, nullptr);
+  ASSERT_EQ(bar->actions().size(), 2);
+  EXPECT_TRUE(bar->actions()[0]->isVisible());
+  EXPECT_EQ(Str(bar->actions()[0]->text()), "Failas");
+  EXPECT_FALSE(bar->actions()[1]->isVisible());
+  EXPECT_EQ(W("mnuPopup"), nullptr);
+  EXPECT_EQ(W("tmrRefresh"), nullptr);
+  // Buttons sit under the list, to the right; the status panel under them.
+  const QRect ok = W("cmdOK")->geometry();
+  EXPECT_GT(ok.top(), Tree()->geometry().bottom());
+  EXPECT_GT(ok.left(), view_->width() / 2);
+  EXPECT_GT(W("SOPanel")->geometry().top(), ok.bottom());
+  EXPECT_GE(view_->minimumWidth(), 500);
+}
+
+// --- the model changed: the widget shows it ---------------------------------
+
+struct Mirroring {
+  const char* name;
+  std::function<void(LedgerForm&)> change;
+  std::function<bool(FormViewTest&, FormView&)> shows;
+};
+
+class FormViewMirrorTest : public FormViewTest, public ::testing::WithParamInterface<Mirroring> {};
+
+TEST_P(FormViewMirrorTest, AModelChangeShowsInTheWidget) {
+  ASSERT_FALSE(GetParam().shows(*this, *view_)) << "shown before the change";
+  GetParam().change(form_);
+  QApplication::processEvents();
+  EXPECT_TRUE(GetParam().shows(*this, *view_));
+}
+
+using F = LedgerForm;
+using T = FormViewTest;
+INSTANTIATE_TEST_SUITE_P(
+    Properties, FormViewMirrorTest,
+    ::testing::Values(
+        Mirroring{"FormCaption", [](F& f) { f.SetCaption("Sąskaita 2410"); },
+                  [](T&, FormView& v) { return v.windowTitle() == "Sąskaita 2410"; }},
+        Mirroring{"FormEnabled", [](F& f) { f.SetEnabled(false); },
+                  [](T&, FormView& v) { return !v.isEnabled(); }},
+        Mirroring{"Text", [](F& f) { f.txtCode.SetText("ŽŪ-1"); },
+                  [](T& t, FormView&) { return t.Find<QLineEdit>("txtCode")->text() == "ŽŪ-1"; }},
+        Mirroring{"Locked", [](F& f) { f.txtCode.SetLocked(true); },
+                  [](T& t, FormView&) { return t.Find<QLineEdit>("txtCode")->isReadOnly(); }},
+        Mirroring{"MaxLength", [](F& f) { f.txtCode.SetMaxLength(6); },
+                  [](T& t, FormView&) { return t.Find<QLineEdit>("txtCode")->maxLength() == 6; }},
+        Mirroring{
+            "ButtonCaption", [](F& f) { f.cmdOK.SetCaption("Įrašyti"); },
+            [](T& t, FormView&) { return t.Find<QPushButton>("cmdOK")->text() == "Įrašyti"; }},
+        Mirroring{"LabelCaption", [](F& f) { f.lblNote.SetCaption("Įrašyta"); },
+                  [](T& t, FormView&) { return t.Find<QLabel>("lblNote")->text() == "Įrašyta"; }},
+        Mirroring{"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); },
+                  [](T& t, FormView&) {
+                    return t.Find<QLabel>("lblNote")->palette().color(QPalette::WindowText) ==
+                           QColor(255, 0, 0);
+                  }},
+        Mirroring{
+            "PanelCaption", [](F& f) { f.SOPanel.SetCaption("Nauja sąskaita"); },
+            [](T& t, FormView&) { return t.Find<QLabel>("SOPanel")->text() == "Nauja sąskaita"; }},
+        Mirroring{
+            "PanelToolTip", [](F& f) { f.SOPanel.SetToolTipText("Plano eilutė"); },
+            [](T& t, FormView&) { return t.Find<QLabel>("SOPanel")->toolTip() == "Plano eilutė"; }},
+        Mirroring{"CheckGrayed", [](F& f) { f.chkActive.SetValue(vbGrayed); },
+                  [](T& t, FormView&) {
+                    return t.Find<QCheckBox>("chkActive")->checkState() == Qt::PartiallyChecked;
+                  }},
+        Mirroring{"OptionGroup", [](F& f) { f.optCredit.SetValue(true); },
+                  [](T& t, FormView&) {
+                    return t.Find<QRadioButton>("optCredit")->isChecked() &&
+                           !t.Find<QRadioButton>("optDebit")->isChecked();
+                  }},
+        Mirroring{"ComboPick", [](F& f) { f.cmbKind.SetListIndex(1); },
+                  [](T& t, FormView&) {
+                    return t.Find<QComboBox>("cmbKind")->currentText() == "Pasyvai";
+                  }},
+        Mirroring{"ImageComboPick",
+                  [](F& f) { f.imgCurrency.SetSelectedItem(&f.imgCurrency.ComboItems().Item(2)); },
+                  [](T& t, FormView&) {
+                    return t.Find<QComboBox>("imgCurrency")->currentText() == "JAV doleris";
+                  }},
+        Mirroring{"ImageComboText", [](F& f) { f.imgCurrency.SetText("Litas"); },
+                  [](T& t, FormView&) {
+                    auto* combo = t.Find<QComboBox>("imgCurrency");
+                    return combo->currentIndex() == -1 && combo->placeholderText() == "Litas";
+                  }},
+        Mirroring{"ImageComboRows", [](F& f) { f.imgCurrency.ComboItems().Add("GBP", "Svaras"); },
+                  [](T& t, FormView&) { return t.Find<QComboBox>("imgCurrency")->count() == 3; }},
+        Mirroring{"ComboText", [](F& f) { f.cmbSearch.SetText("Kita"); },
+                  [](T& t, FormView&) {
+                    return t.Find<QComboBox>("cmbSearch")->currentText() == "Kita";
+                  }},
+        Mirroring{"ComboRows", [](F& f) { f.cmbKind.AddItem("Nebalansinės"); },
+                  [](T& t, FormView&) { return t.Find<QComboBox>("cmbKind")->count() == 4; }},
+        Mirroring{"Date", [](F& f) { f.dtpDate.SetValue(Variant(DateSerial(2027, 1, 31))); },
+                  [](T& t, FormView&) {
+                    return t.Find<QDateEdit>("dtpDate.date")->date() == QDate(2027, 1, 31);
+                  }},
+        Mirroring{"DateUnticked",
+                  [](F& f) {
+                    f.dtpDate.SetCheckBox(true);
+                    f.dtpDate.SetValue(Variant::Null());
+                  },
+                  [](T& t, FormView&) {
+                    return t.Find<QCheckBox>("dtpDate.tick")->isVisible() &&
+                           !t.Find<QCheckBox>("dtpDate.tick")->isChecked() &&
+                           !t.Find<QDateEdit>("dtpDate.date")->isEnabled();
+                  }},
+        Mirroring{"ListRowAdded", [](F& f) { f.AddRow("K4", "6110", "Sąnaudos", "0,00"); },
+                  [](T& t, FormView&) { return t.Tree()->topLevelItemCount() == 4; }},
+        Mirroring{"ListSubItem",
+                  [](F& f) {
+                    f.lvwAccounts.ListItems().Item(2).ListSubItems().Item(2).SetText("900,00");
+                  },
+                  [](T& t, FormView&) { return t.Tree()->topLevelItem(1)->text(2) == "900,00"; }},
+        Mirroring{"ListBold", [](F& f) { f.lvwAccounts.ListItems().Item(3).SetBold(true); },
+                  [](T& t, FormView&) { return t.Tree()->topLevelItem(2)->font(0).bold(); }},
+        Mirroring{"ListColumn", [](F& f) { f.lvwAccounts.ColumnHeaders().Item(3).SetText("Suma"); },
+                  [](T& t, FormView&) { return t.Tree()->headerItem()->text(2) == "Suma"; }},
+        Mirroring{"ListSelection",
+                  [](F& f) { f.lvwAccounts.SetSelectedItem(&f.lvwAccounts.ListItems().Item(2)); },
+                  [](T& t, FormView&) {
+                    return t.Tree()->currentItem() == t.Tree()->topLevelItem(1) &&
+                           t.Tree()->topLevelItem(1)->isSelected();
+                  }},
+        Mirroring{
+            "ListSorted",
+            [](F& f) {
+              f.lvwAccounts.SetSortKey(1);
+              f.lvwAccounts.SetSorted(true);
+            },
+            [](T& t, FormView&) { return t.Tree()->topLevelItem(0)->text(1) == "Pinigai banke"; }},
+        Mirroring{"ListChecks",
+                  [](F& f) {
+                    f.lvwAccounts.SetCheckboxes(true);
+                    f.lvwAccounts.ListItems().Item(1).SetChecked(true);
+                  },
+                  [](T& t, FormView&) {
+                    return t.Tree()->topLevelItem(0)->checkState(0) == Qt::Checked;
+                  }},
+        Mirroring{"Disabled", [](F& f) { f.cmdOK.SetEnabled(false); },
+                  [](T& t, FormView&) { return !t.Find<QPushButton>("cmdOK")->isEnabled(); }},
+        Mirroring{"Hidden", [](F& f) { f.txtCode.SetVisible(false); },
+                  [](T& t, FormView&) { return t.Find<QLineEdit>("txtCode")->isHidden(); }},
+        Mirroring{
+            "MenuCaption", [](F& f) { f.mnuSave.SetCaption("Įrašyti viską"); },
+            [](T& t, FormView&) { return t.Find<QAction>("mnuSave")->text() == "Įrašyti viską"; }},
+        Mirroring{"MenuDisabled", [](F& f) { f.mnuSave.SetEnabled(false); },
+                  [](T& t, FormView&) { return !t.Find<QAction>("mnuSave")->isEnabled(); }},
+        Mirroring{"MenuEntryAdded", [](F& f) { f.mnuFile.Add("mnuExport", "Eksportuoti"); },
+                  [](T& t, FormView&) { return t.Find<QAction>("mnuExport") != nullptr; }},
+        Mirroring{"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); },
+                  [](T& t, FormView& v) {
+                    return v.WidgetNamed("mnuPopup") != nullptr &&
+                           t.Find<QMenuBar>("")->actions()[1]->isVisible();
+                  }},
+        Mirroring{"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); },
+                  [](T& t, FormView&) {
+                    auto* timer = t.Find<QTimer>("tmrRefresh");
+                    return timer->isActive() && timer->interval() == 500;
+                  }}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// --- the user acts: the model's event is raised -----------------------------
+
+struct UserAction {
+  const char* name;
+  const char* control;  // the control (or menu entry) the action is on
+  std::function<void(FormViewTest&)> act;
+  std::vector<std::string> raised;
+};
+
+class FormViewEventTest : public FormViewTest, public ::testing::WithParamInterface<UserAction> {
+ public:
+  Control& Target() {
+    if (Control* c = form_.FindControl(GetParam().control)) return *c;
+    return *form_.mnuFile.Find(GetParam().control);
+  }
+};
+
+TEST_P(FormViewEventTest, TheUsersActionRaisesTheEvent) {
+  GetParam().act(*this);
+  QApplication::processEvents();
+  EXPECT_EQ(form_.log, GetParam().raised);
+}
+
+TEST_P(FormViewEventTest, ADisabledControlRaisesNothing) {
+  Target().SetEnabled(false);
+  QApplication::processEvents();
+  GetParam().act(*this);
+  QApplication::processEvents();
+  EXPECT_EQ(form_.log, std::vector<std::string>{});
+}
+
+// Typing letters QTest has no key for (Lithuanian ones): each a key press
+// that carries its text, as a keyboard layout delivers it.
+void TypeText(QWidget* widget, const char* utf8) {
+  for (QChar c : QString::fromUtf8(utf8)) {
+    const int key = c.unicode() < 128 ? int{c.toUpper().unicode()} : int{Qt::Key_unknown};
+    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(widget, &press);
+    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, QString(c));
+    QApplication::sendEvent(widget, &release);
+  }
+}
+
+// A click on the box of a check or option button (its row may be wide).
+void ClickBox(QWidget* widget) {
+  QTest::mouseClick(widget, Qt::LeftButton, {}, QPoint(8, widget->height() / 2));
+}
+
+void RightClick(QWidget* widget, QPoint at) {
+  QTest::mousePress(widget, Qt::RightButton, {}, at);
+  QTest::mouseRelease(widget, Qt::RightButton, {}, at);
+}
+
+using E = FormViewTest;
+using Lines = std::vector<std::string>;
+INSTANTIATE_TEST_SUITE_P(
+    Actions, FormViewEventTest,
+    ::testing::Values(
+        UserAction{"ButtonClick", "cmdOK",
+                   [](E& t) { QTest::mouseClick(t.W("cmdOK"), Qt::LeftButton); },
+                   Lines{"cmdOK.Click"}},
+        UserAction{"ButtonRightClick", "cmdCancel",
+                   [](E& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); },
+                   Lines{"cmdCancel.MouseUp 2"}},
+        UserAction{"Typing", "txtCode", [](E& t) { QTest::keyClicks(t.W("txtCode"), "ab"); },
+                   Lines{"txtCode.KeyPress 65", "txtCode.Change A", "txtCode.KeyPress 66",
+                         "txtCode.Change AB"}},
+        UserAction{"Check", "chkActive", [](E& t) { ClickBox(t.W("chkActive")); },
+                   Lines{"chkActive.Click 1"}},
+        UserAction{"Option", "optCredit", [](E& t) { ClickBox(t.W("optCredit")); },
+                   Lines{"optCredit.Click"}},
+        UserAction{"ComboTyping", "cmbSearch",
+                   [](E& t) { TypeText(t.View()->findChild<QLineEdit*>("cmbSearch.edit"), "Šv"); },
+                   Lines{"cmbSearch.Change Š", "cmbSearch.Change Šv"}},
+        UserAction{"ImageComboPick", "imgCurrency",
+                   [](E& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); },
+                   Lines{"imgCurrency.Click JAV doleris"}},
+        UserAction{"ComboPick", "cmbKind",
+                   [](E& t) { emit t.As<QComboBox>("cmbKind")->activated(2); },
+                   Lines{"cmbKind.Click Pajamos"}},
+        UserAction{"DatePick", "dtpDate",
+                   [](E& t) {
+                     t.View()->findChild<QDateEdit*>("dtpDate.date")->setDate(QDate(2026, 12, 31));
+                   },
+                   Lines{"dtpDate.Change 2026-12-31"}},
+        UserAction{"ListRowClick", "lvwAccounts",
+                   [](E& t) {
+                     QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1));
+                   },
+                   Lines{"lvwAccounts.ItemClick K2"}},
+        UserAction{"ListRightClick", "lvwAccounts",
+                   [](E& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); },
+                   Lines{"lvwAccounts.MouseUp 2 K3"}},
+        UserAction{"ListDoubleClick", "lvwAccounts",
+                   [](E& t) {
+                     // A double click lands on the row its first click selected.
+                     auto& list = t.Ledger().lvwAccounts;
+                     list.SetSelectedItem(&list.ListItems().Item(1));
+                     QMouseEvent dbl(QEvent::MouseButtonDblClick, QPointF(t.RowPoint(0)),
+                                     QPointF(t.Tree()->viewport()->mapToGlobal(t.RowPoint(0))),
+                                     Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+                     QApplication::sendEvent(t.Tree()->viewport(), &dbl);
+                   },
+                   Lines{"lvwAccounts.DblClick"}},
+        UserAction{"ListTick", "lvwAccounts",
+                   [](E& t) {
+                     t.Ledger().lvwAccounts.SetCheckboxes(true);
+                     t.Tree()->topLevelItem(2)->setCheckState(0, Qt::Checked);
+                     QApplication::processEvents();
+                     // What the list shows afterwards is the model's tick.
+                     EXPECT_EQ(t.Tree()->topLevelItem(2)->checkState(0) == Qt::Checked,
+                               t.Ledger().lvwAccounts.ListItems().Item(3).Checked());
+                   },
+                   Lines{"lvwAccounts.ItemCheck K3 1"}},
+        UserAction{"ListF5", "lvwAccounts", [](E& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); },
+                   Lines{"lvwAccounts.KeyDown 116"}},
+        UserAction{"ListColumnClick", "lvwAccounts",
+                   [](E& t) { emit t.Tree()->header()->sectionClicked(2); },
+                   Lines{"lvwAccounts.ColumnClick 3"}},
+        UserAction{"MenuEntry", "mnuSave", [](E& t) { t.Action("mnuSave")->trigger(); },
+                   Lines{"mnuSave.Click"}}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// --- keys, focus, closing, failures -----------------------------------------
+
+TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
+  // The box's handler replaced the letters; the form swallows digits first.
+  form_.SetKeyPreview(true);
+  form_.swallowDigits = true;
+  QTest::keyClicks(W("txtCode"), "a1b");
+  EXPECT_EQ(Str(As<QLineEdit>("txtCode")->text()), "AB");
+  EXPECT_EQ(form_.txtCode.Text(), "AB");
+  EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
+  // Without KeyPreview the form does not see the keys.
+  form_.SetKeyPreview(false);
+  QTest::keyClicks(W("txtCode"), "2");
+  EXPECT_EQ(form_.txtCode.Text(), "AB2");
+}
+
+TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
+  QApplication::setActiveWindow(view_.get());
+  ASSERT_TRUE(QTest::qWaitForWindowActive(view_.get()));
+  form_.codeRequired = true;
+  W("txtCode")->setFocus();
+  QApplication::processEvents();
+  ASSERT_EQ(form_.ActiveControl(), &form_.txtCode);
+
+  // A click on the button does not move the focus, nor click.
+  QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
+  QApplication::processEvents();
+  EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
+  EXPECT_EQ(QApplication::focusWidget(), W("txtCode"));
+  EXPECT_EQ(form_.log, Lines{"txtCode.Validate cancelled"});
+
+  // Nor does Tab.
+  form_.log.clear();
+  QTest::keyClick(W("txtCode"), Qt::Key_Tab);
+  QApplication::processEvents();
+  EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
+  EXPECT_EQ(QApplication::focusWidget(), W("txtCode"));
+  EXPECT_EQ(form_.log, Lines{"txtCode.Validate cancelled"});
+
+  // Once the code is there the focus moves and the click happens.
+  form_.log.clear();
+  QTest::keyClicks(W("txtCode"), "x");
+  QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
+  QApplication::processEvents();
+  EXPECT_EQ(form_.ActiveControl(), &form_.cmdOK);
+  EXPECT_EQ(form_.log.back(), "cmdOK.Click");
+}
+
+TEST_F(FormViewTest, ClosingAsksTheFormAndACancelKeepsTheWindow) {
+  QSignalSpy hidden(view_.get(), &FormView::formHidden);
+  form_.cancelUnload = true;
+  EXPECT_FALSE(view_->close());
+  EXPECT_TRUE(form_.Loaded());
+  EXPECT_EQ(hidden.count(), 0);
+
+  form_.cancelUnload = false;
+  EXPECT_TRUE(view_->close());
+  EXPECT_FALSE(form_.Loaded());
+  EXPECT_EQ(hidden.count(), 1);  // once, though both Visible and Loaded changed
+}
+
+TEST_F(FormViewTest, AFormHiddenByTheModuleSaysSoOnceAndAgainAfterShowing) {
+  QSignalSpy hidden(view_.get(), &FormView::formHidden);
+  form_.Hide();
+  form_.Hide();
+  EXPECT_EQ(hidden.count(), 1);
+  form_.Show();
+  form_.Unload();
+  EXPECT_EQ(hidden.count(), 2);
+}
+
+TEST_F(FormViewTest, AFailureInAHandlerIsShownAndNotThrownIntoQt) {
+  form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
+  QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
+  auto* failure = view_->findChild<QLabel*>("failure");
+  ASSERT_NE(failure, nullptr);
+  EXPECT_TRUE(failure->isVisible());
+  EXPECT_NE(Str(failure->text()).find("Sąskaita užimta"), std::string::npos);
+}
+
+TEST_F(FormViewTest, AnEnabledTimerTicksItsControl) {
+  form_.tmrRefresh.SetInterval(5);
+  for (int waited = 0; waited < 2000 && form_.log.empty(); waited += 10) QTest::qWait(10);
+  ASSERT_FALSE(form_.log.empty());
+  EXPECT_EQ(form_.log.front(), "tmrRefresh.Timer");
+  form_.tmrRefresh.SetEnabled(false);
+  EXPECT_FALSE(view_->findChild<QTimer*>("tmrRefresh")->isActive());
+}
+
+// Rows name their icons by key in the catalogue the host registered; a key
+// the catalogue lacks, or a picture that does not hold what its header says,
+// draws no icon (and nothing breaks).
+struct IconCase {
+  const char* name;
+  std::vector<std::string> xpm;
+  const char* key;
+  bool drawn;
+};
+
+class FormViewIconTest : public FormViewTest, public ::testing::WithParamInterface<IconCase> {};
+
+TEST_P(FormViewIconTest, ARowShowsItsIconFromTheCatalogue) {
+  auto catalogue = std::make_shared<RegisteredCatalogue>();
+  catalogue->objectIcons.push_back({"C0000100", std::make_shared<Picture>("firm", GetParam().xpm)});
+  form_.lvwAccounts.SetSmallIcons(catalogue);
+  form_.lvwAccounts.ListItems().Item(1).SetSmallIcon(GetParam().key);
+  EXPECT_EQ(!Tree()->topLevelItem(0)->icon(0).isNull(), GetParam().drawn);
+  EXPECT_TRUE(Tree()->topLevelItem(1)->icon(0).isNull());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Icons, FormViewIconTest,
+    ::testing::Values(
+        IconCase{"Known", {"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."}, "C0000100", true},
+        IconCase{"KeyInOtherCase",
+                 {"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."},
+                 "c0000100",
+                 true},
+        IconCase{"UnknownKey", {"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."}, "C9", false},
+        IconCase{"RowsMissing", {"2 9 2 1", ". c #FFFFFF", "# c #0000FF", ".#"}, "C0000100", false},
+        IconCase{"RowTooShort",
+                 {"4 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."},
+                 "C0000100",
+                 false},
+        IconCase{"NoHeader", {"picture"}, "C0000100", false}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FormViewTest, TheViewLetsGoOfTheFormAndItsControls) {
+  view_.reset();
+  for (Control* control : form_.Controls()) EXPECT_EQ(control->Observer(), nullptr);
+  EXPECT_EQ(form_.mnuSave.Observer(), nullptr);
+  // Changes after the view went touch nothing.
+  form_.txtCode.SetText("X");
+  form_.AddRow("K9", "1", "2", "3");
+  form_.SetCaption("Kita");
+}
+
+// --- the field sheet --------------------------------------------------------
+
+// An object with three fields: a text, a whole number and a date, plus one
+// hidden.
+class SheetObject : public StubObjectUIO {
+ public:
+  SheetObject() : StubObjectUIO("O00009001") {
+    record_->AddRow({Variant("Kasa"), Variant(12), Variant(DateSerial(2026, 1, 5)), Variant("x")});
+    record_->MoveFirst();
+    structure_->AddRow({Variant("Name"), Variant("Pavadinimas"), Variant(200), Variant(1)});
+    structure_->AddRow({Variant("Number"), Variant("Eilės nr."), Variant(56), Variant(1)});
+    structure_->AddRow({Variant("Opened"), Variant("Atidaryta"), Variant(61), Variant(1)});
+    structure_->AddRow({Variant("Secret"), Variant("Slaptas"), Variant(200), Variant(0)});
+  }
+  std::shared_ptr<Recordset> RsFields() override { return record_; }
+  OrvelResult Properties(const std::string& name, const std::string&) override {
+    OrvelResult result;
+    if (name == "Structure") result.Value = Variant(std::shared_ptr<Object>(structure_));
+    return result;
+  }
+
+ private:
+  std::shared_ptr<MemoryRecordset> record_ = std::make_shared<MemoryRecordset>(
+      std::vector<std::string>{"Name", "Number", "Opened", "Secret"});
+  std::shared_ptr<MemoryRecordset> structure_ = std::make_shared<MemoryRecordset>(
+      std::vector<std::string>{"Name", "Caption", "xType", "Visible"});
+};
+
+class FieldSheetViewTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    sheet_.SetObjectUIO(std::make_shared<SheetObject>());
+    ListView& lines = sheet_.AddTab("Lines", "Eilutės");
+    lines.ColumnHeaders().Add(0, "", "Dokumentas", 2400);
+    lines.ListItems().Add(0, "D1", "Kasos pajamų orderis");
+    lines.ListItems().Add(0, "D2", "Kasos išlaidų orderis");
+    sheet_.AddTab("Notes", "Pastabos");
+    sheet_.FillFields();
+    sheet_.OnFieldChanged = [this] { log_.push_back("FieldChanged"); };
+    sheet_.OnListMouseUp = [this](const std::string& key, int index, int button, int) {
+      ListItem* row = sheet_.TabList(key)->SelectedItem();
+      log_.push_back("ListMouseUp " + key + " " + std::to_string(index) + " " +
+                     std::to_string(button) + " " + (row ? row->Key() : "-"));
+    };
+    sheet_.OnListDoubleClick = [this](int index) {
+      log_.push_back("ListDoubleClick " + std::to_string(index));
+    };
+    view_ = std::make_unique<FieldSheetView>(sheet_);
+    view_->resize(520, 420);
+    view_->show();
+    QApplication::processEvents();
+  }
+
+  QTableWidget* Table() const { return view_->FieldTable(); }
+  // The user typing into a value cell and leaving it.
+  void Type(int row, const char* text) {
+    Table()->item(row, 1)->setText(QString::fromUtf8(text));
+    QApplication::processEvents();
+  }
+
+  FieldSheet sheet_;
+  std::vector<std::string> log_;
+  std::unique_ptr<FieldSheetView> view_;
+};
+
+TEST_F(FieldSheetViewTest, ShowsTheVisibleFieldsAndTheTabs) {
+  Snap(*view_, "fieldsheet");
+  ASSERT_EQ(Table()->rowCount(), 3);
+  EXPECT_EQ(Str(Table()->item(0, 0)->text()), "Pavadinimas");
+  EXPECT_EQ(Str(Table()->item(0, 1)->text()), "Kasa");
+  EXPECT_EQ(Str(Table()->item(1, 1)->text()), "12");
+  EXPECT_EQ(Str(Table()->item(2, 1)->text()), "2026-01-05");
+  EXPECT_FALSE(Table()->item(0, 0)->flags() & Qt::ItemIsEditable);
+  ASSERT_EQ(view_->TabWidget()->count(), 2);
+  EXPECT_EQ(Str(view_->TabWidget()->tabText(0)), "Eilutės");
+  ASSERT_NE(view_->TabTree("Lines"), nullptr);
+  EXPECT_EQ(Str(view_->TabTree("Lines")->topLevelItem(1)->text(0)), "Kasos išlaidų orderis");
+  EXPECT_EQ(view_->TabTree("Nope"), nullptr);
+}
+
+struct SheetEdit {
+  const char* name;
+  int row;
+  const char* typed;
+  bool taken;
+  const char* shown;  // the cell afterwards
+};
+
+class FieldSheetEditTest : public FieldSheetViewTest,
+                           public ::testing::WithParamInterface<SheetEdit> {};
+
+TEST_P(FieldSheetEditTest, AnEditGoesThroughEditTextAndARefusalIsShown) {
+  const SheetEdit& edit = GetParam();
+  Type(edit.row, edit.typed);
+  EXPECT_EQ(Str(Table()->item(edit.row, 1)->text()), edit.shown);
+  EXPECT_EQ(log_,
+            edit.taken ? std::vector<std::string>{"FieldChanged"} : std::vector<std::string>{});
+  EXPECT_EQ(view_->ErrorLine()->isVisible(), !edit.taken);
+  if (!edit.taken) {
+    EXPECT_EQ(Str(view_->ErrorLine()->text()), sheet_.LastError());
+    EXPECT_NE(sheet_.LastError().find("Eilės nr."), std::string::npos);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Edits, FieldSheetEditTest,
+                         ::testing::Values(SheetEdit{"Text", 0, "Kasa Nr. 2 – Šiauliai", true,
+                                                     "Kasa Nr. 2 – Šiauliai"},
+                                           SheetEdit{"Number", 1, "15", true, "15"},
+                                           SheetEdit{"NumberRefused", 1, "penki", false, "12"},
+                                           SheetEdit{"Date", 2, "2026-02-01", true, "2026-02-01"},
+                                           SheetEdit{"Emptied", 1, "", true, ""}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(FieldSheetViewTest, ARefusalIsClearedByTheNextGoodEdit) {
+  Type(1, "x");
+  ASSERT_TRUE(view_->ErrorLine()->isVisible());
+  Snap(*view_, "fieldsheet-refused");
+  Type(1, "7");
+  EXPECT_FALSE(view_->ErrorLine()->isVisible());
+}
+
+TEST_F(FieldSheetViewTest, TabListsRaiseTheGridsListEvents) {
+  QTreeWidget* tree = view_->TabTree("Lines");
+  const QPoint second = tree->visualItemRect(tree->topLevelItem(1)).center();
+  RightClick(tree->viewport(), second);
+  QMouseEvent dbl(QEvent::MouseButtonDblClick, QPointF(second),
+                  QPointF(tree->viewport()->mapToGlobal(second)), Qt::LeftButton, Qt::LeftButton,
+                  Qt::NoModifier);
+  QApplication::sendEvent(tree->viewport(), &dbl);
+  EXPECT_EQ(log_, (std::vector<std::string>{"ListMouseUp Lines 0 2 D2", "ListDoubleClick 0"}));
+}
+
+TEST_F(FieldSheetViewTest, TheSheetRebuildsOnNewTabsAndFields) {
+  sheet_.ClearTabs();
+  QApplication::processEvents();
+  EXPECT_EQ(view_->TabWidget()->count(), 0);
+  EXPECT_EQ(Table()->rowCount(), 0);
+  ListView& again = sheet_.AddTab("Again", "Vėl");
+  again.ListItems().Add(0, "", "Eilutė");
+  sheet_.FillFields();
+  QApplication::processEvents();
+  EXPECT_EQ(view_->TabWidget()->count(), 1);
+  EXPECT_EQ(Str(view_->TabTree("Again")->topLevelItem(0)->text(0)), "Eilutė");
+  EXPECT_EQ(Table()->rowCount(), 3);
+  // A disabled sheet takes no edit.
+  sheet_.SetEnabled(false);
+  EXPECT_FALSE(view_->isEnabled());
+}
+
+// --- a window of the module -------------------------------------------------
+
+// The test host's Ui, handing out the field sheet the reference host uses.
+class SheetUi : public ScriptedUi {
+ public:
+  using ScriptedUi::ScriptedUi;
+  std::shared_ptr<OrvelGrid> NewOrvelGrid() override { return std::make_shared<FieldSheet>(); }
+};
+
+class BankCardViewTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    ui_ = std::make_shared<SheetUi>(host_.LogPtr());
+    Platform::Attach(host_.HostClasses(), ui_);
+    auto& table = BO("O0000300").Table();
+    table.SetFields({"ID", "Name", "Code"});
+    table.Seed(
+        {{{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
+    auto firms = std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
+    firms->AddRow({Variant("O00001007"), Variant("UAB Medis")});
+    firms->AddRow({Variant("O00001009"), Variant("AB Akmuo")});
+    BO("O0000300").ReplyRead("GetFirms", firms);
+    // The sheet's structure, as the business layer describes the bank.
+    auto structure = std::make_shared<MemoryRecordset>(
+        std::vector<std::string>{"Name", "Caption", "xType", "Visible"});
+    structure->AddRow({Variant("ID"), Variant("ID"), Variant(56), Variant(0)});
+    structure->AddRow({Variant("Name"), Variant("Pavadinimas"), Variant(200), Variant(1)});
+    structure->AddRow({Variant("Code"), Variant("Banko kodas"), Variant(200), Variant(1)});
+    BO("O0000300").ReplyRead("Orvel_GetObjectStructure", structure);
+    auto result = Adapter("O0000300")->ClickMenu("O00003005", "", "0", "");
+    card_ = result.Value.ObjectAs<frmBanks>();
+    ASSERT_TRUE(card_);
+    host_.WindowManager()->ShowWindow(card_);
+  }
+  void TearDown() override {
+    view_.reset();
+    card_.reset();
+    ModuleTest::TearDown();
+  }
+
+  std::shared_ptr<SheetUi> ui_;
+  std::shared_ptr<frmBanks> card_;
+  std::unique_ptr<FormView> view_;
+};
+
+TEST_F(BankCardViewTest, TheBankCardShowsItsSheetAndWritesAnEdit) {
+  view_ = std::make_unique<FormView>(*card_);
+  view_->show();
+  QApplication::processEvents();
+  auto* sheetView = view_->findChild<FieldSheetView*>();
+  ASSERT_NE(sheetView, nullptr);
+  EXPECT_EQ(view_->WidgetOf(*card_->OrvelGrid), sheetView);
+  Snap(*view_, "bankcard");
+
+  QTableWidget* fields = sheetView->FieldTable();
+  int nameRow = -1;
+  for (int row = 0; row < fields->rowCount(); ++row) {
+    if (fields->item(row, 1)->text() == "Šiaulių bankas") nameRow = row;
+  }
+  ASSERT_GE(nameRow, 0) << fields->rowCount() << " " << Str(sheetView->ErrorLine()->text());
+  ASSERT_NE(sheetView->TabTree("Firms"), nullptr);
+  EXPECT_EQ(sheetView->TabTree("Firms")->topLevelItemCount(), 2);
+  EXPECT_EQ(Str(qobject_cast<QLabel*>(view_->WidgetNamed("SOPanel"))->text()), "Banko kortelė");
+  auto* write = qobject_cast<QPushButton*>(view_->WidgetNamed("cmdEnter"));
+  ASSERT_NE(write, nullptr);
+  EXPECT_FALSE(write->isEnabled());
+
+  // Typing a new name makes the card dirty; the write button stores it.
+  fields->item(nameRow, 1)->setText("Šiaulių bankas AB");
+  QApplication::processEvents();
+  EXPECT_TRUE(write->isEnabled());
+  Snap(*view_, "bankcard-edited");
+  QTest::mouseClick(write, Qt::LeftButton);
+  QApplication::processEvents();
+  EXPECT_EQ(BO("O0000300").Table().Value(5, "Name"), Variant("Šiaulių bankas AB"));
+  EXPECT_FALSE(write->isEnabled());
+}
+
+TEST_F(BankCardViewTest, TheCurrencyRatesWindowLaysOutItsControls) {
+  frmCurrencyRates rates;
+  rates.Show();
+  FormView view(rates);
+  view.show();
+  QApplication::processEvents();
+  Snap(view, "currencyrates");
+  EXPECT_EQ(Str(view.windowTitle()), "Valiutų kursų įrašymas");
+  auto* date = view.findChild<QDateEdit*>("dtpDate.date");
+  ASSERT_NE(date, nullptr);
+  EXPECT_EQ(date->date(), QDate(2026, 11, 23));  // the host's today
+  EXPECT_EQ(qobject_cast<QLabel*>(view.WidgetNamed("lblPeriod"))->buddy(),
+            view.WidgetNamed("dtpDate"));
+  auto* rows = qobject_cast<QTreeWidget*>(view.WidgetNamed("lvwRows"));
+  ASSERT_NE(rows, nullptr);
+  EXPECT_EQ(rows->columnCount(), 6);
+  EXPECT_EQ(Str(rows->headerItem()->text(4)), "Įrašytas kursas");
+  // Its menu is a popup: no bar entry.
+  EXPECT_EQ(view.WidgetNamed("mnuMeniu"), nullptr);
+  EXPECT_EQ(Str(qobject_cast<QPushButton*>(view.WidgetNamed("cmdGo"))->text()), "Užpildyti");
+}
+
+}  // namespace
+}  // namespace orvel

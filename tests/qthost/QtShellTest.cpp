@@ -1,0 +1,931 @@
+// The window shell of the reference host: Qt's boxes, menus and dialogs on
+// the Ui seam, the printout as PDF, and the main window over the real module
+// and a fresh sample database. Boxes and menus are answered as a user would:
+// a button pressed by its text, a menu entry picked with the keyboard.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QKeyEvent>
+#include <QLineEdit>
+#include <QListView>
+#include <QMdiArea>
+#include <QMdiSubWindow>
+#include <QMenu>
+#include <QMessageBox>
+#include <QPointer>
+#include <QPrintPreviewDialog>
+#include <QPrintPreviewWidget>
+#include <QStatusBar>
+#include <QTableWidget>
+#include <QTemporaryDir>
+#include <QTimer>
+#include <QTreeWidget>
+#include <algorithm>
+#include <deque>
+#include <functional>
+#include <memory>
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "TempDatabase.h"
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "host/Convert.h"
+#include "host/OrvelObjectUI.h"
+#include "host/OrvelObjectUIO.h"
+#include "host/OrvelPrintColumns.h"
+#include "host/OrvelPrintRow.h"
+#include "host/OrvelPrintRows.h"
+#include "host/OrvelPrintSection.h"
+#include "host/OrvelPrintSections.h"
+#include "host/OrvelWindow.h"
+#include "hostkit/ComponentRegistry.h"
+#include "hostkit/PrintDocument.h"
+#include "hostkit/WindowRegistry.h"
+#include "module/OrvelModule.h"
+#include "qthost/FieldSheetView.h"
+#include "qthost/FormView.h"
+#include "qthost/MainWindow.h"
+#include "qthost/PdfPrint.h"
+#include "qthost/QtPrompter.h"
+#include "qthost/QtUi.h"
+#include "refhost/ReferenceHost.h"
+#include "refhost/ReferenceHostClasses.h"
+#include "refhost/ReferenceObjectManager.h"
+#include "ui/Button.h"
+#include "ui/Form.h"
+#include "ui/Menu.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::ElementsAreArray;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::UnorderedElementsAreArray;
+
+QString Plain(QString text) { return text.remove('&'); }
+
+void Shot(QWidget& widget, const char* name) {
+  QDir().mkpath(ORVEL_SCREENSHOT_DIR);
+  widget.grab().save(QString(ORVEL_SCREENSHOT_DIR "/") + name + ".png");
+}
+
+// Runs what is pending, frames deleted later included, as the event loop
+// would before the user's next action.
+void Settle() {
+  QApplication::processEvents();
+  QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+  QApplication::processEvents();
+}
+
+void Key(QWidget& target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+  QKeyEvent press(QEvent::KeyPress, key, modifiers);
+  QApplication::sendEvent(&target, &press);
+  QKeyEvent release(QEvent::KeyRelease, key, modifiers);
+  QApplication::sendEvent(&target, &release);
+}
+
+// Acts on the boxes, dialogs and popup menus that come up, one step for
+// each new one in turn. One that no step expects is closed with Esc and
+// noted, so that a test fails instead of waiting for ever.
+class ModalDriver {
+ public:
+  using Step = std::function<void(QWidget&)>;
+
+  ModalDriver() {
+    QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
+    timer_.start(10);
+  }
+  ~ModalDriver() { timer_.stop(); }
+
+  void Then(Step step) { steps_.push_back(std::move(step)); }
+  bool AllDone() const { return steps_.empty(); }
+  std::vector<std::string> unexpected;
+
+ private:
+  void Poll() {
+    QWidget* top = QApplication::activePopupWidget();
+    if (!top) top = QApplication::activeModalWidget();
+    if (!top || !top->isVisible()) return;
+    for (const auto& seen : seen_) {
+      if (seen == top) return;
+    }
+    seen_.emplace_back(top);
+    if (steps_.empty()) {
+      auto* box = qobject_cast<QMessageBox*>(top);
+      unexpected.push_back(
+          (top->windowTitle() + ": " + (box ? box->text() : QString())).toStdString());
+      Key(*top, Qt::Key_Escape);
+      return;
+    }
+    Step step = std::move(steps_.front());
+    steps_.pop_front();
+    step(*top);
+  }
+
+  QTimer timer_;
+  std::deque<Step> steps_;
+  std::vector<QPointer<QWidget>> seen_;
+};
+
+QAbstractButton* ButtonIn(QWidget& widget, const QString& text) {
+  for (auto* button : widget.findChildren<QAbstractButton*>()) {
+    if (Plain(button->text()) == text && button->isVisible()) return button;
+  }
+  return nullptr;
+}
+
+ModalDriver::Step Press(const QString& text) {
+  return [text](QWidget& widget) {
+    if (QAbstractButton* button = ButtonIn(widget, text)) {
+      button->click();
+      return;
+    }
+    ADD_FAILURE() << "no button " << text.toStdString();
+    Key(widget, Qt::Key_Escape);
+  };
+}
+
+ModalDriver::Step Pick(const QString& text) {
+  return [text](QWidget& widget) {
+    auto* menu = qobject_cast<QMenu*>(&widget);
+    if (menu) {
+      for (QAction* action : menu->actions()) {
+        if (Plain(action->text()) == text) {
+          menu->setActiveAction(action);
+          Key(*menu, Qt::Key_Return);
+          return;
+        }
+      }
+    }
+    ADD_FAILURE() << "no menu entry " << text.toStdString();
+    Key(widget, Qt::Key_Escape);
+  };
+}
+
+// ---- message boxes --------------------------------------------------------
+
+struct BoxCase {
+  int32_t flags;
+  std::vector<QString> buttons;
+  QMessageBox::Icon icon;
+  QString press;  // "" closes the box with Esc
+  int32_t result;
+};
+
+class MsgBoxTest : public ::testing::TestWithParam<BoxCase> {};
+
+TEST_P(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
+  const auto& c = GetParam();
+  QtUi ui;
+  ModalDriver driver;
+  std::vector<QString> shown;
+  QMessageBox::Icon icon = QMessageBox::NoIcon;
+  QString title, text;
+  driver.Then([&](QWidget& widget) {
+    auto* box = qobject_cast<QMessageBox*>(&widget);
+    ASSERT_NE(box, nullptr);
+    for (auto* button : box->buttons()) shown.push_back(button->text());
+    icon = box->icon();
+    title = box->windowTitle();
+    text = box->text();
+    if (c.press.isEmpty()) {
+      Key(widget, Qt::Key_Escape);
+    } else {
+      Press(c.press)(widget);
+    }
+  });
+  EXPECT_EQ(ui.MsgBox("Ar tikrai norite panaikinti?\nAB Šiaulių bankas", c.flags, "Orvel Apskaita"),
+            c.result);
+  EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
+  EXPECT_EQ(icon, c.icon);
+  EXPECT_EQ(title, QString::fromUtf8("Orvel Apskaita"));
+  EXPECT_EQ(text, QString::fromUtf8("Ar tikrai norite panaikinti?\nAB Šiaulių bankas"));
+  EXPECT_TRUE(driver.AllDone());
+}
+
+const QString kOk = QString::fromUtf8("Gerai");
+const QString kCancel = QString::fromUtf8("Atšaukti");
+const QString kYes = QString::fromUtf8("Taip");
+const QString kNo = QString::fromUtf8("Ne");
+
+INSTANTIATE_TEST_SUITE_P(
+    Flags, MsgBoxTest,
+    ::testing::Values(
+        BoxCase{vbOKOnly, {kOk}, QMessageBox::NoIcon, kOk, vbOK},
+        BoxCase{vbOKOnly + vbInformation, {kOk}, QMessageBox::Information, "", vbOK},
+        BoxCase{vbOKCancel + vbExclamation, {kOk, kCancel}, QMessageBox::Warning, kOk, vbOK},
+        BoxCase{
+            vbOKCancel + vbExclamation, {kOk, kCancel}, QMessageBox::Warning, kCancel, vbCancel},
+        BoxCase{vbOKCancel + vbCritical, {kOk, kCancel}, QMessageBox::Critical, "", vbCancel},
+        BoxCase{vbYesNoCancel + vbQuestion, {kYes, kNo, kCancel}, QMessageBox::Question, kNo, vbNo},
+        BoxCase{
+            vbYesNoCancel + vbQuestion, {kYes, kNo, kCancel}, QMessageBox::Question, "", vbCancel},
+        BoxCase{vbYesNo + vbQuestion, {kYes, kNo}, QMessageBox::Question, kYes, vbYes},
+        BoxCase{vbYesNo + vbExclamation, {kYes, kNo}, QMessageBox::Warning, "", vbNo}));
+
+TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
+  QtUi ui;
+  ASSERT_EQ(QApplication::overrideCursor(), nullptr);
+  ui.SetMousePointer(vbHourglass);
+  ui.SetMousePointer(vbHourglass);
+  ASSERT_NE(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(QApplication::overrideCursor()->shape(), Qt::WaitCursor);
+  EXPECT_EQ(ui.GetMousePointer(), vbHourglass);
+  ui.SetMousePointer(vbDefault);
+  // Set twice, restored once: nothing is left over.
+  EXPECT_EQ(QApplication::overrideCursor(), nullptr);
+  EXPECT_EQ(ui.GetMousePointer(), vbDefault);
+  EXPECT_GT(ui.ScreenWidth(), 0);
+  EXPECT_EQ(ui.ScreenWidth() % 15, 0);
+}
+
+// ---- the host's pickers ---------------------------------------------------
+
+struct ChoiceCase {
+  int row;  // -1: cancelled
+  int picked;
+};
+
+class QtPrompterTest : public ::testing::TestWithParam<ChoiceCase> {};
+
+TEST_P(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken) {
+  QtPrompter prompter;
+  ModalDriver driver;
+  QStringList listed;
+  driver.Then([&](QWidget& dialog) {
+    auto* list = dialog.findChild<QListView*>();
+    ASSERT_NE(list, nullptr);
+    for (int i = 0; i < list->model()->rowCount(); ++i)
+      listed << list->model()->index(i, 0).data().toString();
+    if (GetParam().row < 0) {
+      Press(QString::fromUtf8("Atšaukti"))(dialog);
+      return;
+    }
+    list->setCurrentIndex(list->model()->index(GetParam().row, 0));
+    Press(QString::fromUtf8("Gerai"))(dialog);
+  });
+  int picked = prompter.Choose("Grupė", {"Centrinis sandėlis", "Kauno sandėlis", "Parduotuvės"});
+  EXPECT_EQ(picked, GetParam().picked);
+  EXPECT_EQ(listed,
+            QStringList({QString::fromUtf8("Centrinis sandėlis"),
+                         QString::fromUtf8("Kauno sandėlis"), QString::fromUtf8("Parduotuvės")}));
+}
+
+INSTANTIATE_TEST_SUITE_P(Rows, QtPrompterTest,
+                         ::testing::Values(ChoiceCase{1, 1}, ChoiceCase{2, 2}, ChoiceCase{0, 0},
+                                           ChoiceCase{-1, -1}));
+
+TEST(QtPrompterSayTest, WhatIsSaidGoesToTheStatusBarAndTheLog) {
+  std::ostringstream log;
+  QtPrompter prompter(&log);
+  QStatusBar bar;
+  prompter.SetStatusBar(&bar);
+  prompter.Say("Spaudinys įrašytas:\n/tmp/a.pdf");
+  EXPECT_EQ(bar.currentMessage(), QString::fromUtf8("Spaudinys įrašytas: /tmp/a.pdf"));
+  EXPECT_EQ(log.str(), "Spaudinys įrašytas:\n/tmp/a.pdf\n");
+  EXPECT_EQ(prompter.Said().size(), 1u);
+  // Nothing is chosen from no choices, and no dialog comes up for it.
+  EXPECT_EQ(prompter.Choose("Grupė", {}), -1);
+}
+
+// ---- popup menus ----------------------------------------------------------
+
+// A form's popup: an entry, a separator, a submenu, a hidden and a disabled
+// entry. Every click is written down.
+struct PopupMenu {
+  PopupMenu() {
+    root.Add("mnuOpen", "&Atidaryti");
+    root.Add("mnuSep", "-");
+    Menu& fresh = root.Add("mnuNew", "Naujas");
+    fresh.Add("mnuEmpty", "Tuščias");
+    fresh.Add("mnuCopy", "Kopija");
+    root.Add("mnuHidden", "Paslėptas").SetVisible(false);
+    root.Add("mnuOff", "Išjungtas").SetEnabled(false);
+    for (const char* name : {"mnuOpen", "mnuEmpty", "mnuCopy", "mnuHidden", "mnuOff"}) {
+      root.Find(name)->OnClick = [this, name] { clicks.push_back(name); };
+    }
+  }
+  Menu root{"mnuPopup", "Meniu"};
+  std::vector<std::string> clicks;
+};
+
+struct PopupCase {
+  std::vector<QString> path;  // empty: dismissed
+  std::vector<std::string> clicks;
+};
+
+class PopupMenuTest : public ::testing::TestWithParam<PopupCase> {};
+
+TEST_P(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
+  const auto& c = GetParam();
+  QtUi ui;
+  PopupMenu popup;
+  ModalDriver driver;
+  std::vector<QString> entries;
+  std::vector<bool> enabled;
+  driver.Then([&](QWidget& widget) {
+    auto* menu = qobject_cast<QMenu*>(&widget);
+    ASSERT_NE(menu, nullptr);
+    for (QAction* action : menu->actions()) {
+      entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
+      enabled.push_back(action->isEnabled());
+    }
+    if (c.path.empty()) {
+      Key(widget, Qt::Key_Escape);
+    } else {
+      Pick(c.path[0])(widget);
+    }
+  });
+  for (size_t i = 1; i < c.path.size(); ++i) driver.Then(Pick(c.path[i]));
+  ui.PopupMenu(popup.root);
+
+  EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
+                                                             QString::fromUtf8("Išjungtas")}));
+  EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
+  EXPECT_EQ(popup.clicks, c.clicks);
+  EXPECT_TRUE(driver.AllDone());
+  EXPECT_THAT(driver.unexpected, IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(Picks, PopupMenuTest,
+                         ::testing::Values(PopupCase{{"Atidaryti"}, {"mnuOpen"}},
+                                           PopupCase{{"Naujas", "Kopija"}, {"mnuCopy"}},
+                                           PopupCase{{}, {}}));
+
+// ---- modal forms ----------------------------------------------------------
+
+class ModalForm : public Form {
+ public:
+  ModalForm() : Form("frmModal") {
+    SetCaption("Langas");
+    cmdHide.SetCaption("Paslėpti");
+    cmdUnload.SetCaption("Uždaryti");
+    Register(cmdHide);
+    Register(cmdUnload);
+    cmdHide.OnClick = [this] { Hide(); };
+    cmdUnload.OnClick = [this] { Unload(); };
+  }
+  Button cmdHide{"cmdHide"};
+  Button cmdUnload{"cmdUnload"};
+  int refusals = 0;  // unloads to refuse before one is let through
+  int unloads = 0;
+
+ protected:
+  void Form_QueryUnload(bool& cancel) override {
+    if (refusals > 0) {
+      --refusals;
+      cancel = true;
+    }
+  }
+  void Form_Unload() override { ++unloads; }
+};
+
+struct ModalCase {
+  const char* name;
+  int refusals;
+  std::vector<const char*> actions;  // a button's caption, or "close" for the frame
+  bool loaded;                       // afterwards
+  int unloads;
+};
+
+class ShowModalTest : public ::testing::TestWithParam<ModalCase> {};
+
+TEST_P(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
+  const auto& c = GetParam();
+  QtUi ui;
+  ModalForm form;
+  form.refusals = c.refusals;
+  ModalDriver driver;
+  QString title;
+  driver.Then([&](QWidget& dialog) {
+    title = dialog.windowTitle();
+    ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
+    for (const char* action : c.actions) {
+      if (std::string(action) == "close") {
+        dialog.close();
+      } else if (QAbstractButton* button = ButtonIn(dialog, QString::fromUtf8(action))) {
+        button->click();
+      } else {
+        ADD_FAILURE() << "no button " << action;
+      }
+    }
+  });
+  form.ShowModal(ui);
+  EXPECT_EQ(title, QString::fromUtf8("Langas"));
+  EXPECT_FALSE(form.Visible());
+  EXPECT_EQ(form.Loaded(), c.loaded);
+  EXPECT_EQ(form.unloads, c.unloads);
+  EXPECT_TRUE(driver.AllDone());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Endings, ShowModalTest,
+    ::testing::Values(ModalCase{"hidden", 0, {"Paslėpti"}, true, 0},
+                      ModalCase{"unloaded", 0, {"Uždaryti"}, false, 1},
+                      ModalCase{"frame closed", 0, {"close"}, false, 1},
+                      // The form refuses the frame's close and stays; hidden later.
+                      ModalCase{"close refused", 1, {"close", "Paslėpti"}, true, 0}),
+    [](const auto& info) {
+      std::string name = info.param.name;
+      for (auto& ch : name) ch = ch == ' ' ? '_' : ch;
+      return name;
+    });
+
+// ---- the printout ---------------------------------------------------------
+
+// A title line and a table of `rows` rows, as the list windows print.
+void FillDocument(PrintDocument& doc, int rows, int32_t orientation) {
+  doc.SetOrientation(orientation);
+  doc.SetFontSize(9);
+  auto sections = doc.Sections();
+  sections->Add(0)->Rows()->AddText("Bankai ir jų kodai", true, 14, 2);
+  auto table = sections->Add(1);
+  table->SetVerticalLines(true);
+  table->SetHorizontalLines(true);
+  table->Columns()->Add("Pavadinimas", 7.5, 0);
+  table->Columns()->Add("Kodas", 2.5, 2);
+  table->Columns()->Add("SWIFT kodas", 3.5, 1);
+  for (int i = 0; i < rows; ++i) {
+    auto row = table->Rows()->AddRow();
+    row->AddCell(0, "AB Šiaulių bankas Nr. " + std::to_string(i), i == 0);
+    row->AddCell(1, std::to_string(70000 + i), false);
+    row->AddCell(2, "CBSBLT26XXX", false);
+  }
+  sections->Add(0)->Rows()->AddText("Sudarė: Ąžuolas Čiūžė", false, 0, 0);
+}
+
+QByteArray ReadAll(const std::string& path) {
+  QFile file(QString::fromStdString(path));
+  return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+struct PdfCase {
+  int rows;
+  int32_t orientation;
+  const char* mediaBox;  // A4 in points, as the orientation turns it
+  bool manyPages;
+};
+
+class PdfPrintTest : public ::testing::TestWithParam<PdfCase> {};
+
+TEST_P(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
+  const auto& c = GetParam();
+  QTemporaryDir folder;
+  PdfPrint printout((folder.path() + "/spaudiniai").toStdString());
+  bool previewed = true;
+  PrintDocument doc([&](const PrintDocument::Content& content, bool preview) {
+    previewed = preview;
+    EXPECT_FALSE(printout.WritePdf(content).empty());
+  });
+  FillDocument(doc, c.rows, c.orientation);
+  doc.Print(false);
+  EXPECT_FALSE(previewed);
+  const std::string path = printout.LastFile();
+  ASSERT_FALSE(path.empty());
+  EXPECT_EQ(path.rfind(printout.Folder(), 0), 0u);
+  QByteArray pdf = ReadAll(path);
+  ASSERT_GT(pdf.size(), 1000);
+  EXPECT_TRUE(pdf.startsWith("%PDF-"));
+  EXPECT_TRUE(pdf.contains(c.mediaBox))
+      << c.mediaBox << " in " << pdf.mid(pdf.indexOf("/MediaBox"), 40).toStdString();
+  // Every page carries its box: one page for a short table, several for a long one.
+  const auto count = pdf.count("/MediaBox");
+  if (c.manyPages) {
+    EXPECT_GT(count, 1);
+  } else {
+    EXPECT_EQ(count, 1);
+  }
+}
+
+INSTANTIATE_TEST_SUITE_P(Documents, PdfPrintTest,
+                         ::testing::Values(PdfCase{6, OrvelPrintDoc::kPortrait,
+                                                   "/MediaBox [0 0 595.000000 842.000000]", false},
+                                           PdfCase{6, OrvelPrintDoc::kLandscape,
+                                                   "/MediaBox [0 0 842.000000 595.000000]", false},
+                                           PdfCase{150, OrvelPrintDoc::kPortrait,
+                                                   "/MediaBox [0 0 595.000000 842.000000]", true}));
+
+TEST(PdfPrintPreviewTest, ThePreviewShowsThePagesOfTheSamePainting) {
+  QTemporaryDir folder;
+  PdfPrint printout(folder.path().toStdString());
+  ModalDriver driver;
+  int pages = 0;
+  driver.Then([&](QWidget& dialog) {
+    ASSERT_NE(qobject_cast<QPrintPreviewDialog*>(&dialog), nullptr);
+    QApplication::processEvents();
+    if (auto* preview = dialog.findChild<QPrintPreviewWidget*>()) pages = preview->pageCount();
+    Shot(dialog, "printout-preview");
+    Key(dialog, Qt::Key_Escape);
+  });
+  PrintDocument doc(printout.Renderer());
+  FillDocument(doc, 60, OrvelPrintDoc::kPortrait);
+  doc.Print(true);
+  EXPECT_TRUE(driver.AllDone());
+  EXPECT_EQ(pages, 2);
+  EXPECT_FALSE(printout.LastFile().empty());
+}
+
+// ---- the main window over the module --------------------------------------
+
+class ShellTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    std::string error;
+    ASSERT_TRUE(host_.Start({file_.Path(), ORVEL_MODULE_PATH, "admin", "/tmp"}, error)) << error;
+    host_.Layer().SetCallObserver(
+        [this](const char* op, const std::string& name, const std::string& param) {
+          calls_.push_back(std::string(op) + " " + name + " " + param);
+        });
+    host_.HostClasses().SetPrintRenderer(printout_.Renderer());
+    window_ = std::make_unique<MainWindow>(host_, *ui_, prompter_, file_.Path(), "admin");
+    window_->resize(1280, 800);
+    window_->show();
+    Settle();
+  }
+  void TearDown() override {
+    EXPECT_THAT(driver_.unexpected, IsEmpty());
+    window_.reset();
+  }
+
+  QTreeWidgetItem* Node(const std::string& oidr) {
+    QTreeWidgetItem* node = window_->NodeOf(oidr);
+    if (!node && oidr.size() > 8) {
+      // A member: open its type first.
+      if (QTreeWidgetItem* type = window_->NodeOf(oidr.substr(0, 8))) type->setExpanded(true);
+      node = window_->NodeOf(oidr);
+    }
+    return node;
+  }
+
+  void MenuOf(QTreeWidgetItem* node) {
+    window_->Tree()->setCurrentItem(node);
+    QPoint at =
+        window_->Tree()->viewport()->mapToGlobal(window_->Tree()->visualItemRect(node).center());
+    window_->ShowNodeMenu(node, at);
+  }
+
+  std::vector<std::string> Captions(QTreeWidgetItem* node) {
+    std::vector<std::string> captions;
+    for (int i = 0; i < node->childCount(); ++i)
+      captions.push_back(node->child(i)->text(0).toStdString());
+    return captions;
+  }
+
+  FormView* ActiveView() {
+    QMdiSubWindow* sub = window_->Area()->activeSubWindow();
+    return sub ? sub->findChild<FormView*>() : nullptr;
+  }
+
+  Variant Stored(const std::string& sql) {
+    auto stmt = host_.Database().Prepare(sql);
+    return stmt.Step() ? stmt.Column(0) : Variant();
+  }
+
+  bool Called(const std::string& call) const {
+    return std::find(calls_.begin(), calls_.end(), call) != calls_.end();
+  }
+
+  TempDatabase file_;
+  QtPrompter prompter_;
+  std::shared_ptr<QtUi> ui_ = std::make_shared<QtUi>();
+  QTemporaryDir prints_;
+  PdfPrint printout_{prints_.path().toStdString()};
+  ReferenceHost host_{prompter_, ui_};
+  std::vector<std::string> calls_;
+  ModalDriver driver_;
+  std::unique_ptr<MainWindow> window_;
+};
+
+TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
+  QTreeWidget* tree = window_->Tree();
+  ASSERT_EQ(tree->topLevelItemCount(), static_cast<int>(host_.Catalogue().groups.size()));
+  QTreeWidgetItem* group = tree->topLevelItem(0);
+  EXPECT_EQ(group->text(0).toStdString(), host_.Catalogue().groups[0].caption);
+  std::vector<std::string> registered;
+  for (const auto& component : host_.Catalogue().groups[0].components)
+    registered.push_back(component.caption);
+  EXPECT_EQ(Captions(group), registered);
+  EXPECT_THAT(registered, Contains("Bankai"));
+  // Nothing is read before a node is opened.
+  EXPECT_THAT(calls_, IsEmpty());
+
+  QTreeWidgetItem* banks = window_->NodeOf("O0000300");
+  ASSERT_NE(banks, nullptr);
+  banks->setExpanded(true);
+  EXPECT_THAT(calls_, ElementsAreArray({"GetCall Orvel_GetObjectList 'O0000300'"}));
+  ASSERT_EQ(banks->childCount(), 6);
+  EXPECT_THAT(Captions(banks), Contains("AB Šiaulių bankas"));
+  EXPECT_FALSE(banks->child(0)->icon(0).isNull());
+  // The firm groups hold firms of their own.
+  QTreeWidgetItem* firms = window_->NodeOf("O0000100");
+  firms->setExpanded(true);
+  ASSERT_GT(firms->childCount(), 0);
+  EXPECT_EQ(firms->child(0)->childIndicatorPolicy(), QTreeWidgetItem::ShowIndicator);
+  firms->child(0)->setExpanded(true);
+  EXPECT_GT(firms->child(0)->childCount(), 0);
+  firms->setExpanded(false);
+  tree->setCurrentItem(banks);
+  Shot(*window_, "main-window");
+}
+
+TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
+  QTreeWidgetItem* bank = Node("O00003001");
+  ASSERT_NE(bank, nullptr);
+  driver_.Then(Pick(QString::fromUtf8("Padėti ant darbo stalo")));
+  MenuOf(bank);
+  ASSERT_TRUE(driver_.AllDone());
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  Form& card = view->ViewedForm();
+  // Kept here: the host lets the window go once it is closed.
+  ASSERT_EQ(host_.Windows().OpenWindows().size(), 1u);
+  auto held = host_.Windows().OpenWindows()[0].window;
+  // The card has no caption of its own: its heading and the bank's name
+  // make the title.
+  const std::string name = ConcatText(Stored("SELECT Name FROM banks WHERE ID = 1"));
+  const std::string title = window_->Area()->activeSubWindow()->windowTitle().toStdString();
+  EXPECT_THAT(title, HasSubstr("Banko kortelė"));
+  EXPECT_THAT(title, HasSubstr(name));
+  EXPECT_EQ(window_->WindowsMenu()->actions().back()->text().toStdString(), title);
+
+  auto* sheet = view->findChild<FieldSheetView*>();
+  ASSERT_NE(sheet, nullptr);
+  QTableWidget* table = sheet->FieldTable();
+  int swift = -1;
+  bool nameShown = false;
+  for (int row = 0; row < table->rowCount(); ++row) {
+    if (!table->item(row, 0) || !table->item(row, 1)) continue;
+    if (table->item(row, 0)->text().startsWith("SWIFT")) swift = row;
+    if (table->item(row, 1)->text().toStdString() == name) nameShown = true;
+  }
+  EXPECT_TRUE(nameShown) << name;
+  ASSERT_GE(swift, 0);
+  table->item(swift, 1)->setText("CBVILT2XXXX");
+  auto* enter = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdEnter"));
+  ASSERT_NE(enter, nullptr);
+  ASSERT_TRUE(enter->isEnabled());
+  Shot(*window_, "bank-card");
+  enter->click();
+  EXPECT_TRUE(Called("ExecArrayCall Orvel_SaveObject 'O0000300','O00003001'"));
+  EXPECT_EQ(Stored("SELECT SWIFT FROM banks WHERE ID = 1"), Variant("CBVILT2XXXX"));
+  EXPECT_EQ(table->item(swift, 1)->text(), "CBVILT2XXXX");
+
+  // The frame's close button closes the window through the host.
+  window_->Area()->activeSubWindow()->close();
+  Settle();
+  EXPECT_TRUE(host_.Windows().OpenWindows().empty());
+  EXPECT_FALSE(card.Loaded());
+}
+
+TEST_F(ShellTest, EnterOnAMemberOpensItsCardOnce) {
+  QTreeWidgetItem* bank = Node("O00003003");
+  ASSERT_NE(bank, nullptr);
+  window_->Tree()->setCurrentItem(bank);
+  Key(*window_->Tree(), Qt::Key_Return);
+  Key(*window_->Tree(), Qt::Key_Return);
+  Settle();
+  EXPECT_EQ(window_->Area()->subWindowList().size(), 1);
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  EXPECT_EQ(WindowRegistry::KeyOf(host_.Windows().OpenWindows().at(0).window), "O00003003");
+}
+
+TEST_F(ShellTest, CtrlFOnTheBanksAsksForATextAndReplacesTheMembers) {
+  QTreeWidgetItem* banks = Node("O0000300");
+  ASSERT_NE(banks, nullptr);
+  banks->setExpanded(true);
+  window_->Tree()->setCurrentItem(banks);
+  driver_.Then([](QWidget& dialog) {
+    auto* line = dialog.findChild<QLineEdit*>();
+    ASSERT_NE(line, nullptr);
+    line->setText(QString::fromUtf8("Šiaulių"));
+    Press(QString::fromUtf8("Gerai"))(dialog);
+  });
+  Key(*window_->Tree(), Qt::Key_F, Qt::ControlModifier);
+  EXPECT_TRUE(driver_.AllDone());
+  EXPECT_TRUE(Called("GetCall Orvel_GetObjectList '','Šiaulių'"));
+  EXPECT_EQ(Captions(banks), std::vector<std::string>{"AB Šiaulių bankas"});
+}
+
+// Closing the frame of a card with edits not written asks; "Ne" keeps the
+// window open with its edit, "Taip" closes it without writing.
+struct CloseCase {
+  const char* answer;
+  bool closed;
+};
+
+class ShellCloseTest : public ShellTest, public ::testing::WithParamInterface<CloseCase> {};
+
+TEST_P(ShellCloseTest, ClosingACardWithEditsAsksFirst) {
+  QTreeWidgetItem* bank = Node("O00003002");
+  ASSERT_NE(bank, nullptr);
+  ASSERT_TRUE(window_->ClickNode(bank, "0"));
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  QTableWidget* table = view->findChild<FieldSheetView*>()->FieldTable();
+  ASSERT_NE(table->item(0, 1), nullptr);
+  table->item(0, 1)->setText(QString::fromUtf8("Bankas be įrašo"));
+  QString question;
+  driver_.Then([&](QWidget& box) {
+    question = qobject_cast<QMessageBox*>(&box)->text();
+    Press(QString::fromUtf8(GetParam().answer))(box);
+  });
+  window_->Area()->activeSubWindow()->close();
+  Settle();
+  EXPECT_TRUE(driver_.AllDone());
+  EXPECT_TRUE(question.contains(QString::fromUtf8("Uždaryti be išsaugojimo?")));
+  EXPECT_EQ(host_.Windows().OpenWindows().empty(), GetParam().closed);
+  EXPECT_EQ(window_->Area()->subWindowList().isEmpty(), GetParam().closed);
+  EXPECT_NE(Stored("SELECT Name FROM banks WHERE ID = 2"), Variant("Bankas be įrašo"));
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, ShellCloseTest,
+                         ::testing::Values(CloseCase{"Taip", true}, CloseCase{"Ne", false}));
+
+TEST_F(ShellTest, TheCardsOwnCloseButtonClosesItsSubWindow) {
+  QTreeWidgetItem* bank = Node("O00003004");
+  ASSERT_NE(bank, nullptr);
+  ASSERT_TRUE(window_->ClickNode(bank, "0"));
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  auto* close = qobject_cast<QAbstractButton*>(view->WidgetNamed("SSCClose"));
+  ASSERT_NE(close, nullptr);
+  close->click();
+  Settle();
+  EXPECT_TRUE(host_.Windows().OpenWindows().empty());
+  EXPECT_TRUE(window_->Area()->subWindowList().isEmpty());
+  EXPECT_EQ(window_->WindowsMenu()->actions().size(), 3);  // the two layouts and a separator
+}
+
+struct ChordCase {
+  int key;
+  Qt::KeyboardModifiers modifiers;
+  const char* chord;
+};
+
+class ChordTest : public ::testing::TestWithParam<ChordCase> {};
+
+TEST_P(ChordTest, KeysBecomeTheModulesChords) {
+  EXPECT_EQ(MainWindow::ChordOf(GetParam().key, GetParam().modifiers), GetParam().chord);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ChordTest,
+    ::testing::Values(ChordCase{Qt::Key_F5, Qt::NoModifier, "116S0"},
+                      ChordCase{Qt::Key_F, Qt::ControlModifier, "70S2"},
+                      ChordCase{Qt::Key_R, Qt::ControlModifier, "82S2"},
+                      ChordCase{Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
+                      ChordCase{Qt::Key_F1, Qt::AltModifier, "112S4"},
+                      // Letters alone search the tree, they are no chord.
+                      ChordCase{Qt::Key_F, Qt::NoModifier, ""},
+                      ChordCase{Qt::Key_F, Qt::ShiftModifier, ""},
+                      ChordCase{Qt::Key_Return, Qt::ControlModifier, ""}));
+
+struct DeleteCase {
+  const char* answer;
+  bool removed;
+};
+
+class ShellDeleteTest : public ShellTest, public ::testing::WithParamInterface<DeleteCase> {};
+
+TEST_P(ShellDeleteTest, DeletingFromTheMenuAsksAndDropsTheNode) {
+  QTreeWidgetItem* bank = Node("O00003006");
+  ASSERT_NE(bank, nullptr);
+  QTreeWidgetItem* banks = bank->parent();
+  driver_.Then(Pick(QString::fromUtf8("Panaikinti")));
+  driver_.Then(Press(QString::fromUtf8(GetParam().answer)));
+  MenuOf(bank);
+  EXPECT_TRUE(driver_.AllDone());
+  EXPECT_EQ(banks->childCount(), GetParam().removed ? 5 : 6);
+  EXPECT_EQ(window_->NodeOf("O00003006") == nullptr, GetParam().removed);
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(GetParam().removed ? 0 : 1));
+}
+
+INSTANTIATE_TEST_SUITE_P(Answers, ShellDeleteTest,
+                         ::testing::Values(DeleteCase{"Gerai", true},
+                                           DeleteCase{"Atšaukti", false}));
+
+TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
+  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
+  ASSERT_NE(banks, nullptr);
+  auto list = std::dynamic_pointer_cast<OrvelWindow>(
+      host_.Module().CreateObject("frmReferenceBookPreview"));
+  ASSERT_NE(list, nullptr);
+  list->SetOrvelObjectUIO(banks->GetOrvelObject("O0000300"));
+  host_.Windows().ShowWindow(list);
+  Settle();
+  auto form = std::dynamic_pointer_cast<Form>(list);
+  ASSERT_NE(form, nullptr);
+  QMdiSubWindow* sub = window_->SubWindowOf(*form);
+  ASSERT_NE(sub, nullptr);
+  auto* view = sub->findChild<FormView*>();
+  ASSERT_NE(view, nullptr);
+  auto* rows = qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRec"));
+  ASSERT_NE(rows, nullptr);
+  ASSERT_EQ(rows->topLevelItemCount(), 6);
+  EXPECT_GE(rows->columnCount(), 3);
+  EXPECT_EQ(rows->topLevelItem(0)->text(0).toStdString(),
+            ConcatText(Stored("SELECT Name FROM banks ORDER BY Name LIMIT 1")));
+  sub->showMaximized();
+  Shot(*window_, "banks-list");
+
+  // The column dialog runs modally over it, and Cancel leaves it.
+  QString dialogTitle;
+  driver_.Then([&](QWidget& dialog) {
+    dialogTitle = dialog.windowTitle();
+    auto* config = dialog.findChild<FormView*>();
+    ASSERT_NE(config, nullptr);
+    Settle();
+    Shot(dialog, "column-dialog");
+    auto* cancel = qobject_cast<QAbstractButton*>(config->WidgetNamed("cmdCancel"));
+    ASSERT_NE(cancel, nullptr);
+    cancel->click();
+  });
+  auto* configure = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdConfig"));
+  ASSERT_NE(configure, nullptr);
+  configure->click();
+  EXPECT_TRUE(driver_.AllDone());
+  EXPECT_EQ(dialogTitle.trimmed(), QString::fromUtf8("Vaizdo parametrai"));
+
+  auto* print = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdPrint"));
+  ASSERT_NE(print, nullptr);
+  print->click();
+  ASSERT_FALSE(printout_.LastFile().empty());
+  EXPECT_TRUE(ReadAll(printout_.LastFile()).startsWith("%PDF-"));
+}
+
+// Each catalogue window reachable from the tree opens as a sub-window from
+// its node's menu key; the pictures are for looking at.
+struct WindowCase {
+  const char* name;
+  std::vector<std::string> open;  // nodes to open on the way, in order
+  std::string node;               // "" for the first record under the last one opened
+  std::string key;
+};
+
+class ShellWindowsTest : public ShellTest, public ::testing::WithParamInterface<WindowCase> {
+ protected:
+  QTreeWidgetItem* FirstRecord(QTreeWidgetItem* node) {
+    while (node && node->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator) {
+      node->setExpanded(true);
+      if (node->childCount() == 0) return nullptr;
+      QTreeWidgetItem* record = nullptr;
+      for (int i = 0; i < node->childCount() && !record; ++i) {
+        if (node->child(i)->childIndicatorPolicy() != QTreeWidgetItem::ShowIndicator)
+          record = node->child(i);
+      }
+      node = record ? record : node->child(0);
+    }
+    return node;
+  }
+};
+
+TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
+  const auto& c = GetParam();
+  QTreeWidgetItem* node = nullptr;
+  for (const auto& oidr : c.open) {
+    node = window_->NodeOf(oidr);
+    ASSERT_NE(node, nullptr) << oidr;
+    node->setExpanded(true);
+  }
+  if (!c.node.empty()) {
+    node = window_->NodeOf(c.node);
+  } else {
+    node = FirstRecord(node);
+  }
+  ASSERT_NE(node, nullptr);
+  window_->Tree()->setCurrentItem(node);
+  ASSERT_TRUE(window_->ClickNode(node, c.key));
+  Settle();
+  ASSERT_EQ(window_->Area()->subWindowList().size(), 1);
+  QMdiSubWindow* sub = window_->Area()->activeSubWindow();
+  ASSERT_NE(sub, nullptr);
+  EXPECT_FALSE(sub->windowTitle().trimmed().isEmpty());
+  Shot(*window_, (std::string("window-") + c.name).c_str());
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Catalogues, ShellWindowsTest,
+    ::testing::Values(WindowCase{"firm", {"O0000100"}, "", "0"},
+                      WindowCase{"new_bank", {}, "O0000300", "1"},
+                      WindowCase{"currency", {"O0002200"}, "O00022002", "Padėti &ant darbo stalo"},
+                      WindowCase{"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
+                      WindowCase{"warehouses", {"O0001600"}, "O0001605", "5"},
+                      WindowCase{"warehouse", {"O0001600", "O0001605"}, "O00016053", "0"},
+                      WindowCase{"departments", {"O0001600"}, "O0001604", "5"},
+                      WindowCase{"department", {"O0001600", "O0001604"}, "", "0"},
+                      WindowCase{"destinations", {"O0001600"}, "O0001615", "5"},
+                      WindowCase{"payment_terms", {"O0001600"}, "O0001603", "5"},
+                      WindowCase{"firm_types", {"O0001600"}, "O0001602", "5"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+}  // namespace
+}  // namespace orvel

@@ -1,0 +1,191 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "ui/Button.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+
+// A good's price through the real module over the sample database: added
+// from the prices tab in the record's dialog, written, shown in the tab and
+// deleted from it.
+class GoodsRecordsRoadTest : public RunningHost {
+ protected:
+  void SetUp() override {
+    RunningHost::SetUp();
+    id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM goods_prices"));
+    oidr_ = "O0000200" + id_;
+  }
+
+  int TabIndex(FieldSheet& sheet, const std::string& key) {
+    for (size_t i = 0; i < sheet.Tabs().size(); ++i) {
+      if (sheet.Tabs()[i].key == key) return static_cast<int>(i);
+    }
+    return -1;
+  }
+
+  // A right click on the tab's list, answering the menu with `entry`.
+  void RightClick(FieldSheet& sheet, const std::string& tab, const std::string& entry) {
+    prompter_.answers.push_back(entry);
+    sheet.ListMouseUp(tab, TabIndex(sheet, tab), 2);
+  }
+
+  // The record dialog: its field sheet filled with `fields`, then Write.
+  void FillDialogWith(std::vector<std::pair<std::string, std::string>> fields) {
+    Terminal().SetModalRunner([this, fields](Form& dialog) {
+      dialogCaption_ = dialog.Caption();
+      auto* sheet = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
+      auto* write = dynamic_cast<Button*>(dialog.FindControl("cmdEnter"));
+      ASSERT_TRUE(sheet && write);
+      for (const auto& [name, text] : fields) {
+        EXPECT_TRUE(sheet->EditText(name, text)) << name << ": " << sheet->LastError();
+      }
+      write->Click();
+      dialogLeftOpen_ = dialog.Visible();
+    });
+  }
+
+  std::string id_;
+  std::string oidr_;
+  std::string dialogCaption_;
+  bool dialogLeftOpen_ = true;
+};
+
+// One kind of detail record added from its tab: the fields typed in the
+// dialog, the row as stored, the tab's row.
+struct RoadCase {
+  const char* name;
+  const char* good;  // SQL: the good whose card is opened
+  const char* tab;
+  const char* oid;
+  const char* table;
+  const char* caption;
+  std::vector<std::pair<std::string, std::string>> typed;
+  const char* stored;  // SQL expression over the new row
+  const char* storedText;
+  const char* rowText;
+  int subItem;
+  const char* subItemText;
+};
+
+class GoodsRecordsRoadCaseTest : public GoodsRecordsRoadTest,
+                                 public ::testing::WithParamInterface<RoadCase> {
+ protected:
+  void SetUp() override {
+    GoodsRecordsRoadTest::SetUp();
+    id_ = ConcatText(Stored(GetParam().good));
+    oidr_ = "O0000200" + id_;
+  }
+};
+
+TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
+  const RoadCase& c = GetParam();
+  auto card = OpenCard(oidr_, "C");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  ListView* list = sheet->TabList(c.tab);
+  ASSERT_NE(list, nullptr);
+  const int before = list->ListItems().Count();
+
+  FillDialogWith(c.typed);
+  RightClick(*sheet, c.tab, "Sukurti &naują");
+  EXPECT_FALSE(dialogLeftOpen_);
+  EXPECT_EQ(dialogCaption_, std::string(": ") + c.caption);
+  EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject '" + std::string(c.oid) + "'"));
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject '" + std::string(c.oid) + "',''"));
+
+  const std::string id = ConcatText(Stored(std::string("SELECT MAX(ID) FROM ") + c.table));
+  const std::string key = c.oid + id;
+  EXPECT_EQ(ConcatText(Stored(std::string("SELECT GoodID || '|' || ") + c.stored + " FROM " +
+                              c.table + " WHERE ID = " + id)),
+            id_ + "|" + c.storedText);
+
+  // The tab was read again and shows the new record.
+  ASSERT_EQ(list->ListItems().Count(), before + 1);
+  const ListItem* row = list->ListItems().Find(key);
+  ASSERT_NE(row, nullptr);
+  EXPECT_EQ(row->Text(), c.rowText);
+  EXPECT_EQ(row->ListSubItems().Item(c.subItem).Text(), c.subItemText);
+
+  for (int i = 1; i <= list->ListItems().Count(); ++i) {
+    if (list->ListItems().Item(i).Key() == key) list->SetSelectedItem(&list->ListItems().Item(i));
+  }
+  ASSERT_NE(list->SelectedItem(), nullptr);
+  prompter_.answers.push_back("&Panaikinti");
+  prompter_.answers.push_back("Taip");
+  sheet->ListMouseUp(c.tab, TabIndex(*sheet, c.tab), 2);
+  EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + key + "'"));
+  EXPECT_EQ(CLng(Stored(std::string("SELECT COUNT(*) FROM ") + c.table + " WHERE ID = " + id)), 0);
+  EXPECT_EQ(list->ListItems().Count(), before);
+  EXPECT_EQ(list->ListItems().Find(key), nullptr);
+}
+
+// Price type 3 is "Sutartinė", warehouse 2 "Kauno sandėlis" in the sample
+// data.
+INSTANTIATE_TEST_SUITE_P(Records, GoodsRecordsRoadCaseTest,
+                         ::testing::Values(RoadCase{"Price",
+                                                    "SELECT MIN(GoodID) FROM goods_prices",
+                                                    "PRICES",
+                                                    "O0000600",
+                                                    "goods_prices",
+                                                    "Kainos",
+                                                    {{"GoodPriceTypeID", "3"}, {"Price", "12"}},
+                                                    "PriceType || '|' || Currency || '|' || Price",
+                                                    "Sutartinė|EUR|12.0",
+                                                    "Sutartinė",
+                                                    2,
+                                                    "12,00"},
+                                           RoadCase{"MinAmount",
+                                                    "SELECT MIN(GoodID) FROM goods_min_amounts",
+                                                    "MinAmount",
+                                                    "O0000700",
+                                                    "goods_min_amounts",
+                                                    "Minimalus kiekis",
+                                                    {{"LocationId", "2"}, {"MinAmount", "7"}},
+                                                    "Name || '|' || MinAmount",
+                                                    "Kauno sandėlis|7.0",
+                                                    "7",
+                                                    1,
+                                                    "Kauno sandėlis"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// The small adapter of prices answers no "Structure" property, so the host's
+// field sheet knows no field types and keeps what is typed as text: a price
+// with the Lithuanian decimal comma is stored as the text "12,35". To be
+// enabled once the adapter answers the structure ("GoodPrices").
+INSTANTIATE_TEST_SUITE_P(DISABLED_DecimalComma, GoodsRecordsRoadCaseTest,
+                         ::testing::Values(RoadCase{"Price",
+                                                    "SELECT MIN(GoodID) FROM goods_prices",
+                                                    "PRICES",
+                                                    "O0000600",
+                                                    "goods_prices",
+                                                    "Kainos",
+                                                    {{"GoodPriceTypeID", "3"}, {"Price", "12,35"}},
+                                                    "Price",
+                                                    "12.35",
+                                                    "Sutartinė",
+                                                    2,
+                                                    "12,35"}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// The dialog does not write a price without its amount, and says nothing.
+TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
+  auto card = OpenCard(oidr_, "C");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
+  FillDialogWith({{"GoodPriceTypeID", "1"}});
+  RightClick(*sheet, "PRICES", "Sukurti &naują");
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM goods_prices"), before);
+  EXPECT_THAT(calls_, ::testing::Not(Contains(HasSubstr("Orvel_SaveObject 'O0000600'"))));
+}
+
+}  // namespace
+}  // namespace orvel
