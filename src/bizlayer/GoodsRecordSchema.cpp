@@ -67,18 +67,7 @@ void Describe(SqliteDatabase& db, const CatalogueTable& catalogue) {
   auto clear = db.Prepare("DELETE FROM field_descriptions WHERE StructureName = ?");
   clear.Bind(1, Variant(catalogue.structureName));
   clear.Run();
-  auto describe = db.Prepare(
-      "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
-      "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
-  describe.BindAll(catalogue.structureName, 0, "ID", "ID", 4, 56, 0).Run();
-  int position = 0;
-  for (const auto& field : catalogue.fields) {
-    describe.Reset();
-    describe
-        .BindAll(catalogue.structureName, ++position, field.name, field.caption, field.length,
-                 ServerTypeCode(field.type), field.visible ? 1 : 0)
-        .Run();
-  }
+  DescribeCatalogue(db, catalogue);
 }
 
 void CreateGoodsRecordTables(SqliteDatabase& db) {

@@ -32,8 +32,6 @@ class SampleRandom {
   uint32_t state_;
 };
 
-void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue);
-
 void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
   std::string sql = "CREATE TABLE " + catalogue.name + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
   for (const auto& field : catalogue.fields) {
@@ -46,22 +44,6 @@ void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
             " (ParentID, Name)");
   }
   DescribeCatalogue(db, catalogue);
-}
-
-// The card's fields of a type in the table of field descriptions.
-void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
-  auto describe = db.Prepare(
-      "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
-      "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
-  describe.BindAll(catalogue.structureName, 0, "ID", "ID", 4, 56, 0).Run();
-  int position = 0;
-  for (const auto& field : catalogue.fields) {
-    describe.Reset();
-    describe
-        .BindAll(catalogue.structureName, ++position, field.name, field.caption, field.length,
-                 ServerTypeCode(field.type), field.visible ? 1 : 0)
-        .Run();
-  }
 }
 
 // What the catalogues' own calls read besides the cards: the documents that
@@ -586,6 +568,22 @@ void CompleteSchema(SqliteDatabase& db) {
 }
 
 }  // namespace
+
+// The card's fields of a type in the table of field descriptions.
+void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
+  auto describe = db.Prepare(
+      "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
+      "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
+  describe.BindAll(catalogue.structureName, 0, "ID", "ID", 4, 56, 0).Run();
+  int position = 0;
+  for (const auto& field : catalogue.fields) {
+    describe.Reset();
+    describe
+        .BindAll(catalogue.structureName, ++position, field.name, field.caption, field.length,
+                 ServerTypeCode(field.type), field.visible ? 1 : 0)
+        .Run();
+  }
+}
 
 std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
   auto db = std::make_shared<SqliteDatabase>(path);
