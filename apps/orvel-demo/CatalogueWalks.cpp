@@ -13,7 +13,7 @@
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"
-#include "testhost/TestDragData.h"
+#include "hostkit/TextDragData.h"
 #include "testhost/TestObjectManager.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/Button.h"
@@ -157,7 +157,7 @@ int WalkFirms(orvel::TestHost& host) {
   Section("O0000100: drag firm 3 into group 1");
   auto group = ShowFromMenu(host, *firms, "O00001001", "0");
   if (!group) return 1;
-  host.Ui()->Grids().back()->ListDragDrop(std::make_shared<orvel::TestDragData>("O00001003"));
+  host.Ui()->Grids().back()->ListDragDrop(std::make_shared<orvel::TextDragData>("O00001003"));
   return 0;
 }
 

@@ -46,7 +46,10 @@ int main(int argc, char** argv) {
   std::string error;
   if (!host.Start(command.options, error)) {
     std::cerr << "orvel-window: " << error << "\n";
-    QMessageBox::critical(nullptr, "Orvel", QString::fromStdString(error));
+    // With no screen (the offscreen platform) no one could close the box.
+    if (QGuiApplication::platformName() != "offscreen") {
+      QMessageBox::critical(nullptr, "Orvel", QString::fromStdString(error));
+    }
     return 1;
   }
   host.HostClasses().SetPrintRenderer(

@@ -41,9 +41,7 @@ bool Holds(const std::vector<std::string>& columns, const std::string& name) {
 
 // Adds the columns of the catalogue that the table lacks. The table keeps
 // its rows, IDs and constraints: the columns the previous version made NOT
-// NULL are the ones the goods card's dialog will not write without. (A
-// table cannot be made again here: the opening of the file holds a statement
-// open, and SQLite drops no table under an open statement.)
+// NULL are the ones the goods card's dialog will not write without.
 void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue) {
   const auto old = ColumnsOf(db, catalogue.name);
   if (old.empty()) {
@@ -168,10 +166,31 @@ void CreateGoodsRecordTables(SqliteDatabase& db) {
           templateNamed + ";");
 }
 
+// A new file makes the records' tables from their catalogues, which name no
+// foreign keys, so the cascade of the older tables is not there: a trigger
+// removes a deleted good's records in every file, and the records of goods
+// deleted before it are removed once.
+void CascadeGoodsRecords(SqliteDatabase& db) {
+  std::string removeRecords;
+  std::string removeOrphans;
+  for (const char* table : {"goods_prices", "goods_min_amounts", "goods_templates"}) {
+    removeRecords += std::string(" DELETE FROM ") + table + " WHERE GoodID = OLD.ID;";
+    removeOrphans += std::string("DELETE FROM ") + table +
+                     " WHERE NOT EXISTS (SELECT 1 FROM goods WHERE goods.ID = " + table +
+                     ".GoodID);";
+  }
+  db.Exec("CREATE TRIGGER IF NOT EXISTS goods_records_follow_good AFTER DELETE ON goods BEGIN" +
+          removeRecords + " END;" + removeOrphans);
+}
+
 }  // namespace
 
 SchemaPart GoodsRecordSchema() {
   return {"goods-detail-records", CreateGoodsRecordTables, nullptr};
+}
+
+SchemaPart GoodsRecordCascadeSchema() {
+  return {"goods-records-follow-their-good", CascadeGoodsRecords, nullptr};
 }
 
 }  // namespace orvel

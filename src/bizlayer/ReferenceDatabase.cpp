@@ -587,9 +587,13 @@ void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
 
 std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
   auto db = std::make_shared<SqliteDatabase>(path);
-  auto version = db->Prepare("PRAGMA user_version");
-  version.Step();
-  const int found = static_cast<int>(version.Column(0).NumberValue());
+  // Read and let go: an open statement would keep the upgrade below from
+  // dropping or remaking a table.
+  const int found = [&db] {
+    auto version = db->Prepare("PRAGMA user_version");
+    version.Step();
+    return static_cast<int>(version.Column(0).NumberValue());
+  }();
   if (found == 0) {
     SqliteTransaction transaction(*db);
     CreateSchema(*db);

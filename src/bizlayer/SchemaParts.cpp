@@ -11,6 +11,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       ReferenceBookSchema(),
       GoodsDetailSchema(),
       GoodsRecordSchema(),
+      GoodsRecordCascadeSchema(),
   };
   return parts;
 }

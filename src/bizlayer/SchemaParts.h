@@ -15,5 +15,7 @@ SchemaPart ReferenceBookSchema();
 SchemaPart GoodsDetailSchema();
 // A good's prices, minimum amounts and template rows as records of their own.
 SchemaPart GoodsRecordSchema();
+// A good's detail records go with the good, whatever made their tables.
+SchemaPart GoodsRecordCascadeSchema();
 
 }  // namespace orvel

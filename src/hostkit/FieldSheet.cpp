@@ -6,7 +6,9 @@
 
 #include "host/Convert.h"
 #include "host/OrvelBoResult.h"
+#include "host/OrvelObjectManager.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/OrvelServices.h"
 #include "host/Recordset.h"
 #include "host/RuntimeError.h"
 
@@ -116,6 +118,7 @@ void FieldSheet::Build() {
   try {
     auto record = object_->RsFields();
     auto structure = StructureSet(object_->Properties("Structure", ""));
+    if (!structure) structure = TypeStructure();
     if (structure) {
       for (structure->MoveFirst(); !structure->IsEOF(); structure->MoveNext()) {
         Field field;
@@ -136,6 +139,20 @@ void FieldSheet::Build() {
     lastError_ = e.what();
   }
   Notify("Fields");
+}
+
+// The adapters of the small catalogues answer no "Structure" property; the
+// business layer still knows their fields' types, and without them a price
+// typed with the decimal comma would be kept as text.
+std::shared_ptr<Recordset> FieldSheet::TypeStructure() const {
+  if (!services_ || !object_) return nullptr;
+  auto manager = services_->ObjectManager();
+  if (!manager) return nullptr;
+  OrvelResult reply = manager->Call("Orvel_GetObjectStructureByOID", object_->OID());
+  if (reply.Number != 0) return nullptr;
+  auto structure = StructureSet(reply);
+  if (!structure || structure->IsEOF()) return nullptr;
+  return structure;
 }
 
 const FieldSheet::Field* FieldSheet::FindField(const std::string& name) const {

@@ -67,6 +67,7 @@ class FieldSheet : public OrvelGrid {
 
  private:
   void Build();
+  std::shared_ptr<Recordset> TypeStructure() const;
   const Field* FindField(const std::string& name) const;
 
   std::shared_ptr<OrvelServices> services_;

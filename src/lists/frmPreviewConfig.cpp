@@ -35,13 +35,14 @@ bool IsOn(const std::string& flag) { return !flag.empty() && flag != "0"; }
 
 frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
   SetCaption(" Vaizdo parametrai");
+  // In the order the window shows them, each label before its field.
   for (Control* c : std::initializer_list<Control*>{
-           &lvwColumns,  &txtColumnCaption, &txtWidth,        &cmbAlignment,
-           &cmdUp,       &cmdDown,          &lblTotalWidth,   &txtJournalName,
-           &cmbFontSize, &chbGridlinesHor,  &chbGridlinesVer, &chbUserName,
-           &chbDate,     &chbTime,          &txtFooter,       &txtRegName,
-           &cmdOK,       &cmdCancel,        &lblJournalName,  &lblFontSize,
-           &lblFooter,   &lblRegName}) {
+           &lvwColumns,      &txtColumnCaption, &txtWidth,    &cmbAlignment,
+           &cmdUp,           &cmdDown,          &lblTotalWidth, &lblJournalName,
+           &txtJournalName,  &lblFontSize,      &cmbFontSize, &chbGridlinesHor,
+           &chbGridlinesVer, &chbUserName,      &chbDate,     &chbTime,
+           &lblFooter,       &txtFooter,        &lblRegName,  &txtRegName,
+           &cmdOK,           &cmdCancel}) {
     Register(*c);
   }
   lblJournalName.SetCaption("Pavadinimas:");
@@ -53,6 +54,9 @@ frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
   chbTime.SetCaption("Laikas");
   lblFooter.SetCaption("Baigtinė informacija po žurnalo lentele:");
   lblRegName.SetCaption("Registracinis pavadinimas:");
+  // The same words as the list settings dialog; the arrows carry a picture.
+  cmdOK.SetCaption("Gerai");
+  cmdCancel.SetCaption("Atšaukti");
   cmbAlignment.SetStyle(vbComboDropdownList);
   cmbFontSize.SetStyle(vbComboDropdownList);
 

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "hostkit/FieldSheet.h"
+#include "hostkit/TextDragData.h"
 #include "qthost/ListViewBinding.h"
 
 namespace orvel {
@@ -212,6 +213,12 @@ void FieldSheetView::MirrorTabs() {
       state_->sheet.ListMouseUp(key, index, button, shift);
     };
     events.doubleClick = [this, index] { state_->sheet.ListDoubleClick(index); };
+    events.dragOver = [this](const std::string& text, int effect) {
+      return state_->sheet.ListDragOver(std::make_shared<TextDragData>(text), effect);
+    };
+    events.drop = [this](const std::string& text) {
+      state_->sheet.ListDragDrop(std::make_shared<TextDragData>(text));
+    };
     auto binding =
         std::make_unique<ListViewBinding>(tab.list, s.context, s.tabs, std::move(events));
     binding->SetFocusControl(&s.sheet);

@@ -20,8 +20,9 @@ class FieldSheet;
 // it for the last refused edit, and a tab row of the sheet's lists, each
 // drawn as a list view. Typing into a value cell goes to EditText; a refused
 // text is put back and its reason shown. The tab lists raise the grid's list
-// events (ListMouseUp with the tab's key and index, ListDoubleClick) besides
-// their own row clicks, ticks and keys. "Fields" refreshes the values (the
+// events (ListMouseUp with the tab's key and index, ListDoubleClick, and
+// ListDragOver and ListDragDrop for a node of the tree dropped on them)
+// besides their own row clicks, ticks and keys. "Fields" refreshes the values (the
 // table is rebuilt when the fields themselves changed), "Tabs" the tab row.
 //
 // The view is the sheet's observer while it lives, and the sheet must outlive

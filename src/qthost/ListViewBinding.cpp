@@ -1,7 +1,9 @@
 #include "qthost/ListViewBinding.h"
 
 #include <QHeaderView>
+#include <QDropEvent>
 #include <QItemSelectionModel>
+#include <QMimeData>
 #include <QMouseEvent>
 #include <QSignalBlocker>
 
@@ -26,6 +28,13 @@ Qt::Alignment AlignmentOf(int alignment) {
   }
 }
 
+// The platform's drop effects: none, copy, move.
+int EffectOf(Qt::DropActions actions) {
+  if (actions & Qt::MoveAction) return 2;
+  if (actions & Qt::CopyAction) return 1;
+  return 0;
+}
+
 }  // namespace
 
 ListViewBinding::ListViewBinding(ListView& list, BindingContext context, QWidget* parent,
@@ -46,6 +55,7 @@ ListViewBinding::ListViewBinding(ListView& list, BindingContext context, QWidget
   tree_->header()->setSectionsClickable(true);
   tree_->header()->setStretchLastSection(true);
   RouteInput(tree_);
+  if (events_.dragOver) tree_->viewport()->setAcceptDrops(true);
 
   QObject::connect(tree_, &QTreeWidget::itemClicked, this, [this](QTreeWidgetItem* item, int) {
     if (ListItem* row = RowOf(item)) Guard([&] { list_.ItemClick(*row); });
@@ -188,9 +198,32 @@ void ListViewBinding::MirrorSelection() {
 
 int ListViewBinding::KeyDown(int keyCode, int shift) { return list_.KeyDown(keyCode, shift); }
 
+bool ListViewBinding::DragEvent(QEvent* event) {
+  auto* drag = static_cast<QDropEvent*>(event);
+  const QMimeData* data = drag->mimeData();
+  const std::string text = data && data->hasText() ? FromQt(data->text()) : std::string();
+  int effect = 0;
+  if (!text.empty()) {
+    effect = EffectOf(drag->possibleActions());
+    Guard([&] { effect = events_.dragOver(text, effect); });
+  }
+  if (effect == 0) {
+    drag->ignore();
+    return true;
+  }
+  drag->setDropAction((effect & 2) ? Qt::MoveAction : Qt::CopyAction);
+  drag->accept();
+  if (event->type() == QEvent::Drop && events_.drop) Guard([&] { events_.drop(text); });
+  return true;
+}
+
 bool ListViewBinding::Filter(QObject* watched, QEvent* event) {
   if (watched != tree_->viewport()) return false;
   const QEvent::Type type = event->type();
+  if (events_.dragOver &&
+      (type == QEvent::DragEnter || type == QEvent::DragMove || type == QEvent::Drop)) {
+    return DragEvent(event);
+  }
   if (type != QEvent::MouseButtonPress && type != QEvent::MouseButtonRelease &&
       type != QEvent::MouseButtonDblClick) {
     return false;

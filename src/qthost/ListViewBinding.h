@@ -2,6 +2,7 @@
 
 #include <QTreeWidget>
 #include <functional>
+#include <string>
 #include <string_view>
 
 #include "qthost/ControlBinding.h"
@@ -20,12 +21,16 @@ class ListView;
 // tick (ItemCheck), a double click, mouse buttons down and up (a right press
 // over a row selects it first, so that a popup acts on it), keys down and
 // column clicks. A list that belongs to the field sheet sends its mouse-up
-// and double click to the grid instead (Events).
+// and double click to the grid instead (Events), and takes drops: a drag of
+// text over it asks dragOver for the drop effect (0 refuses it), and the
+// drop goes to drop.
 class ListViewBinding : public ControlBinding {
  public:
   struct Events {
     std::function<void(int button, int shift)> mouseUp;
     std::function<void()> doubleClick;
+    std::function<int(const std::string& text, int effect)> dragOver;
+    std::function<void(const std::string& text)> drop;
   };
 
   ListViewBinding(ListView& list, BindingContext context, QWidget* parent, Events events = {});
@@ -42,6 +47,8 @@ class ListViewBinding : public ControlBinding {
   void MirrorColumns();
   void MirrorRows();
   void MirrorSelection();
+  // A drag over the rows or a drop on them; true when the event was taken.
+  bool DragEvent(QEvent* event);
   // The model row a tree item stands for; null when the rows moved on.
   ListItem* RowOf(const QTreeWidgetItem* item) const;
 

@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QCloseEvent>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QMdiArea>
@@ -9,6 +10,7 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPixmap>
 #include <QSplitter>
 #include <QStatusBar>
@@ -55,6 +57,42 @@ QIcon IconFromPicture(const std::shared_ptr<Picture>& picture) {
   QPixmap pixmap(rows.data());
   return pixmap.isNull() ? QIcon() : QIcon(pixmap);
 }
+
+// The catalogue tree as a drag source: a member the type lets go (DragOK)
+// is dragged as its OIDR in text, which the lists of a card take. A node
+// is a drop target only when its type says so (DropOK); no type of the
+// module takes drops on the tree, so a drop there changes nothing.
+class CatalogueTree : public QTreeWidget {
+ public:
+  std::function<bool(QTreeWidgetItem*)> mayDrag;
+  std::function<bool(QTreeWidgetItem*)> mayDrop;
+
+ protected:
+  QStringList mimeTypes() const override { return {QStringLiteral("text/plain")}; }
+  QMimeData* mimeData(const QList<QTreeWidgetItem*>& items) const override {
+    if (items.isEmpty()) return nullptr;
+    auto* data = new QMimeData;
+    data->setText(Q(MainWindow::OidrOf(items.first())));
+    return data;
+  }
+  Qt::DropActions supportedDropActions() const override {
+    return Qt::MoveAction | Qt::CopyAction;
+  }
+  void startDrag(Qt::DropActions actions) override {
+    QTreeWidgetItem* item = currentItem();
+    if (MainWindow::KindOf(item) != MainWindow::kMemberNode || !mayDrag || !mayDrag(item)) return;
+    QTreeWidget::startDrag(actions);
+  }
+  void dragMoveEvent(QDragMoveEvent* event) override {
+    QTreeWidgetItem* target = itemAt(event->position().toPoint());
+    if (MainWindow::KindOf(target) == MainWindow::kMemberNode && mayDrop && mayDrop(target)) {
+      event->acceptProposedAction();
+    } else {
+      event->ignore();
+    }
+  }
+  void dropEvent(QDropEvent* event) override { event->ignore(); }
+};
 
 std::string FieldText(Recordset& rs, const char* name) {
   if (!rs.Fields().Exists(name)) return "";
@@ -142,7 +180,13 @@ MainWindow::MainWindow(ReferenceHost& host, QtUi& ui, QtPrompter& prompter,
   setWindowTitle(QString::fromUtf8("Orvel Apskaita"));
   resize(1280, 800);
 
-  tree_ = new QTreeWidget;
+  auto* tree = new CatalogueTree;
+  tree->mayDrag = [this](QTreeWidgetItem* node) { return AsksType(node, true); };
+  tree->mayDrop = [this](QTreeWidgetItem* node) { return AsksType(node, false); };
+  tree->setDragEnabled(true);
+  tree->setAcceptDrops(true);
+  tree->setDragDropMode(QAbstractItemView::DragDrop);
+  tree_ = tree;
   tree_->setHeaderHidden(true);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
   tree_->setMinimumWidth(260);
@@ -248,6 +292,17 @@ QIcon MainWindow::IconOf(const std::string& typeOidr, const std::string& kind) c
   }
   icons_[cacheKey] = icon;
   return icon;
+}
+
+bool MainWindow::AsksType(QTreeWidgetItem* node, bool drag) {
+  const std::string oidr = OidrOf(node);
+  try {
+    auto type = host_.Objects().GetOrvelObjectUI(oidr);
+    if (!type) return false;
+    return drag ? type->DragOK(oidr, OTypeOf(node), "") : type->DropOK(oidr);
+  } catch (const std::exception&) {
+    return false;
+  }
 }
 
 void MainWindow::LoadMembers(QTreeWidgetItem* node) {

@@ -31,7 +31,8 @@ struct OrvelMenuResult;
 // each type's members, read when a node is first opened. A node's context
 // menu, its key chords and a double click on a member go to the type's
 // ClickMenu, and the result is carried out: a window shown, the node
-// dropped, or its members replaced. Right, the module's windows as
+// dropped, or its members replaced. A member is dragged, as its OIDR, onto
+// the lists of a card. Right, the module's windows as
 // sub-windows, each a FormView of the window's form, kept in step with the
 // host's window registry. A record whose window is open already brings that
 // window forward instead of opening a second one. A window is titled by its
@@ -58,6 +59,9 @@ class MainWindow : public QMainWindow {
 
   // Reads a node's members now (as opening it does).
   void LoadMembers(QTreeWidgetItem* node);
+  // The node's type asked whether the member may be dragged (DragOK) or
+  // take a drop (DropOK); false when the type cannot be reached.
+  bool AsksType(QTreeWidgetItem* node, bool drag);
   // The node's context menu at a screen point; the pick is sent to the type.
   void ShowNodeMenu(QTreeWidgetItem* node, const QPoint& at);
   // Sends a menu key (or chord) of a node to its type and carries out what

@@ -62,8 +62,9 @@ class ButtonBinding : public ControlBinding {
   void Mirror(std::string_view property) override {
     if (!property.empty() && property != "Caption") return;
     widget_->setText(ToQt(button_.Caption()));
-    // The module's picture buttons (SSCNew, SSCClose) carry no caption: they
-    // show the toolkit's picture for what their name says.
+    // The module's picture buttons (SSCNew, SSCClose, the arrows of the
+    // column dialog) carry no caption: they show the toolkit's picture for
+    // what their name says.
     const bool pictured = button_.Caption().empty();
     widget_->setIcon(pictured ? PictureOf(button_.Name()) : QIcon());
     widget_->setMinimumWidth(pictured ? 40 : 90);
@@ -80,6 +81,10 @@ class ButtonBinding : public ControlBinding {
       picture = QStyle::SP_TrashIcon;
     } else if (lower.contains("print")) {
       picture = QStyle::SP_FileDialogDetailedView;
+    } else if (lower.endsWith("up")) {
+      picture = QStyle::SP_ArrowUp;
+    } else if (lower.endsWith("down")) {
+      picture = QStyle::SP_ArrowDown;
     }
     return widget_->style()->standardIcon(picture, nullptr, widget_);
   }

@@ -28,6 +28,7 @@ class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Tes
     ReferenceBookSchema().create(*db_);
     GoodsDetailSchema().create(*db_);
     GoodsRecordSchema().create(*db_);
+    GoodsRecordCascadeSchema().create(*db_);
     const char* good = "INSERT INTO goods (Name, ParentID, GroupFlag, Active) VALUES (?, ?, ?, 1)";
     Insert(good, {"Kanceliarija", Variant::Null(), 1});
     Insert(good, {"Popierius", 1, 0});
@@ -220,6 +221,34 @@ INSTANTIATE_TEST_SUITE_P(
                           "Pardavimas",
                           "Paslaugos"}),
     [](const auto& info) { return std::string(info.param.name); });
+
+TEST_F(GoodsRecordCallsTest, ADeletedGoodTakesItsRecordsAlong) {
+  OrvelStatus status;
+  for (int good : {2, 3}) {
+    ASSERT_FALSE(Create("O0000600", {{"GoodID", Variant(good)}, {"GoodPriceTypeID", Variant(1)}},
+                        &status)
+                     .empty())
+        << status.Text;
+    ASSERT_FALSE(Create("O0000700", {{"GoodID", Variant(good)}, {"LocationID", Variant(1)},
+                                     {"MinAmount", Variant(2)}},
+                        &status)
+                     .empty())
+        << status.Text;
+    ASSERT_FALSE(Create("O0000800", {{"GoodID", Variant(good)},
+                                     {"GoodBRTemplateTypeID", Variant(1)},
+                                     {"BRTemplateID", Variant(1)}},
+                        &status)
+                     .empty())
+        << status.Text;
+  }
+  status = Type("O0000200").ExecCall("Orvel_DeleteObject", "'O00002003'", 0);
+  ASSERT_EQ(status.Number, 0) << status.Text;
+  for (const char* table : {"goods_prices", "goods_min_amounts", "goods_templates"}) {
+    const std::string count = std::string("SELECT COUNT(*) FROM ") + table + " WHERE GoodID = ";
+    EXPECT_EQ(One(count + "3").NumberValue(), 0) << table;
+    EXPECT_EQ(One(count + "2").NumberValue(), 1) << table;
+  }
+}
 
 TEST_F(GoodsRecordCallsTest, ANewPriceStartsInTheBaseCurrencyAndListsItsAmount) {
   OrvelStatus status;

@@ -41,7 +41,9 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
     auto db = ReferenceDatabase::Open(file.Path());
     // Back to the shape the first version wrote.
     db->Exec(
-        "DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
+        "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name ="
+        " 'goods-records-follow-their-good';"
+        " DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
         " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
         " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
         " ALTER TABLE goods DROP COLUMN WithRest; ALTER TABLE goods DROP COLUMN Garanty;"
@@ -56,6 +58,8 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
                 "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Goods'"
                 " AND Name IN ('WithRest', 'Garanty')"),
             Variant(2));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'"),
+            Variant(1));
   BusinessLayer layer(db);
   auto firm = layer.BusinessObject("O0000100")->GetCall("Orvel_ReadObject", "'O00001009'", 0);
   EXPECT_EQ(firm.Number, 0) << firm.Text;

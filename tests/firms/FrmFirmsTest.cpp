@@ -4,7 +4,7 @@
 
 #include <tuple>
 
-#include "testhost/TestDragData.h"
+#include "hostkit/TextDragData.h"
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
@@ -547,7 +547,7 @@ TEST_P(FrmFirmsDragOverTest, OnlyASavedGroupAcceptsFirms) {
   const DragCase& c = GetParam();
   auto w = Open(c.window, std::string(c.window) == "new" ? "2" : "0");
   if (std::string(c.window) == "new") w = Open("O0000100", "2");
-  EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TestDragData>(c.text), 1), c.effect);
+  EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(c.text), 1), c.effect);
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
@@ -558,7 +558,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
 
 TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   auto w = Open("O00001001");
-  Grid(*w).ListDragDrop(std::make_shared<TestDragData>("O00001003"));
+  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
   ListView& list = Grid(*w).TabList("Firms");
   ASSERT_NE(list.ListItems().Find("O00001003"), nullptr);
   EXPECT_EQ(list.ListItems().Item("O00001003").Text(), "AB Vėjas");
@@ -569,13 +569,13 @@ TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
   auto w = Open("O00001004");
   Select(*w, "Firms", "O00001003");
   host_.Log().Clear();
-  Grid(*w).ListDragDrop(std::make_shared<TestDragData>("O00001003"));
+  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
   EXPECT_TRUE(firms_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
 }
 
 TEST_F(FrmFirmsTest, AGroupCannotMoveUnderItsOwnDescendant) {
   auto w = Open("O00001004");
-  Grid(*w).ListDragDrop(std::make_shared<TestDragData>("O00001001"));
+  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001001"));
   EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
   EXPECT_TRUE(firms_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
 }

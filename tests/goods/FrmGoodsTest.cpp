@@ -16,7 +16,7 @@
 #include "host/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/FakeOrvelGrid.h"
-#include "testhost/TestDragData.h"
+#include "hostkit/TextDragData.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
@@ -603,7 +603,7 @@ class FrmGoodsDropTest : public FrmGoodsTest, public ::testing::WithParamInterfa
 TEST_P(FrmGoodsDropTest, TakesOnlyWhatMayMoveIntoTheGroup) {
   const DropCase& c = GetParam();
   auto w = Open(c.target);
-  auto data = std::make_shared<TestDragData>(c.dragged);
+  auto data = std::make_shared<TextDragData>(c.dragged);
   EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
   Grid(*w).ListDragDrop(data);
   auto& table = BO("O0000200").Table();

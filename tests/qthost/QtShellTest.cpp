@@ -9,6 +9,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFile>
+#include <QDropEvent>
 #include <QKeyEvent>
 #include <QLineEdit>
 #include <QListView>
@@ -16,6 +17,7 @@
 #include <QMdiSubWindow>
 #include <QMenu>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPointer>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
@@ -845,8 +847,18 @@ TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
     ASSERT_NE(config, nullptr);
     Settle();
     Shot(dialog, "column-dialog");
+    // Every button tells what it does: by its words or by its picture.
+    for (const char* name : {"cmdUp", "cmdDown"}) {
+      auto* arrow = qobject_cast<QAbstractButton*>(config->WidgetNamed(name));
+      ASSERT_NE(arrow, nullptr) << name;
+      EXPECT_FALSE(arrow->icon().isNull()) << name;
+    }
+    auto* ok = qobject_cast<QAbstractButton*>(config->WidgetNamed("cmdOK"));
+    ASSERT_NE(ok, nullptr);
+    EXPECT_EQ(ok->text(), QString::fromUtf8("Gerai"));
     auto* cancel = qobject_cast<QAbstractButton*>(config->WidgetNamed("cmdCancel"));
     ASSERT_NE(cancel, nullptr);
+    EXPECT_EQ(cancel->text(), QString::fromUtf8("Atšaukti"));
     cancel->click();
   });
   auto* configure = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdConfig"));
@@ -860,6 +872,82 @@ TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
   print->click();
   ASSERT_FALSE(printout_.LastFile().empty());
   EXPECT_TRUE(ReadAll(printout_.LastFile()).startsWith("%PDF-"));
+}
+
+// The text a tree node is dragged as, asked from the tree's model as a drag
+// would ask it.
+QString DraggedText(QTreeWidget& tree, QTreeWidgetItem* node) {
+  std::vector<int> rows;
+  for (QTreeWidgetItem* at = node; at; at = at->parent()) {
+    rows.insert(rows.begin(), at->parent() ? at->parent()->indexOfChild(at)
+                                           : tree.indexOfTopLevelItem(at));
+  }
+  QModelIndex index;
+  for (int row : rows) index = tree.model()->index(row, 0, index);
+  std::unique_ptr<QMimeData> data(tree.model()->mimeData({index}));
+  return data ? data->text() : QString();
+}
+
+// A drag of `text` entering and moving over a widget and, when `drop`, let
+// go there: whether the widget took it.
+bool DragOnto(QWidget& target, const QString& text, bool drop) {
+  QMimeData data;
+  data.setText(text);
+  const QPoint at = target.rect().center();
+  const Qt::DropActions actions = Qt::MoveAction | Qt::CopyAction;
+  QDragEnterEvent enter(at, actions, &data, Qt::LeftButton, Qt::NoModifier);
+  QCoreApplication::sendEvent(&target, &enter);
+  QDragMoveEvent move(at, actions, &data, Qt::LeftButton, Qt::NoModifier);
+  move.ignore();
+  QCoreApplication::sendEvent(&target, &move);
+  if (!move.isAccepted() || !drop) return move.isAccepted();
+  QDropEvent release(QPointF(at), actions, &data, Qt::LeftButton, Qt::NoModifier);
+  release.ignore();
+  QCoreApplication::sendEvent(&target, &release);
+  return release.isAccepted();
+}
+
+// A firm dragged from the tree onto the firm list of a group's card moves
+// into the group; what is not a firm is refused and changes nothing.
+TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
+  QTreeWidgetItem* firms = window_->NodeOf("O0000100");
+  ASSERT_NE(firms, nullptr);
+  firms->setExpanded(true);
+  std::vector<QTreeWidgetItem*> groups;
+  for (int i = 0; i < firms->childCount(); ++i) {
+    if (MainWindow::OTypeOf(firms->child(i)) == "Group") groups.push_back(firms->child(i));
+  }
+  ASSERT_GE(groups.size(), 2u);
+  QTreeWidgetItem* target = groups[0];
+  groups[1]->setExpanded(true);
+  QTreeWidgetItem* firm = nullptr;
+  for (int i = 0; i < groups[1]->childCount() && !firm; ++i) {
+    if (MainWindow::OTypeOf(groups[1]->child(i)) != "Group") firm = groups[1]->child(i);
+  }
+  ASSERT_NE(firm, nullptr);
+  const std::string firmOidr = MainWindow::OidrOf(firm);
+  EXPECT_TRUE(window_->AsksType(firm, true));
+  EXPECT_FALSE(window_->AsksType(target, false));
+  ASSERT_EQ(DraggedText(*window_->Tree(), firm).toStdString(), firmOidr);
+
+  ASSERT_TRUE(window_->ClickNode(target, "0"));
+  Settle();
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  auto* sheet = view->findChild<FieldSheetView*>();
+  ASSERT_NE(sheet, nullptr);
+  QTreeWidget* list = sheet->TabTree("Firms");
+  ASSERT_NE(list, nullptr);
+  const int listed = list->topLevelItemCount();
+
+  EXPECT_FALSE(DragOnto(*list->viewport(), "O00003001", true));
+  EXPECT_EQ(list->topLevelItemCount(), listed);
+  ASSERT_TRUE(DragOnto(*list->viewport(), QString::fromStdString(firmOidr), true));
+  Settle();
+  const std::string groupId = MainWindow::OidrOf(target).substr(8);
+  EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM firms WHERE ID = " + firmOidr.substr(8))),
+            groupId);
+  EXPECT_EQ(list->topLevelItemCount(), listed + 1);
 }
 
 // Each catalogue window reachable from the tree opens as a sub-window from

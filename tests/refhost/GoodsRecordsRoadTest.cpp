@@ -155,11 +155,10 @@ INSTANTIATE_TEST_SUITE_P(Records, GoodsRecordsRoadCaseTest,
                                                     "Kauno sandėlis"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// The small adapter of prices answers no "Structure" property, so the host's
-// field sheet knows no field types and keeps what is typed as text: a price
-// with the Lithuanian decimal comma is stored as the text "12,35". To be
-// enabled once the adapter answers the structure ("GoodPrices").
-INSTANTIATE_TEST_SUITE_P(DISABLED_DecimalComma, GoodsRecordsRoadCaseTest,
+// The small adapter of prices answers no "Structure" property; the field
+// sheet takes the types from the business layer, so a price typed with the
+// Lithuanian decimal comma is stored as the number 12.35, not as text.
+INSTANTIATE_TEST_SUITE_P(DecimalComma, GoodsRecordsRoadCaseTest,
                          ::testing::Values(RoadCase{"Price",
                                                     "SELECT MIN(GoodID) FROM goods_prices",
                                                     "PRICES",

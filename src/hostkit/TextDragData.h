@@ -6,10 +6,10 @@
 
 namespace orvel {
 
-// What the test host's tree carries in a drag: an OIDR as text.
-class TestDragData : public DragData {
+// What a host's tree carries in a drag: an OIDR as text.
+class TextDragData : public DragData {
  public:
-  explicit TestDragData(std::string text) : text_(std::move(text)) {}
+  explicit TextDragData(std::string text) : text_(std::move(text)) {}
   std::string GetText() override { return text_; }
 
  private:
