@@ -85,7 +85,7 @@ frmFirms::frmFirms()
   timerModal.SetEnabled(false);
   timerModal.SetInterval(kModalDelay);
   for (Control* control : std::initializer_list<Control*>{
-           &lblInfo, &timerModal, &cmdParentGroup, &txtGroup, &lblCroup, &lblDebt, &lblCredit,
+           &lblInfo, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
            &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo, &mnuDiscount, &mnuNew,
            &mnuContracts}) {
     Register(*control);

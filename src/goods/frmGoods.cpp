@@ -108,7 +108,7 @@ frmGoods::frmGoods()
   timerModal.SetInterval(kModalDelay);
   mnuMain.SetVisible(false);
   mnuPopUp.SetVisible(false);
-  for (Control* control : std::initializer_list<Control*>{&txtGroup, &lblGroup, &cmdParentGroup,
+  for (Control* control : std::initializer_list<Control*>{&lblGroup, &txtGroup, &cmdParentGroup,
                                                           &timerModal, &mnuMain, &mnuPopUp}) {
     Register(*control);
   }

@@ -68,9 +68,10 @@ int Byte(const std::string& text) {
 }  // namespace
 
 frmReferenceBookPreview::frmReferenceBookPreview() : Form("frmReferenceBookPreview") {
+  // In the order the window shows them: each label before what it names.
   for (Control* c : std::initializer_list<Control*>{
-           &SOPanel, &txtGroupName, &cmdSelect, &cmdConfig, &cmdPrint, &lvwRec, &SSCClose,
-           &lblJournalName, &lblStatus, &lblName, &lblOperSelect, &lblConfig}) {
+           &SOPanel, &lblName, &lblJournalName, &lblOperSelect, &txtGroupName, &cmdSelect,
+           &lblConfig, &cmdConfig, &lvwRec, &lblStatus, &cmdPrint, &SSCClose}) {
     Register(*c);
   }
   cmdPrint.SetCaption("Spausdinti");

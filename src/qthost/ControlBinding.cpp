@@ -11,6 +11,7 @@
 
 #include "host/Picture.h"
 #include "hostkit/ComponentRegistry.h"
+#include "ui/Button.h"
 #include "ui/Control.h"
 #include "ui/Form.h"
 
@@ -199,6 +200,13 @@ int PlatformButton(Qt::MouseButton button) {
     default:
       return 0;
   }
+}
+
+bool IsFieldButton(const Control& control) {
+  auto* button = dynamic_cast<const Button*>(&control);
+  if (!button) return false;
+  const std::string& caption = button->Caption();
+  return caption.empty() || caption == "..." || caption == "…";
 }
 
 QColor ColorOf(int32_t color) {

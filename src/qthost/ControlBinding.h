@@ -128,6 +128,10 @@ int PlatformKeyCode(const QKeyEvent& event);
 int PlatformShift(Qt::KeyboardModifiers modifiers);
 int PlatformButton(Qt::MouseButton button);
 
+// A button that belongs beside a field rather than in the window's row of
+// buttons: one with no caption (a picture) or with the dots of a picker.
+bool IsFieldButton(const Control& control);
+
 // Colours as the module keeps them (0x00BBGGRR).
 QColor ColorOf(int32_t color);
 

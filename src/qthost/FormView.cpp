@@ -57,6 +57,16 @@ bool TakesALabel(const Control& control) {
          dynamic_cast<const ImageCombo*>(&control) || dynamic_cast<const DTPicker*>(&control);
 }
 
+// A label names the control after it when that is a field, a picker, or a
+// label showing a value and the label's caption ends in a colon.
+bool NamesTheNext(const Label& label, const Control& next) {
+  if (TakesALabel(next) || IsFieldButton(next)) return true;
+  if (!dynamic_cast<const Label*>(&next)) return false;
+  std::string caption = label.Caption();
+  while (!caption.empty() && caption.back() == ' ') caption.pop_back();
+  return !caption.empty() && caption.back() == ':';
+}
+
 }  // namespace
 
 struct FormView::State {
@@ -168,6 +178,20 @@ void FormView::Build() {
     outer->addLayout(rows);
     return rows;
   };
+  // A field and the field buttons registered right after it (its picker,
+  // its clearing button) share a row.
+  auto fieldGroup = [&](size_t& i) -> QLayout* {
+    auto* group = new QHBoxLayout();
+    group->setSpacing(4);
+    const bool buttonsOnly = IsFieldButton(*controls[i]);
+    group->addWidget(WidgetOf(*controls[i]), buttonsOnly ? 0 : 1);
+    while (i + 1 < controls.size() && IsFieldButton(*controls[i + 1]) &&
+           WidgetOf(*controls[i + 1])) {
+      group->addWidget(WidgetOf(*controls[++i]));
+    }
+    if (buttonsOnly) group->addStretch(1);
+    return group;
+  };
   std::vector<QWidget*> buttons;
   std::vector<QWidget*> panels;
   bool stretched = false;
@@ -175,7 +199,16 @@ void FormView::Build() {
     Control* control = controls[i];
     QWidget* widget = WidgetOf(*control);
     if (!widget || dynamic_cast<Menu*>(control)) continue;
-    if (dynamic_cast<Button*>(control)) {
+    auto* label = dynamic_cast<Label*>(control);
+    if (label && i + 1 < controls.size() && WidgetOf(*controls[i + 1]) &&
+        NamesTheNext(*label, *controls[i + 1])) {
+      auto* caption = static_cast<QLabel*>(widget);
+      caption->setBuddy(WidgetOf(*controls[++i]));
+      caption->setWordWrap(false);
+      addRows()->addRow(caption, fieldGroup(i));
+    } else if (TakesALabel(*control)) {
+      addRows()->addRow(fieldGroup(i));
+    } else if (dynamic_cast<Button*>(control)) {
       buttons.push_back(widget);
     } else if (dynamic_cast<Panel*>(control)) {
       panels.push_back(widget);
@@ -183,13 +216,6 @@ void FormView::Build() {
       outer->addWidget(widget, 1);
       rows = nullptr;
       stretched = true;
-    } else if (dynamic_cast<Label*>(control) && i + 1 < controls.size() &&
-               TakesALabel(*controls[i + 1]) && WidgetOf(*controls[i + 1])) {
-      QWidget* field = WidgetOf(*controls[i + 1]);
-      static_cast<QLabel*>(widget)->setBuddy(field);
-      static_cast<QLabel*>(widget)->setWordWrap(false);
-      addRows()->addRow(widget, field);
-      ++i;
     } else {
       addRows()->addRow(widget);
     }

@@ -19,6 +19,7 @@
 #include <QStyle>
 #include <QTimer>
 #include <map>
+#include <optional>
 
 #include "qthost/ControlBinding.h"
 #include "ui/Button.h"
@@ -61,32 +62,39 @@ class ButtonBinding : public ControlBinding {
  protected:
   void Mirror(std::string_view property) override {
     if (!property.empty() && property != "Caption") return;
-    widget_->setText(ToQt(button_.Caption()));
-    // The module's picture buttons (SSCNew, SSCClose, the arrows of the
-    // column dialog) carry no caption: they show the toolkit's picture for
-    // what their name says.
+    // The module's picture buttons carry no caption: the toolkit's picture
+    // for what their name says (SSCNew, SSCClose, the clearing buttons, the
+    // column dialog's arrows), and the pickers beside a field the usual "…".
     const bool pictured = button_.Caption().empty();
-    widget_->setIcon(pictured ? PictureOf(button_.Name()) : QIcon());
-    widget_->setMinimumWidth(pictured ? 40 : 90);
+    const QIcon picture = pictured ? PictureOf(button_.Name()) : QIcon();
+    widget_->setIcon(picture);
+    widget_->setText(pictured && picture.isNull() ? QString::fromUtf8("…")
+                                                  : ToQt(button_.Caption()));
+    const bool narrow = IsFieldButton(button_);
+    widget_->setMinimumWidth(narrow ? 36 : 90);
+    widget_->setMaximumWidth(narrow ? 40 : QWIDGETSIZE_MAX);
   }
 
+  // Null for a picker.
   QIcon PictureOf(const std::string& name) const {
     const QString lower = ToQt(name).toLower();
-    QStyle::StandardPixmap picture = QStyle::SP_DialogApplyButton;
+    std::optional<QStyle::StandardPixmap> picture;
     if (lower.contains("close")) {
       picture = QStyle::SP_DialogCloseButton;
+    } else if (lower.contains("clean")) {
+      picture = QStyle::SP_LineEditClearButton;
     } else if (lower.contains("new")) {
       picture = QStyle::SP_FileIcon;
     } else if (lower.contains("delete")) {
       picture = QStyle::SP_TrashIcon;
     } else if (lower.contains("print")) {
       picture = QStyle::SP_FileDialogDetailedView;
-    } else if (lower.endsWith("up")) {
+    } else if (lower == "cmdup") {
       picture = QStyle::SP_ArrowUp;
-    } else if (lower.endsWith("down")) {
+    } else if (lower == "cmddown") {
       picture = QStyle::SP_ArrowDown;
     }
-    return widget_->style()->standardIcon(picture, nullptr, widget_);
+    return picture ? widget_->style()->standardIcon(*picture, nullptr, widget_) : QIcon();
   }
   bool Filter(QObject* watched, QEvent* event) override {
     if (watched != widget_) return false;

@@ -4,6 +4,7 @@
 // module's side, or changes the model and checks the widget.
 #include <gtest/gtest.h>
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -675,6 +676,97 @@ INSTANTIATE_TEST_SUITE_P(
                  false},
         IconCase{"NoHeader", {"picture"}, "C0000100", false}),
     [](const auto& info) { return std::string(info.param.name); });
+
+// Buttons with no caption, as the cards have them: the standard ones show a
+// picture for what their name says, a picker beside a field shows "…".
+class PictureButtonsForm : public Form {
+ public:
+  PictureButtonsForm() : Form("frmPictures") {
+    cmdFirmBranches.SetCaption("...");
+    for (Button* button : {&SSCNew, &SSCClose, &cmdParentGroup, &cmdParentGroupClean, &cmdUp,
+                           &cmdDown, &cmdGroup, &cmdFirmBranches}) {
+      Register(*button);
+    }
+  }
+  Button cmdFirmBranches{"cmdFirmBranches"};
+  Button SSCNew{"SSCNew"};
+  Button SSCClose{"SSCClose"};
+  Button cmdParentGroup{"cmdParentGroup"};
+  Button cmdParentGroupClean{"cmdParentGroupClean"};
+  Button cmdUp{"cmdUp"};
+  Button cmdDown{"cmdDown"};
+  Button cmdGroup{"cmdGroup"};
+};
+
+struct PictureCase {
+  const char* name;
+  bool pictured;
+};
+
+class ButtonPictureTest : public ::testing::TestWithParam<PictureCase> {};
+
+TEST_P(ButtonPictureTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
+  PictureButtonsForm form;
+  FormView view(form);
+  auto* button = qobject_cast<QAbstractButton*>(view.WidgetNamed(GetParam().name));
+  ASSERT_NE(button, nullptr);
+  EXPECT_EQ(!button->icon().isNull(), GetParam().pictured);
+  const std::string text = Str(button->text());
+  if (GetParam().pictured) {
+    EXPECT_EQ(text, "");
+  } else {
+    EXPECT_TRUE(text == "…" || text == "...") << text;
+  }
+  EXPECT_LE(button->maximumWidth(), 40);
+}
+
+INSTANTIATE_TEST_SUITE_P(Buttons, ButtonPictureTest,
+                         ::testing::Values(PictureCase{"SSCNew", true},
+                                           PictureCase{"SSCClose", true},
+                                           PictureCase{"cmdParentGroupClean", true},
+                                           PictureCase{"cmdUp", true},
+                                           PictureCase{"cmdDown", true},
+                                           PictureCase{"cmdParentGroup", false},
+                                           PictureCase{"cmdFirmBranches", false},
+                                           PictureCase{"cmdGroup", false}),
+                         [](const auto& info) { return std::string(info.param.name); });
+
+// A card's group field with its picker and clearing button, and the card's
+// own buttons.
+class GroupFieldForm : public Form {
+ public:
+  GroupFieldForm() : Form("frmGroupField") {
+    lblGroup.SetCaption("Grupė:");
+    cmdParentGroup.SetCaption("...");
+    cmdWrite.SetCaption("Įrašyti");
+    for (Control* control : std::initializer_list<Control*>{
+             &lblGroup, &txtGroup, &cmdParentGroup, &cmdParentGroupClean, &cmdWrite}) {
+      Register(*control);
+    }
+  }
+  Label lblGroup{"lblGroup"};
+  TextBox txtGroup{"txtGroup"};
+  Button cmdParentGroup{"cmdParentGroup"};
+  Button cmdParentGroupClean{"cmdParentGroupClean"};
+  Button cmdWrite{"cmdWrite"};
+};
+
+TEST(FormViewLayoutTest, AFieldsPickerAndClearingButtonSitBesideIt) {
+  GroupFieldForm form;
+  FormView view(form);
+  view.show();
+  QApplication::processEvents();
+  auto centreY = [&](const char* name) {
+    QWidget* widget = view.WidgetNamed(name);
+    return widget ? widget->mapTo(&view, widget->rect().center()).y() : -1;
+  };
+  const int field = centreY("txtGroup");
+  ASSERT_GE(field, 0);
+  EXPECT_NEAR(centreY("cmdParentGroup"), field, 3);
+  EXPECT_NEAR(centreY("cmdParentGroupClean"), field, 3);
+  EXPECT_NEAR(centreY("lblGroup"), field, 3);
+  EXPECT_GT(centreY("cmdWrite"), field + 10);
+}
 
 TEST_F(FormViewTest, TheViewLetsGoOfTheFormAndItsControls) {
   view_.reset();
