@@ -1,5 +1,6 @@
 #include "bizlayer/ReferenceDatabase.h"
 
+#include <algorithm>
 #include <cmath>
 #include <cstdint>
 #include <string>
@@ -191,28 +192,52 @@ void SeedFirms(SqliteDatabase& db) {
   }
 }
 
+// Goods in five groups. A good's name is a product, its maker and its pack,
+// each combination once, so that a list reads like a real stock list.
 void SeedGoods(SqliteDatabase& db) {
   SampleRandom random(1990);
   struct Group {
     const char* name;
     const char* code;
-    std::vector<std::string> kinds;
+    std::vector<std::string> products;
+    std::vector<std::string> packs;
+    int count;
   };
   const std::vector<Group> groups{
-      {"Maisto prekės", "01", {"Duona", "Pienas", "Sūris", "Kava", "Arbata", "Obuoliai"}},
-      {"Statybinės medžiagos", "02", {"Cementas", "Plytos", "Dažai", "Lenta", "Vinys", "Gipsas"}},
-      {"Biuro prekės", "03", {"Popierius", "Tušinukas", "Segtuvas", "Sąsiuvinis", "Klijai"}},
-      {"Buitinė technika", "04", {"Virdulys", "Lygintuvas", "Šaldytuvas", "Skalbyklė"}},
-      {"Paslaugos", "05", {"Pristatymas", "Montavimas", "Konsultacija", "Remontas"}},
+      {"Maisto prekės",
+       "01",
+       {"Duona ruginė", "Pienas 2,5 %", "Sūris fermentinis", "Kava malta", "Arbata žalioji",
+        "Obuolių sultys", "Grietinė 30 %", "Varškė liesa", "Makaronai", "Ryžiai ilgagrūdžiai"},
+       {"maža pakuotė", "didelė pakuotė", "šeimos pakuotė", "ekonominė pakuotė", "dėžė", "vnt."},
+       600},
+      {"Statybinės medžiagos",
+       "02",
+       {"Cementas", "Plytos keraminės", "Dažai fasadiniai", "Lenta obliuota", "Vinys statybinės",
+        "Gipso plokštė", "Glaistas", "Gruntas", "Klijai plytelėms", "Putos montavimo"},
+       {"maža pakuotė", "didelė pakuotė", "padėklas", "vnt.", "profesionali", "ekonominė"},
+       600},
+      {"Biuro prekės",
+       "03",
+       {"Popierius A4", "Tušinukas mėlynas", "Segtuvas 75 mm", "Sąsiuvinis langeliais",
+        "Klijai pieštukiniai", "Žymeklis geltonas", "Vokai C5", "Lipnūs lapeliai", "Sąvaržėlės",
+        "Kalkuliatorius"},
+       {"1 vnt.", "5 vnt.", "10 vnt.", "20 vnt.", "pakuotė", "dėžutė"},
+       600},
+      {"Buitinė technika",
+       "04",
+       {"Virdulys", "Lygintuvas", "Šaldytuvas", "Skalbyklė", "Dulkių siurblys", "Mikrobangų krosnelė",
+        "Kavos aparatas", "Plaukų džiovintuvas", "Indaplovė", "Orkaitė"},
+       {"balta", "juoda", "sidabrinė", "A+++ klasės", "kompaktiška", "su ekranu"},
+       600},
+      {"Paslaugos",
+       "05",
+       {"Pristatymas", "Montavimas", "Konsultacija", "Remontas", "Sandėliavimas", "Transportavimas"},
+       {"Vilniuje", "Kaune", "Klaipėdoje", "visoje Lietuvoje", "skubus", "savaitgalį"},
+       60},
   };
-  const std::vector<std::string> qualities{"aukščiausios rūšies",
-                                           "ekologiškas",
-                                           "standartinis",
-                                           "didelis",
-                                           "mažas",
-                                           "baltas",
-                                           "juodas",
-                                           "žalias"};
+  const std::vector<std::string> makers{"Baltijos", "Dzūkijos", "Kauno", "Klaipėdos", "Lino",
+                                        "Nemuno", "Panevėžio", "Rūtos", "Šiaulių", "Vilniaus",
+                                        "Žalgirio", "Žemaitijos"};
   auto good = db.Prepare(
       "INSERT INTO goods (Name, Code, BarCode, ParentID, GroupFlag, GoodType, MeasureID, Price,"
       " VatRate, Active, CreatedByUser, CreationDate) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, 1,"
@@ -224,10 +249,25 @@ void SeedGoods(SqliteDatabase& db) {
     good.Run();
     int64_t parent = db.LastInsertRowId();
     bool services = std::string(group.code) == "05";
-    for (int i = 1; i <= (services ? 60 : 600); ++i) {
-      std::string name = random.Pick(group.kinds) + " " + random.Pick(qualities);
+    // Every product, maker and pack once, in a shuffled order.
+    std::vector<std::string> names;
+    for (const auto& product : group.products) {
+      for (const auto& pack : group.packs) {
+        if (services) {
+          names.push_back(product + " " + pack);
+          continue;
+        }
+        for (const auto& maker : makers) names.push_back(product + ", " + maker + ", " + pack);
+      }
+    }
+    for (size_t i = names.size(); i > 1; --i) {
+      std::swap(names[i - 1], names[static_cast<size_t>(random.Below(static_cast<int>(i)))]);
+    }
+    names.resize(std::min(names.size(), static_cast<size_t>(group.count)));
+    int number = 0;
+    for (const auto& name : names) {
       char code[16];
-      std::snprintf(code, sizeof code, "%s%04d", group.code, i);
+      std::snprintf(code, sizeof code, "%s%04d", group.code, ++number);
       char barcode[16];
       std::snprintf(barcode, sizeof barcode, "477%010u", random.Next() % 1000000000u);
       double price = std::round((0.5 + random.Below(20000) / 100.0) * 100.0) / 100.0;

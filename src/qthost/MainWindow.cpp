@@ -20,6 +20,7 @@
 #include <exception>
 #include <functional>
 #include <map>
+#include <set>
 
 #include "host/Convert.h"
 #include "host/IconsTable.h"
@@ -260,6 +261,17 @@ int MainWindow::KindOf(const QTreeWidgetItem* node) {
 
 void MainWindow::BuildTree() {
   const auto& catalogue = host_.Catalogue();
+  std::set<std::string> shown;
+  auto addType = [&](QTreeWidgetItem* groupNode, const std::string& otype,
+                     const std::string& caption) {
+    auto* node = new QTreeWidgetItem(groupNode, {Q(caption)});
+    node->setData(0, kOidrRole, Q(otype));
+    node->setData(0, kOTypeRole, QString());
+    node->setData(0, kKindRole, kTypeNode);
+    node->setIcon(0, IconOf(otype, "C"));
+    node->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+    shown.insert(otype);
+  };
   for (const auto& group : catalogue.groups) {
     auto* groupNode = new QTreeWidgetItem(tree_, {Q(group.caption)});
     groupNode->setData(0, kKindRole, kGroupNode);
@@ -267,14 +279,32 @@ void MainWindow::BuildTree() {
       if (icon.key == group.iconKey) groupNode->setIcon(0, IconFromPicture(icon.picture));
     }
     for (const auto& component : group.components) {
-      auto* node = new QTreeWidgetItem(groupNode, {Q(component.caption)});
-      node->setData(0, kOidrRole, Q(component.otype));
-      node->setData(0, kOTypeRole, QString());
-      node->setData(0, kKindRole, kTypeNode);
-      node->setIcon(0, IconOf(component.otype, "C"));
-      node->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+      addType(groupNode, component.otype, component.caption);
     }
     groupNode->setExpanded(true);
+  }
+  // The types a module registered for other modules' catalogues (the goods
+  // of the stock module): in this host there is no such module, so those a
+  // user can act on, the ones with a menu of their own, get a group here.
+  QTreeWidgetItem* others = nullptr;
+  for (const auto& type : catalogue.objectTypes) {
+    if (shown.count(type.otype) || !HasMenu(type.otype)) continue;
+    if (!others) {
+      others = new QTreeWidgetItem(tree_, {QString::fromUtf8("Kiti objektai")});
+      others->setData(0, kKindRole, kGroupNode);
+    }
+    addType(others, type.otype, type.caption);
+  }
+}
+
+bool MainWindow::HasMenu(const std::string& otype) const {
+  try {
+    auto type = host_.Objects().GetOrvelObjectUI(otype);
+    if (!type) return false;
+    auto menu = type->GetMenu(otype, "", "");
+    return menu && !menu->empty();
+  } catch (const std::exception&) {
+    return false;
   }
 }
 

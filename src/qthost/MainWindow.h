@@ -88,6 +88,7 @@ class MainWindow : public QMainWindow {
   void RebuildWindowsMenu();
   void ShowFailure(const std::string& what);
   QIcon IconOf(const std::string& typeOidr, const std::string& kind) const;
+  bool HasMenu(const std::string& otype) const;
 
   ReferenceHost& host_;
   QtUi& ui_;

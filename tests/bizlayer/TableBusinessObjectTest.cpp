@@ -129,6 +129,23 @@ TEST_F(TableBusinessObjectTest, ListsGroupsByLevelAndFiltersWithoutCase) {
               ElementsAre("O00001002 AB „Šiaulių duona“", "O00001004 UAB „Šiaulių pienas“"));
 }
 
+// A grouped record names the groups above it, top first, each followed by
+// "\\"; the card shows that path before its group's name.
+TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
+  const std::string top = Create("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
+  const std::string sub = Create("O0000100", {{"Name", Variant("O'Brien grupė")},
+                                              {"GroupFlag", Variant(1)},
+                                              {"ParentID", Variant(std::stoi(top.substr(8)))}});
+  const std::string firm = Create(
+      "O0000100", {{"Name", Variant("UAB Alfa")}, {"ParentID", Variant(std::stoi(sub.substr(8)))}});
+  EXPECT_EQ(ConcatText(Read(firm)->Fields("PreviewPath").Value()), "Tiekėjai\\O'Brien grupė\\");
+  EXPECT_EQ(ConcatText(Read(sub)->Fields("PreviewPath").Value()), "Tiekėjai\\");
+  EXPECT_EQ(ConcatText(Read(top)->Fields("PreviewPath").Value()), "");
+  // A catalogue without groups has no path.
+  const std::string bank = Create("O0000300", {{"Name", Variant("AB SEB bankas")}});
+  EXPECT_FALSE(Read(bank)->Fields().Exists("PreviewPath"));
+}
+
 TEST_F(TableBusinessObjectTest, AGroupWithMembersIsNotDeleted) {
   std::string group =
       Create("O0000100", {{"Name", Variant("Pirkėjai")}, {"GroupFlag", Variant(1)}});

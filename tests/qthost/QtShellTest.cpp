@@ -67,6 +67,7 @@ namespace orvel {
 namespace {
 
 using ::testing::Contains;
+using ::testing::ElementsAre;
 using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
@@ -608,7 +609,12 @@ class ShellTest : public ::testing::Test {
 
 TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   QTreeWidget* tree = window_->Tree();
-  ASSERT_EQ(tree->topLevelItemCount(), static_cast<int>(host_.Catalogue().groups.size()));
+  // The registered group, then the types registered for other modules'
+  // catalogues that have a menu: the goods.
+  ASSERT_EQ(tree->topLevelItemCount(), static_cast<int>(host_.Catalogue().groups.size()) + 1);
+  QTreeWidgetItem* others = tree->topLevelItem(tree->topLevelItemCount() - 1);
+  EXPECT_EQ(others->text(0), QString::fromUtf8("Kiti objektai"));
+  EXPECT_THAT(Captions(others), ElementsAre("Atsargos"));
   QTreeWidgetItem* group = tree->topLevelItem(0);
   EXPECT_EQ(group->text(0).toStdString(), host_.Catalogue().groups[0].caption);
   std::vector<std::string> registered;
@@ -1003,6 +1009,7 @@ TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
 INSTANTIATE_TEST_SUITE_P(
     Catalogues, ShellWindowsTest,
     ::testing::Values(WindowCase{"firm", {"O0000100"}, "", "0"},
+                      WindowCase{"good", {"O0000200"}, "", "0"},
                       WindowCase{"new_bank", {}, "O0000300", "1"},
                       WindowCase{"currency", {"O0002200"}, "O00022002", "Padėti &ant darbo stalo"},
                       WindowCase{"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
