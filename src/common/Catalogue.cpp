@@ -93,6 +93,16 @@ std::string FormatDecimalText(const std::string& text, int decimals, bool zeroIf
   return FormatNumber(0, 2, true);
 }
 
+std::optional<std::string> GroupLine(const std::shared_ptr<OrvelObjectUIO>& group) {
+  if (!group) return std::nullopt;
+  try {
+    return ConcatText(group->Fields("PreviewPath").Value()) + group->Preview();
+  } catch (...) {
+    // The errors are ignored: the caller keeps what it showed.
+    return std::nullopt;
+  }
+}
+
 std::string CreatorLine(OrvelObjectUIO& object) {
   bool stored = !object.Fields("ID").Value().IsEmpty();
   if (!stored) object.Fields("CreatedByUser").SetValue(Variant(UserName()));

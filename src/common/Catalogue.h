@@ -53,6 +53,11 @@ std::string FormatDecimalText(const std::string& text, int decimals, bool zeroIf
 // line still shows the former one).
 std::string CreatorLine(OrvelObjectUIO& object);
 
+// The line a card shows for the group a record is in: the names of the
+// groups above the group, then the group's own; nothing when the group is
+// not there or cannot be read.
+std::optional<std::string> GroupLine(const std::shared_ptr<OrvelObjectUIO>& group);
+
 struct ObjectRights {
   bool CanRead = false;
   bool CanDelete = false;

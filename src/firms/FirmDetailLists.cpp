@@ -370,135 +370,96 @@ void frmFirms::LoadGoods(bool more) {
 
 // ---- the detail lists ----
 
-void frmFirms::LoadAccounts() {
-  if (AccountsTab == 0) return;
+void frmFirms::LoadPlainList(int tab, const PlainList& shape) {
+  if (tab == 0) return;
   Quietly([&] {
-    ListView& list = List(AccountsTab);
-    PrepareList(list, {{"Numeris", 2000}, {"Bankas", 4000}});
+    ListView& list = List(tab);
+    if (list.ColumnHeaders().Count() == 0) {
+      for (const auto& [caption, width] : shape.columns) {
+        list.ColumnHeaders().Add(0, "", caption, width);
+      }
+    }
+    list.ListItems().Clear();
     if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("Accounts", ""));
+    auto rs = RecordsOf(Uio().Properties(shape.property, ""));
     if (!rs) return;
+    auto cell = [&rs](const char* field) {
+      return std::string(field) == "FlagMain" ? MainFlag(rs->Fields(field).Value())
+                                              : Text(*rs, field);
+    };
     for (; !rs->IsEOF(); rs->MoveNext()) {
-      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Number"));
-      AddSubItems(row, {Text(*rs, "BankName")});
+      const std::string oidr = Text(*rs, "OIDR");
+      ListItem& row = list.ListItems().Add(0, oidr, cell(shape.fields.front()));
+      if (shape.tagged) TagRow(row, oidr);
+      for (size_t i = 1; i < shape.fields.size(); ++i) {
+        row.ListSubItems().Add(0, "", cell(shape.fields[i]));
+      }
     }
   });
+}
+
+void frmFirms::LoadAccounts() {
+  LoadPlainList(AccountsTab, {{{"Numeris", 2000}, {"Bankas", 4000}},
+                              "Accounts",
+                              {"Number", "BankName"}});
 }
 
 void frmFirms::LoadAddresses() {
-  if (AddressesTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(AddressesTab);
-    PrepareList(list, {{"Tipas", 2000},
-                       {"Regionas", 1000},
-                       {"Indeksas", 1000},
-                       {"Gatvė", 2000},
-                       {"Telefonas", 1000},
-                       {"Faksas", 1000},
-                       {"El. paštas", 1500},
-                       {"Pagrindinis", 1500}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmADDRESSES", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "AddressType"));
-      AddSubItems(
-          row, {Text(*rs, "Region"), Text(*rs, "PostCode"), Text(*rs, "Street"), Text(*rs, "Phone"),
-                Text(*rs, "Fax"), Text(*rs, "EMail"), MainFlag(rs->Fields("FlagMain").Value())});
-    }
-  });
+  LoadPlainList(AddressesTab,
+                {{{"Tipas", 2000},
+                  {"Regionas", 1000},
+                  {"Indeksas", 1000},
+                  {"Gatvė", 2000},
+                  {"Telefonas", 1000},
+                  {"Faksas", 1000},
+                  {"El. paštas", 1500},
+                  {"Pagrindinis", 1500}},
+                 "FirmADDRESSES",
+                 {"AddressType", "Region", "PostCode", "Street", "Phone", "Fax", "EMail",
+                  "FlagMain"}});
 }
 
 void frmFirms::LoadContacts() {
-  if (ContactsTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(ContactsTab);
-    PrepareList(list, {{"Vardas", 1000},
-                       {"Pavarde", 1000},
-                       {"Pareigos", 2000},
-                       {"Telefonas", 1000},
-                       {"Faksas", 1000},
-                       {"El. paštas", 1500},
-                       {"Pastaba", 1500},
-                       {"Pagrindinis", 1500}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmCONTACTS", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Name"));
-      AddSubItems(
-          row, {Text(*rs, "LastName"), Text(*rs, "Role"), Text(*rs, "Phone"), Text(*rs, "Fax"),
-                Text(*rs, "EMail"), Text(*rs, "Note"), MainFlag(rs->Fields("FlagMain").Value())});
-    }
-  });
+  LoadPlainList(ContactsTab,
+                {{{"Vardas", 1000},
+                  {"Pavarde", 1000},
+                  {"Pareigos", 2000},
+                  {"Telefonas", 1000},
+                  {"Faksas", 1000},
+                  {"El. paštas", 1500},
+                  {"Pastaba", 1500},
+                  {"Pagrindinis", 1500}},
+                 "FirmCONTACTS",
+                 {"Name", "LastName", "Role", "Phone", "Fax", "EMail", "Note", "FlagMain"}});
 }
 
 void frmFirms::LoadBranches() {
-  if (BranchTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(BranchTab);
-    PrepareList(list, {{"Pavadinimas", 2000},
-                       {"Kodas", 1000},
-                       {"Regionas", 1000},
-                       {"Gatvė", 2000},
-                       {"Telefonas", 1000},
-                       {"Faksas", 1000},
-                       {"El. paštas", 1500}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmBranch", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      const std::string oidr = Text(*rs, "OIDR");
-      ListItem& row = list.ListItems().Add(0, oidr, Text(*rs, "Name"));
-      TagRow(row, oidr);
-      AddSubItems(row, {Text(*rs, "Code"), Text(*rs, "Region"), Text(*rs, "Street"),
-                        Text(*rs, "Tel"), Text(*rs, "Fax"), Text(*rs, "EMail")});
-    }
-  });
+  LoadPlainList(BranchTab,
+                {{{"Pavadinimas", 2000},
+                  {"Kodas", 1000},
+                  {"Regionas", 1000},
+                  {"Gatvė", 2000},
+                  {"Telefonas", 1000},
+                  {"Faksas", 1000},
+                  {"El. paštas", 1500}},
+                 "FirmBranch",
+                 {"Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"},
+                 true});
 }
 
 void frmFirms::LoadManagers() {
-  if (ServersTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(ServersTab);
-    PrepareList(list, {{"Vadybininkas", 3000}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmSERVERS", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "Name"));
-    }
-  });
+  LoadPlainList(ServersTab, {{{"Vadybininkas", 3000}}, "FirmSERVERS", {"Name"}});
 }
 
 void frmFirms::LoadActivity() {
-  if (ActivityTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(ActivityTab);
-    PrepareList(list, {{"Veiklos pavadinimas", 5000}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmActivity", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      const std::string oidr = Text(*rs, "OIDR");
-      TagRow(list.ListItems().Add(0, oidr, Text(*rs, "Preview")), oidr);
-    }
-  });
+  LoadPlainList(ActivityTab,
+                {{{"Veiklos pavadinimas", 5000}}, "FirmActivity", {"Preview"}, true});
 }
 
 void frmFirms::LoadParameters() {
-  if (InfoTab == 0) return;
-  Quietly([&] {
-    ListView& list = List(InfoTab);
-    PrepareList(list, {{"Parametro tipas", 2000}, {"Reikšmė", 4000}});
-    if (OIDR().size() < 9) return;
-    auto rs = RecordsOf(Uio().Properties("FirmParameters", ""));
-    if (!rs) return;
-    for (; !rs->IsEOF(); rs->MoveNext()) {
-      ListItem& row = list.ListItems().Add(0, Text(*rs, "OIDR"), Text(*rs, "ParameterTypeName"));
-      AddSubItems(row, {Text(*rs, "Value")});
-    }
-  });
+  LoadPlainList(InfoTab, {{{"Parametro tipas", 2000}, {"Reikšmė", 4000}},
+                          "FirmParameters",
+                          {"ParameterTypeName", "Value"}});
 }
 
 void frmFirms::LoadFirmInfo() {

@@ -279,15 +279,10 @@ void frmFirms::UpdateCaption() {
 void frmFirms::ShowGroupLine() {
   if (IsRoot) {
     txtGroup.SetText("");
-  } else {
-    try {
-      if (!ParentObject) throw RuntimeError(RuntimeError::kObjectNotSet, "No parent group");
-      txtGroup.SetText(ConcatText(ParentObject->Fields("PreviewPath").Value()) +
-                       ParentObject->Preview());
-    } catch (...) {
-      // A parent that cannot be shown leaves the line as it stood.
-    }
+  } else if (auto line = GroupLine(ParentObject)) {
+    txtGroup.SetText(*line);
   }
+  // A parent that cannot be shown leaves the line as it stood.
   UpdateCaption();
 }
 

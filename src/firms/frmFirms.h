@@ -4,6 +4,8 @@
 #include <cstdint>
 #include <memory>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "common/CatalogueWindow.h"
 #include "host/Variant.h"
@@ -190,6 +192,17 @@ class frmFirms : public CatalogueWindow {
   virtual void LoadGoods(bool more);
   // The firm's parameters, into the note tab's list; no menu reaches it.
   virtual void LoadParameters();
+  // A detail list whose rows show the fields as they stand: its columns
+  // (caption, width in twips), the property that reads it, the field of
+  // each column ("FlagMain" shows "Taip" on the main record), and whether a
+  // row keeps its OIDR as the Tag that opens it.
+  struct PlainList {
+    std::vector<std::pair<const char*, int>> columns;
+    const char* property;
+    std::vector<const char*> fields;
+    bool tagged = false;
+  };
+  void LoadPlainList(int tab, const PlainList& shape);
   // Reloads the list of a detail tab after its dialog saved.
   virtual void ReloadDetail(int tab);
   // The editors, by the tab the user is on (CurrentTab). Each refuses a new

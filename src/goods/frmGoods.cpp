@@ -294,15 +294,10 @@ void frmGoods::UpdateCaption() {
 void frmGoods::ShowGroupLine() {
   if (IsRoot) {
     txtGroup.SetText("");
-  } else {
-    try {
-      if (!ParentObject) throw RuntimeError(RuntimeError::kObjectNotSet, "No parent group");
-      txtGroup.SetText(ConcatText(ParentObject->Fields("PreviewPath").Value()) +
-                       ParentObject->Preview());
-    } catch (const RuntimeError&) {
-      // A parent that cannot be shown leaves the line as it stood.
-    }
+  } else if (auto line = GroupLine(ParentObject)) {
+    txtGroup.SetText(*line);
   }
+  // A parent that cannot be shown leaves the line as it stood.
   UpdateCaption();
 }
 

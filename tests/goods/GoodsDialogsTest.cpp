@@ -272,7 +272,9 @@ TEST_P(GoodPreviewLoadTest, FieldsGoToTheControlsAndBackUnchanged) {
         EXPECT_EQ(d.chkOnlyWithRest.Value(), c.onlyWithRest);
         EXPECT_EQ(d.optByCode.Value(), c.byCode);
         EXPECT_EQ(d.OptByName.Value(), !c.byCode);
-        if (c.location) EXPECT_EQ(d.txtLocation.Text(), c.location);
+        if (c.location) {
+          EXPECT_EQ(d.txtLocation.Text(), c.location);
+        }
         EXPECT_EQ(d.txtLocation.Tag(), c.tag);
         EXPECT_EQ(d.txtLocation.Enabled(), c.byLocation == 1);
         EXPECT_EQ(d.cmdLocation.Enabled(), c.byLocation == 1);
