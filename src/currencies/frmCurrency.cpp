@@ -61,18 +61,31 @@ frmCurrency::frmCurrency() : Form("frmCurrency") {
   }
   lvwRates.ColumnHeaders().Add(0, "", "Data", 1200);
   lvwRates.ColumnHeaders().Add(0, "", "Kursas", 1400);
+  TabStrip.AddTab(kDataTab, "Duomenys");
+  TabStrip.AddTab(kRatesTab, "Valiutos kursai");
+  // The data tab: the code and country, then the unit names with their
+  // samples. The rates tab: the period and the history.
+  frameCode.Hold({&chkFixedRate, &txtFixedRate, &lblState, &txtState, &lblExampleCurr, &lblCode,
+                  &txtCode});
+  frameName.Hold({&Label1, &cmbGenderCurr, &txtOneCurr, &lblTwoCurr, &txtTwoCurr, &lblTenCurr,
+                  &txtTenCurr, &lblOneCurrEx, &lblTwoCurrEx, &lblTenCurrEx, &Label2,
+                  &cmbGenderSmall, &txtOneSmall, &lblTwoSmall, &txtTwoSmall, &lblTenSmall,
+                  &txtTenSmall, &lblOneSmallEx, &lblTwoSmallEx, &lblTenSmallEx, &lblComment});
+  framePeriod.Hold({&lblYear, &dtpDateFrom, &lblNuoIki, &dtpDateTo});
+  // In the order the window shows them, each label before its field.
   for (Control* control : std::initializer_list<Control*>{
-           &SOPanel,       &frameCode,    &frameName,    &framePeriod,    &lblYear,
-           &dtpDateFrom,   &lblNuoIki,    &dtpDateTo,    &lvwRates,       &cmdGo,
-           &cmdWrite,      &cmdDayRate,   &SSCNew,       &SSCClose,       &chkFixedRate,
-           &txtFixedRate,  &lblState,     &txtState,     &lblExampleCurr, &lblCode,
-           &txtCode,       &Label1,       &Label2,       &cmbGenderCurr,  &txtOneCurr,
-           &lblTwoCurr,    &txtTwoCurr,   &lblTenCurr,   &txtTenCurr,     &cmbGenderSmall,
-           &txtOneSmall,   &lblTwoSmall,  &txtTwoSmall,  &lblTenSmall,    &txtTenSmall,
-           &lblOneCurrEx,  &lblTwoCurrEx, &lblTenCurrEx, &lblOneSmallEx,  &lblTwoSmallEx,
-           &lblTenSmallEx, &lblComment}) {
+           &SOPanel,      &TabStrip,     &frameCode,     &chkFixedRate,  &txtFixedRate,
+           &lblState,     &txtState,     &lblExampleCurr, &lblCode,      &txtCode,
+           &frameName,    &Label1,       &cmbGenderCurr, &txtOneCurr,    &lblTwoCurr,
+           &txtTwoCurr,   &lblTenCurr,   &txtTenCurr,    &lblOneCurrEx,  &lblTwoCurrEx,
+           &lblTenCurrEx, &Label2,       &cmbGenderSmall, &txtOneSmall,  &lblTwoSmall,
+           &txtTwoSmall,  &lblTenSmall,  &txtTenSmall,   &lblOneSmallEx, &lblTwoSmallEx,
+           &lblTenSmallEx, &lblComment,  &framePeriod,   &lblYear,       &dtpDateFrom,
+           &lblNuoIki,    &dtpDateTo,    &lvwRates,      &cmdGo,         &cmdWrite,
+           &cmdDayRate,   &SSCNew,       &SSCClose}) {
     Register(*control);
   }
+  TabStrip.OnClick = [this] { TabStrip_Click(TabStrip.SelectedKey()); };
 
   cmdGo.OnClick = [this] { cmdGo_Click(); };
   cmdWrite.OnClick = [this] { cmdWrite_Click(); };
@@ -123,7 +136,7 @@ void frmCurrency::LoadCard() {
   changed_ = false;
   isNew_ = OIDR().size() < kStoredOidrLength;
   cmdDayRate.SetEnabled(!isNew_);
-  TabStrip_Click(kDataTab);
+  TabStrip.Select(kDataTab);
   ShowFields();
   LoadRates();
   SetButtons();

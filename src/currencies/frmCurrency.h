@@ -8,10 +8,12 @@
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
+#include "ui/Frame.h"
 #include "ui/Form.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
+#include "ui/TabStrip.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -75,9 +77,10 @@ class frmCurrency : public Form,
 
   // Controls.
   Panel SOPanel{"SOPanel"};
-  Panel frameCode{"frameCode"};
-  Panel frameName{"frameName"};
-  Panel framePeriod{"framePeriod"};
+  orvel::TabStrip TabStrip{"TabStrip"};
+  Frame frameCode{"frameCode"};
+  Frame frameName{"frameName"};
+  Frame framePeriod{"framePeriod"};
   Label lblYear{"lblYear"};
   DTPicker dtpDateFrom{"dtpDateFrom"};
   Label lblNuoIki{"lblNuoIki"};

@@ -23,6 +23,9 @@ frmPreview::frmPreview() : Form("frmPreview") {
   cmdCancel.SetCaption("Atšaukti");
   OptionButton::Group({&OptByName, &optByCode});
   OptByName.SetValue(true);
+  fraPreview.Hold({&chkActive, &chkNotActive});
+  fraShow.Hold({&chkCode});
+  fraSort.Hold({&OptByName, &optByCode});
   fraSort.SetEnabled(false);
   optByCode.SetEnabled(false);
   for (Control* control : std::initializer_list<Control*>{

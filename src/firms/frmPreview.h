@@ -6,7 +6,7 @@
 #include "ui/CheckBox.h"
 #include "ui/Form.h"
 #include "ui/OptionButton.h"
-#include "ui/Panel.h"
+#include "ui/Frame.h"
 
 namespace orvel {
 
@@ -31,9 +31,9 @@ class frmPreview : public Form {
   void cmdSave_Click();
   void cmdCancel_Click();
 
-  Panel fraPreview{"fraPreview"};
-  Panel fraSort{"fraSort"};
-  Panel fraShow{"fraShow"};
+  Frame fraPreview{"fraPreview"};
+  Frame fraSort{"fraSort"};
+  Frame fraShow{"fraShow"};
   CheckBox chkActive{"chkActive"};
   CheckBox chkNotActive{"chkNotActive"};
   CheckBox chkCode{"chkCode"};

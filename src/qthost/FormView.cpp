@@ -10,6 +10,7 @@
 #include <QMenuBar>
 #include <QVBoxLayout>
 #include <algorithm>
+#include <functional>
 #include <map>
 #include <vector>
 
@@ -21,6 +22,7 @@
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
 #include "ui/Form.h"
+#include "ui/Frame.h"
 #include "ui/FormObserver.h"
 #include "ui/ImageCombo.h"
 #include "ui/Label.h"
@@ -167,59 +169,80 @@ void FormView::Build() {
     if (widget) s.widgets[control] = widget;
   }
 
-  // The layout by kind.
-  QFormLayout* rows = nullptr;
-  auto addRows = [&] {
-    if (rows) return rows;
-    rows = new QFormLayout();
-    rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
-    rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
-    rows->setHorizontalSpacing(10);
-    outer->addLayout(rows);
-    return rows;
-  };
-  // A field and the field buttons registered right after it (its picker,
-  // its clearing button) share a row.
-  auto fieldGroup = [&](size_t& i) -> QLayout* {
-    auto* group = new QHBoxLayout();
-    group->setSpacing(4);
-    const bool buttonsOnly = IsFieldButton(*controls[i]);
-    group->addWidget(WidgetOf(*controls[i]), buttonsOnly ? 0 : 1);
-    while (i + 1 < controls.size() && IsFieldButton(*controls[i + 1]) &&
-           WidgetOf(*controls[i + 1])) {
-      group->addWidget(WidgetOf(*controls[++i]));
-    }
-    if (buttonsOnly) group->addStretch(1);
-    return group;
-  };
+  // The layout by kind, of the form's own controls and, inside each frame's
+  // box, of what the frame holds.
   std::vector<QWidget*> buttons;
   std::vector<QWidget*> panels;
   bool stretched = false;
-  for (size_t i = 0; i < controls.size(); ++i) {
-    Control* control = controls[i];
-    QWidget* widget = WidgetOf(*control);
-    if (!widget || dynamic_cast<Menu*>(control)) continue;
-    auto* label = dynamic_cast<Label*>(control);
-    if (label && i + 1 < controls.size() && WidgetOf(*controls[i + 1]) &&
-        NamesTheNext(*label, *controls[i + 1])) {
-      auto* caption = static_cast<QLabel*>(widget);
-      caption->setBuddy(WidgetOf(*controls[++i]));
-      caption->setWordWrap(false);
-      addRows()->addRow(caption, fieldGroup(i));
-    } else if (TakesALabel(*control)) {
-      addRows()->addRow(fieldGroup(i));
-    } else if (dynamic_cast<Button*>(control)) {
-      buttons.push_back(widget);
-    } else if (dynamic_cast<Panel*>(control)) {
-      panels.push_back(widget);
-    } else if (dynamic_cast<ListView*>(control) || dynamic_cast<OrvelGrid*>(control)) {
-      outer->addWidget(widget, 1);
-      rows = nullptr;
-      stretched = true;
-    } else {
-      addRows()->addRow(widget);
+  std::function<void(QVBoxLayout*, Control*)> layOut = [&](QVBoxLayout* target, Control* frame) {
+    std::vector<Control*> members;
+    for (Control* control : controls) {
+      if (control->Container() == frame) members.push_back(control);
     }
-  }
+    QFormLayout* rows = nullptr;
+    auto addRows = [&] {
+      if (rows) return rows;
+      rows = new QFormLayout();
+      rows->setFieldGrowthPolicy(QFormLayout::AllNonFixedFieldsGrow);
+      rows->setLabelAlignment(Qt::AlignRight | Qt::AlignVCenter);
+      rows->setHorizontalSpacing(10);
+      target->addLayout(rows);
+      return rows;
+    };
+    // A field and the field buttons registered right after it (its picker,
+    // its clearing button) share a row.
+    auto fieldGroup = [&](size_t& i) -> QLayout* {
+      auto* group = new QHBoxLayout();
+      group->setSpacing(4);
+      const bool buttonsOnly = IsFieldButton(*members[i]);
+      group->addWidget(WidgetOf(*members[i]), buttonsOnly ? 0 : 1);
+      while (i + 1 < members.size() && IsFieldButton(*members[i + 1]) &&
+             WidgetOf(*members[i + 1])) {
+        group->addWidget(WidgetOf(*members[++i]));
+      }
+      if (buttonsOnly) group->addStretch(1);
+      return group;
+    };
+    std::vector<QWidget*> frameButtons;
+    for (size_t i = 0; i < members.size(); ++i) {
+      Control* control = members[i];
+      QWidget* widget = WidgetOf(*control);
+      if (!widget || dynamic_cast<Menu*>(control)) continue;
+      auto* label = dynamic_cast<Label*>(control);
+      if (label && i + 1 < members.size() && WidgetOf(*members[i + 1]) &&
+          NamesTheNext(*label, *members[i + 1])) {
+        auto* caption = static_cast<QLabel*>(widget);
+        caption->setBuddy(WidgetOf(*members[++i]));
+        caption->setWordWrap(false);
+        addRows()->addRow(caption, fieldGroup(i));
+      } else if (TakesALabel(*control)) {
+        addRows()->addRow(fieldGroup(i));
+      } else if (dynamic_cast<Button*>(control)) {
+        (frame ? frameButtons : buttons).push_back(widget);
+      } else if (dynamic_cast<Panel*>(control) && !frame) {
+        panels.push_back(widget);
+      } else if (dynamic_cast<Frame*>(control)) {
+        auto* inside = new QVBoxLayout(widget);
+        inside->setContentsMargins(8, 6, 8, 6);
+        layOut(inside, control);
+        target->addWidget(widget);
+        rows = nullptr;
+      } else if (dynamic_cast<ListView*>(control) || dynamic_cast<OrvelGrid*>(control)) {
+        target->addWidget(widget, 1);
+        rows = nullptr;
+        stretched = true;
+      } else {
+        addRows()->addRow(widget);
+      }
+    }
+    if (!frameButtons.empty()) {
+      auto* row = new QHBoxLayout();
+      row->addStretch(1);
+      for (QWidget* button : frameButtons) row->addWidget(button);
+      target->addLayout(row);
+    }
+  };
+  layOut(outer, nullptr);
   if (!stretched) outer->addStretch(1);
 
   s.failure = new QLabel(this);

@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QDateEdit>
+#include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
@@ -17,6 +18,7 @@
 #include <QRadioButton>
 #include <QSignalBlocker>
 #include <QStyle>
+#include <QTabBar>
 #include <QTimer>
 #include <map>
 #include <optional>
@@ -26,11 +28,13 @@
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
+#include "ui/Frame.h"
 #include "ui/ImageCombo.h"
 #include "ui/Label.h"
 #include "ui/Menu.h"
 #include "ui/OptionButton.h"
 #include "ui/Panel.h"
+#include "ui/TabStrip.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
 
@@ -175,6 +179,67 @@ class PanelBinding : public ControlBinding {
  private:
   Panel& panel_;
   QLabel* widget_;
+};
+
+// A frame: a group box titled by its caption. The view lays out what the
+// frame holds inside it, so hiding or disabling the box does the same to them.
+class GroupBoxBinding : public ControlBinding {
+ public:
+  GroupBoxBinding(Frame& frame, BindingContext context, QWidget* parent)
+      : ControlBinding(frame, std::move(context)), frame_(frame), widget_(new QGroupBox(parent)) {
+    widget_->setObjectName(ToQt(frame.Name()));
+  }
+  QWidget* Widget() const override { return widget_; }
+
+ protected:
+  void Mirror(std::string_view property) override {
+    if (property.empty() || property == "Caption") {
+      widget_->setTitle(PlainCaption(frame_.Caption()));
+    }
+  }
+
+ private:
+  Frame& frame_;
+  QGroupBox* widget_;
+};
+
+// Tabs: the user's pick raises the strip's Click; what the strip selects
+// (from code, or a pick the strip did not take) is shown.
+class TabStripBinding : public ControlBinding {
+ public:
+  TabStripBinding(TabStrip& strip, BindingContext context, QWidget* parent)
+      : ControlBinding(strip, std::move(context)), strip_(strip), widget_(new QTabBar(parent)) {
+    widget_->setObjectName(ToQt(strip.Name()));
+    widget_->setExpanding(false);
+    widget_->setDrawBase(true);
+    RouteInput(widget_);
+    QObject::connect(widget_, &QTabBar::tabBarClicked, this, [this](int index) {
+      const auto& tabs = strip_.Tabs();
+      if (index < 0 || index >= static_cast<int>(tabs.size())) return;
+      const std::string key = tabs[static_cast<size_t>(index)].key;
+      Guard([&] { strip_.Click(key); });
+      // The tab bar moves on its own after the click: show the strip's.
+      QTimer::singleShot(0, widget_, [this] { Mirror("SelectedItem"); });
+    });
+  }
+  QWidget* Widget() const override { return widget_; }
+
+ protected:
+  void Mirror(std::string_view property) override {
+    const QSignalBlocker block(widget_);
+    const auto& tabs = strip_.Tabs();
+    if (property.empty() || property == "Tabs") {
+      while (widget_->count() > 0) widget_->removeTab(0);
+      for (const auto& tab : tabs) widget_->addTab(PlainCaption(tab.caption));
+    }
+    for (size_t i = 0; i < tabs.size(); ++i) {
+      if (tabs[i].key == strip_.SelectedKey()) widget_->setCurrentIndex(static_cast<int>(i));
+    }
+  }
+
+ private:
+  TabStrip& strip_;
+  QTabBar* widget_;
 };
 
 class TextBoxBinding : public ControlBinding {
@@ -567,6 +632,10 @@ std::unique_ptr<ControlBinding> MakeSimpleBinding(Control& control, BindingConte
     binding = std::make_unique<LabelBinding>(*label, std::move(context), parent);
   } else if (auto* panel = dynamic_cast<Panel*>(&control)) {
     binding = std::make_unique<PanelBinding>(*panel, std::move(context), parent);
+  } else if (auto* frame = dynamic_cast<Frame*>(&control)) {
+    binding = std::make_unique<GroupBoxBinding>(*frame, std::move(context), parent);
+  } else if (auto* strip = dynamic_cast<TabStrip*>(&control)) {
+    binding = std::make_unique<TabStripBinding>(*strip, std::move(context), parent);
   } else if (auto* box = dynamic_cast<TextBox*>(&control)) {
     binding = std::make_unique<TextBoxBinding>(*box, std::move(context), parent);
   } else if (auto* check = dynamic_cast<CheckBox*>(&control)) {

@@ -31,6 +31,11 @@ class Control {
   void SetVisible(bool visible) { Assign(visible_, visible, "Visible"); }
   const std::string& Tag() const { return tag_; }
   void SetTag(std::string tag) { Assign(tag_, std::move(tag), "Tag"); }
+  // The frame the control sits in; null for one on the form itself. A
+  // control in a hidden or disabled frame takes no input, whatever its own
+  // Visible and Enabled say (Frame::Hold sets it).
+  Control* Container() const { return container_; }
+  void SetContainer(Control* frame) { container_ = frame; }
 
   // The one observer of this control; null detaches it. Controls that own
   // parts (menus) hand it down to them.
@@ -59,8 +64,11 @@ class Control {
   void Notify(std::string_view property);
 
  protected:
-  // Whether user events reach the control: enabled and visible.
-  bool Active() const { return enabled_ && visible_; }
+  // Whether user events reach the control: enabled and visible, and so is
+  // the frame it sits in.
+  bool Active() const {
+    return enabled_ && visible_ && (!container_ || container_->Active());
+  }
 
   // Sets a property and notifies when the value differs; returns whether it did.
   template <class T, class U>
@@ -85,6 +93,7 @@ class Control {
   bool enabled_ = true;
   bool visible_ = true;
   std::string tag_;
+  Control* container_ = nullptr;
   ControlObserver* observer_ = nullptr;
 };
 

@@ -22,8 +22,10 @@
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
 #include <QStatusBar>
+#include <QTabBar>
 #include <QTableWidget>
 #include <QTemporaryDir>
+#include <QTest>
 #include <QTimer>
 #include <QTreeWidget>
 #include <algorithm>
@@ -954,6 +956,42 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM firms WHERE ID = " + firmOidr.substr(8))),
             groupId);
   EXPECT_EQ(list->topLevelItemCount(), listed + 1);
+}
+
+// The currency card shows its data or its rate history by the tab picked;
+// the frames of the other tab go with everything they hold.
+TEST_F(ShellTest, TheCurrencyCardsTabsShowTheirFramesAndTheRates) {
+  QTreeWidgetItem* currencies = window_->NodeOf("O0002200");
+  ASSERT_NE(currencies, nullptr);
+  currencies->setExpanded(true);
+  QTreeWidgetItem* dollar = window_->NodeOf("O00022002");
+  ASSERT_NE(dollar, nullptr);
+  ASSERT_TRUE(window_->ClickNode(dollar, "Padėti &ant darbo stalo"));
+  Settle();
+  FormView* view = ActiveView();
+  ASSERT_NE(view, nullptr);
+  auto* tabs = qobject_cast<QTabBar*>(view->WidgetNamed("TabStrip"));
+  ASSERT_NE(tabs, nullptr);
+  ASSERT_EQ(tabs->count(), 2);
+  EXPECT_EQ(tabs->tabText(1), QString::fromUtf8("Valiutos kursai"));
+  auto shown = [&](const char* name) {
+    QWidget* widget = view->WidgetNamed(name);
+    return widget && widget->isVisibleTo(view);
+  };
+  EXPECT_TRUE(shown("txtCode"));
+  EXPECT_FALSE(shown("lvwRates"));
+  EXPECT_FALSE(shown("dtpDateFrom"));
+
+  QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
+  Settle();
+  EXPECT_EQ(tabs->currentIndex(), 1);
+  EXPECT_FALSE(shown("txtCode"));
+  EXPECT_TRUE(shown("lvwRates"));
+  EXPECT_TRUE(shown("dtpDateFrom"));
+  auto* rates = qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRates"));
+  ASSERT_NE(rates, nullptr);
+  EXPECT_GT(rates->topLevelItemCount(), 0);
+  Shot(*window_, "currency-rates-tab");
 }
 
 // Each catalogue window reachable from the tree opens as a sub-window from

@@ -10,6 +10,7 @@
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
+#include "ui/Frame.h"
 #include "ui/ImageCombo.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"
@@ -17,6 +18,7 @@
 #include "ui/Panel.h"
 #include "ui/RecordingObserver.h"
 #include "ui/TextBox.h"
+#include "ui/TabStrip.h"
 #include "ui/Timer.h"
 
 namespace orvel {
@@ -127,6 +129,17 @@ int DTPickerPick(const std::function<void(Control&)>& state) {
   return n;
 }
 
+int TabStripClick(const std::function<void(Control&)>& state) {
+  TabStrip t("TabStrip");
+  t.AddTab("Data", "Duomenys");
+  t.AddTab("Rates", "Valiutos kursai");
+  int n = 0;
+  t.OnClick = [&] { ++n; };
+  state(t);
+  t.Click("Rates");
+  return (t.SelectedKey() == "Rates") == (n == 1) ? n : -1;
+}
+
 void PrintTo(const UserEventCase& c, std::ostream* os) { *os << c.name; }
 
 class UserEventTest : public ::testing::TestWithParam<UserEventCase> {};
@@ -143,6 +156,20 @@ TEST_P(UserEventTest, HiddenControl_RaisesNothing) {
   EXPECT_EQ(GetParam().raise([](Control& c) { c.SetVisible(false); }), 0);
 }
 
+// A frame passes its state on to what it holds, two frames deep too.
+TEST_P(UserEventTest, ControlInAFrame_RaisesOnlyWhileTheFramesAreShownAndEnabled) {
+  Frame outer("fraOuter");
+  Frame inner("fraInner");
+  outer.Hold({&inner});
+  auto inFrames = [&](Control& c) { inner.Hold({&c}); };
+  EXPECT_EQ(GetParam().raise(inFrames), 1);
+  outer.SetVisible(false);
+  EXPECT_EQ(GetParam().raise(inFrames), 0);
+  outer.SetVisible(true);
+  inner.SetEnabled(false);
+  EXPECT_EQ(GetParam().raise(inFrames), 0);
+}
+
 INSTANTIATE_TEST_SUITE_P(Controls, UserEventTest,
                          ::testing::Values(UserEventCase{"ButtonClick", ButtonClick},
                                            UserEventCase{"ButtonMouseUp", ButtonMouseUp},
@@ -153,7 +180,8 @@ INSTANTIATE_TEST_SUITE_P(Controls, UserEventTest,
                                            UserEventCase{"ListViewItemClick", ListViewItemClick},
                                            UserEventCase{"ListViewMouseUp", ListViewMouseUp},
                                            UserEventCase{"MenuClick", MenuClick},
-                                           UserEventCase{"DTPickerPick", DTPickerPick}),
+                                           UserEventCase{"DTPickerPick", DTPickerPick},
+                                           UserEventCase{"TabStripClick", TabStripClick}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
@@ -353,6 +381,23 @@ TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   picker.SetCheckBox(false);  // the last date comes back
   EXPECT_EQ(picker.Value(), Variant(Date{46349}));
   EXPECT_EQ(changes, 2);
+}
+
+TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
+  TabStrip t("TabStrip");
+  std::vector<std::string> clicks;
+  t.OnClick = [&] { clicks.push_back(t.SelectedKey()); };
+  t.AddTab("Data", "Duomenys");
+  t.AddTab("Rates", "Valiutos kursai");
+  EXPECT_EQ(t.SelectedKey(), "");
+  t.SetEnabled(false);
+  t.Select("Data");
+  t.Select("Data");
+  EXPECT_THAT(clicks, ElementsAre("Data", "Data"));
+  EXPECT_EQ(ErrorOf([&] { t.Select("Other"); }), 35601);
+  EXPECT_EQ(ErrorOf([&] { t.AddTab("Rates", "Kursai"); }), 35602);
+  EXPECT_EQ(t.SelectedKey(), "Data");
+  EXPECT_EQ(t.Tabs().size(), 2u);
 }
 
 TEST(Timer, TicksOnlyWhileEnabled) {
