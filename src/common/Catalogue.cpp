@@ -103,6 +103,14 @@ std::optional<std::string> GroupLine(const std::shared_ptr<OrvelObjectUIO>& grou
   }
 }
 
+bool ReadAgainOrClose(OrvelObjectUIO& object, const std::string& title) {
+  auto status = object.Read();
+  if (status.Number == 0) return true;
+  Platform::Ui().MsgBox(status.Text, vbExclamation, title);
+  Services().WindowManager()->RemoveWindow(object.OIDR(), true);
+  return false;
+}
+
 std::string CreatorLine(OrvelObjectUIO& object) {
   bool stored = !object.Fields("ID").Value().IsEmpty();
   if (!stored) object.Fields("CreatedByUser").SetValue(Variant(UserName()));

@@ -58,6 +58,11 @@ std::string CreatorLine(OrvelObjectUIO& object);
 // not there or cannot be read.
 std::optional<std::string> GroupLine(const std::shared_ptr<OrvelObjectUIO>& group);
 
+// Reads a card's object again. When it can no longer be read, tells why in
+// an exclamation box under `title` and closes its window; returns whether it
+// was read.
+bool ReadAgainOrClose(OrvelObjectUIO& object, const std::string& title);
+
 struct ObjectRights {
   bool CanRead = false;
   bool CanDelete = false;

@@ -115,13 +115,7 @@ void CatalogueWindow::cmdEnter_Click() {
 
 void CatalogueWindow::cmdCancel_Click() {
   Handle([&] {
-    auto status = Uio().Read();
-    if (status.Number != 0) {
-      Platform::Ui().MsgBox(status.Text, vbExclamation, kMsgTitle);
-      Services().WindowManager()->RemoveWindow(OIDR(), true);
-      return;
-    }
-    InitForm();
+    if (ReadAgainOrClose(Uio(), kMsgTitle)) InitForm();
   });
 }
 

@@ -341,13 +341,7 @@ void frmCurrency::cmdWrite_Click() {
 
 void frmCurrency::ReloadCard() {
   Handle([&] {
-    auto status = Uio().Read();
-    if (status.Number != 0) {
-      Platform::Ui().MsgBox(status.Text, vbExclamation, msgTitle_);
-      Services().WindowManager()->RemoveWindow(OIDR(), true);
-      return;
-    }
-    LoadCard();
+    if (ReadAgainOrClose(Uio(), msgTitle_)) LoadCard();
   });
 }
 

@@ -79,6 +79,20 @@ std::shared_ptr<Recordset> RecordsOf(const OrvelResult& reply) {
   return rs;
 }
 
+// A read under the hourglass (with the events let through first, when
+// `pumpEvents`); the pointer comes back whatever the read does.
+template <class F>
+std::shared_ptr<Recordset> UnderHourglass(bool pumpEvents, F&& read) {
+  auto& ui = Platform::Ui();
+  ui.SetMousePointer(vbHourglass);
+  if (pumpEvents) ui.DoEvents();
+  struct Restore {
+    Ui& ui;
+    ~Restore() { ui.SetMousePointer(vbDefault); }
+  } restore{ui};
+  return read();
+}
+
 // A field as list text: Null shows as an empty cell.
 std::string Text(Recordset& rs, const char* field) { return ConcatText(rs.Fields(field).Value()); }
 
@@ -233,18 +247,10 @@ void frmFirms::LoadTraffic(bool more) {
       AddPlaceholder(list, 4);
       return;
     }
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    ui.DoEvents();
-    std::shared_ptr<Recordset> rs;
-    try {
+    auto rs = UnderHourglass(true, [&] {
       RefreshDebt();
-      rs = RecordsOf(Uio().Properties("Traffic", TrafficParams()));
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
-    }
-    ui.SetMousePointer(vbDefault);
+      return RecordsOf(Uio().Properties("Traffic", TrafficParams()));
+    });
     if (OIDR().size() < 9 || !rs) return;
     prepare();
     auto& rights = *Services().Rights();
@@ -291,17 +297,8 @@ void frmFirms::LoadContracts(bool more) {
       AddPlaceholder(list, 5);
       return;
     }
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    ui.DoEvents();
-    std::shared_ptr<Recordset> rs;
-    try {
-      rs = RecordsOf(Uio().Properties("ContractsList", ""));
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
-    }
-    ui.SetMousePointer(vbDefault);
+    auto rs =
+        UnderHourglass(true, [&] { return RecordsOf(Uio().Properties("ContractsList", "")); });
     if (OIDR().size() < 9 || !rs) return;
     prepare();
     double total = 0;
@@ -345,16 +342,7 @@ void frmFirms::LoadGoods(bool more) {
     if (text.empty()) return;
     list.ListItems().Clear();
     if (OIDR().size() < 9) return;
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    std::shared_ptr<Recordset> rs;
-    try {
-      rs = RecordsOf(Uio().Properties("FindGoods", text));
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
-    }
-    ui.SetMousePointer(vbDefault);
+    auto rs = UnderHourglass(false, [&] { return RecordsOf(Uio().Properties("FindGoods", text)); });
     if (!rs) return;
     for (; !rs->IsEOF(); rs->MoveNext()) {
       ListItem& row =

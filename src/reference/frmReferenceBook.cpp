@@ -179,12 +179,7 @@ void frmReferenceBook::RegisterLock() {
 
 void frmReferenceBook::cmdCancel_Click() {
   Handle([&] {
-    auto status = Uio().Read();
-    if (status.Number != 0) {
-      Platform::Ui().MsgBox(status.Text, vbExclamation, msgTitle_);
-      Services().WindowManager()->RemoveWindow(OIDR(), true);
-      return;
-    }
+    if (!ReadAgainOrClose(Uio(), msgTitle_)) return;
     // The group the card shows again (mGroupName names it), so that it does
     // not show one group and write another.
     if (isNew_) {
