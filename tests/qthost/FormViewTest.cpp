@@ -30,7 +30,17 @@
 #include <vector>
 
 #include "banks/frmBanks.h"
+#include "currencies/frmCurrencyRate.h"
 #include "currencies/frmCurrencyRates.h"
+#include "firms/frmAccounts.h"
+#include "firms/frmFirmInfo.h"
+#include "firms/frmPreview.h"
+#include "goods/frmGaranty.h"
+#include "goods/frmGoodPreview.h"
+#include "goods/frmGoodProperty.h"
+#include "goods/frmPriceChange.h"
+#include "lists/frmPreviewConfig.h"
+#include "reference/frmTemplate.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/Picture.h"
@@ -1027,6 +1037,46 @@ TEST_F(BankCardViewTest, TheCurrencyRatesWindowLaysOutItsControls) {
   EXPECT_EQ(view.WidgetNamed("mnuMeniu"), nullptr);
   EXPECT_EQ(Str(qobject_cast<QPushButton*>(view.WidgetNamed("cmdGo"))->text()), "Užpildyti");
 }
+
+// The module's dialogs as they open, before any record is put in: each
+// shows its caption, and every button tells what it does, by its words or
+// its picture. The pictures are for looking at.
+struct DialogCase {
+  const char* name;
+  std::function<std::unique_ptr<Form>()> make;
+};
+
+class DialogViewTest : public BankCardViewTest, public ::testing::WithParamInterface<DialogCase> {};
+
+TEST_P(DialogViewTest, EveryButtonSaysWhatItDoes) {
+  std::unique_ptr<Form> form = GetParam().make();
+  FormView view(*form);
+  view.show();
+  QApplication::processEvents();
+  Snap(view, (std::string("dialog-") + GetParam().name).c_str());
+  for (auto* button : view.findChildren<QPushButton*>()) {
+    EXPECT_TRUE(!button->text().trimmed().isEmpty() || !button->icon().isNull())
+        << Str(button->objectName());
+  }
+}
+
+template <class F>
+DialogCase Dialog(const char* name) {
+  return {name, [] { return std::unique_ptr<Form>(std::make_unique<F>()); }};
+}
+
+INSTANTIATE_TEST_SUITE_P(Dialogs, DialogViewTest,
+                         ::testing::Values(Dialog<frmPreview>("preview"),
+                                           Dialog<frmFirmInfo>("firm_info"),
+                                           Dialog<frmAccounts>("account"),
+                                           Dialog<frmCurrencyRate>("currency_rate"),
+                                           Dialog<frmTemplate>("template"),
+                                           Dialog<frmPriceChange>("price_change"),
+                                           Dialog<frmGaranty>("garanty"),
+                                           Dialog<frmGoodPreview>("good_preview"),
+                                           Dialog<frmGoodProperty>("good_property"),
+                                           Dialog<frmPreviewConfig>("column_config")),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace orvel
