@@ -47,6 +47,9 @@ frmGoodPreview::frmGoodPreview() : Form("frmGoodPreview") {
   cmdSave.SetCaption("Išsaugoti");
   cmdCancel.SetCaption("Atšaukti");
   OptionButton::Group({&optByCode, &OptByName});
+  fraSort.Hold({&optByCode, &OptByName});
+  fraShow.Hold({&chkActive, &chkNotActive, &chkOnlyWithRest});
+  fraView.Hold({&chkCode, &chkByLocation, &txtLocation, &cmdLocation});
   for (Control* control :
        std::vector<Control*>{&fraSort, &optByCode, &OptByName, &fraShow, &chkActive, &chkNotActive,
                              &chkOnlyWithRest, &fraView, &chkCode, &chkByLocation, &txtLocation,

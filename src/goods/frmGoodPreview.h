@@ -5,7 +5,7 @@
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/Form.h"
-#include "ui/Label.h"
+#include "ui/Frame.h"
 #include "ui/OptionButton.h"
 #include "ui/TextBox.h"
 
@@ -33,9 +33,9 @@ class frmGoodPreview : public Form {
   std::string Settings;
   bool Confirmed = false;
 
-  Label fraSort{"fraSort"};
-  Label fraShow{"fraShow"};
-  Label fraView{"fraView"};
+  Frame fraSort{"fraSort"};
+  Frame fraShow{"fraShow"};
+  Frame fraView{"fraView"};
   CheckBox chkActive{"chkActive"};
   CheckBox chkNotActive{"chkNotActive"};
   CheckBox chkCode{"chkCode"};
