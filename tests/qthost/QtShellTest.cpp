@@ -1047,7 +1047,9 @@ TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
 INSTANTIATE_TEST_SUITE_P(
     Catalogues, ShellWindowsTest,
     ::testing::Values(WindowCase{"firm", {"O0000100"}, "", "0"},
+                      WindowCase{"firm_group", {"O0000100", "O00001001"}, "O00001005", "0"},
                       WindowCase{"good", {"O0000200"}, "", "0"},
+                      WindowCase{"goods_group", {"O0000200"}, "O00002001", "0"},
                       WindowCase{"new_bank", {}, "O0000300", "1"},
                       WindowCase{"currency", {"O0002200"}, "O00022002", "Padėti &ant darbo stalo"},
                       WindowCase{"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
