@@ -89,8 +89,11 @@ void BM_DirectSelect(benchmark::State& state) {
   sqlite3_open(f.path.c_str(), &db);
   const char* sql =
       "SELECT 'O0000200' || ID AS OIDR, Name AS Preview, ID, Name, Code, BarCode, ParentID,"
-      " GroupFlag, GoodType, MeasureID, Price, VatRate, Active, CreatedByUser, CreationDate,"
-      " UpdatedByUser, UpdateDate FROM goods WHERE ParentID = ? ORDER BY GroupFlag DESC, Name, ID";
+      " GroupFlag, GoodType, MeasureID, Price, VatRate, Active, WithRest, Garanty, CreatedByUser,"
+      " CreationDate, UpdatedByUser, UpdateDate, CAST(VatRate AS INTEGER) AS VAT,"
+      " 0 AS PriceWithVAT,"
+      " (SELECT SUM(l.Rest) FROM document_lines l WHERE l.GoodID = goods.ID) AS Rest"
+      " FROM goods WHERE ParentID = ? ORDER BY GroupFlag DESC, Name, ID";
   size_t rows = 0;
   for (auto _ : state) {
     sqlite3_stmt* stmt = nullptr;

@@ -135,6 +135,11 @@ std::vector<CatalogueTable> MakeCatalogues() {
       Number("Garanty", "Garantija (mėn.)", SqlType::Real, false, Variant(0.0)),
   };
   AddAudit(goods.fields);
+  // The goods lists read the rate as a whole percent, whether the price
+  // holds the tax (the reference layer keeps prices without it), and what
+  // is left of the good in its open lots.
+  goods.derived = {"CAST(VatRate AS INTEGER) AS VAT", "0 AS PriceWithVAT",
+                   "(SELECT SUM(l.Rest) FROM document_lines l WHERE l.GoodID = goods.ID) AS Rest"};
   specs.push_back(std::move(goods));
 
   // The reference books: the list of books under the root, then each book,

@@ -38,6 +38,10 @@ struct CatalogueTable {
   std::vector<CatalogueField> fields;
   // Groups and members in one table: ParentID and GroupFlag among the fields.
   bool grouped = false;
+  // Columns a record and a list carry besides the fields, as SQL over the
+  // row ("VatRate AS VAT"): what the module reads under another name. They
+  // are never written.
+  std::vector<std::string> derived = {};
 
   const CatalogueField* Field(const std::string& name) const;  // case-insensitive
 };

@@ -118,6 +118,7 @@ std::shared_ptr<MemoryRecordset> TableBusinessObject::Query(const std::string& s
 std::string TableBusinessObject::SelectList() const {
   std::string list = "ID";
   for (const auto& field : catalogue_.fields) list += ", " + field.name;
+  for (const auto& column : catalogue_.derived) list += ", " + column;
   return list;
 }
 

@@ -94,6 +94,23 @@ TEST_F(GoodsCallsTest, AnEmptyGroupHasNoHighestCode) {
   EXPECT_TRUE(rs->Fields("MAXCODE").Value().IsNull());
 }
 
+// A group's list gives each good its tax rate as a whole percent, says its
+// price holds no tax and what is left in its open lots (nothing for a good
+// never bought): the group card's columns come from these.
+TEST_F(GoodsCallsTest, AGroupsListCarriesTheTaxRatePriceKindAndRest) {
+  Insert("UPDATE goods SET VatRate = 21.0", {});
+  Insert("UPDATE goods SET VatRate = 9.0 WHERE ID = 3", {});
+  auto list = Read("O0000200", "Orvel_GetObjectList", "'O00002001'");
+  ASSERT_NE(list, nullptr);
+  EXPECT_THAT(Column(*list, "Preview"), ElementsAre("Pieno produktai", "Pienas", "Sūris 'Džiugas'"));
+  EXPECT_THAT(Column(*list, "VAT"), ElementsAre("21", "9", "21"));
+  EXPECT_THAT(Column(*list, "PriceWithVAT"), ElementsAre("0", "0", "0"));
+  EXPECT_THAT(Column(*list, "Rest"), ElementsAre("", "", "4"));
+  auto card = Read("O0000200", "Orvel_ReadObject", "'O00002003'");
+  ASSERT_NE(card, nullptr);
+  EXPECT_EQ(Text(card->Fields("VAT").Value()), "9");
+}
+
 TEST_F(GoodsCallsTest, VatFactorIsTheDatabaseDefault) {
   auto rs = Read("O0000200", "GetVatFactor", "O00002002");
   rs->MoveFirst();
