@@ -212,22 +212,21 @@ std::shared_ptr<Recordset> TableBusinessObject::NewObject() {
 std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
   const std::string oidr = args.empty() ? "" : args[0];
   auto id = IdOf(oidr);
-  if (id && catalogue_.grouped) {
-    // A grouped record carries the names of the groups above it, each
-    // followed by "\", top first: the line a card shows for its group.
-    auto rs = Query("WITH RECURSIVE up(pid, path, depth) AS (SELECT ParentID, '', 0 FROM " +
-                        catalogue_.name + " WHERE ID = ? UNION ALL SELECT g.ParentID, g.Name ||"
-                        " '\\' || up.path, up.depth + 1 FROM " + catalogue_.name +
-                        " g JOIN up ON g.ID = up.pid WHERE up.depth < 64)"
-                        " SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview,"
-                        " (SELECT path FROM up ORDER BY depth DESC LIMIT 1) AS PreviewPath"
-                        " FROM " + catalogue_.name + " WHERE ID = ?",
-                    {Variant(*id), Variant(catalogue_.oid), Variant(*id)});
-    if (rs->RecordCount() == 1) return rs;
-  } else if (id) {
-    auto rs = Query("SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview FROM " +
-                        catalogue_.name + " WHERE ID = ?",
-                    {Variant(catalogue_.oid), Variant(*id)});
+  if (id) {
+    std::string sql = "SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview";
+    std::vector<Variant> values{Variant(catalogue_.oid)};
+    if (catalogue_.grouped) {
+      // A grouped record carries the names of the groups above it, each
+      // followed by "\", top first: the line a card shows for its group.
+      sql = "WITH RECURSIVE up(pid, path, depth) AS (SELECT ParentID, '', 0 FROM " +
+            catalogue_.name +
+            " WHERE ID = ? UNION ALL SELECT g.ParentID, g.Name || '\\' || up.path, up.depth + 1"
+            " FROM " + catalogue_.name + " g JOIN up ON g.ID = up.pid WHERE up.depth < 64) " + sql +
+            ", (SELECT path FROM up ORDER BY depth DESC LIMIT 1) AS PreviewPath";
+      values.insert(values.begin(), Variant(*id));
+    }
+    values.emplace_back(*id);
+    auto rs = Query(sql + " FROM " + catalogue_.name + " WHERE ID = ?", values);
     if (rs->RecordCount() == 1) return rs;
   }
   throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};

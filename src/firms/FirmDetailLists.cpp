@@ -54,7 +54,7 @@ void Quietly(F&& body) {
 
 // Builds the columns of a list that has none; otherwise empties its rows.
 // Returns whether the columns were built.
-bool PrepareList(ListView& list, std::initializer_list<Column> columns) {
+bool PrepareList(ListView& list, const std::vector<Column>& columns) {
   if (list.ColumnHeaders().Count() == 0) {
     for (const Column& column : columns) {
       list.ColumnHeaders().Add(0, column.key, column.caption, column.width, column.alignment);
@@ -362,12 +362,9 @@ void frmFirms::LoadPlainList(int tab, const PlainList& shape) {
   if (tab == 0) return;
   Quietly([&] {
     ListView& list = List(tab);
-    if (list.ColumnHeaders().Count() == 0) {
-      for (const auto& [caption, width] : shape.columns) {
-        list.ColumnHeaders().Add(0, "", caption, width);
-      }
-    }
-    list.ListItems().Clear();
+    std::vector<Column> columns;
+    for (const auto& [caption, width] : shape.columns) columns.push_back({caption, width});
+    PrepareList(list, columns);
     if (OIDR().size() < 9) return;
     auto rs = RecordsOf(Uio().Properties(shape.property, ""));
     if (!rs) return;

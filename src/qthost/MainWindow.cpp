@@ -182,8 +182,8 @@ MainWindow::MainWindow(ReferenceHost& host, QtUi& ui, QtPrompter& prompter,
   resize(1280, 800);
 
   auto* tree = new CatalogueTree;
-  tree->mayDrag = [this](QTreeWidgetItem* node) { return AsksType(node, true); };
-  tree->mayDrop = [this](QTreeWidgetItem* node) { return AsksType(node, false); };
+  tree->mayDrag = [this](QTreeWidgetItem* node) { return TypeLetsGo(node); };
+  tree->mayDrop = [this](QTreeWidgetItem* node) { return TypeTakesDrop(node); };
   tree->setDragEnabled(true);
   tree->setAcceptDrops(true);
   tree->setDragDropMode(QAbstractItemView::DragDrop);
@@ -324,12 +324,24 @@ QIcon MainWindow::IconOf(const std::string& typeOidr, const std::string& kind) c
   return icon;
 }
 
-bool MainWindow::AsksType(QTreeWidgetItem* node, bool drag) {
+bool MainWindow::TypeLetsGo(QTreeWidgetItem* node) {
+  return AskType(node, [&](OrvelObjectUI& type, const std::string& oidr) {
+    return type.DragOK(oidr, OTypeOf(node), "");
+  });
+}
+
+bool MainWindow::TypeTakesDrop(QTreeWidgetItem* node) {
+  return AskType(node, [](OrvelObjectUI& type, const std::string& oidr) {
+    return type.DropOK(oidr);
+  });
+}
+
+bool MainWindow::AskType(QTreeWidgetItem* node,
+                         const std::function<bool(OrvelObjectUI&, const std::string&)>& ask) {
   const std::string oidr = OidrOf(node);
   try {
     auto type = host_.Objects().GetOrvelObjectUI(oidr);
-    if (!type) return false;
-    return drag ? type->DragOK(oidr, OTypeOf(node), "") : type->DropOK(oidr);
+    return type && ask(*type, oidr);
   } catch (const std::exception&) {
     return false;
   }

@@ -3,6 +3,7 @@
 #include <QIcon>
 #include <QMainWindow>
 #include <QPointer>
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
@@ -18,6 +19,7 @@ class QTreeWidgetItem;
 namespace orvel {
 
 class Form;
+class OrvelObjectUI;
 class OrvelWindow;
 class PdfPrint;
 class QtPrompter;
@@ -59,9 +61,10 @@ class MainWindow : public QMainWindow {
 
   // Reads a node's members now (as opening it does).
   void LoadMembers(QTreeWidgetItem* node);
-  // The node's type asked whether the member may be dragged (DragOK) or
-  // take a drop (DropOK); false when the type cannot be reached.
-  bool AsksType(QTreeWidgetItem* node, bool drag);
+  // Whether the node's type lets the member be dragged (DragOK), or takes a
+  // drop on it (DropOK); false when the type cannot be reached.
+  bool TypeLetsGo(QTreeWidgetItem* node);
+  bool TypeTakesDrop(QTreeWidgetItem* node);
   // The node's context menu at a screen point; the pick is sent to the type.
   void ShowNodeMenu(QTreeWidgetItem* node, const QPoint& at);
   // Sends a menu key (or chord) of a node to its type and carries out what
@@ -89,6 +92,8 @@ class MainWindow : public QMainWindow {
   void ShowFailure(const std::string& what);
   QIcon IconOf(const std::string& typeOidr, const std::string& kind) const;
   bool HasMenu(const std::string& otype) const;
+  bool AskType(QTreeWidgetItem* node,
+               const std::function<bool(OrvelObjectUI&, const std::string&)>& ask);
 
   ReferenceHost& host_;
   QtUi& ui_;

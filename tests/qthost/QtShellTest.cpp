@@ -934,8 +934,8 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
   }
   ASSERT_NE(firm, nullptr);
   const std::string firmOidr = MainWindow::OidrOf(firm);
-  EXPECT_TRUE(window_->AsksType(firm, true));
-  EXPECT_FALSE(window_->AsksType(target, false));
+  EXPECT_TRUE(window_->TypeLetsGo(firm));
+  EXPECT_FALSE(window_->TypeTakesDrop(target));
   ASSERT_EQ(DraggedText(*window_->Tree(), firm).toStdString(), firmOidr);
 
   ASSERT_TRUE(window_->ClickNode(target, "0"));
