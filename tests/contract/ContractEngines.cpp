@@ -1,0 +1,114 @@
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+#include "ContractEngine.h"
+#include "bizlayer/BusinessLayer.h"
+#include "bizlayer/CatalogueTable.h"
+#include "bizlayer/ReferenceDatabase.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/TableBusinessObject.h"
+#include "testhost/CallLog.h"
+#include "testhost/MemoryBusinessObject.h"
+
+namespace orvel::contract {
+
+namespace {
+
+const CatalogueTable& CatalogueFor(const std::string& oid) {
+  const CatalogueTable* catalogue = CatalogueOf(oid);
+  if (!catalogue) throw std::invalid_argument("no catalogue " + oid);
+  return *catalogue;
+}
+
+// The reference business layer over an empty schema in memory.
+class SqliteEngine : public ContractEngine {
+ public:
+  SqliteEngine() {
+    ReferenceDatabase::CreateSchema(*db_);
+    layer_.SetUserName("rūta");
+  }
+
+  bool KeepsCatalogueCalls() const override { return true; }
+
+  OrvelObjectBO& Object(const std::string& oid) override {
+    auto object = layer_.BusinessObject(oid);
+    if (!object) throw std::invalid_argument("the layer keeps no " + oid);
+    return *object;
+  }
+
+  void Given(const std::string& oid, const std::vector<Row>& rows) override {
+    GivenTable(CatalogueFor(oid).name, rows);
+  }
+
+  void GivenTable(const std::string& table, const std::vector<Row>& rows) override {
+    for (const auto& row : rows) {
+      std::string columns;
+      std::string marks;
+      for (const auto& [name, value] : row) {
+        columns += (columns.empty() ? "" : ", ") + name;
+        marks += marks.empty() ? "?" : ", ?";
+      }
+      auto stmt =
+          db_->Prepare("INSERT INTO " + table + " (" + columns + ") VALUES (" + marks + ")");
+      int index = 1;
+      for (const auto& [name, value] : row) stmt.Bind(index++, value);
+      stmt.Run();
+    }
+  }
+
+ private:
+  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  BusinessLayer layer_{db_};
+};
+
+// The in-memory host's business objects, each table declared with the
+// fields and defaults that the reference layer's catalogue names.
+class MemoryEngine : public ContractEngine {
+ public:
+  bool KeepsCatalogueCalls() const override { return false; }
+
+  OrvelObjectBO& Object(const std::string& oid) override { return Memory(oid); }
+
+  void Given(const std::string& oid, const std::vector<Row>& rows) override {
+    Memory(oid).Table().Seed(rows);
+  }
+
+  void GivenTable(const std::string& table, const std::vector<Row>&) override {
+    throw std::logic_error("the in-memory host keeps no table " + table);
+  }
+
+ private:
+  MemoryBusinessObject& Memory(const std::string& oid) {
+    auto& object = objects_[oid];
+    if (!object) {
+      object = std::make_unique<MemoryBusinessObject>(oid, log_);
+      std::vector<std::string> names{"ID"};
+      for (const auto& field : CatalogueFor(oid).fields) names.push_back(field.name);
+      object->Table().SetFields(names);
+      for (const auto& field : CatalogueFor(oid).fields) {
+        object->Table().SetDefault(field.name,
+                                   field.defaultValue.IsEmpty() ? Variant::Null()
+                                                                : field.defaultValue);
+      }
+    }
+    return *object;
+  }
+
+  std::shared_ptr<CallLog> log_ = std::make_shared<CallLog>();
+  std::map<std::string, std::unique_ptr<MemoryBusinessObject>> objects_;
+};
+
+}  // namespace
+
+const std::vector<EngineKind>& Engines() {
+  static const std::vector<EngineKind> engines{
+      {"InMemory", [] { return std::unique_ptr<ContractEngine>(new MemoryEngine); }},
+      {"Sqlite", [] { return std::unique_ptr<ContractEngine>(new SqliteEngine); }},
+  };
+  return engines;
+}
+
+}  // namespace orvel::contract

@@ -1,0 +1,250 @@
+// The standard object calls, as every catalogue's card, tree and list window
+// sends them, answered alike by every business layer.
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "ContractFixture.h"
+#include "bizlayer/CatalogueTable.h"
+
+namespace orvel::contract {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+
+// A type's records: 1 to 4, where in a grouped type 1 is a group holding 2
+// and 3, 4 stands at the top and 5 is an empty group.
+struct TypeCase {
+  const char* oid;
+  std::vector<Row> records;
+  const char* search;  // a piece of record 3's name, in other letters' case
+};
+
+Row Named(int id, const char* name, Row more = {}) {
+  more.insert(more.begin(), {{"ID", Variant(id)}, {"Name", Variant(name)}});
+  return more;
+}
+
+Row Member(int id, const char* name, Variant parent, Row more = {}) {
+  more.insert(more.begin(), {{"ParentID", parent}, {"GroupFlag", Variant(0)}});
+  return Named(id, name, std::move(more));
+}
+
+Row Group(int id, const char* name) {
+  return Named(id, name, {{"ParentID", Variant(0)}, {"GroupFlag", Variant(1)}});
+}
+
+std::vector<Row> Grouped(const char* group, const char* second, const char* third,
+                         const char* top, Row more = {}) {
+  return {Group(1, group), Member(2, second, Variant(1), more), Member(3, third, Variant(1), more),
+          Member(4, top, Variant(0), more), Group(5, "Tuščia grupė")};
+}
+
+const std::vector<TypeCase>& Types() {
+  static const std::vector<TypeCase> types{
+      {"O0000300",
+       {Named(1, "AB SEB bankas", {{"Code", Variant("70440")}, {"SWIFT", Variant("CBVILT2X")}}),
+        Named(2, "Swedbank, AB", {{"Code", Variant("73000")}}),
+        Named(3, "Šiaulių bankas", {{"Code", Variant("71800")}})},
+       "ŠIAUL"},
+      {"O0000100",
+       Grouped("Pirkėjai", "UAB Alfa", "O'Brien ir Ko", "AB Gama",
+               {{"Active", Variant(true)}}),
+       "brien"},
+      {"O0000200",
+       Grouped("Maistas", "Duona balta", "Pienas 2,5 %", "Cukrus",
+               {{"Price", Variant(1.2)}, {"VatRate", Variant(21.0)}}),
+       "PIENAS"},
+      {"O0002200",
+       {Named(1, "Euras", {{"Code", Variant("EUR")}}),
+        Named(2, "JAV doleris", {{"Code", Variant("USD")}}),
+        Named(3, "Švedijos krona", {{"Code", Variant("SEK")}})},
+       "švedijos"},
+      {"O0001602", Grouped("Bankiniai", "Pavedimas", "Įskaitymas", "Grynaisiais"), "ĮSKAIT"},
+      {"O0001615", Grouped("Sandėliai", "Vilniaus sandėlis", "Kauno sandėlis", "Parduotuvė"),
+       "kauno"},
+  };
+  return types;
+}
+
+void PrintTo(const TypeCase& type, std::ostream* out) { *out << type.oid; }
+
+bool Grouped(const TypeCase& type) { return CatalogueOf(type.oid)->grouped; }
+
+std::string Oidr(const TypeCase& type, int id) { return type.oid + std::to_string(id); }
+
+class StandardCallsContract
+    : public ContractFixture,
+      public ::testing::TestWithParam<std::tuple<const EngineKind*, TypeCase>> {
+ protected:
+  StandardCallsContract() : ContractFixture(*std::get<0>(GetParam())) {
+    Engine().Given(Type().oid, Type().records);
+  }
+  const TypeCase& Type() const { return std::get<1>(GetParam()); }
+  std::string Quoted(int id) const { return "'" + Oidr(Type(), id) + "'"; }
+  std::vector<std::string> Listed(const std::string& param) {
+    auto rs = Read(Type().oid, "Orvel_GetObjectList", param);
+    return rs ? Oidrs(*rs) : std::vector<std::string>{"no set"};
+  }
+  std::vector<std::string> Of(std::initializer_list<int> ids) const {
+    std::vector<std::string> out;
+    for (int id : ids) out.push_back(Oidr(Type(), id));
+    std::sort(out.begin(), out.end());
+    return out;
+  }
+};
+
+TEST_P(StandardCallsContract, NewObject_AnswersOneRowOfEveryFieldWithoutAnId) {
+  auto rs = Read(Type().oid, "Orvel_NewObject", std::string("'") + Type().oid + "'");
+  ASSERT_NE(rs, nullptr);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  EXPECT_TRUE(rs->Fields("ID").Value().IsEmpty());
+  for (const auto& field : CatalogueOf(Type().oid)->fields) {
+    ASSERT_TRUE(rs->Fields().Exists(field.name)) << field.name;
+    if (!field.defaultValue.IsEmpty()) {
+      EXPECT_EQ(rs->Fields(field.name).Value(), field.defaultValue) << field.name;
+    }
+  }
+}
+
+TEST_P(StandardCallsContract, ReadObject_AnswersTheRecordWithItsOidrPreviewAndTypedFields) {
+  auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(3));
+  ASSERT_NE(rs, nullptr);
+  ASSERT_EQ(rs->RecordCount(), 1);
+  EXPECT_EQ(rs->Fields("OIDR").Value(), Variant(Oidr(Type(), 3)));
+  EXPECT_EQ(rs->Fields("Preview").Value(), rs->Fields("Name").Value());
+  for (const auto& [name, value] : Type().records[2]) {
+    EXPECT_EQ(ConcatText(rs->Fields(name).Value()), ConcatText(value)) << name;
+  }
+  for (const auto& field : CatalogueOf(Type().oid)->fields) {
+    const Kind kind = field.type == SqlType::Text      ? Kind::Text
+                      : field.type == SqlType::Date    ? Kind::Date
+                      : field.type == SqlType::Boolean ? Kind::Boolean
+                                                       : Kind::Number;
+    EXPECT_TRUE(IsKind(rs->Fields(field.name).Value(), kind)) << field.name;
+  }
+}
+
+TEST_P(StandardCallsContract, GetObjectList_TheTypeListsItsTopAGroupItsMembersASearchEverything) {
+  if (Grouped(Type())) {
+    EXPECT_EQ(Listed(std::string("'") + Type().oid + "'"), Of({1, 4, 5}));
+    EXPECT_EQ(Listed(Quoted(1)), Of({2, 3}));
+    EXPECT_THAT(Listed(Quoted(5)), IsEmpty());
+    EXPECT_EQ(Listed("''"), Of({1, 2, 3, 4, 5}));
+    EXPECT_EQ(Listed(Quoted(1) + ",'" + Type().search + "'"), Of({3}));
+  } else {
+    EXPECT_EQ(Listed(std::string("'") + Type().oid + "'"), Of({1, 2, 3}));
+    EXPECT_EQ(Listed("''"), Of({1, 2, 3}));
+  }
+  EXPECT_EQ(Listed(std::string("'','") + Type().search + "'"), Of({3}));
+  EXPECT_THAT(Listed("'','nėra tokio'"), IsEmpty());
+}
+
+TEST_P(StandardCallsContract, GetObjectList_RowsCarryOidrAndPreview) {
+  auto rs = Read(Type().oid, "Orvel_GetObjectList", "''");
+  ASSERT_NE(rs, nullptr);
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    EXPECT_EQ(rs->Fields("Preview").Value(), rs->Fields("Name").Value());
+    EXPECT_EQ(ConcatText(rs->Fields("OIDR").Value()),
+              Type().oid + ConcatText(rs->Fields("ID").Value()));
+  }
+}
+
+TEST_P(StandardCallsContract, SaveObject_ANewRecordGetsItsIdAndOidrAndReadsBack) {
+  auto rs = Read(Type().oid, "Orvel_NewObject", std::string("'") + Type().oid + "'");
+  ASSERT_NE(rs, nullptr);
+  rs->Fields("Name").SetValue(Variant("Naujas 'įrašas', Nr. 1"));
+  ASSERT_EQ(Save(std::string("'") + Type().oid + "',''", rs).Number, 0);
+
+  // The new ID comes back in the caller's own set.
+  const std::string oidr = Type().oid + ConcatText(rs->Fields("ID").Value());
+  EXPECT_GT(oidr.size(), 8u);
+  auto read = Read(Type().oid, "Orvel_ReadObject", "'" + oidr + "'");
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->Fields("Name").Value(), Variant("Naujas 'įrašas', Nr. 1"));
+}
+
+TEST_P(StandardCallsContract, SaveObject_AnEditIsWrittenAndANameGoneStaysGone) {
+  auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
+  ASSERT_NE(rs, nullptr);
+  rs->Fields("Name").SetValue(Variant("Pakeistas, su ' ir ąčęėįšųūž"));
+  ASSERT_EQ(Save(std::string("'") + Type().oid + "'," + Quoted(2), rs).Number, 0);
+
+  auto read = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->Fields("Name").Value(), Variant("Pakeistas, su ' ir ąčęėįšųūž"));
+  EXPECT_EQ(Listed("'','ąčęėįšųūž'"), Of({2}));
+}
+
+TEST_P(StandardCallsContract, SaveObject_OfARecordNotStored_Answers3021AndStoresNothing) {
+  auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
+  ASSERT_NE(rs, nullptr);
+  rs->Fields("Name").SetValue(Variant("Niekur"));
+  const OrvelStatus status = Save(std::string("'") + Type().oid + "'," + Quoted(99), rs);
+  EXPECT_EQ(status.Number, 3021);
+  EXPECT_EQ(status.Text, "Įrašas nerastas: " + Oidr(Type(), 99));
+  EXPECT_THAT(Listed("'','Niekur'"), IsEmpty());
+}
+
+TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) {
+  auto& object = Engine().Object(Type().oid);
+  if (Grouped(Type())) {
+    // A group that still holds records stays.
+    const OrvelStatus refused = object.ExecCall("Orvel_DeleteObject", Quoted(1), 0);
+    EXPECT_EQ(refused.Number, 5);
+    EXPECT_EQ(refused.Text, "Grupėje yra įrašų: jos panaikinti negalima");
+    EXPECT_EQ(Listed(std::string("'") + Type().oid + "'"), Of({1, 4, 5}));
+  }
+  ASSERT_EQ(object.ExecCall("Orvel_DeleteObject", Quoted(3), 0).Number, 0);
+  const OrvelStatus again = object.ExecCall("Orvel_DeleteObject", Quoted(3), 0);
+  EXPECT_EQ(again.Number, 3021);
+  EXPECT_EQ(again.Text, "Įrašas nerastas: " + Oidr(Type(), 3));
+  const OrvelBoResult read = Get(Type().oid, "Orvel_ReadObject", Quoted(3));
+  EXPECT_EQ(read.Number, 3021);
+  EXPECT_EQ(read.Text, "Įrašas nerastas: " + Oidr(Type(), 3));
+}
+
+// A parameter string the call cannot read is refused with its Number and a
+// Lithuanian text, whatever the type, and changes nothing.
+TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
+  const std::string oid = Type().oid;
+  for (const auto& [name, param] : std::vector<std::pair<std::string, std::string>>{
+           {"Orvel_ReadObject", Quoted(1).substr(0, 9)},
+           {"Orvel_ReadObject", ""},
+           {"Orvel_NewObject", ""},
+           {"Orvel_GetObjectList", "'" + oid + "','x"}}) {
+    const OrvelBoResult reply = Get(oid, name, param);
+    EXPECT_EQ(reply.Number, 5) << name << " " << param;
+    EXPECT_THAT(reply.Text, HasSubstr(name + ": neteisingi parametrai [" + param + "]"));
+  }
+  // What names no record of the type is not found.
+  for (const std::string& oidr : {oid, oid + "0" + "1", "O0009900" + std::string("1"), oid + "1x"}) {
+    const OrvelBoResult reply = Get(oid, "Orvel_ReadObject", "'" + oidr + "'");
+    EXPECT_EQ(reply.Number, 3021) << oidr;
+    EXPECT_EQ(reply.Text, "Įrašas nerastas: " + oidr);
+  }
+  auto rs = Read(oid, "Orvel_ReadObject", Quoted(2));
+  ASSERT_NE(rs, nullptr);
+  rs->Fields("Name").SetValue(Variant("Niekur"));
+  Variant::Array array{Variant(rs)};
+  const OrvelStatus status = Engine().Object(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid, array);
+  EXPECT_EQ(status.Number, 5);
+  EXPECT_THAT(status.Text, HasSubstr("Orvel_SaveObject: neteisingi parametrai ['" + oid + "]"));
+  EXPECT_THAT(Listed("'','Niekur'"), IsEmpty());
+}
+
+std::string CaseName(
+    const ::testing::TestParamInfo<std::tuple<const EngineKind*, TypeCase>>& info) {
+  return std::string(std::get<0>(info.param)->name) + "_" + std::get<1>(info.param).oid;
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryEngine, StandardCallsContract,
+                         ::testing::Combine(::testing::ValuesIn(EngineParams()),
+                                            ::testing::ValuesIn(Types())),
+                         CaseName);
+
+}  // namespace
+}  // namespace orvel::contract
