@@ -11,9 +11,10 @@ namespace orvel::callargs {
 
 namespace {
 
-[[noreturn]] void Fail(const std::string& call, const char* what, const std::string& text) {
+// The business object puts the call's name before these texts.
+[[noreturn]] void Fail(const char* what, const std::string& text) {
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     call + ": " + what + " is not readable: [" + text + "]");
+                     std::string("neteisinga reikšmė: ") + what + " [" + text + "]");
 }
 
 std::string_view Trimmed(const std::string& text) {
@@ -30,31 +31,33 @@ const std::string& At(const std::vector<std::string>& args, size_t index) {
   return index < args.size() ? args[index] : none;
 }
 
-void Require(const std::vector<std::string>& args, size_t count, const std::string& call,
+void Require(const std::vector<std::string>& args, size_t count, const std::string&,
              const char* expected) {
   if (args.size() < count) {
-    throw RuntimeError(TableBusinessObject::kBadCall, call + ": expected " + expected);
+    throw RuntimeError(TableBusinessObject::kBadCall,
+                       std::string("per mažai parametrų, laukta ") + expected);
   }
 }
 
-void RequireExactly(const std::vector<std::string>& args, size_t count, const std::string& call,
+void RequireExactly(const std::vector<std::string>& args, size_t count, const std::string&,
                     const char* expected) {
   if (args.size() != count) {
-    throw RuntimeError(TableBusinessObject::kBadCall, call + ": expected " + expected);
+    throw RuntimeError(TableBusinessObject::kBadCall,
+                       std::string("neteisingas parametrų skaičius, laukta ") + expected);
   }
 }
 
-int64_t Integer(const std::string& text, const std::string& call, const char* what) {
+int64_t Integer(const std::string& text, const std::string&, const char* what) {
   std::string_view view = Trimmed(text);
   int64_t value = 0;
   auto [end, ec] = std::from_chars(view.data(), view.data() + view.size(), value);
   if (view.empty() || ec != std::errc() || end != view.data() + view.size()) {
-    Fail(call, what, text);
+    Fail(what, text);
   }
   return value;
 }
 
-double Number(const std::string& text, const std::string& call, const char* what) {
+double Number(const std::string& text, const std::string&, const char* what) {
   std::string_view view = Trimmed(text);
   if (!view.empty() && view.front() == '+') view.remove_prefix(1);
   double value = 0;
@@ -62,36 +65,36 @@ double Number(const std::string& text, const std::string& call, const char* what
       std::from_chars(view.data(), view.data() + view.size(), value, std::chars_format::fixed);
   if (view.empty() || ec != std::errc() || end != view.data() + view.size() ||
       !std::isfinite(value)) {
-    Fail(call, what, text);
+    Fail(what, text);
   }
   return value;
 }
 
-Date Day(const std::string& text, const std::string& call, const char* what) {
+Date Day(const std::string& text, const std::string&, const char* what) {
   std::string_view view = Trimmed(text);
   if (auto day = ParseDate(view)) return Date{std::floor(day->serial)};
   // A date with its time ("2026-11-23 14:05:00"): the day part counts.
   if (auto blank = view.find(' '); blank != std::string_view::npos) {
     if (auto day = ParseDate(view.substr(0, blank))) return Date{std::floor(day->serial)};
   }
-  Fail(call, what, text);
+  Fail(what, text);
 }
 
 Variant IdOrNull(const std::optional<int64_t>& id) { return id ? Variant(*id) : Variant::Null(); }
 
 std::optional<int64_t> OptionalRecord(const TableBusinessObject& object, const std::string& oidr,
-                                      const std::string& call) {
+                                      const std::string&) {
   if (oidr.empty() || oidr == object.Catalogue().oid) return std::nullopt;
   if (auto id = object.IdOf(oidr)) return id;
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     call + ": [" + oidr + "] is not a record of " + object.Catalogue().oid);
+                     "[" + oidr + "] nėra " + object.Catalogue().oid + " įrašas");
 }
 
 int64_t Record(const TableBusinessObject& object, const std::string& oidr,
                const std::string& call) {
   if (auto id = OptionalRecord(object, oidr, call)) return *id;
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     call + ": expected the OIDR of a record of " + object.Catalogue().oid);
+                     "laukta " + object.Catalogue().oid + " įrašo OIDR, gauta [" + oidr + "]");
 }
 
 }  // namespace orvel::callargs

@@ -12,9 +12,10 @@ namespace orvel {
 class TableBusinessObject;
 
 // Reading the arguments of a catalogue's own business call. Each reader
-// throws RuntimeError with TableBusinessObject::kBadCall and a text that
-// names the call and the argument, which the business object turns into the
-// call's Number and Text; nothing is guessed from a malformed argument.
+// throws RuntimeError with TableBusinessObject::kBadCall and a Lithuanian
+// text that names the argument; the business object puts the call's name
+// before it and answers with that Number and Text. Nothing is guessed from a
+// malformed argument.
 namespace callargs {
 
 // The argument at `index`, or "" when the call sent fewer.

@@ -18,14 +18,11 @@ using Row = std::vector<std::pair<std::string, Variant>>;
 // each object type, over a store that a case fills with what it is given.
 // Every engine starts empty and answers the same calls the same way; the
 // in-memory host answers the catalogues' own calls only as a test scripts
-// them, so it is held to the standard object calls.
+// them, so it is held to the standard object calls (keepsCatalogueCalls).
 class ContractEngine {
  public:
   virtual ~ContractEngine() = default;
 
-  // Whether the catalogues' own calls ("GetFirmDebt", "GetMeasures", ...)
-  // are answered from the store.
-  virtual bool KeepsCatalogueCalls() const = 0;
   // The business object of a type the engine keeps.
   virtual OrvelObjectBO& Object(const std::string& oid) = 0;
   // Stores records of an object type, each under the ID its row names.
@@ -33,10 +30,18 @@ class ContractEngine {
   // Stores rows of a table that no object type keeps (documents, their
   // lines, branches); only engines that keep the catalogue calls have them.
   virtual void GivenTable(const std::string& table, const std::vector<Row>& rows) = 0;
+  // The sample office a new database starts with: firms in groups with
+  // their documents, goods with their lots and prices, the currencies with a
+  // year of rates, the reference books. Only engines that keep the catalogue
+  // calls have it.
+  virtual void GivenSampleOffice() = 0;
+  // Everything the engine stores, as text: equal digests mean nothing changed.
+  virtual std::string Digest() = 0;
 };
 
 struct EngineKind {
   const char* name;
+  bool keepsCatalogueCalls;
   std::function<std::unique_ptr<ContractEngine>()> make;
 };
 

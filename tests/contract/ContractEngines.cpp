@@ -10,6 +10,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/SqliteStatement.h"
 #include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 
@@ -28,19 +29,41 @@ class SqliteEngine : public ContractEngine {
  public:
   SqliteEngine() {
     ReferenceDatabase::CreateSchema(*db_);
-    layer_.SetUserName("rūta");
+    layer_->SetUserName("rūta");
   }
 
-  bool KeepsCatalogueCalls() const override { return true; }
-
   OrvelObjectBO& Object(const std::string& oid) override {
-    auto object = layer_.BusinessObject(oid);
+    auto object = layer_->BusinessObject(oid);
     if (!object) throw std::invalid_argument("the layer keeps no " + oid);
     return *object;
   }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
     GivenTable(CatalogueFor(oid).name, rows);
+  }
+
+  // A new database as a workstation makes it on its first start.
+  void GivenSampleOffice() override {
+    db_ = ReferenceDatabase::Open(":memory:");
+    layer_ = std::make_unique<BusinessLayer>(db_);
+    layer_->SetUserName("rūta");
+  }
+
+  std::string Digest() override {
+    std::string out;
+    auto tables = db_->Prepare(
+        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"
+        " ORDER BY name");
+    while (tables.Step()) {
+      const std::string table = ConcatText(tables.Column(0));
+      out += table + ":\n";
+      auto rows = db_->Prepare("SELECT * FROM " + table + " ORDER BY rowid");
+      while (rows.Step()) {
+        for (int c = 0; c < rows.ColumnCount(); ++c) out += ConcatText(rows.Column(c)) + "|";
+        out += "\n";
+      }
+    }
+    return out;
   }
 
   void GivenTable(const std::string& table, const std::vector<Row>& rows) override {
@@ -61,15 +84,13 @@ class SqliteEngine : public ContractEngine {
 
  private:
   std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
-  BusinessLayer layer_{db_};
+  std::unique_ptr<BusinessLayer> layer_ = std::make_unique<BusinessLayer>(db_);
 };
 
 // The in-memory host's business objects, each table declared with the
 // fields and defaults that the reference layer's catalogue names.
 class MemoryEngine : public ContractEngine {
  public:
-  bool KeepsCatalogueCalls() const override { return false; }
-
   OrvelObjectBO& Object(const std::string& oid) override { return Memory(oid); }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
@@ -78,6 +99,23 @@ class MemoryEngine : public ContractEngine {
 
   void GivenTable(const std::string& table, const std::vector<Row>&) override {
     throw std::logic_error("the in-memory host keeps no table " + table);
+  }
+
+  void GivenSampleOffice() override {
+    throw std::logic_error("the in-memory host keeps no sample office");
+  }
+
+  std::string Digest() override {
+    std::string out;
+    for (const auto& [oid, object] : objects_) {
+      const MemoryTable& table = object->Table();
+      out += oid + ":\n";
+      for (int32_t id : table.Ids()) {
+        for (const auto& field : table.FieldNames()) out += ConcatText(table.Value(id, field)) + "|";
+        out += "\n";
+      }
+    }
+    return out;
   }
 
  private:
@@ -105,8 +143,8 @@ class MemoryEngine : public ContractEngine {
 
 const std::vector<EngineKind>& Engines() {
   static const std::vector<EngineKind> engines{
-      {"InMemory", [] { return std::unique_ptr<ContractEngine>(new MemoryEngine); }},
-      {"Sqlite", [] { return std::unique_ptr<ContractEngine>(new SqliteEngine); }},
+      {"InMemory", false, [] { return std::unique_ptr<ContractEngine>(new MemoryEngine); }},
+      {"Sqlite", true, [] { return std::unique_ptr<ContractEngine>(new SqliteEngine); }},
   };
   return engines;
 }
