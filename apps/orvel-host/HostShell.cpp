@@ -464,16 +464,19 @@ bool HostShell::Drag(const std::vector<std::string>& args) {
   const std::string oidr = Arg(args, 0);
   auto type = host_.Objects().GetOrvelObjectUI(oidr);
   if (!type) return Fail("nėra tipo " + oidr);
-  if (!type->DragOK(oidr, "", "")) return Fail(oidr + " neleidžiama tempti");
+  // A member its type holds back, or a window that takes no members, is
+  // refused alike: the drag comes to nothing.
+  const std::string refused = "negalima nutempti " + oidr + " į šį langą";
+  if (!type->DragOK(oidr, "", "")) return Fail(refused);
   ListTarget target;
   if (args.size() > 1) {
     if (!FindList(args[1], target)) return false;
   } else if (Form* form = CurrentForm()) {
     target.sheet = SheetOf(form);
   }
-  if (!target.sheet) return Fail("langas nepriima įrašų");
+  if (!target.sheet) return Fail(refused);
   auto data = std::make_shared<TextDragData>(oidr);
-  if (target.sheet->ListDragOver(data, kMoveEffect) == 0) return Fail("langas nepriima " + oidr);
+  if (target.sheet->ListDragOver(data, kMoveEffect) == 0) return Fail(refused);
   target.sheet->ListDragDrop(data);
   return true;
 }
