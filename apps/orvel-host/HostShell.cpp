@@ -12,6 +12,7 @@
 #include "host/Text.h"
 #include "hostkit/ComponentRegistry.h"
 #include "hostkit/FieldSheet.h"
+#include "hostkit/TextDragData.h"
 #include "hostkit/WindowRegistry.h"
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceObjectManager.h"
@@ -25,7 +26,6 @@
 #include "ui/Panel.h"
 #include "ui/TabStrip.h"
 #include "ui/TextBox.h"
-#include "hostkit/TextDragData.h"
 
 namespace orvel {
 
