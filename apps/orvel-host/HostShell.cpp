@@ -12,6 +12,7 @@
 #include "host/Text.h"
 #include "hostkit/ComponentRegistry.h"
 #include "hostkit/FieldSheet.h"
+#include "hostkit/TextDragData.h"
 #include "hostkit/WindowRegistry.h"
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceObjectManager.h"
@@ -23,6 +24,7 @@
 #include "ui/ListView.h"
 #include "ui/Menu.h"
 #include "ui/Panel.h"
+#include "ui/TabStrip.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -60,17 +62,39 @@ std::string RestAfter(const std::string& line, size_t count) {
   return line.substr(pos + 1);
 }
 
-void PrintRows(std::ostream& out, const ListView& list, const std::string& indent) {
+// The rows of a list under its column captions; `numbered` puts each row's
+// number in front, as `row` takes it.
+void PrintRows(std::ostream& out, const ListView& list, const std::string& indent,
+               bool numbered = false) {
   std::string header;
   for (const auto& column : list.ColumnHeaders())
     header += (header.empty() ? "" : " | ") + column->Text();
   if (!header.empty()) out << indent << header << "\n";
+  int number = 0;
   for (const auto& item : list.ListItems()) {
-    std::string row = item->Text();
+    std::string row = numbered ? std::to_string(++number) + ") " + item->Text() : item->Text();
     for (const auto& sub : item->ListSubItems()) row += " | " + sub->Text();
     out << indent << row << "\n";
   }
 }
+
+// A caption without its access-key marks.
+std::string Plain(const std::string& caption) {
+  std::string plain;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    plain += caption[i];
+  }
+  return plain;
+}
+
+bool SameName(const std::string& a, const std::string& b) {
+  return LCase(Plain(a)) == LCase(Plain(b));
+}
+
+constexpr int kRightButton = 2;
+// A member dragged from the catalogue tree is moved where it is dropped.
+constexpr int kMoveEffect = 2;
 
 Menu* FindMenu(Menu& menu, const std::string& name) {
   if (menu.Name() == name) return &menu;
@@ -90,8 +114,10 @@ HostShell::HostShell(ReferenceHost& host, LinePrompter& prompter, std::ostream& 
     for (const auto& arg : args) out_ << " " << arg;
     out_ << "\n";
   });
-  if (auto* terminal = dynamic_cast<TerminalUi*>(&host_.Ui())) {
-    terminal->SetModalRunner([this](Form& form) { RunModal(form); });
+  terminal_ = dynamic_cast<TerminalUi*>(&host_.Ui());
+  if (terminal_) {
+    terminal_->SetModalRunner([this](Form& form) { RunModal(form); });
+    terminal_->SetWindows(&host_.Windows());
   }
 }
 
@@ -107,8 +133,16 @@ int HostShell::Run() {
 bool HostShell::Execute(const std::string& line) {
   auto words = Words(line);
   if (words.empty() || words[0][0] == '#') return true;
-  const std::string& command = words[0];
   std::vector<std::string> args(words.begin() + 1, words.end());
+  bool done = Dispatch(words[0], args, line);
+  // What a window put off until its menu closed (a dialog opened from its
+  // timer) happens before the next line.
+  if (terminal_ && !quit_) terminal_->RunTimers();
+  return done;
+}
+
+bool HostShell::Dispatch(const std::string& command, const std::vector<std::string>& args,
+                         const std::string& line) {
   if (command == "help") return Help();
   if (command == "tree") return Tree();
   if (command == "list") return List(args);
@@ -118,6 +152,12 @@ bool HostShell::Execute(const std::string& line) {
   if (command == "show") return Show();
   if (command == "set") return Set(args, line);
   if (command == "press") return Press(args);
+  if (command == "tab") return Tab(args);
+  if (command == "row") return Row(args);
+  if (command == "dblclick") return DoubleClick(args);
+  if (command == "rclick") return RightClick(args);
+  if (command == "drag") return Drag(args);
+  if (command == "label") return ClickLabel(args);
   if (command == "close") return Press({"SSCClose"});
   if (command == "quit") {
     quit_ = true;
@@ -135,6 +175,12 @@ bool HostShell::Help() {
           "  show                     dabartinis langas\n"
           "  set LAUKAS TEKSTAS       lauko reikšmė\n"
           "  press VALDIKLIS          mygtukas ar meniu punktas\n"
+          "  tab KORTELĖ              kortelės pasirinkimas, sąrašo eilutės\n"
+          "  row SĄRAŠAS EILUTĖ       eilutės pasirinkimas\n"
+          "  dblclick SĄRAŠAS [EILUTĖ] dvigubas spragtelėjimas\n"
+          "  rclick VALDIKLIS [EILUTĖ] dešinysis pelės klavišas\n"
+          "  drag OIDR [SĄRAŠAS]      įrašo nutempimas į langą\n"
+          "  label UŽRAŠAS            užrašo spragtelėjimas\n"
           "  close                    uždaryti langą\n"
           "  quit                     baigti\n";
   return true;
@@ -223,14 +269,28 @@ bool HostShell::Show() {
   if (!form) return Fail("atidarytų langų nėra");
   out_ << "[" << form->Name() << "] " << form->Caption() << "\n";
   for (Control* control : form->Controls()) {
-    if (!control->Visible()) continue;
+    // A control in a hidden frame is not on the screen either.
+    bool shown = true;
+    for (Control* c = control; c && shown; c = c->Container()) shown = c->Visible();
+    if (!shown) continue;
     std::string state = control->Enabled() ? "" : " (neaktyvus)";
     if (auto* panel = dynamic_cast<Panel*>(control)) {
       out_ << "  " << panel->Name() << ": " << panel->Caption() << "\n";
     } else if (auto* button = dynamic_cast<Button*>(control)) {
       out_ << "  [" << button->Name() << "] " << button->Caption() << state << "\n";
     } else if (auto* label = dynamic_cast<Label*>(control)) {
-      if (!label->Caption().empty()) out_ << "  " << label->Caption() << "\n";
+      if (label->OnClick) {
+        out_ << "  (" << label->Name() << ") " << label->Caption() << "\n";
+      } else if (!label->Caption().empty()) {
+        out_ << "  " << label->Caption() << "\n";
+      }
+    } else if (auto* strip = dynamic_cast<TabStrip*>(control)) {
+      out_ << "  " << strip->Name() << ":";
+      for (const auto& tab : strip->Tabs()) {
+        out_ << " " << (tab.key == strip->SelectedKey() ? "*" : "") << Plain(tab.caption) << " ["
+             << tab.key << "]";
+      }
+      out_ << "\n";
     } else if (auto* box = dynamic_cast<TextBox*>(control)) {
       out_ << "  " << box->Name() << " = " << box->Text() << state << "\n";
     } else if (auto* check = dynamic_cast<CheckBox*>(control)) {
@@ -240,9 +300,7 @@ bool HostShell::Show() {
       PrintRows(out_, *list, "    ");
     }
   }
-  auto window = dynamic_cast<OrvelWindow*>(form);
-  auto sheet = window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
-  if (sheet) {
+  if (FieldSheet* sheet = SheetOf(form)) {
     for (const auto& field : sheet->Fields()) {
       if (field.visible)
         out_ << "  " << field.caption << " (" << field.name << "): " << sheet->Text(field.name)
@@ -258,8 +316,7 @@ bool HostShell::Show() {
 
 bool HostShell::Set(const std::vector<std::string>& args, const std::string& line) {
   Form* form = CurrentForm();
-  auto window = dynamic_cast<OrvelWindow*>(form);
-  auto sheet = window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
+  FieldSheet* sheet = SheetOf(form);
   std::string name = Arg(args, 0);
   std::string text = RestAfter(line, 2);
   if (sheet && sheet->EditText(name, text)) return true;
@@ -291,6 +348,147 @@ bool HostShell::Press(const std::vector<std::string>& args) {
     }
   }
   return Fail("lange nėra " + name);
+}
+
+FieldSheet* HostShell::SheetOf(Form* form) {
+  if (!form) return nullptr;
+  for (Control* control : form->Controls()) {
+    if (auto* sheet = dynamic_cast<FieldSheet*>(control)) return sheet;
+  }
+  auto window = dynamic_cast<OrvelWindow*>(form);
+  return window ? host_.Ui().SheetOf(window->OrvelObjectUIO()).get() : nullptr;
+}
+
+bool HostShell::FindList(const std::string& name, ListTarget& target) {
+  Form* form = CurrentForm();
+  if (!form) return Fail("atidarytų langų nėra");
+  if (FieldSheet* sheet = SheetOf(form)) {
+    auto& tabs = sheet->Tabs();
+    for (size_t i = 0; i < tabs.size(); ++i) {
+      if (SameName(tabs[i].key, name) || SameName(tabs[i].caption, name)) {
+        target = {sheet, static_cast<int>(i), &tabs[i].list};
+        return true;
+      }
+    }
+  }
+  if (auto* list = dynamic_cast<ListView*>(form->FindControl(name))) {
+    target = {nullptr, -1, list};
+    return true;
+  }
+  return Fail("lange nėra sąrašo " + name);
+}
+
+bool HostShell::PickRow(ListView& list, const std::string& name) {
+  ListItem* row = list.ListItems().Find(name);
+  const auto& rows = list.ListItems();
+  if (!row && !name.empty() && name.find_first_not_of("0123456789") == std::string::npos) {
+    const long number = std::stol(name);
+    if (number >= 1 && number <= rows.Count()) row = &rows.Item(static_cast<int>(number));
+  }
+  for (const auto& item : rows) {
+    if (row) break;
+    if (SameName(item->Text(), name)) row = item.get();
+  }
+  if (!row) return Fail(list.Name() + " neturi eilutės " + name);
+  list.ItemClick(*row);
+  if (list.SelectedItem() != row) return Fail(list.Name() + " neaktyvus");
+  return true;
+}
+
+bool HostShell::Tab(const std::vector<std::string>& args) {
+  Form* form = CurrentForm();
+  if (!form) return Fail("atidarytų langų nėra");
+  const std::string name = Arg(args, 0);
+  for (Control* control : form->Controls()) {
+    auto* strip = dynamic_cast<TabStrip*>(control);
+    if (!strip) continue;
+    for (const auto& tab : strip->Tabs()) {
+      if (!SameName(tab.key, name) && !SameName(tab.caption, name)) continue;
+      strip->Click(tab.key);
+      if (strip->SelectedKey() != tab.key) return Fail(strip->Name() + " neaktyvus");
+      return true;
+    }
+  }
+  ListTarget target;
+  if (!FindList(name, target)) return false;
+  PrintRows(out_, *target.list, "  ", true);
+  return true;
+}
+
+bool HostShell::Row(const std::vector<std::string>& args) {
+  ListTarget target;
+  if (args.size() < 2) return Fail("nurodykite sąrašą ir eilutę");
+  return FindList(args[0], target) && PickRow(*target.list, args[1]);
+}
+
+bool HostShell::DoubleClick(const std::vector<std::string>& args) {
+  Form* form = CurrentForm();
+  const std::string name = Arg(args, 0);
+  if (auto* box = form ? dynamic_cast<TextBox*>(form->FindControl(name)) : nullptr) {
+    box->DblClick();
+    return true;
+  }
+  ListTarget target;
+  if (!FindList(name, target)) return false;
+  if (args.size() > 1 && !PickRow(*target.list, args[1])) return false;
+  if (target.sheet) {
+    target.sheet->ListDoubleClick(target.tab);
+  } else {
+    target.list->DblClick();
+  }
+  return true;
+}
+
+bool HostShell::RightClick(const std::vector<std::string>& args) {
+  Form* form = CurrentForm();
+  const std::string name = Arg(args, 0);
+  if (auto* button = form ? dynamic_cast<Button*>(form->FindControl(name)) : nullptr) {
+    if (!button->Enabled() || !button->Visible()) return Fail(name + " neaktyvus");
+    button->MouseUp(kRightButton);
+    return true;
+  }
+  ListTarget target;
+  if (!FindList(name, target)) return false;
+  if (args.size() > 1 && !PickRow(*target.list, args[1])) return false;
+  if (target.sheet) {
+    target.sheet->ListMouseUp(target.sheet->Tabs()[static_cast<size_t>(target.tab)].key,
+                              target.tab, kRightButton);
+  } else {
+    target.list->MouseDown(kRightButton);
+    target.list->MouseUp(kRightButton);
+  }
+  return true;
+}
+
+bool HostShell::Drag(const std::vector<std::string>& args) {
+  const std::string oidr = Arg(args, 0);
+  auto type = host_.Objects().GetOrvelObjectUI(oidr);
+  if (!type) return Fail("nėra tipo " + oidr);
+  // A member its type holds back, or a window that takes no members, is
+  // refused alike: the drag comes to nothing.
+  const std::string refused = "negalima nutempti " + oidr + " į šį langą";
+  if (!type->DragOK(oidr, "", "")) return Fail(refused);
+  ListTarget target;
+  if (args.size() > 1) {
+    if (!FindList(args[1], target)) return false;
+  } else if (Form* form = CurrentForm()) {
+    target.sheet = SheetOf(form);
+  }
+  if (!target.sheet) return Fail(refused);
+  auto data = std::make_shared<TextDragData>(oidr);
+  if (target.sheet->ListDragOver(data, kMoveEffect) == 0) return Fail(refused);
+  target.sheet->ListDragDrop(data);
+  return true;
+}
+
+bool HostShell::ClickLabel(const std::vector<std::string>& args) {
+  Form* form = CurrentForm();
+  const std::string name = Arg(args, 0);
+  auto* label = form ? dynamic_cast<Label*>(form->FindControl(name)) : nullptr;
+  if (!label) return Fail("lange nėra užrašo " + name);
+  if (!label->Enabled() || !label->Visible()) return Fail(name + " neaktyvus");
+  label->Click();
+  return true;
 }
 
 void HostShell::RunModal(Form& form) {

@@ -9,15 +9,16 @@ namespace orvel {
 
 class SqliteDatabase;
 
-// The session of the reference host: the application folder, the title of
-// message boxes, the firm that keeps the books (the first firm of the
-// database) and the goods settings record ("O00018021").
+// The session of the reference host: the application folder (ending in its
+// separator, since the module appends file names such as "help\imones.htm"
+// straight to it), the title of message boxes, the firm that keeps the books
+// (the first firm of the database) and the goods settings record ("O00018021").
 class ReferenceSession : public OrvelSession {
  public:
   static constexpr const char* kAppTitle = "Orvel Apskaita";
 
   ReferenceSession(SqliteDatabase& db, std::string appPath)
-      : db_(db), appPath_(std::move(appPath)) {}
+      : db_(db), appPath_(WithSeparator(std::move(appPath))) {}
 
   std::string AppPath() override { return appPath_; }
   std::string AppTitle() override { return kAppTitle; }
@@ -26,6 +27,11 @@ class ReferenceSession : public OrvelSession {
   std::shared_ptr<Object> SettingObject(const std::string& oid) override;
 
  private:
+  static std::string WithSeparator(std::string folder) {
+    if (!folder.empty() && folder.back() != '/') folder += '/';
+    return folder;
+  }
+
   SqliteDatabase& db_;
   std::string appPath_;
 };

@@ -1,11 +1,16 @@
 #include "refhost/TerminalUi.h"
 
+#include <algorithm>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "host/OrvelWindow.h"
+#include "hostkit/WindowRegistry.h"
 #include "refhost/Prompter.h"
 #include "ui/Form.h"
 #include "ui/Menu.h"
+#include "ui/Timer.h"
 
 namespace orvel {
 
@@ -29,18 +34,28 @@ std::vector<Button> ButtonsOf(int32_t flags) {
   }
 }
 
+// A caption as shown: "&" marks the access key, "&&" is an ampersand.
+std::string Shown(const std::string& caption) {
+  std::string shown;
+  for (size_t i = 0; i < caption.size(); ++i) {
+    if (caption[i] == '&' && ++i == caption.size()) break;
+    shown += caption[i];
+  }
+  return shown;
+}
+
 // The entries a popup shows: visible ones, submenus opened in place.
 void Collect(Menu& menu, const std::string& prefix, std::vector<Menu*>& entries,
              std::vector<std::string>& captions) {
   for (const auto& item : menu.Items()) {
     if (!item->Visible() || item->Caption() == "-") continue;
     if (!item->Items().empty()) {
-      Collect(*item, prefix + item->Caption() + " > ", entries, captions);
+      Collect(*item, prefix + Shown(item->Caption()) + " > ", entries, captions);
       continue;
     }
     if (!item->Enabled()) continue;
     entries.push_back(item.get());
-    captions.push_back(prefix + item->Caption());
+    captions.push_back(prefix + Shown(item->Caption()));
   }
 }
 
@@ -60,9 +75,51 @@ int32_t TerminalUi::MsgBox(const std::string& prompt, int32_t flags, const std::
 
 void TerminalUi::ShowModal(Form& form) {
   form.Show();
+  modal_.push_back(&form);
+  struct Pop {
+    std::vector<Form*>& stack;
+    ~Pop() { stack.pop_back(); }
+  } pop{modal_};
   if (modalRunner_ && form.Visible()) modalRunner_(form);
   // A runner that left the form open (the input ended) closes it.
   if (form.Visible()) form.Unload();
+}
+
+int TerminalUi::RunTimers() {
+  std::vector<Timer*> fired;
+  for (;;) {
+    // Looked for again before each one: a timer's event may open or close
+    // windows. The open windows are held until the event is over.
+    std::vector<std::shared_ptr<OrvelWindow>> held;
+    Timer* due = nullptr;
+    auto look = [&](const Form* form) {
+      if (due || !form || !form->Loaded()) return;
+      for (Control* control : form->Controls()) {
+        auto* timer = dynamic_cast<Timer*>(control);
+        if (timer && timer->Enabled() && timer->Interval() > 0 &&
+            std::find(fired.begin(), fired.end(), timer) == fired.end() &&
+            std::find(ticking_.begin(), ticking_.end(), timer) == ticking_.end()) {
+          due = timer;
+          return;
+        }
+      }
+    };
+    if (windows_) {
+      for (const auto& entry : windows_->OpenWindows()) {
+        held.push_back(entry.window);
+        look(dynamic_cast<const Form*>(entry.window.get()));
+      }
+    }
+    for (const Form* form : modal_) look(form);
+    if (!due) return static_cast<int>(fired.size());
+    fired.push_back(due);
+    ticking_.push_back(due);
+    struct Done {
+      std::vector<Timer*>& ticking;
+      ~Done() { ticking.pop_back(); }
+    } done{ticking_};
+    due->Tick();
+  }
 }
 
 void TerminalUi::PopupMenu(Menu& menu) {

@@ -94,7 +94,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   const int before = list->ListItems().Count();
 
   FillDialogWith(c.typed);
-  RightClick(*sheet, c.tab, "Sukurti &naują");
+  RightClick(*sheet, c.tab, "Sukurti naują");
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, std::string(": ") + c.caption);
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject '" + std::string(c.oid) + "'"));
@@ -117,7 +117,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
     if (list->ListItems().Item(i).Key() == key) list->SetSelectedItem(&list->ListItems().Item(i));
   }
   ASSERT_NE(list->SelectedItem(), nullptr);
-  prompter_.answers.push_back("&Panaikinti");
+  prompter_.answers.push_back("Panaikinti");
   prompter_.answers.push_back("Taip");
   sheet->ListMouseUp(c.tab, TabIndex(*sheet, c.tab), 2);
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + key + "'"));
@@ -181,7 +181,7 @@ TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
   ASSERT_NE(sheet, nullptr);
   const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
   FillDialogWith({{"GoodPriceTypeID", "1"}});
-  RightClick(*sheet, "PRICES", "Sukurti &naują");
+  RightClick(*sheet, "PRICES", "Sukurti naują");
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM goods_prices"), before);
   EXPECT_THAT(calls_, ::testing::Not(Contains(HasSubstr("Orvel_SaveObject 'O0000600'"))));
 }

@@ -1,0 +1,96 @@
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include "RunningHost.h"
+#include "host/Convert.h"
+#include "ui/Button.h"
+#include "ui/ListView.h"
+
+namespace orvel {
+namespace {
+
+using ::testing::Contains;
+using ::testing::HasSubstr;
+
+// What the terminal host drives besides buttons, through the real module:
+// the help files under the application folder, and a dialog a card opens
+// from its timer once its menu has closed (the firm card's notes are in
+// FirmDetailsRoadTest).
+class DrivingRoadTest : public RunningHost {
+ protected:
+  void SetUp() override {
+    RunningHost::SetUp();
+    Terminal().SetWindows(&host_.Windows());
+  }
+
+  // The dialogs the host runs modally, by caption.
+  void RunDialogs(std::function<void(Form&)> drive) {
+    Terminal().SetModalRunner([this, drive](Form& dialog) {
+      dialogs_.push_back(dialog.Caption());
+      drive(dialog);
+    });
+  }
+
+  std::vector<std::string> dialogs_;
+};
+
+// The host's folder is given without its separator; each catalogue's help
+// is the file under its help folder.
+TEST_F(DrivingRoadTest, HelpOpensTheFileUnderTheApplicationFolder) {
+  const struct {
+    const char* oid;
+    const char* key;
+    const char* said;
+  } cases[] = {
+      {"O0000100", "7", "Pagalba: Įmonės /tmp/help\\imones.htm"},
+      {"O0000200", "8", "Pagalba: Atsargos /tmp/help\\atsargos.htm"},
+      {"O0001600", "7", "Pagalba: Žinynai /tmp/help\\zinynai.htm"},
+  };
+  for (const auto& c : cases) {
+    auto type = host_.Objects().GetOrvelObjectUI(c.oid);
+    ASSERT_NE(type, nullptr) << c.oid;
+    type->ClickMenu(c.oid, "", c.key, "");
+    EXPECT_THAT(prompter_.said, Contains(c.said));
+  }
+}
+
+// The history of a good sold today: the traffic row's menu offers it, and the
+// history opens when the module next lets events run.
+TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
+  const std::string good = ConcatText(
+      Stored("SELECT MIN(l.GoodID) FROM document_lines l JOIN goods g ON g.ID = l.GoodID"
+             " WHERE g.WithRest = 1"));
+  host_.Database().Exec(
+      "UPDATE documents SET OType = 'SALE', DocDate = date('now', 'localtime') WHERE ID ="
+      " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " +
+      good + ")");
+  auto card = OpenCard("O0000200" + good);
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  int traffic = 0;
+  while (sheet->Tabs()[static_cast<size_t>(traffic)].key != "Traffic") ++traffic;
+  ListView* list = sheet->TabList("Traffic");
+  list->ItemClick(list->ListItems().Item(1));
+  sheet->ListDoubleClick(traffic);
+  ASSERT_GE(list->ListItems().Count(), 1);
+  list->ItemClick(list->ListItems().Item(1));
+
+  int historyRows = 0;
+  RunDialogs([&](Form& dialog) {
+    auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
+    ASSERT_NE(rows, nullptr);
+    historyRows = rows->ListItems().Count();
+    dynamic_cast<Button*>(dialog.FindControl("cmdClose"))->Click();
+  });
+  prompter_.answers.push_back("Istorija");
+  sheet->ListMouseUp("Traffic", traffic, 2);
+  EXPECT_TRUE(dialogs_.empty());
+  Terminal().DoEvents();
+  EXPECT_EQ(dialogs_, std::vector<std::string>{"Istorija"});
+  EXPECT_GE(historyRows, 1);
+  EXPECT_THAT(calls_, Contains(HasSubstr("GetGoodHistory")));
+}
+
+}  // namespace
+}  // namespace orvel
