@@ -11,13 +11,18 @@ class TableBusinessObject;
 
 // Firms (O0000100): CheckCode, CheckBranch, GetFirmIsUsedInDocuments,
 // GetFirmDebt, GetOurDebt, GetTypeAndRegion, GetFirmInfo, DeleteFirmInfo,
-// GetFirms, GetTraffic, GetFindGoods.
+// GetFirms, GetTraffic, GetFindGoods, Orvel_GetObjectList.
 void AddFirmCalls(TableBusinessObject& firms);
 
 // Goods (O0000200): GetStructuredCode, GetVatFactor, GetGoodIsUsedInDocuments,
 // UpdateGoodsPrice, UpdateGaranty, CopyGood, GetFindGoods, GetRests,
-// GetPrices, GetTraffic, GetGoodHistory.
+// GetPrices, GetTraffic, GetGoodHistory, Orvel_GetObjectList.
 void AddGoodsCalls(TableBusinessObject& goods);
+
+// The list calls of firms and goods by their list settings and the search
+// options ("Orvel_GetObjectList"); AddFirmCalls and AddGoodsCalls add them.
+void AddFirmListCall(TableBusinessObject& firms);
+void AddGoodsListCall(TableBusinessObject& goods);
 
 // Currencies (O0002200): GetCurrencyList, GetCurrencyByCode,
 // GetCurrencyRates, SaveDayRate.

@@ -132,6 +132,7 @@ std::vector<CatalogueTable> MakeCatalogues() {
       Number("VatRate", "PVM tarifas", SqlType::Real, false, Variant(21.0)),
       Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
       Number("WithRest", "Su likučiais", SqlType::Boolean, false, Variant(true)),
+      Number("WithItems", "Su serijiniais numeriais", SqlType::Boolean, false, Variant(false)),
       Number("Garanty", "Garantija (mėn.)", SqlType::Real, false, Variant(0.0)),
   };
   AddAudit(goods.fields);

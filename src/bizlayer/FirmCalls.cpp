@@ -26,14 +26,20 @@ int64_t ExistingFirm(TableBusinessObject& firms, const std::string& oidr, const 
   return id;
 }
 
-// The balance sums of a firm's open documents by account: 240 what the firm
-// owes us, 460 its advances (negative), 450 what we owe it (negative), 220 our
-// advances to it.
+// The balance sums of a firm's open documents by account, each debt with its
+// Sign: 240 what the firm owes us, 460 its advances (negative), 450 what we
+// owe it (negative), 220 our advances to it. The documents tab adds up the
+// same Debt * Sign, so its total is the balance these sums make.
 constexpr const char* kDebtSums =
-    "COALESCE(SUM(CASE WHEN d.Account = '220' THEN d.Debt END), 0.0) AS Sum220,"
-    " COALESCE(SUM(CASE WHEN d.Account = '240' THEN d.Debt END), 0.0) AS Sum240,"
-    " COALESCE(SUM(CASE WHEN d.Account = '450' THEN d.Debt END), 0.0) AS Sum450,"
-    " COALESCE(SUM(CASE WHEN d.Account = '460' THEN d.Debt END), 0.0) AS Sum460";
+    "COALESCE(SUM(CASE WHEN d.Account = '220' THEN d.Debt * d.Sign END), 0.0) AS Sum220,"
+    " COALESCE(SUM(CASE WHEN d.Account = '240' THEN d.Debt * d.Sign END), 0.0) AS Sum240,"
+    " COALESCE(SUM(CASE WHEN d.Account = '450' THEN d.Debt * d.Sign END), 0.0) AS Sum450,"
+    " COALESCE(SUM(CASE WHEN d.Account = '460' THEN d.Debt * d.Sign END), 0.0) AS Sum460";
+
+// The limit a firm without one is given: the card reads a limit from
+// 1000000 up as none, and no balance reaches this one. A limit of 0 would be
+// a limit that every debt passes.
+constexpr const char* kNoCreditLimit = "1000000000000.0";
 
 }  // namespace
 
@@ -68,14 +74,17 @@ void AddFirmCalls(TableBusinessObject& firms) {
         {IdOrNull(id)});
   });
 
-  // OIDR: the balance with the credit limits. Limit is Null when the firm has
-  // none; LimitTerm is what the firm owes on sales older than its credit days.
+  // OIDR: the balance with the credit limits; a firm without a limit of its
+  // own gets kNoCreditLimit. LimitTerm is what the firm owes on sales older
+  // than its credit days.
   firms.OnRead("GetFirmDebt", [&firms](const Args& args) {
     const int64_t id = ExistingFirm(firms, At(args, 0), "GetFirmDebt");
     return firms.Query(std::string("SELECT ") + kDebtSums +
-                           ", CASE WHEN f.CreditLimit > 0 THEN f.CreditLimit END AS \"Limit\","
-                           " COALESCE((SELECT SUM(o.Debt) FROM documents o WHERE o.FirmID = f.ID"
-                           " AND o.Account = '240' AND f.CreditDays > 0 AND o.Debt > 0 AND"
+                           ", CASE WHEN f.CreditLimit > 0 THEN f.CreditLimit ELSE " +
+                           kNoCreditLimit + " END AS \"Limit\","
+                           " COALESCE((SELECT SUM(o.Debt * o.Sign) FROM documents o WHERE"
+                           " o.FirmID = f.ID AND o.Account = '240' AND f.CreditDays > 0 AND"
+                           " o.Debt * o.Sign > 0 AND"
                            " o.DocDate < date('now', 'localtime', '-' || f.CreditDays || ' days')),"
                            " 0.0) AS LimitTerm,"
                            " COALESCE(f.CreditDays, 0) AS LimitDays"
@@ -167,6 +176,8 @@ void AddFirmCalls(TableBusinessObject& firms) {
         " ORDER BY d.DocDate DESC, l.ID",
         {Variant(id), Variant(At(args, 1)), Variant(At(args, 1))});
   });
+
+  AddFirmListCall(firms);
 }
 
 }  // namespace orvel

@@ -331,6 +331,8 @@ void AddGoodsCalls(TableBusinessObject& goods) {
                     {Variant(id)}));
     return rs;
   });
+
+  AddGoodsListCall(goods);
 }
 
 }  // namespace orvel

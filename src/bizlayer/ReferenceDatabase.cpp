@@ -281,6 +281,11 @@ void SeedGoods(SqliteDatabase& db) {
   }
 }
 
+// A few goods and services out of use, as every catalogue in use has.
+void RetireSampleGoods(SqliteDatabase& db) {
+  db.Exec("UPDATE goods SET Active = 0 WHERE GroupFlag = 0 AND ID % 40 = 7");
+}
+
 void SeedCurrencies(SqliteDatabase& db) {
   struct Currency {
     const char* code;
@@ -449,10 +454,9 @@ void SeedDocuments(SqliteDatabase& db) {
       }
       sum = std::round(sum * 100.0) / 100.0;
       // What is still open: a whole or half unpaid sale or purchase, or an
-      // advance not yet set off; the sign says who owes whom.
+      // advance not yet set off; Sign alone says who owes whom.
       const int open = random.Below(3);
       double debt = open == 0 ? 0 : (open == 1 ? sum : std::round(sum * 50.0) / 100.0);
-      if (kind.account == std::string("450") || kind.account == std::string("460")) debt = -debt;
       totals.Reset();
       totals.BindAll(sum, debt, id).Run();
     }
@@ -680,6 +684,7 @@ void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
   SeedMeasures(db);
   SeedFirms(db);
   SeedGoods(db);
+  RetireSampleGoods(db);
   SeedCurrencies(db);
   SeedDocuments(db);
   SeedFirmDetails(db);

@@ -12,6 +12,8 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsDetailSchema(),
       GoodsRecordSchema(),
       GoodsRecordCascadeSchema(),
+      GoodsWithItemsSchema(),
+      DocumentDebtSignSchema(),
   };
   return parts;
 }

@@ -17,5 +17,9 @@ SchemaPart GoodsDetailSchema();
 SchemaPart GoodsRecordSchema();
 // A good's detail records go with the good, whatever made their tables.
 SchemaPart GoodsRecordCascadeSchema();
+// Whether a good is kept by serial numbers, which the goods lists carry.
+SchemaPart GoodsWithItemsSchema();
+// Document debts that are never negative, their direction in Sign.
+SchemaPart DocumentDebtSignSchema();
 
 }  // namespace orvel

@@ -14,12 +14,18 @@ constexpr int kBusyTimeoutMs = 5000;
 // orvel_contains(text, part): whether `part` occurs in `text`, letters
 // compared as the module compares them (Lithuanian case folding included),
 // which LIKE does only for ASCII.
+std::string_view TextOf(sqlite3_value* value) {
+  const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
+  return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_value_bytes(value)));
+}
+
 void Contains(sqlite3_context* context, int, sqlite3_value** args) {
-  auto text = [](sqlite3_value* value) {
-    const auto* bytes = reinterpret_cast<const char*>(sqlite3_value_text(value));
-    return std::string_view(bytes ? bytes : "", static_cast<size_t>(sqlite3_value_bytes(value)));
-  };
-  sqlite3_result_int(context, InStr(text(args[0]), text(args[1]), Compare::Text) > 0);
+  sqlite3_result_int(context, InStr(TextOf(args[0]), TextOf(args[1]), Compare::Text) > 0);
+}
+
+// orvel_starts(text, part): whether `text` begins with `part`, compared so.
+void Starts(sqlite3_context* context, int, sqlite3_value** args) {
+  sqlite3_result_int(context, InStr(TextOf(args[0]), TextOf(args[1]), Compare::Text) == 1);
 }
 
 }  // namespace
@@ -37,6 +43,8 @@ SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
   sqlite3_busy_timeout(db_, kBusyTimeoutMs);
   sqlite3_create_function(db_, "orvel_contains", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                           Contains, nullptr, nullptr);
+  sqlite3_create_function(db_, "orvel_starts", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
+                          Starts, nullptr, nullptr);
   try {
     Exec("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=ON; PRAGMA synchronous=NORMAL;");
   } catch (...) {

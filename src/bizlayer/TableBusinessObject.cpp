@@ -242,9 +242,15 @@ std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
 }
 
 std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) {
-  const std::string oidr = args.empty() ? catalogue_.oid : args[0];
-  const std::string text = args.size() > 1 ? args[1] : "";
-  std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() + " FROM " +
+  return GetObjectList(args.empty() ? catalogue_.oid : args[0], args.size() > 1 ? args[1] : "",
+                       ListOptions{});
+}
+
+std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const std::string& oidr,
+                                                              const std::string& text,
+                                                              const ListOptions& options) {
+  std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() +
+                    (options.columns.empty() ? "" : ", " + options.columns) + " FROM " +
                     catalogue_.name + " WHERE 1";
   std::vector<Variant> values{Variant(catalogue_.oid)};
   // A search (no OIDR) looks through the whole type; the type's own OID
@@ -258,10 +264,24 @@ std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const Args& args) 
     }
   }
   if (!text.empty()) {
-    sql += " AND orvel_contains(Name, ?)";
+    sql += std::string(" AND ") + (options.searchFromStart ? "orvel_starts" : "orvel_contains") +
+           (options.searchCode ? "(Code, ?)" : "(Name, ?)");
     values.emplace_back(text);
   }
-  sql += catalogue_.grouped ? " ORDER BY GroupFlag DESC, Name, ID" : " ORDER BY Name, ID";
+  // A record without Active counts as in use; neither choice shows those in use.
+  std::string member;
+  if (catalogue_.Field("Active") && options.active != options.inactive) {
+    member = options.inactive ? "COALESCE(Active, 1) = 0" : "COALESCE(Active, 1) <> 0";
+  }
+  if (!options.memberCondition.empty()) {
+    member += (member.empty() ? "" : " AND ") + options.memberCondition;
+  }
+  if (!member.empty()) {
+    sql += catalogue_.grouped ? " AND (GroupFlag = 1 OR (" + member + "))" : " AND (" + member + ")";
+    values.insert(values.end(), options.memberValues.begin(), options.memberValues.end());
+  }
+  const std::string order = options.byCode ? "Code IS NULL, Code, Name, ID" : "Name, ID";
+  sql += catalogue_.grouped ? " ORDER BY GroupFlag DESC, " + order : " ORDER BY " + order;
   return Query(sql, values);
 }
 

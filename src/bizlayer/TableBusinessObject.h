@@ -63,9 +63,30 @@ class TableBusinessObject : public OrvelObjectBO {
   void OnRead(const std::string& name, ReadHandler handler);
   void OnAction(const std::string& name, ActionHandler handler);
 
+  // What a catalogue's list settings ask of the standard list call. Groups
+  // are listed whatever their own Active says, so that the tree can always
+  // be walked down to the members a setting shows.
+  struct ListOptions {
+    bool active = true;           // members in use
+    bool inactive = true;         // members no longer in use
+    bool byCode = false;          // sorted by Code, otherwise by Name
+    bool searchCode = false;      // the text is looked for in Code, otherwise in Name
+    bool searchFromStart = false; // the text begins it, otherwise stands anywhere in it
+    // SQL over a member's row that it must meet besides, and the values it
+    // binds: fixed text of the caller, never a value of the call.
+    std::string memberCondition;
+    std::vector<Variant> memberValues;
+    // Columns added behind the fields, SQL over the row ("... AS Otype").
+    std::string columns;
+  };
+
   // The standard list call's answer for its arguments ('<OIDR>'[,'<text>']),
   // for a type whose own list call wraps it.
   std::shared_ptr<Recordset> GetObjectList(const Args& args);
+  // The same for a group's OIDR (the type's OID for its top level, "" for
+  // every record) and a text to look for, as the options ask.
+  std::shared_ptr<Recordset> GetObjectList(const std::string& oidr, const std::string& text,
+                                           const ListOptions& options);
 
   // The ID that an OIDR of this type names; nullopt for anything else.
   std::optional<int64_t> IdOf(const std::string& oidr) const;

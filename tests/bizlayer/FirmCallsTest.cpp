@@ -34,9 +34,9 @@ class FirmCallsTest : public CatalogueCallsFixture, public ::testing::Test {
     Insert(document, {"O1000100", "PVM sąskaita faktūra", "PSF2", DateSerial(2999, 1, 1), 2, "240",
                       30.0, 30.0, 1, 1});
     Insert(document, {"O1000300", "Gautas avansas", "AVG1", DateSerial(2020, 2, 1), 2, "460", 20.0,
-                      -20.0, -1, 3});
+                      20.0, -1, 3});
     Insert(document, {"O1000200", "Pirkimo sąskaita", "PIR1", DateSerial(2020, 3, 1), 2, "450",
-                      40.0, -40.0, -1, 2});
+                      40.0, 40.0, -1, 2});
     Insert(document, {"O1000400", "Sumokėtas avansas", "AVS1", DateSerial(2020, 4, 1), 3, "220",
                       10.0, 10.0, 1, 4});
     const char* line =
@@ -100,13 +100,51 @@ INSTANTIATE_TEST_SUITE_P(
         OneRowCase{"GetFirmDebt", "O00001002", "Limit", "100"},
         OneRowCase{"GetFirmDebt", "O00001002", "LimitTerm", "150"},
         OneRowCase{"GetFirmDebt", "O00001002", "LimitDays", "30"},
-        // A firm without a limit: Null, which the card reads as none.
-        OneRowCase{"GetFirmDebt", "O00001003", "Limit", ""},
+        // A firm without a limit: a sum the card reads as none and no debt passes.
+        OneRowCase{"GetFirmDebt", "O00001003", "Limit", "1e+12"},
+        OneRowCase{"GetFirmDebt", "O00001003", "LimitDays", "0"},
         OneRowCase{"GetFirmDebt", "O00001003", "LimitTerm", "0"},
         OneRowCase{"GetFirmDebt", "O00001003", "Sum220", "10"},
         OneRowCase{"GetFirmDebt", "O00001004", "Sum240", "0"},
         OneRowCase{"GetOurDebt", "O00001003", "Sum220", "10"},
         OneRowCase{"GetOurDebt", "O00001002", "Sum240", "180"}));
+
+// The list call as the catalogue sends it with its settings (<Active>,
+// <NotActive>,<CodeMode>) or a search ('<text>',<in code>,<from start>),
+// with O'Brien ir Ko and the group Pirkėjai out of use: the rows' IDs.
+struct ListCase {
+  const char* param;
+  std::vector<std::string> ids;
+};
+
+class FirmListTest : public FirmCallsTest, public ::testing::WithParamInterface<ListCase> {};
+
+TEST_P(FirmListTest, ListsByTheSettingsAndTheSearchOptions) {
+  Insert("UPDATE firms SET Active = 0 WHERE ID IN (3, 5)", {});
+  EXPECT_EQ(Column(*Read("O0000100", "Orvel_GetObjectList", GetParam().param), "ID"),
+            GetParam().ids)
+      << GetParam().param;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Firms, FirmListTest,
+    ::testing::Values(
+        // Groups first and always, whatever their own Active says.
+        ListCase{"'O0000100','',1,0,1", {"5", "1", "4"}},
+        ListCase{"'O00001001','',1,0,1", {"2"}},
+        ListCase{"'O00001001','',0,1,1", {"3"}},
+        ListCase{"'O00001001','',1,1,0", {"3", "2"}},
+        ListCase{"'O00001001','',1,1,2", {"2", "3"}},
+        // Neither asked for: those in use, as the settings dialog shows it.
+        ListCase{"'O00001001','',0,0,1", {"2"}},
+        // The settings dialog's own list: every level.
+        ListCase{"'','',1,0,2", {"5", "1", "2", "4"}},
+        // A search finds records in and out of use.
+        ListCase{"'','ko',0,0", {"3"}},
+        ListCase{"'','a',0,1", {"4"}},
+        ListCase{"'','23',1,0", {"2"}},
+        ListCase{"'','23',1,1", {}},
+        ListCase{"'','55',1,1", {"4"}}));
 
 TEST_F(FirmCallsTest, TypeAndRegionOfTheTopOrAGroupWithoutThemGiveNothingToCopy) {
   EXPECT_EQ(Read("O0000100", "GetTypeAndRegion", "0")->RecordCount(), 0);

@@ -238,6 +238,109 @@ TEST_F(GoodsCallsTest, FindGoodsSearchesSerialNumbersUnderTheRecord) {
               ElementsAre("Jogurtas"));
 }
 
+// The list call as the catalogue sends it: the settings <Active>,<NotActive>,
+// <Code>,'<warehouse>',<ByWarehouse>,<ByCode>,<WithRest>, or a search with
+// <in code>,<from start> in place of the first two. Pienas (now "1209") is
+// out of use; the services Montavimas and Pristatymas, the second out of
+// use, stand under Paslaugos; Centrinis and Kauno are warehouses 1 and 2.
+struct GoodsListCase {
+  const char* param;
+  std::vector<std::string> rows;  // "<ID> <Otype>"
+};
+
+class GoodsListTest : public GoodsCallsTest,
+                      public ::testing::WithParamInterface<GoodsListCase> {};
+
+TEST_P(GoodsListTest, ListsByTheSettingsAndTheSearchOptions) {
+  Insert("UPDATE goods SET Code = '1209', Active = 0 WHERE ID = 3", {});
+  const char* service =
+      "INSERT INTO goods (Name, Code, ParentID, GroupFlag, GoodType, Active) VALUES (?, ?, 6, 0, 1,"
+      " ?)";
+  Insert(service, {"Montavimas", "0501", 1});
+  Insert(service, {"Pristatymas", "0502", 0});
+  Insert("INSERT INTO book_locations (Code, Name, ParentID, GroupFlag) VALUES ('C', 'Centrinis',"
+         " 0, 0), ('K', 'Kauno', 0, 0), ('P', 'Parduotuvės', 0, 1)",
+         {});
+  auto rs = Read("O0000200", "Orvel_GetObjectList", GetParam().param);
+  ASSERT_NE(rs, nullptr);
+  std::vector<std::string> rows;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    rows.push_back(Text(rs->Fields("ID").Value()) + " " + Text(rs->Fields("Otype").Value()));
+  }
+  EXPECT_EQ(rows, GetParam().rows) << GetParam().param;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Goods, GoodsListTest,
+    ::testing::Values(
+        // The default settings: in use, by code; a group always comes first.
+        GoodsListCase{"'O00002001','',1,0,1,'',0,1,0", {"4 Group", "2 GEXIST"}},
+        GoodsListCase{"'O00002001','',0,1,1,'',0,1,0", {"4 Group", "3 GoodNA"}},
+        GoodsListCase{"'O00002001','',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "3 GoodNA"}},
+        GoodsListCase{"'O00002001','',1,1,0,'',0,0,0", {"4 Group", "3 GoodNA", "2 GEXIST"}},
+        GoodsListCase{"'O00002006','',1,1,1,'',0,1,0", {"8 Service", "9 ServiceNA"}},
+        // With rest, anywhere or in one warehouse; a warehouse not asked for
+        // restricts nothing.
+        GoodsListCase{"'O00002001','',1,1,1,'',0,1,1", {"4 Group", "2 GEXIST"}},
+        GoodsListCase{"'O00002001','',1,1,1,'O00016051',1,1,1", {"4 Group"}},
+        GoodsListCase{"'O00002004','',1,1,1,'O00016051',1,1,1", {"5 GEXIST"}},
+        GoodsListCase{"'O00002001','',1,1,1,'O00016052',1,1,1", {"4 Group", "2 GEXIST"}},
+        GoodsListCase{"'O00002001','',1,1,1,'O00016051',1,1,0", {"4 Group", "2 GEXIST"}},
+        GoodsListCase{"'O00002001','',1,1,1,'O00016051',0,1,1", {"4 Group", "2 GEXIST"}},
+        GoodsListCase{"'O00002001','',1,1,1,'',1,1,1", {"4 Group", "2 GEXIST"}},
+        // A search through every level, in and out of use.
+        GoodsListCase{"'','pr',0,0,1,'',0,0,0", {"1 Group", "4 Group", "9 ServiceNA"}},
+        GoodsListCase{"'','pr',0,1,1,'',0,0,0", {"9 ServiceNA"}},
+        GoodsListCase{"'','120',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "5 GEXIST", "3 GoodNA"}},
+        GoodsListCase{"'','08',1,0,1,'',0,1,0", {"4 Group", "5 GEXIST"}}));
+
+TEST_F(GoodsCallsTest, AListRowSaysWhetherTheGoodIsKeptBySerialNumbers) {
+  Insert("UPDATE goods SET WithItems = (ID = 2)", {});
+  EXPECT_THAT(Column(*Read("O0000200", "Orvel_GetObjectList", "'O00002001','',1,1,1,'',0,1,0"),
+                     "WithItems"),
+              ElementsAre("False", "False", "True"));
+}
+
+// List settings that cannot be read: the call's Number and text.
+struct ListRefusalCase {
+  const char* oid;
+  const char* param;
+  const char* text;
+};
+
+class ListRefusalTest : public GoodsCallsTest,
+                        public ::testing::WithParamInterface<ListRefusalCase> {};
+
+TEST_P(ListRefusalTest, RefusesWithItsText) {
+  Insert("INSERT INTO book_locations (Code, Name, ParentID, GroupFlag) VALUES ('P', 'Parduotuvės',"
+         " 0, 1)",
+         {});
+  const auto& c = GetParam();
+  auto reply = Type(c.oid).GetCall("Orvel_GetObjectList", c.param, 0);
+  EXPECT_EQ(reply.Number, TableBusinessObject::kBadCall) << c.param;
+  EXPECT_EQ(reply.Text, std::string("Orvel_GetObjectList: ") + c.text);
+  EXPECT_EQ(reply.Object, nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Lists, ListRefusalTest,
+    ::testing::Values(
+        ListRefusalCase{"O0000100", "'O0000100','',1,x,1", "Netinkamas sąrašo nustatymas: x"},
+        ListRefusalCase{"O0000100", "'O0000100','',1,0,3", "Netinkamas sąrašo nustatymas: 3"},
+        ListRefusalCase{"O0000100", "'','alfa',2,0", "Netinkama paieškos parinktis: 2"},
+        ListRefusalCase{"O0000100", "'O0000100','',1,0,1,0",
+                        "Netinkamas sąrašo nustatymų skaičius: 4"},
+        ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'',0,1",
+                        "Netinkamas sąrašo nustatymų skaičius: 6"},
+        ListRefusalCase{"O0000200", "'','x',0,-1,1,'',0,1,0", "Netinkama paieškos parinktis: -1"},
+        ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'',0,1,", "Netinkamas sąrašo nustatymas: "},
+        ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'O00003001',1,1,0",
+                        "Netinkamas sąrašo nustatymas: O00003001"},
+        ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'O00016059',1,1,0",
+                        "Sandėlis nerastas: O00016059"},
+        ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'O00016051',1,1,0",
+                        "Sandėlis nerastas: O00016051"}));
+
 // Failing calls: the Number, and the database as it was.
 struct GoodsFailureCase {
   const char* op;  // "Get" or "Array"

@@ -67,6 +67,27 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
   EXPECT_EQ(debt.Number, 0) << debt.Text;
 }
 
+// A file made before goods were kept by serial numbers and before debts
+// carried their direction in Sign alone.
+TEST(ReferenceDatabase, AnOlderFileGainsSerialGoodsAndDebtsBySign) {
+  TempDatabase file;
+  {
+    auto db = ReferenceDatabase::Open(file.Path());
+    db->Exec(
+        "ALTER TABLE goods DROP COLUMN WithItems; UPDATE documents SET Debt = -Debt WHERE Sign < 0;"
+        " DELETE FROM field_descriptions WHERE Name = 'WithItems'; DELETE FROM schema_parts WHERE"
+        " Name IN ('goods-with-items', 'document-debts-by-sign');");
+  }
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM documents WHERE Debt < 0"), Variant(0));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM field_descriptions WHERE Name = 'WithItems'"), Variant(1));
+  EXPECT_EQ(One(*db,
+                "SELECT COUNT(*) FROM goods WHERE WithItems = 1 AND ID NOT IN (SELECT GoodID FROM"
+                " document_lines WHERE SerialNo IS NOT NULL)"),
+            Variant(0));
+  EXPECT_GT(One(*db, "SELECT COUNT(*) FROM goods WHERE WithItems = 1").NumberValue(), 10);
+}
+
 TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
   TempDatabase file;
   {

@@ -1,0 +1,53 @@
+// What the catalogue lists read beyond the first catalogues: whether a good
+// is kept by serial numbers, and document debts that carry their direction
+// in Sign alone.
+#include <string>
+
+#include "bizlayer/CatalogueTable.h"
+#include "bizlayer/SchemaParts.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/SqliteStatement.h"
+
+namespace orvel {
+
+namespace {
+
+// A new file has the column from the goods catalogue; an older one gets it,
+// and the goods card is described again with it.
+void AddWithItems(SqliteDatabase& db) {
+  // Read and let go: an open statement would keep the table from changing.
+  const bool present = [&db] {
+    auto found =
+        db.Prepare("SELECT COUNT(*) FROM pragma_table_info('goods') WHERE name = 'WithItems'");
+    found.Step();
+    return found.Column(0).NumberValue() != 0;
+  }();
+  if (present) return;
+  db.Exec(
+      "ALTER TABLE goods ADD COLUMN WithItems BOOLEAN;"
+      "DELETE FROM field_descriptions WHERE StructureName = 'Goods';");
+  if (const CatalogueTable* goods = CatalogueOf("O0000200")) DescribeCatalogue(db, *goods);
+}
+
+// The goods whose lots carry serial numbers are kept by them; every other
+// good and group is not.
+void MarkGoodsWithItems(SqliteDatabase& db) {
+  db.Exec(
+      "UPDATE goods SET WithItems = (GroupFlag = 0 AND ID IN (SELECT GoodID FROM document_lines"
+      " WHERE SerialNo IS NOT NULL)) WHERE WithItems IS NULL;");
+}
+
+// A debt is the open part of a document, never below zero; Sign says who
+// owes whom (-1 for what we owe and the firm's advances). Files made before
+// held those debts negative as well, which counted them twice over.
+void DebtsBySign(SqliteDatabase& db) {
+  db.Exec("UPDATE documents SET Debt = -Debt WHERE Sign < 0 AND Debt < 0;");
+}
+
+}  // namespace
+
+SchemaPart GoodsWithItemsSchema() { return {"goods-with-items", AddWithItems, MarkGoodsWithItems}; }
+
+SchemaPart DocumentDebtSignSchema() { return {"document-debts-by-sign", nullptr, DebtsBySign}; }
+
+}  // namespace orvel
