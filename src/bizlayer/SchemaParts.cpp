@@ -12,6 +12,8 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsDetailSchema(),
       GoodsRecordSchema(),
       GoodsRecordCascadeSchema(),
+      GoodsMeasureSchema(),
+      GoodsSaleLotSchema(),
   };
   return parts;
 }

@@ -17,5 +17,10 @@ SchemaPart GoodsDetailSchema();
 SchemaPart GoodsRecordSchema();
 // A good's detail records go with the good, whatever made their tables.
 SchemaPart GoodsRecordCascadeSchema();
+// The units of measure as a reference book, a good's measure rows as records
+// of their own, and the good's rate of VAT as the card writes it.
+SchemaPart GoodsMeasureSchema();
+// A sale line names the purchase line it was taken from.
+SchemaPart GoodsSaleLotSchema();
 
 }  // namespace orvel
