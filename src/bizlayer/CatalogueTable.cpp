@@ -131,7 +131,7 @@ std::vector<CatalogueTable> MakeCatalogues() {
       Number("VatRate", "PVM tarifas", SqlType::Real, false, Variant(21.0)),
       // The rate the card writes and a new good takes from its group; Null
       // is the general rate. VatRate follows it (GoodsRecordSchema.cpp).
-      Number("VAT", "PVM tarifas, %", SqlType::Integer, false),
+      Number("VAT", "PVM tarifas, %", SqlType::Integer),
       Number("PriceWithVAT", "Kaina su PVM", SqlType::Boolean, false, Variant(false)),
       Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
       Number("WithRest", "Su likučiais", SqlType::Boolean, false, Variant(true)),
