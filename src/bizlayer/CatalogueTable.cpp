@@ -98,9 +98,6 @@ std::vector<CatalogueTable> MakeCatalogues() {
   AddAudit(banks.fields);
   specs.push_back(std::move(banks));
 
-  CatalogueTable measures{"O0000400", "measures", "Measures", {}, false};
-  measures.fields = {Text("Name", "Pavadinimas", 50), Text("Code", "Kodas", 10)};
-  specs.push_back(std::move(measures));
 
   CatalogueTable currencies{"O0002200", "currencies", "Currencies", {}, false};
   currencies.fields = {
@@ -128,19 +125,30 @@ std::vector<CatalogueTable> MakeCatalogues() {
       Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(0)),
       Number("GoodType", "Rūšis", SqlType::Integer, false, Variant(0)),
       Number("MeasureID", "Matavimo vienetas", SqlType::Integer, false),
+      // Decimals of a quantity: 0 for a unit counted whole.
+      Number("AmountPrecision", "Kiekio tikslumas", SqlType::Integer, false, Variant(2)),
       Number("Price", "Kaina", SqlType::Real, true, Variant(0.0)),
       Number("VatRate", "PVM tarifas", SqlType::Real, false, Variant(21.0)),
+      // The rate the card writes and a new good takes from its group; Null
+      // is the general rate. VatRate follows it (GoodsRecordSchema.cpp).
+      Number("VAT", "PVM tarifas, %", SqlType::Integer),
+      Number("PriceWithVAT", "Kaina su PVM", SqlType::Boolean, false, Variant(false)),
       Number("Active", "Aktyvi", SqlType::Boolean, true, Variant(true)),
       Number("WithRest", "Su likučiais", SqlType::Boolean, false, Variant(true)),
       Number("WithItems", "Su serijiniais numeriais", SqlType::Boolean, false, Variant(false)),
       Number("Garanty", "Garantija (mėn.)", SqlType::Real, false, Variant(0.0)),
   };
   AddAudit(goods.fields);
-  // The goods lists read the rate as a whole percent, whether the price
-  // holds the tax (the reference layer keeps prices without it), and what
-  // is left of the good in its open lots.
-  goods.derived = {"CAST(VatRate AS INTEGER) AS VAT", "0 AS PriceWithVAT",
-                   "(SELECT SUM(l.Rest) FROM document_lines l WHERE l.GoodID = goods.ID) AS Rest"};
+  // The goods lists read what is left of the good in its open lots; the
+  // drop on a group's card reads the record's place in the tree as the IDs
+  // from the top down ("/1/4/"), so that a group's path begins every path
+  // under it.
+  goods.derived = {
+      "(SELECT SUM(l.Rest) FROM document_lines l WHERE l.GoodID = goods.ID) AS Rest",
+      "(WITH RECURSIVE own(pid, path, depth) AS (SELECT goods.ParentID, goods.ID || '/', 0"
+      " UNION ALL SELECT g.ParentID, g.ID || '/' || own.path, own.depth + 1 FROM goods g"
+      " JOIN own ON g.ID = own.pid WHERE own.depth < 64) SELECT '/' || path FROM own"
+      " ORDER BY depth DESC LIMIT 1) AS OwnCode"};
   specs.push_back(std::move(goods));
 
   // The reference books: the list of books under the root, then each book,
@@ -167,6 +175,11 @@ std::vector<CatalogueTable> MakeCatalogues() {
   book("O0001604", "book_departments", "Departments",
        {Number("FirmBranchID", "Įmonės filialas", SqlType::Integer, false)});
   book("O0001615", "book_destinations", "Destinations", {});
+  // The units of measure; MeasureType 1 is a unit counted whole. The table
+  // keeps its first name: goods and their measure rows name units by ID.
+  book("O0001606", "measures", "Measures",
+       {Number("MeasureType", "Skaičiuojamas sveikais vienetais", SqlType::Integer, true,
+               Variant(0))});
 
   // A firm's settlement accounts and details; each record names its firm
   // (an account by the firm's OIDR in FOIDR, the others by FirmID).
@@ -221,6 +234,16 @@ std::vector<CatalogueTable> MakeCatalogues() {
                        Number("MinAmount", "Minimalus kiekis", SqlType::Real),
                        Text("Name", "Pavadinimas", 100, false)};
   specs.push_back(std::move(minAmounts));
+  // A good's measure row: another unit of the book for the good, with its
+  // price and its ratio to the good's own unit (Scale) and back (Scale2).
+  CatalogueTable goodMeasures{"O0000400", "goods_measures", "GoodMeasures", {}, false};
+  goodMeasures.fields = {Number("GoodID", "Prekė", SqlType::Integer, false),
+                         Number("MeasureID", "Matavimo vienetas"),
+                         Number("Price", "Kaina", SqlType::Real),
+                         Number("Scale", "Santykis", SqlType::Real, true, Variant(1.0)),
+                         Number("Scale2", "1 / Santykis", SqlType::Real, true, Variant(1.0)),
+                         Text("Name", "Pavadinimas", 100, false)};
+  specs.push_back(std::move(goodMeasures));
   CatalogueTable templates{"O0000800", "goods_templates", "GoodBRTemplates", {}, false};
   templates.fields = {Number("GoodID", "Prekė", SqlType::Integer, false),
                       Number("GoodBRTemplateTypeID", "Atsargų šablono tipas"),

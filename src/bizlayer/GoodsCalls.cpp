@@ -265,8 +265,11 @@ void AddGoodsCalls(TableBusinessObject& goods) {
 
   // 'OIDR','from','to': the good's document lines of the period, newest
   // first, then the summary row "O0000000" with what came in less what went
-  // out. A purchase (Sign 0) is its own PurchaseID; Cost is what a line cost
-  // us, a sale at the good's average purchase price.
+  // out. A purchase (Sign 0) is its own lot: PurchaseID is its line; a sale
+  // carries the lot it was taken from (0 for none) and that lot's date, so
+  // that sorted by PurchDate and PurchaseID it stands under its purchase.
+  // Cost is what a line cost us: a sale at its lot's price, or at the good's
+  // average purchase price when it names no lot.
   goods.OnRead("GetTraffic", [&goods](const Args& args) {
     Require(args, 3, "GetTraffic", "'<OIDR>','<from>','<to>'");
     const int64_t id = Record(goods, args[0], "GetTraffic");
@@ -277,15 +280,19 @@ void AddGoodsCalls(TableBusinessObject& goods) {
         " d.DocDate AS \"Date\", f.Name AS Addressee, l.Amount, m.Code AS Measure, l.Price,"
         " ROUND(l.Amount * l.Price, 2) AS Suma, l.Comment, l.Store AS LName, 'EUR' AS CODE,"
         " NULL AS CurrencyRate, CASE WHEN d.Sign < 0 THEN f.Name END AS SourcerName,"
-        " ROUND(l.Amount * CASE WHEN d.Sign < 0 THEN l.Price ELSE COALESCE((SELECT"
+        " ROUND(l.Amount * CASE WHEN d.Sign < 0 THEN l.Price WHEN lot.ID IS NOT NULL THEN"
+        " lot.Price ELSE COALESCE((SELECT"
         " SUM(p.Amount * p.Price) / SUM(p.Amount) FROM document_lines p JOIN documents pd"
         " ON pd.ID = p.DocumentID WHERE p.GoodID = l.GoodID AND pd.Sign < 0), 0) END, 2)"
         " AS Cost, CASE WHEN d.Sign < 0 THEN 0 ELSE 1 END AS Sign,"
-        " CASE WHEN d.Sign < 0 THEN d.DocDate END AS PurchDate,"
-        " CASE WHEN d.Sign < 0 THEN d.ID ELSE 0 END AS PurchaseID"
+        " lotd.DocDate AS PurchDate,"
+        " CASE WHEN d.Sign < 0 THEN l.ID ELSE COALESCE(lot.ID, 0) END AS PurchaseID"
         " FROM document_lines l JOIN documents d ON d.ID = l.DocumentID"
         " JOIN goods g ON g.ID = l.GoodID LEFT JOIN firms f ON f.ID = d.FirmID"
         " LEFT JOIN measures m ON m.ID = g.MeasureID"
+        " LEFT JOIN document_lines lot ON lot.ID = l.PurchaseLineID AND d.Sign > 0"
+        " LEFT JOIN documents lotd ON lotd.ID = CASE WHEN d.Sign < 0 THEN d.ID"
+        " ELSE lot.DocumentID END"
         " WHERE l.GoodID = ?1 AND d.DocDate >= ?2 AND d.DocDate <= ?3"
         " ORDER BY d.DocDate DESC, l.ID",
         {Variant(id), Variant(from), Variant(to)});

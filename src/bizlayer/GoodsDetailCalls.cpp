@@ -24,10 +24,12 @@ void AddGoodList(TableBusinessObject& goods, const std::string& call, std::strin
 }  // namespace
 
 void AddGoodsDetailCalls(TableBusinessObject& goods) {
-  // The good's measures with their ratios to the base one.
+  // The good's measure rows (O0000400), each with its unit of the book
+  // (O0001606), its price and its ratios to the good's own unit.
   AddGoodList(goods, "GetMeasures",
-              "SELECT 'O0000400' || gm.ID AS OIDR, m.Name AS MeasureName, gm.Price, gm.Scale,"
-              " gm.Scale2 FROM goods_measures gm JOIN measures m ON m.ID = gm.MeasureID"
+              "SELECT 'O0000400' || gm.ID AS OIDR, gm.ID, gm.GoodID, gm.MeasureID,"
+              " m.Name AS MeasureName, m.Code AS MeasureCode, gm.Price, gm.Scale, gm.Scale2"
+              " FROM goods_measures gm JOIN measures m ON m.ID = gm.MeasureID"
               " WHERE gm.GoodID = ? ORDER BY gm.ID");
   // Minimum amounts by warehouse.
   AddGoodList(goods, "GetMinAmount",

@@ -29,7 +29,7 @@ void CreateGoodsDetailTables(SqliteDatabase& db) {
       " Percent REAL NOT NULL, FirmID INTEGER, Valid BOOLEAN NOT NULL DEFAULT 1);");
 }
 
-// The first two goods kept in rests get a second measure (a box of 10), a
+// The first two goods kept in rests get a second measure (a pack of 10), a
 // minimum amount in the first warehouse and a discount; their groups a
 // discount their goods inherit.
 void SeedGoodsDetailRows(SqliteDatabase& db) {
@@ -40,10 +40,10 @@ void SeedGoodsDetailRows(SqliteDatabase& db) {
   }
   db.Exec(
       "INSERT INTO goods_measures (GoodID, MeasureID, Price, Scale, Scale2)"
-      " SELECT d.ID, m.ID, NULL, 10, 0.1 FROM "
-      " (SELECT ID, ParentID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID LIMIT 2)"
-      " d"
-      " JOIN (SELECT ID FROM measures ORDER BY ID LIMIT 1) m;"
+      " SELECT d.ID, (SELECT m.ID FROM measures m WHERE m.ID IS NOT d.MeasureID"
+      " ORDER BY m.Code = 'pak.' DESC, m.ID LIMIT 1), NULL, 10, 0.1 FROM "
+      " (SELECT ID, MeasureID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID"
+      " LIMIT 2) d;"
       "INSERT INTO goods_min_amounts (GoodID, LocationID, MinAmount)"
       " SELECT d.ID, l.ID, 5 FROM "
       " (SELECT ID, ParentID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID LIMIT 2)"

@@ -183,7 +183,183 @@ void CascadeGoodsRecords(SqliteDatabase& db) {
           removeRecords + " END;" + removeOrphans);
 }
 
+// A BEFORE INSERT and a BEFORE UPDATE OF `columns` trigger on `table` that
+// refuse a row WHEN `refused` holds, with `reason`.
+void Refuse(SqliteDatabase& db, const std::string& name, const std::string& table,
+            const std::string& columns, const std::string& refused, const std::string& reason) {
+  for (const char* event : {"INSERT", "UPDATE"}) {
+    db.Exec("CREATE TRIGGER IF NOT EXISTS " + name + "_check_" + event + " BEFORE " + event +
+            (std::string(event) == "UPDATE" ? " OF " + columns : std::string()) + " ON " + table +
+            " WHEN " + refused + " BEGIN SELECT RAISE(ABORT, '" + reason + "'); END");
+  }
+}
+
+// The units of measure become the reference book O0001606 (their table and
+// IDs stay, so a good's unit and its measure rows keep naming them), and a
+// good's measure rows the records O0000400 of the goods card's measures tab.
+// A row names a good and a unit of the book, each unit at most once per good
+// besides the good's own; deleting a row never touches the unit, and a unit
+// that a good or a row names is not deleted. The good's rate of VAT is kept
+// as the card writes it (VAT, Null for the general rate), and VatRate, the
+// rate in force, follows it.
+void CreateGoodsMeasureTables(SqliteDatabase& db) {
+  for (const char* oid : {"O0001606", "O0000400", "O0000200"}) {
+    const CatalogueTable* catalogue = CatalogueOf(oid);
+    if (!catalogue) continue;
+    AddMissingColumns(db, *catalogue);
+    Describe(db, *catalogue);
+  }
+  db.Exec(
+      "UPDATE measures SET ParentID = 0 WHERE ParentID IS NULL;"
+      "UPDATE measures SET GroupFlag = 0 WHERE GroupFlag IS NULL;"
+      "UPDATE measures SET MeasureType = (Code IN ('pak.', 'kompl.')) WHERE MeasureType IS NULL;"
+      "CREATE INDEX IF NOT EXISTS measures_parent ON measures (ParentID, Name);"
+      "INSERT INTO reference_books (BookOID, Name) SELECT 'O0001606', 'Matavimo vienetai'"
+      " WHERE NOT EXISTS (SELECT 1 FROM reference_books WHERE BookOID = 'O0001606');"
+      "DELETE FROM goods_measures WHERE NOT EXISTS (SELECT 1 FROM goods"
+      " WHERE goods.ID = goods_measures.GoodID);"
+      "UPDATE goods_measures SET Name = (SELECT m.Name FROM measures m"
+      " WHERE m.ID = goods_measures.MeasureID);"
+      "UPDATE goods SET VAT = CAST(VatRate AS INTEGER) WHERE VAT IS NULL AND VatRate IS NOT NULL;"
+      "UPDATE goods SET PriceWithVAT = 0 WHERE PriceWithVAT IS NULL;"
+      "UPDATE goods SET AmountPrecision = CASE WHEN EXISTS (SELECT 1 FROM measures m"
+      " WHERE m.ID = goods.MeasureID AND m.MeasureType = 1) THEN 0 ELSE 2 END"
+      " WHERE AmountPrecision IS NULL;"
+      "CREATE INDEX IF NOT EXISTS goods_measures_good ON goods_measures (GoodID);");
+
+  const std::string unit =
+      "SELECT 1 FROM measures WHERE ID = NEW.MeasureID AND COALESCE(GroupFlag, 0) = 0";
+  Refuse(db, "goods_measures_good", "goods_measures", "GoodID",
+         "NOT EXISTS (SELECT 1 FROM goods WHERE ID = NEW.GoodID AND COALESCE(GroupFlag, 0) = 0)",
+         "Nenurodyta prekė");
+  Refuse(db, "goods_measures_unit", "goods_measures", "MeasureID", "NOT EXISTS (" + unit + ")",
+         "Nėra tokio matavimo vieneto");
+  Refuse(db, "goods_measures_twice", "goods_measures", "GoodID, MeasureID",
+         "EXISTS (SELECT 1 FROM goods_measures WHERE GoodID = NEW.GoodID AND MeasureID ="
+         " NEW.MeasureID AND ID IS NOT NEW.ID) OR EXISTS (SELECT 1 FROM goods WHERE ID ="
+         " NEW.GoodID AND MeasureID = NEW.MeasureID)",
+         "Šis matavimo vienetas prekei jau nurodytas");
+  Refuse(db, "goods_measures_scale", "goods_measures", "Scale, Scale2",
+         "COALESCE(NEW.Scale, 0) < 0 OR COALESCE(NEW.Scale2, 0) < 0 OR"
+         " (COALESCE(NEW.Scale, 0) = 0 AND COALESCE(NEW.Scale2, 0) = 0)",
+         "Santykis turi būti didesnis už nulį");
+  Refuse(db, "goods_unit", "goods", "MeasureID",
+         "NEW.MeasureID IS NOT NULL AND NOT EXISTS (" + unit + ")", "Nėra tokio matavimo vieneto");
+  Refuse(db, "goods_vat", "goods", "VAT", "NEW.VAT < 0 OR NEW.VAT > 100",
+         "Neteisingas PVM tarifas");
+
+  // A row's preview is its unit's name; a ratio left 0 is the other's
+  // inverse.
+  const char* named =
+      " BEGIN UPDATE goods_measures SET Name = (SELECT Name FROM measures"
+      " WHERE ID = NEW.MeasureID) WHERE ID = NEW.ID; END;";
+  const char* inverse =
+      " BEGIN UPDATE goods_measures SET Scale = CASE WHEN COALESCE(Scale, 0) = 0 THEN 1.0 / Scale2"
+      " ELSE Scale END, Scale2 = CASE WHEN COALESCE(Scale2, 0) = 0 THEN 1.0 / Scale ELSE Scale2"
+      " END WHERE ID = NEW.ID AND (COALESCE(Scale, 0) = 0 OR COALESCE(Scale2, 0) = 0); END;";
+  const char* general =
+      "(SELECT CAST(Value AS REAL) FROM settings WHERE Name = 'VatFactor')";
+  db.Exec(std::string(
+              "CREATE TRIGGER IF NOT EXISTS goods_measures_named_insert AFTER INSERT ON"
+              " goods_measures") +
+          named +
+          "CREATE TRIGGER IF NOT EXISTS goods_measures_named_update AFTER UPDATE OF MeasureID"
+          " ON goods_measures" +
+          named +
+          "CREATE TRIGGER IF NOT EXISTS goods_measures_inverse_insert AFTER INSERT ON"
+          " goods_measures" +
+          inverse +
+          "CREATE TRIGGER IF NOT EXISTS goods_measures_inverse_update AFTER UPDATE OF Scale,"
+          " Scale2 ON goods_measures" +
+          inverse +
+          "CREATE TRIGGER IF NOT EXISTS measures_renamed AFTER UPDATE OF Name ON measures BEGIN"
+          " UPDATE goods_measures SET Name = NEW.Name WHERE MeasureID = NEW.ID; END;"
+          "CREATE TRIGGER IF NOT EXISTS measures_in_use BEFORE DELETE ON measures WHEN EXISTS"
+          " (SELECT 1 FROM goods WHERE MeasureID = OLD.ID) OR EXISTS (SELECT 1 FROM"
+          " goods_measures WHERE MeasureID = OLD.ID) BEGIN SELECT RAISE(ABORT,"
+          " 'Matavimo vienetas naudojamas prekėse'); END;"
+          "CREATE TRIGGER IF NOT EXISTS goods_measures_follow_good AFTER DELETE ON goods BEGIN"
+          " DELETE FROM goods_measures WHERE GoodID = OLD.ID; END;"
+          "CREATE TRIGGER IF NOT EXISTS goods_vat_insert AFTER INSERT ON goods"
+          " WHEN NEW.VAT IS NOT NULL BEGIN UPDATE goods SET VatRate = NEW.VAT"
+          " WHERE ID = NEW.ID; END;"
+          "CREATE TRIGGER IF NOT EXISTS goods_vat_update AFTER UPDATE OF VAT ON goods"
+          " WHEN NEW.VAT IS NOT OLD.VAT BEGIN UPDATE goods SET VatRate = COALESCE(NEW.VAT, " +
+          general +
+          ", 21) WHERE ID = NEW.ID; END;"
+          "CREATE TRIGGER IF NOT EXISTS goods_vat_rate_update AFTER UPDATE OF VatRate ON goods"
+          " WHEN NEW.VatRate IS NOT OLD.VatRate AND NEW.VAT IS OLD.VAT AND NEW.VatRate IS NOT"
+          " COALESCE(NEW.VAT, " +
+          general +
+          ", 21) BEGIN UPDATE goods SET VAT = CAST(NEW.VatRate AS INTEGER) WHERE ID = NEW.ID;"
+          " END;");
+}
+
+// Each sale line names the purchase line (lot) it was taken from, which the
+// traffic's by-purchase view groups it under.
+void CreateSaleLots(SqliteDatabase& db) {
+  if (!Holds(ColumnsOf(db, "document_lines"), "PurchaseLineID")) {
+    db.Exec("ALTER TABLE document_lines ADD COLUMN PurchaseLineID INTEGER");
+  }
+  db.Exec("CREATE INDEX IF NOT EXISTS document_lines_lot ON document_lines (PurchaseLineID)");
+}
+
+// The sample sales are taken from their good's oldest lot bought by then
+// that still holds the amount; a lot's rest is at most what its sales left.
+void SeedSaleLots(SqliteDatabase& db) {
+  struct Lot {
+    int64_t id;
+    double left;
+  };
+  std::vector<std::pair<int64_t, int64_t>> links;  // sale line, lot
+  {
+    auto lines = db.Prepare(
+        "SELECT l.ID, l.GoodID, l.Amount, d.Sign FROM document_lines l"
+        " JOIN documents d ON d.ID = l.DocumentID WHERE l.PurchaseLineID IS NULL"
+        " ORDER BY l.GoodID, d.DocDate, d.Sign, l.ID");
+    int64_t good = -1;
+    std::vector<Lot> lots;
+    while (lines.Step()) {
+      const auto id = static_cast<int64_t>(lines.Column(0).NumberValue());
+      const auto lineGood = static_cast<int64_t>(lines.Column(1).NumberValue());
+      const double amount = lines.Column(2).NumberValue();
+      if (lineGood != good) {
+        good = lineGood;
+        lots.clear();
+      }
+      if (lines.Column(3).NumberValue() < 0) {
+        lots.push_back(Lot{id, amount});
+        continue;
+      }
+      for (auto& lot : lots) {
+        if (lot.left < amount) continue;
+        lot.left -= amount;
+        links.emplace_back(id, lot.id);
+        break;
+      }
+    }
+  }
+  auto link = db.Prepare("UPDATE document_lines SET PurchaseLineID = ? WHERE ID = ?");
+  for (const auto& [sale, lot] : links) {
+    link.Reset();
+    link.BindAll(lot, sale).Run();
+  }
+  db.Exec(
+      "UPDATE document_lines SET Rest = MIN(Rest, Amount - (SELECT SUM(s.Amount) FROM"
+      " document_lines s WHERE s.PurchaseLineID = document_lines.ID)) WHERE ID IN"
+      " (SELECT PurchaseLineID FROM document_lines WHERE PurchaseLineID IS NOT NULL);"
+      "UPDATE document_lines SET Reserved = MIN(Reserved, Rest) WHERE Reserved > Rest;");
+}
+
 }  // namespace
+
+SchemaPart GoodsMeasureSchema() {
+  return {"goods-measure-rows-and-units-book", CreateGoodsMeasureTables, nullptr};
+}
+
+SchemaPart GoodsSaleLotSchema() {
+  return {"goods-sales-name-their-lots", CreateSaleLots, SeedSaleLots};
+}
 
 SchemaPart GoodsRecordSchema() {
   return {"goods-detail-records", CreateGoodsRecordTables, nullptr};

@@ -64,7 +64,7 @@ void CreateCallTables(SqliteDatabase& db) {
       " DocumentID INTEGER NOT NULL REFERENCES documents(ID) ON DELETE CASCADE,"
       " GoodID INTEGER NOT NULL REFERENCES goods(ID), Amount REAL NOT NULL, Price REAL NOT NULL,"
       " Rest REAL NOT NULL DEFAULT 0, Reserved REAL NOT NULL DEFAULT 0, Store TEXT,"
-      " Comment TEXT, SerialNo TEXT);"
+      " Comment TEXT, SerialNo TEXT, PurchaseLineID INTEGER);"
       "CREATE INDEX document_lines_good ON document_lines (GoodID);"
       "CREATE INDEX document_lines_document ON document_lines (DocumentID);"
       "CREATE TABLE firm_info (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
@@ -108,6 +108,7 @@ void SeedBanks(SqliteDatabase& db) {
   }
 }
 
+// The units of measure; a pack and a set are counted whole (MeasureType 1).
 void SeedMeasures(SqliteDatabase& db) {
   const std::pair<const char*, const char*> measures[] = {
       {"vienetas", "vnt."},     {"kilogramas", "kg"},         {"litras", "l"},
@@ -116,7 +117,11 @@ void SeedMeasures(SqliteDatabase& db) {
       {"komplektas", "kompl."},
   };
   for (const auto& [name, code] : measures) {
-    Insert(db, "INSERT INTO measures (Name, Code) VALUES (?, ?)", {Variant(name), Variant(code)});
+    const std::string text(code);
+    Insert(db,
+           "INSERT INTO measures (Name, Code, ParentID, GroupFlag, MeasureType)"
+           " VALUES (?, ?, 0, 0, ?)",
+           {Variant(name), Variant(code), Variant(text == "pak." || text == "kompl." ? 1 : 0)});
   }
 }
 

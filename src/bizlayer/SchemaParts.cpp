@@ -14,6 +14,8 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsRecordCascadeSchema(),
       GoodsWithItemsSchema(),
       DocumentDebtSignSchema(),
+      GoodsMeasureSchema(),
+      GoodsSaleLotSchema(),
   };
   return parts;
 }

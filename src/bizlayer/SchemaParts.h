@@ -21,5 +21,10 @@ SchemaPart GoodsRecordCascadeSchema();
 SchemaPart GoodsWithItemsSchema();
 // Document debts that are never negative, their direction in Sign.
 SchemaPart DocumentDebtSignSchema();
+// The units of measure as a reference book, a good's measure rows as records
+// of their own, and the good's rate of VAT as the card writes it.
+SchemaPart GoodsMeasureSchema();
+// A sale line names the purchase line it was taken from.
+SchemaPart GoodsSaleLotSchema();
 
 }  // namespace orvel

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "CatalogueCallsFixture.h"
+#include "bizlayer/SchemaParts.h"
 
 namespace orvel {
 namespace {
@@ -16,6 +17,8 @@ using ::testing::ElementsAre;
 class GoodsCallsTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
   GoodsCallsTest() {
+    GoodsMeasureSchema().create(*db_);
+    GoodsSaleLotSchema().create(*db_);
     Insert("INSERT INTO users (ID, Name) VALUES (1, 'admin')", {});
     Insert("INSERT INTO measures (Name, Code) VALUES ('vienetas', 'vnt.')", {});
     const char* good =
@@ -94,21 +97,32 @@ TEST_F(GoodsCallsTest, AnEmptyGroupHasNoHighestCode) {
   EXPECT_TRUE(rs->Fields("MAXCODE").Value().IsNull());
 }
 
-// A group's list gives each good its tax rate as a whole percent, says its
-// price holds no tax and what is left in its open lots (nothing for a good
-// never bought): the group card's columns come from these.
-TEST_F(GoodsCallsTest, AGroupsListCarriesTheTaxRatePriceKindAndRest) {
-  Insert("UPDATE goods SET VatRate = 21.0", {});
-  Insert("UPDATE goods SET VatRate = 9.0 WHERE ID = 3", {});
+// A group's list gives each good its tax rate as a whole percent, whether
+// its price holds the tax, what is left in its open lots (nothing for a good
+// never bought) and its place in the tree: the group card's columns and its
+// drop come from these. VAT is Null for the general rate (21 %); the rate in
+// force (VatRate) and VAT follow each other.
+TEST_F(GoodsCallsTest, AGroupsListCarriesTheTaxRatePriceKindRestAndPlace) {
+  Insert("UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3)", {});
+  Insert("UPDATE goods SET VatRate = 9.0 WHERE ID = 4", {});
+  Insert("UPDATE goods SET VAT = 5 WHERE ID = 3", {});
   auto list = Read("O0000200", "Orvel_GetObjectList", "'O00002001'");
   ASSERT_NE(list, nullptr);
   EXPECT_THAT(Column(*list, "Preview"), ElementsAre("Pieno produktai", "Pienas", "Sūris 'Džiugas'"));
-  EXPECT_THAT(Column(*list, "VAT"), ElementsAre("21", "9", "21"));
-  EXPECT_THAT(Column(*list, "PriceWithVAT"), ElementsAre("0", "0", "0"));
+  EXPECT_THAT(Column(*list, "VAT"), ElementsAre("9", "5", ""));
+  EXPECT_THAT(Column(*list, "PriceWithVAT"), ElementsAre("False", "True", "False"));
   EXPECT_THAT(Column(*list, "Rest"), ElementsAre("", "", "4"));
-  auto card = Read("O0000200", "Orvel_ReadObject", "'O00002003'");
+  EXPECT_THAT(Column(*list, "OwnCode"), ElementsAre("/1/4/", "/1/3/", "/1/2/"));
+  EXPECT_EQ(Text(One("SELECT VatRate FROM goods WHERE ID = 3")), "5");
+  auto card = Read("O0000200", "Orvel_ReadObject", "'O00002005'");
   ASSERT_NE(card, nullptr);
-  EXPECT_EQ(Text(card->Fields("VAT").Value()), "9");
+  EXPECT_EQ(Text(card->Fields("OwnCode").Value()), "/1/4/5/");
+  // A new record carries the fields the card primes from its group.
+  auto fresh = Read("O0000200", "Orvel_NewObject", "'O0000200'");
+  ASSERT_NE(fresh, nullptr);
+  EXPECT_TRUE(fresh->Fields("VAT").Value().IsNull());
+  EXPECT_EQ(Text(fresh->Fields("AmountPrecision").Value()), "2");
+  EXPECT_EQ(Text(fresh->Fields("PriceWithVAT").Value()), "False");
 }
 
 TEST_F(GoodsCallsTest, VatFactorIsTheDatabaseDefault) {
@@ -224,6 +238,13 @@ TEST_F(GoodsCallsTest, TrafficOfAPeriodNewestFirstThenWhatCameInLessWhatWentOut)
   // The sale costs the average purchase price: (10 x 8 + 6 x 8.5) / 16.
   EXPECT_THAT(Column(*rs, "Cost"), ElementsAre("98.25", "51", ""));
   EXPECT_THAT(Column(*rs, "SourcerName"), ElementsAre("", "UAB Tiekėjas", ""));
+  // A sale taken from a lot stands under it and costs the lot's price.
+  Insert("UPDATE document_lines SET PurchaseLineID = 2 WHERE ID = 3", {});
+  rs = Read("O0000200", "GetTraffic", "'O00002002','2026-02-01','9999-12-31'");
+  EXPECT_THAT(Column(*rs, "PurchaseID"), ElementsAre("2", "2", ""));
+  EXPECT_THAT(Column(*rs, "Cost"), ElementsAre("102", "51", ""));
+  rs->MoveFirst();
+  EXPECT_EQ(rs->Fields("PurchDate").Value(), Variant(DateSerial(2026, 2, 10)));
   EXPECT_EQ(Read("O0000200", "GetTraffic", "'O00002003','2026-01-01','2026-12-31'")->RecordCount(),
             0);
 }
@@ -389,7 +410,8 @@ INSTANTIATE_TEST_SUITE_P(
                       GoodsFailureCase{"Get", "GetStructuredCode", "3", 3021},
                       GoodsFailureCase{"Get", "GetStructuredCode", "x", 5},
                       GoodsFailureCase{"Get", "GetRests", "O00001002", 5},
-                      GoodsFailureCase{"Get", "GetGoodHistory", "O00002002", 5}));
+                      GoodsFailureCase{"Get", "GetGoodHistory", "O00002002", 5},
+                      GoodsFailureCase{"Get", "GetTraffic", "'O00002002','2026-02-01'", 5}));
 
 }  // namespace
 }  // namespace orvel

@@ -52,6 +52,7 @@ TEST_F(GoodsDetailCallsTest, MeasuresCarryTheirRatios) {
   auto rs = Read("O0000200", "GetMeasures", "O00002002");
   EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00004001"));
   EXPECT_THAT(Column(*rs, "MeasureName"), ElementsAre("dėžė"));
+  EXPECT_THAT(Column(*rs, "MeasureID"), ElementsAre("2"));
   EXPECT_THAT(Column(*rs, "Scale"), ElementsAre("10"));
   EXPECT_THAT(Column(*rs, "Scale2"), ElementsAre("0.1"));
   EXPECT_THAT(Column(*rs, "Price"), ElementsAre("55.5"));

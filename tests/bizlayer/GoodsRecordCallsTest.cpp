@@ -8,6 +8,7 @@
 #include "CatalogueCallsFixture.h"
 #include "TempDatabase.h"
 #include "bizlayer/SchemaParts.h"
+#include "bizlayer/SqliteError.h"
 #include "host/MemoryRecordset.h"
 
 namespace orvel {
@@ -29,7 +30,14 @@ class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Tes
     GoodsDetailSchema().create(*db_);
     GoodsRecordSchema().create(*db_);
     GoodsRecordCascadeSchema().create(*db_);
-    const char* good = "INSERT INTO goods (Name, ParentID, GroupFlag, Active) VALUES (?, ?, ?, 1)";
+    GoodsMeasureSchema().create(*db_);
+    Insert(
+        "INSERT INTO measures (Code, Name, ParentID, GroupFlag, MeasureType) VALUES"
+        " ('vnt.', 'vienetas', 0, 0, 0), ('dėž.', 'dėžė', 0, 0, 0),"
+        " ('pak.', 'pakuotė', 0, 0, 1)",
+        {});
+    const char* good =
+        "INSERT INTO goods (Name, ParentID, GroupFlag, Active, MeasureID) VALUES (?, ?, ?, 1, 1)";
     Insert(good, {"Kanceliarija", Variant::Null(), 1});
     Insert(good, {"Popierius", 1, 0});
     Insert(good, {"Klijai", Variant::Null(), 0});
@@ -121,7 +129,16 @@ INSTANTIATE_TEST_SUITE_P(
                           "O0000800",
                           "GoodBRTemplates",
                           {"ID", "GoodID", "GoodBRTemplateTypeID", "BRTemplateID", "Name"},
-                          {"GoodBRTemplateTypeID", "BRTemplateID"}}),
+                          {"GoodBRTemplateTypeID", "BRTemplateID"}},
+                      StructureCase{
+                          "O0000400",
+                          "GoodMeasures",
+                          {"ID", "GoodID", "MeasureID", "Price", "Scale", "Scale2", "Name"},
+                          {"MeasureID", "Price", "Scale", "Scale2"}},
+                      StructureCase{"O0001606",
+                                    "Measures",
+                                    {"ID", "Code", "Name", "ParentID", "GroupFlag", "MeasureType"},
+                                    {"Code", "Name", "MeasureType"}}),
     [](const auto& info) { return std::string(info.param.oid); });
 
 // ---- new, read back, changed, deleted ------------------------------------
@@ -219,7 +236,21 @@ INSTANTIATE_TEST_SUITE_P(
                           "Prekės",
                           {{"BRTemplateID", Variant(2)}},
                           "Pardavimas",
-                          "Paslaugos"}),
+                          "Paslaugos"},
+                      RoundTripCase{"Measure",
+                                    "O0000400",
+                                    "GetMeasures",
+                                    "OIDR",
+                                    {{"MeasureID", Variant(2)},
+                                     {"Price", Variant(55.5)},
+                                     {"Scale", Variant(10)},
+                                     {"Scale2", Variant(0.1)}},
+                                    "dėžė",
+                                    "MeasureName",
+                                    "dėžė",
+                                    {{"MeasureID", Variant(3)}},
+                                    "pakuotė",
+                                    "pakuotė"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(GoodsRecordCallsTest, ADeletedGoodTakesItsRecordsAlong) {
@@ -248,6 +279,52 @@ TEST_F(GoodsRecordCallsTest, ADeletedGoodTakesItsRecordsAlong) {
     EXPECT_EQ(One(count + "3").NumberValue(), 0) << table;
     EXPECT_EQ(One(count + "2").NumberValue(), 1) << table;
   }
+}
+
+// A measure row is the good's alone: a ratio left 0 is the other's inverse,
+// a second row of a unit is refused, and neither deleting a row nor its good
+// deletes the unit, which is not deleted while named.
+TEST_F(GoodsRecordCallsTest, AMeasureRowNeverTakesItsUnitAlong) {
+  OrvelStatus status;
+  const std::string row = Create(
+      "O0000400",
+      {{"GoodID", Variant(2)}, {"MeasureID", Variant(3)}, {"Scale", Variant(4)},
+       {"Scale2", Variant(0)}},
+      &status);
+  ASSERT_FALSE(row.empty()) << status.Text;
+  EXPECT_EQ(Text(One("SELECT Scale2 FROM goods_measures")), "0.25");
+  EXPECT_EQ(Create("O0000400", {{"GoodID", Variant(2)}, {"MeasureID", Variant(3)}}, &status), "");
+  EXPECT_THAT(status.Text, HasSubstr("Šis matavimo vienetas prekei jau nurodytas"));
+  ASSERT_FALSE(Create("O0000400", {{"GoodID", Variant(3)}, {"MeasureID", Variant(2)}}, &status)
+                   .empty())
+      << status.Text;
+
+  // The unit's name follows into its rows; a unit in use stays.
+  db_->Exec("UPDATE measures SET Name = 'pakelis' WHERE ID = 3");
+  EXPECT_THAT(Column(*Read("O0000200", "GetMeasures", "O00002002"), "MeasureName"),
+              ElementsAre("pakelis"));
+  status = Type("O0001606").ExecCall("Orvel_DeleteObject", "'O00016063'", 0);
+  EXPECT_NE(status.Number, 0);
+  EXPECT_FALSE(status.Text.empty());
+  try {
+    db_->Exec("DELETE FROM measures WHERE ID = 2");
+    ADD_FAILURE() << "a unit in use was deleted";
+  } catch (const SqliteError& e) {
+    EXPECT_THAT(e.what(), HasSubstr("Matavimo vienetas naudojamas prekėse"));
+  }
+  try {
+    db_->Exec("UPDATE goods SET VAT = 121 WHERE ID = 2");
+    ADD_FAILURE() << "a rate above 100 % was written";
+  } catch (const SqliteError& e) {
+    EXPECT_THAT(e.what(), HasSubstr("Neteisingas PVM tarifas"));
+  }
+
+  ASSERT_EQ(Type("O0000400").ExecCall("Orvel_DeleteObject", "'" + row + "'", 0).Number, 0);
+  ASSERT_EQ(Type("O0000200").ExecCall("Orvel_DeleteObject", "'O00002003'", 0).Number, 0);
+  EXPECT_EQ(Rows("goods_measures"), 0);
+  EXPECT_EQ(Rows("measures"), 3);
+  status = Type("O0001606").ExecCall("Orvel_DeleteObject", "'O00016063'", 0);
+  EXPECT_EQ(status.Number, 0) << status.Text;
 }
 
 TEST_F(GoodsRecordCallsTest, ANewPriceStartsInTheBaseCurrencyAndListsItsAmount) {
@@ -332,7 +409,30 @@ INSTANTIATE_TEST_SUITE_P(
                     {{"GoodID", Variant(2)},
                      {"GoodBRTemplateTypeID", Variant(1)},
                      {"BRTemplateID", Variant(9)}},
-                    "Nėra tokio šablono"}),
+                    "Nėra tokio šablono"},
+        RefusedCase{"MeasureOfAGroup",
+                    "O0000400",
+                    "goods_measures",
+                    {{"GoodID", Variant(1)}, {"MeasureID", Variant(2)}},
+                    "Nenurodyta prekė"},
+        RefusedCase{"UnknownUnit",
+                    "O0000400",
+                    "goods_measures",
+                    {{"GoodID", Variant(2)}, {"MeasureID", Variant(9)}},
+                    "Nėra tokio matavimo vieneto"},
+        RefusedCase{"TheGoodsOwnUnit",
+                    "O0000400",
+                    "goods_measures",
+                    {{"GoodID", Variant(2)}, {"MeasureID", Variant(1)}},
+                    "Šis matavimo vienetas prekei jau nurodytas"},
+        RefusedCase{"NoRatio",
+                    "O0000400",
+                    "goods_measures",
+                    {{"GoodID", Variant(2)},
+                     {"MeasureID", Variant(2)},
+                     {"Scale", Variant(0)},
+                     {"Scale2", Variant(0)}},
+                    "Santykis turi būti didesnis už nulį"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
@@ -383,6 +483,15 @@ void MakePreviousVersionFile(const std::string& path) {
       " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
       " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
   ReferenceDatabase::SeedSampleData(db);
+  // Units a flat table of names and codes, a good's measure rows made by the
+  // goods-details part, the good without the rate the card writes.
+  db.Exec(
+      "CREATE TABLE old_measures (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Code TEXT);"
+      "INSERT INTO old_measures SELECT ID, Name, Code FROM measures; DROP TABLE measures;"
+      "ALTER TABLE old_measures RENAME TO measures; DROP TABLE goods_measures;"
+      "ALTER TABLE goods DROP COLUMN VAT; ALTER TABLE goods DROP COLUMN PriceWithVAT;"
+      "ALTER TABLE goods DROP COLUMN AmountPrecision;"
+      "DELETE FROM field_descriptions WHERE StructureName IN ('Measures', 'GoodMeasures');");
   db.Exec("CREATE TABLE schema_parts (Name TEXT PRIMARY KEY)");
   for (const auto& part : SchemaParts()) {
     if (part.name == "goods-detail-records") break;
@@ -471,6 +580,30 @@ TEST(GoodsRecordMigration, APreviousVersionFileKeepsItsRowsAndOpensTheRecords) {
             "Mažmeninė");
   auto read = prices600->GetCall("Orvel_ReadObject", "'O00006002'", 0);
   EXPECT_EQ(read.Number, 0) << read.Text;
+
+  // The units became the book, their IDs kept; the measure rows its records.
+  EXPECT_EQ(One(*db, "SELECT ID || '|' || Name || '|' || MeasureType FROM measures"
+                     " WHERE Code = 'pak.'"),
+            Variant("7|pakuotė|1"));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'"),
+            Variant(1));
+  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
+                     " OR AmountPrecision IS NULL"),
+            Variant(0));
+  const std::string measured =
+      "O0000200" + ConcatText(One(*db, "SELECT MIN(GoodID) FROM goods_measures"));
+  auto measures = layer.BusinessObject("O0000200")->GetCall("GetMeasures", measured, 0);
+  ASSERT_EQ(measures.Number, 0) << measures.Text;
+  auto rows = std::dynamic_pointer_cast<Recordset>(measures.Object);
+  ASSERT_EQ(rows->RecordCount(), 1);
+  rows->MoveFirst();
+  const std::string row = ConcatText(rows->Fields("OIDR").Value());
+  auto record = layer.BusinessObject("O0000400")->GetCall("Orvel_ReadObject", "'" + row + "'", 0);
+  ASSERT_EQ(record.Number, 0) << record.Text;
+  auto fields = std::dynamic_pointer_cast<Recordset>(record.Object);
+  EXPECT_EQ(ConcatText(fields->Fields("Preview").Value()),
+            ConcatText(rows->Fields("MeasureName").Value()));
+  EXPECT_EQ("O0000200" + ConcatText(fields->Fields("GoodID").Value()), measured);
 }
 
 }  // namespace

@@ -28,6 +28,17 @@ TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
     EXPECT_GE(One(*db, "SELECT COUNT(*) FROM goods").NumberValue(), 2000);
     EXPECT_EQ(One(*db, "SELECT TenCurr FROM currencies WHERE Code = 'EUR'"), Variant("eurų"));
     EXPECT_EQ(One(*db, "SELECT COUNT(DISTINCT RateDate) FROM currency_rates"), Variant(365));
+    // Sales are taken from a lot of their good bought by then, none oversold.
+    EXPECT_GT(One(*db, "SELECT COUNT(*) FROM document_lines WHERE PurchaseLineID IS NOT NULL")
+                  .NumberValue(),
+              20);
+    EXPECT_EQ(One(*db,
+                  "SELECT COUNT(*) FROM document_lines s JOIN documents sd ON sd.ID ="
+                  " s.DocumentID JOIN document_lines p ON p.ID = s.PurchaseLineID JOIN documents"
+                  " pd ON pd.ID = p.DocumentID WHERE p.GoodID <> s.GoodID OR pd.DocDate >"
+                  " sd.DocDate OR pd.Sign >= 0 OR p.Rest + (SELECT SUM(x.Amount) FROM"
+                  " document_lines x WHERE x.PurchaseLineID = p.ID) > p.Amount"),
+              Variant(0));
     db->Exec("INSERT INTO banks (Name) VALUES ('Naujas bankas')");
   }
   auto again = ReferenceDatabase::Open(file.Path());
@@ -41,8 +52,9 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
     auto db = ReferenceDatabase::Open(file.Path());
     // Back to the shape the first version wrote.
     db->Exec(
-        "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name ="
-        " 'goods-records-follow-their-good';"
+        "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name IN"
+        " ('goods-records-follow-their-good', 'goods-measure-rows-and-units-book');"
+        " DROP TRIGGER goods_vat_update; DROP TRIGGER goods_vat_rate_update;"
         " DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
         " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
         " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
@@ -127,7 +139,7 @@ TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
     EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
               Variant(static_cast<int32_t>(SchemaParts().size())));
     EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
-    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(5));
+    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(6));
     db->Exec("UPDATE banks SET Name = 'Vėl išlikęs' WHERE ID = 3");
   }
   auto db = ReferenceDatabase::Open(file.Path());

@@ -154,13 +154,14 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
               prompter_.said.back().find("nepasiekiama") == std::string::npos);
 }
 
-// A catalogue without a window of its own, the measures, through its adapter
-// pair: a new record written, read back, changed, and deleted.
-TEST_F(CatalogueRoadsTest, AMeasureIsWrittenReadChangedAndDeletedThroughItsAdapters) {
+// A reference book the goods read by its records, the units of measure,
+// through its adapter pair: a new unit written, read back, changed, and
+// deleted.
+TEST_F(CatalogueRoadsTest, AUnitOfMeasureIsWrittenReadChangedAndDeletedThroughItsAdapters) {
   const Variant name("Colis (\"), 'x'");
-  auto measures = host_.Objects().GetOrvelObjectUI("O0000400");
+  auto measures = host_.Objects().GetOrvelObjectUI("O0001606");
   ASSERT_NE(measures, nullptr);
-  auto fresh = measures->GetOrvelObject("O0000400");
+  auto fresh = measures->GetOrvelObject("O0001606");
   ASSERT_NE(fresh, nullptr);
   fresh->Fields("Name").SetValue(name);
   fresh->Fields("Code").SetValue(Variant("col."));
@@ -178,7 +179,7 @@ TEST_F(CatalogueRoadsTest, AMeasureIsWrittenReadChangedAndDeletedThroughItsAdapt
 
   EXPECT_EQ(measures->DeleteOrvelObject(oidr), 0);
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM measures WHERE Code = 'in'"), Variant(0));
-  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000400','" + oidr + "'"));
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0001606','" + oidr + "'"));
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
 }
 

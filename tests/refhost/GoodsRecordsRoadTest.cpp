@@ -92,6 +92,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   ListView* list = sheet->TabList(c.tab);
   ASSERT_NE(list, nullptr);
   const int before = list->ListItems().Count();
+  const Variant units = Stored("SELECT COUNT(*) FROM measures");
 
   FillDialogWith(c.typed);
   RightClick(*sheet, c.tab, "Sukurti naują");
@@ -124,6 +125,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   EXPECT_EQ(CLng(Stored(std::string("SELECT COUNT(*) FROM ") + c.table + " WHERE ID = " + id)), 0);
   EXPECT_EQ(list->ListItems().Count(), before);
   EXPECT_EQ(list->ListItems().Find(key), nullptr);
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM measures"), units);
 }
 
 // Price type 3 is "Sutartinė", warehouse 2 "Kauno sandėlis" in the sample
@@ -152,7 +154,23 @@ INSTANTIATE_TEST_SUITE_P(Records, GoodsRecordsRoadCaseTest,
                                                     "Kauno sandėlis|7.0",
                                                     "7",
                                                     1,
-                                                    "Kauno sandėlis"}),
+                                                    "Kauno sandėlis"},
+                                           // Unit 9 is "tona"; the ratio left 0
+                                           // is written as the other's inverse.
+                                           RoadCase{"Measure",
+                                                    "SELECT MIN(GoodID) FROM goods_measures",
+                                                    "Measures",
+                                                    "O0000400",
+                                                    "goods_measures",
+                                                    "Matavimo vienetas",
+                                                    {{"MeasureID", "9"},
+                                                     {"Scale", "1000"},
+                                                     {"Scale2", "0"}},
+                                                    "Name || '|' || Scale || '|' || Scale2",
+                                                    "tona|1000.0|0.001",
+                                                    "tona",
+                                                    2,
+                                                    "1000"}),
                          [](const auto& info) { return std::string(info.param.name); });
 
 // The small adapter of prices answers no "Structure" property; the field
@@ -172,6 +190,36 @@ INSTANTIATE_TEST_SUITE_P(DecimalComma, GoodsRecordsRoadCaseTest,
                                                     2,
                                                     "12,35"}),
                          [](const auto& info) { return std::string(info.param.name); });
+
+// "Redaguoti" on a good's measure row opens that row, and the change is
+// written to it; the unit it names stays as it was.
+TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
+  id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM goods_measures"));
+  const std::string row = ConcatText(Stored("SELECT MIN(ID) FROM goods_measures"));
+  const Variant unit = Stored("SELECT m.Name FROM measures m JOIN goods_measures gm"
+                              " ON gm.MeasureID = m.ID WHERE gm.ID = " + row);
+  auto card = OpenCard("O0000200" + id_, "C");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  ListView* list = sheet->TabList("Measures");
+  ASSERT_NE(list, nullptr);
+  ListItem* item = list->ListItems().Find("O0000400" + row);
+  ASSERT_NE(item, nullptr);
+  EXPECT_EQ(Variant(item->Text()), unit);
+  list->SetSelectedItem(item);
+  FillDialogWith({{"Price", "3,5"}});
+  RightClick(*sheet, "Measures", "&Redaguoti");
+  EXPECT_FALSE(dialogLeftOpen_);
+  EXPECT_EQ(dialogCaption_, ConcatText(unit) + ": Matavimo vienetas");
+  EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0000400" + row + "'"));
+  EXPECT_THAT(calls_,
+              Contains("ExecArrayCall Orvel_SaveObject 'O0000400','O0000400" + row + "'"));
+  EXPECT_EQ(Stored("SELECT Price FROM goods_measures WHERE ID = " + row), Variant(3.5));
+  EXPECT_EQ(Stored("SELECT m.Name FROM measures m JOIN goods_measures gm ON gm.MeasureID = m.ID"
+                   " WHERE gm.ID = " + row),
+            unit);
+}
 
 // The dialog does not write a price without its amount, and says nothing.
 TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {

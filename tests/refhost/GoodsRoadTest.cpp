@@ -4,6 +4,7 @@
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "host/OrvelObjectUI.h"
+#include "hostkit/TextDragData.h"
 #include "ui/Button.h"
 
 namespace orvel {
@@ -60,6 +61,51 @@ TEST_F(GoodsRoadTest, AGoodNotUsedInDocumentsIsDeleted) {
   EXPECT_EQ(host_.Objects().GetOrvelObjectUI("O0000200")->DeleteOrvelObject(oidr), 0);
   EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods WHERE ID = " + ConcatText(unused))), 0);
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
+}
+
+// A good dropped on another group's card moves into that group, which the
+// card's list then shows; the drop reads the record's place in the tree.
+TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
+  const std::string good = ConcatText(Stored(
+      "SELECT MIN(ID) FROM goods WHERE GroupFlag = 0 AND ParentID = (SELECT MIN(ID) FROM goods"
+      " WHERE GroupFlag = 1)"));
+  const std::string group = ConcatText(
+      Stored("SELECT MAX(ID) FROM goods WHERE GroupFlag = 1 AND ID <> (SELECT ParentID FROM goods"
+             " WHERE ID = " + good + ")"));
+  auto card = OpenCard("O0000200" + group, "Group");
+  ASSERT_NE(card, nullptr);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  EXPECT_NE(sheet->ListDragOver(std::make_shared<TextDragData>("O0000200" + good), 1), 0);
+  sheet->ListDragDrop(std::make_shared<TextDragData>("O0000200" + good));
+  EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM goods WHERE ID = " + good)), group);
+  EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000200','O0000200" + good + "'"));
+  ListView* goods = sheet->TabList("Goods");
+  ASSERT_NE(goods, nullptr);
+  EXPECT_NE(goods->ListItems().Find("O0000200" + good), nullptr);
+  EXPECT_TRUE(prompter_.said.empty() ||
+              prompter_.said.back().find("Klaida") == std::string::npos);
+}
+
+// A good made from a group's menu takes the group's VAT rate, and the rate
+// is in force when written.
+TEST_F(GoodsRoadTest, ANewGoodInAGroupTakesItsVatRate) {
+  const std::string group = ConcatText(Stored("SELECT MIN(ID) FROM goods WHERE GroupFlag = 1"));
+  host_.Database().Exec("UPDATE goods SET VAT = 9 WHERE ID = " + group);
+  auto type = host_.Objects().GetOrvelObjectUI("O0000200");
+  auto result = type->ClickMenu("O0000200" + group, "Group", "1", "");
+  auto window = result.Value.ObjectAs<OrvelWindow>();
+  ASSERT_NE(window, nullptr);
+  host_.Windows().ShowWindow(window);
+  auto card = std::dynamic_pointer_cast<Form>(window);
+  auto sheet = SheetOf(card);
+  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(sheet->EditText("Name", "Arbata juodoji"));
+  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O0000200'"));
+  EXPECT_EQ(ConcatText(Stored("SELECT ParentID || '|' || VAT || '|' || VatRate FROM goods"
+                              " WHERE Name = 'Arbata juodoji'")),
+            group + "|9|9.0");
 }
 
 }  // namespace

@@ -77,7 +77,7 @@ TEST_F(ReferenceHostTest, AReferenceBookRecordIsEditedOnItsCard) {
   ASSERT_NE(root, nullptr);
   auto books = root->GetOrvelObjectList("O0001600", "", "");
   ASSERT_NE(books, nullptr);
-  EXPECT_EQ(books->RecordCount(), 5);
+  EXPECT_EQ(books->RecordCount(), 6);
 
   auto card = OpenCard("O00016053", "T");
   ASSERT_NE(card, nullptr);
