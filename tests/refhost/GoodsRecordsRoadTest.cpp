@@ -209,7 +209,7 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
   EXPECT_EQ(Variant(item->Text()), unit);
   list->SetSelectedItem(item);
   FillDialogWith({{"Price", "3,5"}});
-  RightClick(*sheet, "Measures", "&Redaguoti");
+  RightClick(*sheet, "Measures", "Redaguoti");
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, ConcatText(unit) + ": Matavimo vienetas");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0000400" + row + "'"));
