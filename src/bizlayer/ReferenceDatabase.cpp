@@ -175,24 +175,33 @@ void SeedFirms(SqliteDatabase& db) {
       " FirmTypeId, RegionID, BankID, Account, CreditLimit, CreatedByUser, CreationDate)"
       " VALUES (?, ?, ?, ?, ?, ?, 0, ?, 1, ?, ?, ?, ?, 'admin', ?)");
   for (int i = 0; i < 300; ++i) {
-    std::string name =
-        random.Pick(forms) + " „" + random.Pick(roots) + " " + random.Pick(trades) + "“";
-    std::string code = std::to_string(100000000 + random.Below(899999999));
-    std::string address = random.Pick(streets) + " " + std::to_string(1 + random.Below(120)) +
-                          ", " + random.Pick(towns);
-    std::string phone = "+370 " + std::to_string(600 + random.Below(100)) + " " +
-                        std::to_string(10000 + random.Below(89999));
+    // One draw a statement: the order of the draws fixes the data, and the
+    // order in which a compiler evaluates operands or arguments is its own.
+    const std::string& trade = random.Pick(trades);
+    const std::string& root = random.Pick(roots);
+    const std::string& form = random.Pick(forms);
+    const std::string name = form + " „" + root + " " + trade + "“";
+    const std::string code = std::to_string(100000000 + random.Below(899999999));
+    const std::string& town = random.Pick(towns);
+    const int house = 1 + random.Below(120);
+    const std::string address = random.Pick(streets) + " " + std::to_string(house) + ", " + town;
+    const int line = 10000 + random.Below(89999);
+    const int prefix = 600 + random.Below(100);
+    const std::string phone = "+370 " + std::to_string(prefix) + " " + std::to_string(line);
+    const int accountNo = random.Below(999999999);
+    const int check = 10 + random.Below(89);
     char account[32];
-    std::snprintf(account, sizeof account, "LT%02d7044%012d", 10 + random.Below(89),
-                  random.Below(999999999));
+    std::snprintf(account, sizeof account, "LT%02d7044%012d", check, accountNo);
     Variant parent =
         i % 10 == 0
             ? Variant::Null()
             : Variant(ids[static_cast<size_t>(random.Below(static_cast<int>(ids.size())))].second);
+    const double limit = static_cast<double>(random.Below(20) * 500);
+    const int bank = 1 + random.Below(6);
+    const int region = 1 + random.Below(10);
     firm.Reset();
     firm.BindAll(name, code, "LT" + code.substr(0, 9), address, phone, parent, i % 17 != 0,
-                 1 + random.Below(10), 1 + random.Below(6), std::string(account),
-                 static_cast<double>(random.Below(20) * 500), DateSerial(2026, 1, 2));
+                 region, bank, std::string(account), limit, DateSerial(2026, 1, 2));
     firm.Run();
   }
 }
@@ -276,11 +285,12 @@ void SeedGoods(SqliteDatabase& db) {
       char barcode[16];
       std::snprintf(barcode, sizeof barcode, "477%010u", random.Next() % 1000000000u);
       double price = std::round((0.5 + random.Below(20000) / 100.0) * 100.0) / 100.0;
+      const double vat = random.Below(10) == 0 ? 9.0 : 21.0;
+      const int units = services ? 8 : 1 + random.Below(7);
       good.Reset();
       good.BindAll(name, std::string(code),
                    services ? Variant::Null() : Variant(std::string(barcode)), parent, 0,
-                   services ? 1 : 0, services ? 8 : 1 + random.Below(7), price,
-                   random.Below(10) == 0 ? 9.0 : 21.0, DateSerial(2026, 1, 2));
+                   services ? 1 : 0, units, price, vat, DateSerial(2026, 1, 2));
       good.Run();
     }
   }
@@ -447,10 +457,11 @@ void SeedDocuments(SqliteDatabase& db) {
             std::snprintf(sn, sizeof sn, "SN%06d", ++serial);
             serialNo = Variant(std::string(sn));
           }
+          const Variant comment =
+              random.Below(6) == 0 ? Variant("Skubus užsakymas") : Variant::Null();
+          const auto& store = random.Pick(stores);
           line.Reset();
-          line.BindAll(id, good.id, amount, price, rest, reserved, random.Pick(stores),
-                       random.Below(6) == 0 ? Variant("Skubus užsakymas") : Variant::Null(),
-                       serialNo)
+          line.BindAll(id, good.id, amount, price, rest, reserved, store, comment, serialNo)
               .Run();
           sum += amount * price;
         }
@@ -485,21 +496,26 @@ void SeedFirmDetails(SqliteDatabase& db) {
   for (size_t i = 0; i < firms.size(); ++i) {
     if (i % 7 == 0) {
       const int from = random.Below(300);
+      const int priority = 1 + random.Below(3);
+      const Variant to = random.Below(2) == 0
+                             ? Variant::Null()
+                             : Variant(Date{DateSerial(2026, 1, 1).serial + from + 400});
+      const char* info = notes[random.Below(5)];
       note.Reset();
-      note.BindAll(firms[i], notes[random.Below(5)], Date{DateSerial(2026, 1, 1).serial + from},
-                   random.Below(2) == 0 ? Variant::Null()
-                                        : Variant(Date{DateSerial(2026, 1, 1).serial + from + 400}),
-                   "admin", 1 + random.Below(3))
+      note.BindAll(firms[i], info, Date{DateSerial(2026, 1, 1).serial + from}, to, "admin",
+                   priority)
           .Run();
     }
     if (i % 15 == 0) {
       for (int b = 1 + random.Below(2); b > 0; --b) {
         const std::string town = towns[random.Below(4)];
         branch.Reset();
+        const int tel = 2000000 + random.Below(999999);
+        const int house = 1 + random.Below(80);
+        const int code = 100 + random.Below(900);
         branch
-            .BindAll(firms[i], town + " filialas", std::to_string(100 + random.Below(900)), town,
-                     "Vilniaus g. " + std::to_string(1 + random.Below(80)),
-                     "+370 5 " + std::to_string(2000000 + random.Below(999999)),
+            .BindAll(firms[i], town + " filialas", std::to_string(code), town,
+                     "Vilniaus g. " + std::to_string(house), "+370 5 " + std::to_string(tel),
                      "info" + std::to_string(i) + "@pavyzdys.lt")
             .Run();
       }
