@@ -12,6 +12,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsDetailSchema(),
       GoodsRecordSchema(),
       GoodsRecordCascadeSchema(),
+      OtherTypesSchema(),
   };
   return parts;
 }
