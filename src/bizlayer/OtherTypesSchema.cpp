@@ -75,9 +75,14 @@ void CreateOtherTypes(SqliteDatabase& db) {
 }
 
 // A group of stock templates with one template in it: a group is not a
-// template a good's row can name.
+// template a good's row can name. The first goods group that has goods gets
+// a sales template, which its goods inherit.
 void SeedOtherTypes(SqliteDatabase& db) {
   db.Exec(
+      "INSERT INTO goods_templates (GoodID, GoodBRTemplateTypeID, BRTemplateID) SELECT g.ID, 1,"
+      " 1 FROM goods g WHERE g.GroupFlag = 1 AND EXISTS (SELECT 1 FROM goods m WHERE"
+      " m.ParentID = g.ID AND m.GroupFlag = 0) AND NOT EXISTS (SELECT 1 FROM goods_templates)"
+      " ORDER BY g.ID LIMIT 1;"
       "INSERT INTO br_templates (Name, ParentID, GroupFlag) SELECT 'Archyviniai šablonai', 0, 1"
       " WHERE NOT EXISTS (SELECT 1 FROM br_templates WHERE GroupFlag = 1);"
       "INSERT INTO br_templates (Name, ParentID, GroupFlag) SELECT 'Senas pardavimo šablonas',"
