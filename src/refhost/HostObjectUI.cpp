@@ -1,5 +1,6 @@
 #include "refhost/HostObjectUI.h"
 
+#include "host/Identifiers.h"
 #include "host/OrvelObjectBO.h"
 #include "host/OrvelServices.h"
 #include "host/OrvelWindowManager.h"
@@ -14,6 +15,21 @@ std::shared_ptr<OrvelWindow> HostObjectUI::NewCard(const std::shared_ptr<OrvelOb
   auto card = std::make_shared<HostCard>(*ui_, type_.editable, Services());
   card->SetOrvelObjectUIO(object);
   return card;
+}
+
+std::optional<OrvelMenuItems> HostObjectUI::GetMenu(const std::string& oidr, const std::string&,
+                                                    const std::string&) {
+  if (!RefersToRecord(oidr)) return std::nullopt;
+  return OrvelMenuItems{OrvelMenuItem{"Padėti &ant darbo stalo", "0", nullptr, 0}};
+}
+
+OrvelMenuResult HostObjectUI::ClickMenu(const std::string& oidr, const std::string&,
+                                        const std::string& sKey, const std::string&) {
+  if (sKey != "0" || !RefersToRecord(oidr)) return {};
+  auto object = GetOrvelObject(oidr);
+  auto card = object ? NewCard(object) : nullptr;
+  if (!card) return {};
+  return OrvelMenuResult{OrvelMenuResult::kShowWindow, Variant(card)};
 }
 
 std::shared_ptr<Recordset> HostObjectUI::GetOrvelObjectList(const std::string& oidr,

@@ -13,8 +13,9 @@ class Ui;
 
 // The reference host's own type adapter for a type of another module of the
 // suite (HostTypes): the records come from the type's business object by the
-// standard calls, the window is a HostCard. It offers no menu; the module
-// reaches it by OIDR through the object manager:
+// standard calls, the window is a HostCard. The module reaches it by OIDR
+// through the object manager; a stored record's node has one entry, "0", which
+// opens its card (the type's own node has no menu):
 //
 //   list    GetCall "Orvel_GetObjectList" '<OIDR>' (or a ready argument string)
 //   delete  ExecCall "Orvel_DeleteObject" '<OIDR>'
@@ -31,14 +32,10 @@ class HostObjectUI : public OrvelObjectUI, public std::enable_shared_from_this<H
   std::string OID() override { return std::string(type_.oid); }
   void SetOID(const std::string&) override {}
   std::string OName() override { return std::string(type_.name); }
-  std::optional<OrvelMenuItems> GetMenu(const std::string&, const std::string&,
-                                        const std::string&) override {
-    return std::nullopt;
-  }
-  OrvelMenuResult ClickMenu(const std::string&, const std::string&, const std::string&,
-                            const std::string&) override {
-    return {};
-  }
+  std::optional<OrvelMenuItems> GetMenu(const std::string& oidr, const std::string& otype,
+                                        const std::string& settings) override;
+  OrvelMenuResult ClickMenu(const std::string& oidr, const std::string& otype,
+                            const std::string& sKey, const std::string& settings) override;
   bool DragOK(const std::string&, const std::string&, const std::string&) override { return true; }
   bool DropOK(const std::string&) override { return false; }
   std::shared_ptr<Recordset> GetOrvelObjectList(const std::string& oidr, const std::string& otype,

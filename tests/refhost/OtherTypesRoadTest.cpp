@@ -269,11 +269,11 @@ struct ShownCase {
 class ShownRecordTest : public OtherTypesRoadTest,
                         public ::testing::WithParamInterface<ShownCase> {};
 
-TEST_P(ShownRecordTest, OpensOnTheDesktopAndTakesNoTyping) {
+TEST_P(ShownRecordTest, OpensFromItsMenuAndTakesNoTyping) {
   const ShownCase& c = GetParam();
   const std::string oidr = c.oid + ConcatText(Stored(c.record));
-  host_.Objects().AddToDesktop(oidr);
-  auto card = std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr));
+  auto card = OpenCard(oidr);
+  EXPECT_EQ(std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr)), card);
   ASSERT_NE(card, nullptr) << oidr;
   auto sheet = SheetOf(card);
   ASSERT_NE(sheet, nullptr);
