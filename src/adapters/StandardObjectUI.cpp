@@ -18,10 +18,20 @@ std::string ListParam(const std::string& oidr) {
 }
 }  // namespace
 
-std::string StandardObjectUI::OName() {
-  auto name = ObjectTypeName(oid_);
-  return name ? std::string(*name) : std::string();
+std::string TypeName(const std::string& oid) {
+  if (auto name = ObjectTypeName(oid)) return std::string(*name);
+  try {
+    auto services = OrvelS();
+    auto manager = services ? services->ObjectManager() : nullptr;
+    if (!manager) return {};
+    OrvelResult named = manager->Call("Orvel_GetObjectName", oid);
+    return named.Number == 0 && named.Value.IsString() ? named.Value.String() : std::string();
+  } catch (...) {
+    return {};
+  }
 }
+
+std::string StandardObjectUI::OName() { return TypeName(oid_); }
 
 std::optional<OrvelMenuItems> StandardObjectUI::GetMenu(const std::string&, const std::string&,
                                                         const std::string&) {

@@ -15,7 +15,12 @@ namespace orvel {
 //   delete  ExecCall "Orvel_DeleteObject"  Param "'<OIDR>'"
 //
 // and reads and saves records through StandardObjectUIO. It offers no menu
-// and no window; OName is the type's registered caption.
+// and no window; OName is TypeName(OID).
+// The display name of a type: its caption registered by this module, or
+// else what the host names it (host service "Orvel_GetObjectName" with the
+// OID); "" when neither names it.
+std::string TypeName(const std::string& oid);
+
 class StandardObjectUI : public OrvelObjectUI,
                          public std::enable_shared_from_this<StandardObjectUI> {
  public:

@@ -4,6 +4,7 @@
 #include <random>
 
 #include "adapters/PropertyCall.h"
+#include "adapters/StandardObjectUI.h"
 #include "common/Boundary.h"
 #include "common/Registration.h"
 #include "host/Convert.h"
@@ -44,10 +45,7 @@ std::string StandardObjectUIO::OID() {
   return ui_ ? ui_->OID() : std::string();
 }
 
-std::string StandardObjectUIO::OName() {
-  auto name = ObjectTypeName(OID());
-  return name ? std::string(*name) : std::string();
-}
+std::string StandardObjectUIO::OName() { return TypeName(OID()); }
 
 std::string StandardObjectUIO::OType() { return otype_ ? *otype_ : OID(); }
 

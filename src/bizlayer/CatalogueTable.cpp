@@ -251,6 +251,70 @@ std::vector<CatalogueTable> MakeCatalogues() {
                       Text("Name", "Pavadinimas", 100, false)};
   specs.push_back(std::move(templates));
 
+  // The types of the suite's other modules that this module's windows open
+  // by OIDR: the stock templates a good's template row and a destination
+  // name, the document groups, a firm's and a good's discounts, and the
+  // documents and contracts in a firm's and a good's lists, read only.
+  CatalogueTable stockTemplates{"O0201600", "br_templates", "StockTemplates", {}, true};
+  stockTemplates.fields = {Text("Name", "Pavadinimas", 100),
+                           Number("ParentID", "Grupė", SqlType::Integer, false, Variant(0)),
+                           Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(0))};
+  specs.push_back(std::move(stockTemplates));
+  // Every document group is a group of the documents' tree.
+  CatalogueTable documentGroups{"O1000200", "document_groups", "DocumentGroups", {}, true};
+  documentGroups.fields = {Text("Name", "Pavadinimas", 100),
+                           Number("ParentID", "Grupė", SqlType::Integer, false, Variant(0)),
+                           Number("GroupFlag", "Grupė", SqlType::Integer, false, Variant(1))};
+  specs.push_back(std::move(documentGroups));
+  // A discount of a firm (or of the firms of a group); Name, its preview,
+  // is kept by the database.
+  CatalogueTable discounts{"O1000600", "firm_discounts", "Discounts", {}, false};
+  discounts.fields = {
+      Text("DiscountTypeName", "Nuolaidos tipas", 50),
+      Text("VariantName", "Variantas", 50),
+      Number("SumFrom", "Suma nuo", SqlType::Real),
+      Number("SumTo", "Suma iki", SqlType::Real),
+      Number("Percent", "Procentas", SqlType::Real, true, Variant(0.0)),
+      Number("Valid", "Galioja", SqlType::Boolean, true, Variant(true)),
+      Number("FirmID", "Įmonė", SqlType::Integer, false),
+      Text("GoodName", "Paveldėta iš grupės", 100, false),
+      Text("Name", "Pavadinimas", 100, false),
+  };
+  specs.push_back(std::move(discounts));
+  auto documents = [&](const char* oid, const char* view, const char* structure) {
+    CatalogueTable kind{oid, view, structure, {}, false};
+    kind.fields = {Text("DocName", "Dokumentas", 50),
+                   Text("Number", "Dok. Nr.", 20),
+                   Number("DocDate", "Data", SqlType::Date),
+                   Text("FirmName", "Įmonė", 100),
+                   Number("Suma", "Suma", SqlType::Real),
+                   Number("Debt", "Skola", SqlType::Real),
+                   Text("Name", "Pavadinimas", 80, false)};
+    kind.view = std::string(
+                    "SELECT d.ID, d.DocName, d.Number, d.DocDate, f.Name AS FirmName, d.Suma,"
+                    " d.Debt, d.DocName || ' ' || d.Number AS Name FROM documents d"
+                    " LEFT JOIN firms f ON f.ID = d.FirmID WHERE d.OType = '") +
+                oid + "'";
+    specs.push_back(std::move(kind));
+  };
+  documents("O1000100", "document_invoices", "Invoices");
+  documents("O1000300", "document_advances_received", "AdvancesReceived");
+  documents("O1000400", "document_advances_paid", "AdvancesPaid");
+  CatalogueTable contracts{"O1001000", "document_contracts", "Contracts", {}, false};
+  contracts.fields = {Text("ContractNumber", "Numeris", 30),
+                      Number("DateFrom", "Galioja nuo", SqlType::Date),
+                      Number("DateTo", "Galioja iki", SqlType::Date),
+                      Number("SumA", "Suma", SqlType::Real),
+                      Text("State", "Būklė", 30),
+                      Text("Responsible", "Vadybininkas", 100),
+                      Text("FirmName", "Įmonė", 100),
+                      Text("Name", "Pavadinimas", 80, false)};
+  contracts.view =
+      "SELECT c.ID, c.ContractNumber, c.DateFrom, c.DateTo, c.SumA, c.State, c.Responsible,"
+      " f.Name AS FirmName, 'Sutartis ' || c.ContractNumber AS Name FROM firm_contracts c"
+      " LEFT JOIN firms f ON f.ID = c.FirmID WHERE c.OType = 'O1001000'";
+  specs.push_back(std::move(contracts));
+
   return specs;
 }
 

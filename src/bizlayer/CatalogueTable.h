@@ -42,6 +42,11 @@ struct CatalogueTable {
   // row ("VatRate AS VAT"): what the module reads under another name. They
   // are never written.
   std::vector<std::string> derived = {};
+  // A catalogue over records that other tables keep (a document, a
+  // contract): the SELECT of its view, which the schema part of the suite's
+  // other types makes; its records are read, never written. Empty for a
+  // catalogue with a table of its own.
+  std::string view = {};
 
   const CatalogueField* Field(const std::string& name) const;  // case-insensitive
 };

@@ -39,6 +39,8 @@ bool Holds(const std::vector<std::string>& columns, const std::string& name) {
   return false;
 }
 
+}  // namespace
+
 // Adds the columns of the catalogue that the table lacks. The table keeps
 // its rows, IDs and constraints: the columns the previous version made NOT
 // NULL are the ones the goods card's dialog will not write without.
@@ -61,19 +63,21 @@ void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue) {
 
 // The card's fields, written again: a file whose table existed before its
 // catalogue has no description of them.
-void Describe(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue) {
   auto clear = db.Prepare("DELETE FROM field_descriptions WHERE StructureName = ?");
   clear.Bind(1, Variant(catalogue.structureName));
   clear.Run();
   DescribeCatalogue(db, catalogue);
 }
 
+namespace {
+
 void CreateGoodsRecordTables(SqliteDatabase& db) {
   for (const char* oid : kRecordTypes) {
     const CatalogueTable* catalogue = CatalogueOf(oid);
     if (!catalogue) continue;
     AddMissingColumns(db, *catalogue);
-    Describe(db, *catalogue);
+    DescribeAgain(db, *catalogue);
   }
   // The price types a price names by GoodPriceTypeID; the names the prices
   // already carry become types of their own.
@@ -207,7 +211,7 @@ void CreateGoodsMeasureTables(SqliteDatabase& db) {
     const CatalogueTable* catalogue = CatalogueOf(oid);
     if (!catalogue) continue;
     AddMissingColumns(db, *catalogue);
-    Describe(db, *catalogue);
+    DescribeAgain(db, *catalogue);
   }
   db.Exec(
       "UPDATE measures SET ParentID = 0 WHERE ParentID IS NULL;"

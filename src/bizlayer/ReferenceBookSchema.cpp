@@ -16,8 +16,10 @@ namespace {
 void CreateTemplateTables(SqliteDatabase& db) {
   db.Exec(
       "CREATE TABLE br_template_types (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);"
-      "CREATE TABLE br_templates (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT NOT NULL);"
-      "CREATE TABLE document_groups (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT NOT NULL);"
+      "CREATE TABLE IF NOT EXISTS br_templates (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " Name TEXT NOT NULL);"
+      "CREATE TABLE IF NOT EXISTS document_groups (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " Name TEXT NOT NULL);"
       "CREATE TABLE destination_templates (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " DestinationID INTEGER NOT NULL REFERENCES book_destinations(ID) ON DELETE CASCADE,"
       " TemplateTypeID INTEGER NOT NULL REFERENCES br_template_types(ID),"

@@ -8,6 +8,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaPart.h"
+#include "bizlayer/SchemaParts.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "host/Convert.h"
 
@@ -34,6 +35,16 @@ class SampleRandom {
 };
 
 void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
+  if (!catalogue.view.empty()) {
+    // Read only: a write is refused with its reason, as the bookkeeper reads it.
+    db.Exec("CREATE VIEW " + catalogue.name + " AS " + catalogue.view);
+    for (const char* event : {"INSERT", "UPDATE", "DELETE"}) {
+      db.Exec("CREATE TRIGGER " + catalogue.name + "_" + event + " INSTEAD OF " + event + " ON " +
+              catalogue.name + " BEGIN SELECT RAISE(ABORT, 'Šie įrašai tik skaitomi'); END");
+    }
+    DescribeAgain(db, catalogue);
+    return;
+  }
   std::string sql = "CREATE TABLE " + catalogue.name + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
   for (const auto& field : catalogue.fields) {
     sql += ", " + field.name + " " + SqlTypeName(field.type);
@@ -414,7 +425,7 @@ void SeedDocuments(SqliteDatabase& db) {
   };
   const Kind kinds[] = {
       {"O1000100", "PVM sąskaita faktūra", "PSF", "240", 1, 1, true},
-      {"O1000200", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
+      {"O1000100", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
       {"O1000300", "Gautas avansas", "AVG", "460", -1, 3, false},
       {"O1000400", "Sumokėtas avansas", "AVS", "220", 1, 4, false},
   };
@@ -579,7 +590,8 @@ void SeedReferenceBooks(SqliteDatabase& db) {
 }
 
 bool TableExists(SqliteDatabase& db, const std::string& table) {
-  auto exists = db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type = 'table' AND name = ?");
+  auto exists =
+      db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ?");
   exists.Bind(1, Variant(table));
   exists.Step();
   return exists.Column(0).NumberValue() != 0;

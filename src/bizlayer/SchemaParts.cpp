@@ -16,6 +16,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       DocumentDebtSignSchema(),
       GoodsMeasureSchema(),
       GoodsSaleLotSchema(),
+      OtherTypesSchema(),
   };
   return parts;
 }

@@ -4,6 +4,8 @@
 
 namespace orvel {
 
+struct CatalogueTable;
+
 // The parts of the reference schema, each defined beside the calls that read
 // it. Declarations are only ever appended.
 
@@ -26,5 +28,15 @@ SchemaPart DocumentDebtSignSchema();
 SchemaPart GoodsMeasureSchema();
 // A sale line names the purchase line it was taken from.
 SchemaPart GoodsSaleLotSchema();
+
+// The suite's other types that the module opens: stock templates, document
+// groups, discounts, documents and contracts.
+SchemaPart OtherTypesSchema();
+
+// For parts over tables made before their catalogue: the catalogue's columns
+// a table lacks are added (a missing table is made), and its card is
+// described again.
+void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue);
+void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue);
 
 }  // namespace orvel

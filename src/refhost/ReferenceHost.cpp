@@ -61,6 +61,7 @@ bool ReferenceHost::Start(const Options& options, std::string& error) {
   services_ = std::make_shared<ReferenceServices>(std::make_shared<ReferenceMainForm>(catalogue_),
                                                   objects_, windows_, rights, environment);
   objects_->SetServices(services_);
+  objects_->SetUi(ui_);
   hostClasses_->SetObjectManager(objects_);
 
   module_->Attach(hostClasses_, ui_);

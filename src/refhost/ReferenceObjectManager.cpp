@@ -3,13 +3,16 @@
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
+#include "host/MemoryRecordset.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
 #include "host/Recordset.h"
 #include "module/OrvelModule.h"
 #include "host/OrvelEnvironment.h"
 #include "host/OrvelServices.h"
+#include "refhost/HostObjectUI.h"
 #include "refhost/HostPeriod.h"
+#include "refhost/HostTypes.h"
 #include "refhost/Prompter.h"
 
 namespace orvel {
@@ -19,8 +22,12 @@ std::shared_ptr<OrvelObjectUI> ReferenceObjectManager::GetOrvelObjectUI(const st
   if (auto it = adapters_.find(key); it != adapters_.end()) return it->second;
   if (key.size() != 8 || key[0] != 'O') return nullptr;
   try {
-    auto adapter =
-        std::dynamic_pointer_cast<OrvelObjectUI>(module_.CreateObject("UI" + key.substr(1)));
+    std::shared_ptr<OrvelObjectUI> adapter;
+    if (const HostType* type = HostTypeOf(key)) {
+      adapter = std::make_shared<HostObjectUI>(*type, ui_);
+    } else {
+      adapter = std::dynamic_pointer_cast<OrvelObjectUI>(module_.CreateObject("UI" + key.substr(1)));
+    }
     if (!adapter) return nullptr;
     adapter->SetOID(key);
     adapter->SetBO(layer_.BusinessObject(key));
@@ -63,6 +70,7 @@ OrvelResult ReferenceObjectManager::ExecCommand(const std::string& name, Variant
 
 OrvelResult ReferenceObjectManager::Call(const std::string& name, const std::string& param) {
   if (name == "OrvelGroupSelect") return GroupSelect(param);
+  if (name == "Orvel_GetObjectName") return TypeName(param);
   if (name == "GetOldPeriod" || name == "GetNewPeriod") {
     auto services = services_.lock();
     auto environment = services ? services->Environment() : nullptr;
@@ -104,6 +112,21 @@ OrvelResult ReferenceObjectManager::GroupSelect(const std::string& param) {
     while (!rs->IsEOF()) rs->MoveNext();
   }
   return OrvelResult{0, "", Variant(rs)};
+}
+
+OrvelResult ReferenceObjectManager::TypeName(const std::string& oid) {
+  if (const HostType* type = HostTypeOf(oid)) {
+    return OrvelResult{0, "", Variant(std::string(type->name))};
+  }
+  if (auto books = layer_.BusinessObject("O0001600")) {
+    try {
+      auto rs = books->Query("SELECT Name FROM reference_books WHERE BookOID = ?", {Variant(oid)});
+      if (rs->RecordCount() > 0) return OrvelResult{0, "", rs->Fields("Name").Value()};
+    } catch (const std::exception&) {
+      // An unreadable book list names nothing.
+    }
+  }
+  return OrvelResult{5, "Nežinomas objekto tipas: " + oid, Variant()};
 }
 
 }  // namespace orvel

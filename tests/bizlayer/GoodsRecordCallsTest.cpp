@@ -477,6 +477,8 @@ void MakePreviousVersionFile(const std::string& path) {
   ReferenceDatabase::CreateSchema(db);
   db.Exec(
       "DROP TABLE goods_prices; DROP TABLE goods_min_amounts; DROP TABLE goods_templates;"
+      "DROP VIEW document_invoices; DROP VIEW document_advances_received;"
+      "DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
       "DELETE FROM field_descriptions WHERE StructureName IN ('GoodPrices', 'GoodMinAmounts',"
       " 'GoodBRTemplates');"
       "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"

@@ -55,6 +55,8 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
         "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name IN"
         " ('goods-records-follow-their-good', 'goods-measure-rows-and-units-book');"
         " DROP TRIGGER goods_vat_update; DROP TRIGGER goods_vat_rate_update;"
+        " DROP VIEW document_invoices; DROP VIEW document_advances_received;"
+        " DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
         " DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
         " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
         " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
