@@ -6,6 +6,7 @@
 #include "bizlayer/SqliteError.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/MemoryRecordset.h"
+#include "host/RuntimeError.h"
 
 namespace orvel {
 
@@ -32,12 +33,28 @@ void BusinessLayer::AddReferenceBookCalls() {
         " ORDER BY Name",
         {});
   });
-  // The locations' list call names the user first: '<user>', '<OIDR>'.
-  auto& locations = *objects_.at("O0001605");
-  locations.OnRead("Orvel_GetObjectList", [&locations](const TableBusinessObject::Args& args) {
-    TableBusinessObject::Args list(args.begin() + (args.size() > 1 ? 1 : 0), args.end());
-    return locations.GetObjectList(list);
-  });
+  // A book lists a node: '<OIDR>'. Its search sends the typed text first:
+  // '<text>','<OIDR>', and finds in the whole book when the OIDR is the
+  // book's own, in the group otherwise. The locations' calls name the user
+  // before the rest: '<user>','<OIDR>' and '<user>','<text>','<OIDR>'.
+  for (auto& [oid, object] : objects_) {
+    if (oid.rfind("O00016", 0) != 0 || oid == "O0001600") continue;
+    const bool withUser = oid == "O0001605";
+    TableBusinessObject& book = *object;
+    book.OnRead("Orvel_GetObjectList", [&book, withUser](const TableBusinessObject::Args& args) {
+      const size_t first = withUser && !args.empty() ? 1 : 0;
+      const size_t count = args.size() - first;
+      if (count == 0) return book.GetObjectList(book.Catalogue().oid, "", {});
+      if (count == 1) return book.GetObjectList(args[first], "", {});
+      if (count > 2) {
+        throw RuntimeError(TableBusinessObject::kBadCall,
+                           withUser ? "laukta '<vartotojas>'[,'<tekstas>'],'<OIDR>'"
+                                    : "laukta ['<tekstas>',]'<OIDR>'");
+      }
+      const std::string& node = args[first + 1];
+      return book.GetObjectList(node == book.Catalogue().oid ? "" : node, args[first], {});
+    });
+  }
 }
 
 BusinessLayer::~BusinessLayer() = default;

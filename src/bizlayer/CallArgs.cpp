@@ -31,23 +31,21 @@ const std::string& At(const std::vector<std::string>& args, size_t index) {
   return index < args.size() ? args[index] : none;
 }
 
-void Require(const std::vector<std::string>& args, size_t count, const std::string&,
-             const char* expected) {
+void Require(const std::vector<std::string>& args, size_t count, const char* expected) {
   if (args.size() < count) {
     throw RuntimeError(TableBusinessObject::kBadCall,
                        std::string("per mažai parametrų, laukta ") + expected);
   }
 }
 
-void RequireExactly(const std::vector<std::string>& args, size_t count, const std::string&,
-                    const char* expected) {
+void RequireExactly(const std::vector<std::string>& args, size_t count, const char* expected) {
   if (args.size() != count) {
     throw RuntimeError(TableBusinessObject::kBadCall,
                        std::string("neteisingas parametrų skaičius, laukta ") + expected);
   }
 }
 
-int64_t Integer(const std::string& text, const std::string&, const char* what) {
+int64_t Integer(const std::string& text, const char* what) {
   std::string_view view = Trimmed(text);
   int64_t value = 0;
   auto [end, ec] = std::from_chars(view.data(), view.data() + view.size(), value);
@@ -57,12 +55,12 @@ int64_t Integer(const std::string& text, const std::string&, const char* what) {
   return value;
 }
 
-double Number(const std::string& text, const std::string&, const char* what) {
+double Number(const std::string& text, const char* what) {
   std::string_view view = Trimmed(text);
   if (!view.empty() && view.front() == '+') view.remove_prefix(1);
   double value = 0;
   auto [end, ec] =
-      std::from_chars(view.data(), view.data() + view.size(), value, std::chars_format::fixed);
+      std::from_chars(view.data(), view.data() + view.size(), value, std::chars_format::general);
   if (view.empty() || ec != std::errc() || end != view.data() + view.size() ||
       !std::isfinite(value)) {
     Fail(what, text);
@@ -70,7 +68,7 @@ double Number(const std::string& text, const std::string&, const char* what) {
   return value;
 }
 
-Date Day(const std::string& text, const std::string&, const char* what) {
+Date Day(const std::string& text, const char* what) {
   std::string_view view = Trimmed(text);
   if (auto day = ParseDate(view)) return Date{std::floor(day->serial)};
   // A date with its time ("2026-11-23 14:05:00"): the day part counts.
@@ -82,17 +80,15 @@ Date Day(const std::string& text, const std::string&, const char* what) {
 
 Variant IdOrNull(const std::optional<int64_t>& id) { return id ? Variant(*id) : Variant::Null(); }
 
-std::optional<int64_t> OptionalRecord(const TableBusinessObject& object, const std::string& oidr,
-                                      const std::string&) {
+std::optional<int64_t> OptionalRecord(const TableBusinessObject& object, const std::string& oidr) {
   if (oidr.empty() || oidr == object.Catalogue().oid) return std::nullopt;
   if (auto id = object.IdOf(oidr)) return id;
   throw RuntimeError(TableBusinessObject::kBadCall,
                      "[" + oidr + "] nėra " + object.Catalogue().oid + " įrašas");
 }
 
-int64_t Record(const TableBusinessObject& object, const std::string& oidr,
-               const std::string& call) {
-  if (auto id = OptionalRecord(object, oidr, call)) return *id;
+int64_t Record(const TableBusinessObject& object, const std::string& oidr) {
+  if (auto id = OptionalRecord(object, oidr)) return *id;
   throw RuntimeError(TableBusinessObject::kBadCall,
                      "laukta " + object.Catalogue().oid + " įrašo OIDR, gauta [" + oidr + "]");
 }

@@ -33,7 +33,7 @@ void AddCurrencyCalls(TableBusinessObject& currencies) {
   // rate stored on or before it; the base currency 1, a fixed one its fixed
   // rate, a floating one without any rate yet Null.
   currencies.OnRead("GetCurrencyList", [&currencies](const Args& args) {
-    const Date day = callargs::Day(At(args, 0), "GetCurrencyList", "the date");
+    const Date day = callargs::Day(At(args, 0), "data");
     return currencies.Query(
         "SELECT " + CurrencyColumns() + ", CASE WHEN c.Code = " + kBaseCode +
             " THEN 1.0 WHEN c.FixedRate > 0 THEN c.FixedRate ELSE"
@@ -55,9 +55,9 @@ void AddCurrencyCalls(TableBusinessObject& currencies) {
   // 'from','to': the day rates of every currency in the period, by code and
   // day; the card keeps the rows of its own code.
   currencies.OnRead("GetCurrencyRates", [&currencies](const Args& args) {
-    Require(args, 2, "GetCurrencyRates", "'<from>','<to>'");
-    const Date from = callargs::Day(args[0], "GetCurrencyRates", "the first day");
-    const Date to = callargs::Day(args[1], "GetCurrencyRates", "the last day");
+    Require(args, 2, "'<nuo>','<iki>'");
+    const Date from = callargs::Day(args[0], "pirma diena");
+    const Date to = callargs::Day(args[1], "paskutinė diena");
     return currencies.Query(
         "SELECT c.Code, r.RateDate AS DateD, r.Rate, 'O0002200' || c.ID AS OIDR"
         " FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"
@@ -70,9 +70,9 @@ void AddCurrencyCalls(TableBusinessObject& currencies) {
   // one have no day rates; a rate must be above zero.
   currencies.OnAction("SaveDayRate", [&currencies](const Args& args, Variant::Array&) {
     // Exactly three: a rate written with a decimal comma would split in two.
-    callargs::RequireExactly(args, 3, "SaveDayRate", "'<code>','<date>',<rate>");
-    const Date day = callargs::Day(args[1], "SaveDayRate", "the date");
-    const double rate = callargs::Number(args[2], "SaveDayRate", "the rate");
+    callargs::RequireExactly(args, 3, "'<kodas>','<data>',<kursas>");
+    const Date day = callargs::Day(args[1], "data");
+    const double rate = callargs::Number(args[2], "kursas");
     if (!(rate > 0)) {
       throw RuntimeError(TableBusinessObject::kBadCall,
                          "SaveDayRate: kursas turi būti didesnis už nulį: " + args[2]);

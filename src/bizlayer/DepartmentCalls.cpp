@@ -29,10 +29,10 @@ constexpr int32_t kUserMessage = 777;
 std::optional<int64_t> Reference(const std::string& oidr, const char* oid, const char* what) {
   if (oidr.empty()) return std::nullopt;
   if (oidr.size() > 8 && oidr.compare(0, 8, oid) == 0) {
-    return callargs::Integer(oidr.substr(8), kSaveCall, what);
+    return callargs::Integer(oidr.substr(8), what);
   }
   throw RuntimeError(TableBusinessObject::kBadCall,
-                     std::string(kSaveCall) + ": " + what + " is not a reference: " + oidr);
+                     std::string("neteisinga nuoroda: ") + what + " [" + oidr + "]");
 }
 
 bool Exists(TableBusinessObject& object, const std::string& table, int64_t id) {
@@ -62,7 +62,7 @@ std::vector<int64_t> Lineage(TableBusinessObject& destinations, int64_t id) {
 // ID2 the row), else the nearest group's (ID Null, ID2 the group's row), else
 // an empty row of the type (ID and ID2 Null).
 std::shared_ptr<Recordset> Templates(TableBusinessObject& destinations, const Args& args) {
-  auto id = callargs::OptionalRecord(destinations, At(args, 0), "GetBRTemplates");
+  auto id = callargs::OptionalRecord(destinations, At(args, 0));
   auto out = std::make_shared<MemoryRecordset>(std::vector<std::string>{
       "TemplateTypeOIDR", "TemplateTypeName", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
       "DocumentGroupName", "DocumentGroupOIDR"});
@@ -105,18 +105,18 @@ std::shared_ptr<Recordset> Templates(TableBusinessObject& destinations, const Ar
 // references delete it (or, with ID 0, do nothing). A document group needs a
 // template; one type takes one template per document group.
 void SaveTemplates(TableBusinessObject& destinations, const Args& args) {
-  callargs::RequireExactly(args, 5, kSaveCall,
-                           "'<destination>','<type>','<template>','<document group>',<ID>");
-  auto destination = callargs::OptionalRecord(destinations, args[0], kSaveCall);
+  callargs::RequireExactly(args, 5,
+                           "'<paskirtis>','<tipas>','<šablonas>','<dokumentų grupė>',<ID>");
+  auto destination = callargs::OptionalRecord(destinations, args[0]);
   if (!destination) Refuse("Pirmiausia įrašykite tikslą.");
   if (!Exists(destinations, "book_destinations", *destination)) {
     throw RuntimeError(TableBusinessObject::kRecordNotFound,
                        std::string(kSaveCall) + ": nėra tikslo " + args[0]);
   }
-  auto type = Reference(args[1], kTemplateTypes, "the template type");
-  auto brTemplate = Reference(args[2], kTemplates, "the template");
-  auto group = Reference(args[3], kDocumentGroups, "the document group");
-  const int64_t rowId = callargs::Integer(args[4], kSaveCall, "the row's ID");
+  auto type = Reference(args[1], kTemplateTypes, "šablono tipas");
+  auto brTemplate = Reference(args[2], kTemplates, "šablonas");
+  auto group = Reference(args[3], kDocumentGroups, "dokumentų grupė");
+  const int64_t rowId = callargs::Integer(args[4], "eilutės ID");
   if (!type || !Exists(destinations, "br_template_types", *type)) {
     Refuse("Nežinomas šablono tipas: " + args[1]);
   }

@@ -18,7 +18,7 @@ using callargs::Require;
 
 // A firm or group that must exist for the call to mean anything.
 int64_t ExistingFirm(TableBusinessObject& firms, const std::string& oidr, const std::string& call) {
-  const int64_t id = Record(firms, oidr, call);
+  const int64_t id = Record(firms, oidr);
   auto rs = firms.Query("SELECT COUNT(*) FROM firms WHERE ID = ?", {Variant(id)});
   if (rs->Fields().Item(0).Value().NumberValue() == 0) {
     throw RuntimeError(TableBusinessObject::kRecordNotFound, "Įrašas nerastas: " + oidr);
@@ -47,8 +47,8 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // 'OIDR','code': how many other firms carry the code. Blanks around a code
   // do not make it another code. A group never counts, nor the firm itself.
   firms.OnRead("CheckCode", [&firms](const Args& args) {
-    Require(args, 2, "CheckCode", "'<OIDR>','<code>'");
-    auto own = OptionalRecord(firms, args[0], "CheckCode");
+    Require(args, 2, "'<OIDR>','<kodas>'");
+    auto own = OptionalRecord(firms, args[0]);
     return firms.Query(
         "SELECT COUNT(*) AS Exist FROM firms WHERE GroupFlag = 0 AND TRIM(Code) = TRIM(?)"
         " AND ID IS NOT ?",
@@ -57,8 +57,8 @@ void AddFirmCalls(TableBusinessObject& firms) {
 
   // 'OIDR': how many branches the firm has.
   firms.OnRead("CheckBranch", [&firms](const Args& args) {
-    Require(args, 1, "CheckBranch", "'<OIDR>'");
-    auto id = OptionalRecord(firms, args[0], "CheckBranch");
+    Require(args, 1, "'<OIDR>'");
+    auto id = OptionalRecord(firms, args[0]);
     return firms.Query("SELECT COUNT(*) AS Exist FROM firm_branches WHERE FirmID = ?",
                        {IdOrNull(id)});
   });
@@ -66,7 +66,7 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // OIDR: the documents of the firm, or of every firm under a group; a new
   // record (no OIDR) is used by none.
   firms.OnRead("GetFirmIsUsedInDocuments", [&firms](const Args& args) {
-    auto id = OptionalRecord(firms, At(args, 0), "GetFirmIsUsedInDocuments");
+    auto id = OptionalRecord(firms, At(args, 0));
     return firms.Query(
         "WITH RECURSIVE tree(ID) AS (SELECT ? UNION SELECT f.ID FROM firms f JOIN tree t"
         " ON f.ParentID = t.ID)"
@@ -105,7 +105,7 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // The group's ID as a bare number ("0" for the top): the type and region a
   // new firm in it starts with. No row for the top or a missing group.
   firms.OnRead("GetTypeAndRegion", [&firms](const Args& args) {
-    const int64_t parent = callargs::Integer(At(args, 0), "GetTypeAndRegion", "the group ID");
+    const int64_t parent = callargs::Integer(At(args, 0), "grupės ID");
     return firms.Query("SELECT FirmTypeId, RegionID FROM firms WHERE ID = ? AND GroupFlag = 1",
                        {Variant(parent)});
   });
@@ -113,9 +113,9 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // 'OIDR',<ID>: the firm's notes, 0 for all of them. Notes still in force
   // come first, then by priority and the newest; the window shows the first.
   firms.OnRead("GetFirmInfo", [&firms](const Args& args) {
-    Require(args, 2, "GetFirmInfo", "'<OIDR>',<note ID>");
-    const int64_t id = Record(firms, args[0], "GetFirmInfo");
-    const int64_t note = callargs::Integer(args[1], "GetFirmInfo", "the note ID");
+    Require(args, 2, "'<OIDR>',<pastabos ID>");
+    const int64_t id = Record(firms, args[0]);
+    const int64_t note = callargs::Integer(args[1], "pastabos ID");
     return firms.Query(
         "SELECT ID, Info, DateFrom, DateTo, UserName, Priority FROM firm_info"
         " WHERE FirmID = ? AND (? = 0 OR ID = ?)"
@@ -126,7 +126,7 @@ void AddFirmCalls(TableBusinessObject& firms) {
 
   // <ID>: removes one note.
   firms.OnAction("DeleteFirmInfo", [&firms](const Args& args, Variant::Array&) {
-    const int64_t note = callargs::Integer(At(args, 0), "DeleteFirmInfo", "the note ID");
+    const int64_t note = callargs::Integer(At(args, 0), "pastabos ID");
     auto stmt = firms.Database().Prepare("DELETE FROM firm_info WHERE ID = ?");
     stmt.Bind(1, Variant(note));
     stmt.Run();
@@ -138,8 +138,8 @@ void AddFirmCalls(TableBusinessObject& firms) {
 
   // OIDR of a group (the type's OID for the top): its members, groups first.
   firms.OnRead("GetFirms", [&firms](const Args& args) {
-    Require(args, 1, "GetFirms", "<OIDR>");
-    auto parent = OptionalRecord(firms, args[0], "GetFirms");
+    Require(args, 1, "<OIDR>");
+    auto parent = OptionalRecord(firms, args[0]);
     return firms.Query(
         "SELECT 'O0000100' || f.ID AS OIDR, f.Name AS Preview, f.GroupFlag, f.Code,"
         " f.Address AS Street, r.Name AS RegionName, f.Phone AS Tel, NULL AS Fax,"
@@ -151,10 +151,10 @@ void AddFirmCalls(TableBusinessObject& firms) {
 
   // 'OIDR','from','to': the firm's documents of the period, oldest first.
   firms.OnRead("GetTraffic", [&firms](const Args& args) {
-    Require(args, 3, "GetTraffic", "'<OIDR>','<from>','<to>'");
-    const int64_t id = Record(firms, args[0], "GetTraffic");
-    const Date from = callargs::Day(args[1], "GetTraffic", "the first day");
-    const Date to = callargs::Day(args[2], "GetTraffic", "the last day");
+    Require(args, 3, "'<OIDR>','<nuo>','<iki>'");
+    const int64_t id = Record(firms, args[0]);
+    const Date from = callargs::Day(args[1], "pirma diena");
+    const Date to = callargs::Day(args[2], "paskutinė diena");
     return firms.Query(
         "SELECT OType || ID AS OIDR, OType, DocName, Number, DocDate AS \"Date\", Suma, Debt,"
         " Sign, GID FROM documents WHERE FirmID = ? AND DocDate >= ? AND DocDate <= ?"
@@ -165,8 +165,8 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // 'OIDR','text': the goods on the firm's documents whose name holds the
   // text, one row per document line.
   firms.OnRead("GetFindGoods", [&firms](const Args& args) {
-    Require(args, 1, "GetFindGoods", "'<OIDR>','<text>'");
-    const int64_t id = Record(firms, args[0], "GetFindGoods");
+    Require(args, 1, "'<OIDR>','<tekstas>'");
+    const int64_t id = Record(firms, args[0]);
     return firms.Query(
         "SELECT d.OType || d.ID || '.' || l.ID AS GOIDR, d.OType || d.ID AS DocOIDR, d.OType,"
         " g.Name AS GoodName, l.Comment, d.Number, d.DocDate AS \"Date\", l.Amount,"

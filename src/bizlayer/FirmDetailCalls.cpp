@@ -20,8 +20,8 @@ using callargs::At;
 
 // The firm a list is asked for; it must be a stored firm or group.
 int64_t ListedFirm(TableBusinessObject& firms, const Args& args, const std::string& call) {
-  callargs::RequireExactly(args, 1, call, "<OIDR>");
-  const int64_t id = callargs::Record(firms, args[0], call);
+  callargs::RequireExactly(args, 1, "<OIDR>");
+  const int64_t id = callargs::Record(firms, args[0]);
   auto rs = firms.Query("SELECT COUNT(*) FROM firms WHERE ID = ?", {Variant(id)});
   if (rs->Fields().Item(0).Value().NumberValue() == 0) {
     throw RuntimeError(TableBusinessObject::kRecordNotFound, "Įrašas nerastas: " + args[0]);
@@ -55,24 +55,24 @@ Date CompactDay(const std::string& text, const char* what) {
       if (m == month && d == day) return date;
     }
   }
-  throw RuntimeError(TableBusinessObject::kBadCall, std::string("AddUpdateFirmInfo: ") + what +
-                                                        " is not a day (yyyymmdd): '" + text + "'");
+  throw RuntimeError(TableBusinessObject::kBadCall,
+                     std::string("neteisinga diena (yyyymmdd): ") + what + " [" + text + "]");
 }
 
 // <ID>,'<text>','<from>',<'to' or Null>,<firm ID>,<user ID>,<priority>: writes
 // a note, a new one for ID 0. The author is the user of that ID.
 void AddUpdateFirmInfo(TableBusinessObject& firms, const Args& args) {
   constexpr const char* kCall = "AddUpdateFirmInfo";
-  callargs::RequireExactly(args, 7, kCall,
-                           "<ID>,'<text>','<yyyymmdd>',<'yyyymmdd' or Null>,<firm ID>,<user ID>,"
-                           "<priority>");
-  const int64_t note = callargs::Integer(args[0], kCall, "the note ID");
+  callargs::RequireExactly(args, 7,
+                           "<ID>,'<tekstas>','<yyyymmdd>',<'yyyymmdd' arba Null>,<įmonės ID>,<vartotojo ID>,"
+                           "<prioritetas>");
+  const int64_t note = callargs::Integer(args[0], "pastabos ID");
   const std::string& text = args[1];
-  const Date from = CompactDay(args[2], "the first day");
-  const Variant to = args[3] == "Null" ? Variant::Null() : Variant(CompactDay(args[3], "the end"));
-  const int64_t firm = callargs::Integer(args[4], kCall, "the firm ID");
-  const int64_t user = callargs::Integer(args[5], kCall, "the user ID");
-  const int64_t priority = callargs::Integer(args[6], kCall, "the priority");
+  const Date from = CompactDay(args[2], "pirma diena");
+  const Variant to = args[3] == "Null" ? Variant::Null() : Variant(CompactDay(args[3], "pabaiga"));
+  const int64_t firm = callargs::Integer(args[4], "įmonės ID");
+  const int64_t user = callargs::Integer(args[5], "vartotojo ID");
+  const int64_t priority = callargs::Integer(args[6], "prioritetas");
   if (note < 0) {
     throw RuntimeError(TableBusinessObject::kBadCall, "AddUpdateFirmInfo: a note ID below 0");
   }

@@ -43,14 +43,14 @@ GroupChange ReadGroupChange(const std::string& call, const Variant::Array& array
                        call + ": expected <ID>,<0|1>,<value>, got [" + text + "]");
   }
   GroupChange change;
-  change.id = callargs::Integer((*args)[0], call, "the group ID");
-  const int64_t chk = callargs::Integer((*args)[1], call, "the subgroups flag");
+  change.id = callargs::Integer((*args)[0], "grupės ID");
+  const int64_t chk = callargs::Integer((*args)[1], "pogrupių požymis");
   if (chk != 0 && chk != 1) {
     throw RuntimeError(TableBusinessObject::kBadCall,
                        call + ": the subgroups flag is 0 or 1, got [" + (*args)[1] + "]");
   }
   change.withSubGroups = chk == 1;
-  change.value = callargs::Number((*args)[2], call, "the value");
+  change.value = callargs::Number((*args)[2], "reikšmė");
   return change;
 }
 
@@ -82,7 +82,7 @@ void ApplyGroupChange(TableBusinessObject& goods, const std::string& call,
 void Append(MemoryRecordset& rs, Recordset& more) {
   const int count = more.Fields().Count();
   if (count != rs.Fields().Count()) {
-    throw RuntimeError(TableBusinessObject::kDatabaseError, "the summary row does not fit");
+    throw RuntimeError(TableBusinessObject::kDatabaseError, "suvestinės eilutės stulpeliai nesutampa");
   }
   for (more.MoveFirst(); !more.IsEOF(); more.MoveNext()) {
     std::vector<Variant> row;
@@ -98,11 +98,12 @@ void Append(MemoryRecordset& rs, Recordset& more) {
 void AddGoodsCalls(TableBusinessObject& goods) {
   // <ParentID> ("", "0" for the top): the parent's code and the highest code
   // under it, as texts. The highest is the longest, then the greatest, so that
-  // "0100" comes above "99".
+  // "0100" comes above "99". A good without a parent is asked for by its own
+  // OIDR (an empty parameter is replaced by it on the way), which is the top.
   goods.OnRead("GetStructuredCode", [&goods](const Args& args) {
     const std::string& text = At(args, 0);
-    const int64_t parent =
-        text.empty() ? 0 : callargs::Integer(text, "GetStructuredCode", "the group ID");
+    const bool top = text.empty() || text.rfind(goods.Catalogue().oid, 0) == 0;
+    const int64_t parent = top ? 0 : callargs::Integer(text, "grupės ID");
     if (parent != 0) {
       auto group = goods.Query("SELECT COUNT(*) FROM goods WHERE ID = ? AND GroupFlag = 1",
                                {Variant(parent)});
@@ -128,7 +129,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
 
   // OIDR: the document lines of the good, or of every good under a group.
   goods.OnRead("GetGoodIsUsedInDocuments", [&goods](const Args& args) {
-    auto id = OptionalRecord(goods, At(args, 0), "GetGoodIsUsedInDocuments");
+    auto id = OptionalRecord(goods, At(args, 0));
     return goods.Query(std::string(kSubtree) +
                            "SELECT COUNT(*) AS Used FROM document_lines"
                            " WHERE GoodID IN (SELECT ID FROM tree)",
@@ -165,8 +166,8 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   // The code and bar code identify a good, so the copy starts without them.
   // Answers the new record's OIDR.
   goods.OnRead("CopyGood", [&goods](const Args& args) {
-    Require(args, 2, "CopyGood", "'<OIDR>','<user ID>'");
-    const int64_t source = Record(goods, args[0], "CopyGood");
+    Require(args, 2, "'<OIDR>','<vartotojo ID>'");
+    const int64_t source = Record(goods, args[0]);
     auto kind = goods.Query("SELECT GroupFlag FROM goods WHERE ID = ?", {Variant(source)});
     if (kind->RecordCount() == 0) {
       throw RuntimeError(TableBusinessObject::kRecordNotFound, "Įrašas nerastas: " + args[0]);
@@ -207,8 +208,8 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   // 'OIDR','serial': the lines whose serial number holds the text, for the
   // good or everything under a group (the whole catalogue for its root).
   goods.OnRead("GetFindGoods", [&goods](const Args& args) {
-    Require(args, 1, "GetFindGoods", "'<OIDR>','<serial number>'");
-    auto id = OptionalRecord(goods, args[0], "GetFindGoods");
+    Require(args, 1, "'<OIDR>','<serijos numeris>'");
+    auto id = OptionalRecord(goods, args[0]);
     return goods.Query(
         std::string(kSubtree) +
             "SELECT d.OType || d.ID AS DocOIDR, l.ID AS PID, l.SerialNo AS SN, d.OType,"
@@ -226,7 +227,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   // OIDR: the purchase lots of the good that still hold a rest, oldest
   // first, then the summary row "O0000000" with the whole rest.
   goods.OnRead("GetRests", [&goods](const Args& args) {
-    const int64_t id = Record(goods, At(args, 0), "GetRests");
+    const int64_t id = Record(goods, At(args, 0));
     auto rs = goods.Query(
         "SELECT d.OType || d.ID AS OIDR, l.ID, d.DocName, d.OType, d.Number,"
         " d.DocDate AS \"Date\", f.Name AS Addressee, l.Amount, m.Code AS Measure, l.Price,"
@@ -254,7 +255,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
 
   // OIDR: the good's price list.
   goods.OnRead("GetPrices", [&goods](const Args& args) {
-    const int64_t id = Record(goods, At(args, 0), "GetPrices");
+    const int64_t id = Record(goods, At(args, 0));
     return goods.Query(
         "SELECT 'O0000600' || p.ID AS OIDR, p.ID, p.PriceType AS Preview, p.PriceType,"
         " p.Currency AS Code, p.Currency, p.Price, f.Name AS FirmName"
@@ -271,10 +272,10 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   // Cost is what a line cost us: a sale at its lot's price, or at the good's
   // average purchase price when it names no lot.
   goods.OnRead("GetTraffic", [&goods](const Args& args) {
-    Require(args, 3, "GetTraffic", "'<OIDR>','<from>','<to>'");
-    const int64_t id = Record(goods, args[0], "GetTraffic");
-    const Date from = callargs::Day(args[1], "GetTraffic", "the first day");
-    const Date to = callargs::Day(args[2], "GetTraffic", "the last day");
+    Require(args, 3, "'<OIDR>','<nuo>','<iki>'");
+    const int64_t id = Record(goods, args[0]);
+    const Date from = callargs::Day(args[1], "pirma diena");
+    const Date to = callargs::Day(args[2], "paskutinė diena");
     auto rs = goods.Query(
         "SELECT d.OType || d.ID AS OIDR, d.OType, l.ID AS SaleID, l.ID, d.DocName, d.Number,"
         " d.DocDate AS \"Date\", f.Name AS Addressee, l.Amount, m.Code AS Measure, l.Price,"
@@ -312,11 +313,20 @@ void AddGoodsCalls(TableBusinessObject& goods) {
     return rs;
   });
 
-  // <GoodID> as a bare number: every document line of the good, oldest
+  // <line ID> as a bare number: every document line of its good, oldest
   // first (Sign 0 a purchase, 1 a sale), and a closing row (Sign 2) with what
   // is left.
   goods.OnRead("GetGoodHistory", [&goods](const Args& args) {
-    const int64_t id = callargs::Integer(At(args, 0), "GetGoodHistory", "the good ID");
+    // The goods card asks from a line of its traffic: the history is the
+    // whole life of the good that line moved.
+    const int64_t line = callargs::Integer(At(args, 0), "dokumento eilutės ID");
+    auto good = goods.Query("SELECT GoodID FROM document_lines WHERE ID = ?", {Variant(line)});
+    if (good->RecordCount() == 0) {
+      throw RuntimeError(TableBusinessObject::kRecordNotFound,
+                         "Įrašas nerastas: dokumento eilutė " + std::to_string(line));
+    }
+    good->MoveFirst();
+    const int64_t id = CLng(good->Fields().Item(0).Value());
     auto rs = goods.Query(
         "SELECT d.DocName AS Name, d.OType || d.ID AS OIDR, d.OType,"
         " CASE WHEN d.Sign < 0 THEN 0 ELSE 1 END AS Sign, d.Number,"

@@ -16,7 +16,7 @@ using Args = TableBusinessObject::Args;
 
 void AddGoodList(TableBusinessObject& goods, const std::string& call, std::string sql) {
   goods.OnRead(call, [&goods, call, sql = std::move(sql)](const Args& args) {
-    const int64_t id = callargs::Record(goods, callargs::At(args, 0), call);
+    const int64_t id = callargs::Record(goods, callargs::At(args, 0));
     return goods.Query(sql, {Variant(id)});
   });
 }

@@ -234,6 +234,17 @@ OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
   if (!args) {
     return OrvelBoResult(kBadCall, BadParams(kGetObjectList, param, "'<OIDR>'[,'<text>'...]"));
   }
+  // A reference book's search sends the text first, '<text>','<node>', and
+  // looks through the whole book from the book's own node; the locations
+  // name the user before either form.
+  const std::string& oid = table_.OID();
+  if (oid.rfind("O00016", 0) == 0 && oid != "O0001600") {
+    if (oid == "O0001605" && !args->empty()) args->erase(args->begin());
+    if (args->size() == 2) {
+      std::swap((*args)[0], (*args)[1]);
+      if ((*args)[0] == oid) (*args)[0].clear();
+    }
+  }
   // A search (no OIDR) looks through the whole type, a record lists what it
   // holds, and anything else (the type's own OID) the top level.
   std::vector<int32_t> ids;

@@ -219,7 +219,7 @@ TEST_F(GoodsCallsTest, RestsListTheOpenLotsThenTheirTotal) {
 }
 
 TEST_F(GoodsCallsTest, HistoryEndsWithWhatIsLeft) {
-  auto rs = Read("O0000200", "GetGoodHistory", "2");
+  auto rs = Read("O0000200", "GetGoodHistory", "3");  // from the sale's line
   EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PIR1", "PIR2", "PSF1", ""));
   EXPECT_THAT(Column(*rs, "Sign"), ElementsAre("0", "0", "1", "2"));
   EXPECT_THAT(Column(*rs, "Amount"), ElementsAre("10", "6", "12", "4"));
@@ -411,6 +411,7 @@ INSTANTIATE_TEST_SUITE_P(
                       GoodsFailureCase{"Get", "GetStructuredCode", "x", 5},
                       GoodsFailureCase{"Get", "GetRests", "O00001002", 5},
                       GoodsFailureCase{"Get", "GetGoodHistory", "O00002002", 5},
+                      GoodsFailureCase{"Get", "GetGoodHistory", "99", 3021},
                       GoodsFailureCase{"Get", "GetTraffic", "'O00002002','2026-02-01'", 5}));
 
 }  // namespace

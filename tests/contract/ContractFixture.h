@@ -21,8 +21,9 @@ inline bool IsKind(const Variant& value, Kind kind) {
   switch (kind) {
     case Kind::Number:
       return value.Type() == VarType::Integer || value.Type() == VarType::Double;
-    case Kind::Text:
-      return value.Type() == VarType::String;
+    case Kind::Text:  // what a window shows as text: any plain value
+      return value.Type() != VarType::Empty && value.Type() != VarType::Object &&
+             value.Type() != VarType::Array;
     case Kind::Date:
       return value.Type() == VarType::Date;
     case Kind::Boolean:
