@@ -63,6 +63,18 @@ void AddFirmCalls(TableBusinessObject& firms) {
                        {IdOrNull(id)});
   });
 
+  // '<account>': what is still open on the account over every firm's
+  // documents, by the documents' sign; 0 when nothing is.
+  firms.OnRead("GetSaldoByAccountCode", [&firms](const Args& args) {
+    Require(args, 1, "'<sąskaita>'");
+    if (args[0].empty()) {
+      throw RuntimeError(TableBusinessObject::kBadCall, "nenurodyta sąskaita");
+    }
+    return firms.Query(
+        "SELECT ROUND(COALESCE(SUM(Debt * Sign), 0), 2) AS Saldo FROM documents WHERE Account = ?",
+        {Variant(args[0])});
+  });
+
   // OIDR: the documents of the firm, or of every firm under a group; a new
   // record (no OIDR) is used by none.
   firms.OnRead("GetFirmIsUsedInDocuments", [&firms](const Args& args) {

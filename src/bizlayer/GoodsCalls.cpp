@@ -224,6 +224,22 @@ void AddGoodsCalls(TableBusinessObject& goods) {
         {IdOrNull(id), Variant(At(args, 1)), IdOrNull(id)});
   });
 
+  // '<OIDR>',<0|1>: the goods (no groups) of a group, and with 1 those of
+  // its subgroups too; the goods' own OID stands for the top.
+  goods.OnRead("GetGoods", [&goods](const Args& args) {
+    Require(args, 2, "'<OIDR>',<0|1>");
+    const auto group = OptionalRecord(goods, args[0]);
+    const int64_t deep = callargs::Integer(args[1], "pogrupių požymis");
+    return goods.Query(
+        "WITH RECURSIVE tree(ID, Depth) AS (SELECT COALESCE(?1, 0), 0 UNION ALL"
+        " SELECT g.ID, t.Depth + 1 FROM goods g JOIN tree t ON COALESCE(g.ParentID, 0) = t.ID"
+        " WHERE g.GroupFlag = 1 AND ?2 <> 0)"
+        " SELECT 'O0000200' || g.ID AS OIDR, g.Name AS Preview, g.ID, g.Code, g.Name, g.Price,"
+        " g.MeasureID FROM goods g WHERE g.GroupFlag = 0"
+        " AND COALESCE(g.ParentID, 0) IN (SELECT ID FROM tree) ORDER BY g.Name, g.ID",
+        {callargs::IdOrNull(group), Variant(deep)});
+  });
+
   // OIDR: the purchase lots of the good that still hold a rest, oldest
   // first, then the summary row "O0000000" with the whole rest.
   goods.OnRead("GetRests", [&goods](const Args& args) {
