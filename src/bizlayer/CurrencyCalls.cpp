@@ -75,7 +75,7 @@ void AddCurrencyCalls(TableBusinessObject& currencies) {
     const double rate = callargs::Number(args[2], "kursas");
     if (!(rate > 0)) {
       throw RuntimeError(TableBusinessObject::kBadCall,
-                         "SaveDayRate: kursas turi būti didesnis už nulį: " + args[2]);
+                         "kursas turi būti didesnis už nulį: " + args[2]);
     }
     auto found = currencies.Query(
         std::string("SELECT c.ID, c.FixedRate > 0 OR c.Code = ") + kBaseCode +
@@ -86,7 +86,7 @@ void AddCurrencyCalls(TableBusinessObject& currencies) {
     }
     if (found->Fields().Item(1).Value().NumberValue() != 0) {
       throw RuntimeError(TableBusinessObject::kBadCall,
-                         "SaveDayRate: valiutos " + args[0] + " kursas pastovus");
+                         "valiutos " + args[0] + " kursas pastovus");
     }
     auto stmt = currencies.Database().Prepare(
         "INSERT INTO currency_rates (CurrencyID, RateDate, Rate) VALUES (?, ?, ?)"

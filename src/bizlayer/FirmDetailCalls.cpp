@@ -74,15 +74,15 @@ void AddUpdateFirmInfo(TableBusinessObject& firms, const Args& args) {
   const int64_t user = callargs::Integer(args[5], "vartotojo ID");
   const int64_t priority = callargs::Integer(args[6], "prioritetas");
   if (note < 0) {
-    throw RuntimeError(TableBusinessObject::kBadCall, "AddUpdateFirmInfo: a note ID below 0");
+    throw RuntimeError(TableBusinessObject::kBadCall, "pastabos ID negali būti neigiamas");
   }
   if (priority < 1 || priority > 3) {
     throw RuntimeError(TableBusinessObject::kBadCall,
-                       "AddUpdateFirmInfo: the priority is 1, 2 or 3, not " + args[6]);
+                       "prioritetas turi būti 1, 2 arba 3: " + args[6]);
   }
   if (!to.IsNull() && to.DateValue() < from) {
     throw RuntimeError(TableBusinessObject::kBadCall,
-                       "AddUpdateFirmInfo: the note ends before it starts");
+                       "pastaba baigiasi anksčiau, nei prasideda");
   }
   auto found = firms.Query("SELECT COUNT(*) FROM firms WHERE ID = ?", {Variant(firm)});
   if (found->Fields().Item(0).Value().NumberValue() == 0) {

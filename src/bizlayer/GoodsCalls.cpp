@@ -31,23 +31,23 @@ struct GroupChange {
   double value = 0;
 };
 
-GroupChange ReadGroupChange(const std::string& call, const Variant::Array& array) {
+GroupChange ReadGroupChange(const Variant::Array& array) {
   if (array.empty()) {
     throw RuntimeError(TableBusinessObject::kBadCall,
-                       call + ": expected the array [\"<ID>,<0|1>,<value>\"]");
+                       "laukta masyvo [\"<ID>,<0|1>,<reikšmė>\"]");
   }
   const std::string text = ConcatText(array[0]);
   auto args = SplitParams(text);
   if (!args || args->size() != 3) {
     throw RuntimeError(TableBusinessObject::kBadCall,
-                       call + ": expected <ID>,<0|1>,<value>, got [" + text + "]");
+                       "laukta <ID>,<0|1>,<reikšmė>, gauta [" + text + "]");
   }
   GroupChange change;
   change.id = callargs::Integer((*args)[0], "grupės ID");
   const int64_t chk = callargs::Integer((*args)[1], "pogrupių požymis");
   if (chk != 0 && chk != 1) {
     throw RuntimeError(TableBusinessObject::kBadCall,
-                       call + ": the subgroups flag is 0 or 1, got [" + (*args)[1] + "]");
+                       "pogrupių požymis turi būti 0 arba 1: [" + (*args)[1] + "]");
   }
   change.withSubGroups = chk == 1;
   change.value = callargs::Number((*args)[2], "reikšmė");
@@ -58,12 +58,11 @@ GroupChange ReadGroupChange(const std::string& call, const Variant::Array& array
 // group change reaches: the record itself when it is a good, its direct
 // members, or with subgroups everything under it. Fails when the record does
 // not exist; the caller's transaction then changes nothing.
-void ApplyGroupChange(TableBusinessObject& goods, const std::string& call,
-                      const GroupChange& change, const std::string& set, const Variant& value) {
+void ApplyGroupChange(TableBusinessObject& goods, const GroupChange& change, const std::string& set, const Variant& value) {
   auto found = goods.Query("SELECT COUNT(*) FROM goods WHERE ID = ?", {Variant(change.id)});
   if (found->Fields().Item(0).Value().NumberValue() == 0) {
     throw RuntimeError(TableBusinessObject::kRecordNotFound,
-                       call + ": įrašas nerastas: O0000200" + std::to_string(change.id));
+                       "Įrašas nerastas: O0000200" + std::to_string(change.id));
   }
   // ?1 the record, ?2 the value, ?3 the user.
   const std::string reach =
@@ -139,12 +138,12 @@ void AddGoodsCalls(TableBusinessObject& goods) {
   // ["<ID>,<0|1>,<percent>"]: prices change by the percent, up or down, to the
   // cent; a change below -100 % would make them negative and is refused.
   goods.OnAction("UpdateGoodsPrice", [&goods](const Args&, Variant::Array& array) {
-    GroupChange change = ReadGroupChange("UpdateGoodsPrice", array);
+    GroupChange change = ReadGroupChange(array);
     if (change.value < -100) {
       throw RuntimeError(TableBusinessObject::kBadCall,
-                         "UpdateGoodsPrice: kaina negali tapti neigiama");
+                         "kaina negali tapti neigiama");
     }
-    ApplyGroupChange(goods, "UpdateGoodsPrice", change,
+    ApplyGroupChange(goods, change,
                      "Price = ROUND(COALESCE(Price, 0) * (1 + ?2 / 100.0), 2), UpdatedByUser = ?3,"
                      " UpdateDate = datetime('now', 'localtime')",
                      Variant(change.value));
@@ -152,12 +151,12 @@ void AddGoodsCalls(TableBusinessObject& goods) {
 
   // ["<ID>,<0|1>,<months>"]: the guarantee of the goods becomes the months.
   goods.OnAction("UpdateGaranty", [&goods](const Args&, Variant::Array& array) {
-    GroupChange change = ReadGroupChange("UpdateGaranty", array);
+    GroupChange change = ReadGroupChange(array);
     if (change.value < 0) {
       throw RuntimeError(TableBusinessObject::kBadCall,
-                         "UpdateGaranty: garantija negali būti neigiama");
+                         "garantija negali būti neigiama");
     }
-    ApplyGroupChange(goods, "UpdateGaranty", change,
+    ApplyGroupChange(goods, change,
                      "Garanty = ?2, UpdatedByUser = ?3, UpdateDate = datetime('now', 'localtime')",
                      Variant(change.value));
   });
@@ -173,7 +172,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
       throw RuntimeError(TableBusinessObject::kRecordNotFound, "Įrašas nerastas: " + args[0]);
     }
     if (kind->Fields().Item(0).Value().NumberValue() != 0) {
-      throw RuntimeError(TableBusinessObject::kBadCall, "CopyGood: grupės kopijuoti negalima");
+      throw RuntimeError(TableBusinessObject::kBadCall, "grupės kopijuoti negalima");
     }
     std::string columns;
     std::string values;

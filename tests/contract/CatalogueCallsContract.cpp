@@ -15,7 +15,9 @@ namespace {
 using ::testing::HasSubstr;
 using ::testing::Not;
 
-enum class Op { GetCall, RecordsetCall, ExecCall };
+// ExecArrayCall sends "" and the case's parameter as the array's one text,
+// as the goods card's group changes do.
+enum class Op { GetCall, RecordsetCall, ExecCall, ExecArrayCall };
 
 struct Field {
   const char* name;
@@ -41,7 +43,8 @@ bool SaysWhyInLithuanian(const std::string& text, const std::string& call) {
     return false;
   }
   for (const char* english : {"expected", " got ", " the ", " is not ", " not a ", "unknown",
-                              " no ", "readable", "record of"}) {
+                              " no ", "readable", "record of",
+                              " below", " before", " got"}) {
     if (text.find(english) != std::string::npos) return false;
   }
   return true;
@@ -62,8 +65,10 @@ class CatalogueCallsContract
                std::string* text = nullptr) {
     const CallCase& c = Case();
     OrvelObjectBO& object = Engine().Object(c.oid);
-    if (c.op == Op::ExecCall) {
-      const OrvelStatus status = object.ExecCall(c.name, param, 0);
+    if (c.op == Op::ExecCall || c.op == Op::ExecArrayCall) {
+      Variant::Array array{Variant(param)};
+      const OrvelStatus status = c.op == Op::ExecCall ? object.ExecCall(c.name, param, 0)
+                                                      : object.ExecArrayCall(c.name, "", array);
       if (text) *text = status.Text;
       return status.Number;
     }
@@ -80,7 +85,7 @@ TEST_P(CatalogueCallsContract, AnswersTheFieldsTheWindowsRead) {
   std::shared_ptr<Recordset> rs;
   std::string text;
   ASSERT_EQ(Call(c.param, &rs, &text), 0) << text;
-  if (c.op == Op::ExecCall) return;
+  if (c.op == Op::ExecCall || c.op == Op::ExecArrayCall) return;
   ASSERT_NE(rs, nullptr);
   EXPECT_GE(rs->RecordCount(), c.minRows);
   for (const Field& field : c.fields) {
@@ -210,6 +215,10 @@ const std::vector<CallCase>& Calls() {
       {"O0000200", Op::GetCall, "GetGoods", "'O00002001',1",
        {{"OIDR", T}, {"Preview", T}, {"Code", T}, {"Price", N}}, 2,
        {"'O00002001'", "'O00001001',1", "'O00002001',x"}},
+      {"O0000200", Op::ExecArrayCall, "UpdateGoodsPrice", "1,1,-2.5", {}, 0,
+       {"1,2,5", "1,1", "x,0,5", "1,0,-150", "999999,0,5"}},
+      {"O0000200", Op::ExecArrayCall, "UpdateGaranty", "602,0,24", {}, 0,
+       {"602,0,-1", "602,0", "999999,1,12"}},
       {"O0000200", Op::GetCall, "GetVatFactor", "O00002002", {{"Value", N}}, 1},
       {"O0000200", Op::GetCall, "GetGoodIsUsedInDocuments", "O00002002150", {{"Used", N}}, 1,
        {"O00001002"}},
@@ -226,6 +235,10 @@ const std::vector<CallCase>& Calls() {
        {"'O00001002','1'", "'O00002001','1'"}},
       // Banks and currencies.
       {"O0000300", Op::GetCall, "GetFirms", "O00003001", {{"OIDR", T}, {"Preview", T}}, 1},
+      {"O0000300", Op::RecordsetCall, "Orvel_GetObjectStructure", "Banks",
+       {{"Name", T}, {"Caption", T}, {"Length", N}, {"xType", N}, {"Visible", N}}, 3},
+      {"O0001605", Op::GetCall, "GetStructure", "O00016051",
+       {{"Name", T}, {"Caption", T}, {"Length", N}, {"xType", N}, {"Visible", N}}, 3},
       {"O0002200", Op::GetCall, "GetCurrencyList", "'2026-11-15'",
        {{"Code", T}, {"OIDR", T}, {"State", T}, {"OneCurr", T}, {"BaseCurrency", N}, {"Rate", N},
         {"FixedRate", N}},
