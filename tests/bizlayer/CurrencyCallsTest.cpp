@@ -112,34 +112,5 @@ TEST_F(CurrencyCallsTest, SaveDayRateAddsADayAndOverwritesAnExistingOne) {
   EXPECT_EQ(One("SELECT COUNT(*) FROM currency_rates"), Variant(3));
 }
 
-struct SaveFailureCase {
-  const char* param;
-  int32_t number;
-};
-
-class SaveDayRateFailureTest : public CurrencyCallsTest,
-                               public ::testing::WithParamInterface<SaveFailureCase> {};
-
-TEST_P(SaveDayRateFailureTest, FailsWithItsNumberAndChangesNothing) {
-  const auto& c = GetParam();
-  const std::string before = Snapshot();
-  auto status = Type("O0002200").ExecCall("SaveDayRate", c.param, 0);
-  EXPECT_EQ(status.Number, c.number) << c.param << ": " << status.Text;
-  EXPECT_FALSE(status.Text.empty());
-  EXPECT_EQ(Snapshot(), before);
-}
-
-INSTANTIATE_TEST_SUITE_P(Currencies, SaveDayRateFailureTest,
-                         ::testing::Values(SaveFailureCase{"'EUR','2026-11-23',1", 5},
-                                           SaveFailureCase{"'LTL','2026-11-23',3.45", 5},
-                                           SaveFailureCase{"'XYZ','2026-11-23',1", 3021},
-                                           SaveFailureCase{"'O'B','2026-11-23',1", 3021},
-                                           SaveFailureCase{"'USD','23/11/2026',1", 5},
-                                           SaveFailureCase{"'USD','2026-11-22',0", 5},
-                                           SaveFailureCase{"'USD','2026-11-22',-1.2", 5},
-                                           SaveFailureCase{"'USD','2026-11-22',1,07", 5},
-                                           SaveFailureCase{"'USD','2026-11-22',abc", 5},
-                                           SaveFailureCase{"'USD','2026-11-22'", 5}));
-
 }  // namespace
 }  // namespace orvel

@@ -218,52 +218,6 @@ TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {
   EXPECT_EQ(One("SELECT COUNT(*) FROM firm_branches WHERE FirmID = 2"), Variant(2));
 }
 
-// Calls that fail: the Number, and the database as it was.
-struct FailureCase {
-  bool action;
-  const char* name;
-  const char* param;
-  int32_t number;
-};
-
-class FirmFailureTest : public FirmCallsTest, public ::testing::WithParamInterface<FailureCase> {};
-
-TEST_P(FirmFailureTest, FailsWithItsNumberAndChangesNothing) {
-  const auto& c = GetParam();
-  Insert("INSERT INTO firm_info (FirmID, Info) VALUES (2, 'lieka')", {});
-  const std::string before = Snapshot();
-  int32_t number = 0;
-  std::string text;
-  if (c.action) {
-    auto status = Type("O0000100").ExecCall(c.name, c.param, 0);
-    number = status.Number;
-    text = status.Text;
-  } else {
-    auto reply = Type("O0000100").GetCall(c.name, c.param, 0);
-    number = reply.Number;
-    text = reply.Text;
-    EXPECT_EQ(reply.Object, nullptr);
-  }
-  EXPECT_EQ(number, c.number) << c.name << " [" << c.param << "]: " << text;
-  EXPECT_FALSE(text.empty());
-  EXPECT_EQ(Snapshot(), before);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Firms, FirmFailureTest,
-    ::testing::Values(FailureCase{false, "GetFirmDebt", "O00003001", 5},
-                      FailureCase{false, "GetFirmDebt", "O000010099", 3021},
-                      FailureCase{false, "GetOurDebt", "", 5},
-                      FailureCase{false, "GetTypeAndRegion", "pirma", 5},
-                      FailureCase{false, "GetFirmInfo", "'O00001002'", 5},
-                      FailureCase{false, "GetFirmInfo", "'O00001002',x", 5},
-                      FailureCase{false, "GetTraffic", "'O00001002','vakar','2020-01-01'", 5},
-                      FailureCase{false, "CheckCode", "'O00001002','neuždaryta", 5},
-                      FailureCase{false, "CheckBranch", "'O00002001'", 5},
-                      FailureCase{true, "DeleteFirmInfo", "abc", 5},
-                      FailureCase{true, "DeleteFirmInfo", "99", 3021},
-                      FailureCase{true, "DeleteFirmInfo", "", 5}));
-
 // The sample database gives every list of the cards something to show.
 TEST(SampleDataCallsTest, TheSeededDatabaseAnswersTheCataloguesCalls) {
   auto db = std::make_shared<SqliteDatabase>(":memory:");

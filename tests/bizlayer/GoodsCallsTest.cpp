@@ -362,57 +362,5 @@ INSTANTIATE_TEST_SUITE_P(
         ListRefusalCase{"O0000200", "'O00002001','',1,0,1,'O00016051',1,1,0",
                         "Sandėlis nerastas: O00016051"}));
 
-// Failing calls: the Number, and the database as it was.
-struct GoodsFailureCase {
-  const char* op;  // "Get" or "Array"
-  const char* name;
-  const char* param;  // the parameter string, or the array's one argument
-  int32_t number;
-};
-
-class GoodsFailureTest : public GoodsCallsTest,
-                         public ::testing::WithParamInterface<GoodsFailureCase> {};
-
-TEST_P(GoodsFailureTest, FailsWithItsNumberAndChangesNothing) {
-  const auto& c = GetParam();
-  const std::string before = Snapshot();
-  int32_t number = 0;
-  std::string text;
-  if (std::string(c.op) == "Get") {
-    auto reply = Type("O0000200").GetCall(c.name, c.param, 0);
-    number = reply.Number;
-    text = reply.Text;
-  } else {
-    Variant::Array array;
-    if (*c.param) array.emplace_back(c.param);
-    auto status = Type("O0000200").ExecArrayCall(c.name, "", array);
-    number = status.Number;
-    text = status.Text;
-  }
-  EXPECT_EQ(number, c.number) << c.name << " [" << c.param << "]: " << text;
-  EXPECT_FALSE(text.empty());
-  EXPECT_EQ(Snapshot(), before);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Goods, GoodsFailureTest,
-    ::testing::Values(GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,2,10", 5},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,-150", 5},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "99,0,5", 3021},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,0", 5},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,2,5", 5},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "1,1,abc", 5},
-                      GoodsFailureCase{"Array", "UpdateGoodsPrice", "", 5},
-                      GoodsFailureCase{"Array", "UpdateGaranty", "1,1,-1", 5},
-                      GoodsFailureCase{"Get", "CopyGood", "'O00002001','1'", 5},
-                      GoodsFailureCase{"Get", "CopyGood", "'O000020099','1'", 3021},
-                      GoodsFailureCase{"Get", "CopyGood", "'O00002002'", 5},
-                      GoodsFailureCase{"Get", "GetStructuredCode", "3", 3021},
-                      GoodsFailureCase{"Get", "GetStructuredCode", "x", 5},
-                      GoodsFailureCase{"Get", "GetRests", "O00001002", 5},
-                      GoodsFailureCase{"Get", "GetGoodHistory", "O00002002", 5},
-                      GoodsFailureCase{"Get", "GetGoodHistory", "99", 3021},
-                      GoodsFailureCase{"Get", "GetTraffic", "'O00002002','2026-02-01'", 5}));
-
 }  // namespace
 }  // namespace orvel

@@ -24,6 +24,14 @@ struct Field {
   Kind kind;
 };
 
+// A parameter string the call must refuse, and the Number it answers:
+// 5 for one it cannot read, 3021 for one naming no record.
+struct Refusal {
+  Refusal(const char* p, int32_t n = 5) : param(p), number(n) {}  // NOLINT: a table row
+  const char* param;
+  int32_t number;
+};
+
 // One call as the module makes it and what its answer must hold.
 struct CallCase {
   const char* oid;
@@ -33,7 +41,7 @@ struct CallCase {
   std::vector<Field> fields;  // read calls: the fields the windows read
   int minRows = 1;            // read calls: rows the sample office answers at least
   // Parameter strings the call must refuse: unreadable, or naming no record.
-  std::vector<const char*> refused = {};
+  std::vector<Refusal> refused = {};
 };
 
 // A bookkeeper reads the refusal: it names the call and says why in
@@ -99,10 +107,10 @@ TEST_P(CatalogueCallsContract, AnswersTheFieldsTheWindowsRead) {
 
 TEST_P(CatalogueCallsContract, RefusesWhatItCannotReadAndChangesNothing) {
   const std::string before = Engine().Digest();
-  for (const char* param : Case().refused) {
+  for (const Refusal& refusal : Case().refused) {
     std::string text;
-    EXPECT_NE(Call(param, nullptr, &text), 0) << param;
-    EXPECT_TRUE(SaysWhyInLithuanian(text, Case().name)) << param << ": " << text;
+    EXPECT_EQ(Call(refusal.param, nullptr, &text), refusal.number) << refusal.param << ": " << text;
+    EXPECT_TRUE(SaysWhyInLithuanian(text, Case().name)) << refusal.param << ": " << text;
   }
   EXPECT_TRUE(Engine().Digest() == before) << "a refused call changed what is stored";
 }
@@ -128,19 +136,19 @@ const std::vector<CallCase>& Calls() {
       {"O0000100", Op::GetCall, "GetFirmDebt", "O000010020",
        {{"Sum220", N}, {"Sum240", N}, {"Sum450", N}, {"Sum460", N}, {"Limit", N},
         {"LimitTerm", N}, {"LimitDays", N}},
-       1, {"O00001009999", "", "O00002001"}},
+       1, {{"O00001009999", 3021}, "", "O00002001", "O00003001"}},
       {"O0000100", Op::GetCall, "GetOurDebt", "O000010020",
-       {{"Sum220", N}, {"Sum240", N}, {"Sum450", N}, {"Sum460", N}}, 1, {"O00001009999"}},
+       {{"Sum220", N}, {"Sum240", N}, {"Sum450", N}, {"Sum460", N}}, 1, {{"O00001009999", 3021}, ""}},
       {"O0000100", Op::GetCall, "GetSaldoByAccountCode", "'240'", {{"Saldo", N}}, 1, {"''"}},
       {"O0000100", Op::GetCall, "GetTypeAndRegion", "6", {{"FirmTypeId", N}, {"RegionID", N}}, 0,
-       {"x", "'6"}},
+       {"x", "'6", "pirma"}},
       {"O0000100", Op::GetCall, "GetFirmInfo", "'O00001009',0",
        {{"ID", N}, {"Info", T}, {"DateFrom", D}, {"DateTo", D}, {"UserName", T}, {"Priority", N}},
        1, {"'O00001009'", "'O00001009',x", "'O00002001',0"}},
       {"O0000100", Op::ExecCall, "AddUpdateFirmInfo", "0,'Skambinti po 10 val.','20260105',Null,9,1,2",
-       {}, 0, {"0,'A','20260231',Null,9,1,2", "0,'A','20260101',Null,99999,1,1",
+       {}, 0, {"0,'A','20260231',Null,9,1,2", {"0,'A','20260101',Null,99999,1,1", 3021},
                "0,'A','20260101',Null,9,1"}},
-      {"O0000100", Op::ExecCall, "DeleteFirmInfo", "1", {}, 0, {"99999", "x"}},
+      {"O0000100", Op::ExecCall, "DeleteFirmInfo", "1", {}, 0, {{"99999", 3021}, "x", ""}},
       {"O0000100", Op::GetCall, "GetFirms", "O00001006",
        {{"OIDR", T}, {"Preview", T}, {"GroupFlag", N}, {"Code", T}, {"Street", T},
         {"RegionName", T}, {"Tel", T}, {"Fax", T}, {"Director", T}},
@@ -148,7 +156,8 @@ const std::vector<CallCase>& Calls() {
       {"O0000100", Op::GetCall, "GetTraffic", "'O000010020','2025-01-01','2026-12-31'",
        {{"OIDR", T}, {"DocName", T}, {"GID", T}, {"OType", T}, {"Number", T}, {"Date", D},
         {"Suma", N}, {"Debt", N}, {"Sign", N}},
-       1, {"'O000010020','2025-13-01','2026-12-31'", "'O000010020','2025-01-01'"}},
+       1, {"'O000010020','2025-13-01','2026-12-31'", "'O000010020','2025-01-01'",
+           "'O000010020','vakar','2020-01-01'"}},
       {"O0000100", Op::GetCall, "GetFindGoods", "'O000010042',''",
        {{"GOIDR", T}, {"GoodName", T}, {"OType", T}, {"DocOIDR", T}, {"Comment", T}, {"Number", T},
         {"OIDR", T}, {"Date", D}, {"Amount", N}},
@@ -216,23 +225,23 @@ const std::vector<CallCase>& Calls() {
        {{"OIDR", T}, {"Preview", T}, {"Code", T}, {"Price", N}}, 2,
        {"'O00002001'", "'O00001001',1", "'O00002001',x"}},
       {"O0000200", Op::ExecArrayCall, "UpdateGoodsPrice", "1,1,-2.5", {}, 0,
-       {"1,2,5", "1,1", "x,0,5", "1,0,-150", "999999,0,5"}},
+       {"1,2,5", "1,1", "1,1,2,5", "x,0,5", "1,1,abc", "1,0,-150", "", {"999999,0,5", 3021}}},
       {"O0000200", Op::ExecArrayCall, "UpdateGaranty", "602,0,24", {}, 0,
-       {"602,0,-1", "602,0", "999999,1,12"}},
+       {"602,0,-1", "602,0", {"999999,1,12", 3021}}},
       {"O0000200", Op::GetCall, "GetVatFactor", "O00002002", {{"Value", N}}, 1},
       {"O0000200", Op::GetCall, "GetGoodIsUsedInDocuments", "O00002002150", {{"Used", N}}, 1,
        {"O00001002"}},
       {"O0000200", Op::GetCall, "GetStructuredCode", "1", {{"PARENTCODE", T}, {"MAXCODE", T}}, 1,
-       {"x", "999999"}},
+       {"x", {"999999", 3021}}},
       // A good at the top is asked for by its own OIDR.
       {"O0000200", Op::GetCall, "GetStructuredCode", "O00002002", {{"MAXCODE", T}}, 1},
       {"O0000200", Op::GetCall, "GetGoodHistory", "1",
        {{"Name", T}, {"OIDR", T}, {"OType", T}, {"Sign", N}, {"Number", T}, {"Date", D},
         {"Addressee", T}, {"Amount", N}, {"Measure", T}, {"CurrencyRate", N}, {"CODE", T},
         {"Price", N}, {"Suma", N}, {"LName", T}},
-       2, {"O00002002", "99999999"}},
+       2, {"O00002002", {"99999999", 3021}}},
       {"O0000200", Op::GetCall, "CopyGood", "'O00002002','1'", {{"OIDR", T}}, 1,
-       {"'O00001002','1'", "'O00002001','1'"}},
+       {"'O00001002','1'", "'O00002001','1'", {"'O0000200999999','1'", 3021}, "'O00002002'"}},
       // Banks and currencies.
       {"O0000300", Op::GetCall, "GetFirms", "O00003001", {{"OIDR", T}, {"Preview", T}}, 1},
       {"O0000300", Op::RecordsetCall, "Orvel_GetObjectStructure", "Banks",
@@ -247,7 +256,10 @@ const std::vector<CallCase>& Calls() {
        {{"Code", T}, {"DateD", D}, {"Rate", N}}, 1, {"'2026-11-01'", "'x','2026-11-15'"}},
       {"O0002200", Op::GetCall, "GetCurrencyByCode", "EUR", {}, 1},
       {"O0002200", Op::ExecCall, "SaveDayRate", "'USD','2026-11-22',1.0912", {}, 0,
-       {"'XYZ','2026-11-22',1.0912", "'USD','2026-11-22'", "'USD','2026-11-22',x"}},
+       {{"'XYZ','2026-11-22',1.0912", 3021}, {"'O'B','2026-11-22',1", 3021}, "'EUR','2026-11-22',1",
+        "'LTL','2026-11-22',3.45", "'USD','22/11/2026',1", "'USD','2026-11-22',0",
+        "'USD','2026-11-22',-1.2", "'USD','2026-11-22',1,07", "'USD','2026-11-22'",
+        "'USD','2026-11-22',x"}},
       // A small rate as the invariant text of a number writes it.
       {"O0002200", Op::ExecCall, "SaveDayRate", "'USD','2026-11-23',9E-05", {}, 0},
       // Reference books: a node, a search in the whole book, a search in a
@@ -262,7 +274,7 @@ const std::vector<CallCase>& Calls() {
         {"DocumentGroupOIDR", T}},
        1, {"O00001002"}},
       {"O0001615", Op::ExecCall, "SaveUpdateDeleteTemplates", "'O00016152','O02015001','O02016002','',0",
-       {}, 0, {"'O00016152','O02015009','O02016002','',0", "'O00016152','O02015001'"}},
+       {}, 0, {{"'O00016152','O02015009','O02016002','',0", 777}, "'O00016152','O02015001'"}},
       {"O0001604", Op::RecordsetCall, "DO0001604_GetFirmBranches", "0", {{"ID", N}, {"Preview", T}},
        1},
   };
