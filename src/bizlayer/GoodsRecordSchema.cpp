@@ -52,6 +52,7 @@ void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue) {
       sql += ", " + field.name + " " + SqlTypeName(field.type);
     }
     db.Exec(sql + ")");
+    KeepRecordVersions(db, catalogue);
     return;
   }
   for (const auto& field : catalogue.fields) {

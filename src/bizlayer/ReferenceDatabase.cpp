@@ -51,6 +51,7 @@ void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
   }
   sql += ")";
   db.Exec(sql);
+  KeepRecordVersions(db, catalogue);
   if (catalogue.grouped) {
     db.Exec("CREATE INDEX " + catalogue.name + "_parent ON " + catalogue.name +
             " (ParentID, Name)");

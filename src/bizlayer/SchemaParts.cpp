@@ -17,6 +17,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsMeasureSchema(),
       GoodsSaleLotSchema(),
       OtherTypesSchema(),
+      RecordVersionSchema(),
   };
   return parts;
 }

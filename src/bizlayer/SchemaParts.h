@@ -32,11 +32,15 @@ SchemaPart GoodsSaleLotSchema();
 // The suite's other types that the module opens: stock templates, document
 // groups, discounts, documents and contracts.
 SchemaPart OtherTypesSchema();
+// Every catalogue record's Version, moved on by each change of its row.
+SchemaPart RecordVersionSchema();
 
 // For parts over tables made before their catalogue: the catalogue's columns
 // a table lacks are added (a missing table is made), and its card is
 // described again.
 void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue);
 void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue);
+// The Version column of a catalogue's table and the trigger that moves it.
+void KeepRecordVersions(SqliteDatabase& db, const CatalogueTable& catalogue);
 
 }  // namespace orvel

@@ -222,7 +222,8 @@ std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
   const std::string oidr = args.empty() ? "" : args[0];
   auto id = IdOf(oidr);
   if (id) {
-    std::string sql = "SELECT " + SelectList() + ", ? || ID AS OIDR, Name AS Preview";
+    std::string sql = "SELECT " + SelectList() + (Versioned() ? ", Version" : "") +
+                      ", ? || ID AS OIDR, Name AS Preview";
     std::vector<Variant> values{Variant(catalogue_.oid)};
     if (catalogue_.grouped) {
       // A grouped record carries the names of the groups above it, each
@@ -236,7 +237,10 @@ std::shared_ptr<Recordset> TableBusinessObject::ReadObject(const Args& args) {
     }
     values.emplace_back(*id);
     auto rs = Query(sql + " FROM " + catalogue_.name + " WHERE ID = ?", values);
-    if (rs->RecordCount() == 1) return rs;
+    if (rs->RecordCount() == 1) {
+      if (Versioned()) versions_[*id] = CLng(rs->Fields("Version").Value());
+      return rs;
+    }
   }
   throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
 }
@@ -305,6 +309,7 @@ void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
   const std::string oidr = args.size() > 1 ? args[1] : "";
   if (oidr.empty()) {
     int64_t id = Insert(*rs);
+    RememberVersion(id, rs.get());
     if (rs->Fields().Exists("ID")) rs->Fields("ID").SetValue(Variant(id));
     if (rs->Fields().Exists("OIDR")) {
       rs->Fields("OIDR").SetValue(Variant(catalogue_.oid + std::to_string(id)));
@@ -314,6 +319,42 @@ void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
   auto id = IdOf(oidr);
   if (!id) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
   Update(*id, *rs);
+  RememberVersion(*id, rs.get());
+}
+
+std::optional<int64_t> TableBusinessObject::ExpectedVersion(int64_t id, Recordset* rs) const {
+  if (!Versioned()) return std::nullopt;
+  if (rs && rs->Fields().Exists("Version")) {
+    const Variant& version = rs->Fields("Version").Value();
+    if (version.Type() == VarType::Integer || version.Type() == VarType::Double) {
+      return static_cast<int64_t>(version.NumberValue());
+    }
+  }
+  auto known = versions_.find(id);
+  if (known == versions_.end()) return std::nullopt;
+  return known->second;
+}
+
+void TableBusinessObject::FailUnchanged(int64_t id) {
+  const std::string oidr = catalogue_.oid + std::to_string(id);
+  auto found = Query("SELECT COUNT(*) FROM " + catalogue_.name + " WHERE ID = ?", {Variant(id)});
+  if (found->Fields().Item(0).Value().NumberValue() == 0) {
+    throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+  }
+  // Told once: the window reads the record again, and a write or delete
+  // after that goes by what it reads.
+  versions_.erase(id);
+  throw CallFailure{kChangedMeanwhile,
+                    "Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: " + oidr};
+}
+
+void TableBusinessObject::RememberVersion(int64_t id, Recordset* rs) {
+  if (!Versioned()) return;
+  auto now = Query("SELECT Version FROM " + catalogue_.name + " WHERE ID = ?", {Variant(id)});
+  if (now->RecordCount() == 0) return;
+  const Variant version = now->Fields().Item(0).Value();
+  versions_[id] = CLng(version);
+  if (rs && rs->Fields().Exists("Version")) rs->Fields("Version").SetValue(version);
 }
 
 int64_t TableBusinessObject::Insert(Recordset& rs) {
@@ -361,13 +402,14 @@ void TableBusinessObject::Update(int64_t id, Recordset& rs) {
     values.push_back(std::move(value));
   }
   if (sets.empty()) return;
-  auto stmt = db_->Prepare("UPDATE " + catalogue_.name + " SET " + sets + " WHERE ID = ?");
+  const auto expected = ExpectedVersion(id, &rs);
+  auto stmt = db_->Prepare("UPDATE " + catalogue_.name + " SET " + sets + " WHERE ID = ?" +
+                           (expected ? " AND Version = ?" : ""));
   for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
   stmt.Bind(static_cast<int>(values.size()) + 1, Variant(id));
+  if (expected) stmt.Bind(static_cast<int>(values.size()) + 2, Variant(*expected));
   stmt.Run();
-  if (db_->Changes() == 0) {
-    throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + catalogue_.oid + std::to_string(id)};
-  }
+  if (db_->Changes() == 0) FailUnchanged(id);
 }
 
 void TableBusinessObject::DeleteObject(const Args& args) {
@@ -381,8 +423,11 @@ void TableBusinessObject::DeleteObject(const Args& args) {
       throw CallFailure{kBadCall, kGroupNotEmpty};
     }
   }
-  auto stmt = db_->Prepare("DELETE FROM " + catalogue_.name + " WHERE ID = ?");
+  const auto expected = ExpectedVersion(*id, nullptr);
+  auto stmt = db_->Prepare("DELETE FROM " + catalogue_.name + " WHERE ID = ?" +
+                           (expected ? " AND Version = ?" : ""));
   stmt.Bind(1, Variant(*id));
+  if (expected) stmt.Bind(2, Variant(*expected));
   try {
     stmt.Run();
   } catch (const SqliteError& e) {
@@ -390,7 +435,8 @@ void TableBusinessObject::DeleteObject(const Args& args) {
     if (e.Code() != SQLITE_CONSTRAINT) throw;
     throw CallFailure{kBadCall, "Įrašas naudojamas dokumentuose: jo panaikinti negalima"};
   }
-  if (db_->Changes() == 0) throw CallFailure{kRecordNotFound, "Įrašas nerastas: " + oidr};
+  if (db_->Changes() == 0) FailUnchanged(*id);
+  versions_.erase(*id);
 }
 
 }  // namespace orvel

@@ -29,6 +29,9 @@ class SqliteDatabase;
 //                 inserts (OIDR "") or updates in one transaction and writes the
 //                 new ID and OIDR back into the record
 //   ExecCall      Orvel_DeleteObject  '<OIDR>'
+//                 a record read with its Version is written or deleted only
+//                 at that version; moved on since, the call answers
+//                 kChangedMeanwhile and changes nothing
 //   RecordsetCall Orvel_GetObjectStructure <structure name>
 //                 the card's fields from the table of field descriptions
 // and the type's own calls, added with OnRead and OnAction. Parameter
@@ -49,6 +52,9 @@ class TableBusinessObject : public OrvelObjectBO {
   static constexpr int32_t kBadCall = 5;
   // A failure of the database itself.
   static constexpr int32_t kDatabaseError = 3146;
+  // The record was changed by someone else since it was read: the window
+  // reads it again.
+  static constexpr int32_t kChangedMeanwhile = 60000;
 
   TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const CatalogueTable& catalogue);
 
@@ -114,6 +120,13 @@ class TableBusinessObject : public OrvelObjectBO {
   std::string SelectList() const;  // "ID, Name, ..." of the table
   int64_t Insert(Recordset& rs);
   void Update(int64_t id, Recordset& rs);
+  // The version a write of the record must find: the one the record set
+  // carries, or the one this session last read; nullopt when neither is known.
+  std::optional<int64_t> ExpectedVersion(int64_t id, Recordset* rs) const;
+  // After a write that changed no row: the record is gone, or it moved on.
+  [[noreturn]] void FailUnchanged(int64_t id);
+  void RememberVersion(int64_t id, Recordset* rs);
+  bool Versioned() const { return catalogue_.view.empty(); }
 
   std::shared_ptr<SqliteDatabase> db_;
   const CatalogueTable& catalogue_;
@@ -121,6 +134,8 @@ class TableBusinessObject : public OrvelObjectBO {
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;
   CallObserver observer_;
+  // Each record's version as this session last read or wrote it.
+  std::map<int64_t, int64_t> versions_;
 };
 
 }  // namespace orvel

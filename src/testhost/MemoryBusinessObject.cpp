@@ -81,7 +81,20 @@ const char* OpName(MemoryBusinessObject::Op op) {
 }
 
 MemoryBusinessObject::MemoryBusinessObject(std::string oid, std::shared_ptr<CallLog> log)
-    : log_(std::move(log)), table_(std::move(oid)) {}
+    : log_(std::move(log)), table_(std::make_shared<MemoryTable>(std::move(oid))) {}
+
+MemoryBusinessObject::MemoryBusinessObject(std::shared_ptr<MemoryTable> shared,
+                                           std::shared_ptr<CallLog> log)
+    : log_(std::move(log)), table_(std::move(shared)) {}
+
+std::optional<OrvelStatus> MemoryBusinessObject::ChangedMeanwhile(int32_t id,
+                                                                  const std::string& oidr) {
+  auto known = versions_.find(id);
+  if (known == versions_.end() || known->second == table_->Version(id)) return std::nullopt;
+  versions_.erase(known);  // told once; the window reads the record again
+  return OrvelStatus{kChangedMeanwhile,
+                     "Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: " + oidr};
+}
 
 void MemoryBusinessObject::ReplyRead(const std::string& name, OrvelBoResult reply) {
   reads_[name] = [reply](const std::string&) {
@@ -214,7 +227,7 @@ OrvelBoResult MemoryBusinessObject::NewObject(const std::string& param) {
   if (!args || args->empty() || (*args)[0].empty()) {
     return OrvelBoResult(kBadCall, BadParams(kNewObject, param, "'<OID>'"));
   }
-  return OrvelBoResult(0, "", table_.NewRecord());
+  return OrvelBoResult(0, "", table_->NewRecord());
 }
 
 OrvelBoResult MemoryBusinessObject::ReadObject(const std::string& param) {
@@ -223,9 +236,10 @@ OrvelBoResult MemoryBusinessObject::ReadObject(const std::string& param) {
     return OrvelBoResult(kBadCall, BadParams(kReadObject, param, "'<OIDR>'"));
   }
   const std::string& oidr = (*args)[0];
-  auto id = table_.IdOf(oidr);
-  auto rs = id ? table_.ReadRecord(*id) : nullptr;
+  auto id = table_->IdOf(oidr);
+  auto rs = id ? table_->ReadRecord(*id) : nullptr;
   if (!rs) return OrvelBoResult(kRecordNotFound, NotFound(oidr));
+  versions_[*id] = table_->Version(*id);
   return OrvelBoResult(0, "", rs);
 }
 
@@ -237,7 +251,7 @@ OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
   // A reference book's search sends the text first, '<text>','<node>', and
   // looks through the whole book from the book's own node; the locations
   // name the user before either form.
-  const std::string& oid = table_.OID();
+  const std::string& oid = table_->OID();
   if (oid.rfind("O00016", 0) == 0 && oid != "O0001600") {
     if (oid == "O0001605" && !args->empty()) args->erase(args->begin());
     if (args->size() == 2) {
@@ -250,21 +264,21 @@ OrvelBoResult MemoryBusinessObject::GetObjectList(const std::string& param) {
   std::vector<int32_t> ids;
   const std::string oidr = args->empty() ? std::string() : (*args)[0];
   if (oidr.empty()) {
-    ids = table_.Ids();
-  } else if (auto parent = table_.IdOf(oidr)) {
-    ids = table_.Children(*parent);
+    ids = table_->Ids();
+  } else if (auto parent = table_->IdOf(oidr)) {
+    ids = table_->Children(*parent);
   } else {
-    ids = table_.TopLevel();
+    ids = table_->TopLevel();
   }
   if (args->size() > 1 && !(*args)[1].empty()) {
     const std::string& text = (*args)[1];
     std::vector<int32_t> matching;
     for (int32_t id : ids) {
-      if (InStr(table_.Preview(id), text, Compare::Text) > 0) matching.push_back(id);
+      if (InStr(table_->Preview(id), text, Compare::Text) > 0) matching.push_back(id);
     }
     ids = std::move(matching);
   }
-  return OrvelBoResult(0, "", table_.List(ids));
+  return OrvelBoResult(0, "", table_->List(ids));
 }
 
 OrvelStatus MemoryBusinessObject::SaveObject(const std::string& param, Variant::Array& args) {
@@ -280,14 +294,16 @@ OrvelStatus MemoryBusinessObject::SaveObject(const std::string& param, Variant::
   std::string oidr = params->size() > 1 ? (*params)[1] : std::string();
   std::optional<int32_t> id;
   if (!oidr.empty()) {
-    id = table_.IdOf(oidr);
-    if (!id || !table_.Contains(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+    id = table_->IdOf(oidr);
+    if (!id || !table_->Contains(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+    if (auto changed = ChangedMeanwhile(*id, oidr)) return *changed;
   }
-  int32_t stored = table_.Store(id, *rs);
+  int32_t stored = table_->Store(id, *rs);
+  versions_[stored] = table_->Version(stored);
   if (!id) {
     // The caller learns the new record's identity from its own set.
     if (rs->Fields().Exists("ID")) rs->Fields("ID").SetValue(Variant(stored));
-    if (rs->Fields().Exists("OIDR")) rs->Fields("OIDR").SetValue(Variant(table_.OidrOf(stored)));
+    if (rs->Fields().Exists("OIDR")) rs->Fields("OIDR").SetValue(Variant(table_->OidrOf(stored)));
   }
   if (auto memory = std::dynamic_pointer_cast<MemoryRecordset>(rs)) memory->AcceptChanges();
   return OrvelStatus{};
@@ -299,11 +315,14 @@ OrvelStatus MemoryBusinessObject::DeleteObject(const std::string& param) {
     return OrvelStatus{kBadCall, BadParams(kDeleteObject, param, "'<OIDR>'")};
   }
   const std::string& oidr = (*args)[0];
-  auto id = table_.IdOf(oidr);
-  if (id && !table_.Children(*id).empty()) {
+  auto id = table_->IdOf(oidr);
+  if (id && !table_->Children(*id).empty()) {
     return OrvelStatus{kBadCall, "Grupėje yra įrašų: jos panaikinti negalima"};
   }
-  if (!id || !table_.Remove(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+  if (!id || !table_->Contains(*id)) return OrvelStatus{kRecordNotFound, NotFound(oidr)};
+  if (auto changed = ChangedMeanwhile(*id, oidr)) return *changed;
+  table_->Remove(*id);
+  versions_.erase(*id);
   return OrvelStatus{};
 }
 

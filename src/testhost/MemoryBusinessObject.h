@@ -50,10 +50,17 @@ class MemoryBusinessObject : public OrvelObjectBO {
   static constexpr int32_t kBadCall = 5;
 
   MemoryBusinessObject(std::string oid, std::shared_ptr<CallLog> log);
+  // Another workstation's object over the same records: each session keeps
+  // its own knowledge of the versions it read.
+  MemoryBusinessObject(std::shared_ptr<MemoryTable> shared, std::shared_ptr<CallLog> log);
 
-  const std::string& OID() const { return table_.OID(); }
-  MemoryTable& Table() { return table_; }
-  const MemoryTable& Table() const { return table_; }
+  // Number of a write or delete of a record changed since this session read it.
+  static constexpr int32_t kChangedMeanwhile = 60000;
+
+  const std::string& OID() const { return table_->OID(); }
+  MemoryTable& Table() { return *table_; }
+  const MemoryTable& Table() const { return *table_; }
+  const std::shared_ptr<MemoryTable>& SharedTable() const { return table_; }
 
   // Scripts: each replaces an earlier script of the name, standard calls included.
   // A fixed reply holding a MemoryRecordset hands out a fresh copy each time,
@@ -101,9 +108,13 @@ class MemoryBusinessObject : public OrvelObjectBO {
   OrvelBoResult GetObjectList(const std::string& param);
   OrvelStatus SaveObject(const std::string& param, Variant::Array& args);
   OrvelStatus DeleteObject(const std::string& param);
+  // A write or delete of `id` may go on: the record has not moved on since
+  // this session read it (or the session never read it).
+  std::optional<OrvelStatus> ChangedMeanwhile(int32_t id, const std::string& oidr);
 
   std::shared_ptr<CallLog> log_;
-  MemoryTable table_;
+  std::shared_ptr<MemoryTable> table_;
+  std::map<int32_t, int64_t> versions_;  // as this session last read or wrote them
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;
   std::optional<long> failAt_;  // call number that fails

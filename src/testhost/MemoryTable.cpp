@@ -258,10 +258,19 @@ int32_t MemoryTable::Store(std::optional<int32_t> id, Recordset& rs) {
   return target;
 }
 
-bool MemoryTable::Remove(int32_t id) { return records_.erase(id) != 0; }
+bool MemoryTable::Remove(int32_t id) {
+  versions_.erase(id);
+  return records_.erase(id) != 0;
+}
+
+int64_t MemoryTable::Version(int32_t id) const {
+  auto it = versions_.find(id);
+  return it == versions_.end() ? 0 : it->second;
+}
 
 void MemoryTable::Clear() {
   records_.clear();
+  versions_.clear();
   lastId_ = 0;
 }
 
@@ -276,6 +285,7 @@ void MemoryTable::Put(int32_t id, std::vector<Variant> values) {
   values.resize(fields_.size());
   values[*FieldIndex(kId)] = Variant(id);
   records_[id] = std::move(values);
+  ++versions_[id];
   lastId_ = std::max(lastId_, id);
 }
 

@@ -92,6 +92,9 @@ class MemoryTable {
   int32_t Store(std::optional<int32_t> id, Recordset& rs);
   bool Remove(int32_t id);
   void Clear();
+  // How often the record was stored: 1 when made, one more each write; 0
+  // when there is no such record.
+  int64_t Version(int32_t id) const;
 
  private:
   int32_t NextId() const;
@@ -104,6 +107,7 @@ class MemoryTable {
   std::vector<Variant> defaults_;  // parallel to fields_
   PreviewRule preview_;
   std::map<int32_t, std::vector<Variant>> records_;  // may be shorter than fields_
+  std::map<int32_t, int64_t> versions_;
   int32_t lastId_ = 0;
 };
 

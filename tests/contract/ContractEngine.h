@@ -25,6 +25,9 @@ class ContractEngine {
 
   // The business object of a type the engine keeps.
   virtual OrvelObjectBO& Object(const std::string& oid) = 0;
+  // The same type's business object of a second workstation over the same
+  // store, as another bookkeeper's host has it.
+  virtual OrvelObjectBO& OtherSession(const std::string& oid) = 0;
   // Stores records of an object type, each under the ID its row names.
   virtual void Given(const std::string& oid, const std::vector<Row>& rows) = 0;
   // Stores rows of a table that no object type keeps (documents, their

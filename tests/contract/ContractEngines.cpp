@@ -38,6 +38,16 @@ class SqliteEngine : public ContractEngine {
     return *object;
   }
 
+  OrvelObjectBO& OtherSession(const std::string& oid) override {
+    if (!other_) {
+      other_ = std::make_unique<BusinessLayer>(db_);
+      other_->SetUserName("jonas");
+    }
+    auto object = other_->BusinessObject(oid);
+    if (!object) throw std::invalid_argument("the layer keeps no " + oid);
+    return *object;
+  }
+
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
     GivenTable(CatalogueFor(oid).name, rows);
   }
@@ -47,6 +57,7 @@ class SqliteEngine : public ContractEngine {
     db_ = ReferenceDatabase::Open(":memory:");
     layer_ = std::make_unique<BusinessLayer>(db_);
     layer_->SetUserName("rūta");
+    other_.reset();
   }
 
   std::string Digest() override {
@@ -85,6 +96,7 @@ class SqliteEngine : public ContractEngine {
  private:
   std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
   std::unique_ptr<BusinessLayer> layer_ = std::make_unique<BusinessLayer>(db_);
+  std::unique_ptr<BusinessLayer> other_;
 };
 
 // The in-memory host's business objects, each table declared with the
@@ -92,6 +104,12 @@ class SqliteEngine : public ContractEngine {
 class MemoryEngine : public ContractEngine {
  public:
   OrvelObjectBO& Object(const std::string& oid) override { return Memory(oid); }
+
+  OrvelObjectBO& OtherSession(const std::string& oid) override {
+    auto& other = others_[oid];
+    if (!other) other = std::make_unique<MemoryBusinessObject>(Memory(oid).SharedTable(), log_);
+    return *other;
+  }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
     Memory(oid).Table().Seed(rows);
@@ -137,6 +155,7 @@ class MemoryEngine : public ContractEngine {
 
   std::shared_ptr<CallLog> log_ = std::make_shared<CallLog>();
   std::map<std::string, std::unique_ptr<MemoryBusinessObject>> objects_;
+  std::map<std::string, std::unique_ptr<MemoryBusinessObject>> others_;
 };
 
 }  // namespace

@@ -217,6 +217,45 @@ TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) 
   EXPECT_EQ(read.Text, "Įrašas nerastas: " + Oidr(Type(), 3));
 }
 
+// Two bookkeepers on one record: what the other wrote since this one read
+// the record is never overwritten or deleted unseen. The refusal says why;
+// read again, the record is written as usual.
+TEST_P(StandardCallsContract, AWriteOrDeleteOfARecordChangedSinceItWasRead_Answers60000) {
+  const std::string oid = Type().oid;
+  const std::string changed = "Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: ";
+  auto mine = Read(oid, "Orvel_ReadObject", Quoted(2));
+  auto doomed = Read(oid, "Orvel_ReadObject", Quoted(3));
+  ASSERT_NE(mine, nullptr);
+  for (int id : {2, 3}) {
+    auto theirs = Engine().OtherSession(oid).GetCall("Orvel_ReadObject", Quoted(id), 0);
+    auto rs = std::dynamic_pointer_cast<Recordset>(theirs.Object);
+    ASSERT_NE(rs, nullptr) << theirs.Text;
+    rs->Fields("Name").SetValue(Variant("Kito vartotojo " + std::to_string(id)));
+    Variant::Array array{Variant(rs)};
+    ASSERT_EQ(Engine()
+                  .OtherSession(oid)
+                  .ExecArrayCall("Orvel_SaveObject", "'" + oid + "'," + Quoted(id), array)
+                  .Number,
+              0);
+  }
+  const std::string before = Engine().Digest();
+  mine->Fields("Name").SetValue(Variant("Mano"));
+  const OrvelStatus write = Save("'" + oid + "'," + Quoted(2), mine);
+  EXPECT_EQ(write.Number, 60000);
+  EXPECT_EQ(write.Text, changed + Oidr(Type(), 2));
+  const OrvelStatus removal = Engine().Object(oid).ExecCall("Orvel_DeleteObject", Quoted(3), 0);
+  EXPECT_EQ(removal.Number, 60000);
+  EXPECT_EQ(removal.Text, changed + Oidr(Type(), 3));
+  EXPECT_TRUE(Engine().Digest() == before) << "a refused write changed what is stored";
+
+  auto again = Read(oid, "Orvel_ReadObject", Quoted(2));
+  ASSERT_NE(again, nullptr);
+  EXPECT_EQ(again->Fields("Name").Value(), Variant("Kito vartotojo 2"));
+  again->Fields("Name").SetValue(Variant("Mano"));
+  EXPECT_EQ(Save("'" + oid + "'," + Quoted(2), again).Number, 0);
+  EXPECT_EQ(Found("Mano"), Of({2}));
+}
+
 // A parameter string the call cannot read is refused with its Number and a
 // Lithuanian text, whatever the type, and changes nothing.
 TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {

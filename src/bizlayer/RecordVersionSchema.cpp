@@ -1,0 +1,38 @@
+// Every record of a catalogue carries a Version, which each change of its
+// row moves on, whoever makes it: a card's write, a group change of prices, a
+// trigger of another part. A business object hands the version out with the
+// record and refuses a write or a delete of a record whose version has moved
+// since (kChangedMeanwhile), so that two bookkeepers on one database never
+// overwrite each other's edits unseen.
+#include <string>
+
+#include "bizlayer/CatalogueTable.h"
+#include "bizlayer/SchemaParts.h"
+#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/SqliteStatement.h"
+
+namespace orvel {
+
+void KeepRecordVersions(SqliteDatabase& db, const CatalogueTable& catalogue) {
+  if (!catalogue.view.empty()) return;
+  auto column = db.Prepare(
+      "SELECT COUNT(*) FROM pragma_table_info(?) WHERE name = 'Version' COLLATE NOCASE");
+  column.Bind(1, Variant(catalogue.name));
+  column.Step();
+  if (column.Column(0).NumberValue() == 0) {
+    db.Exec("ALTER TABLE " + catalogue.name + " ADD COLUMN Version INTEGER NOT NULL DEFAULT 1");
+  }
+  // An update that does not move the version itself moves it by one; the
+  // trigger's own update moves it, so it does not fire again.
+  db.Exec("CREATE TRIGGER IF NOT EXISTS " + catalogue.name + "_version AFTER UPDATE ON " +
+          catalogue.name + " WHEN NEW.Version IS OLD.Version BEGIN UPDATE " + catalogue.name +
+          " SET Version = OLD.Version + 1 WHERE ID = OLD.ID; END");
+}
+
+SchemaPart RecordVersionSchema() {
+  return {"record-versions", [](SqliteDatabase& db) {
+            for (const auto& catalogue : Catalogues()) KeepRecordVersions(db, catalogue);
+          }};
+}
+
+}  // namespace orvel
