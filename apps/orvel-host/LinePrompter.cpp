@@ -7,6 +7,9 @@ namespace orvel {
 void LinePrompter::Say(const std::string& line) { out_ << line << "\n"; }
 
 bool LinePrompter::ReadLine(std::string& line) {
+  // Everything said so far is out before the host waits: a program driving
+  // it through a pipe sees a command's whole answer before sending the next.
+  out_.flush();
   if (!std::getline(in_, line)) return false;
   if (!line.empty() && line.back() == '\r') line.pop_back();
   if (echo_) out_ << "> " << line << "\n";
