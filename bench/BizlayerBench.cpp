@@ -44,7 +44,7 @@ struct Fixture {
     path = std::string(mkdtemp(folder)) + "/bench.db";
     {
       auto db = ReferenceDatabase::Open(path);
-      SqliteTransaction transaction(*db);
+      Transaction transaction(*db);
       auto group = db->Prepare(
           "INSERT INTO goods (Name, Code, GroupFlag, Active) VALUES ('Didmena', '99', 1, 1)");
       group.Run();

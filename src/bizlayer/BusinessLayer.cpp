@@ -2,15 +2,14 @@
 
 #include "bizlayer/CatalogueCalls.h"
 #include "bizlayer/CatalogueTable.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteError.h"
+#include "bizlayer/Database.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/MemoryRecordset.h"
 #include "host/RuntimeError.h"
 
 namespace orvel {
 
-BusinessLayer::BusinessLayer(std::shared_ptr<SqliteDatabase> db) : db_(std::move(db)) {
+BusinessLayer::BusinessLayer(std::shared_ptr<orvel::Database> db) : db_(std::move(db)) {
   for (const auto& catalogue : Catalogues()) {
     objects_[catalogue.oid] = std::make_shared<TableBusinessObject>(db_, catalogue);
   }

@@ -9,7 +9,7 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 class TableBusinessObject;
 
 // The reference business layer: one database and a business object per
@@ -19,10 +19,10 @@ class TableBusinessObject;
 // module as the type's OrvelObjectBO and routes its own Call here.
 class BusinessLayer {
  public:
-  explicit BusinessLayer(std::shared_ptr<SqliteDatabase> db);
+  explicit BusinessLayer(std::shared_ptr<orvel::Database> db);
   ~BusinessLayer();
 
-  SqliteDatabase& Database() { return *db_; }
+  orvel::Database& Database() { return *db_; }
   // The business object of a type; null for a type the layer does not keep.
   std::shared_ptr<TableBusinessObject> BusinessObject(const std::string& oid) const;
   // The user whose name goes into the records written from now on.
@@ -39,7 +39,7 @@ class BusinessLayer {
   void AddBankCalls(TableBusinessObject& banks);
   void AddReferenceBookCalls();
 
-  std::shared_ptr<SqliteDatabase> db_;
+  std::shared_ptr<orvel::Database> db_;
   std::map<std::string, std::shared_ptr<TableBusinessObject>> objects_;
 };
 

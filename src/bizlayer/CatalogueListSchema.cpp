@@ -5,8 +5,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
@@ -14,7 +13,7 @@ namespace {
 
 // A new file has the column from the goods catalogue; an older one gets it,
 // and the goods card is described again with it.
-void AddWithItems(SqliteDatabase& db) {
+void AddWithItems(Database& db) {
   // Read and let go: an open statement would keep the table from changing.
   const bool present = [&db] {
     auto found =
@@ -31,7 +30,7 @@ void AddWithItems(SqliteDatabase& db) {
 
 // The goods whose lots carry serial numbers are kept by them; every other
 // good and group is not.
-void MarkGoodsWithItems(SqliteDatabase& db) {
+void MarkGoodsWithItems(Database& db) {
   db.Exec(
       "UPDATE goods SET WithItems = (GroupFlag = 0 AND ID IN (SELECT GoodID FROM document_lines"
       " WHERE SerialNo IS NOT NULL)) WHERE WithItems IS NULL;");
@@ -40,7 +39,7 @@ void MarkGoodsWithItems(SqliteDatabase& db) {
 // A debt is the open part of a document, never below zero; Sign says who
 // owes whom (-1 for what we owe and the firm's advances). Files made before
 // held those debts negative as well, which counted them twice over.
-void DebtsBySign(SqliteDatabase& db) {
+void DebtsBySign(Database& db) {
   db.Exec("UPDATE documents SET Debt = -Debt WHERE Sign < 0 AND Debt < 0;");
 }
 

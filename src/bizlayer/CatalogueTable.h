@@ -55,9 +55,9 @@ struct CatalogueTable {
 const std::vector<CatalogueTable>& Catalogues();
 const CatalogueTable* CatalogueOf(const std::string& oid);
 
-class SqliteDatabase;
+class Database;
 // Writes the card's fields of a type (ID first, hidden) into the table of
 // field descriptions, from which the structure calls answer.
-void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue);
+void DescribeCatalogue(Database& db, const CatalogueTable& catalogue);
 
 }  // namespace orvel

@@ -1,6 +1,6 @@
 #include "bizlayer/CallArgs.h"
 #include "bizlayer/CatalogueCalls.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/MemoryRecordset.h"
 #include "host/RuntimeError.h"

@@ -5,7 +5,7 @@
 
 #include "bizlayer/CallArgs.h"
 #include "bizlayer/CatalogueCalls.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"

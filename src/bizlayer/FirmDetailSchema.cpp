@@ -5,14 +5,13 @@
 #include <string>
 
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
 namespace {
 
-void CreateFirmDetailTables(SqliteDatabase& db) {
+void CreateFirmDetailTables(Database& db) {
   db.Exec(
       "CREATE TABLE IF NOT EXISTS firm_contracts (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " FirmID INTEGER NOT NULL REFERENCES firms(ID) ON DELETE CASCADE,"
@@ -33,7 +32,7 @@ void CreateFirmDetailTables(SqliteDatabase& db) {
 
 // Every third firm, counted by ID, has details; so has the first firm, which
 // the walk-through opens. The rows follow from the firm's ID alone.
-void SeedFirmDetailRows(SqliteDatabase& db) {
+void SeedFirmDetailRows(Database& db) {
   // Made again over a file that has them (its record of parts lost): the
   // rows there stay as they are.
   {

@@ -1,6 +1,6 @@
 #include "bizlayer/CallArgs.h"
 #include "bizlayer/CatalogueCalls.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
@@ -189,7 +189,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
       }
       values += (values.empty() ? "" : ", ") + value;
     }
-    SqliteTransaction transaction(goods.Database());
+    Transaction transaction(goods.Database());
     auto copy = goods.Database().Prepare("INSERT INTO goods (" + columns + ") SELECT " + values +
                                          " FROM goods WHERE ID = ?2");
     copy.BindAll(args[1], source).Run();

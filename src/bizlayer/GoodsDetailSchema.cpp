@@ -2,14 +2,13 @@
 // minimum amounts by warehouse, its stock templates and its discounts, with
 // sample rows for the first goods kept in rests.
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
 namespace {
 
-void CreateGoodsDetailTables(SqliteDatabase& db) {
+void CreateGoodsDetailTables(Database& db) {
   db.Exec(
       "CREATE TABLE IF NOT EXISTS goods_measures (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE,"
@@ -32,7 +31,7 @@ void CreateGoodsDetailTables(SqliteDatabase& db) {
 // The first two goods kept in rests get a second measure (a pack of 10), a
 // minimum amount in the first warehouse and a discount; their groups a
 // discount their goods inherit.
-void SeedGoodsDetailRows(SqliteDatabase& db) {
+void SeedGoodsDetailRows(Database& db) {
   {
     // Made again over a file that has them: the rows there stay as they are.
     auto made = db.Prepare("SELECT COUNT(*) FROM goods_measures");

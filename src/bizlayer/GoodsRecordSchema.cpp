@@ -15,8 +15,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
@@ -24,7 +23,7 @@ namespace {
 
 constexpr const char* kRecordTypes[] = {"O0000600", "O0000700", "O0000800"};
 
-std::vector<std::string> ColumnsOf(SqliteDatabase& db, const std::string& table) {
+std::vector<std::string> ColumnsOf(Database& db, const std::string& table) {
   auto stmt = db.Prepare("SELECT name FROM pragma_table_info(?) ORDER BY cid");
   stmt.Bind(1, Variant(table));
   std::vector<std::string> columns;
@@ -44,7 +43,7 @@ bool Holds(const std::vector<std::string>& columns, const std::string& name) {
 // Adds the columns of the catalogue that the table lacks. The table keeps
 // its rows, IDs and constraints: the columns the previous version made NOT
 // NULL are the ones the goods card's dialog will not write without.
-void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void AddMissingColumns(Database& db, const CatalogueTable& catalogue) {
   const auto old = ColumnsOf(db, catalogue.name);
   if (old.empty()) {
     std::string sql = "CREATE TABLE " + catalogue.name + " (ID INTEGER PRIMARY KEY AUTOINCREMENT";
@@ -64,7 +63,7 @@ void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue) {
 
 // The card's fields, written again: a file whose table existed before its
 // catalogue has no description of them.
-void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void DescribeAgain(Database& db, const CatalogueTable& catalogue) {
   auto clear = db.Prepare("DELETE FROM field_descriptions WHERE StructureName = ?");
   clear.Bind(1, Variant(catalogue.structureName));
   clear.Run();
@@ -73,7 +72,7 @@ void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue) {
 
 namespace {
 
-void CreateGoodsRecordTables(SqliteDatabase& db) {
+void CreateGoodsRecordTables(Database& db) {
   for (const char* oid : kRecordTypes) {
     const CatalogueTable* catalogue = CatalogueOf(oid);
     if (!catalogue) continue;
@@ -175,7 +174,7 @@ void CreateGoodsRecordTables(SqliteDatabase& db) {
 // foreign keys, so the cascade of the older tables is not there: a trigger
 // removes a deleted good's records in every file, and the records of goods
 // deleted before it are removed once.
-void CascadeGoodsRecords(SqliteDatabase& db) {
+void CascadeGoodsRecords(Database& db) {
   std::string removeRecords;
   std::string removeOrphans;
   for (const char* table : {"goods_prices", "goods_min_amounts", "goods_templates"}) {
@@ -190,7 +189,7 @@ void CascadeGoodsRecords(SqliteDatabase& db) {
 
 // A BEFORE INSERT and a BEFORE UPDATE OF `columns` trigger on `table` that
 // refuse a row WHEN `refused` holds, with `reason`.
-void Refuse(SqliteDatabase& db, const std::string& name, const std::string& table,
+void Refuse(Database& db, const std::string& name, const std::string& table,
             const std::string& columns, const std::string& refused, const std::string& reason) {
   for (const char* event : {"INSERT", "UPDATE"}) {
     db.Exec("CREATE TRIGGER IF NOT EXISTS " + name + "_check_" + event + " BEFORE " + event +
@@ -207,7 +206,7 @@ void Refuse(SqliteDatabase& db, const std::string& name, const std::string& tabl
 // that a good or a row names is not deleted. The good's rate of VAT is kept
 // as the card writes it (VAT, Null for the general rate), and VatRate, the
 // rate in force, follows it.
-void CreateGoodsMeasureTables(SqliteDatabase& db) {
+void CreateGoodsMeasureTables(Database& db) {
   for (const char* oid : {"O0001606", "O0000400", "O0000200"}) {
     const CatalogueTable* catalogue = CatalogueOf(oid);
     if (!catalogue) continue;
@@ -302,7 +301,7 @@ void CreateGoodsMeasureTables(SqliteDatabase& db) {
 
 // Each sale line names the purchase line (lot) it was taken from, which the
 // traffic's by-purchase view groups it under.
-void CreateSaleLots(SqliteDatabase& db) {
+void CreateSaleLots(Database& db) {
   if (!Holds(ColumnsOf(db, "document_lines"), "PurchaseLineID")) {
     db.Exec("ALTER TABLE document_lines ADD COLUMN PurchaseLineID INTEGER");
   }
@@ -311,7 +310,7 @@ void CreateSaleLots(SqliteDatabase& db) {
 
 // The sample sales are taken from their good's oldest lot bought by then
 // that still holds the amount; a lot's rest is at most what its sales left.
-void SeedSaleLots(SqliteDatabase& db) {
+void SeedSaleLots(Database& db) {
   struct Lot {
     int64_t id;
     double left;

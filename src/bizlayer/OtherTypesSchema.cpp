@@ -13,7 +13,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
@@ -33,7 +33,7 @@ constexpr const char* kDiscountChecks[][2] = {
      "Suma iki mažesnė už sumą nuo"},
 };
 
-void CreateOtherTypes(SqliteDatabase& db) {
+void CreateOtherTypes(Database& db) {
   for (const char* oid : kTableTypes) {
     const CatalogueTable* catalogue = CatalogueOf(oid);
     AddMissingColumns(db, *catalogue);
@@ -77,7 +77,7 @@ void CreateOtherTypes(SqliteDatabase& db) {
 // A group of stock templates with one template in it: a group is not a
 // template a good's row can name. The first goods group that has goods gets
 // a sales template, which its goods inherit.
-void SeedOtherTypes(SqliteDatabase& db) {
+void SeedOtherTypes(Database& db) {
   db.Exec(
       "INSERT INTO goods_templates (GoodID, GoodBRTemplateTypeID, BRTemplateID) SELECT g.ID, 1,"
       " 1 FROM goods g WHERE g.GroupFlag = 1 AND EXISTS (SELECT 1 FROM goods m WHERE"

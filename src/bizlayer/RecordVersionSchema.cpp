@@ -8,12 +8,11 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
-void KeepRecordVersions(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void KeepRecordVersions(Database& db, const CatalogueTable& catalogue) {
   if (!catalogue.view.empty()) return;
   auto column = db.Prepare(
       "SELECT COUNT(*) FROM pragma_table_info(?) WHERE name = 'Version' COLLATE NOCASE");
@@ -30,7 +29,7 @@ void KeepRecordVersions(SqliteDatabase& db, const CatalogueTable& catalogue) {
 }
 
 SchemaPart RecordVersionSchema() {
-  return {"record-versions", [](SqliteDatabase& db) {
+  return {"record-versions", [](Database& db) {
             for (const auto& catalogue : Catalogues()) KeepRecordVersions(db, catalogue);
           }};
 }

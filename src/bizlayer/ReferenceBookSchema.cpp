@@ -2,7 +2,7 @@
 #include <vector>
 
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 
@@ -13,7 +13,7 @@ namespace {
 // attach a template of a type (for one document group, or for all) to a
 // destination record or group. A record without a row of a type inherits the
 // rows of that type from the nearest group above that has them.
-void CreateTemplateTables(SqliteDatabase& db) {
+void CreateTemplateTables(Database& db) {
   db.Exec(
       "CREATE TABLE br_template_types (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);"
       "CREATE TABLE IF NOT EXISTS br_templates (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
@@ -29,7 +29,7 @@ void CreateTemplateTables(SqliteDatabase& db) {
       " (DestinationID, TemplateTypeID);");
 }
 
-void SeedDepartmentsAndDestinations(SqliteDatabase& db) {
+void SeedDepartmentsAndDestinations(Database& db) {
   db.Exec(
       "INSERT INTO reference_books (BookOID, Name) VALUES ('O0001604', 'Įmonės padaliniai'),"
       " ('O0001615', 'Tikslai');"

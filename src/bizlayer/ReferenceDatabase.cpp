@@ -34,7 +34,7 @@ class SampleRandom {
   uint32_t state_;
 };
 
-void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void CreateCatalogueTable(Database& db, const CatalogueTable& catalogue) {
   if (!catalogue.view.empty()) {
     // Read only: a write is refused with its reason, as the bookkeeper reads it.
     db.Exec("CREATE VIEW " + catalogue.name + " AS " + catalogue.view);
@@ -62,7 +62,7 @@ void CreateCatalogueTable(SqliteDatabase& db, const CatalogueTable& catalogue) {
 // What the catalogues' own calls read besides the cards: the documents that
 // use firms and goods, a firm's notes and branches, a good's prices, and the
 // database-wide settings (the default VAT rate and the base currency).
-void CreateCallTables(SqliteDatabase& db) {
+void CreateCallTables(Database& db) {
   db.Exec(
       "CREATE TABLE settings (Name TEXT PRIMARY KEY, Value TEXT);"
       "CREATE TABLE regions (ID INTEGER PRIMARY KEY, Name TEXT NOT NULL);"
@@ -92,14 +92,14 @@ void CreateCallTables(SqliteDatabase& db) {
       " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
 }
 
-int64_t Insert(SqliteDatabase& db, const std::string& sql, const std::vector<Variant>& values) {
+int64_t Insert(Database& db, const std::string& sql, const std::vector<Variant>& values) {
   auto stmt = db.Prepare(sql);
   for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
   stmt.Run();
   return db.LastInsertRowId();
 }
 
-void SeedBanks(SqliteDatabase& db) {
+void SeedBanks(Database& db) {
   struct Bank {
     const char* name;
     const char* code;
@@ -121,7 +121,7 @@ void SeedBanks(SqliteDatabase& db) {
 }
 
 // The units of measure; a pack and a set are counted whole (MeasureType 1).
-void SeedMeasures(SqliteDatabase& db) {
+void SeedMeasures(Database& db) {
   const std::pair<const char*, const char*> measures[] = {
       {"vienetas", "vnt."},     {"kilogramas", "kg"},         {"litras", "l"},
       {"metras", "m"},          {"kvadratinis metras", "m²"}, {"kubinis metras", "m³"},
@@ -137,7 +137,7 @@ void SeedMeasures(SqliteDatabase& db) {
   }
 }
 
-void SeedFirms(SqliteDatabase& db) {
+void SeedFirms(Database& db) {
   SampleRandom random(2026);
   const std::vector<std::string> forms{"UAB", "AB", "MB", "IĮ", "ŽŪB"};
   const std::vector<std::string> roots{
@@ -220,7 +220,7 @@ void SeedFirms(SqliteDatabase& db) {
 
 // Goods in five groups. A good's name is a product, its maker and its pack,
 // each combination once, so that a list reads like a real stock list.
-void SeedGoods(SqliteDatabase& db) {
+void SeedGoods(Database& db) {
   SampleRandom random(1990);
   struct Group {
     const char* name;
@@ -309,11 +309,11 @@ void SeedGoods(SqliteDatabase& db) {
 }
 
 // A few goods and services out of use, as every catalogue in use has.
-void RetireSampleGoods(SqliteDatabase& db) {
+void RetireSampleGoods(Database& db) {
   db.Exec("UPDATE goods SET Active = 0 WHERE GroupFlag = 0 AND ID % 40 = 7");
 }
 
-void SeedCurrencies(SqliteDatabase& db) {
+void SeedCurrencies(Database& db) {
   struct Currency {
     const char* code;
     const char* name;
@@ -379,7 +379,7 @@ void SeedCurrencies(SqliteDatabase& db) {
   }
 }
 
-std::vector<int64_t> Ids(SqliteDatabase& db, const std::string& sql) {
+std::vector<int64_t> Ids(Database& db, const std::string& sql) {
   std::vector<int64_t> ids;
   auto stmt = db.Prepare(sql);
   while (stmt.Step()) ids.push_back(static_cast<int64_t>(stmt.Column(0).NumberValue()));
@@ -388,7 +388,7 @@ std::vector<int64_t> Ids(SqliteDatabase& db, const std::string& sql) {
 
 // Sales and purchases with their lines, and advances, for most firms: what
 // the debt, traffic, rest and history calls of the catalogues read.
-void SeedDocuments(SqliteDatabase& db) {
+void SeedDocuments(Database& db) {
   db.Exec(
       "INSERT INTO regions (ID, Name) VALUES (1, 'Vilniaus apskritis'),"
       " (2, 'Kauno apskritis'), (3, 'Klaipėdos apskritis'), (4, 'Šiaulių apskritis'),"
@@ -492,7 +492,7 @@ void SeedDocuments(SqliteDatabase& db) {
 }
 
 // Notes and branches of some firms, and the price lists of some goods.
-void SeedFirmDetails(SqliteDatabase& db) {
+void SeedFirmDetails(Database& db) {
   SampleRandom random(1918);
   const auto firms = Ids(db, "SELECT ID FROM firms WHERE GroupFlag = 0 ORDER BY ID");
   const char* notes[] = {"Mokėjimai vėluoja", "Sutartis pratęsta",
@@ -556,7 +556,7 @@ void SeedFirmDetails(SqliteDatabase& db) {
 // what the catalogues' own calls read: the new columns are added, the two
 // cards described again, and the new tables made and filled. The records
 // already there stay as they are.
-void UpgradeFromFirstVersion(SqliteDatabase& db) {
+void UpgradeFromFirstVersion(Database& db) {
   db.Exec(
       "ALTER TABLE firms ADD COLUMN CreditDays INTEGER;"
       "ALTER TABLE goods ADD COLUMN WithRest BOOLEAN;"
@@ -571,7 +571,7 @@ void UpgradeFromFirstVersion(SqliteDatabase& db) {
 }
 
 // The reference books and their sample records.
-void SeedReferenceBooks(SqliteDatabase& db) {
+void SeedReferenceBooks(Database& db) {
   db.Exec(
       "INSERT INTO reference_books (BookOID, Name) VALUES ('O0001602', 'Įmonių tipai'),"
       " ('O0001603', 'Mokėjimo sąlygos'), ('O0001605', 'Sandėliai');"
@@ -590,7 +590,7 @@ void SeedReferenceBooks(SqliteDatabase& db) {
       " ('P1', 'Parduotuvė Gedimino pr.', 3, 0, 'Gedimino pr. 9, Vilnius');");
 }
 
-bool TableExists(SqliteDatabase& db, const std::string& table) {
+bool TableExists(Database& db, const std::string& table) {
   auto exists =
       db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ?");
   exists.Bind(1, Variant(table));
@@ -600,7 +600,7 @@ bool TableExists(SqliteDatabase& db, const std::string& table) {
 
 // Catalogues described after a file was made: their tables are made,
 // described and filled; what is there already stays.
-void CreateMissingCatalogues(SqliteDatabase& db) {
+void CreateMissingCatalogues(Database& db) {
   bool books = false;
   for (const auto& catalogue : Catalogues()) {
     if (TableExists(db, catalogue.name)) continue;
@@ -611,7 +611,7 @@ void CreateMissingCatalogues(SqliteDatabase& db) {
 }
 
 // The schema parts not yet made in this file, in their order.
-std::vector<const SchemaPart*> MissingParts(SqliteDatabase& db) {
+std::vector<const SchemaPart*> MissingParts(Database& db) {
   std::vector<const SchemaPart*> missing;
   const bool kept = TableExists(db, "schema_parts");
   for (const auto& part : SchemaParts()) {
@@ -626,7 +626,7 @@ std::vector<const SchemaPart*> MissingParts(SqliteDatabase& db) {
   return missing;
 }
 
-bool SchemaIsComplete(SqliteDatabase& db) {
+bool SchemaIsComplete(Database& db) {
   for (const auto& catalogue : Catalogues()) {
     if (!TableExists(db, catalogue.name)) return false;
   }
@@ -635,7 +635,7 @@ bool SchemaIsComplete(SqliteDatabase& db) {
 
 // Makes what a file of the current version lacks: catalogues described since
 // and the schema parts not yet made. Runs inside the caller's transaction.
-void CompleteSchema(SqliteDatabase& db) {
+void CompleteSchema(Database& db) {
   CreateMissingCatalogues(db);
   db.Exec("CREATE TABLE IF NOT EXISTS schema_parts (Name TEXT PRIMARY KEY)");
   for (const SchemaPart* part : MissingParts(db)) {
@@ -648,7 +648,7 @@ void CompleteSchema(SqliteDatabase& db) {
 }  // namespace
 
 // The card's fields of a type in the table of field descriptions.
-void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
+void DescribeCatalogue(Database& db, const CatalogueTable& catalogue) {
   auto describe = db.Prepare(
       "INSERT INTO field_descriptions (StructureName, Position, Name, Caption, Length, xType, "
       "Visible) VALUES (?, ?, ?, ?, ?, ?, ?)");
@@ -663,7 +663,7 @@ void DescribeCatalogue(SqliteDatabase& db, const CatalogueTable& catalogue) {
   }
 }
 
-std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path) {
+std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
   auto db = std::make_shared<SqliteDatabase>(path);
   // Read and let go: an open statement would keep the upgrade below from
   // dropping or remaking a table.
@@ -673,14 +673,14 @@ std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path)
     return static_cast<int>(version.Column(0).NumberValue());
   }();
   if (found == 0) {
-    SqliteTransaction transaction(*db);
+    Transaction transaction(*db);
     CreateSchema(*db);
     SeedSampleData(*db);
     CompleteSchema(*db);
     db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
     transaction.Commit();
   } else if (found < kSchemaVersion || !SchemaIsComplete(*db)) {
-    SqliteTransaction transaction(*db);
+    Transaction transaction(*db);
     if (found == 1) UpgradeFromFirstVersion(*db);
     CompleteSchema(*db);
     db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
@@ -689,7 +689,7 @@ std::shared_ptr<SqliteDatabase> ReferenceDatabase::Open(const std::string& path)
   return db;
 }
 
-void ReferenceDatabase::CreateSchema(SqliteDatabase& db) {
+void ReferenceDatabase::CreateSchema(Database& db) {
   db.Exec(
       "CREATE TABLE field_descriptions (StructureName TEXT NOT NULL, Position INTEGER NOT NULL,"
       " Name TEXT NOT NULL, Caption TEXT, Length INTEGER, xType INTEGER, Visible INTEGER,"
@@ -708,7 +708,7 @@ void ReferenceDatabase::CreateSchema(SqliteDatabase& db) {
   CreateCallTables(db);
 }
 
-void ReferenceDatabase::SeedSampleData(SqliteDatabase& db) {
+void ReferenceDatabase::SeedSampleData(Database& db) {
   db.Exec(
       "INSERT INTO users (Name, FullName) VALUES ('admin', 'Administratorius'),"
       " ('buhalteris', 'Rūta Buhalterė');"

@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 
 // The reference database: its schema, made from the catalogue descriptions,
 // and its sample data. Opening a file that has no schema yet creates it and
@@ -13,8 +13,8 @@ class SqliteDatabase;
 // nothing.
 class ReferenceDatabase {
  public:
-  // Opens or creates the database at `path`. SqliteError on failure.
-  static std::shared_ptr<SqliteDatabase> Open(const std::string& path);
+  // Opens or creates the database at `path`. DatabaseError on failure.
+  static std::shared_ptr<Database> Open(const std::string& path);
 
   // The schema's version, kept in PRAGMA user_version. A file of version 1
   // or 2 is brought up to date when opened. What came after version 3 comes
@@ -22,8 +22,8 @@ class ReferenceDatabase {
   // both are made in an older file when it is opened.
   static constexpr int kSchemaVersion = 3;
 
-  static void CreateSchema(SqliteDatabase& db);
-  static void SeedSampleData(SqliteDatabase& db);
+  static void CreateSchema(Database& db);
+  static void SeedSampleData(Database& db);
 };
 
 }  // namespace orvel

@@ -5,7 +5,7 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 
 // A piece of the reference schema that came after version 3: the tables that
 // one group of calls reads and their sample rows. Each part is made once per
@@ -16,8 +16,8 @@ class SqliteDatabase;
 // catalogue tables, which are made first).
 struct SchemaPart {
   std::string name;  // unique, kept in schema_parts: never rename a part
-  void (*create)(SqliteDatabase& db) = nullptr;  // tables and indexes; may be null
-  void (*seed)(SqliteDatabase& db) = nullptr;    // sample rows; may be null
+  void (*create)(Database& db) = nullptr;  // tables and indexes; may be null
+  void (*seed)(Database& db) = nullptr;    // sample rows; may be null
 };
 
 // Every part, in the order they are made. Parts are only ever appended.

@@ -38,9 +38,9 @@ SchemaPart RecordVersionSchema();
 // For parts over tables made before their catalogue: the catalogue's columns
 // a table lacks are added (a missing table is made), and its card is
 // described again.
-void AddMissingColumns(SqliteDatabase& db, const CatalogueTable& catalogue);
-void DescribeAgain(SqliteDatabase& db, const CatalogueTable& catalogue);
+void AddMissingColumns(Database& db, const CatalogueTable& catalogue);
+void DescribeAgain(Database& db, const CatalogueTable& catalogue);
 // The Version column of a catalogue's table and the trigger that moves it.
-void KeepRecordVersions(SqliteDatabase& db, const CatalogueTable& catalogue);
+void KeepRecordVersions(Database& db, const CatalogueTable& catalogue);
 
 }  // namespace orvel

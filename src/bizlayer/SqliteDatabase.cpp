@@ -2,7 +2,7 @@
 
 #include <sqlite3.h>
 
-#include "bizlayer/SqliteError.h"
+#include "bizlayer/SqliteStatement.h"
 #include "host/Text.h"
 
 namespace orvel {
@@ -38,7 +38,7 @@ SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
     std::string message = db_ ? sqlite3_errmsg(db_) : sqlite3_errstr(rc);
     sqlite3_close(db_);
     db_ = nullptr;
-    throw SqliteError(rc, "Cannot open " + path + ": " + message);
+    throw SqliteFailure(rc, "Nepavyko atidaryti " + path + ": " + message);
   }
   sqlite3_busy_timeout(db_, kBusyTimeoutMs);
   sqlite3_create_function(db_, "orvel_contains", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
@@ -62,30 +62,18 @@ void SqliteDatabase::Exec(std::string_view sql) {
   if (rc != SQLITE_OK) {
     std::string message = error ? error : sqlite3_errmsg(db_);
     sqlite3_free(error);
-    throw SqliteError(rc, message);
+    throw SqliteFailure(rc, message);
   }
 }
 
-SqliteStatement SqliteDatabase::Prepare(std::string_view sql) { return SqliteStatement(db_, sql); }
+Statement SqliteDatabase::Prepare(std::string_view sql) {
+  return Statement(std::make_unique<SqliteStatement>(db_, sql));
+}
 
-int64_t SqliteDatabase::LastInsertRowId() const { return sqlite3_last_insert_rowid(db_); }
+int64_t SqliteDatabase::LastInsertRowId() { return sqlite3_last_insert_rowid(db_); }
 
 int SqliteDatabase::Changes() const { return sqlite3_changes(db_); }
 
-SqliteTransaction::SqliteTransaction(SqliteDatabase& db) : db_(db) { db_.Exec("BEGIN IMMEDIATE"); }
-
-SqliteTransaction::~SqliteTransaction() {
-  if (done_) return;
-  try {
-    db_.Exec("ROLLBACK");
-  } catch (...) {
-    // The connection rolled back by itself (a failed COMMIT or a closed one).
-  }
-}
-
-void SqliteTransaction::Commit() {
-  db_.Exec("COMMIT");
-  done_ = true;
-}
+void SqliteDatabase::Begin() { Exec("BEGIN IMMEDIATE"); }
 
 }  // namespace orvel

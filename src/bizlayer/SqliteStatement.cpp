@@ -8,7 +8,6 @@
 #include <cstring>
 #include <limits>
 
-#include "bizlayer/SqliteError.h"
 #include "host/Convert.h"
 
 namespace orvel {
@@ -50,24 +49,23 @@ bool DeclaredAs(const char* declared, const char* type) {
 
 }  // namespace
 
+DatabaseError SqliteFailure(int code, const std::string& message) {
+  return DatabaseError(code, message, (code & 0xff) == SQLITE_CONSTRAINT);
+}
+
 SqliteStatement::SqliteStatement(sqlite3* db, std::string_view sql) : db_(db) {
   int rc = sqlite3_prepare_v2(db, sql.data(), static_cast<int>(sql.size()), &stmt_, nullptr);
   if (rc != SQLITE_OK) {
     std::string message = sqlite3_errmsg(db);
     sqlite3_finalize(stmt_);
     stmt_ = nullptr;
-    throw SqliteError(rc, message + " [" + std::string(sql) + "]");
+    throw SqliteFailure(rc, message + " [" + std::string(sql) + "]");
   }
 }
 
 SqliteStatement::~SqliteStatement() { sqlite3_finalize(stmt_); }
 
-SqliteStatement::SqliteStatement(SqliteStatement&& other) noexcept
-    : db_(other.db_), stmt_(other.stmt_) {
-  other.stmt_ = nullptr;
-}
-
-SqliteStatement& SqliteStatement::Bind(int index, const Variant& value) {
+void SqliteStatement::Bind(int index, const Variant& value) {
   int rc = SQLITE_OK;
   switch (value.Type()) {
     case VarType::Empty:
@@ -97,22 +95,16 @@ SqliteStatement& SqliteStatement::Bind(int index, const Variant& value) {
     }
     case VarType::Object:
     case VarType::Array:
-      throw SqliteError(SQLITE_MISMATCH, "An object or array cannot be stored in a field");
+      throw SqliteFailure(SQLITE_MISMATCH, "Objekto ar masyvo į lauką įrašyti negalima");
   }
-  if (rc != SQLITE_OK) throw SqliteError(rc, sqlite3_errmsg(db_));
-  return *this;
+  if (rc != SQLITE_OK) throw SqliteFailure(rc, sqlite3_errmsg(db_));
 }
 
 bool SqliteStatement::Step() {
   int rc = sqlite3_step(stmt_);
   if (rc == SQLITE_ROW) return true;
   if (rc == SQLITE_DONE) return false;
-  throw SqliteError(rc, sqlite3_errmsg(db_));
-}
-
-void SqliteStatement::Run() {
-  while (Step()) {
-  }
+  throw SqliteFailure(rc, sqlite3_errmsg(db_));
 }
 
 void SqliteStatement::Reset() { sqlite3_reset(stmt_); }

@@ -6,7 +6,7 @@
 #include <ctime>
 
 #include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteError.h"
+#include "bizlayer/Database.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/ParamList.h"
@@ -49,7 +49,7 @@ Result Answer(const std::string& name, Body&& body) noexcept {
     return body();
   } catch (const CallFailure& f) {
     return Result{f.number, f.text};
-  } catch (const SqliteError& e) {
+  } catch (const DatabaseError& e) {
     return Result{TableBusinessObject::kDatabaseError, name + ": " + e.what()};
   } catch (const RuntimeError& e) {
     return Result{e.Number(), name + ": " + e.Text()};
@@ -76,7 +76,7 @@ bool IsAudit(const std::string& name) {
 
 }  // namespace
 
-TableBusinessObject::TableBusinessObject(std::shared_ptr<SqliteDatabase> db,
+TableBusinessObject::TableBusinessObject(std::shared_ptr<orvel::Database> db,
                                          const CatalogueTable& catalogue)
     : db_(std::move(db)), catalogue_(catalogue) {}
 
@@ -190,7 +190,7 @@ OrvelStatus TableBusinessObject::ExecArrayCall(const std::string& name, const st
 OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string& param,
                                      Variant::Array& array) {
   return Answer<OrvelStatus>(name, [&] {
-    SqliteTransaction transaction(*db_);
+    Transaction transaction(*db_);
     if (auto handler = actions_.find(name); handler != actions_.end()) {
       handler->second(SplitOrFail(name, param, "its parameters"), array);
     } else if (name == kSaveObject) {
@@ -430,9 +430,9 @@ void TableBusinessObject::DeleteObject(const Args& args) {
   if (expected) stmt.Bind(2, Variant(*expected));
   try {
     stmt.Run();
-  } catch (const SqliteError& e) {
+  } catch (const DatabaseError& e) {
     // Only a reference can stop a delete: documents or prices that name it.
-    if (e.Code() != SQLITE_CONSTRAINT) throw;
+    if (!e.IsConstraint()) throw;
     throw CallFailure{kBadCall, "Įrašas naudojamas dokumentuose: jo panaikinti negalima"};
   }
   if (db_->Changes() == 0) FailUnchanged(*id);

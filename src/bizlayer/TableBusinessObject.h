@@ -15,7 +15,7 @@ namespace orvel {
 
 class MemoryRecordset;
 class Recordset;
-class SqliteDatabase;
+class Database;
 
 // The business object of one object type over its table in the reference
 // database. It answers the module's standard object calls:
@@ -56,7 +56,7 @@ class TableBusinessObject : public OrvelObjectBO {
   // reads it again.
   static constexpr int32_t kChangedMeanwhile = 60000;
 
-  TableBusinessObject(std::shared_ptr<SqliteDatabase> db, const CatalogueTable& catalogue);
+  TableBusinessObject(std::shared_ptr<orvel::Database> db, const CatalogueTable& catalogue);
 
   const CatalogueTable& Catalogue() const { return catalogue_; }
   // The user name written into CreatedByUser and UpdatedByUser.
@@ -64,7 +64,7 @@ class TableBusinessObject : public OrvelObjectBO {
   const std::string& UserName() const { return user_; }
   void SetCallObserver(CallObserver observer) { observer_ = std::move(observer); }
 
-  // The type's own calls. A handler may throw SqliteError or RuntimeError;
+  // The type's own calls. A handler may throw DatabaseError or RuntimeError;
   // an action runs inside a transaction.
   void OnRead(const std::string& name, ReadHandler handler);
   void OnAction(const std::string& name, ActionHandler handler);
@@ -98,7 +98,7 @@ class TableBusinessObject : public OrvelObjectBO {
   std::optional<int64_t> IdOf(const std::string& oidr) const;
   // The set of a query over this database (every column, in order).
   std::shared_ptr<MemoryRecordset> Query(const std::string& sql, const std::vector<Variant>& args);
-  SqliteDatabase& Database() { return *db_; }
+  orvel::Database& Database() { return *db_; }
 
   // OrvelObjectBO
   OrvelBoResult GetCall(const std::string& name, const std::string& param, int32_t zero) override;
@@ -128,7 +128,7 @@ class TableBusinessObject : public OrvelObjectBO {
   void RememberVersion(int64_t id, Recordset* rs);
   bool Versioned() const { return catalogue_.view.empty(); }
 
-  std::shared_ptr<SqliteDatabase> db_;
+  std::shared_ptr<orvel::Database> db_;
   const CatalogueTable& catalogue_;
   std::string user_;
   std::map<std::string, ReadHandler> reads_;

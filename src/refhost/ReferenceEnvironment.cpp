@@ -1,6 +1,6 @@
 #include "refhost/ReferenceEnvironment.h"
 
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 

@@ -7,13 +7,13 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 
 // Per-user settings kept in the database (user_settings, named
 // "<section>/<key>"), and the session and user of this run.
 class ReferenceEnvironment : public OrvelEnvironment {
  public:
-  ReferenceEnvironment(SqliteDatabase& db, int64_t userId, std::shared_ptr<OrvelSession> session,
+  ReferenceEnvironment(Database& db, int64_t userId, std::shared_ptr<OrvelSession> session,
                        std::shared_ptr<OrvelUser> user)
       : db_(db), userId_(userId), session_(std::move(session)), user_(std::move(user)) {}
 
@@ -25,7 +25,7 @@ class ReferenceEnvironment : public OrvelEnvironment {
   std::shared_ptr<OrvelUser> User() override { return user_; }
 
  private:
-  SqliteDatabase& db_;
+  Database& db_;
   int64_t userId_;
   std::shared_ptr<OrvelSession> session_;
   std::shared_ptr<OrvelUser> user_;

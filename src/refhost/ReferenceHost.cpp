@@ -2,7 +2,7 @@
 
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/ReferenceDatabase.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "host/OrvelHeader.h"
 #include "hostkit/ComponentRegistry.h"
 #include "hostkit/WindowRegistry.h"

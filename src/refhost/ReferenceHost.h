@@ -12,7 +12,7 @@ class OrvelServices;
 class Prompter;
 class ReferenceHostClasses;
 class ReferenceObjectManager;
-class SqliteDatabase;
+class Database;
 class HostUi;
 class WindowRegistry;
 struct RegisteredCatalogue;
@@ -45,7 +45,7 @@ class ReferenceHost {
 
   OrvelModule& Module() { return *module_; }
   BusinessLayer& Layer() { return *layer_; }
-  SqliteDatabase& Database() { return *db_; }
+  orvel::Database& Database() { return *db_; }
   std::shared_ptr<OrvelServices> Services() { return services_; }
   ReferenceObjectManager& Objects() { return *objects_; }
   WindowRegistry& Windows() { return *windows_; }
@@ -60,7 +60,7 @@ class ReferenceHost {
   // Declared first so that it is closed last.
   std::unique_ptr<ModuleLibrary> library_;
   OrvelModule* module_ = nullptr;
-  std::shared_ptr<SqliteDatabase> db_;
+  std::shared_ptr<orvel::Database> db_;
   std::unique_ptr<BusinessLayer> layer_;
   std::shared_ptr<RegisteredCatalogue> catalogue_;
   std::shared_ptr<HostUi> ui_;

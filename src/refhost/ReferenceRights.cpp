@@ -1,6 +1,6 @@
 #include "refhost/ReferenceRights.h"
 
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 
 namespace orvel {
 

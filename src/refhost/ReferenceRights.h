@@ -7,14 +7,14 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 
 // A user's rights from the user_rights table: one row per component key,
 // with the row of key "*" standing for every key that has no row of its own.
 // A user with neither may do nothing.
 class ReferenceRights : public OrvelRights {
  public:
-  ReferenceRights(SqliteDatabase& db, int64_t userId) : db_(db), userId_(userId) {}
+  ReferenceRights(Database& db, int64_t userId) : db_(db), userId_(userId) {}
 
   bool CanRead(const std::string& key, int32_t) override { return Has(key, "CanRead"); }
   bool CanUpdate(const std::string& key, int32_t) override { return Has(key, "CanUpdate"); }
@@ -27,7 +27,7 @@ class ReferenceRights : public OrvelRights {
  private:
   bool Has(const std::string& key, const char* operation);
 
-  SqliteDatabase& db_;
+  Database& db_;
   int64_t userId_;
 };
 

@@ -1,6 +1,6 @@
 #include "refhost/ReferenceSession.h"
 
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "host/MemoryRecordset.h"
 
 namespace orvel {

@@ -7,7 +7,7 @@
 
 namespace orvel {
 
-class SqliteDatabase;
+class Database;
 
 // The session of the reference host: the application folder (ending in its
 // separator, since the module appends file names such as "help\imones.htm"
@@ -17,7 +17,7 @@ class ReferenceSession : public OrvelSession {
  public:
   static constexpr const char* kAppTitle = "Orvel Apskaita";
 
-  ReferenceSession(SqliteDatabase& db, std::string appPath)
+  ReferenceSession(Database& db, std::string appPath)
       : db_(db), appPath_(WithSeparator(std::move(appPath))) {}
 
   std::string AppPath() override { return appPath_; }
@@ -32,7 +32,7 @@ class ReferenceSession : public OrvelSession {
     return folder;
   }
 
-  SqliteDatabase& db_;
+  Database& db_;
   std::string appPath_;
 };
 

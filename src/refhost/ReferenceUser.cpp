@@ -1,12 +1,12 @@
 #include "refhost/ReferenceUser.h"
 
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "host/MemoryRecordset.h"
 #include "host/RuntimeError.h"
 
 namespace orvel {
 
-ReferenceUser::ReferenceUser(SqliteDatabase& db, const std::string& name) : name_(name) {
+ReferenceUser::ReferenceUser(Database& db, const std::string& name) : name_(name) {
   auto find = db.Prepare("SELECT ID, FullName FROM users WHERE Name = ?");
   find.Bind(1, Variant(name));
   if (!find.Step()) {

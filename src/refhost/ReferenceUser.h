@@ -8,13 +8,13 @@
 namespace orvel {
 
 class MemoryRecordset;
-class SqliteDatabase;
+class Database;
 
 // The signed-in user, read from the database's users table.
 class ReferenceUser : public OrvelUser {
  public:
   // RuntimeError when there is no such user.
-  ReferenceUser(SqliteDatabase& db, const std::string& name);
+  ReferenceUser(Database& db, const std::string& name);
 
   int64_t UserId() const { return id_; }
 

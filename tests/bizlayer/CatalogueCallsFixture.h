@@ -89,7 +89,7 @@ class CatalogueCallsFixture {
     return out;
   }
 
-  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  std::shared_ptr<Database> db_ = std::make_shared<SqliteDatabase>(":memory:");
   BusinessLayer layer_{db_};
 };
 

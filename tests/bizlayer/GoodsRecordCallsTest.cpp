@@ -7,8 +7,9 @@
 
 #include "CatalogueCallsFixture.h"
 #include "TempDatabase.h"
+#include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/SqliteError.h"
+#include "bizlayer/Database.h"
 #include "host/MemoryRecordset.h"
 
 namespace orvel {
@@ -309,13 +310,13 @@ TEST_F(GoodsRecordCallsTest, AMeasureRowNeverTakesItsUnitAlong) {
   try {
     db_->Exec("DELETE FROM measures WHERE ID = 2");
     ADD_FAILURE() << "a unit in use was deleted";
-  } catch (const SqliteError& e) {
+  } catch (const DatabaseError& e) {
     EXPECT_THAT(e.what(), HasSubstr("Matavimo vienetas naudojamas prekėse"));
   }
   try {
     db_->Exec("UPDATE goods SET VAT = 121 WHERE ID = 2");
     ADD_FAILURE() << "a rate above 100 % was written";
-  } catch (const SqliteError& e) {
+  } catch (const DatabaseError& e) {
     EXPECT_THAT(e.what(), HasSubstr("Neteisingas PVM tarifas"));
   }
 
@@ -454,12 +455,12 @@ TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
 
 // ---- a file of the previous version --------------------------------------
 
-Variant One(SqliteDatabase& db, const std::string& sql) {
+Variant One(Database& db, const std::string& sql) {
   auto stmt = db.Prepare(sql);
   return stmt.Step() ? stmt.Column(0) : Variant();
 }
 
-std::string Rows(SqliteDatabase& db, const std::string& sql) {
+std::string Rows(Database& db, const std::string& sql) {
   auto stmt = db.Prepare(sql);
   std::string out;
   while (stmt.Step()) {
@@ -475,7 +476,7 @@ std::string Rows(SqliteDatabase& db, const std::string& sql) {
 // one made.
 void MakePreviousVersionFile(const std::string& path) {
   SqliteDatabase db(path);
-  SqliteTransaction transaction(db);
+  Transaction transaction(db);
   ReferenceDatabase::CreateSchema(db);
   db.Exec(
       "DROP TABLE goods_prices; DROP TABLE goods_min_amounts; DROP TABLE goods_templates;"

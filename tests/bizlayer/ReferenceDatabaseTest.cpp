@@ -15,7 +15,7 @@
 namespace orvel {
 namespace {
 
-Variant One(SqliteDatabase& db, const std::string& sql) {
+Variant One(Database& db, const std::string& sql) {
   auto stmt = db.Prepare(sql);
   return stmt.Step() ? stmt.Column(0) : Variant();
 }
@@ -130,7 +130,7 @@ TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
   {
     // The file as version 3 made it: its schema and sample data, no parts.
     SqliteDatabase db(file.Path());
-    SqliteTransaction transaction(db);
+    Transaction transaction(db);
     ReferenceDatabase::CreateSchema(db);
     ReferenceDatabase::SeedSampleData(db);
     db.Exec("UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3; PRAGMA user_version = 3;");
@@ -154,7 +154,7 @@ TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
   TempDatabase file;
   auto writer = ReferenceDatabase::Open(file.Path());
   SqliteDatabase reader(file.Path());
-  SqliteTransaction transaction(*writer);
+  Transaction transaction(*writer);
   writer->Exec("UPDATE banks SET Name = 'Pervadintas' WHERE ID = 1");
   EXPECT_EQ(One(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("AB SEB bankas"));
   transaction.Commit();

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteError.h"
+#include "bizlayer/Database.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 
@@ -56,24 +56,24 @@ INSTANTIATE_TEST_SUITE_P(
         RoundTrip{"b", Variant(true), Variant(true)},
         RoundTrip{"b", Variant(false), Variant(false)}));
 
-TEST(SqliteStatement, ObjectsCannotBeStored) {
+TEST(Statement, ObjectsCannotBeStored) {
   SqliteDatabase db(":memory:");
   db.Exec("CREATE TABLE probe (t TEXT)");
   auto insert = db.Prepare("INSERT INTO probe VALUES (?)");
-  EXPECT_THROW(insert.Bind(1, Variant(std::make_shared<MemoryRecordset>())), SqliteError);
+  EXPECT_THROW(insert.Bind(1, Variant(std::make_shared<MemoryRecordset>())), DatabaseError);
 }
 
-TEST(SqliteStatement, BadSqlIsAnErrorThatNamesTheStatement) {
+TEST(Statement, BadSqlIsAnErrorThatNamesTheStatement) {
   SqliteDatabase db(":memory:");
   try {
     db.Prepare("SELECT nothing FROM nowhere");
     FAIL() << "no error";
-  } catch (const SqliteError& e) {
+  } catch (const DatabaseError& e) {
     EXPECT_NE(std::string(e.what()).find("nowhere"), std::string::npos);
   }
 }
 
-TEST(SqliteStatement, ContainsComparesLithuanianLettersWithoutCase) {
+TEST(Statement, ContainsComparesLithuanianLettersWithoutCase) {
   SqliteDatabase db(":memory:");
   auto probe = db.Prepare("SELECT orvel_contains(?, ?)");
   probe.BindAll("AB „ŠIAULIŲ DUONA“", "šiaulių");
@@ -85,15 +85,15 @@ TEST(SqliteStatement, ContainsComparesLithuanianLettersWithoutCase) {
   EXPECT_EQ(probe.Column(0), Variant(0));
 }
 
-TEST(SqliteTransaction, RollsBackUnlessCommitted) {
+TEST(Transaction, RollsBackUnlessCommitted) {
   SqliteDatabase db(":memory:");
   db.Exec("CREATE TABLE probe (t TEXT)");
   {
-    SqliteTransaction transaction(db);
+    Transaction transaction(db);
     db.Exec("INSERT INTO probe VALUES ('lost')");
   }
   {
-    SqliteTransaction transaction(db);
+    Transaction transaction(db);
     db.Exec("INSERT INTO probe VALUES ('kept')");
     transaction.Commit();
   }

@@ -61,7 +61,7 @@ class TableBusinessObjectTest : public ::testing::Test {
     return static_cast<int>(stmt.Column(0).NumberValue());
   }
 
-  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  std::shared_ptr<Database> db_ = std::make_shared<SqliteDatabase>(":memory:");
   BusinessLayer layer_{db_};
 };
 

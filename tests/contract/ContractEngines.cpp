@@ -8,7 +8,6 @@
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "testhost/CallLog.h"
@@ -94,7 +93,7 @@ class SqliteEngine : public ContractEngine {
   }
 
  private:
-  std::shared_ptr<SqliteDatabase> db_ = std::make_shared<SqliteDatabase>(":memory:");
+  std::shared_ptr<Database> db_ = std::make_shared<SqliteDatabase>(":memory:");
   std::unique_ptr<BusinessLayer> layer_ = std::make_unique<BusinessLayer>(db_);
   std::unique_ptr<BusinessLayer> other_;
 };

@@ -38,7 +38,7 @@
 
 #include "TempDatabase.h"
 #include "bizlayer/BusinessLayer.h"
-#include "bizlayer/SqliteDatabase.h"
+#include "bizlayer/Database.h"
 #include "host/Convert.h"
 #include "host/OrvelObjectUI.h"
 #include "host/OrvelObjectUIO.h"
