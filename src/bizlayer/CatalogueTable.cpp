@@ -2,6 +2,9 @@
 
 #include <strings.h>
 
+#include <map>
+#include <string>
+
 namespace orvel {
 
 const char* SqlTypeName(SqlType type) {
@@ -323,6 +326,17 @@ std::vector<CatalogueTable> MakeCatalogues() {
 const std::vector<CatalogueTable>& Catalogues() {
   static const std::vector<CatalogueTable> specs = MakeCatalogues();
   return specs;
+}
+
+std::string RightKeyOf(const std::string& oid) {
+  static const std::map<std::string, std::string> keys{
+      {"O0000100", "CFirms"},   {"O0000500", "CFirms"},   {"O0002000", "CFirms"},
+      {"O0002100", "CFirms"},   {"O0002400", "CFirms"},   {"O0002500", "CFirms"},
+      {"O0000200", "CGoods"},   {"O0000400", "CGoods"},   {"O0000600", "CGoodsPT"},
+      {"O0000700", "CGoodsMIN"}, {"O0000800", "CGoodsBR"}, {"O0000300", "CBanks"},
+      {"O0002200", "CCurrency"}, {"O1000600", "CCatalogueDiscounts"}};
+  auto key = keys.find(oid);
+  return key == keys.end() ? "CReference" : key->second;
 }
 
 const CatalogueTable* CatalogueOf(const std::string& oid) {

@@ -54,6 +54,10 @@ struct CatalogueTable {
 // Every object type of the reference business layer.
 const std::vector<CatalogueTable>& Catalogues();
 const CatalogueTable* CatalogueOf(const std::string& oid);
+// The component of the rights table that writing a type's records needs:
+// "CFirms" for firms and their detail records, "CGoods" for goods, a
+// price's "CGoodsPT" and so on, "CReference" for the reference books.
+std::string RightKeyOf(const std::string& oid);
 
 class Database;
 // Writes the card's fields of a type (ID first, hidden) into the table of

@@ -708,6 +708,17 @@ void ReferenceDatabase::CreateSchema(Database& db) {
   CreateCallTables(db);
 }
 
+void ReferenceDatabase::GrantEverything(Database& db, const std::string& user) {
+  auto add = db.Prepare(
+      "INSERT INTO users (Name) SELECT ?1 WHERE NOT EXISTS (SELECT 1 FROM users WHERE Name = ?1)");
+  add.BindAll(user).Run();
+  auto grant = db.Prepare(
+      "INSERT INTO user_rights (UserID, Component, CanRead, CanInsert, CanUpdate, CanDelete,"
+      " Allowed) SELECT ID, '*', 1, 1, 1, 1, 1 FROM users u WHERE Name = ? AND NOT EXISTS"
+      " (SELECT 1 FROM user_rights r WHERE r.UserID = u.ID AND r.Component = '*')");
+  grant.BindAll(user).Run();
+}
+
 void ReferenceDatabase::SeedSampleData(Database& db) {
   db.Exec(
       "INSERT INTO users (Name, FullName) VALUES ('admin', 'Administratorius'),"

@@ -24,6 +24,8 @@ class ReferenceDatabase {
 
   static void CreateSchema(Database& db);
   static void SeedSampleData(Database& db);
+  // Makes `user` a user (when not one yet) holding every right: the row "*".
+  static void GrantEverything(Database& db, const std::string& user);
 };
 
 }  // namespace orvel

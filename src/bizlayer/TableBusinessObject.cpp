@@ -192,10 +192,12 @@ OrvelStatus TableBusinessObject::Act(const std::string& name, const std::string&
   return Answer<OrvelStatus>(name, [&] {
     Transaction transaction(*db_);
     if (auto handler = actions_.find(name); handler != actions_.end()) {
+      RequireRight("CanUpdate", "keisti");
       handler->second(SplitOrFail(name, param, "its parameters"), array);
     } else if (name == kSaveObject) {
       SaveObject(SplitOrFail(name, param, "'<OID>','<OIDR>'"), array);
     } else if (name == kDeleteObject) {
+      RequireRight("CanDelete", "naikinti");
       DeleteObject(SplitOrFail(name, param, "'<OIDR>'"));
     } else {
       throw CallFailure{kBadCall, catalogue_.oid + " neturi veiksmo " + name};
@@ -307,6 +309,8 @@ void TableBusinessObject::SaveObject(const Args& args, Variant::Array& array) {
                       std::string(kSaveObject) + ": masyvo pradžioje turi būti įrašo rinkinys"};
   }
   const std::string oidr = args.size() > 1 ? args[1] : "";
+  if (oidr.empty()) RequireRight("CanInsert", "kurti");
+  else RequireRight("CanUpdate", "keisti");
   if (oidr.empty()) {
     int64_t id = Insert(*rs);
     RememberVersion(id, rs.get());
@@ -346,6 +350,24 @@ void TableBusinessObject::FailUnchanged(int64_t id) {
   versions_.erase(id);
   throw CallFailure{kChangedMeanwhile,
                     "Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: " + oidr};
+}
+
+void TableBusinessObject::RequireRight(const char* right, const char* doing) {
+  if (user_.empty()) return;
+  const std::string key = RightKeyOf(catalogue_.oid);
+  // `right` is one of the rights table's five columns, never a caller's text.
+  auto granted = Query(std::string("SELECT r.") + right +
+                           " FROM user_rights r JOIN users u ON u.ID = r.UserID"
+                           " WHERE u.Name = ? AND r.Component IN (?, '*')"
+                           " ORDER BY r.Component = '*' LIMIT 1",
+                       {Variant(user_), Variant(key)});
+  if (granted->RecordCount() > 0) {
+    granted->MoveFirst();
+    const Variant& value = granted->Fields().Item(0).Value();
+    if (!value.IsNull() && value.NumberValue() != 0) return;
+  }
+  throw CallFailure{kNoRight, "Vartotojas " + user_ + " neturi teisės " + doing + " šių įrašų (" +
+                                  key + ")"};
 }
 
 void TableBusinessObject::RememberVersion(int64_t id, Recordset* rs) {

@@ -55,11 +55,15 @@ class TableBusinessObject : public OrvelObjectBO {
   // The record was changed by someone else since it was read: the window
   // reads it again.
   static constexpr int32_t kChangedMeanwhile = 60000;
+  // The user holds no right to the write, delete or method.
+  static constexpr int32_t kNoRight = 70;
 
   TableBusinessObject(std::shared_ptr<orvel::Database> db, const CatalogueTable& catalogue);
 
   const CatalogueTable& Catalogue() const { return catalogue_; }
-  // The user name written into CreatedByUser and UpdatedByUser.
+  // The user whose rights every write, delete and method of the type needs,
+  // and whose name goes into CreatedByUser and UpdatedByUser. Without one
+  // (the program's own work on its schema) nothing is checked.
   void SetUserName(std::string user) { user_ = std::move(user); }
   const std::string& UserName() const { return user_; }
   void SetCallObserver(CallObserver observer) { observer_ = std::move(observer); }
@@ -127,6 +131,9 @@ class TableBusinessObject : public OrvelObjectBO {
   [[noreturn]] void FailUnchanged(int64_t id);
   void RememberVersion(int64_t id, Recordset* rs);
   bool Versioned() const { return catalogue_.view.empty(); }
+  // Refuses with kNoRight unless the user's row for the type's component (or
+  // the row "*") grants `right`, one of the rights table's columns.
+  void RequireRight(const char* right, const char* doing);
 
   std::shared_ptr<orvel::Database> db_;
   const CatalogueTable& catalogue_;

@@ -22,6 +22,9 @@ class CatalogueCallsFixture {
  protected:
   CatalogueCallsFixture() {
     ReferenceDatabase::CreateSchema(*db_);
+    // Far above the IDs the tests give their own users.
+    db_->Exec("INSERT INTO users (ID, Name) VALUES (900, 'rūta')");
+    ReferenceDatabase::GrantEverything(*db_, "rūta");
     layer_.SetUserName("rūta");
   }
 

@@ -25,7 +25,8 @@ class FirmDetailCallsTest : public CatalogueCallsFixture, public ::testing::Test
     Insert(firm, {"UAB Alfa", 1, 0});
     Insert(firm, {"AB Beta", Variant::Null(), 0});
     Insert("INSERT INTO banks (Name, Code) VALUES ('Swedbank', '73000')", {});
-    Insert("INSERT INTO users (Name, FullName) VALUES ('admin', 'A'), ('rūta', 'R')", {});
+    Insert("INSERT INTO users (ID, Name, FullName) VALUES (1, 'admin', 'A')", {});
+    Insert("UPDATE users SET FullName = 'R' WHERE Name = 'rūta'", {});
     Insert("INSERT INTO firm_accounts (Name, BankID, Currency, FOIDR) VALUES (?, ?, ?, ?)",
            {"LT02", 1, "EUR", "O00001002"});
     Insert("INSERT INTO firm_accounts (Name, BankID, Currency, FOIDR) VALUES (?, ?, ?, ?)",
@@ -157,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
-  ASSERT_EQ(Write("0,'Skambinti \"rytoj\"','20261123',Null,2,2,3").Number, 0);
+  ASSERT_EQ(Write("0,'Skambinti \"rytoj\"','20261123',Null,2,900,3").Number, 0);
   EXPECT_EQ(Notes(), "1|2|Skambinti \"rytoj\"|2026-11-23||rūta|3|\n");
   // The text may hold commas; the end may be set later.
   ASSERT_EQ(Write("1,'Skambinti, paskui rašyti','20261201','20261231',2,1,1").Number, 0);

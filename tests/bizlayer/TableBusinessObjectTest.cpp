@@ -18,6 +18,9 @@ class TableBusinessObjectTest : public ::testing::Test {
  protected:
   TableBusinessObjectTest() {
     ReferenceDatabase::CreateSchema(*db_);
+    // Far above the IDs the tests give their own users.
+    db_->Exec("INSERT INTO users (ID, Name) VALUES (900, 'rūta')");
+    ReferenceDatabase::GrantEverything(*db_, "rūta");
     layer_.SetUserName("rūta");
   }
 

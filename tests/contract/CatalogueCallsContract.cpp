@@ -115,6 +115,53 @@ TEST_P(CatalogueCallsContract, RefusesWhatItCannotReadAndChangesNothing) {
   EXPECT_TRUE(Engine().Digest() == before) << "a refused call changed what is stored";
 }
 
+// The layer keeps the rights itself: a user who holds none for firms cannot
+// write, delete or change a firm by calling the layer directly, whatever a
+// window would have shown; goods, which the user may change, are written.
+class RightsContract : public ContractFixture, public ::testing::TestWithParam<const EngineKind*> {
+ protected:
+  RightsContract() : ContractFixture(*GetParam()) {}
+  void SetUp() override {
+    Engine().GivenSampleOffice();
+    Engine().GivenOtherUsersRights({{"CFirms", false}, {"CGoods", true}});
+  }
+  OrvelObjectBO& Theirs(const std::string& oid) { return Engine().OtherSession(oid); }
+};
+
+TEST_P(RightsContract, AUserWithoutTheRightIsRefusedWhenCallingTheLayerDirectly) {
+  auto firm = std::dynamic_pointer_cast<Recordset>(
+      Theirs("O0000100").GetCall("Orvel_ReadObject", "'O00001009'", 0).Object);
+  auto good = std::dynamic_pointer_cast<Recordset>(
+      Theirs("O0000200").GetCall("Orvel_ReadObject", "'O00002002'", 0).Object);
+  ASSERT_NE(firm, nullptr);
+  ASSERT_NE(good, nullptr);
+  const std::string before = Engine().Digest();
+  const std::string refused = "Vartotojas jonas neturi teisės ";
+  firm->Fields("Name").SetValue(Variant("Be teisės"));
+  Variant::Array record{Variant(firm)};
+  for (const auto& [status, doing] : std::vector<std::pair<OrvelStatus, std::string>>{
+           {Theirs("O0000100").ExecArrayCall("Orvel_SaveObject", "'O0000100','O00001009'", record),
+            "keisti"},
+           {Theirs("O0000100").ExecArrayCall("Orvel_SaveObject", "'O0000100',''", record),
+            "kurti"},
+           {Theirs("O0000100").ExecCall("Orvel_DeleteObject", "'O00001009'", 0), "naikinti"},
+           {Theirs("O0000100").ExecCall("DeleteFirmInfo", "1", 0), "keisti"}}) {
+    EXPECT_EQ(status.Number, 70);
+    EXPECT_EQ(status.Text.substr(status.Text.find(refused)),
+              refused + doing + " šių įrašų (CFirms)");
+  }
+  EXPECT_TRUE(Engine().Digest() == before) << "a refused call changed what is stored";
+
+  good->Fields("Name").SetValue(Variant("Su teise"));
+  Variant::Array goods{Variant(good)};
+  EXPECT_EQ(Theirs("O0000200").ExecArrayCall("Orvel_SaveObject", "'O0000200','O00002002'", goods)
+                .Number,
+            0);
+}
+
+INSTANTIATE_TEST_SUITE_P(EveryEngine, RightsContract, ::testing::ValuesIn(EngineParams(true)),
+                         [](const auto& info) { return std::string(info.param->name); });
+
 std::string CaseName(const ::testing::TestParamInfo<std::tuple<const EngineKind*, CallCase>>& info) {
   return std::string(std::get<0>(info.param)->name) + "_" + std::get<1>(info.param).name + "_" +
          std::to_string(info.index);

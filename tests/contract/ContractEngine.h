@@ -38,6 +38,10 @@ class ContractEngine {
   // year of rates, the reference books. Only engines that keep the catalogue
   // calls have it.
   virtual void GivenSampleOffice() = 0;
+  // The rights of the second workstation's user (OtherSession), replacing
+  // those it had: each row a component and whether every right on it is
+  // held. Only engines that keep the catalogue calls keep rights.
+  virtual void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>& rights) = 0;
   // Everything the engine stores, as text: equal digests mean nothing changed.
   virtual std::string Digest() = 0;
 };

@@ -28,6 +28,8 @@ class SqliteEngine : public ContractEngine {
  public:
   SqliteEngine() {
     ReferenceDatabase::CreateSchema(*db_);
+    ReferenceDatabase::GrantEverything(*db_, "rūta");
+    ReferenceDatabase::GrantEverything(*db_, "jonas");
     layer_->SetUserName("rūta");
   }
 
@@ -54,6 +56,8 @@ class SqliteEngine : public ContractEngine {
   // A new database as a workstation makes it on its first start.
   void GivenSampleOffice() override {
     db_ = ReferenceDatabase::Open(":memory:");
+    ReferenceDatabase::GrantEverything(*db_, "rūta");
+    ReferenceDatabase::GrantEverything(*db_, "jonas");
     layer_ = std::make_unique<BusinessLayer>(db_);
     layer_->SetUserName("rūta");
     other_.reset();
@@ -74,6 +78,16 @@ class SqliteEngine : public ContractEngine {
       }
     }
     return out;
+  }
+
+  void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>& rights) override {
+    db_->Exec("DELETE FROM user_rights WHERE UserID = (SELECT ID FROM users WHERE Name = 'jonas')");
+    for (const auto& [component, held] : rights) {
+      auto grant = db_->Prepare(
+          "INSERT INTO user_rights (UserID, Component, CanRead, CanInsert, CanUpdate, CanDelete,"
+          " Allowed) SELECT ID, ?2, 1, ?1, ?1, ?1, ?1 FROM users WHERE Name = 'jonas'");
+      grant.BindAll(held ? 1 : 0, component).Run();
+    }
   }
 
   void GivenTable(const std::string& table, const std::vector<Row>& rows) override {
@@ -120,6 +134,10 @@ class MemoryEngine : public ContractEngine {
 
   void GivenSampleOffice() override {
     throw std::logic_error("the in-memory host keeps no sample office");
+  }
+
+  void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) override {
+    throw std::logic_error("the in-memory host keeps no rights");
   }
 
   std::string Digest() override {
