@@ -17,7 +17,7 @@ using callargs::Record;
 using callargs::Require;
 
 // A firm or group that must exist for the call to mean anything.
-int64_t ExistingFirm(TableBusinessObject& firms, const std::string& oidr, const std::string& call) {
+int64_t ExistingFirm(TableBusinessObject& firms, const std::string& oidr) {
   const int64_t id = Record(firms, oidr);
   auto rs = firms.Query("SELECT COUNT(*) FROM firms WHERE ID = ?", {Variant(id)});
   if (rs->Fields().Item(0).Value().NumberValue() == 0) {
@@ -90,7 +90,7 @@ void AddFirmCalls(TableBusinessObject& firms) {
   // own gets kNoCreditLimit. LimitTerm is what the firm owes on sales older
   // than its credit days.
   firms.OnRead("GetFirmDebt", [&firms](const Args& args) {
-    const int64_t id = ExistingFirm(firms, At(args, 0), "GetFirmDebt");
+    const int64_t id = ExistingFirm(firms, At(args, 0));
     return firms.Query(std::string("SELECT ") + kDebtSums +
                            ", CASE WHEN f.CreditLimit > 0 THEN f.CreditLimit ELSE " +
                            kNoCreditLimit + " END AS \"Limit\","
@@ -107,7 +107,7 @@ void AddFirmCalls(TableBusinessObject& firms) {
 
   // OIDR of our own firm: the same sums, no limits.
   firms.OnRead("GetOurDebt", [&firms](const Args& args) {
-    const int64_t id = ExistingFirm(firms, At(args, 0), "GetOurDebt");
+    const int64_t id = ExistingFirm(firms, At(args, 0));
     return firms.Query(std::string("SELECT ") + kDebtSums +
                            " FROM firms f LEFT JOIN documents d ON d.FirmID = f.ID WHERE f.ID = ?"
                            " GROUP BY f.ID",

@@ -19,7 +19,7 @@ using Args = TableBusinessObject::Args;
 using callargs::At;
 
 // The firm a list is asked for; it must be a stored firm or group.
-int64_t ListedFirm(TableBusinessObject& firms, const Args& args, const std::string& call) {
+int64_t ListedFirm(TableBusinessObject& firms, const Args& args) {
   callargs::RequireExactly(args, 1, "<OIDR>");
   const int64_t id = callargs::Record(firms, args[0]);
   auto rs = firms.Query("SELECT COUNT(*) FROM firms WHERE ID = ?", {Variant(id)});
@@ -33,8 +33,8 @@ int64_t ListedFirm(TableBusinessObject& firms, const Args& args, const std::stri
 // where `byOidr`.
 void AddFirmList(TableBusinessObject& firms, const std::string& call, std::string sql,
                  bool byOidr = false) {
-  firms.OnRead(call, [&firms, call, sql = std::move(sql), byOidr](const Args& args) {
-    const int64_t id = ListedFirm(firms, args, call);
+  firms.OnRead(call, [&firms, sql = std::move(sql), byOidr](const Args& args) {
+    const int64_t id = ListedFirm(firms, args);
     return firms.Query(
         sql, {byOidr ? Variant(firms.Catalogue().oid + std::to_string(id)) : Variant(id)});
   });
@@ -62,7 +62,6 @@ Date CompactDay(const std::string& text, const char* what) {
 // <ID>,'<text>','<from>',<'to' or Null>,<firm ID>,<user ID>,<priority>: writes
 // a note, a new one for ID 0. The author is the user of that ID.
 void AddUpdateFirmInfo(TableBusinessObject& firms, const Args& args) {
-  constexpr const char* kCall = "AddUpdateFirmInfo";
   callargs::RequireExactly(args, 7,
                            "<ID>,'<tekstas>','<yyyymmdd>',<'yyyymmdd' arba Null>,<įmonės ID>,<vartotojo ID>,"
                            "<prioritetas>");

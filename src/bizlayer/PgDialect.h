@@ -1,0 +1,29 @@
+#pragma once
+
+#include <map>
+#include <string>
+#include <string_view>
+
+namespace orvel {
+
+// The one place where the layer's SQL, written as SQLite reads it, becomes
+// PostgreSQL's. Parameters "?" and "?N" become "$N"; the column types of a
+// CREATE TABLE take PostgreSQL's names (INTEGER PRIMARY KEY AUTOINCREMENT an
+// identity, BOOLEAN a SMALLINT, DATE a TIMESTAMP, REAL a DOUBLE PRECISION);
+// SQLite's "now" becomes LOCALTIMESTAMP. Text in quotes is left as it is.
+struct PgStatementText {
+  std::string sql;
+  int parameters = 0;
+  // PostgreSQL folds unquoted names to lower case: the spelling each name
+  // has in the statement, by its lower-case form, so that a result's
+  // columns keep the names the layer wrote.
+  std::map<std::string, std::string> spellings;
+};
+PgStatementText ToPostgres(std::string_view sql);
+
+// The functions the layer's SQL calls that PostgreSQL lacks or spells
+// otherwise (orvel_contains, orvel_starts, printf, round of a double),
+// made once in each new database.
+const char* PgPrelude();
+
+}  // namespace orvel

@@ -1,0 +1,139 @@
+#include <gtest/gtest.h>
+
+#include <tuple>
+
+#include "ScratchDatabase.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+
+namespace orvel {
+namespace {
+
+struct RoundTrip {
+  const char* column;  // a column of the probe table
+  Variant stored;
+  Variant read;
+};
+
+void PrintTo(const RoundTrip& c, std::ostream* out) { *out << c.column << " " << Describe(c.stored); }
+
+// What the layer stores reads back the same on every engine.
+class DatabaseTest : public ::testing::TestWithParam<const EngineMaker*> {
+ protected:
+  void SetUp() override { db_ = GetParam()->make(); }
+  std::shared_ptr<Database> db_;
+};
+
+class RoundTripTest
+    : public ::testing::TestWithParam<std::tuple<const EngineMaker*, RoundTrip>> {};
+
+TEST_P(RoundTripTest, ValueReadsBackByDeclaredType) {
+  auto db = std::get<0>(GetParam())->make();
+  const RoundTrip& c = std::get<1>(GetParam());
+  db->Exec(
+      "CREATE TABLE probe (ID INTEGER PRIMARY KEY AUTOINCREMENT, i INTEGER, r REAL, t TEXT,"
+      " d DATE, b BOOLEAN);"
+      "INSERT INTO probe (i) VALUES (NULL);");
+  db->Prepare(std::string("UPDATE probe SET ") + c.column + " = ?").Bind(1, c.stored).Run();
+  EXPECT_EQ(db->Changes(), 1);
+  auto select = db->Prepare(std::string("SELECT ") + c.column + " FROM probe");
+  ASSERT_TRUE(select.Step());
+  EXPECT_EQ(select.Column(0), c.read) << Describe(select.Column(0));
+}
+
+Date At(int y, int m, int d, int seconds = 0) {
+  Date date = DateSerial(y, m, d);
+  date.serial += seconds / 86400.0;
+  return date;
+}
+
+std::vector<const EngineMaker*> Engines() {
+  std::vector<const EngineMaker*> out;
+  for (const auto& engine : DatabaseEngines()) out.push_back(&engine);
+  return out;
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Values, RoundTripTest,
+    ::testing::Combine(
+        ::testing::ValuesIn(Engines()),
+        ::testing::Values(
+            RoundTrip{"i", Variant(42), Variant(42)},
+            RoundTrip{"i", Variant(int64_t{5000000000}), Variant(5000000000.0)},
+            RoundTrip{"i", Variant(), Variant::Null()},
+            RoundTrip{"i", Variant::Null(), Variant::Null()},
+            RoundTrip{"r", Variant(3.4528), Variant(3.4528)},
+            RoundTrip{"r", Variant(7), Variant(7.0)},
+            RoundTrip{"t", Variant("O'Brien"), Variant("O'Brien")},
+            RoundTrip{"t", Variant("x'; DROP TABLE firms; --"),
+                      Variant("x'; DROP TABLE firms; --")},
+            RoundTrip{"t", Variant("UAB „Šiaulių duona“ ?"), Variant("UAB „Šiaulių duona“ ?")},
+            RoundTrip{"t", Variant(""), Variant("")},
+            RoundTrip{"d", Variant(At(2026, 11, 23)), Variant(At(2026, 11, 23))},
+            RoundTrip{"d", Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7)),
+                      Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7))},
+            RoundTrip{"b", Variant(true), Variant(true)},
+            RoundTrip{"b", Variant(false), Variant(false)})),
+    [](const auto& info) {
+      return std::string(std::get<0>(info.param)->name) + "_" + std::to_string(info.index);
+    });
+
+TEST_P(DatabaseTest, ObjectsCannotBeStored) {
+  db_->Exec("CREATE TABLE probe (t TEXT)");
+  auto insert = db_->Prepare("INSERT INTO probe VALUES (?)");
+  EXPECT_THROW(insert.Bind(1, Variant(std::make_shared<MemoryRecordset>())), DatabaseError);
+}
+
+TEST_P(DatabaseTest, BadSqlIsAnErrorThatNamesTheStatement) {
+  try {
+    db_->Prepare("SELECT nothing FROM nowhere").Step();
+    FAIL() << "no error";
+  } catch (const DatabaseError& e) {
+    EXPECT_NE(std::string(e.what()).find("nowhere"), std::string::npos) << e.what();
+  }
+}
+
+TEST_P(DatabaseTest, ContainsAndStartsCompareLithuanianLettersWithoutCase) {
+  auto probe = db_->Prepare(
+      "SELECT CASE WHEN orvel_contains(?1, ?2) THEN 1 ELSE 0 END,"
+      " CASE WHEN orvel_starts(?1, ?2) THEN 1 ELSE 0 END");
+  for (const auto& [text, part, contains, starts] :
+       std::vector<std::tuple<const char*, const char*, int, int>>{
+           {"AB „ŠIAULIŲ DUONA“", "šiaulių", 1, 0},
+           {"Šiaulių bankas", "ŠIAULIŲ", 1, 1},
+           {"Medienos centras", "Šiaulių", 0, 0}}) {
+    probe.Reset();
+    probe.BindAll(text, part);
+    ASSERT_TRUE(probe.Step());
+    EXPECT_EQ(probe.Column(0), Variant(contains)) << text;
+    EXPECT_EQ(probe.Column(1), Variant(starts)) << text;
+  }
+}
+
+TEST_P(DatabaseTest, RollsBackUnlessCommittedAndGivesTheNewId) {
+  db_->Exec("CREATE TABLE probe (ID INTEGER PRIMARY KEY AUTOINCREMENT, t TEXT)");
+  {
+    Transaction transaction(*db_);
+    db_->Exec("INSERT INTO probe (t) VALUES ('lost')");
+  }
+  int64_t id = 0;
+  {
+    Transaction transaction(*db_);
+    db_->Prepare("INSERT INTO probe (t) VALUES (?)").BindAll("kept").Run();
+    id = db_->LastInsertRowId();
+    transaction.Commit();
+  }
+  auto rows = db_->Prepare("SELECT ID, t AS Kept FROM probe WHERE t IS NOT ?");
+  rows.BindAll("lost");
+  ASSERT_TRUE(rows.Step());
+  EXPECT_EQ(rows.Column(0), Variant(static_cast<int32_t>(id)));
+  EXPECT_EQ(rows.ColumnName(1), "Kept");
+  EXPECT_EQ(rows.Column(1), Variant("kept"));
+  EXPECT_FALSE(rows.Step());
+}
+
+INSTANTIATE_TEST_SUITE_P(Engines, DatabaseTest, ::testing::ValuesIn(Engines()),
+                         [](const auto& info) { return std::string(info.param->name); });
+
+}  // namespace
+}  // namespace orvel
