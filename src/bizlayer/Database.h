@@ -88,8 +88,11 @@ class Statement {
 // in one place. Failures are DatabaseError.
 class Database {
  public:
+  enum class Engine { Sqlite, Postgres };
+
   virtual ~Database() = default;
 
+  virtual Engine Kind() const = 0;
   // Runs one or more statements that take no parameters.
   virtual void Exec(std::string_view sql) = 0;
   virtual Statement Prepare(std::string_view sql) = 0;

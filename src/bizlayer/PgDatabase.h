@@ -27,6 +27,7 @@ class PgDatabase : public Database {
   // Whether a --db argument names a server rather than a file.
   static bool IsUrl(std::string_view text);
 
+  Engine Kind() const override { return Engine::Postgres; }
   const std::string& Path() const override { return url_; }
   void Exec(std::string_view sql) override;
   Statement Prepare(std::string_view sql) override;

@@ -186,6 +186,15 @@ CREATE OR REPLACE FUNCTION orvel_starts(t text, part text) RETURNS boolean LANGU
   IMMUTABLE AS $$ SELECT strpos(orvel_fold(t), orvel_fold(part)) = 1 $$;
 CREATE OR REPLACE FUNCTION round(n double precision, places integer) RETURNS double precision
   LANGUAGE sql IMMUTABLE AS $$ SELECT round(n::numeric, places)::double precision $$;
+CREATE OR REPLACE FUNCTION orvel_next_version() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+  IF NEW.Version IS NOT DISTINCT FROM OLD.Version THEN NEW.Version := OLD.Version + 1; END IF;
+  RETURN NEW;
+END $$;
+CREATE OR REPLACE FUNCTION orvel_read_only() RETURNS trigger LANGUAGE plpgsql AS $$
+BEGIN
+  RAISE EXCEPTION 'Šie įrašai tik skaitomi';
+END $$;
 CREATE OR REPLACE FUNCTION printf(fmt text, n double precision) RETURNS text LANGUAGE plpgsql
   IMMUTABLE AS $$
 BEGIN
@@ -200,6 +209,31 @@ BEGIN
   RAISE EXCEPTION 'printf: nežinomas formatas %', fmt;
 END $$;
 )SQL";
+}
+
+std::string PgVersionTrigger(const std::string& table) {
+  return "CREATE OR REPLACE TRIGGER " + table + "_version BEFORE UPDATE ON " + table +
+         " FOR EACH ROW EXECUTE FUNCTION orvel_next_version()";
+}
+
+std::string PgReadOnlyTriggers(const std::string& view) {
+  return "CREATE OR REPLACE TRIGGER " + view + "_read_only INSTEAD OF INSERT OR UPDATE OR DELETE ON " +
+         view + " FOR EACH ROW EXECUTE FUNCTION orvel_read_only()";
+}
+
+std::string PgFollowIds(const std::string& table) {
+  return "SELECT setval(pg_get_serial_sequence('" + table + "', 'id'), COALESCE(MAX(ID), 0) + 1,"
+         " false) FROM " + table;
+}
+
+const char* PgTableExistsQuery() {
+  return "SELECT COUNT(*) FROM information_schema.tables WHERE table_schema = current_schema()"
+         " AND table_name = lower(?)";
+}
+
+const char* PgColumnExistsQuery() {
+  return "SELECT COUNT(*) FROM information_schema.columns WHERE table_schema = current_schema()"
+         " AND table_name = lower(?) AND column_name = lower(?)";
 }
 
 }  // namespace orvel

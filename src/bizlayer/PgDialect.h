@@ -22,8 +22,21 @@ struct PgStatementText {
 PgStatementText ToPostgres(std::string_view sql);
 
 // The functions the layer's SQL calls that PostgreSQL lacks or spells
-// otherwise (orvel_contains, orvel_starts, printf, round of a double),
-// made once in each new database.
+// otherwise (orvel_contains, orvel_starts, printf, round of a double), and
+// those its triggers run, made once in each new database.
 const char* PgPrelude();
+
+// What SQLite says with its own triggers and tables of the schema:
+// the trigger that moves a record's Version on each change of its row,
+std::string PgVersionTrigger(const std::string& table);
+// the triggers that refuse writes into a view,
+std::string PgReadOnlyTriggers(const std::string& view);
+// whether a table or view exists, and whether a table has a column: a
+// query taking the name(s) as parameters that answers a count.
+const char* PgTableExistsQuery();
+// After rows were stored with IDs of their own (a copied database, a test's
+// records): the table's next ID follows the highest one stored.
+std::string PgFollowIds(const std::string& table);
+const char* PgColumnExistsQuery();
 
 }  // namespace orvel

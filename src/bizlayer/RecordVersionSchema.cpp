@@ -7,6 +7,7 @@
 #include <string>
 
 #include "bizlayer/CatalogueTable.h"
+#include "bizlayer/PgDialect.h"
 #include "bizlayer/SchemaParts.h"
 #include "bizlayer/Database.h"
 
@@ -14,12 +15,18 @@ namespace orvel {
 
 void KeepRecordVersions(Database& db, const CatalogueTable& catalogue) {
   if (!catalogue.view.empty()) return;
-  auto column = db.Prepare(
-      "SELECT COUNT(*) FROM pragma_table_info(?) WHERE name = 'Version' COLLATE NOCASE");
-  column.Bind(1, Variant(catalogue.name));
+  const bool postgres = db.Kind() == Database::Engine::Postgres;
+  auto column = db.Prepare(postgres ? PgColumnExistsQuery()
+                                    : "SELECT COUNT(*) FROM pragma_table_info(?1) WHERE name = ?2"
+                                      " COLLATE NOCASE");
+  column.BindAll(catalogue.name, "Version");
   column.Step();
   if (column.Column(0).NumberValue() == 0) {
     db.Exec("ALTER TABLE " + catalogue.name + " ADD COLUMN Version INTEGER NOT NULL DEFAULT 1");
+  }
+  if (postgres) {
+    db.Exec(PgVersionTrigger(catalogue.name));
+    return;
   }
   // An update that does not move the version itself moves it by one; the
   // trigger's own update moves it, so it does not fire again.

@@ -8,6 +8,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaPart.h"
+#include "bizlayer/PgDialect.h"
 #include "bizlayer/SchemaParts.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "host/Convert.h"
@@ -34,7 +35,29 @@ class SampleRandom {
   uint32_t state_;
 };
 
+bool TableExists(Database& db, const std::string& table);
+
+// Whether every table a view reads exists yet: PostgreSQL, unlike SQLite,
+// makes no view over a table still to come.
+bool SourcesExist(Database& db, const std::string& view) {
+  for (const char* word : {"FROM ", "JOIN "}) {
+    for (size_t at = view.find(word); at != std::string::npos; at = view.find(word, at + 1)) {
+      const size_t start = at + std::string(word).size();
+      const std::string table = view.substr(start, view.find(' ', start) - start);
+      if (!TableExists(db, table)) return false;
+    }
+  }
+  return true;
+}
+
 void CreateCatalogueTable(Database& db, const CatalogueTable& catalogue) {
+  if (!catalogue.view.empty() && db.Kind() == Database::Engine::Postgres) {
+    if (!SourcesExist(db, catalogue.view)) return;
+    db.Exec("CREATE VIEW " + catalogue.name + " AS " + catalogue.view);
+    db.Exec(PgReadOnlyTriggers(catalogue.name));
+    DescribeAgain(db, catalogue);
+    return;
+  }
   if (!catalogue.view.empty()) {
     // Read only: a write is refused with its reason, as the bookkeeper reads it.
     db.Exec("CREATE VIEW " + catalogue.name + " AS " + catalogue.view);
@@ -591,8 +614,10 @@ void SeedReferenceBooks(Database& db) {
 }
 
 bool TableExists(Database& db, const std::string& table) {
-  auto exists =
-      db.Prepare("SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view') AND name = ?");
+  auto exists = db.Prepare(db.Kind() == Database::Engine::Postgres
+                               ? PgTableExistsQuery()
+                               : "SELECT COUNT(*) FROM sqlite_master WHERE type IN ('table', 'view')"
+                                 " AND name = ?");
   exists.Bind(1, Variant(table));
   exists.Step();
   return exists.Column(0).NumberValue() != 0;

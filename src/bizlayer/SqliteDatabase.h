@@ -22,6 +22,7 @@ class SqliteDatabase : public Database {
   SqliteDatabase(const SqliteDatabase&) = delete;
   SqliteDatabase& operator=(const SqliteDatabase&) = delete;
 
+  Engine Kind() const override { return Engine::Sqlite; }
   const std::string& Path() const override { return path_; }
   void Exec(std::string_view sql) override;
   Statement Prepare(std::string_view sql) override;

@@ -257,7 +257,7 @@ std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const std::string&
                                                               const ListOptions& options) {
   std::string sql = "SELECT ? || ID AS OIDR, Name AS Preview, " + SelectList() +
                     (options.columns.empty() ? "" : ", " + options.columns) + " FROM " +
-                    catalogue_.name + " WHERE 1";
+                    catalogue_.name + " WHERE 1 = 1";
   std::vector<Variant> values{Variant(catalogue_.oid)};
   // A search (no OIDR) looks through the whole type; the type's own OID
   // lists its top level; a group's OIDR its members.
@@ -399,11 +399,15 @@ int64_t TableBusinessObject::Insert(Recordset& rs) {
     marks += marks.empty() ? "?" : ", ?";
     values.push_back(std::move(value));
   }
-  auto stmt =
-      db_->Prepare("INSERT INTO " + catalogue_.name + " (" + columns + ") VALUES (" + marks + ")");
+  // The new ID as the INSERT itself answers it: what a trigger inserts
+  // elsewhere does not come between.
+  auto stmt = db_->Prepare("INSERT INTO " + catalogue_.name + " (" + columns + ") VALUES (" +
+                           marks + ") RETURNING ID");
   for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
+  if (!stmt.Step()) throw CallFailure{kDatabaseError, "Naujo įrašo ID negautas"};
+  const int64_t id = static_cast<int64_t>(stmt.Column(0).NumberValue());
   stmt.Run();
-  return db_->LastInsertRowId();
+  return id;
 }
 
 void TableBusinessObject::Update(int64_t id, Recordset& rs) {

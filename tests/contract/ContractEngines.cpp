@@ -1,3 +1,4 @@
+#include <algorithm>
 #include <map>
 #include <memory>
 #include <stdexcept>
@@ -5,6 +6,8 @@
 
 #include "ContractEngine.h"
 #include "bizlayer/BusinessLayer.h"
+#include "bizlayer/PgDialect.h"
+#include "bizlayer/ScratchDatabase.h"
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
@@ -23,10 +26,12 @@ const CatalogueTable& CatalogueFor(const std::string& oid) {
   return *catalogue;
 }
 
-// The reference business layer over an empty schema in memory.
-class SqliteEngine : public ContractEngine {
+// The reference business layer over an empty schema: a SQLite database in
+// memory, or a schema of its own on the tests' PostgreSQL server.
+class LayerEngine : public ContractEngine {
  public:
-  SqliteEngine() {
+  explicit LayerEngine(std::shared_ptr<Database> db)
+      : db_(std::move(db)), layer_(std::make_unique<BusinessLayer>(db_)) {
     ReferenceDatabase::CreateSchema(*db_);
     ReferenceDatabase::GrantEverything(*db_, "rūta");
     ReferenceDatabase::GrantEverything(*db_, "jonas");
@@ -55,6 +60,9 @@ class SqliteEngine : public ContractEngine {
 
   // A new database as a workstation makes it on its first start.
   void GivenSampleOffice() override {
+    if (db_->Kind() != Database::Engine::Sqlite) {
+      throw std::logic_error("the sample office is made on SQLite only so far");
+    }
     db_ = ReferenceDatabase::Open(":memory:");
     ReferenceDatabase::GrantEverything(*db_, "rūta");
     ReferenceDatabase::GrantEverything(*db_, "jonas");
@@ -66,16 +74,24 @@ class SqliteEngine : public ContractEngine {
   std::string Digest() override {
     std::string out;
     auto tables = db_->Prepare(
-        "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"
-        " ORDER BY name");
+        db_->Kind() == Database::Engine::Postgres
+            ? "SELECT table_name FROM information_schema.tables WHERE table_schema ="
+              " current_schema() AND table_type = 'BASE TABLE' ORDER BY 1"
+            : "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"
+              " ORDER BY name");
     while (tables.Step()) {
       const std::string table = ConcatText(tables.Column(0));
       out += table + ":\n";
-      auto rows = db_->Prepare("SELECT * FROM " + table + " ORDER BY rowid");
+      // Sorted here: an engine may hand back rows of equal keys in any order.
+      auto rows = db_->Prepare("SELECT * FROM " + table);
+      std::vector<std::string> lines;
       while (rows.Step()) {
-        for (int c = 0; c < rows.ColumnCount(); ++c) out += ConcatText(rows.Column(c)) + "|";
-        out += "\n";
+        std::string line;
+        for (int c = 0; c < rows.ColumnCount(); ++c) line += ConcatText(rows.Column(c)) + "|";
+        lines.push_back(std::move(line));
       }
+      std::sort(lines.begin(), lines.end());
+      for (const auto& line : lines) out += line + "\n";
     }
     return out;
   }
@@ -104,11 +120,12 @@ class SqliteEngine : public ContractEngine {
       for (const auto& [name, value] : row) stmt.Bind(index++, value);
       stmt.Run();
     }
+    if (db_->Kind() == Database::Engine::Postgres) db_->Prepare(PgFollowIds(table)).Run();
   }
 
  private:
-  std::shared_ptr<Database> db_ = std::make_shared<SqliteDatabase>(":memory:");
-  std::unique_ptr<BusinessLayer> layer_ = std::make_unique<BusinessLayer>(db_);
+  std::shared_ptr<Database> db_;
+  std::unique_ptr<BusinessLayer> layer_;
   std::unique_ptr<BusinessLayer> other_;
 };
 
@@ -180,7 +197,16 @@ class MemoryEngine : public ContractEngine {
 const std::vector<EngineKind>& Engines() {
   static const std::vector<EngineKind> engines{
       {"InMemory", false, [] { return std::unique_ptr<ContractEngine>(new MemoryEngine); }},
-      {"Sqlite", true, [] { return std::unique_ptr<ContractEngine>(new SqliteEngine); }},
+      {"Sqlite", true,
+       [] {
+         return std::unique_ptr<ContractEngine>(
+             new LayerEngine(std::make_shared<SqliteDatabase>(":memory:")));
+       }},
+      {"Postgres", false,
+       [] {
+         return std::unique_ptr<ContractEngine>(
+             new LayerEngine(std::make_shared<ScratchPgDatabase>()));
+       }},
   };
   return engines;
 }
