@@ -43,7 +43,7 @@ void SeedFirmDetailRows(Database& db) {
   // so the part leaves no table of its own behind.
   const std::string detailed =
       "(SELECT ID, Name, Address, N FROM (SELECT ID, Name, Address, ROW_NUMBER() OVER"
-      " (ORDER BY ID) AS N FROM firms WHERE GroupFlag = 0) WHERE N % 3 = 1)";
+      " (ORDER BY ID) AS N FROM firms WHERE GroupFlag = 0) numbered WHERE N % 3 = 1)";
   std::string sql =
       "INSERT INTO firm_accounts (Name, BankID, Currency, FOIDR)"
       " SELECT 'LT' || printf('%02d', 10 + d.ID % 89) || ' 7300 0100 ' || printf('%04d', d.ID)"

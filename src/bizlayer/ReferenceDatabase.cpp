@@ -419,7 +419,7 @@ void SeedDocuments(Database& db) {
       "UPDATE firms SET CreditDays = CASE WHEN CreditLimit > 0 THEN 30 ELSE 0 END"
       " WHERE GroupFlag = 0;"
       "UPDATE firms SET FirmTypeId = 1 + ID % 3, RegionID = 1 + ID % 6 WHERE GroupFlag = 1;"
-      "UPDATE goods SET WithRest = (GroupFlag = 0 AND GoodType = 0),"
+      "UPDATE goods SET WithRest = CASE WHEN GroupFlag = 0 AND GoodType = 0 THEN 1 ELSE 0 END,"
       " Garanty = CASE WHEN Code LIKE '04%' AND GroupFlag = 0 THEN 24 ELSE 0 END;");
   SampleRandom random(2004);
   const auto firms = Ids(db, "SELECT ID FROM firms WHERE GroupFlag = 0 ORDER BY ID");
@@ -698,12 +698,7 @@ std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
     return static_cast<int>(version.Column(0).NumberValue());
   }();
   if (found == 0) {
-    Transaction transaction(*db);
-    CreateSchema(*db);
-    SeedSampleData(*db);
-    CompleteSchema(*db);
-    db->Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
-    transaction.Commit();
+    MakeOffice(*db);
   } else if (found < kSchemaVersion || !SchemaIsComplete(*db)) {
     Transaction transaction(*db);
     if (found == 1) UpgradeFromFirstVersion(*db);
@@ -712,6 +707,18 @@ std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
     transaction.Commit();
   }
   return db;
+}
+
+void ReferenceDatabase::MakeOffice(Database& db) {
+  Transaction transaction(db);
+  if (db.Kind() == Database::Engine::Postgres) db.Exec(PgPrelude());
+  CreateSchema(db);
+  SeedSampleData(db);
+  CompleteSchema(db);
+  if (db.Kind() == Database::Engine::Sqlite) {
+    db.Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  }
+  transaction.Commit();
 }
 
 void ReferenceDatabase::CreateSchema(Database& db) {

@@ -22,6 +22,10 @@ class ReferenceDatabase {
   // both are made in an older file when it is opened.
   static constexpr int kSchemaVersion = 3;
 
+  // Makes an empty database a new office's: the whole schema and the sample
+  // data, in one transaction.
+  static void MakeOffice(Database& db);
+
   static void CreateSchema(Database& db);
   static void SeedSampleData(Database& db);
   // Makes `user` a user (when not one yet) holding every right: the row "*".

@@ -60,10 +60,14 @@ class LayerEngine : public ContractEngine {
 
   // A new database as a workstation makes it on its first start.
   void GivenSampleOffice() override {
-    if (db_->Kind() != Database::Engine::Sqlite) {
-      throw std::logic_error("the sample office is made on SQLite only so far");
+    if (db_->Kind() == Database::Engine::Sqlite) {
+      db_ = ReferenceDatabase::Open(":memory:");
+    } else {
+      other_.reset();
+      layer_.reset();
+      db_ = std::make_shared<ScratchPgDatabase>();
+      ReferenceDatabase::MakeOffice(*db_);
     }
-    db_ = ReferenceDatabase::Open(":memory:");
     ReferenceDatabase::GrantEverything(*db_, "rūta");
     ReferenceDatabase::GrantEverything(*db_, "jonas");
     layer_ = std::make_unique<BusinessLayer>(db_);
