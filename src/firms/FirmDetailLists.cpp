@@ -601,7 +601,7 @@ void frmFirms::EditAccount(bool isNew) {
   dialog.MsgTitle = MsgTitle;
   dialog.SetCaption(Uio().Preview() + ": " +
                     (isNew ? "Nauja atsiskaitomoji sąskaita" : "Atsiskaitomoji sąskaita"));
-  if (!dialog.OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "No field sheet");
+  if (!dialog.OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "Langas neturi laukų lapo");
   dialog.OrvelGrid->SetServices(OrvelS());
   dialog.OrvelGrid->SetObjectUIO(account);
   dialog.OrvelGrid->FillFields();

@@ -120,7 +120,7 @@ frmFirms::frmFirms()
       {&mnuNewWithCopy, &frmFirms::mnuNewWithCopy_Click},
   };
   for (const auto& [menu, handler] : clicks) {
-    menu->OnClick = [this, handler = handler] { Handle([&] { (this->*handler)(); }); };
+    menu->OnClick = [this, handler = handler] { Handle(MsgTitle, [&] { (this->*handler)(); }); };
   }
 }
 
@@ -130,7 +130,7 @@ frmFirms::~frmFirms() = default;
 
 ListView& frmFirms::List(int index) const {
   if (index < 0 || index >= kListHandles) {
-    throw RuntimeError(RuntimeError::kSubscript, "No list handle " + std::to_string(index));
+    throw RuntimeError(RuntimeError::kSubscript, "Nėra sąrašo Nr. " + std::to_string(index));
   }
   const ListHandle& handle = lists_[index];
   if (!handle.view || handle.generation != generation_) {
@@ -172,7 +172,7 @@ bool frmFirms::HasSelection(int index) const { return Selected(index) != nullptr
 
 void frmFirms::Form_Load() {
   InitForm();
-  Handle([&] { MsgTitle = AppTitle(); });
+  Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
 }
 
 void frmFirms::Form_Unload() {
@@ -203,7 +203,7 @@ void frmFirms::AddFirmTabs(int16_t& counter) {
 }
 
 void frmFirms::InitForm() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& ui = Platform::Ui();
     Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
     Loading = true;
@@ -257,7 +257,7 @@ void frmFirms::InitForm() {
   });
   Loading = false;
   InitRunning = false;
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(MsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void frmFirms::ApplyTypeAndRegion() {
@@ -295,7 +295,7 @@ void frmFirms::SetEditState(bool enable) {
 }
 
 void frmFirms::OrvelGrid_FieldChanged() {
-  Handle([&] { SetEditState(true); });
+  Handle(MsgTitle, [&] { SetEditState(true); });
 }
 
 // ---- writing ----
@@ -337,7 +337,7 @@ void frmFirms::KeepUsedFirmIdentity() {
 }
 
 void frmFirms::cmdEnter_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     OrvelGrid->EndFieldEdit();
     if (!CodeAccepted()) return;
     // Asked for groups and new records too; the business layer gives their count.
@@ -378,7 +378,7 @@ void frmFirms::UnloadShowHost() {
 }
 
 void frmFirms::cmdCancel_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& object = Uio();
     OrvelStatus status = object.Read();
     if (status.Number != 0) {
@@ -418,7 +418,7 @@ void ReadOptional(Recordset& rs, const char* name, T& target, Convert convert) {
 }  // namespace
 
 void frmFirms::lblDebt_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& ui = Platform::Ui();
     ui.SetMousePointer(vbHourglass);
     try {
@@ -491,14 +491,14 @@ void frmFirms::RefreshDebt() {
 // ---- frame ----
 
 void frmFirms::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (KeepUnsavedEdits(MsgTitle)) cancel = true;
     SSCClose.SetEnabled(cancel);
   });
 }
 
 void frmFirms::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton || !SSCNew.Enabled()) return;
     if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
                               vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
@@ -513,12 +513,12 @@ void frmFirms::SSCClose_MouseUp(int button, int) {
 }
 
 void frmFirms::SSCNew_Click() {
-  Handle([&] { NewFromCurrent(false); });
+  Handle(MsgTitle, [&] { NewFromCurrent(false); });
 }
 
 void frmFirms::SSCNew_MouseUp(int button, int) {
   // No test of SSCNew's own state: the menu opens whenever the event comes.
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button == kRightButton) Platform::Ui().PopupMenu(mnuNew);
   });
 }
@@ -545,7 +545,7 @@ void frmFirms::NewFromCurrent(bool copy) {
 }
 
 void frmFirms::cmdParentGroup_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(kOid);
     picker->SetRootOType(kOid);
@@ -579,7 +579,7 @@ void frmFirms::cmdParentGroup_Click() {
 // ---- lists ----
 
 void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton) return;
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     for (Menu* item :
@@ -645,7 +645,7 @@ void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, in
 }
 
 void frmFirms::OrvelGrid_ListDoubleClick(int tabIndex) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     const int index = tabIndex + 1;
     ListItem* row = Selected(index);
     if (!row) return;
@@ -674,7 +674,7 @@ bool frmFirms::RefuseUnsaved() {
 }
 
 void frmFirms::timerModal_Timer() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     timerModal.SetEnabled(false);
     switch (ModalAction) {
       case kNewDetail:
@@ -765,7 +765,7 @@ void frmFirms::mnuFirmInfoDelete_Click() {
 
 void frmFirms::mnuDiscountNew_Click() {
   auto discount = Services().ObjectManager()->GetOrvelObject("O1000600");
-  if (!discount) throw RuntimeError(RuntimeError::kObjectNotSet, "No discount object");
+  if (!discount) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra nuolaidų objekto");
   discount->Fields("FirmID").SetValue(Variant(Mid(OIDR(), 9)));
   auto form = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
   Services().WindowManager()->ShowWindow(form);
@@ -831,7 +831,7 @@ void frmFirms::mnuFirmDelete_Click() {
     return;
   }
   ListItem* row = Selected(CurrentTab);
-  if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "No row is selected");
+  if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "Nepažymėta nė viena eilutė");
   std::string tag = ConcatText(row->Tag());
   auto adapter = Services().ObjectManager()->GetOrvelObjectUI(tag);
   if (adapter && adapter->DeleteOrvelObject(tag) == 0) {
@@ -844,7 +844,7 @@ void frmFirms::mnuFirmDelete_Click() {
 // ---- drag and drop ----
 
 void frmFirms::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     std::string text = drag ? drag->GetText() : std::string();
     if (CLng(Uio().Fields("GroupFlag").Value()) == 0 || Left(text, 8) != kOid ||
@@ -855,7 +855,7 @@ void frmFirms::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& 
 }
 
 void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     if (!drag) return;
     auto ui = Uio().UI();
@@ -870,7 +870,7 @@ void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
     }
     try {
       auto rs = dragged->RsFields();
-      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No fields");
+      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų");
       AddFirmRow(rs->Fields());
     } catch (...) {
       return;  // already listed here

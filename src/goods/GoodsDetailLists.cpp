@@ -170,7 +170,7 @@ void frmGoods::BuildTrafficColumns() {
 }
 
 void frmGoods::LoadTraffic(bool reload) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(TrafficTab)) return;
     BuildTrafficColumns();
     BusyPointer busy;
@@ -284,7 +284,7 @@ void frmGoods::AddTrafficRows(ListView& list) {
 // ---- rests ----
 
 void frmGoods::LoadRests() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!Stored() || !WithRest || !HasList(RestsTab)) return;
     ListView& list = List(RestsTab);
     const std::vector<ColumnSpec> columns{{"Dok. grupė", 1000, false},
@@ -351,7 +351,7 @@ void frmGoods::LoadRests() {
 // ---- measures, prices, minimum amounts ----
 
 void frmGoods::LoadMeasures() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(MeasuresTab)) return;
     ListView& list = List(MeasuresTab);
     PrepareList(list, {{"Matavimo vienetas", 2000, false},
@@ -371,7 +371,7 @@ void frmGoods::LoadMeasures() {
 }
 
 void frmGoods::LoadPrices() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (HasList(PricesTab)) {
       ListView& list = List(PricesTab);
       PrepareList(list, {{"Kainos tipas", 2000, false},
@@ -400,7 +400,7 @@ void frmGoods::LoadPrices() {
 // ---- serial numbers ----
 
 void frmGoods::LoadSerials(bool ask) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(SerialsTab)) return;
     ListView& list = List(SerialsTab);
     if (PrepareList(list, {{"S.Numeris", 1000, false},
@@ -457,7 +457,7 @@ void frmGoods::LoadSerials(bool ask) {
 // ---- discounts and templates ----
 
 void frmGoods::LoadDiscounts() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(DiscountsTab)) return;
     ListView& list = List(DiscountsTab);
     PrepareList(list, {{"Pavadinimas", 3000, false},
@@ -516,7 +516,7 @@ void frmGoods::LoadTemplates() {
 // ---- a group's goods ----
 
 void frmGoods::LoadGroupGoods() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(GoodsTab)) return;
     ListView& list = List(GoodsTab);
     if (PrepareList(list, {{"Pavadinimas", 5000, false},
@@ -574,14 +574,14 @@ void frmGoods::AddGroupRow(Fields& fields) {
 // ---- printing ----
 
 void frmGoods::PrintTraffic() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(TrafficTab)) return;
     auto& ui = Platform::Ui();
     BusyPointer busy;
     ui.DoEvents();
     ListView& list = List(TrafficTab);
     auto doc = Platform::Classes().NewPrintDoc();
-    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "The host has no print document");
+    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra spausdinimo dokumento");
     auto sections = doc->Sections();
     auto title = sections->Add(OrvelPrintSections::kText)->Rows();
     title->AddText("Prekės judėjimas", true, 12, lvwColumnLeft);

@@ -15,7 +15,7 @@ namespace {
 
 template <class F>
 void Event(F&& body) {
-  Guarded([&] { return body(), true; }, false);
+  Guarded([&] { return body(), true; }, false, GroupChangeDialog::kMsgTitle);
 }
 
 // "12,5" typed gives "12.5"; a lone leading or trailing separator is dropped
@@ -87,7 +87,7 @@ void GroupChangeDialog::EnableButtons(bool enable) {
 std::optional<std::string> GroupChangeDialog::Parameter() const {
   auto value = PositiveDecimal(valueBox_->Text());
   if (!value) return std::nullopt;
-  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "No group is set");
+  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Nepriskirta grupė");
   return Mid(OrvelObjectUIO->OIDR(), 9) + "," + std::to_string(chkWithSubGroups.Value()) + "," +
          Signed(*value);
 }

@@ -27,11 +27,11 @@ namespace {
 }
 
 [[noreturn]] void Overflow(const std::string& text) {
-  throw RuntimeError(RuntimeError::kOverflow, "Overflow: " + text);
+  throw RuntimeError(RuntimeError::kOverflow, "Perpildymas: " + text);
 }
 
 [[noreturn]] void InvalidCall(const std::string& text) {
-  throw RuntimeError(RuntimeError::kInvalidCall, "Invalid procedure call or argument: " + text);
+  throw RuntimeError(RuntimeError::kInvalidCall, "Neteisingas procedūros kvietimas arba argumentas: " + text);
 }
 
 std::string Shown(double x) {

@@ -25,7 +25,7 @@ void Dictionary::Add(std::string key, Variant item) {
 const Variant& Dictionary::Item(std::string_view key) const {
   auto it = Find(key);
   if (it == entries_.end()) {
-    throw RuntimeError(RuntimeError::kItemNotFound, "Key not found: " + std::string(key));
+    throw RuntimeError(RuntimeError::kItemNotFound, "Raktas nerastas: " + std::string(key));
   }
   return it->second;
 }
@@ -43,7 +43,7 @@ void Dictionary::SetItem(std::string key, Variant item) {
 void Dictionary::Remove(std::string_view key) {
   auto it = Find(key);
   if (it == entries_.end()) {
-    throw RuntimeError(RuntimeError::kItemNotFound, "Key not found: " + std::string(key));
+    throw RuntimeError(RuntimeError::kItemNotFound, "Raktas nerastas: " + std::string(key));
   }
   entries_.erase(it);
 }

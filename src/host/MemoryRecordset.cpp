@@ -117,7 +117,7 @@ class MemoryRecordset::Impl {
 
   void AppendRow(std::vector<Variant>&& values) {
     if (rowCount >= kMaxRows) {
-      throw RuntimeError(RuntimeError::kOverflow, "Too many rows in a record set");
+      throw RuntimeError(RuntimeError::kOverflow, "Per daug eilučių įrašų rinkinyje");
     }
     size_t done = 0;
     try {

@@ -87,14 +87,14 @@ frmReferenceBookPreview::frmReferenceBookPreview() : Form("frmReferenceBookPrevi
 
 std::shared_ptr<OrvelObjectUI> frmReferenceBookPreview::TypeAdapter() const {
   auto ui = ObjectUIO ? ObjectUIO->UI() : nullptr;
-  if (!ui) throw RuntimeError(RuntimeError::kObjectNotSet, "The list has no object type");
+  if (!ui) throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objekto tipas");
   return ui;
 }
 
 void frmReferenceBookPreview::Form_Load() {
   auto& ui = Platform::Ui();
   try {
-    if (!ObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "The list has no object");
+    if (!ObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objektas");
     appTitleCopy_ = AppTitle();
     SOPanel.SetCaption(ObjectUIO->OName() + " ");
     txtGroupName.SetText("");
@@ -392,7 +392,7 @@ void frmReferenceBookPreview::cmdPrint_Click() {
       total += widths.back();
     }
     auto doc = Platform::Classes().NewPrintDoc();
-    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "The host has no print document");
+    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra spausdinimo dokumento");
     doc->SetOrientation(Tenths(total) <= Tenths(kPortraitWidth) ? OrvelPrintDoc::kPortrait
                                                                 : OrvelPrintDoc::kLandscape);
     doc->SetFontSize(static_cast<uint8_t>(Byte(p[ColumnConfig::kFontSize])));

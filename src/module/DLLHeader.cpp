@@ -34,7 +34,7 @@ OrvelStatus DLLHeader::DllInicialize() {
 void DLLHeader::Register() {
   auto registry = Platform::Classes().NewComponentRegistry();
   if (!registry) {
-    throw RuntimeError(RuntimeError::kInvalidCall, "The host gave no registration object");
+    throw RuntimeError(RuntimeError::kInvalidCall, "Pagrindinė programa nepateikė registracijos objekto");
   }
 
   const auto& g = kCatalogueGroup;

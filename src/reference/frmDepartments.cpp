@@ -91,7 +91,7 @@ orvel::OrvelObjectUIO& frmDepartments::Uio() {
 std::string frmDepartments::OIDR() { return Uio().OIDR(); }
 
 void frmDepartments::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     auto rights = Services().Rights();
     canUpdate_ = rights->CanUpdate(kRightKey, 0);
@@ -104,7 +104,7 @@ void frmDepartments::Form_Unload() { rsBranches_.reset(); }
 
 void frmDepartments::InitForm() {
   loading_ = true;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Platform::Ui().SetMousePointer(vbHourglass);
     changed_ = false;
     SSCClose.SetEnabled(true);
@@ -123,7 +123,7 @@ void frmDepartments::InitForm() {
   });
   // Also after a failure: a card left loading would take no edit.
   loading_ = false;
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(msgTitle_, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void frmDepartments::LoadBranches() {
@@ -177,11 +177,11 @@ void frmDepartments::MarkChanged() {
 }
 
 void frmDepartments::txtName_Change() {
-  Handle([&] { MarkChanged(); });
+  Handle(msgTitle_, [&] { MarkChanged(); });
 }
 
 void frmDepartments::cmdParentGroup_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     std::string picked =
         SelectGroup(kBook, "Pasirinkite grupę", &txtGroup, std::string("Group"), "");
     if (picked.empty()) return;  // cancelled
@@ -199,7 +199,7 @@ void frmDepartments::cmdParentGroup_Click() {
 }
 
 void frmDepartments::cmdParentGroupClean_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     ClearReference(&txtGroup);
     // An empty group box is the top of the book.
     Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
@@ -208,7 +208,7 @@ void frmDepartments::cmdParentGroupClean_Click() {
 }
 
 void frmDepartments::cmdFirmBranches_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto result = Services().ObjectManager()->Call("OrvelGroupSelect", kBranchPicker);
     if (result.Number != 0) {
       Platform::Ui().MsgBox("Klaida!\n" + result.Text, vbCritical, msgTitle_);
@@ -223,7 +223,7 @@ void frmDepartments::cmdFirmBranches_Click() {
 }
 
 void frmDepartments::cmdCleanFirmBranch_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     txtFirmBranch.SetText("");
     txtFirmBranch.SetTag("0");
     MarkChanged();
@@ -231,7 +231,7 @@ void frmDepartments::cmdCleanFirmBranch_Click() {
 }
 
 void frmDepartments::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto& object = Uio();
     object.Fields("Name").SetValue(Variant(Trim(txtName.Text())));
     double branch = Val(txtFirmBranch.Tag());
@@ -254,14 +254,14 @@ void frmDepartments::cmdWrite_Click() {
 }
 
 void frmDepartments::cmdCancel_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Uio().CancelUpdate();
     InitForm();
   });
 }
 
 void frmDepartments::SSCNew_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (cmdWrite.Enabled()) {
       if (!AskCloseWithoutSaving(SOPanel.Caption())) return;
       // Given up once: the window manager's question below must not come
@@ -291,7 +291,7 @@ void frmDepartments::SSCNew_Click() {
 }
 
 void frmDepartments::SSCClose_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     // Off first, so that a second click cannot come in while events run.
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
@@ -300,14 +300,14 @@ void frmDepartments::SSCClose_Click() {
 }
 
 void frmDepartments::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (button != vbRightButton || !canDelete_) return;
     DeleteObjectAsked(Uio());
   });
 }
 
 void frmDepartments::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (cmdWrite.Enabled()) cancel = !AskCloseWithoutSaving(SOPanel.Caption());
     SSCClose.SetEnabled(!cancel);
   });

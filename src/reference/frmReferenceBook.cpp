@@ -62,7 +62,7 @@ frmReferenceBook::frmReferenceBook(std::string formName)
 }
 
 void frmReferenceBook::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     groupId_ = NumberField(Uio(), "ParentID");
     shownGroupId_ = groupId_;
@@ -75,7 +75,7 @@ void frmReferenceBook::Form_Load() {
 void frmReferenceBook::InitForm() {
   atTop_ = groupId_ == 0;
   InitRunning = true;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     isNew_ = OIDR().size() <= kOidLength;
     OrvelGrid->SetServices(OrvelS());
     OrvelGrid->SetObjectUIO(OrvelObjectUIO());
@@ -93,7 +93,7 @@ void frmReferenceBook::InitForm() {
   // Also after a failure: a card left in its initialising state would take
   // no edit.
   InitRunning = false;
-  Handle([&] { SetButtons(false); });
+  Handle(msgTitle_, [&] { SetButtons(false); });
 }
 
 void frmReferenceBook::SetCaption() { SOPanel.SetCaption(" " + Uio().OName()); }
@@ -106,15 +106,15 @@ void frmReferenceBook::SetButtons(bool changed) {
 }
 
 void frmReferenceBook::OrvelGrid_FieldChanged() {
-  if (!InitRunning) Handle([&] { SetButtons(true); });
+  if (!InitRunning) Handle(msgTitle_, [&] { SetButtons(true); });
 }
 
 void frmReferenceBook::txtGroup_Change() {
-  if (!InitRunning) Handle([&] { SetButtons(true); });
+  if (!InitRunning) Handle(msgTitle_, [&] { SetButtons(true); });
 }
 
 void frmReferenceBook::cmdGroup_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(bookOid_);
     picker->SetRootOType(bookOid_);
@@ -149,7 +149,7 @@ void frmReferenceBook::cmdGroup_Click() {
 }
 
 void frmReferenceBook::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     // The cell being typed into belongs to the record that is written.
     OrvelGrid->EndFieldEdit();
     Uio().Fields("ParentID").SetValue(Variant(groupId_));
@@ -178,7 +178,7 @@ void frmReferenceBook::RegisterLock() {
 }
 
 void frmReferenceBook::cmdCancel_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (!ReadAgainOrClose(Uio(), msgTitle_)) return;
     // The group the card shows again (mGroupName names it), so that it does
     // not show one group and write another.
@@ -198,7 +198,7 @@ void frmReferenceBook::RestoreNewRecordFields() {
 }
 
 void frmReferenceBook::SSCNew_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     std::string kept = OIDR();
     // A card on a new record has nothing to leave.
     if (kept.size() <= kOidLength) return;
