@@ -908,11 +908,12 @@ Date CDate(const Variant& v, const Locale& locale) {
 }
 
 double Val(std::string_view text) {
-  // Blanks, tabs and line feeds go wherever they stand, and so do "," and "$".
+  // Blanks, tabs and line feeds go wherever they stand; any other character
+  // that is not part of a number, "," and "$" among them, ends the number.
   std::string s;
   s.reserve(text.size());
   for (const char c : text) {
-    if (c != ' ' && c != '\t' && c != '\n' && c != ',' && c != '$') s += c;
+    if (c != ' ' && c != '\t' && c != '\n') s += c;
   }
   size_t i = 0;
   if (s.size() >= 2 && s[0] == '&' && (AsciiLower(s[1]) == 'h' || AsciiLower(s[1]) == 'o')) {
