@@ -181,6 +181,11 @@ void frmFirms::Form_Unload() {
 }
 
 void frmFirms::AddFirmTabs(int16_t& counter) {
+  // The tabs are made anew, so a tab this record does not get (the branches
+  // of a firm made from one that had them) must not keep its old number and
+  // send its list into the tab that now stands there.
+  TrafficTab = GoodsTab = AccountsTab = FirmsTab = BranchTab = AddressesTab = ContactsTab =
+      ServersTab = InfoTab = ActivityTab = DiscountsTab = ContractsTab = 0;
   const bool contracts = Rights().CanRead("CContracts", 0);
   const bool accounts = Rights().Allowed("CFirmsAC", 0);
   if (IsGroup) {
@@ -245,9 +250,7 @@ void frmFirms::InitForm() {
         IsRoot ? nullptr : object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
     ShowGroupLine();
     lblDebt.SetCaption("Informacija...");
-    // The panel has no tool tip of its own here; the creator line rides in
-    // its Tag, where a renderer shows it on hover.
-    SOPanel.SetTag(CreatorLine(object));
+    SOPanel.SetToolTipText(CreatorLine(object));
     Loading = false;
     InitRunning = false;
     ui.SetMousePointer(vbDefault);
