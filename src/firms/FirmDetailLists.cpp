@@ -449,6 +449,7 @@ void frmFirms::LoadParameters() {
 
 void frmFirms::LoadFirmInfo() {
   lblInfo.SetVisible(false);
+  PlaceNoteLine();
   if (InfoTab == 0) return;
   Quietly([&] {
     ListView& list = List(InfoTab);
@@ -472,7 +473,9 @@ void frmFirms::LoadFirmInfo() {
         // important, newest. A note past its end stays in the list only.
         first = false;
         if (to.IsNull() || CDate(to) >= today) {
-          lblInfo.SetForeColor(color);
+          // Only the two raised priorities colour the line; an ordinary
+          // note leaves it in the colour it has.
+          if (!priority.IsNull() && CInt(priority) >= 2) lblInfo.SetForeColor(color);
           lblInfo.SetCaption(info + " (" + user + ")");
           lblInfo.SetVisible(true);
         }
@@ -483,6 +486,11 @@ void frmFirms::LoadFirmInfo() {
       AddSubItems(row, {ShortDate(rs->Fields("DateFrom").Value()), ShortDate(to), user});
     }
   });
+  PlaceNoteLine();
+}
+
+void frmFirms::PlaceNoteLine() {
+  pnlLists.SetTop(lblInfo.Visible() ? pnlInfo.Top() + pnlInfo.Height() : pnlInfo.Top());
 }
 
 void frmFirms::LoadDiscounts() {

@@ -32,6 +32,9 @@ constexpr const char* kRightKey = "CFirms";
 constexpr int kRightButton = 2;
 // Long enough for a popup menu to close before a modal dialog opens.
 constexpr int kModalDelay = 10;
+// Where the note line's panel stands, in twips, under the field sheet.
+constexpr int32_t kInfoPanelTop = 3360;
+constexpr int32_t kInfoPanelHeight = 285;
 // Handles 0 to 10 are released; the last one is left as it stands.
 constexpr int kReleasedHandles = 11;
 // The business layer's number for a record another user changed meanwhile:
@@ -82,10 +85,13 @@ frmFirms::frmFirms()
       mnuContractToDeskTop(mnuContracts.Add("mnuContractToDeskTop", "Padėti &ant darbo stalo")),
       mnuContractRefresh(mnuContracts.Add("mnuContractRefresh", "&Atnaujinti")) {
   lblCroup.SetCaption("Įmonių grupė:");
+  pnlInfo.SetTop(kInfoPanelTop);
+  pnlInfo.SetHeight(kInfoPanelHeight);
+  pnlLists.SetTop(kInfoPanelTop + kInfoPanelHeight);
   timerModal.SetEnabled(false);
   timerModal.SetInterval(kModalDelay);
   for (Control* control : std::initializer_list<Control*>{
-           &lblInfo, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
+           &pnlInfo, &lblInfo, &pnlLists, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
            &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo, &mnuDiscount, &mnuNew,
            &mnuContracts}) {
     Register(*control);
