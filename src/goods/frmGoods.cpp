@@ -203,6 +203,11 @@ void frmGoods::FillAllLists() {
 
 // ---- start-up ----
 
+void frmGoods::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
+  CatalogueWindow::SetOrvelObjectUIO(std::move(object));
+  if (OrvelObjectUIO()) InitForm();
+}
+
 void frmGoods::Form_Load() {
   InitForm();
   Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
