@@ -635,8 +635,13 @@ bool frmGoods::CheckGoodMeasure() {
   }
   OrvelResult reply = object.Properties("Measure", kMeasureRecordOid + ConcatText(measureId));
   auto measure = reply.Value.ObjectAs<orvel::OrvelObjectUIO>();
-  // A measure that cannot be read is left to the write to refuse.
-  if (reply.Number != 0 || !measure) return true;
+  // A measure that cannot be read stops the write with its error: whether
+  // it counts whole units cannot be told.
+  if (reply.Number != 0) throw RuntimeError(reply.Number, reply.Text);
+  if (!measure) {
+    throw RuntimeError(RuntimeError::kObjectNotSet,
+                       "Matavimo vienetas " + ConcatText(measureId) + " neperskaitytas");
+  }
   if (ConcatText(measure->Fields("MeasureType").Value()) == kWholeUnits &&
       NullToLong(object.Fields("AmountPrecision").Value()) != 0) {
     ShowStop("Kiekio tikslumas turi būti lygus 0!", MsgTitle);
