@@ -185,14 +185,12 @@ void frmDepartments::cmdParentGroup_Click() {
     std::string picked =
         SelectGroup(kBook, "Pasirinkite grupę", &txtGroup, std::string("Group"), "");
     if (picked.empty()) return;  // cancelled
+    // The book's root only empties the box (the picker did): the record
+    // keeps the group it had, as it does after the clean button.
     if (picked.size() > kOidLength) {
       auto id = RecordNumber(txtGroup.Tag());
       if (!id) return;
       Uio().Fields("ParentID").SetValue(Variant(*id));
-    } else {
-      // The book's root: the picker emptied the box, and the card must not
-      // show no group while it keeps writing the old one.
-      Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
     }
     MarkChanged();
   });
@@ -200,9 +198,8 @@ void frmDepartments::cmdParentGroup_Click() {
 
 void frmDepartments::cmdParentGroupClean_Click() {
   Handle(msgTitle_, [&] {
+    // Only the box: the record's group is not changed by it.
     ClearReference(&txtGroup);
-    // An empty group box is the top of the book.
-    Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
     MarkChanged();
   });
 }
@@ -263,11 +260,9 @@ void frmDepartments::cmdCancel_Click() {
 void frmDepartments::SSCNew_Click() {
   Handle(msgTitle_, [&] {
     if (cmdWrite.Enabled()) {
+      // The window manager's question below asks once more, through
+      // QueryRemove, while the edits are still there.
       if (!AskCloseWithoutSaving(SOPanel.Caption())) return;
-      // Given up once: the window manager's question below must not come
-      // back with the same edits.
-      changed_ = false;
-      SetButtons();
     }
     auto& object = Uio();
     const std::string kept = OIDR();

@@ -247,7 +247,9 @@ TEST_F(FrmDepartmentsTest, ClearingTheBranchWritesNone) {
   EXPECT_TRUE(Stored(2, "FirmBranchID").IsNull());
 }
 
-TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingMovesItToTheTop) {
+// Clearing the box or picking the root only empties the box: the record
+// keeps its group.
+TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptiesTheBox) {
   BO(kDepartments)
       .Table()
       .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
@@ -262,7 +264,13 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingMovesItToT
   EXPECT_EQ(w->txtGroup.Text(), "");
   EXPECT_TRUE(w->cmdWrite.Enabled());
   w->cmdWrite.Click();
-  EXPECT_EQ(CLng(Stored(2, "ParentID")), 0);
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
+
+  host_.HostClasses()->QueueGroupSelect("O0001604", "", "Group");
+  w->cmdParentGroup.Click();
+  EXPECT_EQ(w->txtGroup.Text(), "");
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
 }
 
 TEST_F(FrmDepartmentsTest, ACancelledGroupPickerChangesNothing) {
@@ -320,7 +328,7 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
 }
 
-TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksOnceAndNoKeepsTheCard) {
+TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
   auto w = Open("O00016042", "T");
   w->txtName.Edit("Kasa");
   host_.Ui()->QueueAnswer(vbNo);
@@ -330,8 +338,8 @@ TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksOnceAndNoKeepsTheCard) {
   EXPECT_EQ(w->txtName.Text(), "Kasa");
 
   host_.Ui()->ClearBoxes();
-  w->SSCNew.Click();  // Yes by default
-  EXPECT_EQ(Boxes().size(), 1u);
+  w->SSCNew.Click();  // Yes by default, to both
+  EXPECT_EQ(Boxes().size(), 2u);
   EXPECT_TRUE(w->IsNew());
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
 }
