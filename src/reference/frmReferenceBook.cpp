@@ -65,7 +65,6 @@ void frmReferenceBook::Form_Load() {
   Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     groupId_ = NumberField(Uio(), "ParentID");
-    shownGroupId_ = groupId_;
     isGroup_ = NumberField(Uio(), "GroupFlag") != 0;
     bookOid_ = BookOf(OIDR());
     InitForm();
@@ -164,7 +163,6 @@ void frmReferenceBook::cmdWrite_Click() {
     Services().WindowManager()->ObjectSaved(OIDR());
     SetButtons(false);
     mGroupName = txtGroup.Text();
-    shownGroupId_ = groupId_;
     InitForm();
     UnloadChild();
   });
@@ -180,14 +178,10 @@ void frmReferenceBook::RegisterLock() {
 void frmReferenceBook::cmdCancel_Click() {
   Handle(msgTitle_, [&] {
     if (!ReadAgainOrClose(Uio(), msgTitle_)) return;
-    // The group the card shows again (mGroupName names it), so that it does
-    // not show one group and write another.
-    if (isNew_) {
-      groupId_ = shownGroupId_;
-      RestoreNewRecordFields();
-    } else {
-      groupId_ = NumberField(Uio(), "ParentID");
-    }
+    // A group picked before the cancel stays picked: the card shows the
+    // group it was opened with (mGroupName) and the next write still moves
+    // the record to the picked one. The suite's users know the card so.
+    if (isNew_) RestoreNewRecordFields();
     InitForm();
   });
 }
