@@ -259,9 +259,7 @@ void frmCurrency::chkFixedRate_Click() {
   MarkChanged();
 }
 
-void frmCurrency::txtFixedRate_GotFocus() {
-  fixedRateSelection_ = {0, static_cast<int>(Len(txtFixedRate.Text()))};
-}
+void frmCurrency::txtFixedRate_GotFocus() { txtFixedRate.SelectAll(); }
 
 void frmCurrency::txtFixedRate_KeyPress(int& keyAscii) {
   keyAscii = KeyFilterDecimal(keyAscii, txtFixedRate.Text());

@@ -80,9 +80,7 @@ void frmCurrencyRate::txtDayRate_Change() {
   cmdWrite.SetEnabled(true);
 }
 
-void frmCurrencyRate::txtDayRate_GotFocus() {
-  // The whole text is selected; the headless box keeps no selection.
-}
+void frmCurrencyRate::txtDayRate_GotFocus() { txtDayRate.SelectAll(); }
 
 void frmCurrencyRate::txtDayRate_KeyPress(int& keyAscii) {
   keyAscii = KeyFilterDecimal(keyAscii, txtDayRate.Text());

@@ -118,7 +118,9 @@ void frmDepartments::InitForm() {
     cmdFirmBranches.SetEnabled(hasBranches_);
     cmdCleanFirmBranch.SetEnabled(hasBranches_);
     SetCaption();
-    SSCNew.SetEnabled(!isNew_);
+    SSCNew.SetEnabled(!isNew_ && !boolReadOnly);
+    cmdParentGroup.SetEnabled(!boolReadOnly);
+    cmdParentGroupClean.SetEnabled(!boolReadOnly);
     SetButtons();
   });
   // Also after a failure: a card left loading would take no edit.
@@ -165,7 +167,7 @@ void frmDepartments::SetCaption() {
 }
 
 void frmDepartments::SetButtons() {
-  const bool editable = canUpdate_ && changed_;
+  const bool editable = canUpdate_ && changed_ && !boolReadOnly;
   cmdWrite.SetEnabled(editable && !txtName.Text().empty());
   cmdCancel.SetEnabled(editable && !isNew_);
 }

@@ -52,9 +52,10 @@ class FrmDepartmentsTest : public ModuleTest {
   // The card as the host opens it from the tree: "0" a record, "1" a new
   // entry beside or under the node, "2"/"3" a new group.
   std::shared_ptr<frmDepartments> Open(const std::string& oidr, const std::string& otype,
-                                       const std::string& key = "0") {
+                                       const std::string& key = "0",
+                                       const std::string& settings = "") {
     auto adapter = Adapter(kDepartments);
-    adapter->GetMenu(oidr, otype, "");
+    adapter->GetMenu(oidr, otype, settings);
     auto window = adapter->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmDepartments>();
     EXPECT_NE(window, nullptr) << oidr << " " << key;
     if (!window) return nullptr;
@@ -76,6 +77,25 @@ class FrmDepartmentsTest : public ModuleTest {
     return out;
   }
 };
+
+// The tree opens a department under the rules of every reference record.
+TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
+  auto w = Open("O00016042", "T", "0", "ReadOnly");
+  ASSERT_TRUE(w);
+  EXPECT_TRUE(w->boolReadOnly);
+  w->txtName.Edit("Kasa");
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_FALSE(w->cmdCancel.Enabled());
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdParentGroup.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
+  BO(kDepartments).Table().Remove(1);
+  auto result = Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
+}
 
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
   BO(kDepartments).ClearCalls();
