@@ -360,7 +360,7 @@ void frmGoods::cmdParentGroup_Click() {
     picker->SetExcludeTypes("'C','FirmNA','Service','ServiceNA','GEXIST'");
     picker->Show();
     std::string result = picker->ResultOIDR();
-    int at = InStrRev(result, "O");
+    int at = InStrRev(result, "O", -1, Compare::Text);
     if (at == 0) return;
     std::string choice = Mid(result, at);
     if (choice == OIDR()) return;

@@ -282,7 +282,8 @@ void frmReferenceBookPreview::AddRows(Recordset& rs, int level) {
     int found = -1;
     std::string name = key.size() > kKeyPrefixLength ? key.substr(kKeyPrefixLength) : "";
     for (int i = 0; i < fields.Count() && found < 0; ++i) {
-      if (fields.Item(i).Name() == name) found = i;
+      // As the record set names its fields: without regard to case.
+      if (LCase(fields.Item(i).Name()) == LCase(name)) found = i;
     }
     fieldIndex.push_back(found);
   }
@@ -347,7 +348,7 @@ void frmReferenceBookPreview::cmdSelect_Click() {
     select->SetCaption("Pažymėkite norimą grupę");
     select->Show();
     std::string result = select->ResultOIDR();
-    int at = InStrRev(result, "O");
+    int at = InStrRev(result, "O", -1, Compare::Text);
     if (at <= 0) return;
     ListArgument = Mid(result, at);
     txtGroupName.SetText(select->ResultName());

@@ -121,7 +121,7 @@ void frmReferenceBook::cmdGroup_Click() {
     picker->SetCaption("Parinkite objektą");
     picker->Show();
     std::string path = picker->ResultOIDR();
-    size_t last = path.rfind('O');
+    size_t last = LastOPosition(path);
     if (last == std::string::npos) return;  // cancelled
     std::string picked = path.substr(last);
 

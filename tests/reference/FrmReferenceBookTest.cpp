@@ -173,6 +173,8 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         // Another group, reached through a path of the tree.
         PickCase{"O00016022", "O0001600O0001602O00016025", "Grupė B", 5, "Grupė B", true},
+        // The last identifier is found without regard to case.
+        PickCase{"O00016022", "O0001600O0001602o00016025", "Grupė B", 5, "Grupė B", true},
         // The same group again changes nothing, whatever name comes back.
         PickCase{"O00016022", "O00016021", "Kitas vardas", 1, "Grupė A", false},
         // The book's root: to the top.
