@@ -71,9 +71,9 @@ std::shared_ptr<OrvelWindow> UI0000300::GetObjectWindow(const std::string& oidr,
 
 bool UI0000300::DoAddToDeskTopOrvelObject(const std::string& oidr) {
   auto windows = Services().WindowManager();
-  if (!windows->IsOpen(oidr)) {
-    if (auto window = GetObjectWindow(oidr, "")) windows->ShowWindow(window);
-  }
+  // A bank that cannot be read still goes to ShowWindow, with no window:
+  // the host is told of the request and shows nothing.
+  if (!windows->IsOpen(oidr)) windows->ShowWindow(GetObjectWindow(oidr, ""));
   return true;
 }
 
