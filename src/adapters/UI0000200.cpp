@@ -290,7 +290,7 @@ OrvelStatus UIO0000200::DoRead() {
 }
 
 OrvelResult UIO0000200::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Parent") {
     // A record at the top has no parent group.
     Variant parentId = Fields("ParentID").Value();

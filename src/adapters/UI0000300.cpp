@@ -78,7 +78,7 @@ bool UI0000300::DoAddToDeskTopOrvelObject(const std::string& oidr) {
 }
 
 OrvelResult UIO0000300::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Structure") {
     auto reply = BO()->RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
     return PropertyResult(reply, Variant(std::make_shared<OrvelBoResult>(reply)));

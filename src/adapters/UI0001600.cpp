@@ -334,7 +334,7 @@ std::shared_ptr<frmReferenceBook> UI0001600::OpenReferenceWindow(const std::stri
 // ---- UIO0001600 ----
 
 OrvelResult UIO0001600::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Parent") {
     int32_t parentId = NumberField(*this, "ParentID");
     if (parentId == 0) return {};
