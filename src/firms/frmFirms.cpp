@@ -141,7 +141,7 @@ ListView& frmFirms::List(int index) const {
   const ListHandle& handle = lists_[index];
   if (!handle.view || handle.generation != generation_) {
     throw RuntimeError(RuntimeError::kObjectNotSet,
-                       "The list of tab " + std::to_string(index) + " is not set");
+                       "Skirtuko " + std::to_string(index) + " sąrašas nepriskirtas");
   }
   return *handle.view;
 }

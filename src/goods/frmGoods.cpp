@@ -140,7 +140,7 @@ frmGoods::~frmGoods() = default;
 ListView& frmGoods::List(int index) const {
   if (!HasList(index)) {
     throw RuntimeError(RuntimeError::kObjectNotSet,
-                       "The list of tab " + std::to_string(index) + " is not set");
+                       "Skirtuko " + std::to_string(index) + " sąrašas nepriskirtas");
   }
   return *tabs_[index];
 }

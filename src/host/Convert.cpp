@@ -18,12 +18,12 @@ namespace {
 
 [[noreturn]] void NullError(const char* function) {
   throw RuntimeError(RuntimeError::kInvalidUseOfNull,
-                     std::string("Invalid use of Null: ") + function + " cannot convert Null");
+                     std::string("Netinkamas Null naudojimas: ") + function + " negali paversti Null");
 }
 
 [[noreturn]] void Mismatch(const char* function, const Variant& v) {
   throw RuntimeError(RuntimeError::kTypeMismatch,
-                     std::string("Type mismatch: ") + function + " cannot convert " + Describe(v));
+                     std::string("Netinkamas tipas: ") + function + " negali paversti " + Describe(v));
 }
 
 [[noreturn]] void Overflow(const std::string& text) {

@@ -17,7 +17,7 @@ bool Dictionary::Exists(std::string_view key) const { return Find(key) != entrie
 void Dictionary::Add(std::string key, Variant item) {
   if (Exists(key)) {
     throw RuntimeError(kDuplicateKey,
-                       "This key is already associated with an element of this collection: " + key);
+                       "Šis raktas jau susietas su kolekcijos elementu: " + key);
   }
   entries_.emplace_back(std::move(key), std::move(item));
 }

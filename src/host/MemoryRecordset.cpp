@@ -24,7 +24,7 @@ constexpr size_t kMaxRows = std::numeric_limits<int32_t>::max();
 
 [[noreturn]] void NotFound(std::string_view name) {
   throw RuntimeError(RuntimeError::kItemNotFound,
-                     "Item not found in this collection: " + std::string(name));
+                     "Kolekcijoje nėra elemento: " + std::string(name));
 }
 
 [[noreturn]] void NoCurrentRecord() {

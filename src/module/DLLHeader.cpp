@@ -20,7 +20,7 @@ std::shared_ptr<Picture> Icon(std::string_view resource) {
   auto picture = LoadIconResource(resource);
   if (!picture) {
     throw RuntimeError(RuntimeError::kItemNotFound,
-                       "Icon resource not found: " + std::string(resource));
+                       "Nerastas paveikslėlio išteklius: " + std::string(resource));
   }
   return picture;
 }
