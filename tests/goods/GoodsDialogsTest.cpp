@@ -172,6 +172,11 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   EXPECT_EQ(group->calls, (std::vector<std::string>{"UpdateGaranty 15,0,24"}));
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Subscript out of range"}));
   EXPECT_TRUE(dialog.Loaded());
+  // A failure inside the dialog is shown under the dialog's own title too.
+  host_.Ui()->ClearBoxes();
+  dialog.OrvelObjectUIO = nullptr;
+  dialog.cmdEnter.Click();
+  EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
 }
 
 TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
