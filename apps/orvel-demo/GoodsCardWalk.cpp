@@ -1,6 +1,6 @@
 // The goods card: a good opened from the tree, its traffic fetched by date and
-// by purchase, a group price change refused for a bad value and then made,
-// and the good saved with its VAT line.
+// by purchase, a group price change sent as typed, and the good saved with its
+// VAT line.
 #include <iostream>
 #include <memory>
 #include <string>
@@ -124,25 +124,27 @@ int WalkGoodsCard(orvel::TestHost& host) {
   PrintTable(traffic);
   const bool left = traffic.ListItems().Item(1).ListSubItems().Item(15).Text() == "200";
 
-  Section("O0000200: a price change of group 501 refused for 0, then made for 2,5 %");
-  bool refused = false;
+  Section("O0000200: a price change of group 501 by 2,5, sent as typed with a point");
+  bool closed = false;
   host.Ui()->QueueModal([&](orvel::Form& dialog) {
     auto* box = Control<orvel::TextBox>(dialog, "txtPrice");
     if (!box) return;
-    box->Edit("0");
-    ClickButton(dialog, "cmdEnter");
-    refused = dialog.Loaded();
     box->Edit("2,5");
     ClickButton(dialog, "cmdEnter");
+    closed = !dialog.Loaded();
   });
   goods->ClickMenu("O0000200501", "CGroup", "9", "");
+  const auto sent = host.BusinessObject(kGoods)->Calls("UpdateGoodsPrice");
+  const bool changed = closed && !sent.empty() && !sent.back().array.empty() &&
+                       orvel::ConcatText(sent.back().array[0]) == "501,0,2.5";
+  if (changed) std::cout << "  sent: 501,0,2.5\n";
 
   Section("O0000200: good 502 saved at 7,26 with VAT");
   grid->EditField("Price", Variant(7.26));
   std::cout << "  price line:" << heading->ToolTipText() << "\n";
   ClickButton(*card, "cmdEnter");
   const bool saved = host.BusinessObject(kGoods)->Table().Value(502, "Price") == Variant(7.26);
-  return left && refused && saved ? 0 : 1;
+  return left && changed && saved ? 0 : 1;
 }
 
 }  // namespace demo

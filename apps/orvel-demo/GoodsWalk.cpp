@@ -69,6 +69,11 @@ void SeedGoods(orvel::TestHost& host) {
        {"WithRest", Variant(false)}},
   });
 
+  // Measure 1, which a new good takes; it allows fractions.
+  auto& measures = host.BusinessObject("O0001606")->Table();
+  measures.SetFields({"ID", "Name", "MeasureType"});
+  measures.Seed({{{"ID", Variant(1)}, {"Name", Variant("kg")}, {"MeasureType", Variant(0)}}});
+
   // Structured codes are on in this database.
   auto settings = std::make_shared<orvel::MemoryRecordset>(
       std::vector<std::string>{"StructuredCode", "PriceWithVAT"});

@@ -96,7 +96,10 @@ int main(int argc, char** argv) {
   int result = 0;
   {
     orvel::TestHost host;
-    host.Log().SetEcho(&std::cout, {Channel::Registry}, /*withChannel=*/false);
+    // Every call the module makes to the host, of every kind: registration,
+    // business calls, windows, boxes, rights, settings, and the object
+    // manager's own services (Call, ExecCommand, ...).
+    host.Log().SetEcho(&std::cout, {}, /*withChannel=*/false);
     module->Attach(host.HostClasses(), host.Ui());
     host.SetAdapterSource([module](const std::string& oid) {
       return std::dynamic_pointer_cast<orvel::OrvelObjectUI>(
@@ -107,8 +110,6 @@ int main(int argc, char** argv) {
     Register(*module);
     ListRights(*module);
 
-    host.Log().SetEcho(&std::cout, {Channel::Business, Channel::Window, Channel::Message},
-                       /*withChannel=*/false);
     for (auto walk :
          {demo::WalkMeasures, demo::WalkBank, demo::WalkBankList, demo::WalkFirms,
           demo::WalkFirmCard, demo::WalkGoods, demo::WalkCurrencies, demo::WalkReferenceBooks,

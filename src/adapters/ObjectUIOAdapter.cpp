@@ -52,7 +52,7 @@ std::shared_ptr<Recordset> ObjectUIOAdapter::RsFields() {
 }
 
 OrvelResult ObjectUIOAdapter::Properties(const std::string& propertyName,
-                                         const std::string& propertyPar) {
+                                         std::string& propertyPar) {
   return GuardedResult([&] { return DoProperties(propertyName, propertyPar); });
 }
 
@@ -85,7 +85,7 @@ void ObjectUIOAdapter::CancelUpdate() {
   Guarded([&] { return inner_->CancelUpdate(), true; }, false);
 }
 
-OrvelResult ObjectUIOAdapter::DoProperties(const std::string&, const std::string&) { return {}; }
+OrvelResult ObjectUIOAdapter::DoProperties(const std::string&, std::string&) { return {}; }
 
 OrvelResult ObjectUIOAdapter::DoMethods(const std::string&, Variant::Array&) { return {}; }
 

@@ -29,7 +29,8 @@ class ObjectUIOAdapter : public OrvelObjectUIO,
   std::string Preview() final;
   void SetPreview(const std::string& preview) final;
   std::shared_ptr<Recordset> RsFields() final;
-  OrvelResult Properties(const std::string& propertyName, const std::string& propertyPar) final;
+  using OrvelObjectUIO::Properties;
+  OrvelResult Properties(const std::string& propertyName, std::string& propertyPar) final;
   OrvelResult Methods(const std::string& name, Variant::Array& params) final;
   OrvelStatus Read() final;
   OrvelStatus Save(const std::shared_ptr<Recordset>& rs2,
@@ -40,7 +41,7 @@ class ObjectUIOAdapter : public OrvelObjectUIO,
   void CancelUpdate() final;
 
  protected:
-  virtual OrvelResult DoProperties(const std::string& propertyName, const std::string& propertyPar);
+  virtual OrvelResult DoProperties(const std::string& propertyName, std::string& propertyPar);
   virtual OrvelResult DoMethods(const std::string& name, Variant::Array& params);
   // Inner's Read; a type that prepares a new record refines it.
   virtual OrvelStatus DoRead();

@@ -62,7 +62,7 @@ std::string StandardObjectUIO::Preview() {
 }
 
 OrvelResult StandardObjectUIO::Properties(const std::string& propertyName,
-                                          const std::string& propertyPar) {
+                                          std::string& propertyPar) {
   return GuardedResult([&] { return GetProperty(*RequireBO(), propertyName, propertyPar, oidr_); });
 }
 

@@ -238,7 +238,7 @@ OrvelStatus UIO0000100::DoRead() {
 }
 
 OrvelResult UIO0000100::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   auto& bo = *BO();
   const std::string name = LCase(propertyName);
   if (name == "parent") {
@@ -256,10 +256,9 @@ OrvelResult UIO0000100::DoProperties(const std::string& propertyName,
     return FirmReply(reply, Variant(reply.Object));
   }
   if (name == "firminfo") {
-    // The legacy caller's string turns "0" too when it came empty; callers
-    // here pass a copy, so only the parameter sent changes.
-    std::string par = propertyPar.empty() ? "0" : propertyPar;
-    auto reply = bo.GetCall("GetFirmInfo", Quoted(OIDR()) + "," + par, 0);
+    // An empty parameter is "0", and so it stays for the caller.
+    if (propertyPar.empty()) propertyPar = "0";
+    auto reply = bo.GetCall("GetFirmInfo", Quoted(OIDR()) + "," + propertyPar, 0);
     return FirmReply(reply, Variant(reply.Object));
   }
   if (name == "checkcode") {

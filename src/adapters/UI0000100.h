@@ -62,7 +62,7 @@ class UIO0000100 final : public ObjectUIOAdapter {
   // Inner's Read; a new record (OIDR without an ID) then starts active.
   OrvelStatus DoRead() override;
   OrvelResult DoProperties(const std::string& propertyName,
-                           const std::string& propertyPar) override;
+                           std::string& propertyPar) override;
   OrvelResult DoMethods(const std::string& name, Variant::Array& params) override;
 
  private:

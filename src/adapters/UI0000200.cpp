@@ -189,7 +189,7 @@ OrvelMenuResult UI0000200::Filter() {
   if (picked.empty()) return {};
   auto a = Split(previewSettings_, ",");
   if (static_cast<int>(a.size()) != kPreviewFields) {
-    throw RuntimeError(RuntimeError::kSubscript, "The list settings lack fields");
+    throw RuntimeError(RuntimeError::kSubscript, "Sąrašo nustatymuose trūksta laukų");
   }
   std::string params = "'','" + picked + "'," + std::to_string(picker->SearchOption1()) + "," +
                        std::to_string(picker->SearchOption2());
@@ -266,15 +266,15 @@ std::string Quoted(const std::string& text) { return "'" + text + "'"; }
 // The first argument; a call without one is the runtime's bounds error.
 const Variant& FirstArgument(const Variant::Array& params, const std::string& method) {
   if (params.empty()) {
-    throw RuntimeError(RuntimeError::kSubscript, method + ": the argument is missing");
+    throw RuntimeError(RuntimeError::kSubscript, method + ": trūksta argumento");
   }
   return params.front();
 }
 
 std::shared_ptr<Recordset> RecordsOf(const Variant& value) {
   auto rs = value.ObjectAs<Recordset>();
-  if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No record set");
-  if (rs->IsEOF()) throw RuntimeError(RuntimeError::kNoCurrentRecord, "No record");
+  if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra įrašų rinkinio");
+  if (rs->IsEOF()) throw RuntimeError(RuntimeError::kNoCurrentRecord, "Nėra įrašo");
   return rs;
 }
 
@@ -290,7 +290,7 @@ OrvelStatus UIO0000200::DoRead() {
 }
 
 OrvelResult UIO0000200::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Parent") {
     // A record at the top has no parent group.
     Variant parentId = Fields("ParentID").Value();
@@ -300,7 +300,7 @@ OrvelResult UIO0000200::DoProperties(const std::string& propertyName,
   }
   if (propertyName == "Measure") {
     auto measures = Services().ObjectManager()->GetOrvelObjectUI(Left(propertyPar, 8));
-    if (!measures) throw RuntimeError(RuntimeError::kObjectNotSet, "No measure type");
+    if (!measures) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra matavimo vienetų tipo");
     return {0, "", Variant(std::shared_ptr<Object>(measures->GetOrvelObject(propertyPar)))};
   }
   auto& bo = *BO();

@@ -89,7 +89,7 @@ class UIO0000200 final : public ObjectUIOAdapter {
   // A failed call or one without a returned object passes its Number and
   // Text on with no Value.
   OrvelResult DoProperties(const std::string& propertyName,
-                           const std::string& propertyPar) override;
+                           std::string& propertyPar) override;
   // Names compare in any case:
   //   "GenerateUnicalStructuredCode"  []        proposes Code (StructuredCode.h)
   //   "CopyGood"                      [OIDR]    Value: the copy's OIDR

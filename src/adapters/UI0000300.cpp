@@ -71,14 +71,14 @@ std::shared_ptr<OrvelWindow> UI0000300::GetObjectWindow(const std::string& oidr,
 
 bool UI0000300::DoAddToDeskTopOrvelObject(const std::string& oidr) {
   auto windows = Services().WindowManager();
-  if (!windows->IsOpen(oidr)) {
-    if (auto window = GetObjectWindow(oidr, "")) windows->ShowWindow(window);
-  }
+  // A bank that cannot be read still goes to ShowWindow, with no window:
+  // the host is told of the request and shows nothing.
+  if (!windows->IsOpen(oidr)) windows->ShowWindow(GetObjectWindow(oidr, ""));
   return true;
 }
 
 OrvelResult UIO0000300::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Structure") {
     auto reply = BO()->RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
     return PropertyResult(reply, Variant(std::make_shared<OrvelBoResult>(reply)));

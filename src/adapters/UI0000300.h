@@ -39,7 +39,7 @@ class UI0000300 final : public ObjectUIAdapter {
 class UIO0000300 final : public ObjectUIOAdapter {
  protected:
   OrvelResult DoProperties(const std::string& propertyName,
-                           const std::string& propertyPar) override;
+                           std::string& propertyPar) override;
 };
 
 }  // namespace orvel

@@ -58,10 +58,13 @@ std::shared_ptr<frmReferenceBook> NewCard(const std::string& oidr) {
 
 bool IsDepartment(const std::string& oidr) { return BookOf(oidr) == kDepartments; }
 
-// The departments' card reads its group, its branch and its rights itself.
-std::shared_ptr<OrvelWindow> NewDepartmentCard(std::shared_ptr<OrvelObjectUIO> object) {
+// The departments' card reads its group, its branch and its rights itself;
+// the tree's ReadOnly it takes from its opener.
+std::shared_ptr<frmDepartments> NewDepartmentCard(std::shared_ptr<OrvelObjectUIO> object,
+                                                  bool readOnly = false) {
   auto window = std::make_shared<frmDepartments>();
   window->SetOrvelObjectUIO(std::move(object));
+  window->boolReadOnly = readOnly;
   return window;
 }
 
@@ -142,8 +145,8 @@ std::optional<OrvelMenuItems> UI0001600::DoGetMenu(const std::string& oidr,
     }
     menu.push_back(MakeMenuItem("&Atrinkti", "4"));
   }
-  // An unknown node kind still gets the help part: the tree has always shown
-  // it so.
+  // A node of a kind this book does not know has no menu at all.
+  if (menu.empty()) return menu;
   menu.push_back(MakeMenuItem("-", "100"));
   menu.push_back(MakeMenuItem("Pagalba", "7"));
   menu.push_back(MakeMenuItem("-", "100"));
@@ -180,30 +183,36 @@ OrvelMenuResult UI0001600::ShowList(const std::string& oidr) {
 }
 
 OrvelMenuResult UI0001600::OpenRecord(const std::string& oidr) {
+  // A department opens in its own card, under the same rules as any record:
+  // the tree's ReadOnly, and a group that must still be there.
+  std::shared_ptr<OrvelObjectUIO> object;
+  std::shared_ptr<frmReferenceBook> card;
   if (IsDepartment(oidr)) {
-    auto object = GetOrvelObject(oidr);
-    if (!object) {
-      ShowStopBox("Objektas panaikintas !");
-      return {};
-    }
-    return {OrvelMenuResult::kShowWindow, Variant(NewDepartmentCard(std::move(object)))};
+    object = GetOrvelObject(oidr);
+  } else if ((card = OpenReferenceWindow(oidr, ""))) {
+    object = card->OrvelObjectUIO();
   }
-  auto window = OpenReferenceWindow(oidr, "");
-  if (!window) {
+  if (!object) {
     ShowStopBox("Objektas panaikintas !");
     return {};
   }
-  window->boolReadOnly = readOnly_;
-  int32_t parentId = NumberField(*window->OrvelObjectUIO(), "ParentID");
+  std::string groupName;
+  int32_t parentId = NumberField(*object, "ParentID");
   if (parentId > 0) {
     auto parent = GetOrvelObject(BookOf(oidr) + std::to_string(parentId));
     if (!parent) {
       ShowStopBox("Grupė panaikinta!");
       return {};
     }
-    window->mGroupName = parent->Preview();
+    groupName = parent->Preview();
   }
-  return {OrvelMenuResult::kShowWindow, Variant(std::shared_ptr<OrvelWindow>(window))};
+  if (!card) {
+    return {OrvelMenuResult::kShowWindow,
+            Variant(std::shared_ptr<OrvelWindow>(NewDepartmentCard(object, readOnly_)))};
+  }
+  card->boolReadOnly = readOnly_;
+  card->mGroupName = groupName;
+  return {OrvelMenuResult::kShowWindow, Variant(std::shared_ptr<OrvelWindow>(card))};
 }
 
 OrvelMenuResult UI0001600::NewGroup(const std::string& oidr, const std::string& otype) {
@@ -255,7 +264,8 @@ OrvelMenuResult UI0001600::NewRecordFrame(const std::string& oidr, int32_t paren
     if (!object) return {};
     object->Fields("ParentID").SetValue(Variant(parentId));
     object->Fields("GroupFlag").SetValue(Variant(groupFlag));
-    return {OrvelMenuResult::kShowWindow, Variant(NewDepartmentCard(std::move(object)))};
+    return {OrvelMenuResult::kShowWindow,
+            Variant(std::shared_ptr<OrvelWindow>(NewDepartmentCard(std::move(object), readOnly_)))};
   }
   auto window = OpenReferenceWindow(BookOf(oidr), "");
   if (!window) return {};
@@ -324,7 +334,7 @@ std::shared_ptr<frmReferenceBook> UI0001600::OpenReferenceWindow(const std::stri
 // ---- UIO0001600 ----
 
 OrvelResult UIO0001600::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "Parent") {
     int32_t parentId = NumberField(*this, "ParentID");
     if (parentId == 0) return {};

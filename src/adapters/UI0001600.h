@@ -81,7 +81,7 @@ class UI0001600 final : public ObjectUIAdapter {
 class UIO0001600 final : public ObjectUIOAdapter {
  protected:
   OrvelResult DoProperties(const std::string& propertyName,
-                           const std::string& propertyPar) override;
+                           std::string& propertyPar) override;
   OrvelResult DoMethods(const std::string& name, Variant::Array& params) override;
 };
 

@@ -116,7 +116,7 @@ std::string UIO0002200::RateToParam(double rate) {
 }
 
 OrvelResult UIO0002200::DoProperties(const std::string& propertyName,
-                                     const std::string& propertyPar) {
+                                     std::string& propertyPar) {
   if (propertyName == "CurrencyList") return CurrencyList(propertyPar);
   if (propertyName == "CurrencyByCode") return CurrencyByCode(propertyPar);
   return ReadProperty(propertyName, propertyPar);

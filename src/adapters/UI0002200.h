@@ -71,7 +71,7 @@ class UIO0002200 final : public ObjectUIOAdapter {
 
  protected:
   OrvelResult DoProperties(const std::string& propertyName,
-                           const std::string& propertyPar) override;
+                           std::string& propertyPar) override;
   OrvelResult DoMethods(const std::string& name, Variant::Array& params) override;
 
  private:

@@ -20,7 +20,7 @@ constexpr int kFirmsColumnWidth = 7000;
 std::shared_ptr<Object> CatalogueIcons() {
   auto mainForm = std::dynamic_pointer_cast<OrvelMainForm>(Services().MainForm());
   if (!mainForm) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "The host's main window has no image list");
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Pagrindinis langas neturi paveikslėlių sąrašo");
   }
   return mainForm->ImgCatalogue();
 }

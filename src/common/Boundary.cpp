@@ -2,6 +2,7 @@
 
 #include <new>
 
+#include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/RuntimeError.h"
 #include "ui/Ui.h"
@@ -20,18 +21,30 @@ Failure CurrentFailure() noexcept {
   } catch (const RuntimeError& e) {
     return {e.Number(), e.Text()};
   } catch (const std::bad_alloc&) {
-    return {kOutOfMemory, "Out of memory"};
+    return {kOutOfMemory, "Trūksta atminties"};
   } catch (const std::exception& e) {
     return {kInternalError, e.what()};
   } catch (...) {
-    return {kInternalError, "Unknown failure"};
+    return {kInternalError, "Nežinoma klaida"};
   }
 }
 
-void ShowFailure(const Failure& failure) noexcept {
+namespace {
+// The session's title; the suite's name while the host has given no session.
+std::string SessionTitle() noexcept {
+  try {
+    if (OrvelS()) return AppTitle();
+  } catch (...) {
+  }
+  return "Orvel Apskaita";
+}
+}  // namespace
+
+void ShowFailure(const Failure& failure, const std::string& title) noexcept {
   try {
     if (!Platform::Attached()) return;
-    Platform::Ui().MsgBox("Klaida!\n" + failure.text, vbCritical, "Orvel Apskaita");
+    Platform::Ui().MsgBox("Klaida!\n" + failure.text, vbCritical,
+                          title.empty() ? SessionTitle() : title);
   } catch (...) {
     // Nothing more can be done: the failure was in showing a failure.
   }

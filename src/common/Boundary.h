@@ -22,8 +22,9 @@ struct Failure {
 };
 Failure CurrentFailure() noexcept;
 
-// Shows "Klaida!\n<text>" with the stop icon when the host lent a Ui.
-void ShowFailure(const Failure& failure) noexcept;
+// Shows "Klaida!\n<text>" with the stop icon when the host lent a Ui. An
+// empty title is the session's AppTitle.
+void ShowFailure(const Failure& failure, const std::string& title = {}) noexcept;
 
 template <class F>
 OrvelStatus GuardedStatus(F&& body) noexcept {
@@ -50,13 +51,14 @@ OrvelResult GuardedResult(F&& body) noexcept {
   }
 }
 
-// For results without a Number: the failure is shown, and `onFailure` returned.
+// For results without a Number: the failure is shown under `title`, and
+// `onFailure` returned.
 template <class F, class R>
-R Guarded(F&& body, R onFailure) noexcept {
+R Guarded(F&& body, R onFailure, const std::string& title = {}) noexcept {
   try {
     return body();
   } catch (...) {
-    ShowFailure(CurrentFailure());
+    ShowFailure(CurrentFailure(), title);
     return onFailure;
   }
 }
@@ -65,6 +67,11 @@ R Guarded(F&& body, R onFailure) noexcept {
 template <class F>
 void Handle(F&& body) noexcept {
   Guarded([&] { return body(), true; }, false);
+}
+// The same under the window's own title (read when the failure is shown).
+template <class F>
+void Handle(const std::string& title, F&& body) noexcept {
+  Guarded([&] { return body(), true; }, false, title);
 }
 
 }  // namespace orvel

@@ -56,7 +56,7 @@ void ResetOrvelS() { Stored().reset(); }
 
 OrvelServices& Services() {
   if (!Stored()) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "The host has not given its services yet");
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Pagrindinė programa dar nepateikė modulio paslaugų");
   }
   return *Stored();
 }

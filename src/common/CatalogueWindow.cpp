@@ -69,7 +69,7 @@ void CatalogueWindow::Form_Load() { InitForm(); }
 void CatalogueWindow::InitForm() {
   InitRunning = true;
   SetEnabled(false);
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     Platform::Ui().SetMousePointer(vbHourglass);
     OrvelGrid->SetServices(OrvelS());
     OrvelGrid->SetObjectUIO(object_);
@@ -83,7 +83,7 @@ void CatalogueWindow::InitForm() {
   // Also after a failure: the window must not stay disabled under the hourglass.
   InitRunning = false;
   SetEnabled(true);
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(kMsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void CatalogueWindow::SetButtons(bool changed) {
@@ -93,11 +93,11 @@ void CatalogueWindow::SetButtons(bool changed) {
 }
 
 void CatalogueWindow::OrvelGrid_FieldChanged() {
-  Handle([&] { SetButtons(true); });
+  Handle(kMsgTitle, [&] { SetButtons(true); });
 }
 
 void CatalogueWindow::cmdEnter_Click() {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     int32_t number = OrvelGrid->SaveObject();
     std::string text = OrvelGrid->LastError();
     if (number != 0) {
@@ -114,7 +114,7 @@ void CatalogueWindow::cmdEnter_Click() {
 }
 
 void CatalogueWindow::cmdCancel_Click() {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     if (ReadAgainOrClose(Uio(), kMsgTitle)) InitForm();
   });
 }
@@ -132,7 +132,7 @@ void CatalogueWindow::UnloadChild() {
 }
 
 void CatalogueWindow::SSCNew_Click() {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     std::string kept = OIDR();
     auto windows = Services().WindowManager();
     if (windows->QueryRemove(kept, true)) return;
@@ -144,7 +144,7 @@ void CatalogueWindow::SSCNew_Click() {
 }
 
 void CatalogueWindow::SSCClose_Click() {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     // Off first, so that a second click cannot come in while events run.
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
@@ -153,7 +153,7 @@ void CatalogueWindow::SSCClose_Click() {
 }
 
 void CatalogueWindow::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     if (button != kRightButton || !SSCClose.Enabled()) return;
     int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
                                        vbOKCancel + vbExclamation, kMsgTitle);
@@ -167,7 +167,7 @@ void CatalogueWindow::SSCClose_MouseUp(int button, int) {
 }
 
 void CatalogueWindow::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     if (KeepUnsavedEdits(kMsgTitle)) cancel = true;
     // A user who refuses to close keeps a disabled close button: the click
     // disabled it, and nothing enables it again.
@@ -191,7 +191,7 @@ void CatalogueWindow::Form_Unload() {
 }
 
 void CatalogueWindow::mnuToDesktop_Click() {
-  Handle([&] {
+  Handle(kMsgTitle, [&] {
     if (ActiveList < 0) return;
     ListItem* row = Lists[ActiveList]->SelectedItem();
     if (!row) return;

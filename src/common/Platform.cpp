@@ -32,13 +32,13 @@ bool Platform::Attached() { return Held().classes && Held().ui; }
 
 OrvelHostClasses& Platform::Classes() {
   if (!Held().classes) {
-    throw RuntimeError(RuntimeError::kInvalidCall, "The host lent the module no classes");
+    throw RuntimeError(RuntimeError::kInvalidCall, "Pagrindinė programa nepateikė moduliui savo klasių");
   }
   return *Held().classes;
 }
 
 orvel::Ui& Platform::Ui() {
-  if (!Held().ui) throw RuntimeError(RuntimeError::kInvalidCall, "The host lent the module no Ui");
+  if (!Held().ui) throw RuntimeError(RuntimeError::kInvalidCall, "Pagrindinė programa nepateikė moduliui vartotojo sąsajos");
   return *Held().ui;
 }
 

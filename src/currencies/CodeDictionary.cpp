@@ -7,7 +7,7 @@ namespace orvel {
 
 void CodeDictionary::Add(std::string key, Variant item) {
   if (!index_.try_emplace(key, keys_.size()).second) {
-    throw RuntimeError(Dictionary::kDuplicateKey, "This key is already associated with an element");
+    throw RuntimeError(Dictionary::kDuplicateKey, "Šis raktas jau susietas su elementu");
   }
   keys_.push_back(std::move(key));
   items_.push_back(std::move(item));

@@ -124,7 +124,7 @@ orvel::OrvelObjectUIO& frmCurrency::Uio() {
 std::string frmCurrency::OIDR() { return Uio().OIDR(); }
 
 void frmCurrency::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     LoadCard();
   });
@@ -212,7 +212,7 @@ void frmCurrency::SetButtons() {
 }
 
 void frmCurrency::TabStrip_Click(const std::string& key) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     selectedTab_ = key;
     bool data = key == kDataTab;
     bool rates = key == kRatesTab;
@@ -225,7 +225,7 @@ void frmCurrency::TabStrip_Click(const std::string& key) {
 }
 
 void frmCurrency::MarkChanged() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (changed_) return;
     changed_ = true;
     SetButtons();
@@ -233,7 +233,7 @@ void frmCurrency::MarkChanged() {
 }
 
 void frmCurrency::txtCode_Change() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     changed_ = true;
     SetButtons();
   });
@@ -248,7 +248,7 @@ void frmCurrency::cmbGenderSmall_Click() {
 }
 
 void frmCurrency::chkFixedRate_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (chkFixedRate.Value() == vbUnchecked) {
       txtFixedRate.SetText(FormatNumber(0, 4, true));
       txtFixedRate.SetEnabled(false);
@@ -259,20 +259,18 @@ void frmCurrency::chkFixedRate_Click() {
   MarkChanged();
 }
 
-void frmCurrency::txtFixedRate_GotFocus() {
-  fixedRateSelection_ = {0, static_cast<int>(Len(txtFixedRate.Text()))};
-}
+void frmCurrency::txtFixedRate_GotFocus() { txtFixedRate.SelectAll(); }
 
 void frmCurrency::txtFixedRate_KeyPress(int& keyAscii) {
   keyAscii = KeyFilterDecimal(keyAscii, txtFixedRate.Text());
 }
 
 void frmCurrency::txtFixedRate_LostFocus() {
-  Handle([&] { txtFixedRate.SetText(FormatDecimalText(txtFixedRate.Text(), 4, true)); });
+  Handle(msgTitle_, [&] { txtFixedRate.SetText(FormatDecimalText(txtFixedRate.Text(), 4, true)); });
 }
 
 void frmCurrency::dtpDateFrom_Change() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (dtpDateFrom.Value().DateValue() > dtpDateTo.Value().DateValue()) {
       dtpDateTo.SetValue(dtpDateFrom.Value());
     }
@@ -280,7 +278,7 @@ void frmCurrency::dtpDateFrom_Change() {
 }
 
 void frmCurrency::dtpDateTo_Change() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (dtpDateTo.Value().DateValue() < dtpDateFrom.Value().DateValue()) {
       dtpDateFrom.SetValue(dtpDateTo.Value());
     }
@@ -288,11 +286,11 @@ void frmCurrency::dtpDateTo_Change() {
 }
 
 void frmCurrency::cmdGo_Click() {
-  Handle([&] { LoadRates(); });
+  Handle(msgTitle_, [&] { LoadRates(); });
 }
 
 void frmCurrency::cmdDayRate_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Variant::Array params{Variant(txtCode.Text()), Variant(Platform::Ui().Today())};
     Uio().Methods("CurrencyRates", params);
   });
@@ -312,7 +310,7 @@ bool frmCurrency::CheckCard() {
 }
 
 void frmCurrency::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (!CheckCard()) return;
     auto& object = Uio();
     object.Fields("Code").SetValue(Variant(txtCode.Text()));
@@ -340,13 +338,13 @@ void frmCurrency::cmdWrite_Click() {
 }
 
 void frmCurrency::ReloadCard() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (ReadAgainOrClose(Uio(), msgTitle_)) LoadCard();
   });
 }
 
 void frmCurrency::SSCNew_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     std::string kept = OIDR();
     auto windows = Services().WindowManager();
     if (windows->QueryRemove(kept, true)) return;
@@ -358,7 +356,7 @@ void frmCurrency::SSCNew_Click() {
 }
 
 void frmCurrency::SSCClose_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
     Services().WindowManager()->CloseWindow(shared_from_this());
@@ -366,7 +364,7 @@ void frmCurrency::SSCClose_Click() {
 }
 
 void frmCurrency::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (button != vbRightButton || !SSCClose.Enabled()) return;
     int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
                                        vbOKCancel + vbExclamation, "Orvel Apskaita");

@@ -72,8 +72,6 @@ class frmCurrency : public Form,
   bool Changed() const { return changed_; }
   bool IsNew() const { return isNew_; }
   const std::string& SelectedTab() const { return selectedTab_; }
-  // The text selection of txtFixedRate (start, length), set on focus.
-  std::pair<int, int> FixedRateSelection() const { return fixedRateSelection_; }
 
   // Controls.
   Panel SOPanel{"SOPanel"};
@@ -139,7 +137,6 @@ class frmCurrency : public Form,
   std::string selectedTab_ = kDataTab;
   bool changed_ = false;
   bool isNew_ = false;
-  std::pair<int, int> fixedRateSelection_{0, 0};
 };
 
 }  // namespace orvel

@@ -36,7 +36,7 @@ frmCurrencyRate::~frmCurrencyRate() = default;
 
 void frmCurrencyRate::Form_Load() {
   loading_ = true;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     lblDayRate.SetCaption("1 " + CurrencyCode + " =");
     cmdWrite.SetCaption("&Išsaugoti");
@@ -69,7 +69,7 @@ void frmCurrencyRate::LoadDayRate() {
 
 void frmCurrencyRate::pickerDate_Change() {
   if (loading_) return;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     LoadDayRate();
     cmdWrite.SetEnabled(false);
   });
@@ -80,20 +80,18 @@ void frmCurrencyRate::txtDayRate_Change() {
   cmdWrite.SetEnabled(true);
 }
 
-void frmCurrencyRate::txtDayRate_GotFocus() {
-  // The whole text is selected; the headless box keeps no selection.
-}
+void frmCurrencyRate::txtDayRate_GotFocus() { txtDayRate.SelectAll(); }
 
 void frmCurrencyRate::txtDayRate_KeyPress(int& keyAscii) {
   keyAscii = KeyFilterDecimal(keyAscii, txtDayRate.Text());
 }
 
 void frmCurrencyRate::txtDayRate_LostFocus() {
-  Handle([&] { txtDayRate.SetText(FormatDecimalText(txtDayRate.Text(), 8, true)); });
+  Handle(msgTitle_, [&] { txtDayRate.SetText(FormatDecimalText(txtDayRate.Text(), 8, true)); });
 }
 
 void frmCurrencyRate::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Variant text(txtDayRate.Text());
     double rate = IsNumeric(text) && !txtDayRate.Text().empty() ? CDbl(text) : 0;
     if (rate == 0) {
@@ -113,7 +111,7 @@ void frmCurrencyRate::cmdWrite_Click() {
 }
 
 void frmCurrencyRate::cmdExit_Click() {
-  Handle([&] { Form::Unload(); });
+  Handle(msgTitle_, [&] { Form::Unload(); });
 }
 
 }  // namespace orvel

@@ -108,7 +108,7 @@ orvel::OrvelObjectUIO& frmCurrencyRates::Uio() {
 }
 
 void frmCurrencyRates::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     SetBusy(false, "");
     msgTitle_ = AppTitle();
     rateDate_ = Platform::Ui().Today();
@@ -134,16 +134,16 @@ void frmCurrencyRates::SetButtons(bool busy, bool ok) {
 std::string frmCurrencyRates::DateText() const { return CStr(dtpDate.Value()); }
 
 void frmCurrencyRates::cmdGo_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     SetBusy(true, kPreparing);
     SetButtons(true, false);
   });
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     FetchRates();
     FillRows();
   });
   // Also after a failure: the window must not stay busy.
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     SetBusy(false, "");
     SetButtons(false, rsCurrencies_ && bankRates_);
   });
@@ -299,11 +299,11 @@ void frmCurrencyRates::WriteRates(const std::string& oidr) {
 }
 
 void frmCurrencyRates::cmdWrite_Click() {
-  Handle([&] { WriteRates(""); });
+  Handle(msgTitle_, [&] { WriteRates(""); });
 }
 
 void frmCurrencyRates::SSCClose_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
     Services().WindowManager()->CloseWindow(shared_from_this());
@@ -311,7 +311,7 @@ void frmCurrencyRates::SSCClose_Click() {
 }
 
 void frmCurrencyRates::lvwRows_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (button != vbRightButton) return;
     menuKey_.clear();
     ListItem* selected = lvwRows.SelectedItem();
@@ -338,7 +338,7 @@ void frmCurrencyRates::DoMenuAction() {
 }
 
 void frmCurrencyRates::SOPanel_Resize(int panelWidth) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto& columns = lvwRows.ColumnHeaders();
     int others = 0;
     for (int i = 2; i <= columns.Count() - 1; ++i) others += columns.Item(i).Width();

@@ -449,6 +449,7 @@ void frmFirms::LoadParameters() {
 
 void frmFirms::LoadFirmInfo() {
   lblInfo.SetVisible(false);
+  PlaceNoteLine();
   if (InfoTab == 0) return;
   Quietly([&] {
     ListView& list = List(InfoTab);
@@ -472,7 +473,9 @@ void frmFirms::LoadFirmInfo() {
         // important, newest. A note past its end stays in the list only.
         first = false;
         if (to.IsNull() || CDate(to) >= today) {
-          lblInfo.SetForeColor(color);
+          // Only the two raised priorities colour the line; an ordinary
+          // note leaves it in the colour it has.
+          if (!priority.IsNull() && CInt(priority) >= 2) lblInfo.SetForeColor(color);
           lblInfo.SetCaption(info + " (" + user + ")");
           lblInfo.SetVisible(true);
         }
@@ -483,6 +486,11 @@ void frmFirms::LoadFirmInfo() {
       AddSubItems(row, {ShortDate(rs->Fields("DateFrom").Value()), ShortDate(to), user});
     }
   });
+  PlaceNoteLine();
+}
+
+void frmFirms::PlaceNoteLine() {
+  pnlLists.SetTop(lblInfo.Visible() ? pnlInfo.Top() + pnlInfo.Height() : pnlInfo.Top());
 }
 
 void frmFirms::LoadDiscounts() {
@@ -601,7 +609,7 @@ void frmFirms::EditAccount(bool isNew) {
   dialog.MsgTitle = MsgTitle;
   dialog.SetCaption(Uio().Preview() + ": " +
                     (isNew ? "Nauja atsiskaitomoji sąskaita" : "Atsiskaitomoji sąskaita"));
-  if (!dialog.OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "No field sheet");
+  if (!dialog.OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "Langas neturi laukų lapo");
   dialog.OrvelGrid->SetServices(OrvelS());
   dialog.OrvelGrid->SetObjectUIO(account);
   dialog.OrvelGrid->FillFields();

@@ -16,14 +16,14 @@ frmAccounts::frmAccounts() : Form("frmAccounts") {
   Register(cmdCancel);
   OrvelGrid = Platform::Ui().NewOrvelGrid();
   if (OrvelGrid) Register(*OrvelGrid);
-  cmdEnter.OnClick = [this] { Handle([&] { cmdEnter_Click(); }); };
-  cmdCancel.OnClick = [this] { Handle([&] { cmdCancel_Click(); }); };
+  cmdEnter.OnClick = [this] { Handle(MsgTitle, [&] { cmdEnter_Click(); }); };
+  cmdCancel.OnClick = [this] { Handle(MsgTitle, [&] { cmdCancel_Click(); }); };
 }
 
 frmAccounts::~frmAccounts() = default;
 
 void frmAccounts::cmdEnter_Click() {
-  if (!OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "The dialog has no field sheet");
+  if (!OrvelGrid) throw RuntimeError(RuntimeError::kObjectNotSet, "Langas neturi laukų lapo");
   // No EndFieldEdit here: the sheet commits the cell being edited itself.
   if (OrvelGrid->SaveObject() != 0) {
     Platform::Ui().MsgBox("Klaida!\n\n" + OrvelGrid->LastError(), vbCritical, MsgTitle);

@@ -105,7 +105,7 @@ void frmFirmInfo::Form_Load() {
 }
 
 bool frmFirmInfo::ReadNote(int& priority) {
-  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "The note has no firm");
+  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Pastabai nepriskirta įmonė");
   OrvelResult reply = OrvelObjectUIO->Properties("FirmInfo", "");
   auto rs = reply.Number == 0 ? reply.Value.ObjectAs<Recordset>() : nullptr;
   if (!rs) return false;
@@ -143,14 +143,14 @@ void frmFirmInfo::imcPriority_Change() {
 }
 
 std::string frmFirmInfo::WriteParams() const {
-  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "The note has no firm");
+  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Pastabai nepriskirta įmonė");
   const Variant to = dtpDateTo.Value();
   const std::string end = to.IsNull() ? std::string("Null") : "'" + CompactDay(to) + "'";
   std::string user;
   auto environment = Services().Environment();
   auto person = environment ? environment->User() : nullptr;
   auto record = person ? person->Rs() : nullptr;
-  if (!record) throw RuntimeError(RuntimeError::kObjectNotSet, "No user record");
+  if (!record) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra vartotojo įrašo");
   user = ConcatText(record->Fields("ID").Value());
   return std::to_string(ID) + ",'" + txtInfo.Text() + "','" + CompactDay(dtpDateFrom.Value()) +
          "'," + end + "," + ConcatText(OrvelObjectUIO->Fields("ID").Value()) + "," + user + "," +

@@ -32,6 +32,9 @@ constexpr const char* kRightKey = "CFirms";
 constexpr int kRightButton = 2;
 // Long enough for a popup menu to close before a modal dialog opens.
 constexpr int kModalDelay = 10;
+// Where the note line's panel stands, in twips, under the field sheet.
+constexpr int32_t kInfoPanelTop = 3360;
+constexpr int32_t kInfoPanelHeight = 285;
 // Handles 0 to 10 are released; the last one is left as it stands.
 constexpr int kReleasedHandles = 11;
 // The business layer's number for a record another user changed meanwhile:
@@ -82,10 +85,13 @@ frmFirms::frmFirms()
       mnuContractToDeskTop(mnuContracts.Add("mnuContractToDeskTop", "Padėti &ant darbo stalo")),
       mnuContractRefresh(mnuContracts.Add("mnuContractRefresh", "&Atnaujinti")) {
   lblCroup.SetCaption("Įmonių grupė:");
+  pnlInfo.SetTop(kInfoPanelTop);
+  pnlInfo.SetHeight(kInfoPanelHeight);
+  pnlLists.SetTop(kInfoPanelTop + kInfoPanelHeight);
   timerModal.SetEnabled(false);
   timerModal.SetInterval(kModalDelay);
   for (Control* control : std::initializer_list<Control*>{
-           &lblInfo, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
+           &pnlInfo, &lblInfo, &pnlLists, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
            &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo, &mnuDiscount, &mnuNew,
            &mnuContracts}) {
     Register(*control);
@@ -120,7 +126,7 @@ frmFirms::frmFirms()
       {&mnuNewWithCopy, &frmFirms::mnuNewWithCopy_Click},
   };
   for (const auto& [menu, handler] : clicks) {
-    menu->OnClick = [this, handler = handler] { Handle([&] { (this->*handler)(); }); };
+    menu->OnClick = [this, handler = handler] { Handle(MsgTitle, [&] { (this->*handler)(); }); };
   }
 }
 
@@ -130,12 +136,12 @@ frmFirms::~frmFirms() = default;
 
 ListView& frmFirms::List(int index) const {
   if (index < 0 || index >= kListHandles) {
-    throw RuntimeError(RuntimeError::kSubscript, "No list handle " + std::to_string(index));
+    throw RuntimeError(RuntimeError::kSubscript, "Nėra sąrašo Nr. " + std::to_string(index));
   }
   const ListHandle& handle = lists_[index];
   if (!handle.view || handle.generation != generation_) {
     throw RuntimeError(RuntimeError::kObjectNotSet,
-                       "The list of tab " + std::to_string(index) + " is not set");
+                       "Skirtuko " + std::to_string(index) + " sąrašas nepriskirtas");
   }
   return *handle.view;
 }
@@ -172,7 +178,7 @@ bool frmFirms::HasSelection(int index) const { return Selected(index) != nullptr
 
 void frmFirms::Form_Load() {
   InitForm();
-  Handle([&] { MsgTitle = AppTitle(); });
+  Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
 }
 
 void frmFirms::Form_Unload() {
@@ -181,6 +187,11 @@ void frmFirms::Form_Unload() {
 }
 
 void frmFirms::AddFirmTabs(int16_t& counter) {
+  // The tabs are made anew, so a tab this record does not get (the branches
+  // of a firm made from one that had them) must not keep its old number and
+  // send its list into the tab that now stands there.
+  TrafficTab = GoodsTab = AccountsTab = FirmsTab = BranchTab = AddressesTab = ContactsTab =
+      ServersTab = InfoTab = ActivityTab = DiscountsTab = ContractsTab = 0;
   const bool contracts = Rights().CanRead("CContracts", 0);
   const bool accounts = Rights().Allowed("CFirmsAC", 0);
   if (IsGroup) {
@@ -203,7 +214,7 @@ void frmFirms::AddFirmTabs(int16_t& counter) {
 }
 
 void frmFirms::InitForm() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& ui = Platform::Ui();
     Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
     Loading = true;
@@ -245,9 +256,7 @@ void frmFirms::InitForm() {
         IsRoot ? nullptr : object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
     ShowGroupLine();
     lblDebt.SetCaption("Informacija...");
-    // The panel has no tool tip of its own here; the creator line rides in
-    // its Tag, where a renderer shows it on hover.
-    SOPanel.SetTag(CreatorLine(object));
+    SOPanel.SetToolTipText(CreatorLine(object));
     Loading = false;
     InitRunning = false;
     ui.SetMousePointer(vbDefault);
@@ -257,7 +266,7 @@ void frmFirms::InitForm() {
   });
   Loading = false;
   InitRunning = false;
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(MsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void frmFirms::ApplyTypeAndRegion() {
@@ -295,7 +304,7 @@ void frmFirms::SetEditState(bool enable) {
 }
 
 void frmFirms::OrvelGrid_FieldChanged() {
-  Handle([&] { SetEditState(true); });
+  Handle(MsgTitle, [&] { SetEditState(true); });
 }
 
 // ---- writing ----
@@ -337,7 +346,7 @@ void frmFirms::KeepUsedFirmIdentity() {
 }
 
 void frmFirms::cmdEnter_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     OrvelGrid->EndFieldEdit();
     if (!CodeAccepted()) return;
     // Asked for groups and new records too; the business layer gives their count.
@@ -378,7 +387,7 @@ void frmFirms::UnloadShowHost() {
 }
 
 void frmFirms::cmdCancel_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& object = Uio();
     OrvelStatus status = object.Read();
     if (status.Number != 0) {
@@ -418,7 +427,7 @@ void ReadOptional(Recordset& rs, const char* name, T& target, Convert convert) {
 }  // namespace
 
 void frmFirms::lblDebt_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& ui = Platform::Ui();
     ui.SetMousePointer(vbHourglass);
     try {
@@ -491,14 +500,14 @@ void frmFirms::RefreshDebt() {
 // ---- frame ----
 
 void frmFirms::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (KeepUnsavedEdits(MsgTitle)) cancel = true;
     SSCClose.SetEnabled(cancel);
   });
 }
 
 void frmFirms::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton || !SSCNew.Enabled()) return;
     if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
                               vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
@@ -513,12 +522,12 @@ void frmFirms::SSCClose_MouseUp(int button, int) {
 }
 
 void frmFirms::SSCNew_Click() {
-  Handle([&] { NewFromCurrent(false); });
+  Handle(MsgTitle, [&] { NewFromCurrent(false); });
 }
 
 void frmFirms::SSCNew_MouseUp(int button, int) {
   // No test of SSCNew's own state: the menu opens whenever the event comes.
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button == kRightButton) Platform::Ui().PopupMenu(mnuNew);
   });
 }
@@ -545,7 +554,7 @@ void frmFirms::NewFromCurrent(bool copy) {
 }
 
 void frmFirms::cmdParentGroup_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(kOid);
     picker->SetRootOType(kOid);
@@ -554,7 +563,7 @@ void frmFirms::cmdParentGroup_Click() {
     picker->SetExcludeTypes("'C'");
     picker->Show();
     std::string result = picker->ResultOIDR();
-    int at = InStrRev(result, "O");
+    int at = InStrRev(result, "O", -1, Compare::Text);
     if (at == 0) return;
     std::string choice = Mid(result, at);
     if (choice == OIDR()) return;
@@ -579,7 +588,7 @@ void frmFirms::cmdParentGroup_Click() {
 // ---- lists ----
 
 void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton) return;
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     for (Menu* item :
@@ -645,7 +654,7 @@ void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, in
 }
 
 void frmFirms::OrvelGrid_ListDoubleClick(int tabIndex) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     const int index = tabIndex + 1;
     ListItem* row = Selected(index);
     if (!row) return;
@@ -674,7 +683,7 @@ bool frmFirms::RefuseUnsaved() {
 }
 
 void frmFirms::timerModal_Timer() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     timerModal.SetEnabled(false);
     switch (ModalAction) {
       case kNewDetail:
@@ -765,7 +774,7 @@ void frmFirms::mnuFirmInfoDelete_Click() {
 
 void frmFirms::mnuDiscountNew_Click() {
   auto discount = Services().ObjectManager()->GetOrvelObject("O1000600");
-  if (!discount) throw RuntimeError(RuntimeError::kObjectNotSet, "No discount object");
+  if (!discount) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra nuolaidų objekto");
   discount->Fields("FirmID").SetValue(Variant(Mid(OIDR(), 9)));
   auto form = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
   Services().WindowManager()->ShowWindow(form);
@@ -831,7 +840,7 @@ void frmFirms::mnuFirmDelete_Click() {
     return;
   }
   ListItem* row = Selected(CurrentTab);
-  if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "No row is selected");
+  if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "Nepažymėta nė viena eilutė");
   std::string tag = ConcatText(row->Tag());
   auto adapter = Services().ObjectManager()->GetOrvelObjectUI(tag);
   if (adapter && adapter->DeleteOrvelObject(tag) == 0) {
@@ -844,7 +853,7 @@ void frmFirms::mnuFirmDelete_Click() {
 // ---- drag and drop ----
 
 void frmFirms::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     std::string text = drag ? drag->GetText() : std::string();
     if (CLng(Uio().Fields("GroupFlag").Value()) == 0 || Left(text, 8) != kOid ||
@@ -855,7 +864,7 @@ void frmFirms::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& 
 }
 
 void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     if (!drag) return;
     auto ui = Uio().UI();
@@ -870,7 +879,7 @@ void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
     }
     try {
       auto rs = dragged->RsFields();
-      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No fields");
+      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų");
       AddFirmRow(rs->Fields());
     } catch (...) {
       return;  // already listed here

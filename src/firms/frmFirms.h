@@ -12,6 +12,7 @@
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"
+#include "ui/Panel.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
 
@@ -103,6 +104,10 @@ class frmFirms : public CatalogueWindow {
 
   // Controls.
   Label lblInfo{"lblInfo"};
+  // The panel of the note line, and the panel of the lists under it, which
+  // moves up over the line while no note is shown.
+  Panel pnlInfo{"pnlInfo"};
+  Panel pnlLists{"pnlLists"};
   Timer timerModal{"timerModal"};
   Button cmdParentGroup{"cmdParentGroup"};
   TextBox txtGroup{"txtGroup"};
@@ -185,6 +190,8 @@ class frmFirms : public CatalogueWindow {
   virtual void LoadContracts(bool more);
   // Also the line lblInfo over the tabs, from the first note.
   virtual void LoadFirmInfo();
+  // The lists' panel below the note line when it is shown, over it when not.
+  void PlaceNoteLine();
   virtual void LoadTraffic(bool more);
   virtual void LoadAccounts();
   virtual void LoadActivity();

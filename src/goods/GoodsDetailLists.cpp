@@ -170,7 +170,7 @@ void frmGoods::BuildTrafficColumns() {
 }
 
 void frmGoods::LoadTraffic(bool reload) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(TrafficTab)) return;
     BuildTrafficColumns();
     BusyPointer busy;
@@ -233,17 +233,28 @@ void frmGoods::AddTrafficRows(ListView& list) {
       row.SetBold(true);
       purchase = &row;
     }
-    Add(row, Text(rs, "Number"));
-    Add(row, Text(rs, "Date"));
-    Add(row, Text(rs, "Addressee"));
-    Add(row, ConcatText(amount.Value()));
-    Add(row, ConcatText(measure.Value()));
+    // From here to the remainder a value that cannot be read is passed over:
+    // its cell stays blank and the row, and the list, go on.
+    auto cell = [](auto&& text) -> std::string {
+      try {
+        return text();
+      } catch (const RuntimeError&) {
+        return {};
+      }
+    };
+    Add(row, cell([&] { return Text(rs, "Number"); }));
+    Add(row, cell([&] { return Text(rs, "Date"); }));
+    Add(row, cell([&] { return Text(rs, "Addressee"); }));
+    Add(row, cell([&] { return ConcatText(amount.Value()); }));
+    Add(row, cell([&] { return ConcatText(measure.Value()); }));
     double r = 1;
     bool foreign = false;
-    if (!rate.Value().IsNull() && ConcatText(code.Value()) != kBaseCurrency) {
-      r = CDbl(rate.Value());
-      foreign = true;
-    }
+    Quietly([&] {
+      if (!rate.Value().IsNull() && ConcatText(code.Value()) != kBaseCurrency) {
+        r = CDbl(rate.Value());
+        foreign = true;
+      }
+    });
     Quietly([&] {
       // Sales under their purchase stand one step in: their icon goes to the
       // document number.
@@ -254,20 +265,25 @@ void frmGoods::AddTrafficRows(ListView& list) {
         row.ListSubItems().Item(1).SetReportIcon(icon);
       }
     });
-    Add(row, price.Value().IsNull() ? "" : Format(Variant(CDbl(price.Value()) * r), kPriceMask));
-    Add(row, sum.Value().IsNull() ? "" : Format(Variant(CDbl(sum.Value()) * r), kSumMask));
-    Add(row, Text(rs, "Comment"));
-    if (WithRest) Add(row, Text(rs, "LName"));
+    Add(row, cell([&] {
+          return price.Value().IsNull() ? ""
+                                        : Format(Variant(CDbl(price.Value()) * r), kPriceMask);
+        }));
+    Add(row, cell([&] {
+          return sum.Value().IsNull() ? "" : Format(Variant(CDbl(sum.Value()) * r), kSumMask);
+        }));
+    Add(row, cell([&] { return Text(rs, "Comment"); }));
+    if (WithRest) Add(row, cell([&] { return Text(rs, "LName"); }));
     if (foreign) {
-      Add(row, ConcatText(code.Value()));
-      Add(row, ConcatText(rate.Value()));
-      Add(row, Format(price.Value(), kPriceMask));
-      Add(row, Format(sum.Value(), kSumMask));
+      Add(row, cell([&] { return ConcatText(code.Value()); }));
+      Add(row, cell([&] { return ConcatText(rate.Value()); }));
+      Add(row, cell([&] { return Format(price.Value(), kPriceMask); }));
+      Add(row, cell([&] { return Format(sum.Value(), kSumMask); }));
     } else {
       AddBlanks(row, 4);
     }
-    Add(row, Text(rs, "SourcerName"));
-    Add(row, Format(cost.Value(), kSumMask));
+    Add(row, cell([&] { return Text(rs, "SourcerName"); }));
+    Add(row, cell([&] { return Format(cost.Value(), kSumMask); }));
     if (bold) row.ListSubItems().Item(1).SetBold(true);
     // What is left of the purchase: each sale's cost comes off the purchase
     // row's last cell. A list without that cell (no rests) has no remainder.
@@ -284,7 +300,7 @@ void frmGoods::AddTrafficRows(ListView& list) {
 // ---- rests ----
 
 void frmGoods::LoadRests() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!Stored() || !WithRest || !HasList(RestsTab)) return;
     ListView& list = List(RestsTab);
     const std::vector<ColumnSpec> columns{{"Dok. grupė", 1000, false},
@@ -351,7 +367,7 @@ void frmGoods::LoadRests() {
 // ---- measures, prices, minimum amounts ----
 
 void frmGoods::LoadMeasures() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(MeasuresTab)) return;
     ListView& list = List(MeasuresTab);
     PrepareList(list, {{"Matavimo vienetas", 2000, false},
@@ -371,7 +387,7 @@ void frmGoods::LoadMeasures() {
 }
 
 void frmGoods::LoadPrices() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (HasList(PricesTab)) {
       ListView& list = List(PricesTab);
       PrepareList(list, {{"Kainos tipas", 2000, false},
@@ -400,7 +416,7 @@ void frmGoods::LoadPrices() {
 // ---- serial numbers ----
 
 void frmGoods::LoadSerials(bool ask) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(SerialsTab)) return;
     ListView& list = List(SerialsTab);
     if (PrepareList(list, {{"S.Numeris", 1000, false},
@@ -457,7 +473,7 @@ void frmGoods::LoadSerials(bool ask) {
 // ---- discounts and templates ----
 
 void frmGoods::LoadDiscounts() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(DiscountsTab)) return;
     ListView& list = List(DiscountsTab);
     PrepareList(list, {{"Pavadinimas", 3000, false},
@@ -516,7 +532,7 @@ void frmGoods::LoadTemplates() {
 // ---- a group's goods ----
 
 void frmGoods::LoadGroupGoods() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(GoodsTab)) return;
     ListView& list = List(GoodsTab);
     if (PrepareList(list, {{"Pavadinimas", 5000, false},
@@ -574,14 +590,14 @@ void frmGoods::AddGroupRow(Fields& fields) {
 // ---- printing ----
 
 void frmGoods::PrintTraffic() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!HasList(TrafficTab)) return;
     auto& ui = Platform::Ui();
     BusyPointer busy;
     ui.DoEvents();
     ListView& list = List(TrafficTab);
     auto doc = Platform::Classes().NewPrintDoc();
-    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "The host has no print document");
+    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra spausdinimo dokumento");
     auto sections = doc->Sections();
     auto title = sections->Add(OrvelPrintSections::kText)->Rows();
     title->AddText("Prekės judėjimas", true, 12, lvwColumnLeft);

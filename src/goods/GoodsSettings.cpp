@@ -19,7 +19,7 @@ int16_t vatFactor = 0;
 
 Variant GoodsSetting(const std::string& field) {
   auto session = Services().Environment()->Session();
-  if (!session) throw RuntimeError(RuntimeError::kObjectNotSet, "No session");
+  if (!session) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra sesijos");
   auto settings = session->SettingObject(kGoodsSettingOid);
   if (!settings) return Variant::Null();
   // The host hands the settings either as the type's object or as its record.
@@ -28,11 +28,11 @@ Variant GoodsSetting(const std::string& field) {
   }
   if (auto record = std::dynamic_pointer_cast<Recordset>(settings)) {
     if (record->IsEOF() || record->IsBOF()) {
-      throw RuntimeError(RuntimeError::kNoCurrentRecord, "No goods settings record");
+      throw RuntimeError(RuntimeError::kNoCurrentRecord, "Nėra prekių nustatymų įrašo");
     }
     return record->Fields().Item(field).Value();
   }
-  throw RuntimeError(RuntimeError::kTypeMismatch, "The goods settings are not a record");
+  throw RuntimeError(RuntimeError::kTypeMismatch, "Prekių nustatymai nėra įrašas");
 }
 
 int16_t VatFactor() { return vatFactor; }

@@ -15,42 +15,13 @@ namespace {
 
 template <class F>
 void Event(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
-// "12,5" typed gives "12.5"; a lone leading or trailing separator is dropped
-// or filled ("5," -> "5", ",5" -> "0.5"). nullopt for anything else than
-// digits with at most one separator, or for a value that is not above zero.
-std::optional<std::string> PositiveDecimal(const std::string& text) {
-  std::string value;
-  bool point = false;
-  bool nonZero = false;
-  int digits = 0;
-  for (char c : text) {
-    if (c >= '0' && c <= '9') {
-      ++digits;
-      nonZero = nonZero || c != '0';
-      value += c;
-    } else if ((c == ',' || c == '.') && !point) {
-      point = true;
-      value += '.';
-    } else {
-      return std::nullopt;
-    }
-  }
-  if (digits == 0 || !nonZero) return std::nullopt;
-  if (value.front() == '.') value.insert(value.begin(), '0');
-  if (value.back() == '.') value.pop_back();
-  return value;
+  Guarded([&] { return body(), true; }, false, GroupChangeDialog::kMsgTitle);
 }
 
 }  // namespace
 
-GroupChangeDialog::GroupChangeDialog(std::string formName, std::string caption, std::string method,
-                                     std::string invalidPrompt)
-    : Form(std::move(formName)),
-      method_(std::move(method)),
-      invalidPrompt_(std::move(invalidPrompt)) {
+GroupChangeDialog::GroupChangeDialog(std::string formName, std::string caption, std::string method)
+    : Form(std::move(formName)), method_(std::move(method)) {
   SetCaption(std::move(caption));
   cmdEnter.SetCaption("Įrašyti");
   cmdCancel.SetCaption("Atšaukti");
@@ -84,22 +55,17 @@ void GroupChangeDialog::EnableButtons(bool enable) {
   cmdCancel.SetEnabled(enable);
 }
 
-std::optional<std::string> GroupChangeDialog::Parameter() const {
-  auto value = PositiveDecimal(valueBox_->Text());
-  if (!value) return std::nullopt;
-  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "No group is set");
+std::string GroupChangeDialog::Parameter() const {
+  if (!OrvelObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Nepriskirta grupė");
+  // The text goes as it stands, with "." for the decimal comma; what the
+  // value may be is the business layer's to judge, and it answers in Value.
   return Mid(OrvelObjectUIO->OIDR(), 9) + "," + std::to_string(chkWithSubGroups.Value()) + "," +
-         Signed(*value);
+         Signed(Replace(valueBox_->Text(), ",", "."));
 }
 
 void GroupChangeDialog::cmdEnter_Click() {
   Event([&] {
-    auto parameter = Parameter();
-    if (!parameter) {
-      Platform::Ui().MsgBox(invalidPrompt_, vbExclamation, kMsgTitle);
-      return;
-    }
-    Variant::Array params{Variant(*parameter)};
+    Variant::Array params{Variant(Parameter())};
     OrvelResult result = OrvelObjectUIO->Methods(method_, params);
     if (result.Number != 0) {
       ShowStop(result.Text, kMsgTitle);

@@ -1,7 +1,6 @@
 #pragma once
 
 #include <memory>
-#include <optional>
 #include <string>
 
 #include "host/OrvelObjectUIO.h"
@@ -21,9 +20,8 @@ namespace orvel {
 //
 // The number box takes digits, backspace and one decimal comma ("." types
 // it). While it is empty both buttons are off, Cancel too: the dialog can
-// then be left only by its close box. A value that is not a number above
-// zero (text put there by other means than typing) is refused with a box,
-// and nothing is sent.
+// then be left only by its close box. The dialog judges no value: "0", ","
+// or "5," go out as typed, the comma made a point.
 //
 // The business status of the action comes back inside the result's Value;
 // only a failed call (a non-zero Number) is shown, and the dialog stays.
@@ -44,14 +42,12 @@ class GroupChangeDialog : public Form {
   void cmdEnter_Click();
   void cmdCancel_Click();
 
-  // The argument of the action for the box's text; nullopt when the text is
-  // not a number above zero.
-  std::optional<std::string> Parameter() const;
+  // The argument of the action for the box's text.
+  std::string Parameter() const;
 
  protected:
-  // `method` the action's name; `invalidPrompt` the box for a value refused.
-  GroupChangeDialog(std::string formName, std::string caption, std::string method,
-                    std::string invalidPrompt);
+  // `method` the action's name.
+  GroupChangeDialog(std::string formName, std::string caption, std::string method);
 
   // Registers the dialog's own number box (after its other controls) and
   // wires the shared controls. Called once by the derived constructor.
@@ -66,7 +62,6 @@ class GroupChangeDialog : public Form {
  private:
   TextBox* valueBox_ = nullptr;
   std::string method_;
-  std::string invalidPrompt_;
 };
 
 }  // namespace orvel

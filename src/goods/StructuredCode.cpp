@@ -30,7 +30,7 @@ std::string NextTopLevel(const Variant& maxCode, const Locale& locale) {
   const std::string max = ConcatText(maxCode, locale);
   const int32_t current = CLng(maxCode, locale);
   if (current == std::numeric_limits<int32_t>::max()) {
-    throw RuntimeError(RuntimeError::kOverflow, "Overflow");
+    throw RuntimeError(RuntimeError::kOverflow, "Perpildymas");
   }
   return Right(Zeros(Len(max)) + std::to_string(current + 1), Len(max));
 }

@@ -3,8 +3,7 @@
 namespace orvel {
 
 frmGaranty::frmGaranty()
-    : GroupChangeDialog("frmGaranty", "Garantijos pridėjimas", "UpdateGaranty",
-                        "Neteisinga garantija!") {
+    : GroupChangeDialog("frmGaranty", "Garantijos pridėjimas", "UpdateGaranty") {
   Label1.SetCaption("Garantija, mėn:");
   chkWithSubGroups.SetCaption(" Pridėti ir pogrupiuose");
   Attach(txtGaranty, Label1);

@@ -96,7 +96,7 @@ bool frmGoodProperty::ReadyToSave(OrvelObjectUIO& object) {
 void frmGoodProperty::cmdEnter_Click() {
   Event([&] {
     auto object = OrvelGrid->ObjectUIO();
-    if (!object) throw RuntimeError(RuntimeError::kObjectNotSet, "No record is set");
+    if (!object) throw RuntimeError(RuntimeError::kObjectNotSet, "Langui nepriskirtas įrašas");
     if (!ReadyToSave(*object)) return;
     const int32_t number = OrvelGrid->SaveObject();
     if (number != 0) {

@@ -129,7 +129,7 @@ frmGoods::frmGoods()
       {&mnuRefresh, &frmGoods::mnuRefresh_Click},
   };
   for (const auto& [menu, handler] : clicks) {
-    menu->OnClick = [this, handler = handler] { Handle([&] { (this->*handler)(); }); };
+    menu->OnClick = [this, handler = handler] { Handle(MsgTitle, [&] { (this->*handler)(); }); };
   }
 }
 
@@ -140,7 +140,7 @@ frmGoods::~frmGoods() = default;
 ListView& frmGoods::List(int index) const {
   if (!HasList(index)) {
     throw RuntimeError(RuntimeError::kObjectNotSet,
-                       "The list of tab " + std::to_string(index) + " is not set");
+                       "Skirtuko " + std::to_string(index) + " sąrašas nepriskirtas");
   }
   return *tabs_[index];
 }
@@ -203,9 +203,14 @@ void frmGoods::FillAllLists() {
 
 // ---- start-up ----
 
+void frmGoods::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
+  CatalogueWindow::SetOrvelObjectUIO(std::move(object));
+  if (OrvelObjectUIO()) InitForm();
+}
+
 void frmGoods::Form_Load() {
   InitForm();
-  Handle([&] { MsgTitle = AppTitle(); });
+  Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
 }
 
 void frmGoods::Form_Unload() {
@@ -219,7 +224,7 @@ void frmGoods::ReleaseLists() {
 }
 
 void frmGoods::InitForm() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     Loading = true;
     InitRunning = true;
     Platform::Ui().SetMousePointer(vbHourglass);
@@ -259,7 +264,7 @@ void frmGoods::InitForm() {
   });
   Loading = false;
   InitRunning = false;
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(MsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void frmGoods::PrimeNewRecord() {
@@ -310,7 +315,7 @@ void frmGoods::SetEditState(bool enable) {
 }
 
 void frmGoods::OrvelGrid_FieldChanged() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     ShowPriceLine();
     SetEditState(true);
   });
@@ -321,7 +326,7 @@ bool frmGoods::Stored() { return Len(OIDR()) >= 9; }
 // ---- frame ----
 
 void frmGoods::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (KeepUnsavedEdits(MsgTitle)) cancel = true;
     // The close click disabled the button; a window that stays takes it back.
     SSCClose.SetEnabled(cancel);
@@ -331,7 +336,7 @@ void frmGoods::QueryRemove(bool& cancel) {
 void frmGoods::SSCClose_MouseUp(int button, int) {
   // A right click on the close button deletes the record: a hidden gesture
   // that users of the catalogue know, kept on purpose.
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton || !SSCClose.Enabled()) return;
     if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
                               vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
@@ -346,7 +351,7 @@ void frmGoods::SSCClose_MouseUp(int button, int) {
 }
 
 void frmGoods::cmdParentGroup_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(kOid);
     picker->SetRootOType(kOid);
@@ -355,7 +360,7 @@ void frmGoods::cmdParentGroup_Click() {
     picker->SetExcludeTypes("'C','FirmNA','Service','ServiceNA','GEXIST'");
     picker->Show();
     std::string result = picker->ResultOIDR();
-    int at = InStrRev(result, "O");
+    int at = InStrRev(result, "O", -1, Compare::Text);
     if (at == 0) return;
     std::string choice = Mid(result, at);
     if (choice == OIDR()) return;
@@ -384,7 +389,7 @@ void frmGoods::cmdParentGroup_Click() {
 // ---- lists ----
 
 void frmGoods::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (button != kRightButton || IsNew) return;
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     for (Menu* item : {&mnuByPurch, &mnuPreview, &mnuHistory, &mnuPrint}) item->SetVisible(false);
@@ -446,7 +451,7 @@ void frmGoods::PopupMain(const std::string& tabKey) {
 }
 
 void frmGoods::OrvelGrid_ListDoubleClick(int tabIndex) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     if (IsGroup) {
       if (CurrentTab == TemplatesTab) {
@@ -481,7 +486,7 @@ void frmGoods::OrvelGrid_ListDoubleClick(int tabIndex) {
 }
 
 void frmGoods::timerModal_Timer() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     timerModal.SetEnabled(false);
     const ListItem* row = Selected(CurrentTab);
     const int32_t documentId = row ? static_cast<int32_t>(Val(row->Key())) : 0;
@@ -582,7 +587,7 @@ void frmGoods::mnuRefresh_Click() {
 // ---- drag and drop ----
 
 void frmGoods::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     std::string text = drag ? drag->GetText() : std::string();
     if (!IsGroup || Left(text, 8) != kOid) effect = 0;
@@ -590,7 +595,7 @@ void frmGoods::OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& 
 }
 
 void frmGoods::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto drag = std::dynamic_pointer_cast<DragData>(data);
     if (!drag || !IsGroup) return;
     std::string text = drag->GetText();
@@ -609,7 +614,7 @@ void frmGoods::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
     if (NullToLong(dragged->Fields("ParentID").Value()) == 0) return;
     try {
       auto rs = dragged->RsFields();
-      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "No fields");
+      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų");
       AddGroupRow(rs->Fields());
     } catch (const RuntimeError&) {
       return;  // already listed here
@@ -630,8 +635,13 @@ bool frmGoods::CheckGoodMeasure() {
   }
   OrvelResult reply = object.Properties("Measure", kMeasureRecordOid + ConcatText(measureId));
   auto measure = reply.Value.ObjectAs<orvel::OrvelObjectUIO>();
-  // A measure that cannot be read is left to the write to refuse.
-  if (reply.Number != 0 || !measure) return true;
+  // A measure that cannot be read stops the write with its error: whether
+  // it counts whole units cannot be told.
+  if (reply.Number != 0) throw RuntimeError(reply.Number, reply.Text);
+  if (!measure) {
+    throw RuntimeError(RuntimeError::kObjectNotSet,
+                       "Matavimo vienetas " + ConcatText(measureId) + " neperskaitytas");
+  }
   if (ConcatText(measure->Fields("MeasureType").Value()) == kWholeUnits &&
       NullToLong(object.Fields("AmountPrecision").Value()) != 0) {
     ShowStop("Kiekio tikslumas turi būti lygus 0!", MsgTitle);
@@ -641,7 +651,7 @@ bool frmGoods::CheckGoodMeasure() {
 }
 
 void frmGoods::cmdEnter_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (!IsGroup && !CheckGoodMeasure()) return;
     OrvelGrid->EndFieldEdit();
     auto& object = Uio();
@@ -674,7 +684,7 @@ void frmGoods::cmdEnter_Click() {
 }
 
 void frmGoods::cmdCancel_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (IsNew) return;
     auto& object = Uio();
     OrvelStatus status = object.Read();
@@ -688,7 +698,7 @@ void frmGoods::cmdCancel_Click() {
 }
 
 void frmGoods::SSCNew_Click() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     auto& object = Uio();
     const std::string kept = OIDR();
     const Variant groupFlag = object.Fields("GroupFlag").Value();
@@ -753,7 +763,7 @@ void frmGoods::ShowPriceLine() {
 // ---- detail rows ----
 
 void frmGoods::EditRow() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (MenuAction == "100" && OIDR().empty()) {
       Platform::Ui().MsgBox("Išsaugokite naujai sukurtą įmonę", vbExclamation, MsgTitle);
       return;
@@ -794,7 +804,7 @@ void frmGoods::EditRow() {
 }
 
 void frmGoods::EditDiscount() {
-  Handle([&] {
+  Handle(MsgTitle, [&] {
     if (MenuAction == "101") {
       mnuToDesktop_Click();
       return;

@@ -46,6 +46,10 @@ class frmGoods : public CatalogueWindow {
 
   // OrvelWindow
   void QueryRemove(bool& cancel) override;
+  // Setting the record builds the window on it at once (InitForm); the load
+  // of the window builds it again, after its opener had its say on the
+  // record (the parent and kind of a new one).
+  void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override;
 
   void InitForm() override;
 

@@ -3,8 +3,7 @@
 namespace orvel {
 
 frmPriceChange::frmPriceChange()
-    : GroupChangeDialog("frmPriceChange", "Pardavimo kainų keitimas", "UpdateGoodsPrice",
-                        "Neteisingas kainos pakeitimas!") {
+    : GroupChangeDialog("frmPriceChange", "Pardavimo kainų keitimas", "UpdateGoodsPrice") {
   optUp.SetCaption("Didinti");
   OptDown.SetCaption("Mažinti");
   Label2.SetCaption("Keitimas:");

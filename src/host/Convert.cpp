@@ -18,20 +18,20 @@ namespace {
 
 [[noreturn]] void NullError(const char* function) {
   throw RuntimeError(RuntimeError::kInvalidUseOfNull,
-                     std::string("Invalid use of Null: ") + function + " cannot convert Null");
+                     std::string("Netinkamas Null naudojimas: ") + function + " negali paversti Null");
 }
 
 [[noreturn]] void Mismatch(const char* function, const Variant& v) {
   throw RuntimeError(RuntimeError::kTypeMismatch,
-                     std::string("Type mismatch: ") + function + " cannot convert " + Describe(v));
+                     std::string("Netinkamas tipas: ") + function + " negali paversti " + Describe(v));
 }
 
 [[noreturn]] void Overflow(const std::string& text) {
-  throw RuntimeError(RuntimeError::kOverflow, "Overflow: " + text);
+  throw RuntimeError(RuntimeError::kOverflow, "Perpildymas: " + text);
 }
 
 [[noreturn]] void InvalidCall(const std::string& text) {
-  throw RuntimeError(RuntimeError::kInvalidCall, "Invalid procedure call or argument: " + text);
+  throw RuntimeError(RuntimeError::kInvalidCall, "Neteisingas procedūros kvietimas arba argumentas: " + text);
 }
 
 std::string Shown(double x) {
@@ -908,11 +908,12 @@ Date CDate(const Variant& v, const Locale& locale) {
 }
 
 double Val(std::string_view text) {
-  // Blanks, tabs and line feeds go wherever they stand, and so do "," and "$".
+  // Blanks, tabs and line feeds go wherever they stand; any other character
+  // that is not part of a number, "," and "$" among them, ends the number.
   std::string s;
   s.reserve(text.size());
   for (const char c : text) {
-    if (c != ' ' && c != '\t' && c != '\n' && c != ',' && c != '$') s += c;
+    if (c != ' ' && c != '\t' && c != '\n') s += c;
   }
   size_t i = 0;
   if (s.size() >= 2 && s[0] == '&' && (AsciiLower(s[1]) == 'h' || AsciiLower(s[1]) == 'o')) {

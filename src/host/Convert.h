@@ -32,8 +32,8 @@ Date CDate(const Variant& v, const Locale& locale = ActiveLocale());
 std::string ConcatText(const Variant& v, const Locale& locale = ActiveLocale());
 
 // Reads a number from the start of text, ignoring blanks, tabs and line feeds
-// (and "," and "$") anywhere; "." only is the decimal point; "&H"/"&O"
-// prefixes. Unreadable text is 0; only a value beyond a Double throws (overflow).
+// anywhere; "." only is the decimal point, and "," or "$" ends the number as
+// any other character does ("1,5" is 1); "&H"/"&O" prefixes. Unreadable text is 0; only a value beyond a Double throws (overflow).
 double Val(std::string_view text);
 // Text that CDbl reads under the locale: blanks around, a leading or trailing
 // sign, parentheses for negative, the locale's separators. Empty is numeric,

@@ -17,7 +17,7 @@ bool Dictionary::Exists(std::string_view key) const { return Find(key) != entrie
 void Dictionary::Add(std::string key, Variant item) {
   if (Exists(key)) {
     throw RuntimeError(kDuplicateKey,
-                       "This key is already associated with an element of this collection: " + key);
+                       "Šis raktas jau susietas su kolekcijos elementu: " + key);
   }
   entries_.emplace_back(std::move(key), std::move(item));
 }
@@ -25,7 +25,7 @@ void Dictionary::Add(std::string key, Variant item) {
 const Variant& Dictionary::Item(std::string_view key) const {
   auto it = Find(key);
   if (it == entries_.end()) {
-    throw RuntimeError(RuntimeError::kItemNotFound, "Key not found: " + std::string(key));
+    throw RuntimeError(RuntimeError::kItemNotFound, "Raktas nerastas: " + std::string(key));
   }
   return it->second;
 }
@@ -43,7 +43,7 @@ void Dictionary::SetItem(std::string key, Variant item) {
 void Dictionary::Remove(std::string_view key) {
   auto it = Find(key);
   if (it == entries_.end()) {
-    throw RuntimeError(RuntimeError::kItemNotFound, "Key not found: " + std::string(key));
+    throw RuntimeError(RuntimeError::kItemNotFound, "Raktas nerastas: " + std::string(key));
   }
   entries_.erase(it);
 }

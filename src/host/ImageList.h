@@ -8,7 +8,7 @@ namespace orvel {
 
 // An image list of icons named by key, as the host hands it to list views
 // (OrvelMainForm::ImgCatalogue). On the platform a row given an icon key the
-// list lacks raises "Element not found"; a host whose image list implements
+// list lacks raises "Elementas nerastas"; a host whose image list implements
 // this lets a form learn that beforehand. An image list that does not
 // implement it is taken to hold every key (its renderer draws what it has).
 class ImageList : public Object {

@@ -24,7 +24,7 @@ constexpr size_t kMaxRows = std::numeric_limits<int32_t>::max();
 
 [[noreturn]] void NotFound(std::string_view name) {
   throw RuntimeError(RuntimeError::kItemNotFound,
-                     "Item not found in this collection: " + std::string(name));
+                     "Kolekcijoje nėra elemento: " + std::string(name));
 }
 
 [[noreturn]] void NoCurrentRecord() {
@@ -117,7 +117,7 @@ class MemoryRecordset::Impl {
 
   void AppendRow(std::vector<Variant>&& values) {
     if (rowCount >= kMaxRows) {
-      throw RuntimeError(RuntimeError::kOverflow, "Too many rows in a record set");
+      throw RuntimeError(RuntimeError::kOverflow, "Per daug eilučių įrašų rinkinyje");
     }
     size_t done = 0;
     try {

@@ -8,7 +8,7 @@ Field& OrvelObjectUIO::Fields(std::string_view name) {
   auto rs = RsFields();
   if (!rs) {
     throw RuntimeError(RuntimeError::kNoCurrentRecord,
-                       "The object holds no record: field '" + std::string(name) + "'");
+                       "Objektas neturi įrašo: laukas „" + std::string(name) + "“");
   }
   return rs->Fields(name);
 }

@@ -34,9 +34,16 @@ class OrvelObjectUIO : public Object {
   virtual std::shared_ptr<Recordset> RsFields() = 0;
   // A field of the current record (RuntimeError when there is none).
   Field& Fields(std::string_view name);
-  // A read through the object; see each adapter for its names.
-  virtual OrvelResult Properties(const std::string& propertyName,
-                                 const std::string& propertyPar) = 0;
+  // A read through the object; see each adapter for its names. The parameter
+  // is the caller's own string, by reference: an adapter may hand it back
+  // changed (the firms' "FirmInfo" makes an empty one "0").
+  virtual OrvelResult Properties(const std::string& propertyName, std::string& propertyPar) = 0;
+  // The same for a parameter the caller does not take back (a literal, a
+  // constant): a copy goes in and is dropped.
+  OrvelResult Properties(const std::string& propertyName, const std::string& propertyPar) {
+    std::string copy = propertyPar;
+    return Properties(propertyName, copy);
+  }
   // An action through the object; params[0], when present, is the Param.
   virtual OrvelResult Methods(const std::string& name, Variant::Array& params) = 0;
   virtual OrvelStatus Read() = 0;

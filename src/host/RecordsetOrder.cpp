@@ -248,7 +248,7 @@ RecordsetOrder RecordsetOrder::Parse(std::string_view keys,
                               [&](const std::string& field) { return TextEquals(field, name); });
     if (found == fieldNames.end()) {
       throw RuntimeError(RuntimeError::kItemNotFound,
-                         "Item not found in this collection: " + std::string(name));
+                         "Kolekcijoje nėra elemento: " + std::string(name));
     }
     key.column = static_cast<uint32_t>(found - fieldNames.begin());
     order.keys_.push_back(key);

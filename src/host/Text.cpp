@@ -197,7 +197,7 @@ size_t FindFrom(std::string_view s, size_t from, std::string_view match, Compare
 }
 
 [[noreturn]] void InvalidCall(const std::string& text) {
-  throw RuntimeError(RuntimeError::kInvalidCall, "Invalid procedure call or argument: " + text);
+  throw RuntimeError(RuntimeError::kInvalidCall, "Neteisingas procedūros kvietimas arba argumentas: " + text);
 }
 
 int Sign(int64_t d) { return d < 0 ? -1 : (d > 0 ? 1 : 0); }

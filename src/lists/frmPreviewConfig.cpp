@@ -309,16 +309,17 @@ ColumnConfig frmPreviewConfig::BuildConfig() const {
 void frmPreviewConfig::cmdOK_Click() {
   Event([&] {
     StoreCaption();
+    Status = kAccepted;
     bool anyChecked =
         std::any_of(rows_.begin(), rows_.end(), [](const Row& r) { return r.visible; });
     if (!anyChecked) {
-      // Status stays as it was, so a Cancel after this box still cancels.
+      // Status is 1 already; a Cancel after this box puts it back to 0.
       Platform::Ui().MsgBox("Nepažymėtas nei vienas stulpelis!", vbInformation, AppTitle());
       return;
     }
     ColumnConfig config = BuildConfig();
     NewConfig = config.Build();
-    Status = NewConfig == loadedConfig_ ? kAccepted : kColumnsChanged;
+    if (NewConfig != loadedConfig_) Status = kColumnsChanged;
     PrintDict.SetItem("JRegName", Variant(txtRegName.Text()));
     Unload();
   });

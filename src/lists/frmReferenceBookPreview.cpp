@@ -87,14 +87,14 @@ frmReferenceBookPreview::frmReferenceBookPreview() : Form("frmReferenceBookPrevi
 
 std::shared_ptr<OrvelObjectUI> frmReferenceBookPreview::TypeAdapter() const {
   auto ui = ObjectUIO ? ObjectUIO->UI() : nullptr;
-  if (!ui) throw RuntimeError(RuntimeError::kObjectNotSet, "The list has no object type");
+  if (!ui) throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objekto tipas");
   return ui;
 }
 
 void frmReferenceBookPreview::Form_Load() {
   auto& ui = Platform::Ui();
   try {
-    if (!ObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "The list has no object");
+    if (!ObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objektas");
     appTitleCopy_ = AppTitle();
     SOPanel.SetCaption(ObjectUIO->OName() + " ");
     txtGroupName.SetText("");
@@ -282,7 +282,8 @@ void frmReferenceBookPreview::AddRows(Recordset& rs, int level) {
     int found = -1;
     std::string name = key.size() > kKeyPrefixLength ? key.substr(kKeyPrefixLength) : "";
     for (int i = 0; i < fields.Count() && found < 0; ++i) {
-      if (fields.Item(i).Name() == name) found = i;
+      // As the record set names its fields: without regard to case.
+      if (LCase(fields.Item(i).Name()) == LCase(name)) found = i;
     }
     fieldIndex.push_back(found);
   }
@@ -347,7 +348,7 @@ void frmReferenceBookPreview::cmdSelect_Click() {
     select->SetCaption("Pažymėkite norimą grupę");
     select->Show();
     std::string result = select->ResultOIDR();
-    int at = InStrRev(result, "O");
+    int at = InStrRev(result, "O", -1, Compare::Text);
     if (at <= 0) return;
     ListArgument = Mid(result, at);
     txtGroupName.SetText(select->ResultName());
@@ -392,7 +393,7 @@ void frmReferenceBookPreview::cmdPrint_Click() {
       total += widths.back();
     }
     auto doc = Platform::Classes().NewPrintDoc();
-    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "The host has no print document");
+    if (!doc) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra spausdinimo dokumento");
     doc->SetOrientation(Tenths(total) <= Tenths(kPortraitWidth) ? OrvelPrintDoc::kPortrait
                                                                 : OrvelPrintDoc::kLandscape);
     doc->SetFontSize(static_cast<uint8_t>(Byte(p[ColumnConfig::kFontSize])));

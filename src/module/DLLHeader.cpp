@@ -20,7 +20,7 @@ std::shared_ptr<Picture> Icon(std::string_view resource) {
   auto picture = LoadIconResource(resource);
   if (!picture) {
     throw RuntimeError(RuntimeError::kItemNotFound,
-                       "Icon resource not found: " + std::string(resource));
+                       "Nerastas paveikslėlio išteklius: " + std::string(resource));
   }
   return picture;
 }
@@ -34,7 +34,7 @@ OrvelStatus DLLHeader::DllInicialize() {
 void DLLHeader::Register() {
   auto registry = Platform::Classes().NewComponentRegistry();
   if (!registry) {
-    throw RuntimeError(RuntimeError::kInvalidCall, "The host gave no registration object");
+    throw RuntimeError(RuntimeError::kInvalidCall, "Pagrindinė programa nepateikė registracijos objekto");
   }
 
   const auto& g = kCatalogueGroup;

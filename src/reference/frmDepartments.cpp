@@ -91,7 +91,7 @@ orvel::OrvelObjectUIO& frmDepartments::Uio() {
 std::string frmDepartments::OIDR() { return Uio().OIDR(); }
 
 void frmDepartments::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     auto rights = Services().Rights();
     canUpdate_ = rights->CanUpdate(kRightKey, 0);
@@ -104,7 +104,7 @@ void frmDepartments::Form_Unload() { rsBranches_.reset(); }
 
 void frmDepartments::InitForm() {
   loading_ = true;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Platform::Ui().SetMousePointer(vbHourglass);
     changed_ = false;
     SSCClose.SetEnabled(true);
@@ -118,12 +118,14 @@ void frmDepartments::InitForm() {
     cmdFirmBranches.SetEnabled(hasBranches_);
     cmdCleanFirmBranch.SetEnabled(hasBranches_);
     SetCaption();
-    SSCNew.SetEnabled(!isNew_);
+    SSCNew.SetEnabled(!isNew_ && !boolReadOnly);
+    cmdParentGroup.SetEnabled(!boolReadOnly);
+    cmdParentGroupClean.SetEnabled(!boolReadOnly);
     SetButtons();
   });
   // Also after a failure: a card left loading would take no edit.
   loading_ = false;
-  Handle([&] { Platform::Ui().SetMousePointer(vbDefault); });
+  Handle(msgTitle_, [&] { Platform::Ui().SetMousePointer(vbDefault); });
 }
 
 void frmDepartments::LoadBranches() {
@@ -165,7 +167,7 @@ void frmDepartments::SetCaption() {
 }
 
 void frmDepartments::SetButtons() {
-  const bool editable = canUpdate_ && changed_;
+  const bool editable = canUpdate_ && changed_ && !boolReadOnly;
   cmdWrite.SetEnabled(editable && !txtName.Text().empty());
   cmdCancel.SetEnabled(editable && !isNew_);
 }
@@ -177,38 +179,35 @@ void frmDepartments::MarkChanged() {
 }
 
 void frmDepartments::txtName_Change() {
-  Handle([&] { MarkChanged(); });
+  Handle(msgTitle_, [&] { MarkChanged(); });
 }
 
 void frmDepartments::cmdParentGroup_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     std::string picked =
         SelectGroup(kBook, "Pasirinkite grupę", &txtGroup, std::string("Group"), "");
     if (picked.empty()) return;  // cancelled
+    // The book's root only empties the box (the picker did): the record
+    // keeps the group it had, as it does after the clean button.
     if (picked.size() > kOidLength) {
       auto id = RecordNumber(txtGroup.Tag());
       if (!id) return;
       Uio().Fields("ParentID").SetValue(Variant(*id));
-    } else {
-      // The book's root: the picker emptied the box, and the card must not
-      // show no group while it keeps writing the old one.
-      Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
     }
     MarkChanged();
   });
 }
 
 void frmDepartments::cmdParentGroupClean_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
+    // Only the box: the record's group is not changed by it.
     ClearReference(&txtGroup);
-    // An empty group box is the top of the book.
-    Uio().Fields("ParentID").SetValue(Variant(int32_t{0}));
     MarkChanged();
   });
 }
 
 void frmDepartments::cmdFirmBranches_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto result = Services().ObjectManager()->Call("OrvelGroupSelect", kBranchPicker);
     if (result.Number != 0) {
       Platform::Ui().MsgBox("Klaida!\n" + result.Text, vbCritical, msgTitle_);
@@ -223,7 +222,7 @@ void frmDepartments::cmdFirmBranches_Click() {
 }
 
 void frmDepartments::cmdCleanFirmBranch_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     txtFirmBranch.SetText("");
     txtFirmBranch.SetTag("0");
     MarkChanged();
@@ -231,7 +230,7 @@ void frmDepartments::cmdCleanFirmBranch_Click() {
 }
 
 void frmDepartments::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto& object = Uio();
     object.Fields("Name").SetValue(Variant(Trim(txtName.Text())));
     double branch = Val(txtFirmBranch.Tag());
@@ -254,20 +253,18 @@ void frmDepartments::cmdWrite_Click() {
 }
 
 void frmDepartments::cmdCancel_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     Uio().CancelUpdate();
     InitForm();
   });
 }
 
 void frmDepartments::SSCNew_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (cmdWrite.Enabled()) {
+      // The window manager's question below asks once more, through
+      // QueryRemove, while the edits are still there.
       if (!AskCloseWithoutSaving(SOPanel.Caption())) return;
-      // Given up once: the window manager's question below must not come
-      // back with the same edits.
-      changed_ = false;
-      SetButtons();
     }
     auto& object = Uio();
     const std::string kept = OIDR();
@@ -291,7 +288,7 @@ void frmDepartments::SSCNew_Click() {
 }
 
 void frmDepartments::SSCClose_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     // Off first, so that a second click cannot come in while events run.
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();
@@ -300,14 +297,14 @@ void frmDepartments::SSCClose_Click() {
 }
 
 void frmDepartments::SSCClose_MouseUp(int button, int) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (button != vbRightButton || !canDelete_) return;
     DeleteObjectAsked(Uio());
   });
 }
 
 void frmDepartments::QueryRemove(bool& cancel) {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (cmdWrite.Enabled()) cancel = !AskCloseWithoutSaving(SOPanel.Caption());
     SSCClose.SetEnabled(!cancel);
   });

@@ -62,6 +62,10 @@ class frmDepartments : public Form,
   void SSCClose_Click();
   void SSCClose_MouseUp(int button, int shift = 0);
 
+  // The tree's "ReadOnly": no edit is written and no new record is made,
+  // whatever the rights say. Set by the opener before the window shows.
+  bool boolReadOnly = false;
+
   // The card's state, as tests read it.
   bool Changed() const { return changed_; }
   bool IsGroup() const { return isGroup_; }

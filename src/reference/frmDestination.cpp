@@ -95,14 +95,14 @@ void frmDestination::FillTemplates() {
 
 void frmDestination::OrvelGrid_ListDoubleClick(int) {
   if (InitRunning) return;
-  Handle([&] {
+  Handle(MsgTitle(), [&] {
     if (ListItem* row = SelectedRow()) OpenTemplate(TypeOf(*row), false);
   });
 }
 
 void frmDestination::OrvelGrid_ListMouseUp(const std::string& tabKey, int, int button, int) {
   if (InitRunning || button != vbRightButton || tabKey != kTemplatesTab) return;
-  Handle([&] {
+  Handle(MsgTitle(), [&] {
     ListItem* row = SelectedRow();
     if (!row) return;
     mnuTemplateDelete.SetEnabled(!ConcatText(row->Tag()).empty());

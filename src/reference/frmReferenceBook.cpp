@@ -62,10 +62,9 @@ frmReferenceBook::frmReferenceBook(std::string formName)
 }
 
 void frmReferenceBook::Form_Load() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
     groupId_ = NumberField(Uio(), "ParentID");
-    shownGroupId_ = groupId_;
     isGroup_ = NumberField(Uio(), "GroupFlag") != 0;
     bookOid_ = BookOf(OIDR());
     InitForm();
@@ -75,7 +74,7 @@ void frmReferenceBook::Form_Load() {
 void frmReferenceBook::InitForm() {
   atTop_ = groupId_ == 0;
   InitRunning = true;
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     isNew_ = OIDR().size() <= kOidLength;
     OrvelGrid->SetServices(OrvelS());
     OrvelGrid->SetObjectUIO(OrvelObjectUIO());
@@ -93,7 +92,7 @@ void frmReferenceBook::InitForm() {
   // Also after a failure: a card left in its initialising state would take
   // no edit.
   InitRunning = false;
-  Handle([&] { SetButtons(false); });
+  Handle(msgTitle_, [&] { SetButtons(false); });
 }
 
 void frmReferenceBook::SetCaption() { SOPanel.SetCaption(" " + Uio().OName()); }
@@ -106,15 +105,15 @@ void frmReferenceBook::SetButtons(bool changed) {
 }
 
 void frmReferenceBook::OrvelGrid_FieldChanged() {
-  if (!InitRunning) Handle([&] { SetButtons(true); });
+  if (!InitRunning) Handle(msgTitle_, [&] { SetButtons(true); });
 }
 
 void frmReferenceBook::txtGroup_Change() {
-  if (!InitRunning) Handle([&] { SetButtons(true); });
+  if (!InitRunning) Handle(msgTitle_, [&] { SetButtons(true); });
 }
 
 void frmReferenceBook::cmdGroup_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(bookOid_);
     picker->SetRootOType(bookOid_);
@@ -122,7 +121,7 @@ void frmReferenceBook::cmdGroup_Click() {
     picker->SetCaption("Parinkite objektą");
     picker->Show();
     std::string path = picker->ResultOIDR();
-    size_t last = path.rfind('O');
+    size_t last = LastOPosition(path);
     if (last == std::string::npos) return;  // cancelled
     std::string picked = path.substr(last);
 
@@ -149,7 +148,7 @@ void frmReferenceBook::cmdGroup_Click() {
 }
 
 void frmReferenceBook::cmdWrite_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     // The cell being typed into belongs to the record that is written.
     OrvelGrid->EndFieldEdit();
     Uio().Fields("ParentID").SetValue(Variant(groupId_));
@@ -164,7 +163,6 @@ void frmReferenceBook::cmdWrite_Click() {
     Services().WindowManager()->ObjectSaved(OIDR());
     SetButtons(false);
     mGroupName = txtGroup.Text();
-    shownGroupId_ = groupId_;
     InitForm();
     UnloadChild();
   });
@@ -178,16 +176,12 @@ void frmReferenceBook::RegisterLock() {
 }
 
 void frmReferenceBook::cmdCancel_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     if (!ReadAgainOrClose(Uio(), msgTitle_)) return;
-    // The group the card shows again (mGroupName names it), so that it does
-    // not show one group and write another.
-    if (isNew_) {
-      groupId_ = shownGroupId_;
-      RestoreNewRecordFields();
-    } else {
-      groupId_ = NumberField(Uio(), "ParentID");
-    }
+    // A group picked before the cancel stays picked: the card shows the
+    // group it was opened with (mGroupName) and the next write still moves
+    // the record to the picked one. The suite's users know the card so.
+    if (isNew_) RestoreNewRecordFields();
     InitForm();
   });
 }
@@ -198,7 +192,7 @@ void frmReferenceBook::RestoreNewRecordFields() {
 }
 
 void frmReferenceBook::SSCNew_Click() {
-  Handle([&] {
+  Handle(msgTitle_, [&] {
     std::string kept = OIDR();
     // A card on a new record has nothing to leave.
     if (kept.size() <= kOidLength) return;

@@ -74,7 +74,6 @@ class frmReferenceBook : public CatalogueWindow {
   void RegisterLock();
 
   int32_t groupId_ = 0;
-  int32_t shownGroupId_ = 0;  // the group mGroupName names
   bool isGroup_ = false;
   std::string bookOid_;
   bool atTop_ = true;

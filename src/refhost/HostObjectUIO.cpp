@@ -48,7 +48,7 @@ std::string HostObjectUIO::Preview() {
 }
 
 OrvelResult HostObjectUIO::Properties(const std::string& propertyName,
-                                      const std::string& propertyPar) {
+                                      std::string& propertyPar) {
   if (propertyName == "GetObjectForm") {
     return OrvelResult{0, "", Variant(ui_->NewCard(shared_from_this()))};
   }

@@ -40,7 +40,8 @@ class HostObjectUIO : public OrvelObjectUIO, public std::enable_shared_from_this
   std::string Preview() override;
   void SetPreview(const std::string&) override {}
   std::shared_ptr<Recordset> RsFields() override { return record_; }
-  OrvelResult Properties(const std::string& propertyName, const std::string& propertyPar) override;
+  using OrvelObjectUIO::Properties;
+  OrvelResult Properties(const std::string& propertyName, std::string& propertyPar) override;
   OrvelResult Methods(const std::string& name, Variant::Array& params) override;
   OrvelStatus Read() override;
   OrvelStatus Save(const std::shared_ptr<Recordset>& rs2,

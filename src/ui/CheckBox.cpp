@@ -8,7 +8,7 @@ namespace orvel {
 void CheckBox::SetValue(int value) {
   if (value < vbUnchecked || value > vbGrayed) {
     throw RuntimeError(control_error::kInvalidPropertyValue,
-                       "Invalid property value: Value " + std::to_string(value) + " of " + Name());
+                       "Neteisinga savybės reikšmė: Value " + std::to_string(value) + " (" + Name() + ")");
   }
   if (Assign(value_, value, "Value")) Raise(OnClick);
 }

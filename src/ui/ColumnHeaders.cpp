@@ -11,14 +11,14 @@ void CheckWidth(int width, const ListView& view) {
   if (width < 0) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: column width " + std::to_string(width) + " in " + view.Name());
+        "Neteisinga savybės reikšmė: stulpelio plotis " + std::to_string(width) + " (" + view.Name() + ")");
   }
 }
 void CheckAlignment(int alignment, const ListView& view) {
   if (alignment < lvwColumnLeft || alignment > lvwColumnCenter) {
     throw RuntimeError(control_error::kInvalidPropertyValue,
-                       "Invalid property value: column alignment " + std::to_string(alignment) +
-                           " in " + view.Name());
+                       "Neteisinga savybės reikšmė: stulpelio lygiuotė " + std::to_string(alignment) +
+                           " (" + view.Name() + ")");
   }
 }
 }  // namespace

@@ -8,7 +8,7 @@ namespace orvel {
 void ComboBox::SetStyle(int style) {
   if (style != vbComboDropdown && style != vbComboDropdownList) {
     throw RuntimeError(control_error::kInvalidPropertyValue,
-                       "Invalid property value: Style " + std::to_string(style) + " of " + Name());
+                       "Neteisinga savybės reikšmė: Style " + std::to_string(style) + " (" + Name() + ")");
   }
   Assign(style_, style, "Style");
 }
@@ -57,7 +57,7 @@ void ComboBox::SetListIndex(int index) {
   if (index < -1 || index >= ListCount()) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: ListIndex " + std::to_string(index) + " of " + Name());
+        "Neteisinga savybės reikšmė: ListIndex " + std::to_string(index) + " (" + Name() + ")");
   }
   if (!Assign(listIndex_, index, "ListIndex")) return;
   SetShownText(index < 0 ? std::string() : items_[static_cast<size_t>(index)].text);
@@ -106,8 +106,8 @@ int ComboBox::KeyPress(int keyAscii) {
 const ComboBox::Item& ComboBox::At(int index) const {
   if (index < 0 || index >= ListCount()) {
     throw RuntimeError(control_error::kInvalidArrayIndex,
-                       "Invalid property array index: " + std::to_string(index) + " of " + Name() +
-                           " (" + std::to_string(ListCount()) + " rows)");
+                       "Neteisingas savybės masyvo indeksas: " + std::to_string(index) + " (" + Name() + ")" +
+                           " (eilučių: " + std::to_string(ListCount()) + ")");
   }
   return items_[static_cast<size_t>(index)];
 }

@@ -36,12 +36,12 @@ enum ColorConstants : int32_t {
 
 // Error numbers of the platform's controls, carried by RuntimeError.
 namespace control_error {
-inline constexpr int32_t kInvalidPropertyValue = 380;  // "Invalid property value"
-inline constexpr int32_t kInvalidArrayIndex = 381;     // "Invalid property array index"
+inline constexpr int32_t kInvalidPropertyValue = 380;  // "Neteisinga savybės reikšmė"
+inline constexpr int32_t kInvalidArrayIndex = 381;     // "Neteisingas savybės masyvo indeksas"
 inline constexpr int32_t kReadOnlyText = 383;          // "'Text' property is read-only"
-inline constexpr int32_t kIndexOutOfBounds = 35600;    // "Index out of bounds"
-inline constexpr int32_t kElementNotFound = 35601;     // "Element not found"
-inline constexpr int32_t kKeyNotUnique = 35602;        // "Key is not unique in collection"
+inline constexpr int32_t kIndexOutOfBounds = 35600;    // "Indeksas už ribų"
+inline constexpr int32_t kElementNotFound = 35601;     // "Elementas nerastas"
+inline constexpr int32_t kKeyNotUnique = 35602;        // "Raktas kolekcijoje nėra unikalus"
 }  // namespace control_error
 
 }  // namespace orvel

@@ -16,20 +16,20 @@ void DTPicker::SetValue(const Variant& value) {
     if (!checkBox_) {
       throw RuntimeError(
           control_error::kInvalidPropertyValue,
-          "Invalid property value: " + Name() + " without a check box takes no Null");
+          "Neteisinga savybės reikšmė: " + Name() + " be žymimojo langelio negali būti tuščias");
     }
     ticked_ = false;
   } else if (value.Type() == VarType::Date) {
     if (minDate_ && value.DateValue() < *minDate_) {
       throw RuntimeError(control_error::kInvalidPropertyValue,
-                         "Invalid property value: " + Name() + " takes no date before its MinDate");
+                         "Neteisinga savybės reikšmė: " + Name() + " data ankstesnė už MinDate");
     }
     date_ = value.DateValue();
     ticked_ = true;
   } else {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: " + Name() + " takes a date, not " + Describe(value));
+        "Neteisinga savybės reikšmė: " + Name() + " laukia datos, ne " + Describe(value));
   }
   if (Value() == before) return;
   Notify("Value");

@@ -11,7 +11,7 @@ void ImageCombo::SetSelectedItem(ComboItem* item) {
   if (item && &item->Combo() != this) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: the row '" + item->Text() + "' is not in " + Name());
+        "Neteisinga savybės reikšmė: eilutės „" + item->Text() + "“ nėra sąraše " + Name());
   }
   if (selected_ == item) return;
   selected_ = item;

@@ -35,7 +35,7 @@ class KeyedList {
     if (index > Count() + 1) ThrowIndex(index);
     const std::string& key = item->Key();
     if (!key.empty() && byKey_.find(key) != byKey_.end()) {
-      throw RuntimeError(control_error::kKeyNotUnique, "Key is not unique in collection");
+      throw RuntimeError(control_error::kKeyNotUnique, "Raktas kolekcijoje nėra unikalus");
     }
     size_t at = index <= 0 ? items_.size() : static_cast<size_t>(index - 1);
     T& added = *item;
@@ -51,7 +51,7 @@ class KeyedList {
   }
   T& At(std::string_view key) const {
     T* found = Find(key);
-    if (!found) throw RuntimeError(control_error::kElementNotFound, "Element not found");
+    if (!found) throw RuntimeError(control_error::kElementNotFound, "Elementas nerastas");
     return *found;
   }
   // Null when no element has the key (an empty key names none).
@@ -94,7 +94,7 @@ class KeyedList {
 
  private:
   [[noreturn]] static void ThrowIndex(int) {
-    throw RuntimeError(control_error::kIndexOutOfBounds, "Index out of bounds");
+    throw RuntimeError(control_error::kIndexOutOfBounds, "Indeksas už ribų");
   }
   void Renumber(size_t from) {
     for (size_t i = from; i < items_.size(); ++i) items_[i]->index_ = static_cast<int>(i + 1);

@@ -21,11 +21,11 @@ class ListItems {
 
   int Count() const { return rows_.Count(); }
   // Inserts a row at `index` (1-based; 0 or less appends). A duplicate
-  // non-empty key is RuntimeError 35602 ("Key is not unique in collection"),
+  // non-empty key is RuntimeError 35602 ("Raktas kolekcijoje nėra unikalus"),
   // an index past Count()+1 35600; either leaves the list unchanged.
   ListItem& Add(int index, std::string key, std::string text, std::string smallIcon = {});
   ListItem& Item(int index) const { return rows_.At(index); }  // 1-based; else 35600
-  // A missing key is RuntimeError 35601 ("Element not found").
+  // A missing key is RuntimeError 35601 ("Elementas nerastas").
   ListItem& Item(std::string_view key) const { return rows_.At(key); }
   // Null when no row has the key.
   ListItem* Find(std::string_view key) const { return rows_.Find(key); }

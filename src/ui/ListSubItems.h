@@ -24,7 +24,7 @@ class ListSubItems {
   // the row unchanged.
   ListSubItem& Add(int index, std::string key, std::string text);
   ListSubItem& Item(int index) const { return items_.At(index); }  // 1-based
-  // A missing key is RuntimeError 35601 ("Element not found").
+  // A missing key is RuntimeError 35601 ("Elementas nerastas").
   ListSubItem& Item(std::string_view key) const { return items_.At(key); }
   ListSubItem* Find(std::string_view key) const { return items_.Find(key); }
   void Remove(int index);

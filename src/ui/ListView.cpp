@@ -20,7 +20,7 @@ ListView::ListView(std::string name) : Control(std::move(name)) {}
 void ListView::SetSelectedItem(ListItem* row) {
   if (row && &row->View() != this) {
     throw RuntimeError(control_error::kInvalidPropertyValue,
-                       "Invalid property value: the row '" + row->Text() + "' is not in " + Name());
+                       "Neteisinga savybės reikšmė: eilutės „" + row->Text() + "“ nėra sąraše " + Name());
   }
   if (selected_ == row) return;
   selected_ = row;
@@ -42,7 +42,7 @@ void ListView::SetSortKey(int column) {
   if (column < 0) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: SortKey " + std::to_string(column) + " of " + Name());
+        "Neteisinga savybės reikšmė: SortKey " + std::to_string(column) + " (" + Name() + ")");
   }
   if (Assign(sortKey_, column, "SortKey") && sorted_) ApplySort();
 }
@@ -51,7 +51,7 @@ void ListView::SetSortOrder(int order) {
   if (order != lvwAscending && order != lvwDescending) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: SortOrder " + std::to_string(order) + " of " + Name());
+        "Neteisinga savybės reikšmė: SortOrder " + std::to_string(order) + " (" + Name() + ")");
   }
   if (Assign(sortOrder_, order, "SortOrder") && sorted_) ApplySort();
 }

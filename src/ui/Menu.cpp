@@ -13,7 +13,7 @@ Menu& Menu::Add(std::string name, std::string caption) {
   while (root->parent_) root = root->parent_;
   if (root->Name() == name || root->Find(name)) {
     throw RuntimeError(control_error::kKeyNotUnique,
-                       "Key is not unique in collection: menu " + name + " under " + root->Name());
+                       "Raktas kolekcijoje nėra unikalus: meniu " + name + " po " + root->Name());
   }
   auto entry = std::make_unique<Menu>(std::move(name), std::move(caption));
   entry->parent_ = this;

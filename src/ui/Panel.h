@@ -19,8 +19,16 @@ class Panel : public Control {
   // The text shown while the pointer rests on the panel.
   const std::string& ToolTipText() const { return toolTipText_; }
   void SetToolTipText(std::string text) { Assign(toolTipText_, std::move(text), "ToolTipText"); }
+  // Position and height in twips: a form moves a panel when a line above it
+  // comes or goes.
+  int32_t Top() const { return top_; }
+  void SetTop(int32_t top) { Assign(top_, top, "Top"); }
+  int32_t Height() const { return height_; }
+  void SetHeight(int32_t height) { Assign(height_, height, "Height"); }
 
  private:
+  int32_t top_ = 0;
+  int32_t height_ = 0;
   std::string caption_;
   int32_t foreColor_ = 0;
   std::string toolTipText_;

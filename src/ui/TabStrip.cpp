@@ -17,14 +17,14 @@ bool Holds(const std::vector<TabStrip::Tab>& tabs, const std::string& key) {
 
 void TabStrip::AddTab(std::string key, std::string caption) {
   if (Holds(tabs_, key)) {
-    throw RuntimeError(control_error::kKeyNotUnique, "Key is not unique in collection");
+    throw RuntimeError(control_error::kKeyNotUnique, "Raktas kolekcijoje nėra unikalus");
   }
   tabs_.push_back({std::move(key), std::move(caption)});
   Notify("Tabs");
 }
 
 void TabStrip::Select(const std::string& key) {
-  if (!Holds(tabs_, key)) throw RuntimeError(control_error::kElementNotFound, "Element not found");
+  if (!Holds(tabs_, key)) throw RuntimeError(control_error::kElementNotFound, "Elementas nerastas");
   if (selected_ != key) {
     selected_ = key;
     Notify("SelectedItem");

@@ -8,14 +8,19 @@ namespace orvel {
 
 void TextBox::SetText(std::string text) {
   if (maxLength_ > 0 && Len(text) > maxLength_) text = Left(text, maxLength_);
-  if (Assign(text_, std::move(text), "Text")) Change();
+  if (Assign(text_, std::move(text), "Text")) {
+    SetSelection(0, 0);
+    Change();
+  }
 }
+
+void TextBox::SelectAll() { SetSelection(0, static_cast<int>(Len(text_))); }
 
 void TextBox::SetMaxLength(int length) {
   if (length < 0) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: MaxLength " + std::to_string(length) + " of " + Name());
+        "Neteisinga savybės reikšmė: MaxLength " + std::to_string(length) + " (" + Name() + ")");
   }
   Assign(maxLength_, length, "MaxLength");
 }

@@ -25,6 +25,15 @@ class TextBox : public Control {
   // the text already there.
   int MaxLength() const { return maxLength_; }
   void SetMaxLength(int length);
+  // The selected part, in characters from the start; a new text clears it.
+  int SelStart() const { return selStart_; }
+  int SelLength() const { return selLength_; }
+  void SetSelection(int start, int length) {
+    Assign(selStart_, start, "SelStart");
+    Assign(selLength_, length, "SelLength");
+  }
+  // Selects the whole text, as a number box does on focus.
+  void SelectAll();
   // The colour of the text (0x00BBGGRR); a note's priority colours it.
   int32_t ForeColor() const { return foreColor_; }
   void SetForeColor(int32_t color) { Assign(foreColor_, color, "ForeColor"); }
@@ -58,6 +67,8 @@ class TextBox : public Control {
   std::string text_;
   bool locked_ = false;
   int maxLength_ = 0;
+  int selStart_ = 0;
+  int selLength_ = 0;
   int32_t foreColor_ = 0;
 };
 

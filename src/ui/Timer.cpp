@@ -11,7 +11,7 @@ void Timer::SetInterval(int milliseconds) {
   if (milliseconds < 0 || milliseconds > 65535) {
     throw RuntimeError(
         control_error::kInvalidPropertyValue,
-        "Invalid property value: Interval " + std::to_string(milliseconds) + " of " + Name());
+        "Neteisinga savybės reikšmė: Interval " + std::to_string(milliseconds) + " (" + Name() + ")");
   }
   Assign(interval_, milliseconds, "Interval");
 }

@@ -138,6 +138,12 @@ TEST_F(BankAdaptersTest, AddToDesktopShowsACardOnlyWhenNoneIsOpen) {
   EXPECT_EQ(host_.WindowManager()->Count(), 1u);
   auto lines = host_.Log().Lines(Channel::Window);
   EXPECT_EQ(std::count(lines.begin(), lines.end(), "ShowWindow O00003005"), 1);
+  // A bank that cannot be read is still handed over, with no window.
+  host_.Log().Clear();
+  EXPECT_TRUE(banks_->AddToDeskTopOrvelObject("O00003009"));
+  EXPECT_EQ(host_.Log().Lines(Channel::Window),
+            (std::vector<std::string>{"IsOpen O00003009", "ShowWindow"}));
+  EXPECT_EQ(host_.WindowManager()->Count(), 1u);
 }
 
 TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {

@@ -1,5 +1,7 @@
 #include "common/Catalogue.h"
 
+#include "common/Boundary.h"
+
 #include <gtest/gtest.h>
 
 #include "host/Convert.h"
@@ -10,6 +12,7 @@
 #include "support/ModuleTest.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
+#include "testhost/TestSession.h"
 #include "testhost/TestUser.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/TextBox.h"
@@ -180,6 +183,26 @@ TEST_F(CatalogueHostTest, ShowStopShowsTheStopIconWithOk) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Neteisinga kaina");
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel");
+}
+
+// A failure that reaches an event's boundary is shown under the window's own
+// title; without one, under the session's; before any session, under the
+// suite's name. Its text is Lithuanian like every other box.
+TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions) {
+  host_.Session()->SetAppTitle("Mano apskaita");
+  auto fail = [] { throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų"); };
+  Handle("Orvelta", fail);
+  Handle(fail);
+  ResetOrvelS();
+  Handle([] { Services(); });
+  const auto& boxes = host_.Ui()->Boxes();
+  ASSERT_EQ(boxes.size(), 3u);
+  EXPECT_EQ(boxes[0].title, "Orvelta");
+  EXPECT_EQ(boxes[0].prompt, "Klaida!\nNėra laukų");
+  EXPECT_EQ(boxes[0].flags, 16);
+  EXPECT_EQ(boxes[1].title, "Mano apskaita");
+  EXPECT_EQ(boxes[2].title, "Orvel Apskaita");
+  EXPECT_EQ(boxes[2].prompt, "Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų");
 }
 
 TEST_F(CatalogueHostTest, AskCloseWithoutSavingIsTrueOnlyOnYes) {

@@ -233,7 +233,7 @@ TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
   w->txtFixedRate.LostFocus();
   EXPECT_EQ(w->txtFixedRate.Text(), "12,5000");
   w->txtFixedRate.GotFocus();
-  EXPECT_EQ(w->FixedRateSelection(), (std::pair<int, int>{0, 7}));
+  EXPECT_EQ(w->txtFixedRate.SelLength(), 7);
 }
 
 TEST_F(FrmCurrencyTest, AReloadThatFailsClosesTheCard) {
@@ -277,6 +277,9 @@ TEST_F(FrmCurrencyRateTest, TheDialogShowsTheStoredRateOfTheDay) {
   EXPECT_EQ(dialog_.lblLt.Caption(), "Lt");
   EXPECT_EQ(dialog_.txtDayRate.Text(), "3,45280000");
   EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+  dialog_.txtDayRate.GotFocus();
+  EXPECT_EQ(dialog_.txtDayRate.SelStart(), 0);
+  EXPECT_EQ(dialog_.txtDayRate.SelLength(), 10);
 }
 
 TEST_F(FrmCurrencyRateTest, NoRateOfTheDayShowsZeroAndRefusesToSaveIt) {

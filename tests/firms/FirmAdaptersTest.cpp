@@ -433,6 +433,7 @@ struct PropertyCase {
   const char* name;
   const char* par;
   const char* line;
+  const char* parAfter = nullptr;  // the caller's parameter afterwards; null: unchanged
 };
 
 class FirmPropertyTest : public FirmAdaptersTest,
@@ -443,9 +444,11 @@ TEST_P(FirmPropertyTest, SendsItsCallAndParameterString) {
   auto firm = Firms()->GetOrvelObject("O00001002");
   ASSERT_NE(firm, nullptr);
   host_.Log().Clear();
-  auto result = firm->Properties(c.name, c.par);
+  std::string par = c.par;
+  auto result = firm->Properties(c.name, par);
   EXPECT_EQ(result.Number, 0);
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{c.line});
+  EXPECT_EQ(par, c.parAfter ? c.parAfter : c.par);
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -455,7 +458,7 @@ INSTANTIATE_TEST_SUITE_P(
         PropertyCase{"Firms", "", "GetCall GetFirms O00001002"},
         PropertyCase{"firms", "", "GetCall Getfirms O00001002"},
         PropertyCase{"FindGoods", "abc", "GetCall GetFindGoods 'O00001002','abc'"},
-        PropertyCase{"FirmInfo", "", "GetCall GetFirmInfo 'O00001002',0"},
+        PropertyCase{"FirmInfo", "", "GetCall GetFirmInfo 'O00001002',0", "0"},
         PropertyCase{"FirmInfo", "7", "GetCall GetFirmInfo 'O00001002',7"},
         PropertyCase{"CheckCode", "123", "GetCall CheckCode 'O00001002','123'"},
         PropertyCase{"CHECKCODE", "", "GetCall CheckCode 'O00001002',''"},

@@ -487,6 +487,7 @@ TEST_P(NoteLineTest, TheFirstNoteInForceIsShownInItsColour) {
                              Variant("rūta"), Variant(3)}}));
   auto w = Open(kFirm);
   EXPECT_EQ(w->lblInfo.Visible(), c.shown);
+  EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
   if (c.shown) {
     EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
     EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
@@ -507,15 +508,21 @@ INSTANTIATE_TEST_SUITE_P(
                       NoteLineCase{"EndedYesterday", DayOf(2026, 11, 22), 2, false, vbBlue}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(FirmDetailListsTest, NoNotesHideTheLine) {
-  Reply("GetFirmInfo", Set({"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"},
-                           {{Variant(4), Variant("A"), DayOf(2026, 1, 1), Variant::Null(),
-                             Variant("admin"), Variant(3)}}));
+TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
+  const std::vector<std::string> fields{"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"};
+  Reply("GetFirmInfo", Set(fields, {{Variant(4), Variant("A"), DayOf(2026, 1, 1), Variant::Null(),
+                                     Variant("admin"), Variant(3)}}));
   auto w = Open(kFirm);
   ASSERT_TRUE(w->lblInfo.Visible());
-  Reply("GetFirmInfo", Set({"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"}, {}));
+  Reply("GetFirmInfo", Set(fields, {{Variant(5), Variant("B"), DayOf(2026, 1, 1), Variant::Null(),
+                                     Variant("admin"), Variant(1)}}));
+  w->LoadFirmInfo();
+  EXPECT_EQ(w->lblInfo.Caption(), "B (admin)");
+  EXPECT_EQ(w->lblInfo.ForeColor(), vbRed);
+  Reply("GetFirmInfo", Set(fields, {}));
   w->LoadFirmInfo();
   EXPECT_FALSE(w->lblInfo.Visible());
+  EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
 }
 
 // ---- discounts in words ----

@@ -232,6 +232,7 @@ TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   EXPECT_FALSE(w->cmdEnter.Enabled());
   EXPECT_TRUE(w->SSCNew.Enabled());
   EXPECT_EQ(w->MsgTitle, "Apskaita");
+  EXPECT_EQ(w->SOPanel.ToolTipText().rfind("Sukūrė:", 0), 0u) << w->SOPanel.ToolTipText();
   auto top = Open("O00001003");
   EXPECT_TRUE(top->IsRoot);
   EXPECT_EQ(top->txtGroup.Text(), "");
@@ -586,7 +587,11 @@ class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterfac
 
 TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
   const bool copy = GetParam();
+  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
+  exist->AddRow({Variant(1)});
+  BO("O0000100").ReplyRead("CheckBranch", exist);
   auto w = Open("O00001002");
+  ASSERT_EQ(w->BranchTab, 7);
   if (copy) {
     host_.Ui()->QueuePopupPick("mnuNewWithCopy");
     w->SSCNew_MouseUp(2);
@@ -601,6 +606,10 @@ TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
   EXPECT_FALSE(w->SSCNew.Enabled());
   EXPECT_TRUE(w->IsNew);
   EXPECT_EQ(w->SOPanel.Caption(), "Nauja įmonė");
+  // A new firm has no branch tab; the managers take its number.
+  EXPECT_EQ(w->BranchTab, 0);
+  EXPECT_EQ(w->ServersTab, 7);
+  EXPECT_EQ(Grid(*w).TabList("FirmServers").ColumnHeaders().Count(), 1);
   auto lines = host_.Log().Lines(Channel::Window);
   EXPECT_NE(std::find_if(lines.begin(), lines.end(),
                          [](const std::string& l) { return l.rfind("Rekey O00001002", 0) == 0; }),

@@ -341,8 +341,8 @@ TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
   EXPECT_EQ(w->lswHistory.ListItems().Count(), GetParam() ? 1 : 0);
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
-            GetParam() ? "Klaida!\nType mismatch: CDbl cannot convert String 'abc'"
-                       : "Klaida!\nItem not found in this collection: OType");
+            GetParam() ? "Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
+                       : "Klaida!\nKolekcijoje nėra elemento: OType");
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
   EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
   EXPECT_TRUE(w->Visible());

@@ -101,17 +101,6 @@ TEST_F(GoodsCardTest, TheGeneralRateIsReadOnceForAllWindows) {
 
 // ---- the save ----
 
-class GoodsCardMeasureTest : public GoodsCardTest {
- protected:
-  void SetUp() override {
-    GoodsCardTest::SetUp();
-    auto& measures = BO("O0001606").Table();
-    measures.SetFields({"ID", "Name", "MeasureType"});
-    measures.Seed({{{"Name", Variant("kg")}, {"MeasureType", Variant(0)}},
-                   {{"Name", Variant("vnt.")}, {"MeasureType", Variant(1)}}});
-  }
-};
-
 struct MeasureCase {
   const char* name;
   const char* oidr;
@@ -121,7 +110,7 @@ struct MeasureCase {
   std::vector<std::string> boxes;
 };
 
-class GoodsCardMeasureCaseTest : public GoodsCardMeasureTest,
+class GoodsCardMeasureCaseTest : public GoodsCardTest,
                                  public ::testing::WithParamInterface<MeasureCase> {};
 
 TEST_P(GoodsCardMeasureCaseTest, AGoodNeedsAMeasureAndWholeUnitsWhereCounted) {
@@ -153,6 +142,12 @@ INSTANTIATE_TEST_SUITE_P(
                                   {},
                                   false,
                                   {"16 Apskaita Nenurodytas matavimo vienetas!"}},
+                      MeasureCase{"UnreadableMeasure",
+                                  "O00002002",
+                                  Variant(9),
+                                  {},
+                                  false,
+                                  {"16 Apskaita Klaida!\nMatavimo vienetas 9 neperskaitytas"}},
                       // A group has no measure to check.
                       MeasureCase{"Group", "O00002001", Variant::Null(), {}, true, {}}),
     [](const auto& info) { return std::string(info.param.name); });

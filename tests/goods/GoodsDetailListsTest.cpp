@@ -165,6 +165,21 @@ TEST_F(GoodsListsTest, ByDateNewestFirstWithTheSummaryLast) {
   EXPECT_EQ(host_.Ui()->GetMousePointer(), 0);
 }
 
+TEST_F(GoodsListsTest, AValueThatCannotBeReadLeavesItsCellBlankAndTheListGoesOn) {
+  rs_->MoveFirst();
+  rs_->Fields("Price").SetValue(Variant("nėra"));
+  rs_->Fields("Cost").SetValue(Variant("?"));
+  auto w = Open("O00002002");
+  Fetch(*w);
+  ListView& list = Traffic(*w);
+  ASSERT_EQ(list.ListItems().Count(), 7);
+  const auto cells = Cells(list.ListItems().Item(6));  // purchase 1, the oldest
+  EXPECT_EQ(cells[6], "");
+  EXPECT_EQ(cells[7], "100,00");
+  EXPECT_EQ(cells[14], "Tiekėjas");
+  EXPECT_EQ(cells[15], "?");  // text goes through a number mask as it is
+}
+
 TEST_F(GoodsListsTest, ByPurchaseEachPurchaseEndsWithWhatIsLeft) {
   auto w = Open("O00002002");
   Fetch(*w);

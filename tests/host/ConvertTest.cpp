@@ -301,7 +301,8 @@ INSTANTIATE_TEST_SUITE_P(
                     ValCase{"&H10000", 65536}, ValCase{"&HFFFFFFFF", -1},  // a 32-bit Long
                     ValCase{"&HG", 0}, ValCase{"12abc", 12}, ValCase{"", 0}, ValCase{"abc", 0},
                     ValCase{"1e3", 1000}, ValCase{"1.5e", 1.5}, ValCase{"2D2", 200},
-                    ValCase{"1,234.5", 1234.5}, ValCase{"$12", 12}, ValCase{"-3.5", -3.5},
+                    ValCase{"1,234.5", 1}, ValCase{"1,5", 1}, ValCase{"$12", 0},
+                    ValCase{"12$", 12}, ValCase{"-3.5", -3.5},
                     ValCase{"- 3", -3}, ValCase{"+.5", 0.5}, ValCase{"1.2.3", 1.2},
                     ValCase{"--1", 0}, ValCase{".", 0}, ValCase{"1e-999", 0}));
 

@@ -61,7 +61,7 @@ TEST(RecordsetFields, AMissingNameIsItemNotFoundNamingIt) {
     FAIL() << "found";
   } catch (const RuntimeError& e) {
     EXPECT_EQ(e.Number(), RuntimeError::kItemNotFound);
-    EXPECT_EQ(e.Text(), "Item not found in this collection: Salis");
+    EXPECT_EQ(e.Text(), "Kolekcijoje nėra elemento: Salis");
   }
   EXPECT_EQ(ErrorNumberOf([&] { rs.Fields().Item(4); }), RuntimeError::kItemNotFound);
   EXPECT_EQ(ErrorNumberOf([&] { rs.Fields().Item(-1); }), RuntimeError::kItemNotFound);

@@ -111,12 +111,12 @@ TEST_P(RecordsetSortRefuses, KeepsTheSortInForceAndThePosition) {
 INSTANTIATE_TEST_SUITE_P(
     Keys, RecordsetSortRefuses,
     ::testing::Values(
-        BadKeysCase{"Nope", RuntimeError::kItemNotFound, "Item not found in this collection: Nope"},
-        BadKeysCase{"Name, Nope DESC", RuntimeError::kItemNotFound, "collection: Nope"},
-        BadKeysCase{"Name UP", RuntimeError::kItemNotFound, "collection: Name UP"},
+        BadKeysCase{"Nope", RuntimeError::kItemNotFound, "Kolekcijoje nėra elemento: Nope"},
+        BadKeysCase{"Name, Nope DESC", RuntimeError::kItemNotFound, "elemento: Nope"},
+        BadKeysCase{"Name UP", RuntimeError::kItemNotFound, "elemento: Name UP"},
         BadKeysCase{"Name,,ID", RuntimeError::kBadFilter, "empty sort key at position 6"},
         BadKeysCase{"Name,", RuntimeError::kBadFilter, "empty sort key at position 6"},
-        BadKeysCase{"DESC", RuntimeError::kItemNotFound, "collection: DESC"},
+        BadKeysCase{"DESC", RuntimeError::kItemNotFound, "elemento: DESC"},
         BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' without a matching ']'"},
         BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "expected ASC or DESC"}));
 

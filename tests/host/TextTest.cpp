@@ -70,7 +70,7 @@ TEST_P(TextInvalidCall, ThrowsInvalidCallWithText) {
     FAIL() << "no error";
   } catch (const RuntimeError& e) {
     EXPECT_EQ(e.Number(), RuntimeError::kInvalidCall);
-    EXPECT_NE(e.Text().find("Invalid procedure call"), std::string::npos) << e.Text();
+    EXPECT_NE(e.Text().find("Neteisingas procedūros kvietimas"), std::string::npos) << e.Text();
   }
 }
 

@@ -185,8 +185,9 @@ TEST_F(FrmReferenceBookPreviewTest, AnEmptyListSaysSo) {
   EXPECT_EQ(host_.HostClasses()->LastPrintDoc(), nullptr);
 }
 
+// A column finds its field without regard to case ("name" is Name).
 TEST_F(FrmReferenceBookPreviewTest, AStoredConfigurationIsUsed) {
-  auto w = Open("Mano;9;1;1;0;1;1;#WZWName;Vardas;2;5,0;0#WZWActive;Ar;0;1,0;1");
+  auto w = Open("Mano;9;1;1;0;1;1;#WZWname;Vardas;2;5,0;0#WZWActive;Ar;0;1,0;1");
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_EQ(w->ConfigError(), "");
   EXPECT_EQ(Headers(*w), (std::vector<std::string>{"Vardas 2500 2", "Ar 500 0"}));

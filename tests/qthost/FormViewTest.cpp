@@ -803,7 +803,8 @@ class SheetObject : public StubObjectUIO {
     structure_->AddRow({Variant("Secret"), Variant("Slaptas"), Variant(200), Variant(0)});
   }
   std::shared_ptr<Recordset> RsFields() override { return record_; }
-  OrvelResult Properties(const std::string& name, const std::string&) override {
+  using OrvelObjectUIO::Properties;
+  OrvelResult Properties(const std::string& name, std::string&) override {
     OrvelResult result;
     if (name == "Structure") result.Value = Variant(std::shared_ptr<Object>(structure_));
     return result;

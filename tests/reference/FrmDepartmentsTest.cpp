@@ -52,9 +52,10 @@ class FrmDepartmentsTest : public ModuleTest {
   // The card as the host opens it from the tree: "0" a record, "1" a new
   // entry beside or under the node, "2"/"3" a new group.
   std::shared_ptr<frmDepartments> Open(const std::string& oidr, const std::string& otype,
-                                       const std::string& key = "0") {
+                                       const std::string& key = "0",
+                                       const std::string& settings = "") {
     auto adapter = Adapter(kDepartments);
-    adapter->GetMenu(oidr, otype, "");
+    adapter->GetMenu(oidr, otype, settings);
     auto window = adapter->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmDepartments>();
     EXPECT_NE(window, nullptr) << oidr << " " << key;
     if (!window) return nullptr;
@@ -76,6 +77,25 @@ class FrmDepartmentsTest : public ModuleTest {
     return out;
   }
 };
+
+// The tree opens a department under the rules of every reference record.
+TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
+  auto w = Open("O00016042", "T", "0", "ReadOnly");
+  ASSERT_TRUE(w);
+  EXPECT_TRUE(w->boolReadOnly);
+  w->txtName.Edit("Kasa");
+  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_FALSE(w->cmdCancel.Enabled());
+  EXPECT_FALSE(w->SSCNew.Enabled());
+  EXPECT_FALSE(w->cmdParentGroup.Enabled());
+}
+
+TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
+  BO(kDepartments).Table().Remove(1);
+  auto result = Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
+}
 
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
   BO(kDepartments).ClearCalls();
@@ -247,7 +267,9 @@ TEST_F(FrmDepartmentsTest, ClearingTheBranchWritesNone) {
   EXPECT_TRUE(Stored(2, "FirmBranchID").IsNull());
 }
 
-TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingMovesItToTheTop) {
+// Clearing the box or picking the root only empties the box: the record
+// keeps its group.
+TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptiesTheBox) {
   BO(kDepartments)
       .Table()
       .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
@@ -262,7 +284,13 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingMovesItToT
   EXPECT_EQ(w->txtGroup.Text(), "");
   EXPECT_TRUE(w->cmdWrite.Enabled());
   w->cmdWrite.Click();
-  EXPECT_EQ(CLng(Stored(2, "ParentID")), 0);
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
+
+  host_.HostClasses()->QueueGroupSelect("O0001604", "", "Group");
+  w->cmdParentGroup.Click();
+  EXPECT_EQ(w->txtGroup.Text(), "");
+  w->cmdWrite.Click();
+  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
 }
 
 TEST_F(FrmDepartmentsTest, ACancelledGroupPickerChangesNothing) {
@@ -320,7 +348,7 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
 }
 
-TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksOnceAndNoKeepsTheCard) {
+TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
   auto w = Open("O00016042", "T");
   w->txtName.Edit("Kasa");
   host_.Ui()->QueueAnswer(vbNo);
@@ -330,8 +358,8 @@ TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksOnceAndNoKeepsTheCard) {
   EXPECT_EQ(w->txtName.Text(), "Kasa");
 
   host_.Ui()->ClearBoxes();
-  w->SSCNew.Click();  // Yes by default
-  EXPECT_EQ(Boxes().size(), 1u);
+  w->SSCNew.Click();  // Yes by default, to both
+  EXPECT_EQ(Boxes().size(), 2u);
   EXPECT_TRUE(w->IsNew());
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
 }

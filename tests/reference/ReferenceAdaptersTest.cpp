@@ -60,8 +60,8 @@ INSTANTIATE_TEST_SUITE_P(Table, ReferenceMenuTest,
                              // Only a stored record goes on the desktop.
                              MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
                              MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
-                             // An unknown kind keeps only the help part.
-                             MenuCase{"O00016022", "X", "", "100 7 100"},
+                             // An unknown kind has no menu, not even help.
+                             MenuCase{"O00016022", "X", "", ""},
                              // Matching is by case, as the host writes the flags.
                              MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
 

@@ -24,7 +24,8 @@ class StubObjectUIO : public OrvelObjectUIO {
   std::string Preview() override { return ""; }
   void SetPreview(const std::string&) override {}
   std::shared_ptr<Recordset> RsFields() override { return nullptr; }
-  OrvelResult Properties(const std::string&, const std::string&) override { return {}; }
+  using OrvelObjectUIO::Properties;
+  OrvelResult Properties(const std::string&, std::string&) override { return {}; }
   OrvelResult Methods(const std::string&, Variant::Array&) override { return {}; }
   OrvelStatus Read() override { return {}; }
   OrvelStatus Save(const std::shared_ptr<Recordset>&, const std::shared_ptr<Recordset>&) override {

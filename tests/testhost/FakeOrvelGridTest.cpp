@@ -26,7 +26,8 @@ class RecordObjectUIO : public StubObjectUIO {
     record_->MoveFirst();
   }
   std::shared_ptr<Recordset> RsFields() override { return record_; }
-  OrvelResult Properties(const std::string& name, const std::string& par) override {
+  using OrvelObjectUIO::Properties;
+  OrvelResult Properties(const std::string& name, std::string& par) override {
     calls.push_back("Properties " + name + " '" + par + "'");
     return structure;
   }

@@ -54,7 +54,7 @@ class ListViewTest : public ::testing::Test {
 TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged) {
   std::string text;
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(1, "O00003002", "Kitas"); }, &text), 35602);
-  EXPECT_EQ(text, "Key is not unique in collection");
+  EXPECT_EQ(text, "Raktas kolekcijoje nėra unikalus");
   EXPECT_THAT(Keys(view), ElementsAre("O00003001", "O00003002", "O00003003"));
   EXPECT_EQ(view.ListItems().Item("O00003002").Text(), "Swedbank");
   EXPECT_THAT(observer.changes, IsEmpty());
@@ -105,7 +105,7 @@ TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(4); }), 35600);
   std::string text;
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item("O00003009"); }, &text), 35601);
-  EXPECT_EQ(text, "Element not found");
+  EXPECT_EQ(text, "Elementas nerastas");
   EXPECT_EQ(view.ListItems().Find("O00003009"), nullptr);
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(""); }), 35601);
 }
