@@ -76,7 +76,7 @@ const std::shared_ptr<MemoryRecordset>& Movements() {
 // The good's object: answers the history with the shared set, from its start.
 class HistoryObject : public StubObjectUIO {
  public:
-  OrvelResult Properties(const std::string&, const std::string&) override {
+  OrvelResult Properties(const std::string&, std::string&) override {
     Movements()->MoveFirst();
     return {0, "", Variant(std::static_pointer_cast<Object>(Movements()))};
   }
