@@ -290,8 +290,11 @@ Made Make(const std::string& path, const Size& size, const Progress& progress) {
       "INSERT INTO documents (OType, DocName, Number, DocDate, FirmID, Account, Suma, Debt, Sign,"
       " GID) VALUES (?, ?, ?, ?, ?, ?, ?, ?, ?, ?)");
   auto line = db->Prepare(
-      "INSERT INTO document_lines (DocumentID, GoodID, Amount, Price, Rest, Reserved, Store)"
-      " VALUES (?, ?, ?, ?, ?, 0, ?)");
+      "INSERT INTO document_lines (DocumentID, GoodID, Amount, Price, Rest, Reserved, Store,"
+      " PurchaseLineID) VALUES (?, ?, ?, ?, ?, 0, ?, ?)");
+  // A sale takes its good from the good's latest purchase lot, as a lot-kept
+  // warehouse records it; a sale before any purchase names none.
+  std::vector<int64_t> latestLot(static_cast<size_t>(size.goods), 0);
   auto total = db->Prepare("UPDATE documents SET Suma = ?, Debt = ? WHERE ID = ?");
   int64_t busyLeft = size.goodMovements;
   const int64_t invoices = (size.documents + 1) / 2;  // every other document is an invoice
@@ -320,9 +323,12 @@ Made Make(const std::string& path, const Size& size, const Progress& progress) {
       const double price = prices[static_cast<size_t>(goodIndex)];
       const double rest = kind.sign < 0 ? static_cast<double>((lr >> 8) % (1 + lr % 20)) : 0.0;
       line.Reset();
+      int64_t& lot = latestLot[static_cast<size_t>(goodIndex)];
       line.BindAll(documentId, goodIds[static_cast<size_t>(goodIndex)], amount, price, rest,
                    std::string(Pick(kStores, lr >> 16)));
+      line.Bind(7, kind.sign > 0 && lot > 0 ? Variant(lot) : Variant::Null());
       line.Run();
+      if (kind.sign < 0) lot = db->LastInsertRowId();
       sum += amount * price;
       fill.Row();
       ++made.lines;

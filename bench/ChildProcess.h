@@ -61,3 +61,73 @@ inline bool OnPath(const std::string& program) {
 }
 
 }  // namespace orvel
+
+namespace orvel {
+
+// Starts `argv` with pipes on its standard input and output, reads its
+// output until `prompt` appears (a program that reads a pipe may show no
+// prompt of its own: then the text it puts out before it waits), then closes
+// its input and waits for it.
+// wallSeconds is the time to the prompt; status that of its end (-1 when it
+// never showed the prompt).
+inline ChildRun RunToPrompt(const std::vector<std::string>& argv, const std::string& prompt) {
+  ChildRun run;
+  int in[2];
+  int out[2];
+  if (pipe(in) != 0) return run;
+  if (pipe(out) != 0) {
+    close(in[0]);
+    close(in[1]);
+    return run;
+  }
+  std::vector<char*> args;
+  for (const std::string& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+  args.push_back(nullptr);
+  posix_spawn_file_actions_t actions;
+  posix_spawn_file_actions_init(&actions);
+  posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
+  posix_spawn_file_actions_adddup2(&actions, out[1], STDOUT_FILENO);
+  for (int fd : {in[0], in[1], out[0], out[1]}) posix_spawn_file_actions_addclose(&actions, fd);
+  const auto start = std::chrono::steady_clock::now();
+  pid_t pid = 0;
+  const int failed = posix_spawnp(&pid, args[0], &actions, nullptr, args.data(), environ);
+  posix_spawn_file_actions_destroy(&actions);
+  close(in[0]);
+  close(out[1]);
+  bool prompted = false;
+  if (failed == 0) {
+    std::string seen;
+    char buffer[4096];
+    for (;;) {
+      const ssize_t got = read(out[0], buffer, sizeof buffer);
+      if (got <= 0) break;
+      seen.append(buffer, static_cast<size_t>(got));
+      if (seen.find(prompt) != std::string::npos) {
+        prompted = true;
+        break;
+      }
+    }
+    run.wallSeconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+  }
+  close(in[1]);
+  if (failed != 0) {
+    close(out[0]);
+    return run;
+  }
+  // Whatever it says after its input ends goes nowhere.
+  char drain[4096];
+  while (read(out[0], drain, sizeof drain) > 0) {
+  }
+  close(out[0]);
+  int status = 0;
+  rusage usage{};
+  while (wait4(pid, &status, 0, &usage) < 0) {
+  }
+  const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
+  run.cpuSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
+  run.status = prompted && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  return run;
+}
+
+}  // namespace orvel
