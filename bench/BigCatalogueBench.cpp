@@ -236,6 +236,16 @@ void Stepped(benchmark::State& state, const std::vector<std::string>& statements
   }
 }
 
+// Every row of an answer, one field of each read.
+void Read(benchmark::State& state, Recordset& rs, const char* field, const Held& held) {
+  size_t rows = 0;
+  for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+    benchmark::DoNotOptimize(rs.Fields(field).Value());
+    ++rows;
+  }
+  Rows(state, rows, held);
+}
+
 // A call of the layer, every row's OIDR read.
 void Called(benchmark::State& state, OrvelObjectBO& object, const std::string& name,
             const std::string& param) {
@@ -247,12 +257,7 @@ void Called(benchmark::State& state, OrvelObjectBO& object, const std::string& n
       state.SkipWithError(result.Text.c_str());
       return;
     }
-    size_t rows = 0;
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      benchmark::DoNotOptimize(rs->Fields("OIDR").Value());
-      ++rows;
-    }
-    Rows(state, rows, held);
+    Read(state, *rs, "OIDR", held);
   }
 }
 
@@ -264,12 +269,7 @@ void BM_GroupListModule(benchmark::State& state) {
   for (auto _ : state) {
     Held held;
     auto rs = g_fixture->goodsUi->GetOrvelObjectList(g_fixture->groupOidr, "", "");
-    size_t rows = 0;
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      benchmark::DoNotOptimize(rs->Fields("Name").Value());
-      ++rows;
-    }
-    Rows(state, rows, held);
+    Read(state, *rs, "Name", held);
   }
 }
 void BM_FirmDocumentsSelect(benchmark::State& state) { Stepped(state, g_fixture->firmSql); }

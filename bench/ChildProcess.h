@@ -24,15 +24,36 @@ struct ChildRun {
   double wallSeconds = 0;
 };
 
+namespace child_detail {
+
+// The arguments as posix_spawn takes them; they point into `argv`.
+inline std::vector<char*> Arguments(const std::vector<std::string>& argv) {
+  std::vector<char*> args;
+  for (const std::string& a : argv) args.push_back(const_cast<char*>(a.c_str()));
+  args.push_back(nullptr);
+  return args;
+}
+
+// Waits for the child and fills in its CPU time and exit status.
+inline void Wait(pid_t pid, ChildRun& run) {
+  int status = 0;
+  rusage usage{};
+  while (wait4(pid, &status, 0, &usage) < 0) {
+  }
+  const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
+  run.cpuSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
+  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+}
+
+}  // namespace child_detail
+
 // Runs `argv` (argv[0] a path, or a name looked up in PATH) with standard
 // input read from `input` and standard output written to `output` (both
 // paths; "/dev/null" to give or keep nothing) and waits for it.
 inline ChildRun RunChild(const std::vector<std::string>& argv, const std::string& input,
                          const std::string& output) {
   ChildRun run;
-  std::vector<char*> args;
-  for (const std::string& a : argv) args.push_back(const_cast<char*>(a.c_str()));
-  args.push_back(nullptr);
+  std::vector<char*> args = child_detail::Arguments(argv);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_addopen(&actions, STDIN_FILENO, input.c_str(), O_RDONLY, 0);
@@ -43,15 +64,9 @@ inline ChildRun RunChild(const std::vector<std::string>& argv, const std::string
   const int failed = posix_spawnp(&pid, args[0], &actions, nullptr, args.data(), environ);
   posix_spawn_file_actions_destroy(&actions);
   if (failed != 0) return run;
-  int status = 0;
-  rusage usage{};
-  while (wait4(pid, &status, 0, &usage) < 0) {
-  }
+  child_detail::Wait(pid, run);
   run.wallSeconds =
       std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
-  const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
-  run.cpuSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
-  run.status = WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   return run;
 }
 
@@ -80,9 +95,7 @@ inline ChildRun RunToPrompt(const std::vector<std::string>& argv, const std::str
     close(in[1]);
     return run;
   }
-  std::vector<char*> args;
-  for (const std::string& a : argv) args.push_back(const_cast<char*>(a.c_str()));
-  args.push_back(nullptr);
+  std::vector<char*> args = child_detail::Arguments(argv);
   posix_spawn_file_actions_t actions;
   posix_spawn_file_actions_init(&actions);
   posix_spawn_file_actions_adddup2(&actions, in[0], STDIN_FILENO);
@@ -120,13 +133,8 @@ inline ChildRun RunToPrompt(const std::vector<std::string>& argv, const std::str
   while (read(out[0], drain, sizeof drain) > 0) {
   }
   close(out[0]);
-  int status = 0;
-  rusage usage{};
-  while (wait4(pid, &status, 0, &usage) < 0) {
-  }
-  const auto seconds = [](const timeval& t) { return t.tv_sec + t.tv_usec / 1e6; };
-  run.cpuSeconds = seconds(usage.ru_utime) + seconds(usage.ru_stime);
-  run.status = prompted && WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+  child_detail::Wait(pid, run);
+  if (!prompted) run.status = -1;
   return run;
 }
 

@@ -26,6 +26,7 @@
 
 #include "ChildProcess.h"
 #include "RatioReporter.h"
+#include "WordsAmounts.h"
 
 namespace {
 
@@ -67,21 +68,17 @@ struct Setup {
     fs::remove_all(folder, ignored);
   }
 
-  // Deterministic: the integer part has 1 to 12 digits, evenly, cents are
-  // uniform, one amount in eight is negative.
+  // The amounts of orvel_bench_words, written with two decimals; one in
+  // eight is negative.
   void WriteAmounts() const {
-    std::mt19937_64 gen(20240602);
+    std::mt19937_64 gen(orvel::words_bench::kSeed);
     std::string text;
     for (size_t i = 0; i < g_amounts; ++i) {
-      const uint64_t r = gen();
-      const int digits = 1 + static_cast<int>(r % 12);
-      uint64_t low = 1;
-      for (int d = 1; d < digits; ++d) low *= 10;
-      const uint64_t whole = digits == 1 ? (r >> 8) % 10 : low + (r >> 8) % (9 * low);
+      const orvel::words_bench::Amount a = orvel::words_bench::NextAmount(gen);
       char line[40];
       std::snprintf(line, sizeof line, "%s%llu.%02llu\n", i % 8 == 3 ? "-" : "",
-                    static_cast<unsigned long long>(whole),
-                    static_cast<unsigned long long>((r >> 48) % 100));
+                    static_cast<unsigned long long>(a.whole),
+                    static_cast<unsigned long long>(a.cents));
       text += line;
     }
     std::ofstream(amounts, std::ios::binary) << text;
@@ -155,18 +152,9 @@ int main(int argc, char** argv) {
   // change of load falls on both sides of the ratio.
   static char repetitions[] = "--benchmark_repetitions=3";
   static char interleaving[] = "--benchmark_enable_random_interleaving=true";
-  std::vector<char*> rest{argv[0], repetitions, interleaving};
-  for (int i = 1; i < argc; ++i) {
-    if (std::strncmp(argv[i], "--amounts=", 10) == 0) {
-      g_amounts = std::strtoull(argv[i] + 10, nullptr, 10);
-      if (g_amounts == 0) g_amounts = 1;
-    } else {
-      rest.push_back(argv[i]);
-    }
+  if (!orvel::words_bench::Initialize(argc, argv, {repetitions, interleaving}, g_amounts)) {
+    return 1;
   }
-  int restCount = static_cast<int>(rest.size());
-  benchmark::Initialize(&restCount, rest.data());
-  if (benchmark::ReportUnrecognizedArguments(restCount, rest.data())) return 1;
 
   Setup setup;
   g_setup = &setup;
