@@ -23,6 +23,7 @@
 #include <vector>
 
 #include "RatioReporter.h"
+#include "WordsAmounts.h"
 #include "common/AmountInWords.h"
 #include "host/Convert.h"
 
@@ -30,23 +31,16 @@ namespace {
 
 size_t g_amounts = 1000000;
 
-// Deterministic: the same seed gives the same amounts in every run. The
-// integer part has 1 to 12 digits, evenly, so short and long words weigh
-// alike; cents are uniform; one amount in eight is negative and one in
-// sixteen sits on a half cent, so that rounding carries now and then.
+// One amount in eight is negative and one in sixteen sits on a half cent, so
+// that rounding carries now and then.
 const std::vector<double>& Amounts() {
   static const std::vector<double> amounts = [] {
-    std::mt19937_64 gen(20240602);
+    std::mt19937_64 gen(orvel::words_bench::kSeed);
     std::vector<double> out;
     out.reserve(g_amounts);
     for (size_t i = 0; i < g_amounts; ++i) {
-      const uint64_t r = gen();
-      const int digits = 1 + static_cast<int>(r % 12);
-      uint64_t low = 1;
-      for (int d = 1; d < digits; ++d) low *= 10;
-      const uint64_t whole = digits == 1 ? (r >> 8) % 10 : low + (r >> 8) % (9 * low);
-      const uint64_t cents = (r >> 48) % 100;
-      double amount = static_cast<double>(whole * 100 + cents) / 100.0;
+      const orvel::words_bench::Amount a = orvel::words_bench::NextAmount(gen);
+      double amount = static_cast<double>(a.whole * 100 + a.cents) / 100.0;
       if (i % 16 == 5) amount += 0.005;
       if (i % 8 == 3) amount = -amount;
       out.push_back(amount);
@@ -110,25 +104,16 @@ BENCHMARK(BM_Words)->Unit(benchmark::kMillisecond);
 }  // namespace
 
 int main(int argc, char** argv) {
-  // Our own flag first; the rest go to Google Benchmark. By default each
-  // benchmark runs five times, the three interleaved at random, so that a
-  // change of load on the shared machine falls on both sides of a ratio;
-  // flags given on the command line come later and win.
+  // By default each benchmark runs five times, the three interleaved at
+  // random, so that a change of load on the shared machine falls on both
+  // sides of a ratio.
   static char repetitions[] = "--benchmark_repetitions=5";
   static char interleaving[] = "--benchmark_enable_random_interleaving=true";
   static char onlyAggregates[] = "--benchmark_report_aggregates_only=false";
-  std::vector<char*> rest{argv[0], repetitions, interleaving, onlyAggregates};
-  for (int i = 1; i < argc; ++i) {
-    if (std::strncmp(argv[i], "--amounts=", 10) == 0) {
-      g_amounts = std::strtoull(argv[i] + 10, nullptr, 10);
-      if (g_amounts == 0) g_amounts = 1;
-    } else {
-      rest.push_back(argv[i]);
-    }
+  if (!orvel::words_bench::Initialize(argc, argv, {repetitions, interleaving, onlyAggregates},
+                                      g_amounts)) {
+    return 1;
   }
-  int restCount = static_cast<int>(rest.size());
-  benchmark::Initialize(&restCount, rest.data());
-  if (benchmark::ReportUnrecognizedArguments(restCount, rest.data())) return 1;
 
   std::printf("amounts: %zu\n", g_amounts);
   Amounts();  // build the data before any timing

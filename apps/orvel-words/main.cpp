@@ -11,15 +11,18 @@
 // amount, or an amount without words, gets a message on standard error; the
 // others are still answered, and the exit status is then 1.
 
+#include <unistd.h>
+
+#include <cerrno>
+#include <cstring>
 #include <iostream>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
 
+#include "AmountReading.h"
 #include "common/AmountInWords.h"
-#include "host/Convert.h"
-#include "host/Locale.h"
 #include "host/Text.h"
 
 namespace {
@@ -40,33 +43,61 @@ struct Options {
   bool withCents = true;
 };
 
-// An amount as a person types it: digits with one "." or "," as the decimal
-// separator, an optional sign, blanks around. Returns nothing for any other
-// text.
-std::optional<double> ReadAmount(std::string_view input) {
-  std::string text = orvel::Trim(input);
-  const bool hasPoint = text.find('.') != std::string::npos;
-  const size_t comma = text.find(',');
-  if (comma != std::string::npos) {
-    if (hasPoint || text.find(',', comma + 1) != std::string::npos) return std::nullopt;
-    text[comma] = '.';
+// Standard output, gathered into large writes. What has been gathered goes
+// out before the program waits for input and before any message on standard
+// error, so that a person at a terminal, or a program driving orvel-words
+// through a pipe, has each answer as soon as its line is read, and the
+// answers and the messages keep their order on a shared terminal.
+class Output {
+ public:
+  static constexpr size_t kChunk = 1 << 16;
+
+  Output() { text_.reserve(2 * kChunk); }
+  ~Output() { Flush(); }
+
+  std::string& Text() { return text_; }
+
+  // Writes out once a chunk has gathered.
+  void Line() {
+    text_ += '\n';
+    if (text_.size() >= kChunk) Flush();
   }
-  // The invariant locale reads "." as the decimal point; no thousands
-  // separator is left in the text.
-  const orvel::Locale invariant = orvel::Locale::Invariant();
-  const orvel::Variant value(text);
-  if (text.empty() || !orvel::IsNumeric(value, invariant)) return std::nullopt;
-  try {
-    return orvel::CDbl(value, invariant);
-  } catch (const std::exception&) {
-    return std::nullopt;  // beyond a double
+
+  void Flush() {
+    const char* at = text_.data();
+    size_t left = text_.size();
+    while (left > 0) {
+      const ssize_t written = ::write(STDOUT_FILENO, at, left);
+      if (written < 0) {
+        if (errno == EINTR) continue;
+        break;  // nobody is reading (a closed pipe): the answers have nowhere to go
+      }
+      at += written;
+      left -= static_cast<size_t>(written);
+    }
+    text_.clear();
   }
-}
+
+ private:
+  std::string text_;
+};
 
 // Answers one amount; returns false (after a message) when it has no words.
-bool Answer(std::string_view input, std::string_view where, const Options& options) {
-  const std::optional<double> amount = ReadAmount(input);
+// `line` is the number of the input line, 0 for an argument.
+bool Answer(std::string_view input, long line, const Options& options, Output& out) {
+  char rounded[orvel::words::kPlainAmountSize];
+  const size_t plain = orvel::words::PlainAmount(input, rounded);
+  if (plain > 0 &&
+      orvel::AppendRoundedAmountWords(out.Text(), std::string_view(rounded, plain),
+                                      options.feminine, options.withCents)) {
+    out.Line();
+    return true;
+  }
+
+  const std::string where = line > 0 ? std::to_string(line) + " eilutė: " : std::string();
+  const std::optional<double> amount = orvel::words::ReadAmount(input);
   if (!amount) {
+    out.Flush();
     std::cerr << kProgram << ": " << where;
     if (orvel::Trim(input).empty()) {
       std::cerr << "tuščia, o ne suma\n";
@@ -78,11 +109,47 @@ bool Answer(std::string_view input, std::string_view where, const Options& optio
   const orvel::AmountInWords words =
       orvel::AmountToWords(*amount, options.feminine, options.withCents);
   if (!words.ok()) {
+    out.Flush();
     std::cerr << kProgram << ": " << where << words.error << '\n';
     return false;
   }
-  std::cout << words.words << '\n';
+  out.Text() += words.words;
+  out.Line();
   return true;
+}
+
+// Every line of standard input, as std::getline splits it: a last line
+// without its line feed counts, an empty end does not; a carriage return
+// before the line feed is dropped.
+bool AnswerInput(const Options& options, Output& out) {
+  bool allAnswered = true;
+  long lineNumber = 0;
+  std::vector<char> buffer(1 << 20);
+  size_t kept = 0;  // the start of a line whose end is not read yet
+  for (;;) {
+    out.Flush();
+    if (kept == buffer.size()) buffer.resize(buffer.size() * 2);
+    const ssize_t got = ::read(STDIN_FILENO, buffer.data() + kept, buffer.size() - kept);
+    if (got < 0 && errno == EINTR) continue;
+    if (got <= 0) break;
+    const char* const end = buffer.data() + kept + got;
+    const char* line = buffer.data();
+    for (const char* at = buffer.data() + kept; at < end; ++at) {
+      if (*at != '\n') continue;
+      std::string_view text(line, static_cast<size_t>(at - line));
+      if (!text.empty() && text.back() == '\r') text.remove_suffix(1);
+      allAnswered = Answer(text, ++lineNumber, options, out) && allAnswered;
+      line = at + 1;
+    }
+    kept = static_cast<size_t>(end - line);
+    std::memmove(buffer.data(), line, kept);
+  }
+  if (kept > 0) {
+    std::string_view text(buffer.data(), kept);
+    if (text.back() == '\r') text.remove_suffix(1);
+    allAnswered = Answer(text, ++lineNumber, options, out) && allAnswered;
+  }
+  return allAnswered;
 }
 
 }  // namespace
@@ -110,21 +177,15 @@ int main(int argc, char** argv) {
     }
   }
 
+  Output out;
   bool allAnswered = true;
   if (!amounts.empty()) {
     for (const std::string_view amount : amounts) {
-      allAnswered = Answer(amount, "", options) && allAnswered;
+      allAnswered = Answer(amount, 0, options, out) && allAnswered;
     }
   } else {
-    std::string line;
-    long lineNumber = 0;
-    while (std::getline(std::cin, line)) {
-      ++lineNumber;
-      if (!line.empty() && line.back() == '\r') line.pop_back();
-      const std::string where = std::to_string(lineNumber) + " eilutė: ";
-      allAnswered = Answer(line, where, options) && allAnswered;
-    }
+    allAnswered = AnswerInput(options, out);
   }
-  std::cout.flush();
+  out.Flush();
   return allAnswered ? 0 : 1;
 }

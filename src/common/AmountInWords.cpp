@@ -193,25 +193,16 @@ AmountInWords Failure(std::string error) {
   return result;
 }
 
-AmountInWords WordsOf(double amount, bool feminine, bool withCents) {
-  if (amount == 0.0) return {std::string(kZeroAmount), {}};
-  if (!std::isfinite(amount)) {
-    return Failure("suma " + Shown(amount) + " nėra baigtinis skaičius, todėl žodžiais neužrašoma");
-  }
-  // Rounding to cents happens here and nowhere else; the separator is one
-  // character, counted and never looked at.
-  const std::string rounded = DecimalText(amount, 2);
-  std::string_view text = rounded;
-  if (amount < 0 && text.front() == '-') text.remove_prefix(1);
+// The words of an amount already rounded to cents, its sign dropped: `text`
+// is its whole digits, one separator character and two cent digits, with at
+// most kMaxWholeDigits whole digits. Appends to `out`; an amount whose whole
+// part and cents are all zeros gets plain "Nulis" (and its cents).
+void AppendWords(std::string& out, std::string_view text, bool feminine, bool withCents) {
   const size_t wholeDigits = text.size() - 3;
-  if (wholeDigits > kMaxWholeDigits) {
-    return Failure("suma " + Shown(amount) + " per didelė žodžiams: žodžiais užrašomos sumos iki " +
-                   LargestShown() + " (be ženklo)");
-  }
 
   // Triplets from the left. A zero triplet, or a zero count of thousands,
   // leaves no piece; pieces are joined by one blank. The pieces are gathered
-  // first so that the words take one allocation of the exact size (plain
+  // first so that the words grow `out` once, by their exact size (plain
   // pointers, left uninitialised: only the first `count` are read).
   struct Piece {
     const char* number;
@@ -256,24 +247,43 @@ AmountInWords WordsOf(double amount, bool feminine, bool withCents) {
   }
   // The blanks between the pieces are there from the start; the pieces and
   // the cents are copied into place.
-  std::string words(length + (withCents ? 9 : 0), ' ');
-  char* out = words.data();
+  const size_t before = out.size();
+  out.resize(before + length + (withCents ? 9 : 0), ' ');
+  char* at = out.data() + before;
   for (size_t k = 0; k < count; ++k) {
-    if (k > 0) ++out;
-    std::memcpy(out, pieces[k].number, pieces[k].numberSize);
-    out += pieces[k].numberSize;
+    if (k > 0) ++at;
+    std::memcpy(at, pieces[k].number, pieces[k].numberSize);
+    at += pieces[k].numberSize;
     if (pieces[k].scale != nullptr) {
-      std::memcpy(out + 1, pieces[k].scale, pieces[k].scaleSize);
-      out += 1 + pieces[k].scaleSize;
+      std::memcpy(at + 1, pieces[k].scale, pieces[k].scaleSize);
+      at += 1 + pieces[k].scaleSize;
     }
   }
   if (withCents) {
     // " Lt 02 ct"
-    std::memcpy(out, " Lt ", 4);
-    std::memcpy(out + 4, text.data() + wholeDigits + 1, 2);
-    std::memcpy(out + 6, " ct", 3);
+    std::memcpy(at, " Lt ", 4);
+    std::memcpy(at + 4, text.data() + wholeDigits + 1, 2);
+    std::memcpy(at + 6, " ct", 3);
   }
-  return {std::move(words), {}};
+}
+
+AmountInWords WordsOf(double amount, bool feminine, bool withCents) {
+  if (amount == 0.0) return {std::string(kZeroAmount), {}};
+  if (!std::isfinite(amount)) {
+    return Failure("suma " + Shown(amount) + " nėra baigtinis skaičius, todėl žodžiais neužrašoma");
+  }
+  // Rounding to cents happens here and nowhere else; the separator is one
+  // character, counted and never looked at.
+  const std::string rounded = DecimalText(amount, 2);
+  std::string_view text = rounded;
+  if (amount < 0 && text.front() == '-') text.remove_prefix(1);
+  if (text.size() - 3 > kMaxWholeDigits) {
+    return Failure("suma " + Shown(amount) + " per didelė žodžiams: žodžiais užrašomos sumos iki " +
+                   LargestShown() + " (be ženklo)");
+  }
+  AmountInWords result;
+  AppendWords(result.words, text, feminine, withCents);
+  return result;
 }
 
 // A field of the currency record; a missing or unreadable one is a
@@ -396,6 +406,25 @@ std::string TripletToWords(std::string_view digits, bool feminine) {
   if (!n.valid || n.digits.size() > 3) return words;
   AppendTriplet(words, n.magnitude, feminine);
   return words;
+}
+
+bool AppendRoundedAmountWords(std::string& out, std::string_view rounded, bool feminine,
+                              bool withCents) {
+  const size_t size = rounded.size();
+  if (size < 4 || size - 3 > kMaxWholeDigits || rounded[size - 3] != '.') return false;
+  const auto digit = [](char c) { return c >= '0' && c <= '9'; };
+  if (!digit(rounded[size - 2]) || !digit(rounded[size - 1])) return false;
+  bool zero = rounded[size - 2] == '0' && rounded[size - 1] == '0';
+  for (size_t i = 0; i < size - 3; ++i) {
+    if (!digit(rounded[i]) || (i == 0 && rounded[i] == '0' && size > 4)) return false;
+    zero = zero && rounded[i] == '0';
+  }
+  if (zero) {
+    out += kZeroAmount;
+  } else {
+    AppendWords(out, rounded, feminine, withCents);
+  }
+  return true;
 }
 
 AmountInWords AmountToWords(double amount, bool feminine, bool withCents) {

@@ -62,6 +62,17 @@ std::string TripletToWords(std::string_view digits, bool feminine);
 // the infinities have no words: the result then holds an error.
 AmountInWords AmountToWords(double amount, bool feminine, bool withCents);
 
+// AmountToWords for an amount that its caller already holds as the text
+// DecimalText(amount, 2) writes, without the sign: whole digits with no
+// leading zero (a lone "0" for none), ".", two cent digits ("21.02", "0.50").
+// Appends the same words as AmountToWords gives for that amount (or for its
+// negative) to `out`; "0.00" is taken as exactly 0. A program that reads
+// amounts as text skips the double and its rounding this way. Returns false,
+// appending nothing, for text of any other shape or with more than twelve
+// whole digits.
+bool AppendRoundedAmountWords(std::string& out, std::string_view rounded, bool feminine,
+                              bool withCents);
+
 // The currency object's "SumByWords" method: `params` are (amount, optional
 // withCents, True by default), `currency` the fields of the currency record:
 // State, GenderCurr (0 masculine, else feminine), OneCurr, TwoCurr, TenCurr,

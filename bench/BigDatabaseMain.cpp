@@ -1,0 +1,131 @@
+// orvel-bigdb: makes a large catalogue database for the speed checks, a fresh
+// reference database with the sample data and, in bulk, goods in groups three
+// deep, firms, documents and their lines.
+//
+//   orvel-bigdb [--goods N] [--firms N] [--documents N] [--group-goods N]
+//               [--firm-documents N] [--good-movements N] [--seed N] --out FILE
+//
+// Defaults: a million goods, 200,000 of them in one group; 100,000 firms;
+// 300,000 documents, 100,000 of them of one firm; 100,000 lines of one good.
+// A fill that runs over a second shows its progress on standard error. At the
+// end the program tells where the large group, the busy firm and the busy
+// good are.
+#include <unistd.h>
+
+#include <cerrno>
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <exception>
+#include <string>
+#include <string_view>
+
+#include "BigDatabase.h"
+
+namespace {
+
+constexpr const char* kUsage =
+    "Naudojimas: orvel-bigdb [--goods N] [--firms N] [--documents N] [--group-goods N]\n"
+    "                        [--firm-documents N] [--good-movements N] [--seed N] --out FAILAS\n";
+
+// The percent done, once the fill has run a second: on a terminal one line
+// written over, elsewhere a line at every tenth.
+class ProgressLine {
+ public:
+  ProgressLine() : start_(std::chrono::steady_clock::now()), terminal_(isatty(STDERR_FILENO)) {}
+
+  void operator()(double done) {
+    const int percent = static_cast<int>(done * 100);
+    if (percent == shown_) return;
+    if (std::chrono::steady_clock::now() - start_ < std::chrono::seconds(1)) return;
+    if (terminal_) {
+      std::fprintf(stderr, "\rPildoma duomenų bazė: %3d %%", percent);
+      shown_ = percent;
+    } else if (percent / 10 != shown_ / 10) {
+      std::fprintf(stderr, "Pildoma duomenų bazė: %d %%\n", percent);
+      shown_ = percent;
+    }
+  }
+
+  void End() {
+    if (terminal_ && shown_ >= 0) std::fputc('\n', stderr);
+  }
+
+ private:
+  std::chrono::steady_clock::time_point start_;
+  bool terminal_;
+  int shown_ = -1;
+};
+
+bool Count(const char* text, int64_t& value) {
+  char* end = nullptr;
+  errno = 0;
+  const long long n = std::strtoll(text, &end, 10);
+  if (errno != 0 || end == text || *end != '\0' || n < 0) return false;
+  value = n;
+  return true;
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  orvel::bigdb::Size size;
+  std::string out;
+  for (int i = 1; i < argc; ++i) {
+    const std::string_view arg = argv[i];
+    if (arg == "--help" || arg == "-h") {
+      std::fputs(kUsage, stdout);
+      return 0;
+    }
+    int64_t* target = arg == "--goods"            ? &size.goods
+                      : arg == "--firms"          ? &size.firms
+                      : arg == "--documents"      ? &size.documents
+                      : arg == "--group-goods"    ? &size.groupGoods
+                      : arg == "--firm-documents" ? &size.firmDocuments
+                      : arg == "--good-movements" ? &size.goodMovements
+                                                  : nullptr;
+    int64_t seed = 0;
+    if (arg == "--seed") target = &seed;
+    if (arg == "--out" && i + 1 < argc) {
+      out = argv[++i];
+      continue;
+    }
+    if (target == nullptr || i + 1 == argc || !Count(argv[i + 1], *target)) {
+      std::fprintf(stderr, "orvel-bigdb: netinkamas argumentas „%s“\n%s", argv[i], kUsage);
+      return 2;
+    }
+    ++i;
+    if (arg == "--seed") size.seed = static_cast<uint64_t>(seed);
+  }
+  if (out.empty()) {
+    std::fprintf(stderr, "orvel-bigdb: nenurodytas failas (--out)\n%s", kUsage);
+    return 2;
+  }
+  // Sizes the benchmarks' defaults cannot have: the large group and the busy
+  // firm shrink to what a small database holds.
+  if (size.groupGoods >= size.goods) size.groupGoods = size.goods / 2;
+  if (size.firmDocuments > size.documents) size.firmDocuments = size.documents / 2;
+
+  ProgressLine progress;
+  const auto start = std::chrono::steady_clock::now();
+  try {
+    const orvel::bigdb::Made made =
+        orvel::bigdb::Make(out, size, [&](double done) { progress(done); });
+    progress.End();
+    const double seconds =
+        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+    std::printf(
+        "%s: pridėta %lld prekių ir grupių, %lld firmų, %lld dokumentų, %lld eilučių per %.1f s\n"
+        "didelė grupė O0000200%lld, judri firma O0000100%lld, judri prekė O0000200%lld\n",
+        out.c_str(), static_cast<long long>(made.goods), static_cast<long long>(made.firms),
+        static_cast<long long>(made.documents), static_cast<long long>(made.lines), seconds,
+        static_cast<long long>(made.bigGroupId), static_cast<long long>(made.busyFirmId),
+        static_cast<long long>(made.busyGoodId));
+  } catch (const std::exception& e) {
+    progress.End();
+    std::fprintf(stderr, "orvel-bigdb: %s\n", e.what());
+    return 1;
+  }
+  return 0;
+}
