@@ -163,7 +163,7 @@ struct Fixture {
   std::vector<std::string> Captured(OrvelObjectBO& object, const std::string& name,
                                     const std::string& param) {
     std::vector<std::string> sql;
-    sqlite3* db = host.Layer().Database().Handle();
+    sqlite3* db = dynamic_cast<SqliteDatabase&>(host.Layer().Database()).Handle();
     sqlite3_trace_v2(
         db, SQLITE_TRACE_STMT,
         [](unsigned, void* context, void* statement, void*) {

@@ -13,7 +13,7 @@
 
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
-#include "bizlayer/SqliteStatement.h"
+#include "bizlayer/Database.h"
 
 namespace orvel::bigdb {
 
@@ -99,10 +99,10 @@ double Money(uint64_t cents) { return static_cast<double>(cents) / 100.0; }
 // Rows in transactions of kBatch, the progress told after each.
 class Filler {
  public:
-  Filler(SqliteDatabase& db, int64_t total, const Progress& progress)
+  Filler(Database& db, int64_t total, const Progress& progress)
       : db_(db), total_(std::max<int64_t>(total, 1)), progress_(progress) {}
   void Row() {
-    if (!transaction_) transaction_ = std::make_unique<SqliteTransaction>(db_);
+    if (!transaction_) transaction_ = std::make_unique<Transaction>(db_);
     if (++done_ % kBatch == 0) Commit();
   }
 
@@ -114,11 +114,11 @@ class Filler {
   }
 
  private:
-  SqliteDatabase& db_;
+  Database& db_;
   int64_t total_;
   int64_t done_ = 0;
   const Progress& progress_;
-  std::unique_ptr<SqliteTransaction> transaction_;
+  std::unique_ptr<Transaction> transaction_;
 };
 
 }  // namespace

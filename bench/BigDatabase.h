@@ -38,7 +38,7 @@ struct Made {
 using Progress = std::function<void(double done)>;
 
 // Makes the database at `path`, which must not exist yet. Throws
-// std::runtime_error (SqliteError) on failure, and std::invalid_argument for
+// std::runtime_error (DatabaseError) on failure, and std::invalid_argument for
 // a size whose parts do not fit (more group goods than goods, ...) or a
 // file that is there already; the texts are Lithuanian.
 Made Make(const std::string& path, const Size& size, const Progress& progress = {});
