@@ -14,14 +14,7 @@ namespace {
 // A new file has the column from the goods catalogue; an older one gets it,
 // and the goods card is described again with it.
 void AddWithItems(Database& db) {
-  // Read and let go: an open statement would keep the table from changing.
-  const bool present = [&db] {
-    auto found =
-        db.Prepare("SELECT COUNT(*) FROM pragma_table_info('goods') WHERE name = 'WithItems'");
-    found.Step();
-    return found.Column(0).NumberValue() != 0;
-  }();
-  if (present) return;
+  if (HasColumn(db, "goods", "WithItems")) return;
   db.Exec(
       "ALTER TABLE goods ADD COLUMN WithItems BOOLEAN;"
       "DELETE FROM field_descriptions WHERE StructureName = 'Goods';");
@@ -32,8 +25,8 @@ void AddWithItems(Database& db) {
 // good and group is not.
 void MarkGoodsWithItems(Database& db) {
   db.Exec(
-      "UPDATE goods SET WithItems = (GroupFlag = 0 AND ID IN (SELECT GoodID FROM document_lines"
-      " WHERE SerialNo IS NOT NULL)) WHERE WithItems IS NULL;");
+      "UPDATE goods SET WithItems = CASE WHEN GroupFlag = 0 AND ID IN (SELECT GoodID FROM"
+      " document_lines WHERE SerialNo IS NOT NULL) THEN 1 ELSE 0 END WHERE WithItems IS NULL;");
 }
 
 // A debt is the open part of a document, never below zero; Sign says who

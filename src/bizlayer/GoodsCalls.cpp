@@ -256,7 +256,7 @@ void AddGoodsCalls(TableBusinessObject& goods) {
       Append(*rs,
              *goods.Query("SELECT 'O0000000' AS OIDR, NULL AS ID, 'Iš viso' AS DocName,"
                           " NULL AS OType, NULL AS Number, NULL AS \"Date\", NULL AS Addressee,"
-                          " SUM(l.Rest) AS Amount, m.Code AS Measure, NULL AS Price,"
+                          " SUM(l.Rest) AS Amount, MAX(m.Code) AS Measure, NULL AS Price,"
                           " SUM(l.Rest) AS Rest, SUM(l.Reserved) AS Reserved, NULL AS LName,"
                           " NULL AS PriceSale"
                           " FROM document_lines l JOIN documents d ON d.ID = l.DocumentID"

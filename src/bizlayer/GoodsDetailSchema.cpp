@@ -47,15 +47,15 @@ void SeedGoodsDetailRows(Database& db) {
       " SELECT d.ID, l.ID, 5 FROM "
       " (SELECT ID, ParentID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID LIMIT 2)"
       " d"
-      " JOIN (SELECT ID FROM book_locations WHERE GroupFlag = 0 ORDER BY ID LIMIT 1) l;"
+      " CROSS JOIN (SELECT ID FROM book_locations WHERE GroupFlag = 0 ORDER BY ID LIMIT 1) l;"
       "INSERT INTO goods_discounts (GoodID, DiscountTypeName, VariantName, SumFrom, SumTo,"
       " Percent) SELECT ID, 'Didmena', 'Nuo kiekio', 100, 0, 5 FROM "
       " (SELECT ID, ParentID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID LIMIT 2)"
-      ";"
+      " d;"
       "INSERT INTO goods_discounts (GoodID, DiscountTypeName, Percent, Valid)"
       " SELECT DISTINCT ParentID, 'Akcija', 3, 0 FROM "
       " (SELECT ID, ParentID FROM goods WHERE GroupFlag = 0 AND WithRest = 1 ORDER BY ID LIMIT 2)"
-      " WHERE ParentID IS NOT NULL;"
+      " d WHERE ParentID IS NOT NULL;"
       "");
 }
 

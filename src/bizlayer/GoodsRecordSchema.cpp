@@ -14,6 +14,7 @@
 #include <vector>
 
 #include "bizlayer/CatalogueTable.h"
+#include "bizlayer/PgDialect.h"
 #include "bizlayer/SchemaParts.h"
 #include "bizlayer/Database.h"
 
@@ -24,7 +25,9 @@ namespace {
 constexpr const char* kRecordTypes[] = {"O0000600", "O0000700", "O0000800"};
 
 std::vector<std::string> ColumnsOf(Database& db, const std::string& table) {
-  auto stmt = db.Prepare("SELECT name FROM pragma_table_info(?) ORDER BY cid");
+  auto stmt = db.Prepare(db.Kind() == Database::Engine::Postgres
+                             ? PgColumnsQuery()
+                             : "SELECT name FROM pragma_table_info(?) ORDER BY cid");
   stmt.Bind(1, Variant(table));
   std::vector<std::string> columns;
   while (stmt.Step()) columns.push_back(stmt.Column(0).String());
@@ -84,10 +87,10 @@ void CreateGoodsRecordTables(Database& db) {
   db.Exec(
       "CREATE TABLE IF NOT EXISTS goods_price_types (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
       " Name TEXT NOT NULL UNIQUE);"
-      "INSERT OR IGNORE INTO goods_price_types (Name) VALUES ('Mažmeninė'), ('Didmeninė'),"
-      " ('Sutartinė');"
-      "INSERT OR IGNORE INTO goods_price_types (Name) SELECT DISTINCT PriceType FROM goods_prices"
-      " WHERE PriceType IS NOT NULL AND PriceType <> '' ORDER BY PriceType;"
+      "INSERT INTO goods_price_types (Name) VALUES ('Mažmeninė'), ('Didmeninė'),"
+      " ('Sutartinė') ON CONFLICT DO NOTHING;"
+      "INSERT INTO goods_price_types (Name) SELECT DISTINCT PriceType FROM goods_prices"
+      " WHERE PriceType IS NOT NULL AND PriceType <> '' ORDER BY PriceType ON CONFLICT DO NOTHING;"
       "UPDATE goods_prices SET GoodPriceTypeID = (SELECT t.ID FROM goods_price_types t"
       " WHERE t.Name = goods_prices.PriceType) WHERE GoodPriceTypeID IS NULL;"
       "UPDATE goods_prices SET Name = PriceType;"
@@ -216,7 +219,7 @@ void CreateGoodsMeasureTables(Database& db) {
   db.Exec(
       "UPDATE measures SET ParentID = 0 WHERE ParentID IS NULL;"
       "UPDATE measures SET GroupFlag = 0 WHERE GroupFlag IS NULL;"
-      "UPDATE measures SET MeasureType = (Code IN ('pak.', 'kompl.')) WHERE MeasureType IS NULL;"
+      "UPDATE measures SET MeasureType = CASE WHEN Code IN ('pak.', 'kompl.') THEN 1 ELSE 0 END WHERE MeasureType IS NULL;"
       "CREATE INDEX IF NOT EXISTS measures_parent ON measures (ParentID, Name);"
       "INSERT INTO reference_books (BookOID, Name) SELECT 'O0001606', 'Matavimo vienetai'"
       " WHERE NOT EXISTS (SELECT 1 FROM reference_books WHERE BookOID = 'O0001606');"

@@ -228,8 +228,8 @@ PgDatabase::PgDatabase(const std::string& url) : url_(url) {
 PgDatabase::~PgDatabase() { PQfinish(conn_); }
 
 void PgDatabase::Exec(std::string_view sql) {
-  const PgStatementText text = ToPostgres(sql);
-  Result result = Checked(PQexec(conn_, text.sql.c_str()), conn_, std::string(sql));
+  const std::string script = ScriptToPostgres(sql);
+  Result result = Checked(PQexec(conn_, script.c_str()), conn_, std::string(sql));
   const char* changed = PQcmdTuples(result.get());
   changes_ = changed && *changed ? std::atoi(changed) : 0;
 }

@@ -37,7 +37,15 @@ std::vector<Token> Tokens(std::string_view sql) {
     const char c = sql[i];
     size_t end = i + 1;
     Token::Kind kind = Token::Other;
-    if (c == '\'' || c == '"') {
+    if (c == '$' && i + 1 < sql.size() && (sql[i + 1] == '$' || IsWordStart(sql[i + 1]))) {
+      // A dollar-quoted body, $$...$$ or $tag$...$tag$, as a whole.
+      const size_t tagEnd = sql.find('$', i + 1);
+      const std::string_view tag = sql.substr(i, tagEnd - i + 1);
+      const size_t close = tagEnd == std::string_view::npos ? std::string_view::npos
+                                                            : sql.find(tag, tagEnd + 1);
+      end = close == std::string_view::npos ? sql.size() : close + tag.size();
+      kind = Token::Quoted;
+    } else if (c == '\'' || c == '"') {
       // A doubled quote stays inside.
       while (end < sql.size()) {
         if (sql[end] == c) {
@@ -176,6 +184,133 @@ PgStatementText ToPostgres(std::string_view sql) {
   return out;
 }
 
+namespace {
+
+// The statements of a script, each with its own text; a trigger's body with
+// its semicolons stays inside its statement.
+std::vector<std::string> Statements(std::string_view script) {
+  std::vector<std::string> out;
+  std::string current;
+  bool trigger = false;
+  int depth = 0;
+  std::vector<std::string> words;  // the statement's first words
+  for (const Token& token : Tokens(script)) {
+    if (token.kind == Token::Word) {
+      const std::string word = Upper(token.text);
+      if (words.size() < 2) words.push_back(word);
+      if (words.size() == 2 && words[0] == "CREATE" && words[1] == "TRIGGER") trigger = true;
+      if (trigger && (word == "BEGIN" || word == "CASE")) ++depth;
+      if (trigger && word == "END") --depth;
+    }
+    if (token.kind == Token::Other && token.text == ";" && depth == 0) {
+      out.push_back(current);
+      current.clear();
+      words.clear();
+      trigger = false;
+      continue;
+    }
+    current += token.text;
+  }
+  out.push_back(current);
+  return out;
+}
+
+std::string Trimmed(std::string text) {
+  const size_t first = text.find_first_not_of(" \t\r\n");
+  if (first == std::string::npos) return "";
+  const size_t last = text.find_last_not_of(" \t\r\n");
+  return text.substr(first, last - first + 1);
+}
+
+// CREATE TRIGGER [IF NOT EXISTS] <name> BEFORE|AFTER|INSTEAD OF
+// INSERT|DELETE|UPDATE [OF <columns>] ON <table> [WHEN <condition>] BEGIN
+// <statements> END, as SQLite writes it.
+std::string TriggerToPostgres(const std::string& sql) {
+  std::vector<Token> tokens;
+  for (Token& token : Tokens(sql)) {
+    if (token.kind != Token::Blank) tokens.push_back(std::move(token));
+  }
+  size_t i = 2;  // past CREATE TRIGGER
+  auto word = [&](size_t at) { return at < tokens.size() ? Upper(tokens[at].text) : ""; };
+  if (word(i) == "IF") i += 3;
+  const std::string name = tokens.at(i++).text;
+  std::string timing = word(i++);
+  if (timing == "INSTEAD") timing += " " + word(i++);
+  std::string event = word(i++);
+  if (event == "UPDATE" && word(i) == "OF") {
+    ++i;
+    event += " OF";
+    while (word(i) != "ON") {
+      event += (tokens[i].text == "," ? "" : " ") + tokens[i].text;
+      ++i;
+    }
+  }
+  ++i;  // ON
+  const std::string table = tokens.at(i++).text;
+  if (word(i) == "FOR") i += 3;
+  // The text between WHEN and BEGIN, and between BEGIN and the last END,
+  // taken from the statement as written.
+  const std::string upper = Upper(sql);
+  const size_t begin = [&] {
+    size_t at = 0;
+    for (size_t from = 0; (at = upper.find("BEGIN", from)) != std::string::npos; from = at + 1) {
+      const bool alone = (at == 0 || !IsWordPart(upper[at - 1])) &&
+                         (at + 5 >= upper.size() || !IsWordPart(upper[at + 5]));
+      if (alone) return at;
+    }
+    return std::string::npos;
+  }();
+  const size_t end = upper.rfind("END");
+  std::string condition;
+  if (word(i) == "WHEN") {
+    const size_t when = upper.find(" WHEN ");
+    condition = Trimmed(sql.substr(when + 6, begin - when - 6));
+  }
+  std::string body;
+  for (std::string statement : Statements(sql.substr(begin + 5, end - begin - 5))) {
+    statement = Trimmed(statement);
+    if (statement.empty()) continue;
+    const std::string raise = "SELECT RAISE(ABORT,";
+    if (Upper(statement).rfind(raise, 0) == 0) {
+      const size_t quote = statement.find('\'');
+      const std::string message = statement.substr(quote, statement.rfind('\'') - quote + 1);
+      body += "    RAISE EXCEPTION USING MESSAGE = " + message + ";\n";
+    } else {
+      body += "    " + ToPostgres(statement).sql + ";\n";
+    }
+  }
+  const std::string returned = timing == "AFTER"               ? "NULL"
+                               : event.rfind("DELETE", 0) == 0 ? "OLD"
+                                                               : "NEW";
+  const std::string function = name + "_run";
+  // As in SQLite, a trigger does not fire again from inside itself: the
+  // transaction notes it running.
+  const std::string running = "'orvel.running_" + Lower(name) + "'";
+  return "CREATE OR REPLACE FUNCTION " + function +
+         "() RETURNS trigger LANGUAGE plpgsql AS $orvel$\nBEGIN\n  IF current_setting(" + running +
+         ", true) = '1' THEN RETURN " + returned + "; END IF;\n  IF " +
+         (condition.empty() ? std::string("TRUE") : ToPostgres(condition).sql) +
+         " THEN\n    PERFORM set_config(" + running + ", '1', true);\n" + body +
+         "    PERFORM set_config(" + running + ", '', true);\n  END IF;\n  RETURN " + returned +
+         ";\nEND $orvel$;\nCREATE OR REPLACE TRIGGER " + name +
+         " " + timing + " " + event + " ON " + table + " FOR EACH ROW EXECUTE FUNCTION " +
+         function + "()";
+}
+
+}  // namespace
+
+std::string ScriptToPostgres(std::string_view script) {
+  std::string out;
+  for (const std::string& statement : Statements(script)) {
+    const std::string text = Trimmed(statement);
+    if (text.empty()) continue;
+    const std::string head = Upper(text.substr(0, 15));
+    out += (head.rfind("CREATE TRIGGER", 0) == 0 ? TriggerToPostgres(text) : ToPostgres(text).sql) +
+           ";\n";
+  }
+  return out;
+}
+
 const char* PgPrelude() {
   return R"SQL(
 CREATE OR REPLACE FUNCTION orvel_fold(t text) RETURNS text LANGUAGE sql IMMUTABLE AS
@@ -184,6 +319,10 @@ CREATE OR REPLACE FUNCTION orvel_contains(t text, part text) RETURNS boolean LAN
   IMMUTABLE AS $$ SELECT strpos(orvel_fold(t), orvel_fold(part)) > 0 $$;
 CREATE OR REPLACE FUNCTION orvel_starts(t text, part text) RETURNS boolean LANGUAGE sql
   IMMUTABLE AS $$ SELECT strpos(orvel_fold(t), orvel_fold(part)) = 1 $$;
+CREATE OR REPLACE FUNCTION min(a double precision, b double precision) RETURNS double precision
+  LANGUAGE sql IMMUTABLE AS $$ SELECT LEAST(a, b) $$;
+CREATE OR REPLACE FUNCTION max(a double precision, b double precision) RETURNS double precision
+  LANGUAGE sql IMMUTABLE AS $$ SELECT GREATEST(a, b) $$;
 CREATE OR REPLACE FUNCTION round(n double precision, places integer) RETURNS double precision
   LANGUAGE sql IMMUTABLE AS $$ SELECT round(n::numeric, places)::double precision $$;
 CREATE OR REPLACE FUNCTION orvel_next_version() RETURNS trigger LANGUAGE plpgsql AS $$
@@ -229,6 +368,11 @@ std::string PgFollowIds(const std::string& table) {
 const char* PgTableExistsQuery() {
   return "SELECT COUNT(*) FROM information_schema.tables WHERE table_schema = current_schema()"
          " AND table_name = lower(?)";
+}
+
+const char* PgColumnsQuery() {
+  return "SELECT column_name FROM information_schema.columns WHERE table_schema ="
+         " current_schema() AND table_name = lower(?) ORDER BY ordinal_position";
 }
 
 const char* PgColumnExistsQuery() {

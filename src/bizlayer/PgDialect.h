@@ -21,8 +21,15 @@ struct PgStatementText {
 };
 PgStatementText ToPostgres(std::string_view sql);
 
+// A script of several statements, as Exec takes it, in PostgreSQL's words.
+// A SQLite trigger (CREATE TRIGGER ... [WHEN ...] BEGIN ...; END) becomes a
+// PL/pgSQL function and the trigger that runs it; SELECT RAISE(ABORT, '...')
+// in its body raises the text as the refusal.
+std::string ScriptToPostgres(std::string_view script);
+
 // The functions the layer's SQL calls that PostgreSQL lacks or spells
-// otherwise (orvel_contains, orvel_starts, printf, round of a double), and
+// otherwise (orvel_contains, orvel_starts, printf, round of a double, the
+// two-value min and max), and
 // those its triggers run, made once in each new database.
 const char* PgPrelude();
 
@@ -38,5 +45,7 @@ const char* PgTableExistsQuery();
 // records): the table's next ID follows the highest one stored.
 std::string PgFollowIds(const std::string& table);
 const char* PgColumnExistsQuery();
+// A table's columns in order (their names in lower case), given its name.
+const char* PgColumnsQuery();
 
 }  // namespace orvel

@@ -13,15 +13,21 @@
 
 namespace orvel {
 
+bool HasColumn(Database& db, const std::string& table, const std::string& column) {
+  // Read and let go: an open statement would keep the table from changing.
+  auto found = db.Prepare(db.Kind() == Database::Engine::Postgres
+                              ? PgColumnExistsQuery()
+                              : "SELECT COUNT(*) FROM pragma_table_info(?1) WHERE name = ?2"
+                                " COLLATE NOCASE");
+  found.BindAll(table, column);
+  found.Step();
+  return found.Column(0).NumberValue() != 0;
+}
+
 void KeepRecordVersions(Database& db, const CatalogueTable& catalogue) {
   if (!catalogue.view.empty()) return;
   const bool postgres = db.Kind() == Database::Engine::Postgres;
-  auto column = db.Prepare(postgres ? PgColumnExistsQuery()
-                                    : "SELECT COUNT(*) FROM pragma_table_info(?1) WHERE name = ?2"
-                                      " COLLATE NOCASE");
-  column.BindAll(catalogue.name, "Version");
-  column.Step();
-  if (column.Column(0).NumberValue() == 0) {
+  if (!HasColumn(db, catalogue.name, "Version")) {
     db.Exec("ALTER TABLE " + catalogue.name + " ADD COLUMN Version INTEGER NOT NULL DEFAULT 1");
   }
   if (postgres) {

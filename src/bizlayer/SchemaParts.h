@@ -40,6 +40,8 @@ SchemaPart RecordVersionSchema();
 // described again.
 void AddMissingColumns(Database& db, const CatalogueTable& catalogue);
 void DescribeAgain(Database& db, const CatalogueTable& catalogue);
+// Whether `table` has the column, on either engine.
+bool HasColumn(Database& db, const std::string& table, const std::string& column);
 // The Version column of a catalogue's table and the trigger that moves it.
 void KeepRecordVersions(Database& db, const CatalogueTable& catalogue);
 

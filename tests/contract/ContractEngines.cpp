@@ -206,7 +206,7 @@ const std::vector<EngineKind>& Engines() {
          return std::unique_ptr<ContractEngine>(
              new LayerEngine(std::make_shared<SqliteDatabase>(":memory:")));
        }},
-      {"Postgres", false,
+      {"Postgres", true,
        [] {
          return std::unique_ptr<ContractEngine>(
              new LayerEngine(std::make_shared<ScratchPgDatabase>()));
