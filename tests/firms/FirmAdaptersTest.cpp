@@ -11,6 +11,7 @@
 #include "host/MemoryRecordset.h"
 #include "host/OrvelObjectUIO.h"
 #include "host/OrvelServices.h"
+#include "host/Text.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestObjectSelect.h"
@@ -70,7 +71,7 @@ struct MenuCase {
   const char* oidr;
   const char* otype;
   bool canDelete;
-  std::vector<std::string> lines;
+  const char* lines;  // "key caption" of each entry, joined by "|"
 };
 
 class FirmMenuTest : public FirmAdaptersTest, public ::testing::WithParamInterface<MenuCase> {};
@@ -80,65 +81,39 @@ TEST_P(FirmMenuTest, EntriesFollowRootTypeAndRights) {
   if (!c.canDelete) host_.Rights()->Deny("CFirms", Right::Delete);
   auto menu = Firms()->GetMenu(c.oidr, c.otype, "");
   ASSERT_TRUE(menu);
-  EXPECT_EQ(Lines(menu), c.lines);
+  EXPECT_EQ(Join(Lines(menu), "|"), c.lines);
   for (const auto& item : *menu) {
     EXPECT_EQ(item.Tag, nullptr);
     EXPECT_EQ(item.Flags, 0);
   }
 }
 
-const std::vector<std::string> kRootMenu{"2 Sukurti naują &grupę",
-                                         "100 -",
-                                         "4 &Atrinkti",
-                                         "5 P&eržiūros nustatymai",
-                                         "100 -",
-                                         "7 Pagalba",
-                                         "100 -"};
+constexpr const char* kRootMenu =
+    "2 Sukurti naują &grupę|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|7 Pagalba|100 -";
+constexpr const char* kFolderMenu =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+    "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|"
+    "7 Pagalba|100 -";
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, FirmMenuTest,
-    ::testing::Values(MenuCase{"Root", "O0000100", "", true, kRootMenu},
-                      MenuCase{"RootWithoutDelete", "O0000100", "", false, kRootMenu},
-                      MenuCase{"Group",
-                               "O00001001",
-                               "CGroup",
-                               true,
-                               {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują įmonę",
-                                "2 Sukurti naują &grupę", "3 Sukurti p&ogrupį", "100 -",
-                                "4 &Atrinkti", "5 P&eržiūros nustatymai", "100 -", "6 &Panaikinti",
-                                "100 -", "7 Pagalba", "100 -"}},
-                      // Two separators in a row stand where the delete entry would be.
-                      MenuCase{
-                          "GroupWithoutDelete",
-                          "O00001001",
-                          "OGroupNA",
-                          false,
-                          {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują įmonę",
-                           "2 Sukurti naują &grupę", "3 Sukurti p&ogrupį", "100 -", "4 &Atrinkti",
-                           "5 P&eržiūros nustatymai", "100 -", "100 -", "7 Pagalba", "100 -"}},
-                      MenuCase{"FirmC",
-                               "O00001002",
-                               "C",
-                               true,
-                               {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują įmonę",
-                                "100 -", "4 &Atrinkti", "5 P&eržiūros nustatymai", "100 -",
-                                "6 &Panaikinti", "100 -", "7 Pagalba", "100 -"}},
-                      MenuCase{"FirmTypeFirmWithoutDelete",
-                               "O00001002",
-                               "Firm",
-                               false,
-                               {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują įmonę",
-                                "100 -", "4 &Atrinkti", "5 P&eržiūros nustatymai", "100 -", "100 -",
-                                "7 Pagalba", "100 -"}},
-                      // "FirmNA" is neither "C" nor "Firm": the group entries show.
-                      MenuCase{"InactiveFirmKind",
-                               "O00001002",
-                               "FirmNA",
-                               true,
-                               {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują įmonę",
-                                "2 Sukurti naują &grupę", "3 Sukurti p&ogrupį", "100 -",
-                                "4 &Atrinkti", "5 P&eržiūros nustatymai", "100 -", "6 &Panaikinti",
-                                "100 -", "7 Pagalba", "100 -"}}),
+    ::testing::Values(
+        MenuCase{"Root", "O0000100", "", true, kRootMenu},
+        MenuCase{"RootWithoutDelete", "O0000100", "", false, kRootMenu},
+        MenuCase{"Group", "O00001001", "CGroup", true, kFolderMenu},
+        // Two separators in a row stand where the delete entry would be.
+        MenuCase{"GroupWithoutDelete", "O00001001", "OGroupNA", false,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
+                 "7 Pagalba|100 -"},
+        MenuCase{"FirmC", "O00001002", "C", true,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+                 "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
+        MenuCase{"FirmTypeFirmWithoutDelete", "O00001002", "Firm", false,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+                 "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
+        // "FirmNA" is neither "C" nor "Firm": the group entries show.
+        MenuCase{"InactiveFirmKind", "O00001002", "FirmNA", true, kFolderMenu}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmAdaptersTest, IconsTableListsTheSixIconsInOrder) {

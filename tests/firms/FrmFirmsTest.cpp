@@ -4,11 +4,12 @@
 
 #include <tuple>
 
-#include "hostkit/TextDragData.h"
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/OrvelObjectUIO.h"
+#include "host/Text.h"
+#include "hostkit/TextDragData.h"
 #include "support/ModuleTest.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -97,8 +98,8 @@ struct TabCase {
   const char* key;  // menu key that builds the window
   bool contracts;
   bool accounts;
-  int exist;  // CheckBranch's answer
-  std::vector<std::string> tabs;
+  int exist;         // CheckBranch's answer
+  const char* tabs;  // tab keys, by blanks
   int16_t goodsTab, discountsTab;
 };
 
@@ -113,56 +114,36 @@ TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
   BO("O0000100").ReplyRead("CheckBranch", exist);
   auto w = Open(c.oidr, c.key);
   ASSERT_TRUE(w);
-  EXPECT_EQ(TabKeys(*w), c.tabs);
+  EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
   EXPECT_EQ(w->GoodsTab, c.goodsTab);
   EXPECT_EQ(w->DiscountsTab, c.discountsTab);
   EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
-  for (int i = 1; i <= static_cast<int>(c.tabs.size()); ++i) {
+  for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
     EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
   }
   EXPECT_FALSE(w->HasListHandle(0));
 }
 
-const std::vector<std::string> kAllFirmTabs{
-    "Traffic",    "FirmContracts", "GOODS",    "Accounts",     "FirmAddresses", "FirmContacts",
-    "FirmBRANCH", "FirmServers",   "FirmInfo", "FirmActivity", "Discounts"};
-
 INSTANTIATE_TEST_SUITE_P(
     Cases, FrmFirmsTabTest,
-    ::testing::Values(
-        TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1, kAllFirmTabs, 3, 11},
-        TabCase{"NoContracts",
-                "O00001002",
-                "0",
-                false,
-                true,
-                1,
-                {"Traffic", "GOODS", "Accounts", "FirmAddresses", "FirmContacts", "FirmBRANCH",
-                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
-                2,
-                10},
-        TabCase{"NoAccountsNoBranch",
-                "O00001002",
-                "0",
-                true,
-                false,
-                0,
-                {"Traffic", "FirmContracts", "GOODS", "FirmAddresses", "FirmContacts",
-                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
-                3,
-                9},
-        // A new firm has no branches to show, whatever the check says.
-        TabCase{"NewFirm",
-                "O00001001",
-                "1",
-                true,
-                true,
-                1,
-                {"Traffic", "FirmContracts", "GOODS", "Accounts", "FirmAddresses", "FirmContacts",
-                 "FirmServers", "FirmInfo", "FirmActivity", "Discounts"},
-                3,
-                10},
-        TabCase{"Group", "O00001001", "0", true, true, 1, {"Firms", "Discounts"}, 0, 2}),
+    ::testing::Values(TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
+                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+                              "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
+                              3, 11},
+                      TabCase{"NoContracts", "O00001002", "0", false, true, 1,
+                              "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
+                              "FirmServers FirmInfo FirmActivity Discounts",
+                              2, 10},
+                      TabCase{"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
+                              "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
+                              "FirmInfo FirmActivity Discounts",
+                              3, 9},
+                      // A new firm has no branches to show, whatever the check says.
+                      TabCase{"NewFirm", "O00001001", "1", true, true, 1,
+                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+                              "FirmServers FirmInfo FirmActivity Discounts",
+                              3, 10},
+                      TabCase{"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
@@ -292,9 +273,9 @@ struct PopupCase {
   const char* tab;
   bool select;
   Variant tag;
-  const char* menu;  // "" when no menu opens
-  std::vector<std::string> shown;
-  std::vector<std::string> enabled;  // the shown entries that are enabled
+  const char* menu;     // "" when no menu opens
+  const char* shown;    // menu entries, by blanks
+  const char* enabled;  // the shown entries that are enabled, by blanks
 };
 
 class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterface<PopupCase> {};
@@ -323,153 +304,70 @@ TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
   }
   ASSERT_EQ(popups.size(), 1u);
   EXPECT_EQ(popups[0].menu, c.menu);
-  EXPECT_EQ(popups[0].shown, c.shown);
+  EXPECT_EQ(Join(popups[0].shown, " "), c.shown);
   Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
   ASSERT_NE(menu, nullptr);
   std::vector<std::string> enabled;
   for (const auto& name : popups[0].shown) {
     if (menu->Find(name)->Enabled()) enabled.push_back(name);
   }
-  EXPECT_EQ(enabled, c.enabled);
+  EXPECT_EQ(Join(enabled, " "), c.enabled);
 }
-
-const std::vector<std::string> kParams{"mnuFirmParametersNew", "mnuFirmParametersEdit",
-                                       "mnuFirmParametersDelete"};
 
 INSTANTIATE_TEST_SUITE_P(
     Tabs, FrmFirmsPopupTest,
     ::testing::Values(
-        PopupCase{"AccountsSelected",
-                  "O00001002",
-                  "Accounts",
-                  true,
-                  {},
-                  "mnuAccounts",
-                  {"mnuAccountsNew", "mnuAccountsEdit", "mnuAccountsDelete"},
-                  {"mnuAccountsNew", "mnuAccountsEdit", "mnuAccountsDelete"}},
+        PopupCase{"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
+                  "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete",
+                  "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
         // Delete is hidden, not disabled, so Edit stays enabled.
-        PopupCase{"AccountsEmpty",
-                  "O00001002",
-                  "Accounts",
-                  false,
-                  {},
-                  "mnuAccounts",
-                  {"mnuAccountsNew", "mnuAccountsEdit"},
-                  {"mnuAccountsNew", "mnuAccountsEdit"}},
-        PopupCase{"AccountsNewFirm",
-                  "O00001001",
-                  "Accounts",
-                  false,
-                  {},
-                  "mnuAccounts",
-                  {"mnuAccountsNew", "mnuAccountsEdit"},
-                  {"mnuAccountsEdit"}},
-        PopupCase{"GoodsSelected",
-                  "O00001002",
-                  "GOODS",
-                  true,
-                  {},
-                  "mnuMain",
-                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"},
-                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"}},
-        PopupCase{"GoodsNewFirm",
-                  "O00001001",
-                  "GOODS",
-                  false,
-                  {},
-                  "mnuMain",
-                  {"mnuToDesktop", "mnuGoodsToDesktop", "mnuPreview", "mnuBlank"},
-                  {"mnuBlank"}},
-        PopupCase{"FirmsSelected",
-                  "O00001001",
-                  "Firms",
-                  true,
-                  Variant("O00001002"),
-                  "mnuMain",
-                  {"mnuToDesktop", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
-                  {"mnuToDesktop", "mnuRefresh", "mnuBlank", "mnuFirmDelete"}},
-        PopupCase{"TrafficWithTag",
-                  "O00001002",
-                  "Traffic",
-                  true,
-                  Variant("O10000015"),
-                  "mnuMain",
-                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
-                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"}},
-        PopupCase{"TrafficWithoutTag",
-                  "O00001002",
-                  "Traffic",
-                  true,
-                  {},
-                  "mnuMain",
-                  {"mnuToDesktop", "mnuPreview", "mnuRefresh", "mnuBlank", "mnuFirmDelete"},
-                  {"mnuPreview", "mnuRefresh", "mnuBlank"}},
-        PopupCase{"ContactsSelected",
-                  "O00001002",
-                  "FirmContacts",
-                  true,
-                  {},
+        PopupCase{"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
+                  "mnuAccountsNew mnuAccountsEdit", "mnuAccountsNew mnuAccountsEdit"},
+        PopupCase{"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
+                  "mnuAccountsNew mnuAccountsEdit", "mnuAccountsEdit"},
+        PopupCase{"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
+                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank",
+                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
+        PopupCase{"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
+                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank", "mnuBlank"},
+        PopupCase{"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
+                  "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete",
+                  "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
+        PopupCase{"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
+                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete",
+                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
+        PopupCase{"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
+                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete",
+                  "mnuPreview mnuRefresh mnuBlank"},
+        PopupCase{"ContactsSelected", "O00001002", "FirmContacts", true, Variant(),
                   "mnuFirmParameters",
-                  kParams,
-                  kParams},
-        PopupCase{"AddressesEmpty",
-                  "O00001002",
-                  "FirmAddresses",
-                  false,
-                  {},
+                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
+                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+        PopupCase{"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(),
                   "mnuFirmParameters",
-                  kParams,
-                  {"mnuFirmParametersNew"}},
-        PopupCase{"ServersNewFirm",
-                  "O00001001",
-                  "FirmServers",
-                  true,
-                  {},
+                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
+                  "mnuFirmParametersNew"},
+        PopupCase{"ServersNewFirm", "O00001001", "FirmServers", true, Variant(),
                   "mnuFirmParameters",
-                  kParams,
-                  {"mnuFirmParametersEdit", "mnuFirmParametersDelete"}},
-        PopupCase{"ActivityEmpty",
-                  "O00001002",
-                  "FirmActivity",
-                  false,
-                  {},
+                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
+                  "mnuFirmParametersEdit mnuFirmParametersDelete"},
+        PopupCase{"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(),
                   "mnuFirmParameters",
-                  kParams,
-                  {"mnuFirmParametersNew"}},
-        PopupCase{"InfoSelected",
-                  "O00001002",
-                  "FirmInfo",
-                  true,
-                  {},
-                  "mnuFirmInfo",
-                  {"mnuFirmInfoAdd", "mnuFirmInfoEdit", "mnuFirmInfoDelete"},
-                  {"mnuFirmInfoAdd", "mnuFirmInfoEdit", "mnuFirmInfoDelete"}},
-        PopupCase{"DiscountsEmpty",
-                  "O00001002",
-                  "Discounts",
-                  false,
-                  {},
-                  "mnuDiscount",
-                  {"mnuDiscountNew", "mnuDiscountEdit", "mnuBlank0", "mnuDiscountDelete",
-                   "mnuBlank1", "mnuDiscountRefresh"},
-                  {"mnuDiscountNew", "mnuBlank0", "mnuBlank1", "mnuDiscountRefresh"}},
-        PopupCase{"ContractsWithTag",
-                  "O00001002",
-                  "FirmContracts",
-                  true,
-                  Variant("O20000011"),
-                  "mnuContracts",
-                  {"mnuContractToDeskTop", "mnuContractRefresh"},
-                  {"mnuContractToDeskTop", "mnuContractRefresh"}},
-        PopupCase{"ContractsEmpty",
-                  "O00001002",
-                  "FirmContracts",
-                  false,
-                  {},
-                  "mnuContracts",
-                  {"mnuContractToDeskTop", "mnuContractRefresh"},
-                  {"mnuContractRefresh"}},
-        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", {}, {}}),
+                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
+                  "mnuFirmParametersNew"},
+        PopupCase{"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
+                  "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete",
+                  "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
+        PopupCase{"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
+                  "mnuDiscountNew mnuDiscountEdit mnuBlank0 mnuDiscountDelete mnuBlank1 "
+                  "mnuDiscountRefresh",
+                  "mnuDiscountNew mnuBlank0 mnuBlank1 mnuDiscountRefresh"},
+        PopupCase{"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
+                  "mnuContracts", "mnuContractToDeskTop mnuContractRefresh",
+                  "mnuContractToDeskTop mnuContractRefresh"},
+        PopupCase{"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
+                  "mnuContractToDeskTop mnuContractRefresh", "mnuContractRefresh"},
+        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", "", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {

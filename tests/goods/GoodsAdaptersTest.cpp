@@ -104,7 +104,7 @@ struct MenuCase {
   const char* otype;
   bool canPrice;
   bool canDelete;
-  std::vector<std::string> lines;
+  const char* lines;  // "key caption" of each entry, joined by "|"
 };
 
 class GoodsMenuTest : public GoodsAdaptersTest, public ::testing::WithParamInterface<MenuCase> {};
@@ -115,52 +115,22 @@ TEST_P(GoodsMenuTest, EntriesFollowKindAndRights) {
   if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
   auto menu = Goods()->GetMenu(c.oidr, c.otype, "");
   ASSERT_TRUE(menu);
-  EXPECT_EQ(Lines(menu), c.lines);
+  EXPECT_EQ(Join(Lines(menu), "|"), c.lines);
   for (const auto& item : *menu) {
     EXPECT_EQ(item.Tag, nullptr);
     EXPECT_EQ(item.Flags, 0);
   }
 }
 
-const std::vector<std::string> kRootMenu{"2 Sukurti naują &grupę",
-                                         "100 -",
-                                         "5 &Atrinkti",
-                                         "6 P&eržiūros nustatymai",
-                                         "100 -",
-                                         "8 Pagalba",
-                                         "100 -"};
-
-const std::vector<std::string> kFolderMenu{"0 Padėti &ant darbo stalo",
-                                           "100 -",
-                                           "1 Pridėti &naują prekę",
-                                           "2 Sukurti naują &grupę",
-                                           "3 Sukurti p&ogrupį",
-                                           "100 -",
-                                           "9 Kainų keitimas",
-                                           "100 -",
-                                           "10 Garantijos pridėjimas",
-                                           "100 -",
-                                           "5 &Atrinkti",
-                                           "6 P&eržiūros nustatymai",
-                                           "100 -",
-                                           "7 &Panaikinti",
-                                           "100 -",
-                                           "8 Pagalba",
-                                           "100 -"};
-
-const std::vector<std::string> kGoodMenu{"0 Padėti &ant darbo stalo",
-                                         "100 -",
-                                         "1 Pridėti &naują prekę",
-                                         "100 -",
-                                         "4 &Kopijuoti",
-                                         "100 -",
-                                         "5 &Atrinkti",
-                                         "6 P&eržiūros nustatymai",
-                                         "100 -",
-                                         "7 &Panaikinti",
-                                         "100 -",
-                                         "8 Pagalba",
-                                         "100 -"};
+constexpr const char* kRootMenu =
+    "2 Sukurti naują &grupę|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|8 Pagalba|100 -";
+constexpr const char* kFolderMenu =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+    "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|100 -|5 &Atrinkti|"
+    "6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
+constexpr const char* kGoodMenu =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|100 -|"
+    "5 &Atrinkti|6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, GoodsMenuTest,
@@ -171,35 +141,20 @@ INSTANTIATE_TEST_SUITE_P(
         MenuCase{"Group", "O00002001", "CGroup", true, true, kFolderMenu},
         MenuCase{"InactiveGroupLowerCase", "O00002001", "ogroupna", true, true, kFolderMenu},
         MenuCase{"RootTypeBelowTheCatalogue", "O00002001", "Root", true, true, kFolderMenu},
-        MenuCase{
-            "GroupWithoutPriceRight",
-            "O00002001",
-            "OGroup",
-            false,
-            true,
-            {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują prekę",
-             "2 Sukurti naują &grupę", "3 Sukurti p&ogrupį", "100 -", "5 &Atrinkti",
-             "6 P&eržiūros nustatymai", "100 -", "7 &Panaikinti", "100 -", "8 Pagalba", "100 -"}},
+        MenuCase{"GroupWithoutPriceRight", "O00002001", "OGroup", false, true,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
+                 "7 &Panaikinti|100 -|8 Pagalba|100 -"},
         // Without the delete right two separators stand together.
-        MenuCase{"GroupWithoutDelete",
-                 "O00002001",
-                 "CGroup",
-                 true,
-                 false,
-                 {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują prekę",
-                  "2 Sukurti naują &grupę", "3 Sukurti p&ogrupį", "100 -", "9 Kainų keitimas",
-                  "100 -", "10 Garantijos pridėjimas", "100 -", "5 &Atrinkti",
-                  "6 P&eržiūros nustatymai", "100 -", "100 -", "8 Pagalba", "100 -"}},
+        MenuCase{"GroupWithoutDelete", "O00002001", "CGroup", true, false,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
+                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
         MenuCase{"Good", "O00002002", "C", true, true, kGoodMenu},
         MenuCase{"Service", "O00002004", "Service", false, true, kGoodMenu},
-        MenuCase{"GoodWithoutDelete",
-                 "O00002002",
-                 "GoodNA",
-                 true,
-                 false,
-                 {"0 Padėti &ant darbo stalo", "100 -", "1 Pridėti &naują prekę", "100 -",
-                  "4 &Kopijuoti", "100 -", "5 &Atrinkti", "6 P&eržiūros nustatymai", "100 -",
-                  "100 -", "8 Pagalba", "100 -"}}),
+        MenuCase{"GoodWithoutDelete", "O00002002", "GoodNA", true, false,
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
+                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // ---- list settings ----
