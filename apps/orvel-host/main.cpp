@@ -2,7 +2,7 @@
 // sample database, loads libOrvelCommonUI.so at run time, registers it and
 // drives its catalogues from the terminal or from a script.
 //
-//   orvel-host [--db PATH] [--user NAME] [--module PATH] [--script FILE] [--trace]
+//   orvel-host [--db PATH | postgresql://USER@HOST:PORT/DB] [--user NAME] [--module PATH] [--script FILE] [--trace]
 //              [--rates-mirror]
 //
 // Without --db the database lives in the user's data folder
@@ -61,7 +61,7 @@ int main(int argc, char** argv) {
     std::cerr << "orvel-host: " << error << "\n";
     return 1;
   }
-  std::cout << "Orvel Apskaita: " << options.databasePath << ", naudotojas " << options.userName
+  std::cout << "Orvel Apskaita: " << options.databasePath << ", naudotojas " << host.UserName()
             << "\n";
   if (script.empty() && isatty(STDIN_FILENO)) std::cout << "Komandų sąrašas: help\n";
   if (trace) {

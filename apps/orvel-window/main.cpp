@@ -69,7 +69,7 @@ int main(int argc, char** argv) {
   int status = 0;
   {
     orvel::MainWindow window(host, *ui, prompter, command.options.databasePath,
-                             command.options.userName);
+                             host.UserName());
     printout.SetParentWidget(&window);
     window.show();
     status = QApplication::exec();

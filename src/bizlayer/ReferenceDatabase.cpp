@@ -8,6 +8,7 @@
 
 #include "bizlayer/CatalogueTable.h"
 #include "bizlayer/SchemaPart.h"
+#include "bizlayer/PgDatabase.h"
 #include "bizlayer/PgDialect.h"
 #include "bizlayer/SchemaParts.h"
 #include "bizlayer/SqliteDatabase.h"
@@ -689,6 +690,28 @@ void DescribeCatalogue(Database& db, const CatalogueTable& catalogue) {
 }
 
 std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
+  if (PgDatabase::IsUrl(path)) {
+    auto server = std::make_shared<PgDatabase>(path);
+    // Two workstations started at once on a new server: one makes the office,
+    // the other waits for it and finds it made.
+    server->Exec("SELECT pg_advisory_lock(730101)");
+    try {
+      if (!TableExists(*server, "schema_parts")) {
+        MakeOffice(*server);
+        // The login that makes the office is its first bookkeeper, with every right.
+        GrantEverything(*server, server->User());
+      } else if (!SchemaIsComplete(*server)) {
+        Transaction transaction(*server);
+        CompleteSchema(*server);
+        transaction.Commit();
+      }
+    } catch (...) {
+      server->Exec("SELECT pg_advisory_unlock(730101)");
+      throw;
+    }
+    server->Exec("SELECT pg_advisory_unlock(730101)");
+    return server;
+  }
   auto db = std::make_shared<SqliteDatabase>(path);
   // Read and let go: an open statement would keep the upgrade below from
   // dropping or remaking a table.

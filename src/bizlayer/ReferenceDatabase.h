@@ -13,7 +13,10 @@ class Database;
 // nothing.
 class ReferenceDatabase {
  public:
-  // Opens or creates the database at `path`. DatabaseError on failure.
+  // Opens or creates the database at `path`: a SQLite file, or an office's
+  // PostgreSQL server by its URL ("postgresql://user@host:port/db"), where
+  // the first start makes the office and its login the first bookkeeper.
+  // DatabaseError on failure.
   static std::shared_ptr<Database> Open(const std::string& path);
 
   // The schema's version, kept in PRAGMA user_version. A file of version 1

@@ -33,7 +33,7 @@ bool HostCommandLine::Parse(int argc, char** argv) {
 }
 
 const char* HostCommandLine::Usage() {
-  return "[--db PATH] [--user NAME] [--module PATH] [--script FILE] [--trace] [--rates-mirror]";
+  return "[--db PATH | postgresql://USER@HOST:PORT/DB] [--user NAME] [--module PATH] [--script FILE] [--trace] [--rates-mirror]";
 }
 
 std::string DefaultDatabasePath() {

@@ -1,5 +1,7 @@
 #include "refhost/ReferenceHost.h"
 
+#include "bizlayer/PgDatabase.h"
+
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/Database.h"
@@ -42,9 +44,19 @@ bool ReferenceHost::Start(const Options& options, std::string& error) {
     return false;
   }
 
+  userName_ = options.userName.empty() ? "admin" : options.userName;
+  if (auto* server = dynamic_cast<PgDatabase*>(db_.get())) {
+    const std::string login = server->User();
+    if (!options.userName.empty() && options.userName != login) {
+      error = "Prie serverio prisijungta kaip " + login + ": naudotojo " + options.userName +
+              " nurodyti negalima";
+      return false;
+    }
+    userName_ = login;
+  }
   std::shared_ptr<ReferenceUser> user;
   try {
-    user = std::make_shared<ReferenceUser>(*db_, options.userName);
+    user = std::make_shared<ReferenceUser>(*db_, userName_);
   } catch (const std::exception& e) {
     error = e.what();
     return false;

@@ -28,7 +28,9 @@ class ReferenceHost {
   struct Options {
     std::string databasePath;
     std::string modulePath;
-    std::string userName = "admin";
+    // On a file, the bookkeeper ("admin" when not given); on a server the
+    // bookkeeper is the login, and another name is refused.
+    std::string userName;
     std::string appPath;
   };
 
@@ -42,6 +44,8 @@ class ReferenceHost {
   // False, with the reason in `error`, when the database, the module, the
   // user or the registration failed.
   bool Start(const Options& options, std::string& error);
+  // The bookkeeper the host runs for, after a good start.
+  const std::string& UserName() const { return userName_; }
 
   OrvelModule& Module() { return *module_; }
   BusinessLayer& Layer() { return *layer_; }
@@ -61,6 +65,7 @@ class ReferenceHost {
   std::unique_ptr<ModuleLibrary> library_;
   OrvelModule* module_ = nullptr;
   std::shared_ptr<orvel::Database> db_;
+  std::string userName_;
   std::unique_ptr<BusinessLayer> layer_;
   std::shared_ptr<RegisteredCatalogue> catalogue_;
   std::shared_ptr<HostUi> ui_;

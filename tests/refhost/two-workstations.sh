@@ -6,17 +6,27 @@
 # bank, firm and goods cards read the record again at once (B's change
 # shown, A's edit gone); the reference-book card keeps A's edit on the card
 # until A cancels it, which reads the record again.
-#   two-workstations.sh ORVEL-HOST
+#   two-workstations.sh ORVEL-HOST            on a new SQLite file
+#   two-workstations.sh ORVEL-HOST STATE      on a new database of the
+#                                             PostgreSQL server that
+#                                             tests/pg/pg-server.sh started
 set -eu
 host=$1
 work=$(mktemp -d)
 a=
+server=
 cleanup() {
   [ -n "$a" ] && kill "$a" 2>/dev/null
+  [ -n "$server" ] && psql -q "$server" -c "DROP DATABASE IF EXISTS office_$$" 2>/dev/null
   rm -rf "$work"
 }
 trap cleanup EXIT
 db=$work/office.db
+if [ $# -gt 1 ]; then
+  server=$(head -n 1 "$2")
+  psql -q "$server" -c "CREATE DATABASE office_$$"
+  db=${server%/*}/office_$$
+fi
 : >"$work/none.txt"
 "$host" --db "$db" --script "$work/none.txt" >/dev/null
 
@@ -83,3 +93,14 @@ road O00016027 Name "Įstaiga (A)" Code VI-2 "press cmdCancel"
 printf 'quit\n' >&3
 wait "$a"
 a=
+
+# On a server the bookkeeper is the login: another name is refused.
+if [ -n "$server" ]; then
+  if "$host" --db "$db" --user admin --script "$work/none.txt" >"$work/claim.out" 2>&1 ||
+    ! grep -q "naudotojo admin nurodyti negalima" "$work/claim.out"; then
+    echo "a workstation claimed another bookkeeper than its login:"
+    cat "$work/claim.out"
+    exit 1
+  fi
+  echo "--user admin refused: the login is the bookkeeper"
+fi
