@@ -732,6 +732,126 @@ std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
   return db;
 }
 
+namespace {
+
+bool SameName(const std::string& a, const std::string& b) {
+  return a.size() == b.size() &&
+         std::equal(a.begin(), a.end(), b.begin(), [](char x, char y) {
+           return std::tolower(static_cast<unsigned char>(x)) ==
+                  std::tolower(static_cast<unsigned char>(y));
+         });
+}
+
+// The tables of a database in the order they were made, so that a table
+// comes after those it names.
+std::vector<std::string> TablesInOrder(Database& db) {
+  auto tables = db.Prepare(
+      db.Kind() == Database::Engine::Postgres
+          ? "SELECT c.relname FROM pg_class c JOIN pg_namespace n ON n.oid = c.relnamespace"
+            " WHERE n.nspname = current_schema() AND c.relkind = 'r' ORDER BY c.oid"
+          : "SELECT name FROM sqlite_master WHERE type = 'table' AND name NOT LIKE 'sqlite_%'"
+            " ORDER BY rowid");
+  std::vector<std::string> made;
+  while (tables.Step()) made.push_back(tables.Column(0).String());
+  // What other records name comes first: the reference books (a good names
+  // its unit, a firm its type), the stock templates and document groups, the
+  // banks and currencies; the checks of the tables that name them ask for them.
+  std::vector<std::string> out;
+  for (const auto& catalogue : Catalogues()) {
+    const bool named = catalogue.oid.rfind("O00016", 0) == 0 || catalogue.oid == "O0201600" ||
+                       catalogue.oid == "O1000200" || catalogue.oid == "O0000300" ||
+                       catalogue.oid == "O0002200";
+    if (!named || !catalogue.view.empty()) continue;
+    for (const auto& table : made) {
+      if (SameName(table, catalogue.name)) out.push_back(table);
+    }
+  }
+  for (const auto& table : made) {
+    if (std::find(out.begin(), out.end(), table) == out.end()) out.push_back(table);
+  }
+  return out;
+}
+
+std::vector<std::string> ColumnNames(Database& db, const std::string& table) {
+  auto columns = db.Prepare("SELECT * FROM " + table + " WHERE 1 = 0");
+  std::vector<std::string> out;
+  for (int c = 0; c < columns.ColumnCount(); ++c) out.push_back(columns.ColumnName(c));
+  return out;
+}
+
+
+}  // namespace
+
+int64_t ReferenceDatabase::CopyOffice(Database& from, Database& to) {
+  if (TableExists(to, "schema_parts")) {
+    throw DatabaseError(-1, "Į " + to.Path() + " kopijuoti negalima: ten jau yra duomenų bazė");
+  }
+  Transaction transaction(to);
+  if (to.Kind() == Database::Engine::Postgres) to.Exec(PgPrelude());
+  CreateSchema(to);
+  to.Exec("CREATE TABLE IF NOT EXISTS schema_parts (Name TEXT PRIMARY KEY)");
+  for (const auto& part : SchemaParts()) {
+    if (part.create) part.create(to);
+  }
+  CreateMissingCatalogues(to);
+  // The rows come in as they are, with no trigger of the tables firing
+  // (names made from other fields, checks, versions moved on). A file's
+  // triggers are made again after the copy, its references checked at the
+  // commit; a server's rest while each table is filled.
+  const bool server = to.Kind() == Database::Engine::Postgres;
+  std::vector<std::string> triggers;
+  if (!server) {
+    to.Exec("PRAGMA defer_foreign_keys = ON");
+    auto made = to.Prepare("SELECT name, sql FROM sqlite_master WHERE type = 'trigger'");
+    std::vector<std::string> names;
+    while (made.Step()) {
+      names.push_back(made.Column(0).String());
+      triggers.push_back(made.Column(1).String());
+    }
+    for (const auto& name : names) to.Exec("DROP TRIGGER " + name);
+  }
+  int64_t copied = 0;
+  for (const std::string& table : TablesInOrder(from)) {
+    if (!TableExists(to, table)) continue;
+    std::vector<std::string> columns;
+    const auto theirs = ColumnNames(to, table);
+    for (const std::string& column : ColumnNames(from, table)) {
+      if (std::any_of(theirs.begin(), theirs.end(),
+                      [&](const std::string& c) { return SameName(c, column); })) {
+        columns.push_back(column);
+      }
+    }
+    if (columns.empty()) continue;
+    std::string list;
+    std::string marks;
+    for (const auto& column : columns) {
+      list += (list.empty() ? "" : ", ") + column;
+      marks += marks.empty() ? "?" : ", ?";
+    }
+    to.Exec("DELETE FROM " + table);
+    if (server) to.Exec("ALTER TABLE " + table + " DISABLE TRIGGER USER");
+    auto read = from.Prepare("SELECT " + list + " FROM " + table);
+    auto write = to.Prepare("INSERT INTO " + table + " (" + list + ") VALUES (" + marks + ")");
+    while (read.Step()) {
+      write.Reset();
+      for (size_t c = 0; c < columns.size(); ++c) {
+        write.Bind(static_cast<int>(c) + 1, read.Column(static_cast<int>(c)));
+      }
+      write.Run();
+      ++copied;
+    }
+    const bool keyed = SameName(columns.front(), "ID");
+    if (server) {
+      to.Exec("ALTER TABLE " + table + " ENABLE TRIGGER USER");
+      if (keyed) to.Prepare(PgFollowIds(table)).Run();
+    }
+  }
+  for (const auto& trigger : triggers) to.Exec(trigger);
+  if (!server) to.Exec("PRAGMA user_version = " + std::to_string(kSchemaVersion));
+  transaction.Commit();
+  return copied;
+}
+
 void ReferenceDatabase::MakeOffice(Database& db) {
   Transaction transaction(db);
   if (db.Kind() == Database::Engine::Postgres) db.Exec(PgPrelude());

@@ -29,6 +29,13 @@ class ReferenceDatabase {
   // data, in one transaction.
   static void MakeOffice(Database& db);
 
+  // Copies a whole office into an empty database, a file into a server or
+  // back: the schema is made in `to`, then every table's rows are copied
+  // with their IDs and versions, parents before the tables that name them.
+  // Answers the number of rows copied. `to` that holds an office already is
+  // refused (DatabaseError), and a failure leaves `to` as it was.
+  static int64_t CopyOffice(Database& from, Database& to);
+
   static void CreateSchema(Database& db);
   static void SeedSampleData(Database& db);
   // Makes `user` a user (when not one yet) holding every right: the row "*".

@@ -20,6 +20,12 @@ bool HostCommandLine::Parse(int argc, char** argv) {
       ratesMirror = true;
       continue;
     }
+    if (arg == "--copy-db") {
+      if (i + 2 >= argc) return false;
+      copyFrom = argv[++i];
+      copyTo = argv[++i];
+      continue;
+    }
     std::string* target = arg == "--db"       ? &options.databasePath
                           : arg == "--user"   ? &options.userName
                           : arg == "--module" ? &options.modulePath
@@ -33,7 +39,8 @@ bool HostCommandLine::Parse(int argc, char** argv) {
 }
 
 const char* HostCommandLine::Usage() {
-  return "[--db PATH | postgresql://USER@HOST:PORT/DB] [--user NAME] [--module PATH] [--script FILE] [--trace] [--rates-mirror]";
+  return "[--db PATH | postgresql://USER@HOST:PORT/DB] [--user NAME] [--module PATH]"
+         " [--script FILE] [--trace] [--rates-mirror] | --copy-db FROM TO";
 }
 
 std::string DefaultDatabasePath() {

@@ -11,6 +11,7 @@ class LoopbackRateService;
 
 // The command line both programs of the reference host take:
 //   [--db PATH] [--user NAME] [--module PATH] [--script FILE] [--trace] [--rates-mirror]
+// or, to move an office from a file to a server or back, --copy-db FROM TO.
 // Without --db the database lives in the user's data folder
 // ($XDG_DATA_HOME/orvel/orvel.db, else ~/.local/share/orvel/orvel.db).
 struct HostCommandLine {
@@ -18,6 +19,8 @@ struct HostCommandLine {
   std::string script;
   bool trace = false;
   bool ratesMirror = false;
+  std::string copyFrom;  // --copy-db FROM TO
+  std::string copyTo;
 
   // False when an argument is unknown or lacks its value.
   bool Parse(int argc, char** argv);

@@ -30,8 +30,10 @@ const CatalogueTable& CatalogueFor(const std::string& oid) {
 // memory, or a schema of its own on the tests' PostgreSQL server.
 class LayerEngine : public ContractEngine {
  public:
-  explicit LayerEngine(std::shared_ptr<Database> db)
-      : db_(std::move(db)), layer_(std::make_unique<BusinessLayer>(db_)) {
+  // `copied`: the sample office is made on SQLite and copied over, as an
+  // office moves from one desk to its server.
+  explicit LayerEngine(std::shared_ptr<Database> db, bool copied = false)
+      : db_(std::move(db)), layer_(std::make_unique<BusinessLayer>(db_)), copied_(copied) {
     ReferenceDatabase::CreateSchema(*db_);
     ReferenceDatabase::GrantEverything(*db_, "rūta");
     ReferenceDatabase::GrantEverything(*db_, "jonas");
@@ -66,7 +68,11 @@ class LayerEngine : public ContractEngine {
       other_.reset();
       layer_.reset();
       db_ = std::make_shared<ScratchPgDatabase>();
-      ReferenceDatabase::MakeOffice(*db_);
+      if (copied_) {
+        ReferenceDatabase::CopyOffice(*ReferenceDatabase::Open(":memory:"), *db_);
+      } else {
+        ReferenceDatabase::MakeOffice(*db_);
+      }
     }
     ReferenceDatabase::GrantEverything(*db_, "rūta");
     ReferenceDatabase::GrantEverything(*db_, "jonas");
@@ -131,6 +137,7 @@ class LayerEngine : public ContractEngine {
   std::shared_ptr<Database> db_;
   std::unique_ptr<BusinessLayer> layer_;
   std::unique_ptr<BusinessLayer> other_;
+  bool copied_;
 };
 
 // The in-memory host's business objects, each table declared with the
@@ -210,6 +217,11 @@ const std::vector<EngineKind>& Engines() {
        [] {
          return std::unique_ptr<ContractEngine>(
              new LayerEngine(std::make_shared<ScratchPgDatabase>()));
+       }},
+      {"PostgresCopied", true,
+       [] {
+         return std::unique_ptr<ContractEngine>(
+             new LayerEngine(std::make_shared<ScratchPgDatabase>(), true));
        }},
   };
   return engines;
