@@ -342,14 +342,14 @@ void MemoryRecordset::SetFilter(const Variant& criteria) {
                                                        : !criteria.Boolean();
       if (!zero) {
         throw RuntimeError(RuntimeError::kBadFilter,
-                           "Invalid filter: the only number a filter takes is 0 (no filter), not " +
+                           "Netinkamas filtras: skaičius gali būti tik 0 (be filtro), ne " +
                                Describe(criteria));
       }
       break;
     }
     default:
       throw RuntimeError(RuntimeError::kBadFilter,
-                         "Invalid filter: criteria text or 0 expected, not " + Describe(criteria));
+                         "Netinkamas filtras: laukta sąlygos teksto arba 0, ne " + Describe(criteria));
   }
   // Work out the new view before touching the old one, so that a failure
   // leaves the previous filter in force.

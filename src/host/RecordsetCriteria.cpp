@@ -267,8 +267,8 @@ class Parser {
     uint32_t root = ParseSequence(0);
     SkipBlanks();
     if (!AtEnd()) {
-      if (Peek() == ')') Fail(pos_, "')' without a matching '('");
-      Fail(pos_, "expected AND or OR");
+      if (Peek() == ')') Fail(pos_, "')' be atitinkamo '('");
+      Fail(pos_, "laukta AND arba OR");
     }
     return root;
   }
@@ -288,8 +288,8 @@ class Parser {
     }
     std::string shown(source_.substr(0, kShownLength));
     if (source_.size() > kShownLength) shown += "...";
-    throw RuntimeError(RuntimeError::kBadFilter, "Invalid filter \"" + shown + "\": " + problem +
-                                                     " at position " + std::to_string(position));
+    throw RuntimeError(RuntimeError::kBadFilter, "Netinkamas filtras \"" + shown + "\": " + problem +
+                                                     ", pozicija " + std::to_string(position));
   }
 
   bool TakeChar(char c) {
@@ -334,7 +334,7 @@ class Parser {
       }
       uint32_t next = ParseTerm(depth);
       if (!isOr && (hasOr || IsOrGroup(next))) {
-        Fail(at, "clauses joined by OR cannot be joined to another clause by AND");
+        Fail(at, "OR sujungtų sąlygų negalima AND jungti su kita sąlyga");
       }
       hasOr = hasOr || isOr;
       children.push_back(next);
@@ -351,17 +351,17 @@ class Parser {
 
   uint32_t ParseTerm(int depth) {
     SkipBlanks();
-    if (AtEnd()) Fail(pos_, "expected a field name");
+    if (AtEnd()) Fail(pos_, "laukta lauko vardo");
     if (Peek() != '(') return ParseComparison();
     size_t open = pos_;
-    if (depth >= kMaxDepth) Fail(open, "parentheses nested too deeply");
+    if (depth >= kMaxDepth) Fail(open, "per daug įdėtų skliaustų");
     ++pos_;
     SkipBlanks();
-    if (!AtEnd() && Peek() == ')') Fail(open, "empty parentheses");
+    if (!AtEnd() && Peek() == ')') Fail(open, "tušti skliaustai");
     uint32_t inner = ParseSequence(depth + 1);
     SkipBlanks();
-    if (AtEnd()) Fail(open, "'(' without a matching ')'");
-    if (Peek() != ')') Fail(pos_, "expected AND, OR or ')'");
+    if (AtEnd()) Fail(open, "'(' be atitinkamo ')'");
+    if (Peek() != ')') Fail(pos_, "laukta AND, OR arba ')'");
     ++pos_;
     return inner;
   }
@@ -370,7 +370,7 @@ class Parser {
     for (size_t i = 0; i < fieldNames_.size(); ++i) {
       if (TextEquals(fieldNames_[i], name)) return static_cast<uint32_t>(i);
     }
-    Fail(at, "unknown field '" + std::string(name) + "'");
+    Fail(at, "nežinomas laukas '" + std::string(name) + "'");
   }
 
   uint32_t ParseComparison() {
@@ -379,16 +379,16 @@ class Parser {
     std::string_view name;
     if (Peek() == '[') {
       size_t close = source_.find(']', pos_ + 1);
-      if (close == std::string_view::npos) Fail(fieldAt, "'[' without a matching ']'");
+      if (close == std::string_view::npos) Fail(fieldAt, "'[' be atitinkamo ']'");
       name = source_.substr(pos_ + 1, close - pos_ - 1);
-      if (TrimBlanks(name).empty()) Fail(fieldAt, "empty field name in [ ]");
+      if (TrimBlanks(name).empty()) Fail(fieldAt, "tuščias lauko vardas [ ]");
       pos_ = close + 1;
     } else if (IsNameChar(Peek())) {
       size_t start = pos_;
       while (!AtEnd() && IsNameChar(Peek())) ++pos_;
       name = source_.substr(start, pos_ - start);
     } else {
-      Fail(pos_, "expected a field name");
+      Fail(pos_, "laukta lauko vardo");
     }
     leaf.column = ResolveField(name, fieldAt);
     SkipBlanks();
@@ -402,7 +402,7 @@ class Parser {
   }
 
   Op ParseOperator() {
-    static const char* const kExpected = "expected an operator (= <> < > <= >= LIKE)";
+    static const char* const kExpected = "laukta operatoriaus (= <> < > <= >= LIKE)";
     if (AtEnd()) Fail(pos_, kExpected);
     switch (Peek()) {
       case '=':
@@ -424,7 +424,7 @@ class Parser {
   }
 
   void ParseValue(Node& leaf) {
-    static const char* const kExpected = "expected a value ('text', #date# or a number)";
+    static const char* const kExpected = "laukta reikšmės ('tekstas', #data# arba skaičius)";
     if (AtEnd()) Fail(pos_, kExpected);
     size_t start = pos_;
     char c = Peek();
@@ -433,7 +433,7 @@ class Parser {
       ++pos_;
       for (;;) {
         size_t quote = source_.find('\'', pos_);
-        if (quote == std::string_view::npos) Fail(start, "text value without a closing quote");
+        if (quote == std::string_view::npos) Fail(start, "tekstinė reikšmė be uždarančios kabutės");
         leaf.text.append(source_.substr(pos_, quote - pos_));
         pos_ = quote + 1;
         if (AtEnd() || Peek() != '\'') break;
@@ -446,12 +446,12 @@ class Parser {
     }
     if (c == '#') {
       size_t close = source_.find('#', pos_ + 1);
-      if (close == std::string_view::npos) Fail(start, "date value without a closing #");
+      if (close == std::string_view::npos) Fail(start, "datos reikšmė be uždarančio #");
       std::string_view body = source_.substr(pos_ + 1, close - pos_ - 1);
       auto serial = ReadDate(body);
       if (!serial) {
         Fail(start,
-             "'" + std::string(body) + "' is not a date (yyyy-MM-dd, yyyy.MM.dd or M/d/yyyy)");
+             "'" + std::string(body) + "' nėra data (yyyy-MM-dd, yyyy.MM.dd arba M/d/yyyy)");
       }
       leaf.kind = ValueKind::Date;
       leaf.text.assign(body);
@@ -465,7 +465,7 @@ class Parser {
       while (!AtEnd() && !IsBlank(Peek()) && Peek() != ')') ++pos_;
       std::string_view token = source_.substr(start, pos_ - start);
       auto value = ReadDecimal(token);
-      if (!value) Fail(start, "'" + std::string(token) + "' is not a number");
+      if (!value) Fail(start, "'" + std::string(token) + "' nėra skaičius");
       leaf.kind = ValueKind::Number;
       leaf.text.assign(token);
       leaf.number = *value;
@@ -474,14 +474,14 @@ class Parser {
     if (IsNameChar(c)) {
       while (!AtEnd() && IsNameChar(Peek())) ++pos_;
       std::string_view word = source_.substr(start, pos_ - start);
-      if (KeywordEquals(word, "NULL")) Fail(start, "a value cannot be Null");
-      Fail(start, std::string(kExpected) + ", found '" + std::string(word) + "'");
+      if (KeywordEquals(word, "NULL")) Fail(start, "reikšmė negali būti Null");
+      Fail(start, std::string(kExpected) + ", rasta '" + std::string(word) + "'");
     }
     Fail(start, kExpected);
   }
 
   void ShapeLike(Node& leaf, size_t valueAt) const {
-    if (leaf.kind != ValueKind::Text) Fail(valueAt, "LIKE takes a text value in quotes");
+    if (leaf.kind != ValueKind::Text) Fail(valueAt, "LIKE reikia tekstinės reikšmės kabutėse");
     std::string_view pattern = leaf.text;
     bool atEnd = !pattern.empty() && IsWildcard(pattern.back());
     // A lone wildcard counts as the one at the end.
@@ -492,7 +492,7 @@ class Parser {
     bool inside = false;
     for (char c : core) inside = inside || IsWildcard(c);
     if (inside || (atStart && !atEnd)) {
-      Fail(valueAt, "a LIKE pattern takes * or % only at its end or at both ends");
+      Fail(valueAt, "LIKE šablone * arba % gali būti tik gale arba abiejuose galuose");
     }
     leaf.like = atStart ? LikeForm::Contains : atEnd ? LikeForm::Prefix : LikeForm::Exact;
     std::string key;

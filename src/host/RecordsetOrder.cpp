@@ -48,8 +48,8 @@ Direction DirectionOf(std::string_view word) {
   constexpr size_t kShownLength = 200;
   std::string shown(keys.substr(0, kShownLength));
   if (keys.size() > kShownLength) shown += "...";
-  throw RuntimeError(RuntimeError::kBadFilter, "Invalid sort \"" + shown + "\": " + problem +
-                                                   " at position " + std::to_string(position));
+  throw RuntimeError(RuntimeError::kBadFilter, "Netinkamas rikiavimas \"" + shown + "\": " + problem +
+                                                   ", pozicija " + std::to_string(position));
 }
 
 // ---- the sort keys of every row, built once per sort ----
@@ -218,19 +218,19 @@ RecordsetOrder RecordsetOrder::Parse(std::string_view keys,
     while (lead < piece.size() && IsBlank(piece[lead])) ++lead;
     size_t pieceAt = start + lead;
     piece = TrimBlanks(piece);
-    if (piece.empty()) BadSort(keys, pieceAt, "empty sort key");
+    if (piece.empty()) BadSort(keys, pieceAt, "tuščias rikiavimo raktas");
 
     std::string_view name;
     Direction direction = Direction::None;
     if (piece.front() == '[') {
       size_t close = piece.find(']');
-      if (close == std::string_view::npos) BadSort(keys, pieceAt, "'[' without a matching ']'");
+      if (close == std::string_view::npos) BadSort(keys, pieceAt, "'[' be atitinkamo ']'");
       name = piece.substr(1, close - 1);
       std::string_view rest = TrimBlanks(piece.substr(close + 1));
       if (!rest.empty()) {
         direction = DirectionOf(rest);
         if (direction == Direction::None) {
-          BadSort(keys, pieceAt + close + 1, "expected ASC or DESC after the field name");
+          BadSort(keys, pieceAt + close + 1, "po lauko vardo laukta ASC arba DESC");
         }
       }
     } else {

@@ -135,7 +135,7 @@ TEST_P(RecordsetFilterRefuses, NamesTheProblemAndItsPositionAndKeepsThePreviousF
   } catch (const RuntimeError& e) {
     EXPECT_EQ(e.Number(), RuntimeError::kBadFilter);
     EXPECT_THAT(e.Text(), HasSubstr(GetParam().problem));
-    EXPECT_THAT(e.Text(), HasSubstr("at position " + std::to_string(GetParam().position)));
+    EXPECT_THAT(e.Text(), HasSubstr("pozicija " + std::to_string(GetParam().position)));
   }
   EXPECT_EQ(rs.Filter(), Variant("Code = 'EUR'"));
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(3));  // still on the second match
@@ -145,54 +145,54 @@ TEST_P(RecordsetFilterRefuses, NamesTheProblemAndItsPositionAndKeepsThePreviousF
 INSTANTIATE_TEST_SUITE_P(
     Grammar, RecordsetFilterRefuses,
     ::testing::Values(
-        BadCase{"Nope = 1", "unknown field 'Nope'", 1},
-        BadCase{"ID = 1 AND Šalis = 2", "unknown field 'Šalis'", 12},
-        BadCase{"ID 1", "expected an operator", 4}, BadCase{"ID ! 1", "expected an operator", 4},
-        BadCase{"ID != 1", "expected an operator", 4},
-        BadCase{"Name IS 'x'", "expected an operator", 6},
-        BadCase{"ID == 1", "expected a value", 5}, BadCase{"ID =", "expected a value", 5},
-        BadCase{"Code = EUR", "found 'EUR'", 8}, BadCase{"ID = Null", "cannot be Null", 6},
-        BadCase{"Code = 'EUR", "without a closing quote", 8},
-        BadCase{"Code = 'O''", "without a closing quote", 8},
-        BadCase{"Date = #2024-01-01", "without a closing #", 8},
-        BadCase{"Date = #2024-13-01#", "'2024-13-01' is not a date", 8},
-        BadCase{"Date = #2/30/2024#", "is not a date", 8}, BadCase{"Date = ##", "is not a date", 8},
-        BadCase{"ID = 1.2.3", "'1.2.3' is not a number", 6},
-        BadCase{"ID = 5abc", "'5abc' is not a number", 6},
-        BadCase{"ID = 1,5", "'1,5' is not a number", 6}, BadCase{"ID = -", "is not a number", 6},
-        BadCase{"ID = 1e999", "is not a number", 6},
-        BadCase{"ID = 1 Code = 'X'", "expected AND or OR", 8},
-        BadCase{"Code = 'X'junk", "expected AND or OR", 11},
-        BadCase{"Name = 'Šarūnas' ID", "expected AND or OR", 18}));
+        BadCase{"Nope = 1", "nežinomas laukas 'Nope'", 1},
+        BadCase{"ID = 1 AND Šalis = 2", "nežinomas laukas 'Šalis'", 12},
+        BadCase{"ID 1", "laukta operatoriaus", 4}, BadCase{"ID ! 1", "laukta operatoriaus", 4},
+        BadCase{"ID != 1", "laukta operatoriaus", 4},
+        BadCase{"Name IS 'x'", "laukta operatoriaus", 6},
+        BadCase{"ID == 1", "laukta reikšmės", 5}, BadCase{"ID =", "laukta reikšmės", 5},
+        BadCase{"Code = EUR", "rasta 'EUR'", 8}, BadCase{"ID = Null", "negali būti Null", 6},
+        BadCase{"Code = 'EUR", "be uždarančios kabutės", 8},
+        BadCase{"Code = 'O''", "be uždarančios kabutės", 8},
+        BadCase{"Date = #2024-01-01", "be uždarančio #", 8},
+        BadCase{"Date = #2024-13-01#", "'2024-13-01' nėra data", 8},
+        BadCase{"Date = #2/30/2024#", "nėra data", 8}, BadCase{"Date = ##", "nėra data", 8},
+        BadCase{"ID = 1.2.3", "'1.2.3' nėra skaičius", 6},
+        BadCase{"ID = 5abc", "'5abc' nėra skaičius", 6},
+        BadCase{"ID = 1,5", "'1,5' nėra skaičius", 6}, BadCase{"ID = -", "nėra skaičius", 6},
+        BadCase{"ID = 1e999", "nėra skaičius", 6},
+        BadCase{"ID = 1 Code = 'X'", "laukta AND arba OR", 8},
+        BadCase{"Code = 'X'junk", "laukta AND arba OR", 11},
+        BadCase{"Name = 'Šarūnas' ID", "laukta AND arba OR", 18}));
 
 INSTANTIATE_TEST_SUITE_P(
     Structure, RecordsetFilterRefuses,
-    ::testing::Values(BadCase{"   ", "expected a field name", 4},
-                      BadCase{"= 1", "expected a field name", 1},
-                      BadCase{"ID = 1 AND", "expected a field name", 11},
-                      BadCase{"ID = 1 OR ", "expected a field name", 11},
-                      BadCase{"(ID = 1", "'(' without a matching ')'", 1},
-                      BadCase{"(ID = 1 OR (ID = 2)", "'(' without a matching ')'", 1},
-                      BadCase{"ID = 1)", "')' without a matching '('", 7},
-                      BadCase{"(ID = 1 Code = 'X')", "expected AND, OR or ')'", 9},
-                      BadCase{"()", "empty parentheses", 1},
-                      BadCase{"ID = 1 AND ( )", "empty parentheses", 12},
-                      BadCase{"[Purch Date = 1", "'[' without a matching ']'", 1},
-                      BadCase{"[ ] = 1", "empty field name", 1},
-                      BadCase{"[Purch  Date] = 1", "unknown field 'Purch  Date'", 1},
+    ::testing::Values(BadCase{"   ", "laukta lauko vardo", 4},
+                      BadCase{"= 1", "laukta lauko vardo", 1},
+                      BadCase{"ID = 1 AND", "laukta lauko vardo", 11},
+                      BadCase{"ID = 1 OR ", "laukta lauko vardo", 11},
+                      BadCase{"(ID = 1", "'(' be atitinkamo ')'", 1},
+                      BadCase{"(ID = 1 OR (ID = 2)", "'(' be atitinkamo ')'", 1},
+                      BadCase{"ID = 1)", "')' be atitinkamo '('", 7},
+                      BadCase{"(ID = 1 Code = 'X')", "laukta AND, OR arba ')'", 9},
+                      BadCase{"()", "tušti skliaustai", 1},
+                      BadCase{"ID = 1 AND ( )", "tušti skliaustai", 12},
+                      BadCase{"[Purch Date = 1", "'[' be atitinkamo ']'", 1},
+                      BadCase{"[ ] = 1", "tuščias lauko vardas", 1},
+                      BadCase{"[Purch  Date] = 1", "nežinomas laukas 'Purch  Date'", 1},
                       // An OR-group may not be joined by AND, on either side.
-                      BadCase{"(ID = 1 OR ID = 2) AND Code = 'EUR'", "joined by OR", 20},
-                      BadCase{"Code = 'EUR' AND (ID = 1 OR ID = 2)", "joined by OR", 14},
-                      BadCase{"ID = 1 OR ID = 2 AND Code = 'EUR'", "joined by OR", 18},
-                      BadCase{"((ID = 1 OR ID = 2)) and ID = 3", "joined by OR", 22},
-                      BadCase{"ID = 3 AND (ID = 2 AND (ID = 1 OR ID = 2))", "joined by OR", 20},
+                      BadCase{"(ID = 1 OR ID = 2) AND Code = 'EUR'", "OR sujungtų sąlygų", 20},
+                      BadCase{"Code = 'EUR' AND (ID = 1 OR ID = 2)", "OR sujungtų sąlygų", 14},
+                      BadCase{"ID = 1 OR ID = 2 AND Code = 'EUR'", "OR sujungtų sąlygų", 18},
+                      BadCase{"((ID = 1 OR ID = 2)) and ID = 3", "OR sujungtų sąlygų", 22},
+                      BadCase{"ID = 3 AND (ID = 2 AND (ID = 1 OR ID = 2))", "OR sujungtų sąlygų", 20},
                       // LIKE takes text with wildcards at the end or at both ends only.
-                      BadCase{"Name LIKE '*ith'", "only at its end or at both ends", 11},
-                      BadCase{"Name LIKE 'S*h'", "only at its end or at both ends", 11},
-                      BadCase{"Name LIKE 'S%h*'", "only at its end or at both ends", 11},
-                      BadCase{"Name LIKE '***'", "only at its end or at both ends", 11},
-                      BadCase{"Name LIKE 5", "LIKE takes a text value", 11},
-                      BadCase{"Date LIKE #2024-01-01#", "LIKE takes a text value", 11}));
+                      BadCase{"Name LIKE '*ith'", "tik gale arba abiejuose galuose", 11},
+                      BadCase{"Name LIKE 'S*h'", "tik gale arba abiejuose galuose", 11},
+                      BadCase{"Name LIKE 'S%h*'", "tik gale arba abiejuose galuose", 11},
+                      BadCase{"Name LIKE '***'", "tik gale arba abiejuose galuose", 11},
+                      BadCase{"Name LIKE 5", "LIKE reikia tekstinės reikšmės", 11},
+                      BadCase{"Date LIKE #2024-01-01#", "LIKE reikia tekstinės reikšmės", 11}));
 
 TEST(RecordsetFilterLimits, NestingBeyondSixtyFourLevelsButNotUpToIt) {
   MemoryRecordset rs = MakeSet();
@@ -203,7 +203,7 @@ TEST(RecordsetFilterLimits, NestingBeyondSixtyFourLevelsButNotUpToIt) {
     FAIL() << "accepted";
   } catch (const RuntimeError& e) {
     EXPECT_EQ(e.Number(), RuntimeError::kBadFilter);
-    EXPECT_THAT(e.Text(), HasSubstr("nested too deeply at position 65"));
+    EXPECT_THAT(e.Text(), HasSubstr("įdėtų skliaustų, pozicija 65"));
     EXPECT_LT(e.Text().size(), 400u);  // the criteria shown are cut short
   }
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));

@@ -114,11 +114,11 @@ INSTANTIATE_TEST_SUITE_P(
         BadKeysCase{"Nope", RuntimeError::kItemNotFound, "Kolekcijoje nėra elemento: Nope"},
         BadKeysCase{"Name, Nope DESC", RuntimeError::kItemNotFound, "elemento: Nope"},
         BadKeysCase{"Name UP", RuntimeError::kItemNotFound, "elemento: Name UP"},
-        BadKeysCase{"Name,,ID", RuntimeError::kBadFilter, "empty sort key at position 6"},
-        BadKeysCase{"Name,", RuntimeError::kBadFilter, "empty sort key at position 6"},
+        BadKeysCase{"Name,,ID", RuntimeError::kBadFilter, "tuščias rikiavimo raktas, pozicija 6"},
+        BadKeysCase{"Name,", RuntimeError::kBadFilter, "tuščias rikiavimo raktas, pozicija 6"},
         BadKeysCase{"DESC", RuntimeError::kItemNotFound, "elemento: DESC"},
-        BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' without a matching ']'"},
-        BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "expected ASC or DESC"}));
+        BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' be atitinkamo ']'"},
+        BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "laukta ASC arba DESC"}));
 
 TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
   MemoryRecordset rs = MakeSet();
