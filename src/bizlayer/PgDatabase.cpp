@@ -9,6 +9,7 @@
 #include <memory>
 #include <vector>
 
+#include "bizlayer/DateText.h"
 #include "bizlayer/PgDialect.h"
 #include "host/Convert.h"
 
@@ -57,26 +58,6 @@ Result Checked(PGresult* raw, pg_conn* conn, const std::string& sql) {
   return result;
 }
 
-std::string IsoText(Date d) {
-  int year = 0, month = 0, day = 0;
-  SplitDate(d, year, month, day);
-  const long seconds = std::lround((d.serial - std::floor(d.serial)) * 86400.0) % 86400;
-  char text[48];
-  std::snprintf(text, sizeof text, "%04d-%02d-%02d %02ld:%02ld:%02ld", year, month, day,
-                seconds / 3600, seconds / 60 % 60, seconds % 60);
-  return text;
-}
-
-Variant DateOf(const char* text) {
-  int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
-  const int read = std::sscanf(text, "%4d-%2d-%2d %2d:%2d:%2d", &year, &month, &day, &hour,
-                               &minute, &second);
-  if (read != 3 && read != 6) return Variant(std::string(text));
-  Date date = DateSerial(year, month, day);
-  date.serial += (hour * 3600 + minute * 60 + second) / 86400.0;
-  return Variant(date);
-}
-
 class PgStatement : public StatementEngine {
  public:
   PgStatement(PgDatabase& db, std::string_view sql)
@@ -114,7 +95,7 @@ class PgStatement : public StatementEngine {
         break;
       }
       case VarType::Date:
-        values_[at] = IsoText(value.DateValue());
+        values_[at] = DateText(value.DateValue());
         types_[at] = kTimestamp;
         break;
       case VarType::String:
@@ -173,7 +154,7 @@ class PgStatement : public StatementEngine {
       case kDate:
       case kTimestamp:
       case kTimestampTz:
-        return DateOf(text);
+        return DateFromText(text);
       default:
         return Variant(std::string(text));
     }

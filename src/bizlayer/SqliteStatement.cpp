@@ -8,40 +8,12 @@
 #include <cstring>
 #include <limits>
 
+#include "bizlayer/DateText.h"
 #include "host/Convert.h"
 
 namespace orvel {
 
 namespace {
-
-std::string IsoText(Date d) {
-  int year = 0, month = 0, day = 0;
-  SplitDate(d, year, month, day);
-  double fraction = d.serial - std::floor(d.serial);
-  long seconds = std::lround(fraction * 86400.0);
-  char text[48];
-  if (seconds == 0 || seconds >= 86400) {
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d", year, month, day);
-  } else {
-    std::snprintf(text, sizeof text, "%04d-%02d-%02d %02ld:%02ld:%02ld", year, month, day,
-                  seconds / 3600, seconds / 60 % 60, seconds % 60);
-  }
-  return text;
-}
-
-// "yyyy-mm-dd" with an optional " hh:mm:ss"; anything else stays text.
-Variant DateFromText(const std::string& text) {
-  int year = 0, month = 0, day = 0, hour = 0, minute = 0, second = 0;
-  int read = std::sscanf(text.c_str(), "%4d-%2d-%2d %2d:%2d:%2d", &year, &month, &day, &hour,
-                         &minute, &second);
-  if (read != 3 && read != 6) return Variant(text);
-  if (year < 100 || year > 9999 || month < 1 || month > 12 || day < 1 || day > 31) {
-    return Variant(text);
-  }
-  Date date = DateSerial(year, month, day);
-  date.serial += (hour * 3600 + minute * 60 + second) / 86400.0;
-  return Variant(date);
-}
 
 bool DeclaredAs(const char* declared, const char* type) {
   return declared && strcasecmp(declared, type) == 0;
@@ -82,7 +54,7 @@ void SqliteStatement::Bind(int index, const Variant& value) {
       rc = sqlite3_bind_double(stmt_, index, value.Double());
       break;
     case VarType::Date: {
-      std::string text = IsoText(value.DateValue());
+      std::string text = DateText(value.DateValue());
       rc = sqlite3_bind_text(stmt_, index, text.data(), static_cast<int>(text.size()),
                              SQLITE_TRANSIENT);
       break;

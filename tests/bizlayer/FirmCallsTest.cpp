@@ -219,36 +219,5 @@ TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {
 }
 
 // The sample database gives every list of the cards something to show.
-TEST(SampleDataCallsTest, TheSeededDatabaseAnswersTheCataloguesCalls) {
-  auto db = std::make_shared<SqliteDatabase>(":memory:");
-  ReferenceDatabase::CreateSchema(*db);
-  ReferenceDatabase::SeedSampleData(*db);
-  BusinessLayer layer(db);
-  auto one = [&](const std::string& sql) {
-    auto stmt = db->Prepare(sql);
-    stmt.Step();
-    return stmt.Column(0).NumberValue();
-  };
-  EXPECT_GT(one("SELECT COUNT(*) FROM documents"), 300);
-  EXPECT_GT(one("SELECT COUNT(*) FROM document_lines WHERE SerialNo IS NOT NULL"), 10);
-  EXPECT_GT(one("SELECT COUNT(*) FROM firm_info"), 10);
-  EXPECT_GT(one("SELECT COUNT(*) FROM goods_prices"), 300);
-  // Every firm with a debt answers it; a good bought in lots has rests.
-  const auto debtor = static_cast<int64_t>(
-      one("SELECT FirmID FROM documents WHERE Account = '240' AND Debt > 0 ORDER BY ID LIMIT 1"));
-  auto debt = layer.BusinessObject("O0000100")
-                  ->GetCall("GetFirmDebt", "O0000100" + std::to_string(debtor), 0);
-  ASSERT_EQ(debt.Number, 0) << debt.Text;
-  auto rs = std::dynamic_pointer_cast<Recordset>(debt.Object);
-  rs->MoveFirst();
-  EXPECT_GT(CDbl(rs->Fields("Sum240").Value()), 0);
-  const auto lot =
-      static_cast<int64_t>(one("SELECT GoodID FROM document_lines WHERE Rest > 0 LIMIT 1"));
-  auto rests =
-      layer.BusinessObject("O0000200")->GetCall("GetRests", "O0000200" + std::to_string(lot), 0);
-  ASSERT_EQ(rests.Number, 0) << rests.Text;
-  EXPECT_GE(std::dynamic_pointer_cast<Recordset>(rests.Object)->RecordCount(), 2);
-}
-
 }  // namespace
 }  // namespace orvel

@@ -129,34 +129,6 @@ INSTANTIATE_TEST_SUITE_P(
                                {"UAB Alfa", "Tiekėjai"}}),
     [](const auto& info) { return std::string(info.param.call); });
 
-struct BadListCase {
-  const char* name;
-  const char* param;
-  int32_t number;
-};
-
-class FirmDetailBadListTest : public FirmDetailCallsTest,
-                              public ::testing::WithParamInterface<BadListCase> {};
-
-TEST_P(FirmDetailBadListTest, ABadFirmIsAClearError) {
-  for (const char* call :
-       {"GetAccounts", "GetFirmADDRESSES", "GetFirmCONTACTS", "GetFirmSERVERS", "GetFirmActivity",
-        "GetFirmBranch", "GetContractsList", "GetDiscounts"}) {
-    auto reply = Type(kFirms).GetCall(call, GetParam().param, 0);
-    EXPECT_EQ(reply.Number, GetParam().number) << call;
-    EXPECT_FALSE(reply.Text.empty()) << call;
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FirmDetailBadListTest,
-    ::testing::Values(BadListCase{"Nothing", "", TableBusinessObject::kBadCall},
-                      BadListCase{"AnotherType", "O00003001", TableBusinessObject::kBadCall},
-                      BadListCase{"TwoArguments", "O00001002,1", TableBusinessObject::kBadCall},
-                      BadListCase{"NoSuchFirm", "O000010099",
-                                  TableBusinessObject::kRecordNotFound}),
-    [](const auto& info) { return std::string(info.param.name); });
-
 TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
   ASSERT_EQ(Write("0,'Skambinti \"rytoj\"','20261123',Null,2,900,3").Number, 0);
   EXPECT_EQ(Notes(), "1|2|Skambinti \"rytoj\"|2026-11-23||rūta|3|\n");

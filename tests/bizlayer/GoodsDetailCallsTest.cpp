@@ -89,11 +89,5 @@ TEST_F(GoodsDetailCallsTest, AGoodWithoutDetailsGetsEmptyLists) {
   }
 }
 
-TEST_F(GoodsDetailCallsTest, ACallWithoutAGoodIsRefused) {
-  for (const char* call : {"GetMeasures", "GetMinAmount", "GetGoodBRTemplates", "GetDiscounts"}) {
-    EXPECT_NE(Type("O0000200").GetCall(call, "", 0).Number, 0) << call;
-  }
-}
-
 }  // namespace
 }  // namespace orvel
