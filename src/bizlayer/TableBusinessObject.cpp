@@ -114,6 +114,7 @@ std::shared_ptr<MemoryRecordset> TableBusinessObject::Query(const std::string& s
     for (int c = 0; c < stmt.ColumnCount(); ++c) row[static_cast<size_t>(c)] = stmt.Column(c);
     rs->AddRow(row);
   }
+  rs->ShrinkToFit();
   rs->MoveFirst();
   return rs;
 }
@@ -270,9 +271,18 @@ std::shared_ptr<Recordset> TableBusinessObject::GetObjectList(const std::string&
     }
   }
   if (!text.empty()) {
+    const std::string column = options.searchCode ? "Code" : "Name";
     sql += std::string(" AND ") + (options.searchFromStart ? "orvel_starts" : "orvel_contains") +
-           (options.searchCode ? "(Code, ?)" : "(Name, ?)");
+           "(" + column + ", ?)";
     values.emplace_back(text);
+    if (options.searchFromStart) {
+      // The folded texts that start with the folded text lie between it and
+      // it followed by the last character there is: the range the search
+      // key's index reads (the test above keeps the answer exact).
+      const std::string key = "orvel_fold(" + column + ") COLLATE BINARY";
+      sql += " AND " + key + " >= orvel_fold(?) AND " + key + " < orvel_fold(?) || ?";
+      values.insert(values.end(), {Variant(text), Variant(text), Variant("\xF4\x8F\xBF\xBF")});
+    }
   }
   // A record without Active counts as in use; neither choice shows those in use.
   std::string member;

@@ -130,18 +130,19 @@ class MemoryRecordset::Impl {
     ++rowCount;
   }
 
-  const Variant& Value(size_t row, size_t column) const { return columns[column][row]; }
+  Variant Value(size_t row, size_t column) const { return columns[column][row]; }
 
-  const Variant& UnderlyingValue(size_t row, size_t column) const {
+  Variant UnderlyingValue(size_t row, size_t column) const {
     auto it = underlying.find({static_cast<uint32_t>(row), static_cast<uint32_t>(column)});
     return it == underlying.end() ? columns[column][row] : it->second;
   }
 
   void SetValue(size_t row, size_t column, const Variant& value) {
-    Variant& cell = columns[column][row];
     // The first edit keeps what was there; later edits leave it alone.
-    underlying.try_emplace({static_cast<uint32_t>(row), static_cast<uint32_t>(column)}, cell);
-    cell = value;
+    const std::pair<uint32_t, uint32_t> cell{static_cast<uint32_t>(row),
+                                             static_cast<uint32_t>(column)};
+    if (!underlying.contains(cell)) underlying.emplace(cell, columns[column][row]);
+    columns[column].Set(row, value);
   }
 
   int FindField(std::string_view name) const {
@@ -243,6 +244,10 @@ void MemoryRecordset::Reserve(size_t rows) {
   for (auto& column : impl_->columns) column.reserve(rows);
 }
 
+void MemoryRecordset::ShrinkToFit() {
+  for (auto& column : impl_->columns) column.shrink_to_fit();
+}
+
 void MemoryRecordset::AddNew() {
   impl_->AppendRow(std::vector<Variant>(impl_->names.size()));
   impl_->Show(impl_->rowCount - 1, true);
@@ -261,7 +266,7 @@ const std::string& MemoryRecordset::FieldName(size_t index) const {
 
 size_t MemoryRecordset::StoredRowCount() const { return impl_->rowCount; }
 
-const Variant& MemoryRecordset::StoredValue(size_t row, size_t field) const {
+Variant MemoryRecordset::StoredValue(size_t row, size_t field) const {
   if (row >= impl_->rowCount || field >= impl_->names.size()) {
     throw RuntimeError(
         RuntimeError::kSubscript,
@@ -274,7 +279,7 @@ void MemoryRecordset::AcceptChanges() { impl_->underlying.clear(); }
 
 void MemoryRecordset::CancelChanges() {
   for (auto& [cell, value] : impl_->underlying) {
-    impl_->columns[cell.second][cell.first] = std::move(value);
+    impl_->columns[cell.second].Set(cell.first, value);
   }
   impl_->underlying.clear();
 }

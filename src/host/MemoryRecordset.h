@@ -37,13 +37,15 @@ class MemoryRecordset : public Recordset {
   int AddField(std::string name);  // returns its index; existing name: its index
   void AddRow(std::vector<Variant> values);
   void Reserve(size_t rows);
+  // Gives back the room kept for rows to come, once the set is filled.
+  void ShrinkToFit();
   // Appends a row of Empty values and makes it current (for a new record).
   void AddNew();
   size_t FieldCount() const;
   const std::string& FieldName(size_t index) const;
   // Rows in storage order, whatever the filter and sort.
   size_t StoredRowCount() const;
-  const Variant& StoredValue(size_t row, size_t field) const;
+  Variant StoredValue(size_t row, size_t field) const;
 
   // Underlying values become the edited values (after a save)...
   void AcceptChanges();

@@ -561,12 +561,11 @@ void SelectTextEquals(const Node& leaf, const RecordsetColumn& column, size_t ro
   const std::string& value = leaf.text;
   const size_t length = value.size();
   for (size_t r = 0; r < rowCount; ++r) {
-    const Variant& v = column[r];
-    if (v.Type() != VarType::String) {
-      if (leaf.Match(v)) rows.push_back(static_cast<uint32_t>(r));
+    if (column.TypeAt(r) != VarType::String) {
+      if (leaf.Match(column[r])) rows.push_back(static_cast<uint32_t>(r));
       continue;
     }
-    const std::string& s = v.String();
+    const std::string_view s = column.TextAt(r);
     const char* p = s.data();
     const size_t size = s.size();
     const size_t common = size < length ? size : length;

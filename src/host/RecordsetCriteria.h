@@ -6,12 +6,10 @@
 #include <string_view>
 #include <vector>
 
+#include "host/RecordsetColumn.h"
 #include "host/Variant.h"
 
 namespace orvel {
-
-// The values of one column of a record set, one per stored row.
-using RecordsetColumn = std::vector<Variant>;
 
 // A filter's criteria, compiled once against the field names of a record set
 // and then run over its columns.

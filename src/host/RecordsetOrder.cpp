@@ -88,8 +88,8 @@ uint64_t TextSlot(std::string_view key) {
 
 enum Rank : uint64_t { kNullRank = 0, kNumberRank = 1, kTextRank = 2, kOtherRank = 3 };
 
-Rank RankOf(const Variant& v) {
-  switch (v.Type()) {
+Rank RankOf(VarType type) {
+  switch (type) {
     case VarType::Empty:
     case VarType::Null:
       return kNullRank;
@@ -117,7 +117,7 @@ class KeyTable {
       const RecordsetColumn& column = columns[key.column];
       bool numbers = false, texts = false, others = false;
       for (uint32_t row : rows) {
-        Rank rank = RankOf(column[row]);
+        Rank rank = RankOf(column.TypeAt(row));
         numbers = numbers || rank == kNumberRank;
         texts = texts || rank == kTextRank;
         others = others || rank == kOtherRank;
@@ -137,12 +137,14 @@ class KeyTable {
       const RecordsetColumn& column = columns[slot.column];
       std::vector<std::string_view>* tails = nullptr;
       for (size_t j = 0; j < rows.size(); ++j) {
-        const Variant& v = column[rows[j]];
+        const uint32_t row = rows[j];
+        const VarType type = column.TypeAt(row);
         uint64_t value = 0;
         if (slot.kind == SlotKind::Rank) {
-          value = RankOf(v);
-        } else if (v.Type() == VarType::String) {
-          std::string_view key = v.String();
+          value = RankOf(type);
+        } else if (type == VarType::String) {
+          // The column's own text: it stays in place while the table is used.
+          std::string_view key = column.TextAt(row);
           if (NeedsCollationKey(key)) key = folded_.emplace_back(CollationKey(key));
           value = TextSlot(key);
           if ((value & 0xFF) == kLongText) {
@@ -152,8 +154,8 @@ class KeyTable {
             }
             (*tails)[j] = key;
           }
-        } else if (RankOf(v) == kNumberRank) {
-          value = NumberSlot(v.NumberValue());
+        } else if (RankOf(type) == kNumberRank) {
+          value = NumberSlot(column[row].NumberValue());
         }
         table_[j * width_ + k] = value ^ slot.flip;
       }
