@@ -151,6 +151,13 @@ PgStatementText ToPostgres(std::string_view sql) {
       i = next(i);
       continue;
     }
+    // Byte order, which ranges over folded keys need whatever the
+    // database's own collation is.
+    if (word == "COLLATE" && wordAt(next(i)) == "BINARY") {
+      out.sql += "COLLATE \"C\"";
+      i = next(i);
+      continue;
+    }
     if (word == "IS") {
       // IS [NOT] <value>, which SQLite reads as a comparison that takes NULL
       // for a value.

@@ -41,6 +41,19 @@ void KeepRecordVersions(Database& db, const CatalogueTable& catalogue) {
           " SET Version = OLD.Version + 1 WHERE ID = OLD.ID; END");
 }
 
+SchemaPart SearchKeySchema() {
+  return {"search-keys", [](Database& db) {
+            for (const auto& catalogue : Catalogues()) {
+              if (!catalogue.view.empty()) continue;
+              for (const char* column : {"Name", "Code"}) {
+                if (!catalogue.Field(column)) continue;
+                db.Exec("CREATE INDEX IF NOT EXISTS " + catalogue.name + "_" + column + "_key ON " +
+                        catalogue.name + " (orvel_fold(" + column + ") COLLATE BINARY)");
+              }
+            }
+          }};
+}
+
 SchemaPart RecordVersionSchema() {
   return {"record-versions", [](Database& db) {
             for (const auto& catalogue : Catalogues()) KeepRecordVersions(db, catalogue);

@@ -439,23 +439,7 @@ void SeedDocuments(Database& db) {
                            stmt.Column(1).NumberValue(), stmt.Column(2).NumberValue() != 0});
     }
   }
-  struct Kind {
-    const char* otype;
-    const char* name;
-    const char* prefix;
-    const char* account;
-    int sign;
-    int gid;
-    bool lines;
-  };
-  const Kind kinds[] = {
-      {"O1000100", "PVM sąskaita faktūra", "PSF", "240", 1, 1, true},
-      {"O1000100", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
-      {"O1000300", "Gautas avansas", "AVG", "460", -1, 3, false},
-      {"O1000400", "Sumokėtas avansas", "AVS", "220", 1, 4, false},
-  };
-  const std::vector<std::string> stores{"Centrinis sandėlis", "Kauno sandėlis",
-                                        "Klaipėdos sandėlis"};
+  const std::vector<std::string> stores(kSampleStores.begin(), kSampleStores.end());
   auto document = db.Prepare(
       "INSERT INTO documents (OType, DocName, Number, DocDate, FirmID, Account, Suma, Debt, Sign,"
       " GID) VALUES (?, ?, ?, ?, ?, ?, 0, 0, ?, ?)");
@@ -469,7 +453,8 @@ void SeedDocuments(Database& db) {
   for (int64_t firm : firms) {
     const int count = random.Below(5);
     for (int n = 0; n < count; ++n) {
-      const Kind& kind = kinds[random.Below(10) < 7 ? random.Below(2) : 2 + random.Below(2)];
+      const SampleDocumentKind& kind =
+          kSampleDocumentKinds[random.Below(10) < 7 ? random.Below(2) : 2 + random.Below(2)];
       char text[16];
       std::snprintf(text, sizeof text, "%s%05d", kind.prefix, ++number);
       document.Reset();

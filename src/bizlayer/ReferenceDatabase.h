@@ -1,11 +1,33 @@
 #pragma once
 
+#include <array>
 #include <memory>
 #include <string>
 
 namespace orvel {
 
 class Database;
+
+// The kinds of document the sample data holds, as the lists read them: an
+// invoice and a purchase with lines, an advance received and one paid.
+struct SampleDocumentKind {
+  const char* otype;
+  const char* name;
+  const char* prefix;  // of the document's number
+  const char* account;
+  int sign;  // +1 the firm owes, -1 it is owed
+  int gid;   // the document group
+  bool lines;
+};
+inline constexpr std::array<SampleDocumentKind, 4> kSampleDocumentKinds{{
+    {"O1000100", "PVM sąskaita faktūra", "PSF", "240", 1, 1, true},
+    {"O1000100", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
+    {"O1000300", "Gautas avansas", "AVG", "460", -1, 3, false},
+    {"O1000400", "Sumokėtas avansas", "AVS", "220", 1, 4, false},
+}};
+// The warehouses the sample lines name.
+inline constexpr std::array<const char*, 3> kSampleStores{"Centrinis sandėlis", "Kauno sandėlis",
+                                                          "Klaipėdos sandėlis"};
 
 // The reference database: its schema, made from the catalogue descriptions,
 // and its sample data. Opening a file that has no schema yet creates it and

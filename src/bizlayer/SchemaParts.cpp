@@ -18,6 +18,7 @@ const std::vector<SchemaPart>& SchemaParts() {
       GoodsSaleLotSchema(),
       OtherTypesSchema(),
       RecordVersionSchema(),
+      SearchKeySchema(),
   };
   return parts;
 }

@@ -34,6 +34,9 @@ SchemaPart GoodsSaleLotSchema();
 SchemaPart OtherTypesSchema();
 // Every catalogue record's Version, moved on by each change of its row.
 SchemaPart RecordVersionSchema();
+// The catalogues' names and codes folded as text compares them, indexed, so
+// that a search by the start of a name or code reads a range of an index.
+SchemaPart SearchKeySchema();
 
 // For parts over tables made before their catalogue: the catalogue's columns
 // a table lacks are added (a missing table is made), and its card is

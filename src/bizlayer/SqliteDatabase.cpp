@@ -28,6 +28,14 @@ void Starts(sqlite3_context* context, int, sqlite3_value** args) {
   sqlite3_result_int(context, InStr(TextOf(args[0]), TextOf(args[1]), Compare::Text) == 1);
 }
 
+// orvel_fold(text): the text folded as comparisons fold it, the key of the
+// catalogues' name and code indexes.
+void Fold(sqlite3_context* context, int, sqlite3_value** args) {
+  if (sqlite3_value_type(args[0]) == SQLITE_NULL) return sqlite3_result_null(context);
+  const std::string folded = FoldText(TextOf(args[0]));
+  sqlite3_result_text(context, folded.data(), static_cast<int>(folded.size()), SQLITE_TRANSIENT);
+}
+
 }  // namespace
 
 SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
@@ -45,6 +53,8 @@ SqliteDatabase::SqliteDatabase(const std::string& path) : path_(path) {
                           Contains, nullptr, nullptr);
   sqlite3_create_function(db_, "orvel_starts", 2, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr,
                           Starts, nullptr, nullptr);
+  sqlite3_create_function(db_, "orvel_fold", 1, SQLITE_UTF8 | SQLITE_DETERMINISTIC, nullptr, Fold,
+                          nullptr, nullptr);
   try {
     Exec("PRAGMA journal_mode=WAL; PRAGMA foreign_keys=ON; PRAGMA synchronous=NORMAL;");
   } catch (...) {

@@ -308,6 +308,8 @@ std::string UCase(std::string_view s) { return MapCase(s, ToUpper); }
 
 std::string LCase(std::string_view s) { return MapCase(s, ToLower); }
 
+std::string FoldText(std::string_view s) { return MapCase(s, Fold); }
+
 std::string UpperFirst(std::string_view s) {
   if (s.empty()) return std::string();
   const size_t first = DecodeAt(s, 0).size;

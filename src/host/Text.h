@@ -32,6 +32,10 @@ int InStrRev(std::string_view s, std::string_view match, int start = -1,
 
 std::string UCase(std::string_view s);
 std::string LCase(std::string_view s);
+// Every letter in the one form text comparisons use (ſ, S and s as "s"):
+// texts equal as text have equal folds, and a text starts with another as
+// text exactly when its fold starts with the other's, byte for byte.
+std::string FoldText(std::string_view s);
 // The first character upper-cased, the rest untouched: "šeši" -> "Šeši".
 std::string UpperFirst(std::string_view s);
 std::string Trim(std::string_view s);

@@ -312,6 +312,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A search through every level, in and out of use.
         GoodsListCase{"'','pr',0,0,1,'',0,0,0", {"1 Group", "4 Group", "9 ServiceNA"}},
         GoodsListCase{"'','pr',0,1,1,'',0,0,0", {"9 ServiceNA"}},
+        GoodsListCase{"'','PRIST',0,1,1,'',0,0,0", {"9 ServiceNA"}},
         GoodsListCase{"'','120',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "5 GEXIST", "3 GoodNA"}},
         GoodsListCase{"'','08',1,0,1,'',0,1,0", {"4 Group", "5 GEXIST"}}));
 

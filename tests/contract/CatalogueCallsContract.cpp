@@ -309,6 +309,11 @@ const std::vector<CallCase>& Calls() {
         "'USD','2026-11-22',x"}},
       // A small rate as the invariant text of a number writes it.
       {"O0002200", Op::ExecCall, "SaveDayRate", "'USD','2026-11-23',9E-05", {}, 0},
+      // A search by the start of the name, letters of another case.
+      {"O0000200", Op::GetCall, "Orvel_GetObjectList", "'','SŪRIS F',0,1,0,'',0,0,0",
+       {{"OIDR", T}, {"Preview", T}}, 1},
+      {"O0000100", Op::GetCall, "Orvel_GetObjectList", "'','žaliavų',0,1",
+       {{"OIDR", T}, {"Preview", T}}, 1},
       // Reference books: a node, a search in the whole book, a search in a
       // group of the locations, which name the user first.
       {"O0001602", Op::GetCall, "Orvel_GetObjectList", "'pirkėj','O0001602'",
