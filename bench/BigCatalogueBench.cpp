@@ -10,6 +10,8 @@
 //   - a search over the goods by the start of the name, against the same rows
 //     read through an index on the name (made in this database only: the
 //     schema has none);
+//   - with the window host built, the group's node opened in its tree and
+//     its first screen drawn (offscreen), against the group's SELECT;
 //   - orvel-host started on the database to its first prompt, on the big
 //     database and on a fresh sample database it makes, and the sample
 //     database made in process, in milliseconds.
@@ -46,6 +48,7 @@
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
+#include "host/Convert.h"
 #include "host/OrvelBoResult.h"
 #include "host/OrvelObjectBO.h"
 #include "host/OrvelObjectUI.h"
@@ -53,6 +56,15 @@
 #include "refhost/Prompter.h"
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceObjectManager.h"
+
+#ifdef ORVEL_BENCH_WINDOWS
+#include <QApplication>
+#include <QTreeWidget>
+
+#include "qthost/MainWindow.h"
+#include "qthost/QtPrompter.h"
+#include "qthost/QtUi.h"
+#endif
 
 // ---- the bytes the program holds ----
 
@@ -310,6 +322,62 @@ void BM_Search(benchmark::State& state) {
   Called(state, *g_fixture->goods, "Orvel_GetObjectList", g_fixture->searchParam);
 }
 
+#ifdef ORVEL_BENCH_WINDOWS
+// The window host over the big database, its tree opened down to the big
+// group's parent.
+struct Windows {
+  Windows() {
+    std::string error;
+    if (!host.Start({g_fixture->path, ORVEL_MODULE_PATH, "admin", g_fixture->folder}, error)) {
+      std::fprintf(stderr, "orvel_bench_big: %s\n", error.c_str());
+      return;
+    }
+    window = std::make_unique<MainWindow>(host, *ui, prompter, g_fixture->path, "admin");
+    window->resize(1280, 800);
+    window->show();
+    // The groups above the big one, top first.
+    std::vector<std::string> way{"O0000200"};
+    auto up = host.Database().Prepare(
+        "WITH RECURSIVE up(id, depth) AS (SELECT ParentID, 1 FROM goods WHERE ID = ?"
+        " UNION ALL SELECT g.ParentID, up.depth + 1 FROM goods g JOIN up ON g.ID = up.id"
+        " WHERE g.ParentID IS NOT NULL AND g.ParentID <> 0) SELECT id FROM up ORDER BY depth DESC");
+    up.Bind(1, Variant(g_fixture->made.bigGroupId));
+    while (up.Step()) way.push_back("O0000200" + ConcatText(up.Column(0)));
+    for (const std::string& oidr : way) {
+      QTreeWidgetItem* node = window->NodeOf(oidr);
+      if (!node) {
+        std::fprintf(stderr, "orvel_bench_big: no node %s in the tree\n", oidr.c_str());
+        return;
+      }
+      node->setExpanded(true);
+    }
+    group = window->NodeOf(g_fixture->groupOidr);
+  }
+  QtPrompter prompter;
+  std::shared_ptr<QtUi> ui = std::make_shared<QtUi>();
+  ReferenceHost host{prompter, ui};
+  std::unique_ptr<MainWindow> window;
+  QTreeWidgetItem* group = nullptr;
+};
+Windows* g_windows = nullptr;
+
+void BM_TreeFirstScreen(benchmark::State& state) {
+  if (!g_windows || !g_windows->group) {
+    state.SkipWithError("the big group's node is not in the tree");
+    return;
+  }
+  MainWindow& window = *g_windows->window;
+  for (auto _ : state) {
+    window.LoadMembers(g_windows->group);
+    g_windows->group->setExpanded(true);
+    window.Tree()->scrollToItem(g_windows->group);
+    window.Tree()->viewport()->repaint();
+    state.counters["shown"] = g_windows->group->childCount();
+  }
+}
+BENCHMARK(BM_TreeFirstScreen)->Unit(benchmark::kMillisecond)->MinTime(1.0);
+#endif
+
 // Whole runs of orvel-host to its first prompt, in milliseconds of wall time.
 void HostToPrompt(benchmark::State& state, const std::string& database, bool fresh) {
   for (auto _ : state) {
@@ -360,6 +428,12 @@ int main(int argc, char** argv) {
   if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
   Fixture fixture;
   g_fixture = &fixture;
+#ifdef ORVEL_BENCH_WINDOWS
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication application(argc, argv);
+  Windows windows;
+  g_windows = &windows;
+#endif
   RatioReporter reporter;
   benchmark::RunSpecifiedBenchmarks(&reporter);
   const struct {
@@ -370,6 +444,7 @@ int main(int argc, char** argv) {
   } ratios[] = {
       {"BM_GroupList", "BM_GroupSelect", "group list (layer) / SELECT", 1.5},
       {"BM_GroupListModule", "BM_GroupSelect", "group list (module) / SELECT", 1.5},
+      {"BM_TreeFirstScreen", "BM_GroupSelect", "group's first screen in the tree / SELECT", 1.5},
       {"BM_FirmDocuments", "BM_FirmDocumentsSelect", "firm's documents / SELECT", 2},
       {"BM_GoodTraffic", "BM_GoodTrafficSelect", "good's traffic / SELECTs", 2},
       {"BM_Search", "BM_SearchIndexed", "search / indexed SELECT", 2},

@@ -49,26 +49,6 @@ constexpr std::array<std::string_view, 10> kTowns{"Vilnius",  "Kaunas",   "Klaip
 constexpr std::array<std::string_view, 8> kStreets{"Vilniaus g.", "Taikos pr.", "Žalgirio g.",
                                                    "Laisvės al.", "Gedimino pr.", "Sodų g.",
                                                    "Pramonės g.", "Ateities g."};
-constexpr std::array<std::string_view, 3> kStores{"Centrinis sandėlis", "Kauno sandėlis",
-                                                  "Klaipėdos sandėlis"};
-
-// The four kinds of document the sample data has, as the lists read them.
-struct DocumentKind {
-  const char* otype;
-  const char* name;
-  const char* prefix;
-  const char* account;
-  int sign;
-  int gid;
-  bool lines;
-};
-constexpr std::array<DocumentKind, 4> kKinds{{
-    {"O1000100", "PVM sąskaita faktūra", "PSF", "240", 1, 1, true},
-    {"O1000100", "Pirkimo sąskaita", "PIR", "450", -1, 2, true},
-    {"O1000300", "Gautas avansas", "AVG", "460", -1, 3, false},
-    {"O1000400", "Sumokėtas avansas", "AVS", "220", 1, 4, false},
-}};
-
 constexpr int64_t kTopGroups = 10;
 constexpr int64_t kSubGroups = 10;  // under each top group, and again under each of those
 constexpr int64_t kFirmGroups = 20;
@@ -304,7 +284,7 @@ Made Make(const std::string& path, const Size& size, const Progress& progress) {
     // The busy firm's documents come evenly spaced among the others'.
     const bool busyFirm = (i * size.firmDocuments) / size.documents !=
                           ((i + 1) * size.firmDocuments) / size.documents;
-    const DocumentKind& kind = kKinds[i % 2 == 0 ? (r % 2) : 2 + (r >> 2) % 2];
+    const SampleDocumentKind& kind = kSampleDocumentKinds[i % 2 == 0 ? (r % 2) : 2 + (r >> 2) % 2];
     const int64_t firmId = busyFirm ? made.busyFirmId : firmIds[(r >> 8) % firmIds.size()];
     const double advance = Money(10000 + (r >> 24) % 500000);
     document.Reset();
@@ -325,7 +305,7 @@ Made Make(const std::string& path, const Size& size, const Progress& progress) {
       line.Reset();
       int64_t& lot = latestLot[static_cast<size_t>(goodIndex)];
       line.BindAll(documentId, goodIds[static_cast<size_t>(goodIndex)], amount, price, rest,
-                   std::string(Pick(kStores, lr >> 16)));
+                   std::string(Pick(kSampleStores, lr >> 16)));
       line.Bind(7, kind.sign > 0 && lot > 0 ? Variant(lot) : Variant::Null());
       line.Run();
       if (kind.sign < 0) lot = db->LastInsertRowId();

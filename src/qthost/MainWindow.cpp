@@ -12,6 +12,7 @@
 #include <QMessageBox>
 #include <QMimeData>
 #include <QPixmap>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QStatusBar>
 #include <QStyle>
@@ -215,7 +216,10 @@ MainWindow::MainWindow(ReferenceHost& host, QtUi& ui, QtPrompter& prompter,
 
   connect(tree_, &QTreeWidget::itemExpanded, this, [this](QTreeWidgetItem* node) {
     if (!node->data(0, kLoadedRole).toBool()) LoadMembers(node);
+    ShowMembersInView();
   });
+  connect(tree_->verticalScrollBar(), &QScrollBar::valueChanged, this,
+          [this] { ShowMembersInView(); });
   connect(tree_, &QTreeWidget::customContextMenuRequested, this, [this](const QPoint& pos) {
     if (QTreeWidgetItem* node = tree_->itemAt(pos)) {
       tree_->setCurrentItem(node);
@@ -351,6 +355,15 @@ void MainWindow::LoadMembers(QTreeWidgetItem* node) {
   if (!node || KindOf(node) == kGroupNode) return;
   node->setData(0, kLoadedRole, true);
   const std::string oidr = OidrOf(node);
+  // The hourglass while the members are read, whatever pointer was before.
+  struct Hourglass {
+    explicit Hourglass(QtUi& ui) : ui(ui), before(ui.GetMousePointer()) {
+      ui.SetMousePointer(vbHourglass);
+    }
+    ~Hourglass() { ui.SetMousePointer(before); }
+    QtUi& ui;
+    int32_t before;
+  } hourglass(ui_);
   try {
     auto type = host_.Objects().GetOrvelObjectUI(oidr);
     auto rs = type ? type->GetOrvelObjectList(oidr, OTypeOf(node), "") : nullptr;
@@ -362,32 +375,70 @@ void MainWindow::LoadMembers(QTreeWidgetItem* node) {
   }
 }
 
+void MainWindow::Forget(QTreeWidgetItem* node) {
+  unshown_.erase(node);
+  for (int i = 0; i < node->childCount(); ++i) Forget(node->child(i));
+}
+
 void MainWindow::FillMembers(QTreeWidgetItem* node, const std::shared_ptr<Recordset>& rs) {
-  for (QTreeWidgetItem* child : node->takeChildren()) delete child;
+  for (QTreeWidgetItem* child : node->takeChildren()) {
+    Forget(child);
+    delete child;
+  }
+  unshown_.erase(node);
   node->setData(0, kLoadedRole, true);
   const std::string typeOidr = OidrOf(node);
-  // Under a sub-catalogue (a reference book) the records are its entries.
-  const bool entries = KindOf(node) == kMemberNode && typeOidr.size() == 8;
   if (rs) {
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      const std::string oidr = FieldText(*rs, "OIDR");
-      if (oidr.empty()) continue;
-      const bool holds = HoldsMembers(*rs, oidr);
-      std::string otype = FieldText(*rs, "OType");
-      if (otype.empty()) otype = holds ? "Group" : entries ? "T" : "C";
-      auto* child = new QTreeWidgetItem(node, {Q(FieldText(*rs, "Preview"))});
-      child->setData(0, kOidrRole, Q(oidr));
-      child->setData(0, kOTypeRole, Q(otype));
-      child->setData(0, kKindRole, kMemberNode);
-      QIcon icon = IconOf(typeOidr.empty() ? oidr : typeOidr, otype);
-      if (icon.isNull() && holds) icon = style()->standardIcon(QStyle::SP_DirIcon);
-      child->setIcon(0, icon);
-      if (holds) child->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
-    }
+    rs->MoveFirst();
+    // Under a sub-catalogue (a reference book) the records are its entries.
+    unshown_[node] = {rs, typeOidr, KindOf(node) == kMemberNode && typeOidr.size() == 8};
+    ShowMoreMembers(node);
   }
   node->setChildIndicatorPolicy(node->childCount() > 0
                                     ? QTreeWidgetItem::ShowIndicator
                                     : QTreeWidgetItem::DontShowIndicatorWhenChildless);
+}
+
+void MainWindow::ShowMembersInView() {
+  const int bottom = tree_->viewport()->height();
+  std::vector<QTreeWidgetItem*> nodes;
+  for (const auto& [node, rows] : unshown_) nodes.push_back(node);
+  for (QTreeWidgetItem* node : nodes) {
+    while (unshown_.contains(node) && node->isExpanded() && node->childCount() > 0) {
+      const QRect last = tree_->visualItemRect(node->child(node->childCount() - 1));
+      if (!last.isValid() || last.top() >= bottom) break;
+      ShowMoreMembers(node);
+    }
+  }
+}
+
+void MainWindow::ShowMoreMembers(QTreeWidgetItem* node) {
+  auto unshown = unshown_.find(node);
+  if (unshown == unshown_.end()) return;
+  const MemberRows rows = unshown->second;
+  Recordset& rs = *rows.rs;
+  try {
+    for (int shown = 0; shown < kMembersPage && !rs.IsEOF(); rs.MoveNext()) {
+      const std::string oidr = FieldText(rs, "OIDR");
+      if (oidr.empty()) continue;
+      const bool holds = HoldsMembers(rs, oidr);
+      std::string otype = FieldText(rs, "OType");
+      if (otype.empty()) otype = holds ? "Group" : rows.entries ? "T" : "C";
+      auto* child = new QTreeWidgetItem(node, {Q(FieldText(rs, "Preview"))});
+      child->setData(0, kOidrRole, Q(oidr));
+      child->setData(0, kOTypeRole, Q(otype));
+      child->setData(0, kKindRole, kMemberNode);
+      QIcon icon = IconOf(rows.typeOidr.empty() ? oidr : rows.typeOidr, otype);
+      if (icon.isNull() && holds) icon = style()->standardIcon(QStyle::SP_DirIcon);
+      child->setIcon(0, icon);
+      if (holds) child->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
+      ++shown;
+    }
+    if (rs.IsEOF()) unshown_.erase(node);
+  } catch (const std::exception& e) {
+    unshown_.erase(node);
+    ShowFailure(e.what());
+  }
 }
 
 QTreeWidgetItem* MainWindow::NodeOf(const std::string& oidr) const {
@@ -469,7 +520,10 @@ void MainWindow::Carry(QTreeWidgetItem* node, const OrvelMenuResult& result) {
       return;
     }
     case OrvelMenuResult::kRemoved:
-      if (KindOf(node) == kMemberNode) delete node;
+      if (KindOf(node) == kMemberNode) {
+        Forget(node);
+        delete node;
+      }
       return;
     case OrvelMenuResult::kReplaceList: {
       if (!result.Value.IsArray() || result.Value.ArrayValue().empty()) return;

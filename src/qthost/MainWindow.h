@@ -40,6 +40,11 @@ struct OrvelMenuResult;
 // window forward instead of opening a second one. A window is titled by its
 // form's caption, else by its heading panel and record name, else by the
 // node it was opened from.
+//
+// A node's members are read at once but shown a page at a time: the next
+// page comes as the last member shown scrolls into view, so that a group of
+// 200,000 goods opens as quickly as its first screen is read, and the
+// hourglass shows while a node's members are read.
 class MainWindow : public QMainWindow {
  public:
   // Node kinds in the tree.
@@ -61,6 +66,10 @@ class MainWindow : public QMainWindow {
 
   // Reads a node's members now (as opening it does).
   void LoadMembers(QTreeWidgetItem* node);
+  // The members shown at a time.
+  static constexpr int kMembersPage = 200;
+  // Whether a node has members read but not shown yet.
+  bool HasUnshownMembers(QTreeWidgetItem* node) const { return unshown_.contains(node); }
   // Whether the node's type lets the member be dragged (DragOK), or takes a
   // drop on it (DropOK); false when the type cannot be reached.
   bool TypeLetsGo(QTreeWidgetItem* node);
@@ -86,6 +95,12 @@ class MainWindow : public QMainWindow {
  private:
   void BuildTree();
   void FillMembers(QTreeWidgetItem* node, const std::shared_ptr<Recordset>& rs);
+  void ShowMoreMembers(QTreeWidgetItem* node);
+  // Shows pages until the last member shown of every open node lies below
+  // the view.
+  void ShowMembersInView();
+  // Drops what is kept for a node and the nodes under it, before it goes.
+  void Forget(QTreeWidgetItem* node);
   void Carry(QTreeWidgetItem* node, const OrvelMenuResult& result);
   void OpenSubWindow(const std::shared_ptr<OrvelWindow>& window, Form& form);
   void RebuildWindowsMenu();
@@ -105,6 +120,13 @@ class MainWindow : public QMainWindow {
   bool syncQueued_ = false;
   QString openedFrom_;  // the caption of the node a window is being opened from
   mutable std::map<std::string, QIcon> icons_;
+  // A node's members not shown yet: the set stands on the first of them.
+  struct MemberRows {
+    std::shared_ptr<Recordset> rs;
+    std::string typeOidr;
+    bool entries = false;  // records of a reference book, under the book's node
+  };
+  std::map<QTreeWidgetItem*, MemberRows> unshown_;
 };
 
 }  // namespace orvel

@@ -21,6 +21,7 @@
 #include <QPointer>
 #include <QPrintPreviewDialog>
 #include <QPrintPreviewWidget>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QTabBar>
 #include <QTableWidget>
@@ -644,6 +645,23 @@ TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   firms->setExpanded(false);
   tree->setCurrentItem(banks);
   Shot(*window_, "main-window");
+}
+
+TEST_F(ShellTest, ALongListIsShownAPageAtATimeAsItIsScrolled) {
+  host_.Database().Exec(
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 450)"
+      " INSERT INTO banks (Name, Code) SELECT 'Bankas ' || (1000 + i), 80000 + i FROM n");
+  QTreeWidgetItem* banks = window_->NodeOf("O0000300");
+  banks->setExpanded(true);
+  EXPECT_EQ(banks->childCount(), MainWindow::kMembersPage);
+  EXPECT_TRUE(window_->HasUnshownMembers(banks));
+  // Each scroll to the end brings the next page, until every member is there.
+  QScrollBar* bar = window_->Tree()->verticalScrollBar();
+  for (int page = 0; page < 3 && window_->HasUnshownMembers(banks); ++page) {
+    bar->setValue(bar->maximum());
+  }
+  EXPECT_FALSE(window_->HasUnshownMembers(banks));
+  EXPECT_EQ(banks->childCount(), 456);
 }
 
 TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
