@@ -9,7 +9,7 @@
 #include "goods/frmGoodProperty.h"
 #include "goods/frmGoodsHistory.h"
 #include "goods/frmPriceChange.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -2,7 +2,7 @@
 
 #include <dlfcn.h>
 
-#include "module/OrvelModule.h"
+#include "orvel/OrvelModule.h"
 
 namespace orvel {
 

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
-#include "host/OrvelHeader.h"
-#include "host/OrvelHeaderSecurity.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelHeader.h"
+#include "orvel/OrvelHeaderSecurity.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelWindow.h"
 #include "module/ClassFactory.h"
 
 namespace orvel {

@@ -3,11 +3,11 @@
 #include <dlfcn.h>
 #include <gtest/gtest.h>
 
-#include "host/OrvelHeader.h"
-#include "host/OrvelHeaderSecurity.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "module/OrvelModule.h"
+#include "orvel/OrvelHeader.h"
+#include "orvel/OrvelHeaderSecurity.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelModule.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"

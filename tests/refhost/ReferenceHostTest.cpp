@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "RunningHost.h"
-#include "host/OrvelObjectUI.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/Recordset.h"
 #include "hostkit/ComponentRegistry.h"
 #include "ui/Button.h"
 
