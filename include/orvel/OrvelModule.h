@@ -29,9 +29,6 @@ class OrvelModule {
   virtual void Detach() = 0;
 };
 
-// The module object of this library.
-OrvelModule& TheModule();
-
 }  // namespace orvel
 
 // The name of the C entry point, for dlsym.

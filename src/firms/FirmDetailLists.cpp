@@ -4,11 +4,11 @@
 #include <initializer_list>
 
 #include "common/Catalogue.h"
+#include "common/DetailDialog.h"
 #include "common/Platform.h"
 #include "firms/frmAccounts.h"
 #include "firms/frmFirmInfo.h"
 #include "firms/frmFirms.h"
-#include "goods/GoodsDialogs.h"
 #include "host/Convert.h"
 #include "orvel/OrvelHostClasses.h"
 #include "orvel/OrvelMainForm.h"
@@ -591,7 +591,7 @@ void frmFirms::EditDetail(bool isNew) {
   if (isNew) detail->Fields("FirmID").SetValue(Uio().Fields("ID").Value());
   const std::string caption =
       Uio().Preview() + ": " + (isNew ? kind->captionNew : kind->captionExisting);
-  if (CurrentGoodsDialogs().EditGoodProperty(detail, caption, MsgTitle)) ReloadDetail(tab);
+  if (CurrentDetailDialog().Edit(detail, caption, MsgTitle)) ReloadDetail(tab);
 }
 
 void frmFirms::EditAccount(bool isNew) {

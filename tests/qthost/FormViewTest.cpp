@@ -37,7 +37,7 @@
 #include "firms/frmPreview.h"
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
-#include "goods/frmGoodProperty.h"
+#include "common/frmGoodProperty.h"
 #include "goods/frmPriceChange.h"
 #include "lists/frmPreviewConfig.h"
 #include "reference/frmTemplate.h"

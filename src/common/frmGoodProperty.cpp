@@ -1,4 +1,4 @@
-#include "goods/frmGoodProperty.h"
+#include "common/frmGoodProperty.h"
 
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
