@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include "orvel/OrvelHeader.h"
-#include "orvel/OrvelHeaderSecurity.h"
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelWindow.h"
@@ -9,12 +7,6 @@
 
 namespace orvel {
 namespace {
-
-TEST(ClassFactory, CreatesTheHeadersByName) {
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
-            nullptr);
-}
 
 TEST(ClassFactory, CreatesTheListWindowAsAHostWindow) {
   EXPECT_NE(std::dynamic_pointer_cast<OrvelWindow>(ClassFactory::Create("frmReferenceBookPreview")),
