@@ -60,6 +60,17 @@ install(TARGETS ${programs} RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR} COMPONEN
 install(DIRECTORY apps/orvel-host/scripts/ DESTINATION ${CMAKE_INSTALL_DATADIR}/orvel-host/scripts
   COMPONENT programs)
 
+# ---- the contract's reference ----
+find_program(DOXYGEN doxygen)
+if(DOXYGEN)
+  configure_file(packaging/Doxyfile.in ${PROJECT_BINARY_DIR}/packaging/Doxyfile @ONLY)
+  add_custom_target(docs
+    COMMAND ${DOXYGEN} ${PROJECT_BINARY_DIR}/packaging/Doxyfile
+    WORKING_DIRECTORY ${PROJECT_BINARY_DIR}
+    COMMENT "The host contract's reference in ${PROJECT_BINARY_DIR}/docs/html"
+    VERBATIM)
+endif()
+
 # ---- Debian packages ----
 string(TOLOWER "libOrvelCommonUI${ORVEL_SOVERSION}" deb_module)
 set(deb_dev liborvelcommonui-dev)

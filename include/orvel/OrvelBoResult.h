@@ -8,8 +8,8 @@
 
 namespace orvel {
 
-// What OrvelObjectBO.GetCall and RecordsetCall return: as a rule a Recordset
-// in Object. Number 0 is success.
+/// What OrvelObjectBO.GetCall and RecordsetCall return: as a rule a Recordset
+/// in Object. Number 0 is success.
 struct OrvelBoResult : public Object {
   int32_t Number = 0;
   std::string Text;

@@ -8,13 +8,13 @@
 
 namespace orvel {
 
-// The object of one right component, as registration hands it back.
+/// The object of one right component, as registration hands it back.
 class OrvelComponent : public Object {
  public:
   virtual void SetOType(const std::string& otype) = 0;
 };
 
-// A catalogue group of the host's tree, holding right components.
+/// A catalogue group of the host's tree, holding right components.
 class OrvelComponentGroup : public Object {
  public:
   virtual std::shared_ptr<OrvelComponent> AddComponent(const std::string& otype,
@@ -22,7 +22,7 @@ class OrvelComponentGroup : public Object {
                                                        const std::string& rightKey) = 0;
 };
 
-// The host's registration class; the module creates one per DllInicialize.
+/// The host's registration class; the module creates one per DllInicialize.
 class OrvelComponentRegistry : public Object {
  public:
   virtual std::shared_ptr<OrvelComponentGroup> AddGroup(const std::string& key,

@@ -6,13 +6,13 @@
 
 namespace orvel {
 
-// What ClickMenu tells the host to do next.
+/// What ClickMenu tells the host to do next.
 struct OrvelMenuResult {
   enum Action : int32_t {
-    kNothing = 0,      // Value empty
-    kShowWindow = 1,   // Value: the window object
-    kRemoved = 2,      // the object was removed; drop it from the view
-    kReplaceList = 4,  // Value: Array(new Recordset, selection text)
+    kNothing = 0,      ///< Value empty
+    kShowWindow = 1,   ///< Value: the window object
+    kRemoved = 2,      ///< the object was removed; drop it from the view
+    kReplaceList = 4,  ///< Value: Array(new Recordset, selection text)
   };
   int32_t Action = kNothing;
   Variant Value;

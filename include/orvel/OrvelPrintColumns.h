@@ -7,10 +7,10 @@
 
 namespace orvel {
 
-// The columns of a table section.
+/// The columns of a table section.
 class OrvelPrintColumns : public Object {
  public:
-  // `width` in centimetres; `alignment` 0 left, 1 right, 2 centre.
+  /// `width` in centimetres; `alignment` 0 left, 1 right, 2 centre.
   virtual void Add(const std::string& caption, double width, int32_t alignment) = 0;
 };
 

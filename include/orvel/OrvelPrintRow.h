@@ -7,10 +7,10 @@
 
 namespace orvel {
 
-// One row of a table section. A column left without a cell prints empty.
+/// One row of a table section. A column left without a cell prints empty.
 class OrvelPrintRow : public Object {
  public:
-  // `column` 0-based, in the order the columns were added.
+  /// `column` 0-based, in the order the columns were added.
   virtual void AddCell(int32_t column, const std::string& text, bool bold) = 0;
 };
 

@@ -9,8 +9,8 @@ namespace orvel {
 class OrvelPrintColumns;
 class OrvelPrintRows;
 
-// One section of a print document: lines of text, or a table with columns,
-// rows and optional grid lines.
+/// One section of a print document: lines of text, or a table with columns,
+/// rows and optional grid lines.
 class OrvelPrintSection : public Object {
  public:
   virtual bool VerticalLines() = 0;

@@ -9,7 +9,7 @@ namespace orvel {
 
 class OrvelPrintSection;
 
-// The sections of a print document, printed in the order added.
+/// The sections of a print document, printed in the order added.
 class OrvelPrintSections : public Object {
  public:
   enum : int32_t { kText = 0, kTable = 1 };

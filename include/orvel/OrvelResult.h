@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// What Properties, Methods and OrvelObjectManager.Call return. Number 0 is
-// success; callers test Number, never Text.
+/// What Properties, Methods and OrvelObjectManager.Call return. Number 0 is
+/// success; callers test Number, never Text.
 struct OrvelResult {
   int32_t Number = 0;
   std::string Text;

@@ -11,11 +11,11 @@ class OrvelWindowManager;
 class OrvelRights;
 class OrvelEnvironment;
 
-// The host's services root. The module keeps one module-wide reference to it
-// (OrvelS), set by the first adapter that receives it.
+/// The host's services root. The module keeps one module-wide reference to it
+/// (OrvelS), set by the first adapter that receives it.
 class OrvelServices : public Object {
  public:
-  // The host's main window; it holds the catalogue image list.
+  /// The host's main window; it holds the catalogue image list.
   virtual std::shared_ptr<Object> MainForm() = 0;
   virtual std::shared_ptr<OrvelObjectManager> ObjectManager() = 0;
   virtual std::shared_ptr<OrvelWindowManager> WindowManager() = 0;

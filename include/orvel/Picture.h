@@ -7,8 +7,8 @@
 
 namespace orvel {
 
-// A small picture: an icon of the catalogue tree. The rows are an XPM image
-// (header, colour table, pixel rows), which any toolkit can load.
+/// A small picture: an icon of the catalogue tree. The rows are an XPM image
+/// (header, colour table, pixel rows), which any toolkit can load.
 class Picture : public Object {
  public:
   Picture(std::string name, std::vector<std::string> xpm)

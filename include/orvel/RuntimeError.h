@@ -6,14 +6,14 @@
 
 namespace orvel {
 
-// A run-time failure inside the module: a conversion that does not fit, a
-// subscript out of range, a missing field. It carries the legacy runtime's
-// error number so that callers can tell the kinds apart. It never crosses a
-// host interface: the module catches it where control goes back to the host
-// and reports it through a result's Number and Text.
+/// A run-time failure inside the module: a conversion that does not fit, a
+/// subscript out of range, a missing field. It carries the legacy runtime's
+/// error number so that callers can tell the kinds apart. It never crosses a
+/// host interface: the module catches it where control goes back to the host
+/// and reports it through a result's Number and Text.
 class RuntimeError : public std::runtime_error {
  public:
-  // The legacy runtime's numbers for the failures the module can meet.
+  /// The legacy runtime's numbers for the failures the module can meet.
   static constexpr int32_t kInvalidCall = 5;
   static constexpr int32_t kOverflow = 6;
   static constexpr int32_t kSubscript = 9;
