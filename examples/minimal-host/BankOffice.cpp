@@ -3,6 +3,8 @@
 #include <algorithm>
 #include <cctype>
 
+#include "orvel/RuntimeError.h"
+
 namespace office {
 
 namespace {
@@ -34,9 +36,16 @@ class RowFields : public orvel::Fields {
   orvel::Field& Item(std::string_view name) override {
     for (auto& f : fields)
       if (SameName(f.Name(), name)) return f;
-    throw std::out_of_range("no field " + std::string(name));
+    throw orvel::RuntimeError(orvel::RuntimeError::kItemNotFound,
+                              "Nėra lauko " + std::string(name));
   }
-  orvel::Field& Item(int index) override { return fields.at(static_cast<size_t>(index)); }
+  orvel::Field& Item(int index) override {
+    if (index < 0 || index >= Count()) {
+      throw orvel::RuntimeError(orvel::RuntimeError::kItemNotFound,
+                                "Nėra lauko " + std::to_string(index));
+    }
+    return fields[static_cast<size_t>(index)];
+  }
   bool Exists(std::string_view name) const override {
     return std::any_of(fields.begin(), fields.end(), [&](auto& f) { return SameName(f.Name(), name); });
   }
@@ -53,7 +62,7 @@ class RowRecordset : public orvel::Recordset {
   }
   bool IsBOF() const override { return rows_.empty(); }
   bool IsEOF() const override { return at_ >= rows_.size(); }
-  orvel::Fields& Fields() override { return rows_.at(at_); }
+  orvel::Fields& Fields() override { return at_ < rows_.size() ? rows_[at_] : none_; }
   int RecordCount() const override { return static_cast<int>(rows_.size()); }
   void MoveFirst() override { at_ = 0; }
   void MoveNext() override { if (at_ < rows_.size()) ++at_; }
@@ -66,6 +75,7 @@ class RowRecordset : public orvel::Recordset {
 
  private:
   std::vector<RowFields> rows_;
+  RowFields none_;  // past the last row: no fields to find
   size_t at_ = 0;
 };
 

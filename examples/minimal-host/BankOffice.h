@@ -15,7 +15,8 @@ namespace office {
 // One row of named values.
 using Row = std::vector<std::pair<std::string, orvel::Variant>>;
 
-// A record set over copies of rows: read forward, edit fields in place.
+// A record set over copies of rows: read forward, edit fields in place. A
+// missing field is the contract's RuntimeError (kItemNotFound).
 std::shared_ptr<orvel::Recordset> MakeRecordset(std::vector<Row> rows);
 
 // The banks' business object: "Orvel_GetObjectList", "Orvel_ReadObject",
