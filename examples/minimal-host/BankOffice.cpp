@@ -11,7 +11,8 @@ namespace {
 
 bool SameName(std::string_view a, std::string_view b) {
   return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) {
-    return std::tolower(static_cast<unsigned char>(x)) == std::tolower(static_cast<unsigned char>(y));
+    return std::tolower(static_cast<unsigned char>(x)) ==
+           std::tolower(static_cast<unsigned char>(y));
   });
 }
 
@@ -47,7 +48,8 @@ class RowFields : public orvel::Fields {
     return fields[static_cast<size_t>(index)];
   }
   bool Exists(std::string_view name) const override {
-    return std::any_of(fields.begin(), fields.end(), [&](auto& f) { return SameName(f.Name(), name); });
+    return std::any_of(fields.begin(), fields.end(),
+                       [&](auto& f) { return SameName(f.Name(), name); });
   }
 };
 
@@ -65,7 +67,9 @@ class RowRecordset : public orvel::Recordset {
   orvel::Fields& Fields() override { return at_ < rows_.size() ? rows_[at_] : none_; }
   int RecordCount() const override { return static_cast<int>(rows_.size()); }
   void MoveFirst() override { at_ = 0; }
-  void MoveNext() override { if (at_ < rows_.size()) ++at_; }
+  void MoveNext() override {
+    if (at_ < rows_.size()) ++at_;
+  }
   orvel::Variant Filter() const override { return orvel::Variant(""); }
   void SetFilter(const orvel::Variant&) override {}
   std::string Sort() const override { return ""; }
@@ -93,8 +97,8 @@ std::shared_ptr<orvel::Recordset> MakeRecordset(std::vector<Row> rows) {
 }
 
 BankOffice::BankOffice() {
-  banks_[next_] = {{"ID", next_}, {"Name", "AB Pirmasis bankas"}, {"Code", "70440"},
-                   {"SWIFT", "PIRMLT2X"}};
+  banks_[next_] = {
+      {"ID", next_}, {"Name", "AB Pirmasis bankas"}, {"Code", "70440"}, {"SWIFT", "PIRMLT2X"}};
   ++next_;
 }
 
@@ -136,7 +140,8 @@ orvel::OrvelStatus BankOffice::ExecArrayCall(const std::string& name, const std:
   }
   Row row;
   auto& fields = record->Fields();
-  for (int i = 0; i < fields.Count(); ++i) row.emplace_back(fields.Item(i).Name(), fields.Item(i).Value());
+  for (int i = 0; i < fields.Count(); ++i)
+    row.emplace_back(fields.Item(i).Name(), fields.Item(i).Value());
   banks_[id] = std::move(row);
   return {};
 }
