@@ -27,7 +27,7 @@
 #include "currencies/frmCurrencyRates.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 #include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
 #include "hostkit/LoopbackRateService.h"

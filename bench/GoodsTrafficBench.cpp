@@ -23,7 +23,7 @@
 #include "goods/frmGoods.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 #include "module/ClassFactory.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/MemoryBusinessObject.h"

@@ -28,7 +28,7 @@
 #include "host/MemoryRecordset.h"
 #include "host/RecordsetCriteria.h"
 #include "host/RecordsetOrder.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace {

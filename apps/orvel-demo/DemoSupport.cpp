@@ -3,8 +3,8 @@
 #include <iostream>
 
 #include "host/MemoryRecordset.h"
-#include "host/OrvelResult.h"
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelResult.h"
+#include "orvel/OrvelWindow.h"
 #include "testhost/CallLog.h"
 #include "testhost/TestObjectManager.h"
 #include "testhost/TestWindowManager.h"

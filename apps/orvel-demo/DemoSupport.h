@@ -6,10 +6,10 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelMenuItem.h"
-#include "host/OrvelObjectUI.h"
-#include "host/Recordset.h"
-#include "module/OrvelModule.h"
+#include "orvel/OrvelMenuItem.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/Recordset.h"
+#include "orvel/OrvelModule.h"
 #include "testhost/TestHost.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"

@@ -6,14 +6,14 @@
 #include "DemoSupport.h"
 #include "Walks.h"
 #include "host/MemoryRecordset.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "testhost/CallLog.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestObjectManager.h"
 #include "ui/Label.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace demo {
 namespace {

@@ -9,7 +9,7 @@
 #include "Walks.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "testhost/CallLog.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/MemoryBusinessObject.h"
@@ -20,7 +20,7 @@
 #include "ui/Menu.h"
 #include "ui/TextBox.h"
 #include "ui/Timer.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace demo {
 namespace {

@@ -32,6 +32,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "hostkit/LoopbackRateService.h"
 #include "refhost/HostCommandLine.h"
+#include "refhost/ModuleLibrary.h"
 #include "refhost/ReferenceHost.h"
 
 namespace {
@@ -85,7 +86,8 @@ int CopyOffice(const std::string& from, const std::string& to) {
 
 int main(int argc, char** argv) {
   orvel::HostCommandLine command;
-  command.options.modulePath = ORVEL_DEFAULT_MODULE;
+  command.options.modulePath =
+      orvel::ModuleLibrary::DefaultPath(ORVEL_INSTALLED_MODULE, ORVEL_DEFAULT_MODULE);
   command.options.appPath = std::filesystem::current_path().string();
   if (!command.Parse(argc, argv)) {
     std::cerr << "usage: orvel-host " << orvel::HostCommandLine::Usage() << "\n";

@@ -22,12 +22,14 @@
 #include "qthost/QtPrompter.h"
 #include "qthost/QtUi.h"
 #include "refhost/HostCommandLine.h"
+#include "refhost/ModuleLibrary.h"
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceHostClasses.h"
 
 int main(int argc, char** argv) {
   orvel::HostCommandLine command;
-  command.options.modulePath = ORVEL_DEFAULT_MODULE;
+  command.options.modulePath =
+      orvel::ModuleLibrary::DefaultPath(ORVEL_INSTALLED_MODULE, ORVEL_DEFAULT_MODULE);
   command.options.appPath = std::filesystem::current_path().string();
   if (!command.Parse(argc, argv)) {
     std::cerr << "usage: orvel-window " << orvel::HostCommandLine::Usage() << "\n";

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "host/Convert.h"
-#include "host/Locale.h"
+#include "orvel/Locale.h"
 #include "host/Text.h"
 
 namespace orvel::words {

@@ -3,9 +3,9 @@
 #include "adapters/StandardObjectUI.h"
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/Recordset.h"
 
 namespace orvel {
 

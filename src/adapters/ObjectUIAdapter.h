@@ -5,7 +5,7 @@
 #include <string>
 #include <utility>
 
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 
 namespace orvel {
 

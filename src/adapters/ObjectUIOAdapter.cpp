@@ -2,8 +2,8 @@
 
 #include "adapters/StandardObjectUIO.h"
 #include "common/Boundary.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectUI.h"
 
 namespace orvel {
 

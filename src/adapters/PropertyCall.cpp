@@ -1,6 +1,6 @@
 #include "adapters/PropertyCall.h"
 
-#include "host/OrvelObjectBO.h"
+#include "orvel/OrvelObjectBO.h"
 
 namespace orvel {
 

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "host/OrvelBoResult.h"
-#include "host/OrvelResult.h"
+#include "orvel/OrvelBoResult.h"
+#include "orvel/OrvelResult.h"
 
 namespace orvel {
 

@@ -3,11 +3,11 @@
 #include "adapters/StandardObjectUIO.h"
 #include "common/Catalogue.h"
 #include "common/Registration.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelServices.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

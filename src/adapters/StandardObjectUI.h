@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 
 namespace orvel {
 

@@ -9,9 +9,9 @@
 #include "common/Registration.h"
 #include "host/Convert.h"
 #include "host/Identifiers.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectUI.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 
 namespace orvel {
 

@@ -4,13 +4,13 @@
 #include "banks/frmBanks.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "host/OrvelHostClasses.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectSelect.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelWindowManager.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectSelect.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -6,7 +6,7 @@
 
 #include "adapters/ObjectUIAdapter.h"
 #include "adapters/ObjectUIOAdapter.h"
-#include "host/Object.h"
+#include "orvel/Object.h"
 
 namespace orvel {
 

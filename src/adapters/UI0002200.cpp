@@ -7,12 +7,12 @@
 #include "currencies/frmCurrencyRate.h"
 #include "currencies/frmCurrencyRates.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelWindowManager.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -4,12 +4,12 @@
 #include "common/Platform.h"
 #include "host/Convert.h"
 #include "host/Identifiers.h"
-#include "host/OrvelMainForm.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelMainForm.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include <string>
 
 #include "common/CatalogueWindow.h"
-#include "host/Recordset.h"
+#include "orvel/Recordset.h"
 #include "ui/Menu.h"
 
 namespace orvel {

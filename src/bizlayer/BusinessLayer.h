@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelResult.h"
+#include "orvel/OrvelResult.h"
 
 namespace orvel {
 

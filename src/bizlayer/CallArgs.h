@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

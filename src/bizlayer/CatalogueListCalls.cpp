@@ -23,7 +23,7 @@
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include "bizlayer/Database.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

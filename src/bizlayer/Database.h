@@ -6,7 +6,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

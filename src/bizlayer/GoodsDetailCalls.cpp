@@ -6,7 +6,7 @@
 #include "bizlayer/CatalogueCalls.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/MemoryRecordset.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -10,7 +10,7 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/ParamList.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -9,7 +9,7 @@
 #include <vector>
 
 #include "bizlayer/CatalogueTable.h"
-#include "host/OrvelObjectBO.h"
+#include "orvel/OrvelObjectBO.h"
 
 namespace orvel {
 

@@ -9,8 +9,8 @@
 #include <string_view>
 
 #include "host/Convert.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

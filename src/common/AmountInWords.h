@@ -4,8 +4,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/OrvelResult.h"
-#include "host/Variant.h"
+#include "orvel/OrvelResult.h"
+#include "orvel/Variant.h"
 
 // Amounts in Lithuanian words, for the sum line of printed payment documents.
 //

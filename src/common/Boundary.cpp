@@ -4,8 +4,8 @@
 
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

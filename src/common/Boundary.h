@@ -5,8 +5,8 @@
 #include <string>
 #include <utility>
 
-#include "host/OrvelResult.h"
-#include "host/OrvelStatus.h"
+#include "orvel/OrvelResult.h"
+#include "orvel/OrvelStatus.h"
 
 // Where control goes back to the host, a run-time failure inside the module
 // (a RuntimeError, or anything else thrown) must not cross: it becomes a

@@ -4,14 +4,14 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelShowObject.h"
-#include "host/OrvelWindowManager.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelShowObject.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

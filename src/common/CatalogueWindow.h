@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelWindow.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"

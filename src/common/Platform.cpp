@@ -1,8 +1,8 @@
 #include "common/Platform.h"
 
-#include "host/OrvelHostClasses.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

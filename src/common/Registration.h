@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "host/OrvelHeaderSecurity.h"
+#include "orvel/OrvelHeaderSecurity.h"
 
 // The module's vocabulary: its name, catalogue group, right components,
 // object types and icons, in the order the host is told them. The same

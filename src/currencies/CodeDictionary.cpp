@@ -1,7 +1,7 @@
 #include "currencies/CodeDictionary.h"
 
 #include "host/Dictionary.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

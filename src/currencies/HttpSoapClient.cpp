@@ -5,7 +5,7 @@
 #include <cstring>
 #include <sstream>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -8,9 +8,9 @@
 #include "currencies/XmlNode.h"
 #include "currencies/XmlNodeList.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelServices.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -4,7 +4,7 @@
 #include <string>
 
 #include "currencies/CodeDictionary.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -2,7 +2,7 @@
 
 #include "currencies/HttpSoapClient.h"
 #include "currencies/RateServiceSettings.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

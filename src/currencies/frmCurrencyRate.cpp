@@ -4,10 +4,10 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

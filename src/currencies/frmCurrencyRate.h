@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "ui/Button.h"
 #include "ui/DTPicker.h"
 #include "ui/Form.h"

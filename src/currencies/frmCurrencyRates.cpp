@@ -11,14 +11,14 @@
 #include "currencies/RateSource.h"
 #include "currencies/SoapClient.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelWindowManager.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "ui/ControlConstants.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -6,9 +6,9 @@
 #include <unordered_map>
 
 #include "currencies/CodeDictionary.h"
-#include "host/OrvelWindow.h"
-#include "host/Recordset.h"
-#include "host/Variant.h"
+#include "orvel/OrvelWindow.h"
+#include "orvel/Recordset.h"
+#include "orvel/Variant.h"
 #include "ui/Button.h"
 #include "ui/DTPicker.h"
 #include "ui/Form.h"

@@ -1,7 +1,7 @@
 #include "firms/FirmDebtLine.h"
 
 #include "host/Convert.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -4,25 +4,25 @@
 #include <initializer_list>
 
 #include "common/Catalogue.h"
+#include "common/DetailDialog.h"
 #include "common/Platform.h"
 #include "firms/frmAccounts.h"
 #include "firms/frmFirmInfo.h"
 #include "firms/frmFirms.h"
-#include "goods/GoodsDialogs.h"
 #include "host/Convert.h"
-#include "host/OrvelHostClasses.h"
-#include "host/OrvelMainForm.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelObjectSelect.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelRights.h"
-#include "host/OrvelServices.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/OrvelMainForm.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelObjectSelect.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelRights.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "ui/ControlConstants.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 
@@ -591,7 +591,7 @@ void frmFirms::EditDetail(bool isNew) {
   if (isNew) detail->Fields("FirmID").SetValue(Uio().Fields("ID").Value());
   const std::string caption =
       Uio().Preview() + ": " + (isNew ? kind->captionNew : kind->captionExisting);
-  if (CurrentGoodsDialogs().EditGoodProperty(detail, caption, MsgTitle)) ReloadDetail(tab);
+  if (CurrentDetailDialog().Edit(detail, caption, MsgTitle)) ReloadDetail(tab);
 }
 
 void frmFirms::EditAccount(bool isNew) {

@@ -2,8 +2,8 @@
 
 #include "common/Boundary.h"
 #include "common/Platform.h"
-#include "host/RuntimeError.h"
-#include "ui/Ui.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -4,15 +4,15 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelUser.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelUser.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "ui/ControlConstants.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "common/CatalogueWindow.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Menu.h"

@@ -2,8 +2,8 @@
 
 #include "common/Catalogue.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelServices.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelServices.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -3,13 +3,13 @@
 #include <utility>
 
 #include "common/Catalogue.h"
+#include "common/DetailDialog.h"
 #include "common/Platform.h"
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
-#include "goods/frmGoodProperty.h"
 #include "goods/frmGoodsHistory.h"
 #include "goods/frmPriceChange.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 
@@ -55,15 +55,7 @@ void GoodsDialogs::AddGuarantee(const std::shared_ptr<OrvelObjectUIO>& group) {
 
 bool GoodsDialogs::EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>& detail,
                                     const std::string& caption, const std::string& msgTitle) {
-  frmGoodProperty dialog;
-  dialog.MsgTitle = msgTitle;
-  dialog.SetCaption(caption);
-  dialog.OrvelGrid->SetServices(OrvelS());
-  dialog.OrvelGrid->SetObjectUIO(detail);
-  dialog.OrvelGrid->FillFields();
-  Platform::Ui().ShowModal(dialog);
-  dialog.Unload();
-  return dialog.Saved;
+  return CurrentDetailDialog().Edit(detail, caption, msgTitle);
 }
 
 void GoodsDialogs::ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good,

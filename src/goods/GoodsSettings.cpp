@@ -4,12 +4,12 @@
 
 #include "common/Catalogue.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelSession.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelSession.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 // What the goods catalogue reads from the session and shares between its
 // windows: the catalogue settings of the database and the general VAT rate.

@@ -5,9 +5,9 @@
 #include "common/Boundary.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -6,7 +6,7 @@
 #include <limits>
 
 #include "host/Convert.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -3,8 +3,8 @@
 #include <optional>
 #include <string>
 
-#include "host/Locale.h"
-#include "host/Variant.h"
+#include "orvel/Locale.h"
+#include "orvel/Variant.h"
 
 // Structured goods codes: a child's code begins with its parent group's code
 // and ends in a running number. The business layer reports the parent's code

@@ -6,12 +6,12 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelGroupSelect.h"
-#include "host/OrvelHostClasses.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelGroupSelect.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "common/CatalogueWindow.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"

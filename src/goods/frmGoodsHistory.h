@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/ListView.h"

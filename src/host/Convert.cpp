@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

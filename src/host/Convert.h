@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/Locale.h"
-#include "host/Variant.h"
+#include "orvel/Locale.h"
+#include "orvel/Variant.h"
 
 // The legacy runtime's conversions, kept exactly: the module's arithmetic,
 // display text and comparisons depend on them. Failures throw RuntimeError

@@ -1,6 +1,6 @@
 #include "host/Dictionary.h"
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

@@ -5,8 +5,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/Object.h"
-#include "host/Variant.h"
+#include "orvel/Object.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

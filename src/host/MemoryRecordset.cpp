@@ -8,7 +8,7 @@
 
 #include "host/RecordsetCriteria.h"
 #include "host/RecordsetOrder.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

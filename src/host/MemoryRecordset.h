@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Recordset.h"
+#include "orvel/Recordset.h"
 
 namespace orvel {
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -7,7 +7,7 @@
 
 #include "host/Convert.h"
 #include "host/RecordsetCollation.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

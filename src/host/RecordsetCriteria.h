@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/RecordsetColumn.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

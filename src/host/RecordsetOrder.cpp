@@ -7,7 +7,7 @@
 #include <numeric>
 
 #include "host/RecordsetCollation.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -6,7 +6,7 @@
 #include <string>
 
 #include "host/Convert.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Utf8.h"
 
 namespace orvel {

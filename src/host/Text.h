@@ -4,7 +4,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 // The legacy runtime's text functions over UTF-8 text. Every position and
 // length counts characters (code points), never bytes, so "šeši" has four.

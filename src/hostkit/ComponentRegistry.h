@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/ImageList.h"
-#include "host/OrvelComponentRegistry.h"
+#include "orvel/ImageList.h"
+#include "orvel/OrvelComponentRegistry.h"
 
 namespace orvel {
 

@@ -5,12 +5,12 @@
 #include <exception>
 
 #include "host/Convert.h"
-#include "host/OrvelBoResult.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelBoResult.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

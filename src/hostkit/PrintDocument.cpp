@@ -3,11 +3,11 @@
 #include <algorithm>
 #include <cmath>
 
-#include "host/OrvelPrintColumns.h"
-#include "host/OrvelPrintRow.h"
-#include "host/OrvelPrintRows.h"
-#include "host/OrvelPrintSection.h"
-#include "host/OrvelPrintSections.h"
+#include "orvel/OrvelPrintColumns.h"
+#include "orvel/OrvelPrintRow.h"
+#include "orvel/OrvelPrintRows.h"
+#include "orvel/OrvelPrintSection.h"
+#include "orvel/OrvelPrintSections.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintDoc.h"
+#include "orvel/OrvelPrintDoc.h"
 
 namespace orvel {
 

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/DragData.h"
+#include "orvel/DragData.h"
 
 namespace orvel {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelWindow.h"
 
 namespace orvel {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelWindowManager.h"
+#include "orvel/OrvelWindowManager.h"
 
 namespace orvel {
 

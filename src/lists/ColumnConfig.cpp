@@ -8,7 +8,7 @@
 #include "host/Convert.h"
 #include "host/Dictionary.h"
 #include "host/Text.h"
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -6,9 +6,9 @@
 #include <vector>
 
 #include "host/Dictionary.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelWindow.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelWindow.h"
+#include "orvel/Recordset.h"
 #include "lists/ColumnConfig.h"
 #include "ui/Button.h"
 #include "ui/Form.h"

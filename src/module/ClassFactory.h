@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Object.h"
+#include "orvel/Object.h"
 
 namespace orvel {
 

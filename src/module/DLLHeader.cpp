@@ -5,9 +5,9 @@
 #include "common/Boundary.h"
 #include "common/Platform.h"
 #include "common/Registration.h"
-#include "host/OrvelComponentRegistry.h"
-#include "host/OrvelHostClasses.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelComponentRegistry.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/RuntimeError.h"
 #include "module/IconResources.h"
 
 namespace orvel {

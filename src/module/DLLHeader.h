@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/OrvelHeader.h"
+#include "orvel/OrvelHeader.h"
 
 namespace orvel {
 

@@ -5,7 +5,7 @@
 #include <string_view>
 #include <vector>
 
-#include "host/Picture.h"
+#include "orvel/Picture.h"
 
 namespace orvel {
 

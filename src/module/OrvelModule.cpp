@@ -1,4 +1,4 @@
-#include "module/OrvelModule.h"
+#include "module/TheModule.h"
 
 #include "common/Catalogue.h"
 #include "common/Platform.h"

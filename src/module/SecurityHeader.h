@@ -1,6 +1,6 @@
 #pragma once
 
-#include "host/OrvelHeaderSecurity.h"
+#include "orvel/OrvelHeaderSecurity.h"
 
 namespace orvel {
 

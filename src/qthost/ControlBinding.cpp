@@ -9,7 +9,7 @@
 #include <initializer_list>
 #include <vector>
 
-#include "host/Picture.h"
+#include "orvel/Picture.h"
 #include "hostkit/ComponentRegistry.h"
 #include "ui/Button.h"
 #include "ui/Control.h"

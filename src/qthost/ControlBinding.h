@@ -11,8 +11,8 @@
 #include <string>
 #include <string_view>
 
-#include "host/Object.h"
-#include "host/Variant.h"
+#include "orvel/Object.h"
+#include "orvel/Variant.h"
 #include "ui/ControlObserver.h"
 
 class QEvent;

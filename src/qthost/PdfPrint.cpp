@@ -12,7 +12,7 @@
 #include <QPrinter>
 #include <algorithm>
 
-#include "host/OrvelPrintDoc.h"
+#include "orvel/OrvelPrintDoc.h"
 
 namespace orvel {
 

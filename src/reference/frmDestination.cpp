@@ -4,17 +4,17 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelRights.h"
-#include "host/OrvelServices.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelRights.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "reference/frmTemplate.h"
 #include "ui/ControlConstants.h"
 #include "ui/ListItem.h"
 #include "ui/ListView.h"
 #include "ui/OrvelGrid.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -7,14 +7,14 @@
 #include "common/Platform.h"
 #include "host/Convert.h"
 #include "host/Identifiers.h"
-#include "host/OrvelGroupSelect.h"
-#include "host/OrvelHostClasses.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelRights.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelWindowManager.h"
-#include "host/Recordset.h"
-#include "ui/Ui.h"
+#include "orvel/OrvelGroupSelect.h"
+#include "orvel/OrvelHostClasses.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelRights.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/Recordset.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -1,12 +1,12 @@
 #include "refhost/HostCard.h"
 
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelSession.h"
-#include "host/OrvelWindowManager.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelSession.h"
+#include "orvel/OrvelWindowManager.h"
 #include "ui/ControlConstants.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

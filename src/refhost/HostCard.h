@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelWindow.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/OrvelGrid.h"

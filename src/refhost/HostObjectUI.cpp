@@ -1,10 +1,10 @@
 #include "refhost/HostObjectUI.h"
 
 #include "host/Identifiers.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelServices.h"
-#include "host/OrvelWindowManager.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/OrvelWindowManager.h"
+#include "orvel/Recordset.h"
 #include "refhost/HostCard.h"
 #include "refhost/HostObjectUIO.h"
 

@@ -2,8 +2,8 @@
 
 #include "host/Convert.h"
 #include "host/Identifiers.h"
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelWindow.h"
 #include "refhost/HostObjectUI.h"
 
 namespace orvel {

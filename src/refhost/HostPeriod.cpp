@@ -5,8 +5,8 @@
 #include <sstream>
 
 #include "host/Convert.h"
-#include "host/Locale.h"
-#include "host/OrvelEnvironment.h"
+#include "orvel/Locale.h"
+#include "orvel/OrvelEnvironment.h"
 #include "refhost/Prompter.h"
 
 namespace orvel {

@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -3,8 +3,8 @@
 #include <memory>
 #include <vector>
 
-#include "host/Locale.h"
-#include "ui/Ui.h"
+#include "orvel/Locale.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

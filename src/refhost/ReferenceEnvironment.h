@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelEnvironment.h"
+#include "orvel/OrvelEnvironment.h"
 
 namespace orvel {
 

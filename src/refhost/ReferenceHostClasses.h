@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/OrvelHostClasses.h"
+#include "orvel/OrvelHostClasses.h"
 #include "hostkit/PrintDocument.h"
 
 namespace orvel {

@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelObjectManager.h"
+#include "orvel/OrvelObjectManager.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/OrvelRights.h"
+#include "orvel/OrvelRights.h"
 
 namespace orvel {
 

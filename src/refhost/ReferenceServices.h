@@ -2,8 +2,8 @@
 
 #include <memory>
 
-#include "host/OrvelMainForm.h"
-#include "host/OrvelServices.h"
+#include "orvel/OrvelMainForm.h"
+#include "orvel/OrvelServices.h"
 
 namespace orvel {
 

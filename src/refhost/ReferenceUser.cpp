@@ -2,7 +2,7 @@
 
 #include "bizlayer/Database.h"
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 

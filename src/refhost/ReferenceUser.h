@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelUser.h"
+#include "orvel/OrvelUser.h"
 
 namespace orvel {
 

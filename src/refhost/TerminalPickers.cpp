@@ -3,9 +3,9 @@
 #include <vector>
 
 #include "host/Convert.h"
-#include "host/OrvelObjectManager.h"
-#include "host/OrvelObjectUI.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectManager.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/Recordset.h"
 #include "refhost/Prompter.h"
 
 namespace orvel {

@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelGroupSelect.h"
-#include "host/OrvelObjectSelect.h"
+#include "orvel/OrvelGroupSelect.h"
+#include "orvel/OrvelObjectSelect.h"
 
 namespace orvel {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelWindow.h"
 #include "hostkit/WindowRegistry.h"
 #include "refhost/Prompter.h"
 #include "ui/Form.h"

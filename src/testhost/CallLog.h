@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "testhost/CallEntry.h"
 
 namespace orvel {

@@ -2,9 +2,9 @@
 
 #include <exception>
 
-#include "host/OrvelObjectUIO.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

@@ -8,8 +8,8 @@
 #include <string_view>
 #include <vector>
 
-#include "host/OrvelResult.h"
-#include "host/Variant.h"
+#include "orvel/OrvelResult.h"
+#include "orvel/Variant.h"
 #include "ui/ListView.h"
 #include "ui/OrvelGrid.h"
 

@@ -3,8 +3,8 @@
 #include <exception>
 
 #include "host/MemoryRecordset.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "testhost/CallLog.h"
 #include "host/ParamList.h"

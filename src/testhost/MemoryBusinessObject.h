@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelObjectBO.h"
+#include "orvel/OrvelObjectBO.h"
 #include "testhost/MemoryTable.h"
 
 namespace orvel {

@@ -6,8 +6,8 @@
 #include <limits>
 
 #include "host/MemoryRecordset.h"
-#include "host/Recordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/Recordset.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "testhost/CallLog.h"
 

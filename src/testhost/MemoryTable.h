@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "host/Locale.h"
-#include "ui/Ui.h"
+#include "orvel/Locale.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelComponentRegistry.h"
+#include "orvel/OrvelComponentRegistry.h"
 
 namespace orvel {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelComponentRegistry.h"
+#include "orvel/OrvelComponentRegistry.h"
 
 namespace orvel {
 

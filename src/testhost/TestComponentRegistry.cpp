@@ -1,6 +1,6 @@
 #include "testhost/TestComponentRegistry.h"
 
-#include "host/Picture.h"
+#include "orvel/Picture.h"
 #include "testhost/CallLog.h"
 #include "testhost/TestComponentGroup.h"
 

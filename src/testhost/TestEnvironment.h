@@ -6,7 +6,7 @@
 #include <string>
 #include <utility>
 
-#include "host/OrvelEnvironment.h"
+#include "orvel/OrvelEnvironment.h"
 
 namespace orvel {
 

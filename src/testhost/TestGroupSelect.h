@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelGroupSelect.h"
+#include "orvel/OrvelGroupSelect.h"
 #include "testhost/PickerAnswers.h"
 
 namespace orvel {

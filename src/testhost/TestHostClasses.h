@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelHostClasses.h"
+#include "orvel/OrvelHostClasses.h"
 #include "testhost/PickerAnswers.h"
 
 namespace orvel {

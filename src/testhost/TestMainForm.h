@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/OrvelMainForm.h"
+#include "orvel/OrvelMainForm.h"
 
 namespace orvel {
 

@@ -3,10 +3,10 @@
 #include <exception>
 
 #include "host/Identifiers.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelServices.h"
-#include "host/RuntimeError.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 

@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelObjectManager.h"
+#include "orvel/OrvelObjectManager.h"
 
 namespace orvel {
 

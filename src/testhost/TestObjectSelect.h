@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelObjectSelect.h"
+#include "orvel/OrvelObjectSelect.h"
 #include "testhost/PickerAnswers.h"
 
 namespace orvel {

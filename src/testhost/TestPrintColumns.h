@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintColumns.h"
+#include "orvel/OrvelPrintColumns.h"
 
 namespace orvel {
 

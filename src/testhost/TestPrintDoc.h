@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintDoc.h"
+#include "orvel/OrvelPrintDoc.h"
 
 namespace orvel {
 

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintRow.h"
+#include "orvel/OrvelPrintRow.h"
 
 namespace orvel {
 

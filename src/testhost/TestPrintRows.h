@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintRows.h"
+#include "orvel/OrvelPrintRows.h"
 
 namespace orvel {
 

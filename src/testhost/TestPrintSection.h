@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintSection.h"
+#include "orvel/OrvelPrintSection.h"
 
 namespace orvel {
 

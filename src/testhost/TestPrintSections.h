@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelPrintSections.h"
+#include "orvel/OrvelPrintSections.h"
 
 namespace orvel {
 

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/OrvelRights.h"
+#include "orvel/OrvelRights.h"
 
 namespace orvel {
 

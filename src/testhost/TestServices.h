@@ -2,7 +2,7 @@
 
 #include <memory>
 
-#include "host/OrvelServices.h"
+#include "orvel/OrvelServices.h"
 
 namespace orvel {
 

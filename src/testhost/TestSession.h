@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelSession.h"
+#include "orvel/OrvelSession.h"
 
 namespace orvel {
 

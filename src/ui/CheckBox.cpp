@@ -1,6 +1,6 @@
 #include "ui/CheckBox.h"
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

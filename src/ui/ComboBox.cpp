@@ -1,6 +1,6 @@
 #include "ui/ComboBox.h"
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

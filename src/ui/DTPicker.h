@@ -3,7 +3,7 @@
 #include <functional>
 #include <optional>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "ui/Control.h"
 
 namespace orvel {

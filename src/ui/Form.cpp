@@ -4,7 +4,7 @@
 
 #include "ui/Control.h"
 #include "ui/FormObserver.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 

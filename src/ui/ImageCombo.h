@@ -4,7 +4,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Object.h"
+#include "orvel/Object.h"
 #include "ui/ComboItems.h"
 #include "ui/Control.h"
 

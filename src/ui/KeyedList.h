@@ -10,7 +10,7 @@
 #include <utility>
 #include <vector>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

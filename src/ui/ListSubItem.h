@@ -3,7 +3,7 @@
 #include <cstdint>
 #include <string>
 
-#include "host/Variant.h"
+#include "orvel/Variant.h"
 #include "ui/KeyedList.h"
 
 namespace orvel {

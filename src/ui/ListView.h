@@ -3,7 +3,7 @@
 #include <functional>
 #include <memory>
 
-#include "host/Object.h"
+#include "orvel/Object.h"
 #include "ui/ColumnHeaders.h"
 #include "ui/Control.h"
 #include "ui/ListItems.h"

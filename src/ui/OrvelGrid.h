@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "host/Object.h"
+#include "orvel/Object.h"
 #include "ui/Control.h"
 
 namespace orvel {

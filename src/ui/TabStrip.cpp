@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

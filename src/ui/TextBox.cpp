@@ -1,6 +1,6 @@
 #include "ui/TextBox.h"
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 #include "ui/ControlConstants.h"
 

@@ -2,7 +2,7 @@
 
 #include "adapters/SmallAdapters.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestServices.h"
 

@@ -6,7 +6,7 @@
 #include "adapters/StandardObjectUI.h"
 #include "adapters/StandardObjectUIO.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestServices.h"
 

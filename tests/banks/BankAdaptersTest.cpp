@@ -6,7 +6,7 @@
 #include "banks/frmBanks.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestWindowManager.h"

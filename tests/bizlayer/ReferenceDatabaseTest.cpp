@@ -10,7 +10,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
-#include "host/Recordset.h"
+#include "orvel/Recordset.h"
 
 namespace orvel {
 namespace {

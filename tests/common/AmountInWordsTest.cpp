@@ -12,9 +12,9 @@
 #include <vector>
 
 #include "common/AmountInWords.h"
-#include "host/Locale.h"
+#include "orvel/Locale.h"
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 namespace {

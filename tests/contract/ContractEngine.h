@@ -6,8 +6,8 @@
 #include <utility>
 #include <vector>
 
-#include "host/OrvelObjectBO.h"
-#include "host/Variant.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/Variant.h"
 
 namespace orvel::contract {
 

@@ -9,7 +9,7 @@
 
 #include "ContractEngine.h"
 #include "host/Convert.h"
-#include "host/Recordset.h"
+#include "orvel/Recordset.h"
 
 namespace orvel::contract {
 

@@ -6,7 +6,7 @@
 
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestSession.h"
 

@@ -7,7 +7,7 @@
 
 #include "currencies/HttpSoapClient.h"
 #include "currencies/RateServiceSettings.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "hostkit/LoopbackRateService.h"
 
 namespace orvel {

@@ -9,8 +9,8 @@
 
 #include "firms/frmFirms.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestSession.h"

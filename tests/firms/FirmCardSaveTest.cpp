@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "firms/FirmCardFixture.h"
-#include "host/OrvelShowObject.h"
+#include "orvel/OrvelShowObject.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {

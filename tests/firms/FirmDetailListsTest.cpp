@@ -6,7 +6,7 @@
 
 #include "FirmCardFixture.h"
 #include "firms/frmAccounts.h"
-#include "goods/GoodsDialogs.h"
+#include "common/DetailDialog.h"
 #include "host/Convert.h"
 #include "host/Text.h"
 #include "testhost/TestHostClasses.h"
@@ -568,10 +568,10 @@ INSTANTIATE_TEST_SUITE_P(
 // ---- editing rows ----
 
 // The detail dialog, scripted: it notes what it was given and answers.
-class ScriptedDetailDialogs : public GoodsDialogs {
+class ScriptedDetailDialogs : public DetailDialog {
  public:
-  bool EditGoodProperty(const std::shared_ptr<OrvelObjectUIO>& detail, const std::string& caption,
-                        const std::string& msgTitle) override {
+  bool Edit(const std::shared_ptr<OrvelObjectUIO>& detail, const std::string& caption,
+            const std::string& msgTitle) override {
     seen.push_back(detail ? detail->OIDR() +
                                 " FirmID=" + ConcatText(detail->Fields("FirmID").Value()) + " " +
                                 caption + " / " + msgTitle
@@ -596,10 +596,10 @@ class EditDetailTest : public FirmDetailListsTest,
   void SetUp() override {
     FirmDetailListsTest::SetUp();
     dialogs_ = std::make_shared<ScriptedDetailDialogs>();
-    InstallGoodsDialogs(dialogs_);
+    InstallDetailDialog(dialogs_);
   }
   void TearDown() override {
-    InstallGoodsDialogs(nullptr);
+    InstallDetailDialog(nullptr);
     FirmDetailListsTest::TearDown();
   }
   std::shared_ptr<ScriptedDetailDialogs> dialogs_;
@@ -656,13 +656,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FirmDetailListsTest, EditingWithoutASelectedRowOpensNothing) {
   auto dialogs = std::make_shared<ScriptedDetailDialogs>();
-  InstallGoodsDialogs(dialogs);
+  InstallDetailDialog(dialogs);
   auto w = Open(kFirm);
   w->CurrentTab = w->ContactsTab;
   w->EditDetail(false);
   w->EditAccount(false);
   w->EditFirmInfo(false);
-  InstallGoodsDialogs(nullptr);
+  InstallDetailDialog(nullptr);
   EXPECT_THAT(dialogs->seen, IsEmpty());
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
   EXPECT_EQ(host_.Ui()->PendingModalScripts(), 0u);

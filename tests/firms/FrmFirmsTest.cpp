@@ -7,7 +7,7 @@
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
 #include "support/ModuleTest.h"

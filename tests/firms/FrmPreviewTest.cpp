@@ -3,7 +3,7 @@
 #include <string>
 
 #include "firms/frmPreview.h"
-#include "host/OrvelServices.h"
+#include "orvel/OrvelServices.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestServices.h"

@@ -13,7 +13,7 @@
 #include "goods/frmGoods.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
 #include "support/ModuleTest.h"

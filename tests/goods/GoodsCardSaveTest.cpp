@@ -9,7 +9,7 @@
 
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
-#include "host/Locale.h"
+#include "orvel/Locale.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {

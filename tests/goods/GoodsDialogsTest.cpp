@@ -14,7 +14,7 @@
 #include "goods/GoodsCardFixture.h"
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
-#include "goods/frmGoodProperty.h"
+#include "common/frmGoodProperty.h"
 #include "goods/frmPriceChange.h"
 #include "host/Convert.h"
 #include "support/StubObjectUIO.h"

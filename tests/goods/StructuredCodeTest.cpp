@@ -9,7 +9,7 @@
 #include "adapters/UI0000200.h"
 #include "goods/StructuredCode.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestSession.h"
 

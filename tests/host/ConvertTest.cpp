@@ -8,7 +8,7 @@
 #include <vector>
 
 #include "host/Convert.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -1,6 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "host/IconsTable.h"
+#include "orvel/IconsTable.h"
 #include "host/Identifiers.h"
 
 namespace orvel {

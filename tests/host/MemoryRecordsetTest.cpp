@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 namespace {

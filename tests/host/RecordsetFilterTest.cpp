@@ -8,7 +8,7 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/RecordsetCriteria.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -11,7 +11,7 @@
 
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "host/Text.h"
 
 namespace orvel {

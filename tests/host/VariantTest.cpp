@@ -5,8 +5,8 @@
 #include <memory>
 #include <string>
 
-#include "host/RuntimeError.h"
-#include "host/Variant.h"
+#include "orvel/RuntimeError.h"
+#include "orvel/Variant.h"
 
 namespace orvel {
 namespace {

@@ -6,8 +6,8 @@
 #include <vector>
 
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/StubObjectUI.h"
 #include "support/StubObjectUIO.h"
 

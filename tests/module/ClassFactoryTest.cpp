@@ -1,20 +1,12 @@
 #include <gtest/gtest.h>
 
-#include "host/OrvelHeader.h"
-#include "host/OrvelHeaderSecurity.h"
-#include "host/OrvelObjectUI.h"
-#include "host/OrvelObjectUIO.h"
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelWindow.h"
 #include "module/ClassFactory.h"
 
 namespace orvel {
 namespace {
-
-TEST(ClassFactory, CreatesTheHeadersByName) {
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
-            nullptr);
-}
 
 TEST(ClassFactory, CreatesTheListWindowAsAHostWindow) {
   EXPECT_NE(std::dynamic_pointer_cast<OrvelWindow>(ClassFactory::Create("frmReferenceBookPreview")),

@@ -4,14 +4,14 @@
 
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "reference/frmDepartments.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {

@@ -5,7 +5,7 @@
 
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
 #include "support/ModuleTest.h"
@@ -18,7 +18,7 @@
 #include "ui/ListSubItem.h"
 #include "ui/ListSubItems.h"
 #include "ui/ListView.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {

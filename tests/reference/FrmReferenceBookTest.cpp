@@ -10,7 +10,7 @@
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestWindowManager.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {

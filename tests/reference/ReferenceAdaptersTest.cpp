@@ -9,7 +9,7 @@
 #include "module/ClassFactory.h"
 #include "reference/frmReferenceBook.h"
 #include "testhost/TestObjectSelect.h"
-#include "ui/Ui.h"
+#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {

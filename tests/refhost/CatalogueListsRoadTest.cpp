@@ -3,7 +3,7 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "host/Recordset.h"
+#include "orvel/Recordset.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/Label.h"

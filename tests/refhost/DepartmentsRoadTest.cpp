@@ -3,8 +3,8 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectUI.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/Recordset.h"
 #include "ui/Button.h"
 #include "ui/TextBox.h"
 

@@ -3,7 +3,7 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 #include "hostkit/TextDragData.h"
 #include "ui/Button.h"
 

@@ -3,8 +3,8 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "host/OrvelEnvironment.h"
-#include "host/OrvelServices.h"
+#include "orvel/OrvelEnvironment.h"
+#include "orvel/OrvelServices.h"
 #include "refhost/HostPeriod.h"
 #include "ui/Button.h"
 #include "ui/Panel.h"

@@ -2,9 +2,10 @@
 #include <gtest/gtest.h>
 
 #include "RunningHost.h"
-#include "host/OrvelObjectUI.h"
-#include "host/Recordset.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/Recordset.h"
 #include "hostkit/ComponentRegistry.h"
+#include "refhost/ModuleLibrary.h"
 #include "ui/Button.h"
 
 namespace orvel {
@@ -14,6 +15,12 @@ using ::testing::Contains;
 using ::testing::ElementsAre;
 
 using ReferenceHostTest = RunningHost;
+
+TEST(ModuleLibrary, AModuleOfAnotherVersionIsRefusedNamingBoth) {
+  ModuleLibrary library(ORVEL_MODULE_PATH, "1.1.0");
+  EXPECT_THAT(library.Error(), ::testing::EndsWith(std::string(": modulio versija ") + kVersion +
+                                                   " netinka šeimininkui, sukurtam 1.1.0 versijai"));
+}
 
 TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
   const auto& catalogue = host_.Catalogue();

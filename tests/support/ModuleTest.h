@@ -7,7 +7,7 @@
 
 #include "common/Catalogue.h"
 #include "common/Platform.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUI.h"
 #include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"

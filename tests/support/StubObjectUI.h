@@ -4,8 +4,8 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelObjectBO.h"
-#include "host/OrvelObjectUI.h"
+#include "orvel/OrvelObjectBO.h"
+#include "orvel/OrvelObjectUI.h"
 #include "support/StubObjectUIO.h"
 
 namespace orvel {

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "host/OrvelObjectUIO.h"
+#include "orvel/OrvelObjectUIO.h"
 
 namespace orvel {
 

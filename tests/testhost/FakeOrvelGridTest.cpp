@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "support/StubObjectUIO.h"
 

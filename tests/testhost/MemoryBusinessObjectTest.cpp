@@ -2,7 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "host/MemoryRecordset.h"
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 

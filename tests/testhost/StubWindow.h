@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "host/OrvelWindow.h"
+#include "orvel/OrvelWindow.h"
 #include "support/StubObjectUIO.h"
 
 namespace orvel {

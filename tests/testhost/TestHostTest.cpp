@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "host/MemoryRecordset.h"
-#include "host/Picture.h"
-#include "host/RuntimeError.h"
+#include "orvel/Picture.h"
+#include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "testhost/ScriptedUi.h"

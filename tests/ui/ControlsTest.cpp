@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"

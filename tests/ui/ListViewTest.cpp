@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "host/RuntimeError.h"
+#include "orvel/RuntimeError.h"
 #include "ui/ListView.h"
 #include "ui/RecordingObserver.h"
 
