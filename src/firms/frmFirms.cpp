@@ -1,6 +1,7 @@
 #include "firms/frmFirms.h"
 
 #include "common/Boundary.h"
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "firms/FirmDebtLine.h"
@@ -363,15 +364,8 @@ void ReadOptional(Recordset& rs, const char* name, T& target, Convert convert) {
 
 void frmFirms::lblDebt_Click() {
   Handle(MsgTitle, [&] {
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    try {
-      RefreshDebt();
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
-    }
-    ui.SetMousePointer(vbDefault);
+    BusyPointer busy;
+    RefreshDebt();
   });
 }
 

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/Boundary.h"
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
@@ -160,7 +161,7 @@ frmGoodsHistory::frmGoodsHistory()
 void frmGoodsHistory::Form_Load() {
   auto& ui = Platform::Ui();
   Width = std::max(0, ui.ScreenWidth() - kScreenMargin);
-  ui.SetMousePointer(vbHourglass);
+  BusyPointer busy;
   Handle([&] {
     // A window loaded again starts from empty controls, as a new one would.
     lswHistory.ListItems().Clear();
@@ -169,7 +170,6 @@ void frmGoodsHistory::Form_Load() {
     AddColumns();
     FillHistory();
   });
-  ui.SetMousePointer(vbDefault);
 }
 
 void frmGoodsHistory::AddColumns() {
