@@ -53,20 +53,6 @@ class frmFirms : public GroupedCard {
   void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) override;
   void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) override;
 
-  void mnuAccountsNew_Click();
-  void mnuContractRefresh_Click();
-  void mnuPreview_Click();
-
-  // Makes a new record in this window: the parent group and the group flag
-  // carry over, and with `copy` the name too.
-  void NewFromCurrent(bool copy);
-  // Clears list handles 0 to 10.
-  void ReleaseLists();
-  // Fetches the firm's balance into lblDebt, with the credit warnings, and
-  // the limits into lblCredit. A group or a record not saved yet gets an
-  // empty line. The own firm shows our side of the ledger and no limits.
-  void RefreshDebt();
-
   // The list of tab `index`; RuntimeError 91 when the handle is empty or its
   // tab was cleared.
   ListView& List(int index) const;
@@ -167,6 +153,9 @@ class frmFirms : public GroupedCard {
 
  private:
   // Menu and label handlers, each wired to its control.
+  void mnuAccountsNew_Click();
+  void mnuContractRefresh_Click();
+  void mnuPreview_Click();
   void lblDebt_Click();
   void mnuNewWithCopy_Click();
   void mnuAccountsEdit_Click();
@@ -210,6 +199,18 @@ class frmFirms : public GroupedCard {
   // Adds a member row to the Firms tab by the record's OIDR; a row of that
   // key already listed is the list's error.
   void AddFirmRow(Fields& fields);
+
+  // Fetches the firm's balance into lblDebt, with the credit warnings, and
+  // the limits into lblCredit. A group or a record not saved yet gets an
+  // empty line. The own firm shows our side of the ledger and no limits.
+  void RefreshDebt();
+
+  // Makes a new record in this window: the parent group and the group flag
+  // carry over, and with `copy` the name too.
+  void NewFromCurrent(bool copy);
+
+  // Clears list handles 0 to 10.
+  void ReleaseLists();
 
   struct ListHandle {
     ListView* view = nullptr;

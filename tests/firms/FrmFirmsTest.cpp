@@ -142,7 +142,7 @@ TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
 TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
   auto w = Open("O00001002");
   ASSERT_TRUE(w->HasListHandle(11) || w->HasListHandle(10));
-  w->NewFromCurrent(false);  // clears the grid's tabs; the new firm lists ten
+  w->SSCNew_Click();  // clears the grid's tabs; the new firm lists ten
   EXPECT_ANY_THROW(w->List(11));
   EXPECT_NO_THROW(w->List(10));
 }
