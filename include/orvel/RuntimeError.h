@@ -4,6 +4,8 @@
 #include <stdexcept>
 #include <string>
 
+#include "orvel/ErrorNumbers.h"
+
 namespace orvel {
 
 /// A run-time failure inside the module: a conversion that does not fit, a
@@ -20,7 +22,7 @@ class RuntimeError : public std::runtime_error {
   static constexpr int32_t kTypeMismatch = 13;
   static constexpr int32_t kObjectNotSet = 91;
   static constexpr int32_t kInvalidUseOfNull = 94;
-  static constexpr int32_t kNoCurrentRecord = 3021;
+  static constexpr int32_t kNoCurrentRecord = orvel::kNoCurrentRecord;
   static constexpr int32_t kItemNotFound = 3265;
   static constexpr int32_t kBadFilter = 3001;
 

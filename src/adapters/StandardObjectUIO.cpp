@@ -8,6 +8,7 @@
 #include "common/Boundary.h"
 #include "common/Registration.h"
 #include "host/Convert.h"
+#include "orvel/ErrorNumbers.h"
 #include "host/Identifiers.h"
 #include "orvel/OrvelObjectBO.h"
 #include "orvel/OrvelObjectUI.h"
@@ -16,7 +17,6 @@
 namespace orvel {
 
 namespace {
-constexpr int32_t kRecordNotFound = 3021;
 
 std::string Quoted(const std::string& s) { return "'" + s + "'"; }
 
@@ -86,7 +86,7 @@ OrvelStatus StandardObjectUIO::ReadRecord(const std::string& callName, const std
   if (reply.Number != 0) return OrvelStatus{reply.Number, reply.Text};
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
   if (!rs || rs->RecordCount() == 0) {
-    return OrvelStatus{kRecordNotFound, "Įrašas nerastas: " + (oidr_.empty() ? OID() : oidr_)};
+    return OrvelStatus{kNoCurrentRecord, "Įrašas nerastas: " + (oidr_.empty() ? OID() : oidr_)};
   }
   rs->MoveFirst();
   record_ = std::move(rs);
@@ -107,7 +107,7 @@ OrvelStatus StandardObjectUIO::Save(const std::shared_ptr<Recordset>& rs2,
     if (isNew) {
       Variant id = record_->Fields("ID").Value();
       if (id.IsEmpty() || id.IsNull() || CLng(id) <= 0) {
-        return OrvelStatus{kRecordNotFound, "Išsaugotas įrašas negavo ID: " + OID()};
+        return OrvelStatus{kNoCurrentRecord, "Išsaugotas įrašas negavo ID: " + OID()};
       }
       oidr_ = OID() + std::to_string(CLng(id));
     }

@@ -1,5 +1,6 @@
 #include "banks/frmBanks.h"
 
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
@@ -42,10 +43,11 @@ void frmBanks::SetCaption() {
 }
 
 void frmBanks::FillFirms() {
-  auto& ui = Platform::Ui();
-  ui.SetMousePointer(vbHourglass);
-  auto result = Uio().Properties("Firms", "");
-  ui.SetMousePointer(vbDefault);
+  OrvelResult result;
+  {
+    BusyPointer busy;
+    result = Uio().Properties("Firms", "");
+  }
   auto firms = result.Value.ObjectAs<Recordset>();
 
   ListView& list = *Lists[0];

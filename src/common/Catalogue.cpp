@@ -56,7 +56,8 @@ void ResetOrvelS() { Stored().reset(); }
 
 OrvelServices& Services() {
   if (!Stored()) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "Pagrindinė programa dar nepateikė modulio paslaugų");
+    throw RuntimeError(RuntimeError::kObjectNotSet,
+                       "Pagrindinė programa dar nepateikė modulio paslaugų");
   }
   return *Stored();
 }
@@ -141,8 +142,7 @@ ObjectRights GetObjectRights(const std::string& key) {
 int32_t NullToLong(const Variant& value) { return value.IsNull() ? 0 : CLng(value); }
 
 std::string SelectGroup(const std::string& otype, const std::string& caption, TextBox* box,
-                        const std::optional<std::string>& selectKind,
-                        const std::string& expected) {
+                        const std::optional<std::string>& selectKind, const std::string& expected) {
   auto picker = Platform::Classes().NewGroupSelect();
   picker->SetOType(otype);
   picker->SetRootOType(otype);
@@ -175,16 +175,24 @@ bool FilterRecordset(const std::shared_ptr<Recordset>& rs, const std::string& fi
   return true;
 }
 
+bool ConfirmDelete(const std::string& prompt, int buttons, const std::string& title,
+                   bool unlessNo) {
+  const int answer = Platform::Ui().MsgBox(prompt, buttons + vbExclamation, title);
+  if (unlessNo) return answer != vbNo;
+  return answer == (buttons == vbYesNo ? vbYes : vbOK);
+}
+
+bool DeleteThrough(const std::string& type, const std::string& oidr) {
+  auto adapter = Services().ObjectManager()->GetOrvelObjectUI(type);
+  return adapter && adapter->DeleteOrvelObject(oidr) == 0;
+}
+
 void DeleteObjectAsked(OrvelObjectUIO& object) {
-  int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n\n" + object.Preview(),
-                                     vbYesNo + vbExclamation, AppTitle());
-  if (answer != vbYes) return;
-  auto adapter = Services().ObjectManager()->GetOrvelObjectUI(object.OID());
-  if (!adapter) return;
-  std::string oidr = object.OIDR();
-  if (adapter->DeleteOrvelObject(oidr) == 0) {
-    Services().WindowManager()->RemoveWindow(oidr, false);
+  if (!ConfirmDelete("Ar tikrai norite panaikinti?\n\n" + object.Preview(), vbYesNo, AppTitle())) {
+    return;
   }
+  const std::string oidr = object.OIDR();
+  if (DeleteThrough(object.OID(), oidr)) Services().WindowManager()->RemoveWindow(oidr, false);
 }
 
 std::string ShowReference(const std::string& oidr, TextBox* box) {

@@ -88,7 +88,17 @@ std::string SelectGroup(const std::string& otype, const std::string& caption, Te
 // are left (False for no set or an empty one).
 bool FilterRecordset(const std::shared_ptr<Recordset>& rs, const std::string& filter);
 
-// Asks, then deletes the object through its type adapter and closes its window.
+// The question before a delete: `prompt` under `title` with `buttons`
+// (vbOKCancel or vbYesNo) and the exclamation icon. True on OK or Yes; with
+// `unlessNo`, on any answer but No.
+bool ConfirmDelete(const std::string& prompt, int buttons, const std::string& title,
+                   bool unlessNo = false);
+// Deletes `oidr` through the object manager's adapter of `type` (an OID, or
+// an OIDR, which names its type); true when the adapter was there and the
+// delete succeeded.
+bool DeleteThrough(const std::string& type, const std::string& oidr);
+// Asks "Ar tikrai norite panaikinti?\n\n<preview>" with Yes and No, then
+// deletes the object through its type adapter and closes its window.
 void DeleteObjectAsked(OrvelObjectUIO& object);
 
 // The Preview of the object an OIDR names, shown in the box (Text, and the

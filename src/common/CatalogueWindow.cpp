@@ -4,6 +4,7 @@
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
+#include "orvel/ErrorNumbers.h"
 #include "orvel/OrvelObjectManager.h"
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/OrvelObjectUIO.h"
@@ -11,21 +12,55 @@
 #include "orvel/OrvelShowObject.h"
 #include "orvel/OrvelWindowManager.h"
 #include "orvel/RuntimeError.h"
+#include "ui/ControlConstants.h"
 #include "orvel/Ui.h"
 
 namespace orvel {
 
-namespace {
-// The business layer's number for a record another user changed meanwhile:
-// the window re-reads it.
-constexpr int32_t kChangedMeanwhile = 60000;
-constexpr int kRightButton = 2;
+CatalogueFrame::CatalogueFrame(std::string formName) : Form(std::move(formName)) {}
 
-// Runs an event handler so that nothing it throws reaches the host.
-}  // namespace
+CatalogueFrame::~CatalogueFrame() = default;
+
+void CatalogueFrame::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
+  object_ = std::move(object);
+}
+
+void CatalogueFrame::DeleteRecordAsked(const std::string& title, DeleteVia via, bool ask) {
+  if (!ConfirmDelete("Ar tikrai norite panaikinti?\n" + Uio().Preview(), vbOKCancel, title)) return;
+  std::string oidr = OIDR();
+  auto adapter = via == DeleteVia::kRecord
+                     ? Uio().UI()
+                     : Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
+  if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
+    Services().WindowManager()->RemoveWindow(oidr, ask);
+  }
+}
+
+void CatalogueFrame::CloseFrame() {
+  SSCClose.SetEnabled(false);
+  Platform::Ui().DoEvents();
+  Services().WindowManager()->CloseWindow(Self());
+}
+
+bool CatalogueFrame::KeepUnsavedEdits(bool edited, const std::string& title) {
+  if (!edited) return false;
+  return Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
+                               vbYesNo + vbExclamation, title) != vbYes;
+}
+
+orvel::OrvelObjectUIO& CatalogueFrame::Uio() {
+  if (!object_) {
+    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
+  }
+  return *object_;
+}
+
+std::string CatalogueFrame::OIDR() { return Uio().OIDR(); }
+
+std::shared_ptr<OrvelWindow> CatalogueFrame::Self() { return shared_from_this(); }
 
 CatalogueWindow::CatalogueWindow(std::string formName, std::string heading)
-    : Form(std::move(formName)) {
+    : CatalogueFrame(std::move(formName)) {
   SOPanel.SetCaption(std::move(heading));
   cmdEnter.SetCaption("Įrašyti");
   cmdCancel.SetCaption("Atšaukti");
@@ -60,10 +95,6 @@ CatalogueWindow::CatalogueWindow(std::string formName, std::string heading)
 
 CatalogueWindow::~CatalogueWindow() = default;
 
-void CatalogueWindow::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
-  object_ = std::move(object);
-}
-
 void CatalogueWindow::Form_Load() { InitForm(); }
 
 void CatalogueWindow::InitForm() {
@@ -72,7 +103,7 @@ void CatalogueWindow::InitForm() {
   Handle(kMsgTitle, [&] {
     Platform::Ui().SetMousePointer(vbHourglass);
     OrvelGrid->SetServices(OrvelS());
-    OrvelGrid->SetObjectUIO(object_);
+    OrvelGrid->SetObjectUIO(OrvelObjectUIO());
     OrvelGrid->FillFields();
     Initialized = true;
     AddTabs();
@@ -144,25 +175,13 @@ void CatalogueWindow::SSCNew_Click() {
 }
 
 void CatalogueWindow::SSCClose_Click() {
-  Handle(kMsgTitle, [&] {
-    // Off first, so that a second click cannot come in while events run.
-    SSCClose.SetEnabled(false);
-    Platform::Ui().DoEvents();
-    Services().WindowManager()->CloseWindow(Self());
-  });
+  Handle(kMsgTitle, [&] { CloseFrame(); });
 }
 
 void CatalogueWindow::SSCClose_MouseUp(int button, int) {
   Handle(kMsgTitle, [&] {
-    if (button != kRightButton || !SSCClose.Enabled()) return;
-    int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
-                                       vbOKCancel + vbExclamation, kMsgTitle);
-    if (answer != vbOK) return;
-    std::string oidr = OIDR();
-    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
-    if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
-      Services().WindowManager()->RemoveWindow(oidr, false);
-    }
+    if (button != vbRightButton || !SSCClose.Enabled()) return;
+    DeleteRecordAsked(kMsgTitle, DeleteVia::kObjectManager, false);
   });
 }
 
@@ -173,12 +192,6 @@ void CatalogueWindow::QueryRemove(bool& cancel) {
     // disabled it, and nothing enables it again.
     SSCClose.SetEnabled(!cancel);
   });
-}
-
-bool CatalogueWindow::KeepUnsavedEdits(const std::string& title) {
-  if (!cmdEnter.Enabled()) return false;
-  return Platform::Ui().MsgBox(SOPanel.Caption() + "\n\nUždaryti be išsaugojimo?",
-                               vbYesNo + vbExclamation, title) != vbYes;
 }
 
 void CatalogueWindow::Form_QueryUnload(bool&) {
@@ -209,20 +222,9 @@ ListView& CatalogueWindow::AddList(const std::string& key, const std::string& ca
 
 void CatalogueWindow::PopupOverSelectedRow(const std::string& tabKey, int button,
                                            const std::string& onTab, Menu& menu) {
-  if (button != kRightButton || tabKey != onTab || ActiveList < 0) return;
+  if (button != vbRightButton || tabKey != onTab || ActiveList < 0) return;
   if (!Lists[ActiveList]->SelectedItem()) return;
   Platform::Ui().PopupMenu(menu);
 }
-
-orvel::OrvelObjectUIO& CatalogueWindow::Uio() {
-  if (!object_) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
-  }
-  return *object_;
-}
-
-std::string CatalogueWindow::OIDR() { return Uio().OIDR(); }
-
-std::shared_ptr<OrvelWindow> CatalogueWindow::Self() { return shared_from_this(); }
 
 }  // namespace orvel

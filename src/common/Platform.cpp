@@ -1,5 +1,6 @@
 #include "common/Platform.h"
 
+#include "common/BusyPointer.h"
 #include "orvel/OrvelHostClasses.h"
 #include "orvel/RuntimeError.h"
 #include "orvel/Ui.h"
@@ -40,6 +41,17 @@ OrvelHostClasses& Platform::Classes() {
 orvel::Ui& Platform::Ui() {
   if (!Held().ui) throw RuntimeError(RuntimeError::kInvalidCall, "Pagrindinė programa nepateikė moduliui vartotojo sąsajos");
   return *Held().ui;
+}
+
+BusyPointer::BusyPointer(bool pumpEvents) {
+  auto& ui = Platform::Ui();
+  ui.SetMousePointer(vbHourglass);
+  if (pumpEvents) ui.DoEvents();
+}
+
+BusyPointer::~BusyPointer() {
+  // Only a detached host fails here, and then there is no pointer to restore.
+  if (Platform::Attached()) Platform::Ui().SetMousePointer(vbDefault);
 }
 
 }  // namespace orvel

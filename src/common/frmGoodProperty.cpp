@@ -20,11 +20,6 @@ constexpr const char* kTemplateOid = "O0000800";
 constexpr const char* kMeasureRecordOid = "O0001606";
 constexpr const char* kStockTemplateOid = "O0201600";
 
-template <class F>
-void Event(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 // Null, Empty and "" count as not filled in.
 bool Blank(const Variant& value) {
   return value.IsNull() || value.IsEmpty() || (value.IsString() && value.String().empty());
@@ -48,7 +43,7 @@ frmGoodProperty::frmGoodProperty() : Form("frmGoodProperty") {
 }
 
 void frmGoodProperty::Form_Load() {
-  Event([&] { OrvelGrid->SetLabelWidth(kLabelWidth); });
+  Handle([&] { OrvelGrid->SetLabelWidth(kLabelWidth); });
 }
 
 bool frmGoodProperty::CheckMeasure(OrvelObjectUIO& object) {
@@ -94,7 +89,7 @@ bool frmGoodProperty::ReadyToSave(OrvelObjectUIO& object) {
 }
 
 void frmGoodProperty::cmdEnter_Click() {
-  Event([&] {
+  Handle([&] {
     auto object = OrvelGrid->ObjectUIO();
     if (!object) throw RuntimeError(RuntimeError::kObjectNotSet, "Langui nepriskirtas įrašas");
     if (!ReadyToSave(*object)) return;
@@ -111,7 +106,7 @@ void frmGoodProperty::cmdEnter_Click() {
 }
 
 void frmGoodProperty::cmdCancel_Click() {
-  Event([&] {
+  Handle([&] {
     Saved = false;
     Unload();
   });

@@ -25,7 +25,7 @@ constexpr int kHistoryDays = 30;
 
 }  // namespace
 
-frmCurrency::frmCurrency() : Form("frmCurrency") {
+frmCurrency::frmCurrency() : CatalogueFrame("frmCurrency") {
   SetCaption("Valiuta");
   SOPanel.SetCaption(" Valiuta");
   lblYear.SetCaption("Laikotarpis");
@@ -110,19 +110,6 @@ frmCurrency::frmCurrency() : Form("frmCurrency") {
 
 frmCurrency::~frmCurrency() = default;
 
-void frmCurrency::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
-  object_ = std::move(object);
-}
-
-orvel::OrvelObjectUIO& frmCurrency::Uio() {
-  if (!object_) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
-  }
-  return *object_;
-}
-
-std::string frmCurrency::OIDR() { return Uio().OIDR(); }
-
 void frmCurrency::Form_Load() {
   Handle(msgTitle_, [&] {
     msgTitle_ = AppTitle();
@@ -130,7 +117,7 @@ void frmCurrency::Form_Load() {
   });
 }
 
-void frmCurrency::Form_Unload() { object_.reset(); }
+void frmCurrency::Form_Unload() { CatalogueFrame::SetOrvelObjectUIO(nullptr); }
 
 void frmCurrency::LoadCard() {
   changed_ = false;
@@ -351,29 +338,18 @@ void frmCurrency::SSCNew_Click() {
     Uio().SetOIDR("");
     if (Uio().Read().Number != 0) return;
     LoadCard();
-    windows->Rekey(kept, shared_from_this());
+    windows->Rekey(kept, Self());
   });
 }
 
 void frmCurrency::SSCClose_Click() {
-  Handle(msgTitle_, [&] {
-    SSCClose.SetEnabled(false);
-    Platform::Ui().DoEvents();
-    Services().WindowManager()->CloseWindow(shared_from_this());
-  });
+  Handle(msgTitle_, [&] { CloseFrame(); });
 }
 
 void frmCurrency::SSCClose_MouseUp(int button, int) {
   Handle(msgTitle_, [&] {
     if (button != vbRightButton || !SSCClose.Enabled()) return;
-    int answer = Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
-                                       vbOKCancel + vbExclamation, "Orvel Apskaita");
-    if (answer != vbOK) return;
-    std::string oidr = OIDR();
-    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
-    if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
-      Services().WindowManager()->RemoveWindow(oidr, false);
-    }
+    DeleteRecordAsked(kMsgTitle, DeleteVia::kObjectManager, false);
   });
 }
 

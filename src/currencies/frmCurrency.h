@@ -3,13 +3,13 @@
 #include <memory>
 #include <string>
 
-#include "orvel/OrvelWindow.h"
+#include "common/CatalogueWindow.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
 #include "ui/DTPicker.h"
-#include "ui/Frame.h"
 #include "ui/Form.h"
+#include "ui/Frame.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
 #include "ui/Panel.h"
@@ -30,9 +30,7 @@ class OrvelObjectUIO;
 // tab of a changed card, cmdGo on the "Rates" tab. A new card (an OIDR of
 // fewer than nine characters when loaded) offers cmdDayRate once its code
 // has three characters, so a rate can be written for a code not stored yet.
-class frmCurrency : public Form,
-                    public OrvelWindow,
-                    public std::enable_shared_from_this<frmCurrency> {
+class frmCurrency : public CatalogueFrame {
  public:
   static constexpr const char* kDataTab = "Data";
   static constexpr const char* kRatesTab = "Rates";
@@ -41,12 +39,8 @@ class frmCurrency : public Form,
   ~frmCurrency() override;
 
   // OrvelWindow
-  std::shared_ptr<orvel::OrvelObjectUIO> OrvelObjectUIO() const override { return object_; }
-  void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override;
-  void Show() override { Form::Show(); }
   // The card closes without a question about unsaved edits.
   void QueryRemove(bool& cancel) override { cancel = false; }
-  void Unload() override { Form::Unload(); }
 
   // The reload entry: Read, then LoadCard; a failed read closes the window.
   void ReloadCard();
@@ -74,7 +68,6 @@ class frmCurrency : public Form,
   const std::string& SelectedTab() const { return selectedTab_; }
 
   // Controls.
-  Panel SOPanel{"SOPanel"};
   orvel::TabStrip TabStrip{"TabStrip"};
   Frame frameCode{"frameCode"};
   Frame frameName{"frameName"};
@@ -87,8 +80,6 @@ class frmCurrency : public Form,
   Button cmdGo{"cmdGo"};
   Button cmdWrite{"cmdWrite"};
   Button cmdDayRate{"cmdDayRate"};
-  Button SSCNew{"SSCNew"};
-  Button SSCClose{"SSCClose"};
   CheckBox chkFixedRate{"chkFixedRate"};
   TextBox txtFixedRate{"txtFixedRate"};
   Label lblState{"lblState"};
@@ -129,10 +120,6 @@ class frmCurrency : public Form,
   void SetButtons();
   void MarkChanged();
   bool CheckCard();
-  orvel::OrvelObjectUIO& Uio();
-  std::string OIDR();
-
-  std::shared_ptr<orvel::OrvelObjectUIO> object_;
   std::string msgTitle_;
   std::string selectedTab_ = kDataTab;
   bool changed_ = false;

@@ -3,6 +3,7 @@
 #include <cmath>
 #include <initializer_list>
 
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/DetailDialog.h"
 #include "common/Platform.h"
@@ -83,13 +84,7 @@ std::shared_ptr<Recordset> RecordsOf(const OrvelResult& reply) {
 // `pumpEvents`); the pointer comes back whatever the read does.
 template <class F>
 std::shared_ptr<Recordset> UnderHourglass(bool pumpEvents, F&& read) {
-  auto& ui = Platform::Ui();
-  ui.SetMousePointer(vbHourglass);
-  if (pumpEvents) ui.DoEvents();
-  struct Restore {
-    Ui& ui;
-    ~Restore() { ui.SetMousePointer(vbDefault); }
-  } restore{ui};
+  BusyPointer busy(pumpEvents);
   return read();
 }
 
@@ -519,29 +514,21 @@ void frmFirms::LoadDiscounts() {
 void frmFirms::LoadFirmsList() {
   if (FirmsTab == 0) return;
   Quietly([&] {
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    std::shared_ptr<Recordset> rs;
-    try {
-      rs = RecordsOf(Uio().Properties("Firms", ""));
-      ListView& list = List(FirmsTab);
-      if (PrepareList(list, {{"Pavadinimas", 3000},
-                             {"Įm. kodas", 1000},
-                             {"Gatvė", 1000},
-                             {"Regionas", 1000},
-                             {"Telefonas", 1000},
-                             {"Faksas", 1000},
-                             {"Direktorius", 3000}})) {
-        list.SetSmallIcons(CatalogueIcons());
-      }
-      if (rs && OIDR().size() > 8) {
-        for (; !rs->IsEOF(); rs->MoveNext()) AddFirmRow(rs->Fields());
-      }
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
+    BusyPointer busy;
+    auto rs = RecordsOf(Uio().Properties("Firms", ""));
+    ListView& list = List(FirmsTab);
+    if (PrepareList(list, {{"Pavadinimas", 3000},
+                           {"Įm. kodas", 1000},
+                           {"Gatvė", 1000},
+                           {"Regionas", 1000},
+                           {"Telefonas", 1000},
+                           {"Faksas", 1000},
+                           {"Direktorius", 3000}})) {
+      list.SetSmallIcons(CatalogueIcons());
     }
-    ui.SetMousePointer(vbDefault);
+    if (rs && OIDR().size() > 8) {
+      for (; !rs->IsEOF(); rs->MoveNext()) AddFirmRow(rs->Fields());
+    }
   });
 }
 

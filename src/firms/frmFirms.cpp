@@ -1,11 +1,13 @@
 #include "firms/frmFirms.h"
 
 #include "common/Boundary.h"
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "firms/FirmDebtLine.h"
 #include "host/Convert.h"
 #include "orvel/DragData.h"
+#include "orvel/ErrorNumbers.h"
 #include "orvel/OrvelEnvironment.h"
 #include "orvel/OrvelGroupSelect.h"
 #include "orvel/OrvelHostClasses.h"
@@ -28,18 +30,18 @@ namespace orvel {
 namespace {
 
 constexpr const char* kOid = "O0000100";
-constexpr const char* kRightKey = "CFirms";
-constexpr int kRightButton = 2;
-// Long enough for a popup menu to close before a modal dialog opens.
-constexpr int kModalDelay = 10;
+constexpr GroupedKind kFirmsKind{
+    kOid,
+    "CFirms",
+    {"Įmonių grupė", "Nauja įmonių grupė", "Įmonės kortelė", "Nauja įmonė"},
+    "Group GroupNA",
+    "'C'",
+    false};
 // Where the note line's panel stands, in twips, under the field sheet.
 constexpr int32_t kInfoPanelTop = 3360;
 constexpr int32_t kInfoPanelHeight = 285;
 // Handles 0 to 10 are released; the last one is left as it stands.
 constexpr int kReleasedHandles = 11;
-// The business layer's number for a record another user changed meanwhile:
-// the window re-reads it, and the user's edits are lost.
-constexpr int32_t kChangedMeanwhile = 60000;
 // A credit limit from this sum up means "no limit": the credit line is left
 // as it stood.
 constexpr double kNoLimit = 1000000;
@@ -51,7 +53,6 @@ enum ModalActions : int32_t {
   kEditFirmInfo = 3,
 };
 
-// Runs an event handler so that nothing it throws reaches the host.
 OrvelRights& Rights() { return *Services().Rights(); }
 
 bool TagSet(const ListItem* row) { return row && !ConcatText(row->Tag()).empty(); }
@@ -59,7 +60,7 @@ bool TagSet(const ListItem* row) { return row && !ConcatText(row->Tag()).empty()
 }  // namespace
 
 frmFirms::frmFirms()
-    : CatalogueWindow("frmFirms", "Įmonės kortelė"),
+    : GroupedCard("frmFirms", "Įmonės kortelė", kFirmsKind),
       mnuAccountsNew(mnuAccounts.Add("mnuAccountsNew", "Sukurti &naują")),
       mnuAccountsEdit(mnuAccounts.Add("mnuAccountsEdit", "&Redaguoti")),
       mnuAccountsDelete(mnuAccounts.Add("mnuAccountsDelete", "&Panaikinti")),
@@ -88,21 +89,16 @@ frmFirms::frmFirms()
   pnlInfo.SetTop(kInfoPanelTop);
   pnlInfo.SetHeight(kInfoPanelHeight);
   pnlLists.SetTop(kInfoPanelTop + kInfoPanelHeight);
-  timerModal.SetEnabled(false);
-  timerModal.SetInterval(kModalDelay);
   for (Control* control : std::initializer_list<Control*>{
-           &pnlInfo, &lblInfo, &pnlLists, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup, &lblDebt, &lblCredit,
-           &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo, &mnuDiscount, &mnuNew,
-           &mnuContracts}) {
+           &pnlInfo, &lblInfo, &pnlLists, &timerModal, &lblCroup, &txtGroup, &cmdParentGroup,
+           &lblDebt, &lblCredit, &mnuAccounts, &mnuMain, &mnuFirmParameters, &mnuFirmInfo,
+           &mnuDiscount, &mnuNew, &mnuContracts}) {
     Register(*control);
   }
 
   lblDebt.OnClick = [this] { lblDebt_Click(); };
   SSCNew.OnMouseUp = [this](int button, int shift) { SSCNew_MouseUp(button, shift); };
-  cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
-  timerModal.OnTimer = [this] { timerModal_Timer(); };
-
-  const std::pair<Menu*, void (frmFirms::*)()> clicks[] = {
+  WireMenus<frmFirms>({
       {&mnuAccountsNew, &frmFirms::mnuAccountsNew_Click},
       {&mnuAccountsEdit, &frmFirms::mnuAccountsEdit_Click},
       {&mnuAccountsDelete, &frmFirms::mnuAccountsDelete_Click},
@@ -124,10 +120,7 @@ frmFirms::frmFirms()
       {&mnuPreview, &frmFirms::mnuPreview_Click},
       {&mnuFirmDelete, &frmFirms::mnuFirmDelete_Click},
       {&mnuNewWithCopy, &frmFirms::mnuNewWithCopy_Click},
-  };
-  for (const auto& [menu, handler] : clicks) {
-    menu->OnClick = [this, handler = handler] { Handle(MsgTitle, [&] { (this->*handler)(); }); };
-  }
+  });
 }
 
 frmFirms::~frmFirms() = default;
@@ -176,11 +169,6 @@ bool frmFirms::HasSelection(int index) const { return Selected(index) != nullptr
 
 // ---- start-up ----
 
-void frmFirms::Form_Load() {
-  InitForm();
-  Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
-}
-
 void frmFirms::Form_Unload() {
   ReleaseLists();
   CatalogueWindow::Form_Unload();
@@ -213,60 +201,55 @@ void frmFirms::AddFirmTabs(int16_t& counter) {
   ActivityTab = AddTab(++counter, "FirmActivity", "Įmonės veikla");
 }
 
-void frmFirms::InitForm() {
-  Handle(MsgTitle, [&] {
-    auto& ui = Platform::Ui();
-    Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
-    Loading = true;
-    InitRunning = true;
-    ui.SetMousePointer(vbHourglass);
-    auto& object = Uio();
-    ParentID = NullToLong(object.Fields("ParentID").Value());
-    IsGroup = CLng(object.Fields("GroupFlag").Value()) == 1;
-    int16_t counter = 1;
-    OrvelGrid->SetServices(OrvelS());
-    OrvelGrid->SetObjectUIO(OrvelObjectUIO());
-    OrvelGrid->SetLabelWidth(2000);
-    if (!HasListHandle(1)) AddFirmTabs(counter);
-    if (IsGroup) {
-      LoadFirmsList();
-    } else {
-      LoadBranches();
-      LoadAddresses();
-      LoadContacts();
-      LoadManagers();
-      if (Rights().CanRead("CContracts", 0)) LoadContracts(false);
-      LoadFirmInfo();
-      LoadTraffic(false);
-      if (Rights().Allowed("CFirmsAC", 0)) LoadAccounts();
-      LoadActivity();
-    }
-    // Added outside the guard above. After cmdCancel the other tabs are kept
-    // and the counter still stands at 1, so Discounts comes again at number 2
-    // and takes over handle 2 from whichever tab held it. The window has
-    // always behaved so after a cancel, and the Discounts menus follow that
-    // number; keep the counter and the guard as they are.
-    DiscountsTab = AddTab(++counter, "Discounts", "Nuolaidos");
-    LoadDiscounts();
-    OrvelGrid->FillFields();
-    Initialized = true;
-    IsNew = OIDR().empty();
-    IsRoot = ParentID == 0;
-    ParentObject =
-        IsRoot ? nullptr : object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
-    ShowGroupLine();
-    lblDebt.SetCaption("Informacija...");
-    SOPanel.SetToolTipText(CreatorLine(object));
-    Loading = false;
-    InitRunning = false;
-    ui.SetMousePointer(vbDefault);
-    SSCNew.SetEnabled(!OIDR().empty());
-    if (OIDR().empty() && !IsGroup) ApplyTypeAndRegion();
-    SetEditState(false);
-  });
+void frmFirms::ReadCard() {
+  auto& ui = Platform::Ui();
+  Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
+  Loading = true;
+  InitRunning = true;
+  ui.SetMousePointer(vbHourglass);
+  auto& object = Uio();
+  ParentID = NullToLong(object.Fields("ParentID").Value());
+  IsGroup = CLng(object.Fields("GroupFlag").Value()) == 1;
+  int16_t counter = 1;
+  OrvelGrid->SetServices(OrvelS());
+  OrvelGrid->SetObjectUIO(OrvelObjectUIO());
+  OrvelGrid->SetLabelWidth(2000);
+  if (!HasListHandle(1)) AddFirmTabs(counter);
+  if (IsGroup) {
+    LoadFirmsList();
+  } else {
+    LoadBranches();
+    LoadAddresses();
+    LoadContacts();
+    LoadManagers();
+    if (Rights().CanRead("CContracts", 0)) LoadContracts(false);
+    LoadFirmInfo();
+    LoadTraffic(false);
+    if (Rights().Allowed("CFirmsAC", 0)) LoadAccounts();
+    LoadActivity();
+  }
+  // Added outside the guard above. After cmdCancel the other tabs are kept
+  // and the counter still stands at 1, so Discounts comes again at number 2
+  // and takes over handle 2 from whichever tab held it. The window has
+  // always behaved so after a cancel, and the Discounts menus follow that
+  // number; keep the counter and the guard as they are.
+  DiscountsTab = AddTab(++counter, "Discounts", "Nuolaidos");
+  LoadDiscounts();
+  OrvelGrid->FillFields();
+  Initialized = true;
+  IsNew = OIDR().empty();
+  IsRoot = ParentID == 0;
+  ParentObject =
+      IsRoot ? nullptr : object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
+  ShowGroupLine();
+  lblDebt.SetCaption("Informacija...");
+  SOPanel.SetToolTipText(CreatorLine(object));
   Loading = false;
   InitRunning = false;
-  Handle(MsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
+  ui.SetMousePointer(vbDefault);
+  SSCNew.SetEnabled(!OIDR().empty());
+  if (OIDR().empty() && !IsGroup) ApplyTypeAndRegion();
+  SetEditState(false);
 }
 
 void frmFirms::ApplyTypeAndRegion() {
@@ -274,37 +257,6 @@ void frmFirms::ApplyTypeAndRegion() {
   if (Uio().Methods("SetTypeAndRegion", none).Number != 0) return;
   OrvelGrid->RefreshField("FirmTypeID");
   OrvelGrid->RefreshField("RegionID");
-}
-
-void frmFirms::UpdateCaption() {
-  const bool stored = !OIDR().empty();
-  if (IsGroup) {
-    SOPanel.SetCaption(stored ? "Įmonių grupė" : "Nauja įmonių grupė");
-  } else {
-    SOPanel.SetCaption(stored ? "Įmonės kortelė" : "Nauja įmonė");
-  }
-}
-
-void frmFirms::ShowGroupLine() {
-  if (IsRoot) {
-    txtGroup.SetText("");
-  } else if (auto line = GroupLine(ParentObject)) {
-    txtGroup.SetText(*line);
-  }
-  // A parent that cannot be shown leaves the line as it stood.
-  UpdateCaption();
-}
-
-void frmFirms::SetEditState(bool enable) {
-  if (enable) {
-    enable = IsNew ? Rights().CanInsert(kRightKey, 0) : Rights().CanUpdate(kRightKey, 0);
-  }
-  cmdEnter.SetEnabled(enable);
-  cmdCancel.SetEnabled(enable);
-}
-
-void frmFirms::OrvelGrid_FieldChanged() {
-  Handle(MsgTitle, [&] { SetEditState(true); });
 }
 
 // ---- writing ----
@@ -357,18 +309,7 @@ void frmFirms::cmdEnter_Click() {
     }
     // The rest of the edits are written; only the name and group go back.
     if (UsedInDocuments(used.Value) > 0) KeepUsedFirmIdentity();
-    const int32_t number = OrvelGrid->SaveObject();
-    const std::string text = OrvelGrid->LastError();
-    if (number != 0) {
-      Platform::Ui().MsgBox("Klaida!\n\n" + text, vbCritical, MsgTitle);
-      SetEditState(true);
-      if (number == kChangedMeanwhile) cmdCancel_Click();
-    } else {
-      IsNew = false;
-      UpdateCaption();
-      Services().WindowManager()->ObjectSaved(OIDR());
-      SetEditState(false);
-    }
+    if (SaveSheet()) IsNew = false;
     SSCNew.SetEnabled(true);
     UnloadShowHost();
   });
@@ -389,12 +330,7 @@ void frmFirms::UnloadShowHost() {
 void frmFirms::cmdCancel_Click() {
   Handle(MsgTitle, [&] {
     auto& object = Uio();
-    OrvelStatus status = object.Read();
-    if (status.Number != 0) {
-      Platform::Ui().MsgBox(status.Text, vbExclamation, MsgTitle);
-      Services().WindowManager()->RemoveWindow(OIDR(), true);
-      return;
-    }
+    if (!ReadAgainOrClose(object, MsgTitle)) return;
     // The group flag is left as the read made it: a new group comes back as
     // the business layer's new record.
     if (OIDR().empty()) {
@@ -428,15 +364,8 @@ void ReadOptional(Recordset& rs, const char* name, T& target, Convert convert) {
 
 void frmFirms::lblDebt_Click() {
   Handle(MsgTitle, [&] {
-    auto& ui = Platform::Ui();
-    ui.SetMousePointer(vbHourglass);
-    try {
-      RefreshDebt();
-    } catch (...) {
-      ui.SetMousePointer(vbDefault);
-      throw;
-    }
-    ui.SetMousePointer(vbDefault);
+    BusyPointer busy;
+    RefreshDebt();
   });
 }
 
@@ -499,26 +428,9 @@ void frmFirms::RefreshDebt() {
 
 // ---- frame ----
 
-void frmFirms::QueryRemove(bool& cancel) {
-  Handle(MsgTitle, [&] {
-    if (KeepUnsavedEdits(MsgTitle)) cancel = true;
-    SSCClose.SetEnabled(cancel);
-  });
-}
-
 void frmFirms::SSCClose_MouseUp(int button, int) {
-  Handle(MsgTitle, [&] {
-    if (button != kRightButton || !SSCNew.Enabled()) return;
-    if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
-                              vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
-      return;
-    }
-    std::string oidr = OIDR();
-    auto adapter = Services().ObjectManager()->GetOrvelObjectUI(Uio().OID());
-    if (adapter && adapter->DeleteOrvelObject(oidr) == 0) {
-      Services().WindowManager()->RemoveWindow(oidr, true);
-    }
-  });
+  Handle(MsgTitle,
+         [&] { DeleteOnRightClick(button, SSCNew.Enabled(), DeleteVia::kObjectManager); });
 }
 
 void frmFirms::SSCNew_Click() {
@@ -528,7 +440,7 @@ void frmFirms::SSCNew_Click() {
 void frmFirms::SSCNew_MouseUp(int button, int) {
   // No test of SSCNew's own state: the menu opens whenever the event comes.
   Handle(MsgTitle, [&] {
-    if (button == kRightButton) Platform::Ui().PopupMenu(mnuNew);
+    if (button == vbRightButton) Platform::Ui().PopupMenu(mnuNew);
   });
 }
 
@@ -553,43 +465,11 @@ void frmFirms::NewFromCurrent(bool copy) {
   SSCNew.SetEnabled(false);
 }
 
-void frmFirms::cmdParentGroup_Click() {
-  Handle(MsgTitle, [&] {
-    auto picker = Platform::Classes().NewGroupSelect();
-    picker->SetOType(kOid);
-    picker->SetRootOType(kOid);
-    picker->SetSelectKind("Group GroupNA");
-    picker->SetCaption("Pažymėkite norimą grupę");
-    picker->SetExcludeTypes("'C'");
-    picker->Show();
-    std::string result = picker->ResultOIDR();
-    int at = InStrRev(result, "O", -1, Compare::Text);
-    if (at == 0) return;
-    std::string choice = Mid(result, at);
-    if (choice == OIDR()) return;
-    if (choice.size() < 9) {
-      Uio().Fields("ParentID").SetValue(Variant(0));
-      txtGroup.SetText("");
-    } else {
-      auto adapter = Services().ObjectManager()->GetOrvelObjectUI(kOid);
-      auto group = adapter ? adapter->GetOrvelObject(choice) : nullptr;
-      if (!group) return;
-      Uio().Fields("ParentID").SetValue(group->Fields("ID").Value());
-      try {
-        txtGroup.SetText(ConcatText(group->Fields("PreviewPath").Value()) + group->Preview());
-      } catch (...) {
-        // The path is only shown; the choice is made.
-      }
-    }
-    SetEditState(true);
-  });
-}
-
 // ---- lists ----
 
 void frmFirms::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
   Handle(MsgTitle, [&] {
-    if (button != kRightButton) return;
+    if (button != vbRightButton) return;
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     for (Menu* item :
          {&mnuGoodsToDesktop, &mnuPreview, &mnuRefresh, &mnuFirmDelete, &mnuToDesktop}) {
@@ -683,25 +563,23 @@ bool frmFirms::RefuseUnsaved() {
 }
 
 void frmFirms::timerModal_Timer() {
-  Handle(MsgTitle, [&] {
-    timerModal.SetEnabled(false);
-    switch (ModalAction) {
-      case kNewDetail:
-        EditDetail(true);
-        break;
-      case kEditDetail:
-        EditDetail(false);
-        break;
-      case kNewFirmInfo:
-        EditFirmInfo(true);
-        break;
-      case kEditFirmInfo:
-        EditFirmInfo(false);
-        break;
-      default:
-        break;
-    }
-  });
+  timerModal.SetEnabled(false);
+  switch (ModalAction) {
+    case kNewDetail:
+      EditDetail(true);
+      break;
+    case kEditDetail:
+      EditDetail(false);
+      break;
+    case kNewFirmInfo:
+      EditFirmInfo(true);
+      break;
+    case kEditFirmInfo:
+      EditFirmInfo(false);
+      break;
+    default:
+      break;
+  }
 }
 
 // ---- menu actions ----
@@ -713,13 +591,8 @@ void frmFirms::mnuAccountsEdit_Click() { EditAccount(false); }
 void frmFirms::mnuAccountsDelete_Click() {
   ListItem* row = Selected(CurrentTab);
   if (!row) return;
-  if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?", vbYesNo + vbExclamation, MsgTitle) ==
-      vbNo) {
-    return;
-  }
-  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI("O0000500")) {
-    adapter->DeleteOrvelObject(row->Key());
-  }
+  if (!ConfirmDelete("Ar tikrai norite panaikinti?", vbYesNo, MsgTitle, true)) return;
+  DeleteThrough("O0000500", row->Key());
   LoadAccounts();
 }
 
@@ -743,30 +616,24 @@ void frmFirms::mnuFirmInfoEdit_Click() {
   timerModal.SetEnabled(true);
 }
 
-void frmFirms::DeleteRowObject(const std::string& key, const std::string& prompt) {
-  if (Platform::Ui().MsgBox(prompt, vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
-  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
-    adapter->DeleteOrvelObject(key);
-  }
+bool frmFirms::DeleteRowObject(const std::string& oidr, const std::string& prompt) {
+  if (!ConfirmDelete(prompt, vbYesNo, MsgTitle, true)) return false;
+  DeleteThrough(oidr, oidr);
+  return true;
 }
 
 void frmFirms::mnuFirmParametersDelete_Click() {
   ListItem* row = Selected(CurrentTab);
   if (!row) return;
   const int tab = CurrentTab;
-  std::string key = row->Key();
-  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
-  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
-    adapter->DeleteOrvelObject(key);
-  }
-  ReloadDetail(tab);
+  if (DeleteRowObject(row->Key(), "Panaikinti?")) ReloadDetail(tab);
 }
 
 void frmFirms::mnuFirmInfoDelete_Click() {
   ListItem* row = Selected(InfoTab);
   if (!row) return;
   std::string id = std::to_string(static_cast<int64_t>(Val(row->Key())));
-  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) == vbNo) return;
+  if (!ConfirmDelete("Panaikinti?", vbYesNo, MsgTitle, true)) return;
   Variant::Array params{Variant(id)};
   Uio().Methods("DeleteFirmInfo", params);
   LoadFirmInfo();
@@ -828,22 +695,15 @@ void frmFirms::mnuPreview_Click() {
     LoadGoods(true);
     return;
   }
-  Variant period = Services().ObjectManager()->Call("GetNewPeriod", "").Value;
-  if (period == Period) return;
-  Period = std::move(period);
-  LoadTraffic(true);
+  if (TakeNewPeriod()) LoadTraffic(true);
 }
 
 void frmFirms::mnuFirmDelete_Click() {
-  if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?", vbOKCancel + vbExclamation, MsgTitle) !=
-      vbOK) {
-    return;
-  }
+  if (!ConfirmDelete("Ar tikrai norite panaikinti?", vbOKCancel, MsgTitle)) return;
   ListItem* row = Selected(CurrentTab);
   if (!row) throw RuntimeError(RuntimeError::kObjectNotSet, "Nepažymėta nė viena eilutė");
   std::string tag = ConcatText(row->Tag());
-  auto adapter = Services().ObjectManager()->GetOrvelObjectUI(tag);
-  if (adapter && adapter->DeleteOrvelObject(tag) == 0) {
+  if (DeleteThrough(tag, tag)) {
     List(CurrentTab).ListItems().Remove(tag);
   } else {
     Platform::Ui().MsgBox("Operacija uždrausta!", vbOKCancel + vbExclamation, MsgTitle);
@@ -870,22 +730,8 @@ void frmFirms::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
     auto ui = Uio().UI();
     auto dragged = ui ? ui->GetOrvelObject(drag->GetText()) : nullptr;
     if (!dragged) return;
-    std::string draggedCode = ConcatText(dragged->Fields("OwnCode").Value());
-    std::string ownCode = ConcatText(Uio().Fields("OwnCode").Value());
-    // A group cannot move under itself or under one of its own descendants.
-    if (CLng(dragged->Fields("GroupFlag").Value()) == 1 &&
-        Left(ownCode, Len(draggedCode)) == draggedCode) {
-      return;
-    }
-    try {
-      auto rs = dragged->RsFields();
-      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų");
-      AddFirmRow(rs->Fields());
-    } catch (...) {
-      return;  // already listed here
-    }
-    dragged->Fields("ParentID").SetValue(Uio().Fields("ID").Value());
-    dragged->Save(nullptr, nullptr);
+    if (WouldHoldItsOwnGroup(*dragged, CLng(dragged->Fields("GroupFlag").Value()))) return;
+    TakeIntoGroup(*dragged, [&](Fields& fields) { AddFirmRow(fields); });
   });
 }
 

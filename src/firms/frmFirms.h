@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "common/CatalogueWindow.h"
+#include "common/GroupedCard.h"
 #include "orvel/Variant.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
@@ -27,17 +27,12 @@ class Fields;
 // Tabs are numbered from 1 in the order they were added (the grid counts from
 // 0, so its event index is one less); list handle 0 stays empty. Each tab's
 // number is kept in its *Tab field, 0 when the tab was not made.
-class frmFirms : public CatalogueWindow {
+class frmFirms : public GroupedCard {
  public:
   static constexpr int kListHandles = 12;
 
   frmFirms();
   ~frmFirms() override;
-
-  // OrvelWindow
-  void QueryRemove(bool& cancel) override;
-
-  void InitForm() override;
 
   // Event handlers.
   // Writes the record by the firm's rules: a duplicate code is asked about
@@ -49,52 +44,14 @@ class frmFirms : public CatalogueWindow {
   // Re-reads the record, discarding the edits. A record that can no longer be
   // read closes its window; a new record stays in its group.
   void cmdCancel_Click() override;
-  void lblDebt_Click();
   void SSCNew_Click() override;
   void SSCNew_MouseUp(int button, int shift = 0);
   void SSCClose_MouseUp(int button, int shift = 0) override;
-  void mnuNewWithCopy_Click();
-  void cmdParentGroup_Click();
-  void OrvelGrid_FieldChanged() override;
   void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
                              int shift) override;
   void OrvelGrid_ListDoubleClick(int tabIndex) override;
   void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) override;
   void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) override;
-  void timerModal_Timer();
-
-  void mnuAccountsNew_Click();
-  void mnuAccountsEdit_Click();
-  void mnuAccountsDelete_Click();
-  void mnuFirmParametersNew_Click();
-  void mnuFirmParametersEdit_Click();
-  void mnuFirmParametersDelete_Click();
-  void mnuFirmInfoAdd_Click();
-  void mnuFirmInfoEdit_Click();
-  void mnuFirmInfoDelete_Click();
-  void mnuDiscountNew_Click();
-  void mnuDiscountEdit_Click();
-  void mnuDiscountDelete_Click();
-  void mnuDiscountRefresh_Click();
-  void mnuContractRefresh_Click();
-  void mnuToDesktop_Click();
-  void mnuContractToDeskTop_Click();
-  void mnuGoodsToDesktop_Click();
-  void mnuRefresh_Click();
-  void mnuPreview_Click();
-  void mnuFirmDelete_Click();
-
-  // Makes a new record in this window: the parent group and the group flag
-  // carry over, and with `copy` the name too.
-  void NewFromCurrent(bool copy);
-  // Clears list handles 0 to 10.
-  void ReleaseLists();
-  // cmdEnter and cmdCancel on when `enable` and the user may write the record.
-  void SetEditState(bool enable);
-  // Fetches the firm's balance into lblDebt, with the credit warnings, and
-  // the limits into lblCredit. A group or a record not saved yet gets an
-  // empty line. The own firm shows our side of the ledger and no limits.
-  void RefreshDebt();
 
   // The list of tab `index`; RuntimeError 91 when the handle is empty or its
   // tab was cleared.
@@ -108,9 +65,6 @@ class frmFirms : public CatalogueWindow {
   // moves up over the line while no note is shown.
   Panel pnlInfo{"pnlInfo"};
   Panel pnlLists{"pnlLists"};
-  Timer timerModal{"timerModal"};
-  Button cmdParentGroup{"cmdParentGroup"};
-  TextBox txtGroup{"txtGroup"};
   Label lblCroup{"lblCroup"};
   Label lblDebt{"lblDebt"};
   Label lblCredit{"lblCredit"};
@@ -149,12 +103,6 @@ class frmFirms : public CatalogueWindow {
 
   // Window state.
   std::shared_ptr<Object> ShowHost;
-  std::shared_ptr<orvel::OrvelObjectUIO> ParentObject;
-  int32_t ParentID = 0;
-  bool IsGroup = false;
-  bool IsRoot = false;
-  bool IsNew = false;
-  bool Loading = false;
   int16_t TrafficTab = 0;
   int16_t GoodsTab = 0;
   int16_t AccountsTab = 0;
@@ -167,13 +115,9 @@ class frmFirms : public CatalogueWindow {
   int16_t ActivityTab = 0;
   int16_t DiscountsTab = 0;
   int16_t ContractsTab = 0;
-  int16_t CurrentTab = 0;
   double Limit = 0;
   double LimitTerm = 0;
   double Debt = 0;
-  std::string MsgTitle;
-  // The host's list period, as GetOldPeriod / GetNewPeriod hand it over.
-  Variant Period;
   int32_t ModalAction = 0;
 
   // The list loaders. Each builds its tab's columns once, then empties the
@@ -190,13 +134,49 @@ class frmFirms : public CatalogueWindow {
   virtual void LoadContracts(bool more);
   // Also the line lblInfo over the tabs, from the first note.
   virtual void LoadFirmInfo();
-  // The lists' panel below the note line when it is shown, over it when not.
-  void PlaceNoteLine();
   virtual void LoadTraffic(bool more);
   virtual void LoadAccounts();
   virtual void LoadActivity();
   virtual void LoadDiscounts();
   virtual void LoadGoods(bool more);
+  // The editors, by the tab the user is on (CurrentTab). Each refuses a new
+  // record on a firm not saved yet; editing with no row selected does
+  // nothing. A saved dialog reloads its list.
+  virtual void EditDetail(bool isNew);
+  virtual void EditAccount(bool isNew);
+  virtual void EditFirmInfo(bool isNew);
+
+ protected:
+  void Form_Unload() override;
+  void ReadCard() override;
+  void timerModal_Timer() override;
+
+ private:
+  // Menu and label handlers, each wired to its control.
+  void mnuAccountsNew_Click();
+  void mnuContractRefresh_Click();
+  void mnuPreview_Click();
+  void lblDebt_Click();
+  void mnuNewWithCopy_Click();
+  void mnuAccountsEdit_Click();
+  void mnuAccountsDelete_Click();
+  void mnuFirmParametersNew_Click();
+  void mnuFirmParametersEdit_Click();
+  void mnuFirmParametersDelete_Click();
+  void mnuFirmInfoAdd_Click();
+  void mnuFirmInfoEdit_Click();
+  void mnuFirmInfoDelete_Click();
+  void mnuDiscountNew_Click();
+  void mnuDiscountEdit_Click();
+  void mnuDiscountDelete_Click();
+  void mnuDiscountRefresh_Click();
+  void mnuToDesktop_Click();
+  void mnuContractToDeskTop_Click();
+  void mnuGoodsToDesktop_Click();
+  void mnuRefresh_Click();
+  void mnuFirmDelete_Click();
+  // The lists' panel below the note line when it is shown, over it when not.
+  void PlaceNoteLine();
   // The firm's parameters, into the note tab's list; no menu reaches it.
   virtual void LoadParameters();
   // A detail list whose rows show the fields as they stand: its columns
@@ -212,12 +192,6 @@ class frmFirms : public CatalogueWindow {
   void LoadPlainList(int tab, const PlainList& shape);
   // Reloads the list of a detail tab after its dialog saved.
   virtual void ReloadDetail(int tab);
-  // The editors, by the tab the user is on (CurrentTab). Each refuses a new
-  // record on a firm not saved yet; editing with no row selected does
-  // nothing. A saved dialog reloads its list.
-  virtual void EditDetail(bool isNew);
-  virtual void EditAccount(bool isNew);
-  virtual void EditFirmInfo(bool isNew);
   // "'<OIDR>','<from>','<to>'" of the documents list, by Period: its own
   // dates when it uses dates, otherwise DaysBack days before today up to
   // 9999-12-31, in the locale's short date.
@@ -226,20 +200,23 @@ class frmFirms : public CatalogueWindow {
   // key already listed is the list's error.
   void AddFirmRow(Fields& fields);
 
- protected:
-  void Form_Load() override;
-  void Form_Unload() override;
-  // The heading by the record: new or stored, group or firm.
-  void SetCaption() override { UpdateCaption(); }
+  // Fetches the firm's balance into lblDebt, with the credit warnings, and
+  // the limits into lblCredit. A group or a record not saved yet gets an
+  // empty line. The own firm shows our side of the ledger and no limits.
+  void RefreshDebt();
 
- private:
+  // Makes a new record in this window: the parent group and the group flag
+  // carry over, and with `copy` the name too.
+  void NewFromCurrent(bool copy);
+
+  // Clears list handles 0 to 10.
+  void ReleaseLists();
+
   struct ListHandle {
     ListView* view = nullptr;
     int generation = 0;
   };
 
-  void UpdateCaption();
-  void ShowGroupLine();
   // Whether the record is the session's own firm; false when that cannot be told.
   bool IsOwnFirm();
   // Puts back the name and group of a firm used in documents, where the
@@ -258,7 +235,9 @@ class frmFirms : public CatalogueWindow {
   ListItem* Selected(int index) const;
   // "Išsaugokite naujai sukurtą įmonę" on a record not saved yet: false.
   bool RefuseUnsaved();
-  void DeleteRowObject(const std::string& key, const std::string& prompt);
+  // Asks `prompt`, Yes and No; unless No, deletes the object `oidr` names.
+  // False when the user said No.
+  bool DeleteRowObject(const std::string& oidr, const std::string& prompt);
   void ToDesktop(const std::string& oidr);
 
   std::array<ListHandle, kListHandles> lists_{};

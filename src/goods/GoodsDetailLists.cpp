@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "common/Boundary.h"
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "goods/frmGoods.h"
@@ -64,14 +65,6 @@ void Quietly(F&& body) {
   } catch (const RuntimeError&) {
   }
 }
-
-class BusyPointer {
- public:
-  BusyPointer() { Platform::Ui().SetMousePointer(vbHourglass); }
-  ~BusyPointer() { Platform::Ui().SetMousePointer(vbDefault); }
-  BusyPointer(const BusyPointer&) = delete;
-  BusyPointer& operator=(const BusyPointer&) = delete;
-};
 
 std::shared_ptr<Object> CatalogueIcons() {
   auto mainForm = std::dynamic_pointer_cast<OrvelMainForm>(Services().MainForm());

@@ -11,11 +11,10 @@ class OrvelObjectUIO;
 // The dialogs that the goods menus open, behind one seam: the catalogue's
 // list settings, the price change and the guarantee of a group, a good's
 // detail record and its movement history. The goods adapters and the goods
-// window call them here; the dialogs themselves install an implementation.
-// Until then the ones installed do nothing and confirm nothing, so that every
-// menu entry exists and is harmless. The movement history is the exception:
-// its window is built, and every set of dialogs opens it unless it overrides
-// the entry.
+// window call them here. This class is the module's own set: each entry
+// builds its dialog (frmGoodPreview, frmPriceChange, frmGaranty,
+// frmGoodProperty, frmGoodsHistory) and shows it through the Ui seam. A
+// host's tests may install another set, to answer for the user.
 //
 // All of them are modal: each returns once the user closed its dialog.
 class GoodsDialogs {
@@ -42,8 +41,8 @@ class GoodsDialogs {
 
 // The dialogs in force.
 GoodsDialogs& CurrentGoodsDialogs();
-// Installs `dialogs` for the whole module; null puts back the ones that do
-// nothing. Returns the ones it replaced (null for the do-nothing ones).
+// Installs `dialogs` for the whole module; null puts back the module's own.
+// Returns the ones it replaced (null for the module's own).
 std::shared_ptr<GoodsDialogs> InstallGoodsDialogs(std::shared_ptr<GoodsDialogs> dialogs);
 
 }  // namespace orvel

@@ -11,15 +11,6 @@
 
 namespace orvel {
 
-namespace {
-
-template <class F>
-void Event(F&& body) {
-  Guarded([&] { return body(), true; }, false, GroupChangeDialog::kMsgTitle);
-}
-
-}  // namespace
-
 GroupChangeDialog::GroupChangeDialog(std::string formName, std::string caption, std::string method)
     : Form(std::move(formName)), method_(std::move(method)) {
   SetCaption(std::move(caption));
@@ -35,14 +26,14 @@ void GroupChangeDialog::Attach(TextBox& valueBox, Label& valueLabel) {
   Register(cmdEnter);
   Register(cmdCancel);
   valueBox.OnKeyPress = [this](int& keyAscii) { FilterKey(keyAscii); };
-  valueBox.OnChange = [this] { Event([&] { EnableButtons(true); }); };
-  chkWithSubGroups.OnClick = [this] { Event([&] { EnableButtons(true); }); };
+  valueBox.OnChange = [this] { Handle(kMsgTitle, [&] { EnableButtons(true); }); };
+  chkWithSubGroups.OnClick = [this] { Handle(kMsgTitle, [&] { EnableButtons(true); }); };
   cmdEnter.OnClick = [this] { cmdEnter_Click(); };
   cmdCancel.OnClick = [this] { cmdCancel_Click(); };
 }
 
 void GroupChangeDialog::Form_Load() {
-  Event([&] { EnableButtons(true); });
+  Handle(kMsgTitle, [&] { EnableButtons(true); });
 }
 
 void GroupChangeDialog::FilterKey(int& keyAscii) {
@@ -64,7 +55,7 @@ std::string GroupChangeDialog::Parameter() const {
 }
 
 void GroupChangeDialog::cmdEnter_Click() {
-  Event([&] {
+  Handle(kMsgTitle, [&] {
     Variant::Array params{Variant(Parameter())};
     OrvelResult result = OrvelObjectUIO->Methods(method_, params);
     if (result.Number != 0) {
@@ -76,7 +67,7 @@ void GroupChangeDialog::cmdEnter_Click() {
 }
 
 void GroupChangeDialog::cmdCancel_Click() {
-  Event([&] { Unload(); });
+  Handle(kMsgTitle, [&] { Unload(); });
 }
 
 }  // namespace orvel

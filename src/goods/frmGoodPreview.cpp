@@ -20,11 +20,6 @@ namespace {
 
 constexpr size_t kFields = 7;
 
-template <class F>
-void Event(F&& body) {
-  Guarded([&] { return body(), true; }, false);
-}
-
 int CheckValue(const std::string& field) { return Val(field) != 0 ? vbChecked : vbUnchecked; }
 
 }  // namespace
@@ -64,7 +59,7 @@ frmGoodPreview::frmGoodPreview() : Form("frmGoodPreview") {
 }
 
 void frmGoodPreview::Form_Load() {
-  Event([&] {
+  Handle([&] {
     std::vector<std::string> a = Split(Settings, ",");
     if (a.size() != kFields) a = Split(kDefaultSettings, ",");
     if (SectionOID.empty()) SectionOID = kDefaultSection;
@@ -106,11 +101,11 @@ void frmGoodPreview::EnableLocation() {
 }
 
 void frmGoodPreview::chkByLocation_Click() {
-  Event([&] { EnableLocation(); });
+  Handle([&] { EnableLocation(); });
 }
 
 void frmGoodPreview::cmdLocation_Click() {
-  Event([&] {
+  Handle([&] {
     auto picker = Platform::Classes().NewGroupSelect();
     picker->SetOType(kWarehouseOid);
     picker->SetRootOType(kWarehouseOid);
@@ -143,14 +138,14 @@ void frmGoodPreview::BuildSettings() {
 }
 
 void frmGoodPreview::cmdOK_Click() {
-  Event([&] {
+  Handle([&] {
     BuildSettings();
     Unload();
   });
 }
 
 void frmGoodPreview::cmdSave_Click() {
-  Event([&] {
+  Handle([&] {
     BuildSettings();
     Services().Environment()->SaveUserSetting(SectionOID, "Preview", Settings);
     Unload();
@@ -158,7 +153,7 @@ void frmGoodPreview::cmdSave_Click() {
 }
 
 void frmGoodPreview::cmdCancel_Click() {
-  Event([&] { Unload(); });
+  Handle([&] { Unload(); });
 }
 
 }  // namespace orvel

@@ -9,6 +9,7 @@
 #include "goods/GoodsSettings.h"
 #include "host/Convert.h"
 #include "orvel/DragData.h"
+#include "orvel/ErrorNumbers.h"
 #include "orvel/OrvelGroupSelect.h"
 #include "orvel/OrvelHostClasses.h"
 #include "orvel/OrvelObjectManager.h"
@@ -21,6 +22,7 @@
 #include "orvel/Recordset.h"
 #include "orvel/RuntimeError.h"
 #include "host/Text.h"
+#include "ui/ControlConstants.h"
 #include "ui/ListItem.h"
 #include "orvel/Ui.h"
 
@@ -30,16 +32,18 @@ namespace {
 
 constexpr const char* kOid = "O0000200";
 constexpr const char* kRightKey = "CGoods";
+constexpr GroupedKind kGoodsKind{
+    kOid,
+    kRightKey,
+    {"Prekių grupė", "Nauja prekių grupė", "Prekės kortelė", "Nauja prekė"},
+    "Group GroupNA Root",
+    "'C','FirmNA','Service','ServiceNA','GEXIST'",
+    true};
 constexpr int kGroupFlag = 1;
-// Long enough for a popup menu to close before a modal dialog opens.
-constexpr int kModalDelay = 10;
 // The placeholder row that waits for a double click before a heavy list loads.
 constexpr const char* kMoreKey = "more";
 // Summary rows of the business layer carry this OIDR.
 constexpr const char* kSummaryKey = "O0000000";
-// The business layer's number for a record another user changed meanwhile:
-// the window re-reads it.
-constexpr int32_t kChangedMeanwhile = 60000;
 constexpr const char* kMeasureRecordOid = "O0001606";
 // A measure of this type counts whole units.
 constexpr const char* kWholeUnits = "1";
@@ -57,7 +61,6 @@ constexpr DetailKind kDetailKinds[] = {
     {&frmGoods::TemplatesTab, "Šablonai", "O0000800"},
 };
 
-// Runs an event handler so that nothing it throws reaches the host.
 OrvelRights& Rights() { return *Services().Rights(); }
 
 bool HasField(OrvelObjectUIO& object, const char* name) {
@@ -89,7 +92,7 @@ bool HasHistory(const ListItem& row) {
 }  // namespace
 
 frmGoods::frmGoods()
-    : CatalogueWindow("frmGoods", "Atsargos"),
+    : GroupedCard("frmGoods", "Atsargos", kGoodsKind),
       mnuNew(mnuMain.Add("mnuNew", "Sukurti &naują")),
       mnuEdit(mnuMain.Add("mnuEdit", "&Redaguoti")),
       mnuDelete(mnuMain.Add("mnuDelete", "&Panaikinti")),
@@ -104,8 +107,6 @@ frmGoods::frmGoods()
       mnuRefresh(mnuPopUp.Add("mnuRefresh", "Atnaujinti")) {
   lblGroup.SetCaption("Prekių grupė:");
   txtGroup.SetLocked(true);
-  timerModal.SetEnabled(false);
-  timerModal.SetInterval(kModalDelay);
   mnuMain.SetVisible(false);
   mnuPopUp.SetVisible(false);
   for (Control* control : std::initializer_list<Control*>{&lblGroup, &txtGroup, &cmdParentGroup,
@@ -113,10 +114,7 @@ frmGoods::frmGoods()
     Register(*control);
   }
 
-  cmdParentGroup.OnClick = [this] { cmdParentGroup_Click(); };
-  timerModal.OnTimer = [this] { timerModal_Timer(); };
-
-  const std::pair<Menu*, void (frmGoods::*)()> clicks[] = {
+  WireMenus<frmGoods>({
       {&mnuNew, &frmGoods::mnuNew_Click},
       {&mnuEdit, &frmGoods::mnuEdit_Click},
       {&mnuDelete, &frmGoods::mnuDelete_Click},
@@ -127,10 +125,7 @@ frmGoods::frmGoods()
       {&mnuPreview, &frmGoods::mnuPreview_Click},
       {&mnuPrint, &frmGoods::mnuPrint_Click},
       {&mnuRefresh, &frmGoods::mnuRefresh_Click},
-  };
-  for (const auto& [menu, handler] : clicks) {
-    menu->OnClick = [this, handler = handler] { Handle(MsgTitle, [&] { (this->*handler)(); }); };
-  }
+  });
 }
 
 frmGoods::~frmGoods() = default;
@@ -208,11 +203,6 @@ void frmGoods::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) 
   if (OrvelObjectUIO()) InitForm();
 }
 
-void frmGoods::Form_Load() {
-  InitForm();
-  Handle(MsgTitle, [&] { MsgTitle = AppTitle(); });
-}
-
 void frmGoods::Form_Unload() {
   ReleaseLists();
   CatalogueWindow::Form_Unload();
@@ -223,48 +213,43 @@ void frmGoods::ReleaseLists() {
   TrafficRs.reset();
 }
 
-void frmGoods::InitForm() {
-  Handle(MsgTitle, [&] {
-    Loading = true;
-    InitRunning = true;
-    Platform::Ui().SetMousePointer(vbHourglass);
-    Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
-    auto& object = Uio();
-    ParentID = NullToLong(object.Fields("ParentID").Value());
-    IsGroup = NullToLong(object.Fields("GroupFlag").Value()) == kGroupFlag;
-    IsNew = OIDR().empty();
-    WithRest = false;
-    if (IsNew) {
-      RecordKey = object.OID();
-      DefaultIfNull(object, "AmountPrecision", Variant(2));
-      DefaultIfNull(object, "MeasureID", Variant(1));
-    } else {
-      RecordKey = OIDR();
-      if (!IsGroup) WithRest = FieldTrue(object, "WithRest");
-    }
-    IsRoot = ParentID == 0;
-    ParentObject = nullptr;
-    if (!IsRoot) {
-      ParentObject = object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
-      if (IsNew) PrimeNewRecord();
-    }
-    OrvelGrid->SetServices(OrvelS());
-    OrvelGrid->SetObjectUIO(OrvelObjectUIO());
-    BuildTabs();
-    FillAllLists();
-    OrvelGrid->FillFields();
-    Initialized = true;
-    ShowGroupLine();
-    ShowPriceLine();
-    if (IsNew) ProposeCode();
-    Loading = false;
-    SSCNew.SetEnabled(!IsNew);
-    // Also for a new record: cmdEnter and cmdCancel wake with the first change.
-    SetEditState(false);
-  });
+void frmGoods::ReadCard() {
+  Loading = true;
+  InitRunning = true;
+  Platform::Ui().SetMousePointer(vbHourglass);
+  Period = Services().ObjectManager()->Call("GetOldPeriod", "").Value;
+  auto& object = Uio();
+  ParentID = NullToLong(object.Fields("ParentID").Value());
+  IsGroup = NullToLong(object.Fields("GroupFlag").Value()) == kGroupFlag;
+  IsNew = OIDR().empty();
+  WithRest = false;
+  if (IsNew) {
+    RecordKey = object.OID();
+    DefaultIfNull(object, "AmountPrecision", Variant(2));
+    DefaultIfNull(object, "MeasureID", Variant(1));
+  } else {
+    RecordKey = OIDR();
+    if (!IsGroup) WithRest = FieldTrue(object, "WithRest");
+  }
+  IsRoot = ParentID == 0;
+  ParentObject = nullptr;
+  if (!IsRoot) {
+    ParentObject = object.Properties("Parent", "").Value.ObjectAs<orvel::OrvelObjectUIO>();
+    if (IsNew) PrimeNewRecord();
+  }
+  OrvelGrid->SetServices(OrvelS());
+  OrvelGrid->SetObjectUIO(OrvelObjectUIO());
+  BuildTabs();
+  FillAllLists();
+  OrvelGrid->FillFields();
+  Initialized = true;
+  ShowGroupLine();
+  ShowPriceLine();
+  if (IsNew) ProposeCode();
   Loading = false;
-  InitRunning = false;
-  Handle(MsgTitle, [&] { Platform::Ui().SetMousePointer(vbDefault); });
+  SSCNew.SetEnabled(!IsNew);
+  // Also for a new record: cmdEnter and cmdCancel wake with the first change.
+  SetEditState(false);
 }
 
 void frmGoods::PrimeNewRecord() {
@@ -287,33 +272,6 @@ void frmGoods::ProposeCode() {
   SetEditState(true);
 }
 
-void frmGoods::UpdateCaption() {
-  const bool stored = !OIDR().empty();
-  if (IsGroup) {
-    SOPanel.SetCaption(stored ? "Prekių grupė" : "Nauja prekių grupė");
-  } else {
-    SOPanel.SetCaption(stored ? "Prekės kortelė" : "Nauja prekė");
-  }
-}
-
-void frmGoods::ShowGroupLine() {
-  if (IsRoot) {
-    txtGroup.SetText("");
-  } else if (auto line = GroupLine(ParentObject)) {
-    txtGroup.SetText(*line);
-  }
-  // A parent that cannot be shown leaves the line as it stood.
-  UpdateCaption();
-}
-
-void frmGoods::SetEditState(bool enable) {
-  if (enable) {
-    enable = IsNew ? Rights().CanInsert(kRightKey, 0) : Rights().CanUpdate(kRightKey, 0);
-  }
-  cmdEnter.SetEnabled(enable);
-  cmdCancel.SetEnabled(enable);
-}
-
 void frmGoods::OrvelGrid_FieldChanged() {
   Handle(MsgTitle, [&] {
     ShowPriceLine();
@@ -325,72 +283,15 @@ bool frmGoods::Stored() { return Len(OIDR()) >= 9; }
 
 // ---- frame ----
 
-void frmGoods::QueryRemove(bool& cancel) {
-  Handle(MsgTitle, [&] {
-    if (KeepUnsavedEdits(MsgTitle)) cancel = true;
-    // The close click disabled the button; a window that stays takes it back.
-    SSCClose.SetEnabled(cancel);
-  });
-}
-
 void frmGoods::SSCClose_MouseUp(int button, int) {
-  // A right click on the close button deletes the record: a hidden gesture
-  // that users of the catalogue know, kept on purpose.
-  Handle(MsgTitle, [&] {
-    if (button != kRightButton || !SSCClose.Enabled()) return;
-    if (Platform::Ui().MsgBox("Ar tikrai norite panaikinti?\n" + Uio().Preview(),
-                              vbOKCancel + vbExclamation, MsgTitle) != vbOK) {
-      return;
-    }
-    std::string oidr = OIDR();
-    auto ui = Uio().UI();
-    if (ui && ui->DeleteOrvelObject(oidr) == 0) {
-      Services().WindowManager()->RemoveWindow(oidr, true);
-    }
-  });
-}
-
-void frmGoods::cmdParentGroup_Click() {
-  Handle(MsgTitle, [&] {
-    auto picker = Platform::Classes().NewGroupSelect();
-    picker->SetOType(kOid);
-    picker->SetRootOType(kOid);
-    picker->SetSelectKind("Group GroupNA Root");
-    picker->SetCaption("Pažymėkite norimą grupę");
-    picker->SetExcludeTypes("'C','FirmNA','Service','ServiceNA','GEXIST'");
-    picker->Show();
-    std::string result = picker->ResultOIDR();
-    int at = InStrRev(result, "O", -1, Compare::Text);
-    if (at == 0) return;
-    std::string choice = Mid(result, at);
-    if (choice == OIDR()) return;
-    if (Len(choice) < 9) {
-      // The catalogue root: the record goes to the top.
-      ParentID = 0;
-      Uio().Fields("ParentID").SetValue(Variant(0));
-      txtGroup.SetText("");
-    } else {
-      auto adapter = Services().ObjectManager()->GetOrvelObjectUI(kOid);
-      auto group = adapter ? adapter->GetOrvelObject(choice) : nullptr;
-      if (!group) return;
-      Variant id = group->Fields("ID").Value();
-      ParentID = NullToLong(id);
-      Uio().Fields("ParentID").SetValue(id);
-      try {
-        txtGroup.SetText(ConcatText(group->Fields("PreviewPath").Value()) + group->Preview());
-      } catch (const RuntimeError&) {
-        // The path is only shown; the choice is made.
-      }
-    }
-    SetEditState(true);
-  });
+  Handle(MsgTitle, [&] { DeleteOnRightClick(button, SSCClose.Enabled(), DeleteVia::kRecord); });
 }
 
 // ---- lists ----
 
 void frmGoods::OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button, int) {
   Handle(MsgTitle, [&] {
-    if (button != kRightButton || IsNew) return;
+    if (button != vbRightButton || IsNew) return;
     CurrentTab = static_cast<int16_t>(tabIndex + 1);
     for (Menu* item : {&mnuByPurch, &mnuPreview, &mnuHistory, &mnuPrint}) item->SetVisible(false);
     MenuAction.clear();
@@ -486,12 +387,10 @@ void frmGoods::OrvelGrid_ListDoubleClick(int tabIndex) {
 }
 
 void frmGoods::timerModal_Timer() {
-  Handle(MsgTitle, [&] {
-    timerModal.SetEnabled(false);
-    const ListItem* row = Selected(CurrentTab);
-    const int32_t documentId = row ? static_cast<int32_t>(Val(row->Key())) : 0;
-    CurrentGoodsDialogs().ShowGoodsHistory(OrvelObjectUIO(), documentId);
-  });
+  timerModal.SetEnabled(false);
+  const ListItem* row = Selected(CurrentTab);
+  const int32_t documentId = row ? static_cast<int32_t>(Val(row->Key())) : 0;
+  CurrentGoodsDialogs().ShowGoodsHistory(OrvelObjectUIO(), documentId);
 }
 
 // ---- menu actions ----
@@ -501,7 +400,7 @@ void frmGoods::mnuNew_Click() { MenuAction = "100"; }
 void frmGoods::mnuEdit_Click() { MenuAction = "101"; }
 
 void frmGoods::mnuDelete_Click() {
-  if (Platform::Ui().MsgBox("Panaikinti?", vbYesNo + vbExclamation, MsgTitle) != vbYes) return;
+  if (!ConfirmDelete("Panaikinti?", vbYesNo, MsgTitle)) return;
   const ListItem* row = Selected(CurrentTab);
   if (!row) return;
   std::string key;
@@ -511,9 +410,7 @@ void frmGoods::mnuDelete_Click() {
   } else {
     key = row->Key();
   }
-  if (auto adapter = Services().ObjectManager()->GetOrvelObjectUI(key)) {
-    adapter->DeleteOrvelObject(key);
-  }
+  DeleteThrough(key, key);
   if (CurrentTab == TemplatesTab) {
     LoadTemplates();
   } else if (CurrentTab == DiscountsTab) {
@@ -566,10 +463,7 @@ void frmGoods::mnuPreview_Click() {
     LoadSerials(true);
     return;
   }
-  Variant period = Services().ObjectManager()->Call("GetNewPeriod", "").Value;
-  if (period == Period) return;
-  Period = std::move(period);
-  LoadTraffic(true);
+  if (TakeNewPeriod()) LoadTraffic(true);
 }
 
 void frmGoods::mnuPrint_Click() { PrintTraffic(); }
@@ -603,24 +497,10 @@ void frmGoods::OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) {
     auto ui = Uio().UI();
     auto dragged = ui ? ui->GetOrvelObject(text) : nullptr;
     if (!dragged) return;
-    const std::string draggedCode = ConcatText(dragged->Fields("OwnCode").Value());
-    const std::string ownCode = ConcatText(Uio().Fields("OwnCode").Value());
-    // A group cannot move into its own branch, and a record at the top
-    // cannot be dragged at all.
-    if (NullToLong(dragged->Fields("GroupFlag").Value()) == kGroupFlag &&
-        Left(ownCode, Len(draggedCode)) == draggedCode) {
-      return;
-    }
+    if (WouldHoldItsOwnGroup(*dragged, NullToLong(dragged->Fields("GroupFlag").Value()))) return;
+    // A record at the top cannot be dragged at all.
     if (NullToLong(dragged->Fields("ParentID").Value()) == 0) return;
-    try {
-      auto rs = dragged->RsFields();
-      if (!rs) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų");
-      AddGroupRow(rs->Fields());
-    } catch (const RuntimeError&) {
-      return;  // already listed here
-    }
-    dragged->Fields("ParentID").SetValue(Uio().Fields("ID").Value());
-    dragged->Save(nullptr, nullptr);
+    TakeIntoGroup(*dragged, [&](Fields& fields) { AddGroupRow(fields); });
   });
 }
 
@@ -663,20 +543,10 @@ void frmGoods::cmdEnter_Click() {
       // The user is not told: the rest of the edits are written.
       if (UsedInDocuments(used.Value) > 0) name.SetValue(name.UnderlyingValue());
     }
-    const int32_t number = OrvelGrid->SaveObject();
-    const std::string text = OrvelGrid->LastError();
-    if (number != 0) {
-      Platform::Ui().MsgBox("Klaida!\n\n" + text, vbCritical, MsgTitle);
-      SetEditState(true);
-      if (number == kChangedMeanwhile) cmdCancel_Click();
-    } else {
-      UpdateCaption();
-      Services().WindowManager()->ObjectSaved(OIDR());
-      SetEditState(false);
-      if (IsNew) {
-        IsNew = false;
-        FillAllLists();
-      }
+    if (SaveSheet() && IsNew) {
+      // The first write of a new record fills its lists.
+      IsNew = false;
+      FillAllLists();
     }
     SSCNew.SetEnabled(true);
     UnloadChild();
@@ -685,15 +555,7 @@ void frmGoods::cmdEnter_Click() {
 
 void frmGoods::cmdCancel_Click() {
   Handle(MsgTitle, [&] {
-    if (IsNew) return;
-    auto& object = Uio();
-    OrvelStatus status = object.Read();
-    if (status.Number != 0) {
-      Platform::Ui().MsgBox(status.Text, vbExclamation, MsgTitle);
-      Services().WindowManager()->RemoveWindow(OIDR(), true);
-      return;
-    }
-    InitForm();
+    if (!IsNew && ReadAgainOrClose(Uio(), MsgTitle)) InitForm();
   });
 }
 

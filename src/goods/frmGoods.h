@@ -5,7 +5,7 @@
 #include <memory>
 #include <string>
 
-#include "common/CatalogueWindow.h"
+#include "common/GroupedCard.h"
 #include "orvel/Variant.h"
 #include "ui/Button.h"
 #include "ui/Label.h"
@@ -26,32 +26,26 @@ class Recordset;
 // user's rights and the good's own flags allow.
 //
 // Tabs are numbered from 1 in the order they were added (the grid counts from
-// 0, so its event index is one less); Tabs[0] stays empty. Each tab's number
+// 0, so its event index is one less); list handle 0 stays empty. Each tab's number
 // is kept in its *Tab field, 0 when the tab was not made, so the numbers
 // differ from user to user. The window builds its tabs anew on every
 // InitForm: a good saved with rests for the first time shows its rest tabs
 // only then.
 //
-// The list loaders, the row editors, the price line and the printing come
-// with the detail lists and the card rules: here they are virtual and do
-// nothing, and every menu entry that reaches them exists.
-class frmGoods : public CatalogueWindow {
+// The group line, the right-click delete and the write come with the grouped
+// card; the list loaders and the traffic printing are in GoodsDetailLists.cpp.
+class frmGoods : public GroupedCard {
  public:
   static constexpr int kTabHandles = 9;
-  // Right-button code of the mouse events.
-  static constexpr int kRightButton = 2;
 
   frmGoods();
   ~frmGoods() override;
 
   // OrvelWindow
-  void QueryRemove(bool& cancel) override;
   // Setting the record builds the window on it at once (InitForm); the load
   // of the window builds it again, after its opener had its say on the
   // record (the parent and kind of a new one).
   void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override;
-
-  void InitForm() override;
 
   // Event handlers.
   // Writes the record: a good needs a measure, and whole units when its
@@ -67,14 +61,12 @@ class frmGoods : public CatalogueWindow {
   // measure and rest flags.
   void SSCNew_Click() override;
   void SSCClose_MouseUp(int button, int shift = 0) override;
-  void cmdParentGroup_Click();
   void OrvelGrid_FieldChanged() override;
   void OrvelGrid_ListMouseUp(const std::string& tabKey, int tabIndex, int button,
                              int shift) override;
   void OrvelGrid_ListDoubleClick(int tabIndex) override;
   void OrvelGrid_ListDragOver(const std::shared_ptr<Object>& data, int& effect) override;
   void OrvelGrid_ListDragDrop(const std::shared_ptr<Object>& data) override;
-  void timerModal_Timer();
 
   void mnuNew_Click();
   void mnuEdit_Click();
@@ -86,12 +78,6 @@ class frmGoods : public CatalogueWindow {
   void mnuPreview_Click();
   void mnuPrint_Click();
   void mnuRefresh_Click();
-
-  // cmdEnter and cmdCancel on when `enable` and the user may write the record
-  // (insert for a new one, update for a stored one).
-  void SetEditState(bool enable);
-  // The heading by the record: new or stored, group or good.
-  void UpdateCaption();
 
   // False, after its box, when a good lacks a measure or keeps decimals of a
   // measure counted in whole units.
@@ -107,10 +93,7 @@ class frmGoods : public CatalogueWindow {
   bool HasList(int index) const;
 
   // Controls.
-  TextBox txtGroup{"txtGroup"};
   Label lblGroup{"lblGroup"};
-  Button cmdParentGroup{"cmdParentGroup"};
-  Timer timerModal{"timerModal"};
 
   Menu mnuMain{"mnuMain"};
   Menu& mnuNew;
@@ -128,19 +111,9 @@ class frmGoods : public CatalogueWindow {
   Menu& mnuRefresh;
 
   // Window state.
-  std::shared_ptr<orvel::OrvelObjectUIO> ParentObject;
-  int32_t ParentID = 0;
-  bool Loading = false;
-  bool IsGroup = false;
-  bool IsRoot = false;
-  bool IsNew = false;
   // The good keeps rests; always False while the record is new.
   bool WithRest = false;
   std::string RecordKey;
-  std::string MsgTitle;
-  // The host's list period, as GetOldPeriod / GetNewPeriod hand it over.
-  Variant Period;
-  int16_t CurrentTab = 0;
   int16_t GoodsTab = 0;
   int16_t TrafficTab = 0;
   int16_t MeasuresTab = 0;
@@ -192,9 +165,9 @@ class frmGoods : public CatalogueWindow {
   virtual void AddGroupRow(Fields& fields);
 
  protected:
-  void Form_Load() override;
   void Form_Unload() override;
-  void SetCaption() override { UpdateCaption(); }
+  void ReadCard() override;
+  void timerModal_Timer() override;
 
  private:
   void BuildTabs();
@@ -202,7 +175,6 @@ class frmGoods : public CatalogueWindow {
   void ClearTabs();
   void FillAllLists();
   void PrimeNewRecord();
-  void ShowGroupLine();
   void ProposeCode();
   bool Stored();
   ListItem* Selected(int index) const;

@@ -5,6 +5,7 @@
 #include <utility>
 
 #include "common/Boundary.h"
+#include "common/BusyPointer.h"
 #include "common/Catalogue.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
@@ -49,16 +50,6 @@ constexpr std::array<ColumnSpec, frmGoodsHistory::kColumnCount> kColumns{{
     {"Kaina val.", kListDefaultWidth, lvwColumnLeft},
     {"Suma val.", kListDefaultWidth, lvwColumnLeft},
 }};
-
-template <class F>
-void Event(F&& body) {
-  Guarded(
-      [&] {
-        body();
-        return 0;
-      },
-      0);
-}
 
 // A value as it stands in a cell: Null and Empty show nothing.
 std::string Shown(const Variant& v) { return v.IsString() ? v.String() : ConcatText(v); }
@@ -170,8 +161,8 @@ frmGoodsHistory::frmGoodsHistory()
 void frmGoodsHistory::Form_Load() {
   auto& ui = Platform::Ui();
   Width = std::max(0, ui.ScreenWidth() - kScreenMargin);
-  ui.SetMousePointer(vbHourglass);
-  Event([&] {
+  BusyPointer busy;
+  Handle([&] {
     // A window loaded again starts from empty controls, as a new one would.
     lswHistory.ListItems().Clear();
     lswHistory.ColumnHeaders().Clear();
@@ -179,7 +170,6 @@ void frmGoodsHistory::Form_Load() {
     AddColumns();
     FillHistory();
   });
-  ui.SetMousePointer(vbDefault);
 }
 
 void frmGoodsHistory::AddColumns() {
@@ -251,14 +241,14 @@ void frmGoodsHistory::Form_Resize(int32_t scaleWidth) {
 }
 
 void frmGoodsHistory::lswHistory_MouseUp(int button, int) {
-  Event([&] {
+  Handle([&] {
     if (button != vbRightButton || !lswHistory.SelectedItem()) return;
     Platform::Ui().PopupMenu(mnuMain);
   });
 }
 
 void frmGoodsHistory::mnuToDesktop_Click() {
-  Event([&] {
+  Handle([&] {
     const ListItem* row = lswHistory.SelectedItem();
     if (!row) return;
     const std::string oidr = ConcatText(row->Tag());
@@ -269,7 +259,7 @@ void frmGoodsHistory::mnuToDesktop_Click() {
 }
 
 void frmGoodsHistory::cmdClose_Click() {
-  Event([&] { Unload(); });
+  Handle([&] { Unload(); });
 }
 
 }  // namespace orvel

@@ -18,17 +18,6 @@ constexpr int kSmallestFont = 6;
 constexpr int kLargestFont = 20;
 constexpr int kEnter = 13;
 
-// Runs an event body so that nothing escapes to the platform's event loop.
-template <class F>
-void Event(F&& body) {
-  Guarded(
-      [&] {
-        body();
-        return 0;
-      },
-      0);
-}
-
 std::string Flag(bool on) { return on ? "1" : "0"; }
 bool IsOn(const std::string& flag) { return !flag.empty() && flag != "0"; }
 }  // namespace
@@ -37,12 +26,11 @@ frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
   SetCaption(" Vaizdo parametrai");
   // In the order the window shows them, each label before its field.
   for (Control* c : std::initializer_list<Control*>{
-           &lvwColumns,      &txtColumnCaption, &txtWidth,    &cmbAlignment,
-           &cmdUp,           &cmdDown,          &lblTotalWidth, &lblJournalName,
-           &txtJournalName,  &lblFontSize,      &cmbFontSize, &chbGridlinesHor,
-           &chbGridlinesVer, &chbUserName,      &chbDate,     &chbTime,
-           &lblFooter,       &txtFooter,        &lblRegName,  &txtRegName,
-           &cmdOK,           &cmdCancel}) {
+           &lvwColumns,  &txtColumnCaption, &txtWidth,        &cmbAlignment,   &cmdUp,
+           &cmdDown,     &lblTotalWidth,    &lblJournalName,  &txtJournalName, &lblFontSize,
+           &cmbFontSize, &chbGridlinesHor,  &chbGridlinesVer, &chbUserName,    &chbDate,
+           &chbTime,     &lblFooter,        &txtFooter,       &lblRegName,     &txtRegName,
+           &cmdOK,       &cmdCancel}) {
     Register(*c);
   }
   lblJournalName.SetCaption("Pavadinimas:");
@@ -76,7 +64,7 @@ frmPreviewConfig::frmPreviewConfig() : Form("frmPreviewConfig") {
 }
 
 void frmPreviewConfig::Form_Load() {
-  Event([&] {
+  Handle([&] {
     loading_ = true;
     Status = kCancelled;
     NewConfig.clear();
@@ -198,7 +186,7 @@ void frmPreviewConfig::ShowTotal() {
 
 void frmPreviewConfig::lvwColumns_ItemClick(ListItem& row) {
   if (loading_) return;
-  Event([&] {
+  Handle([&] {
     StoreCaption();
     LoadRow(RowOf(row));
   });
@@ -206,7 +194,7 @@ void frmPreviewConfig::lvwColumns_ItemClick(ListItem& row) {
 
 void frmPreviewConfig::lvwColumns_ItemCheck(ListItem& row, bool checked) {
   if (loading_) return;
-  Event([&] {
+  Handle([&] {
     int index = RowOf(row);
     if (index < 0) return;
     rows_[index].visible = checked;
@@ -225,14 +213,14 @@ void frmPreviewConfig::Swap(int index, int other) {
 }
 
 void frmPreviewConfig::cmdUp_Click() {
-  Event([&] {
+  Handle([&] {
     if (current_ <= 0) return;
     Swap(current_, current_ - 1);
   });
 }
 
 void frmPreviewConfig::cmdDown_Click() {
-  Event([&] {
+  Handle([&] {
     if (current_ < 0 || current_ + 1 >= static_cast<int>(rows_.size())) return;
     Swap(current_, current_ + 1);
   });
@@ -245,7 +233,7 @@ void frmPreviewConfig::cmbAlignment_Click() {
 
 void frmPreviewConfig::txtColumnCaption_LostFocus() {
   if (loading_) return;
-  Event([&] { StoreCaption(); });
+  Handle([&] { StoreCaption(); });
 }
 
 void frmPreviewConfig::txtWidth_KeyPress(int& keyAscii) {
@@ -254,7 +242,7 @@ void frmPreviewConfig::txtWidth_KeyPress(int& keyAscii) {
 
 void frmPreviewConfig::txtWidth_LostFocus() {
   if (loading_ || current_ < 0) return;
-  Event([&] {
+  Handle([&] {
     Row& row = rows_[current_];
     std::string text = txtWidth.Text();
     if (!text.empty()) text = FormatDecimalText(text, 1, true);
@@ -307,7 +295,7 @@ ColumnConfig frmPreviewConfig::BuildConfig() const {
 }
 
 void frmPreviewConfig::cmdOK_Click() {
-  Event([&] {
+  Handle([&] {
     StoreCaption();
     Status = kAccepted;
     bool anyChecked =
@@ -326,7 +314,7 @@ void frmPreviewConfig::cmdOK_Click() {
 }
 
 void frmPreviewConfig::cmdCancel_Click() {
-  Event([&] {
+  Handle([&] {
     Status = kCancelled;
     Unload();
   });

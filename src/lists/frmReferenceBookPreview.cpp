@@ -41,16 +41,6 @@ constexpr int32_t kWideField = 50;
 // The server's numeric column types: their columns are right-aligned.
 constexpr int32_t kNumericTypes[] = {127, 56, 52, 48, 106, 108, 60, 122};
 
-template <class F>
-void Event(F&& body) {
-  Guarded(
-      [&] {
-        body();
-        return 0;
-      },
-      0);
-}
-
 std::string TextOf(const Variant& v) {
   if (v.IsNull() || v.IsEmpty()) return {};
   return v.IsString() ? v.String() : CStr(v);
@@ -94,7 +84,8 @@ std::shared_ptr<OrvelObjectUI> frmReferenceBookPreview::TypeAdapter() const {
 void frmReferenceBookPreview::Form_Load() {
   auto& ui = Platform::Ui();
   try {
-    if (!ObjectUIO) throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objektas");
+    if (!ObjectUIO)
+      throw RuntimeError(RuntimeError::kObjectNotSet, "Sąrašui nepriskirtas objektas");
     appTitleCopy_ = AppTitle();
     SOPanel.SetCaption(ObjectUIO->OName() + " ");
     txtGroupName.SetText("");
@@ -339,7 +330,7 @@ void frmReferenceBookPreview::AddRow(Recordset& rs, const std::vector<int>& fiel
 }
 
 void frmReferenceBookPreview::cmdSelect_Click() {
-  Event([&] {
+  Handle([&] {
     auto select = Platform::Classes().NewGroupSelect();
     std::string oid = Left(ObjectUIO->OIDR(), 8);
     select->SetOType(oid);
@@ -358,7 +349,7 @@ void frmReferenceBookPreview::cmdSelect_Click() {
 }
 
 void frmReferenceBookPreview::cmdConfig_Click() {
-  Event([&] {
+  Handle([&] {
     frmPreviewConfig dialog;
     dialog.PrintDict = printDict_;
     dialog.ColumnDict = columnDict_;
@@ -380,7 +371,7 @@ void frmReferenceBookPreview::cmdConfig_Click() {
 }
 
 void frmReferenceBookPreview::cmdPrint_Click() {
-  Event([&] {
+  Handle([&] {
     if (lvwRec.ListItems().Count() == 0) return;
     lblStatus.SetCaption(kPreparing);
     ColumnConfig config = ColumnConfig::FromDictionaries(printDict_, Dictionary());
@@ -444,7 +435,7 @@ void frmReferenceBookPreview::cmdPrint_Click() {
 }
 
 void frmReferenceBookPreview::SSCClose_Click() {
-  Event([&] {
+  Handle([&] {
     // Off first, so that a second click cannot come in while events run.
     SSCClose.SetEnabled(false);
     Platform::Ui().DoEvents();

@@ -29,7 +29,6 @@ constexpr size_t kOidLength = 8;
 constexpr const char* kBranchesCall = "DO0001604_GetFirmBranches";
 constexpr const char* kBranchPicker = "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą";
 
-// Runs an event handler so that nothing it throws reaches the host.
 // The record number an OIDR of the book carries after its OID; nullopt when
 // the tail is not a plain number.
 std::optional<int32_t> RecordNumber(const std::string& oidr) {
@@ -44,7 +43,7 @@ std::optional<int32_t> RecordNumber(const std::string& oidr) {
 
 }  // namespace
 
-frmDepartments::frmDepartments() : Form("frmDepartments") {
+frmDepartments::frmDepartments() : CatalogueFrame("frmDepartments") {
   Form::SetCaption("Įmonės padaliniai");
   lblName.SetCaption("Grupės pavadinimas");
   lblGroup.SetCaption("Aukštesnė grupė");
@@ -76,19 +75,6 @@ frmDepartments::frmDepartments() : Form("frmDepartments") {
 }
 
 frmDepartments::~frmDepartments() = default;
-
-void frmDepartments::SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) {
-  object_ = std::move(object);
-}
-
-orvel::OrvelObjectUIO& frmDepartments::Uio() {
-  if (!object_) {
-    throw RuntimeError(RuntimeError::kObjectNotSet, "Langui " + Name() + " nepriskirtas objektas");
-  }
-  return *object_;
-}
-
-std::string frmDepartments::OIDR() { return Uio().OIDR(); }
 
 void frmDepartments::Form_Load() {
   Handle(msgTitle_, [&] {
@@ -283,17 +269,12 @@ void frmDepartments::SSCNew_Click() {
     object.Fields("ParentID").SetValue(parentId);
     object.Fields("GroupFlag").SetValue(groupFlag);
     InitForm();
-    if (!kept.empty()) windows->Rekey(kept, shared_from_this());
+    if (!kept.empty()) windows->Rekey(kept, Self());
   });
 }
 
 void frmDepartments::SSCClose_Click() {
-  Handle(msgTitle_, [&] {
-    // Off first, so that a second click cannot come in while events run.
-    SSCClose.SetEnabled(false);
-    Platform::Ui().DoEvents();
-    Services().WindowManager()->CloseWindow(shared_from_this());
-  });
+  Handle(msgTitle_, [&] { CloseFrame(); });
 }
 
 void frmDepartments::SSCClose_MouseUp(int button, int) {
@@ -305,7 +286,7 @@ void frmDepartments::SSCClose_MouseUp(int button, int) {
 
 void frmDepartments::QueryRemove(bool& cancel) {
   Handle(msgTitle_, [&] {
-    if (cmdWrite.Enabled()) cancel = !AskCloseWithoutSaving(SOPanel.Caption());
+    if (cmdWrite.Enabled()) cancel = KeepUnsavedEdits(true, AppTitle());
     SSCClose.SetEnabled(!cancel);
   });
 }

@@ -3,7 +3,7 @@
 #include <memory>
 #include <string>
 
-#include "orvel/OrvelWindow.h"
+#include "common/CatalogueWindow.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/Label.h"
@@ -28,9 +28,7 @@ class Recordset;
 //
 // Closing, the right-click delete and the question before unsaved edits are
 // given up follow the catalogue windows.
-class frmDepartments : public Form,
-                       public OrvelWindow,
-                       public std::enable_shared_from_this<frmDepartments> {
+class frmDepartments : public CatalogueFrame {
  public:
   static constexpr const char* kBook = "O0001604";
   static constexpr const char* kRightKey = "CReference";
@@ -39,13 +37,9 @@ class frmDepartments : public Form,
   ~frmDepartments() override;
 
   // OrvelWindow
-  std::shared_ptr<orvel::OrvelObjectUIO> OrvelObjectUIO() const override { return object_; }
-  void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override;
-  void Show() override { Form::Show(); }
   // Asks "<heading>\n\nUždaryti be išsaugojimo?" while cmdWrite is on; the
   // close button is then enabled exactly when the window may go.
   void QueryRemove(bool& cancel) override;
-  void Unload() override { Form::Unload(); }
 
   // Reads the record into the boxes: branches, group, name, caption, buttons.
   void InitForm();
@@ -76,7 +70,6 @@ class frmDepartments : public Form,
   const std::string& MsgTitle() const { return msgTitle_; }
 
   // Controls.
-  Panel SOPanel{"SOPanel"};
   Label lblName{"lblName"};
   TextBox txtName{"txtName"};
   Label lblGroup{"lblGroup"};
@@ -89,8 +82,6 @@ class frmDepartments : public Form,
   Button cmdCleanFirmBranch{"cmdCleanFirmBranch"};
   Button cmdWrite{"cmdWrite"};
   Button cmdCancel{"cmdCancel"};
-  Button SSCNew{"SSCNew"};
-  Button SSCClose{"SSCClose"};
 
  protected:
   void Form_Load() override;
@@ -102,10 +93,6 @@ class frmDepartments : public Form,
   void SetCaption();
   void SetButtons();
   void MarkChanged();
-  orvel::OrvelObjectUIO& Uio();
-  std::string OIDR();
-
-  std::shared_ptr<orvel::OrvelObjectUIO> object_;
   std::shared_ptr<Recordset> rsBranches_;
   std::string msgTitle_;
   bool changed_ = false;

@@ -23,7 +23,6 @@ namespace {
 // An OIDR with the record's ID has at least nine characters.
 constexpr size_t kOidLength = 8;
 
-// Runs an event handler so that nothing it throws reaches the host.
 std::string BookOf(const std::string& oidr) { return oidr.substr(0, kOidLength); }
 
 // The right key a new record of a book with creator locks registers, "" for

@@ -17,7 +17,6 @@ constexpr const char* kCaption = "Šablonas";
 constexpr const char* kDocumentGroups = "O1000200";
 constexpr const char* kTemplates = "O0201600";
 
-// Runs an event handler so that nothing it throws reaches the host.
 std::string FieldText(Recordset& rs, std::string_view name) {
   return ConcatText(rs.Fields(name).Value());
 }

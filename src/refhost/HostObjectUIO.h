@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "orvel/ErrorNumbers.h"
 #include "orvel/OrvelObjectUIO.h"
 
 namespace orvel {
@@ -25,7 +26,7 @@ class HostObjectUI;
 class HostObjectUIO : public OrvelObjectUIO, public std::enable_shared_from_this<HostObjectUIO> {
  public:
   static constexpr int32_t kNoBusinessObject = 91;
-  static constexpr int32_t kRecordNotFound = 3021;
+  static constexpr int32_t kRecordNotFound = kNoCurrentRecord;
 
   explicit HostObjectUIO(std::shared_ptr<HostObjectUI> ui) : ui_(std::move(ui)) {}
 

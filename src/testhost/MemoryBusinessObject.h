@@ -8,6 +8,7 @@
 #include <string>
 #include <vector>
 
+#include "orvel/ErrorNumbers.h"
 #include "orvel/OrvelObjectBO.h"
 #include "testhost/MemoryTable.h"
 
@@ -45,7 +46,7 @@ class MemoryBusinessObject : public OrvelObjectBO {
   using ActionHandler = std::function<OrvelStatus(const std::string& param, Variant::Array& args)>;
 
   // Record not found, as the business layer reports it.
-  static constexpr int32_t kRecordNotFound = 3021;
+  static constexpr int32_t kRecordNotFound = kNoCurrentRecord;
   // Parameters the standard calls cannot read, or a call through the wrong road.
   static constexpr int32_t kBadCall = 5;
 
@@ -55,7 +56,7 @@ class MemoryBusinessObject : public OrvelObjectBO {
   MemoryBusinessObject(std::shared_ptr<MemoryTable> shared, std::shared_ptr<CallLog> log);
 
   // Number of a write or delete of a record changed since this session read it.
-  static constexpr int32_t kChangedMeanwhile = 60000;
+  static constexpr int32_t kChangedMeanwhile = orvel::kChangedMeanwhile;
 
   const std::string& OID() const { return table_->OID(); }
   MemoryTable& Table() { return *table_; }

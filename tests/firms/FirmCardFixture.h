@@ -9,20 +9,17 @@
 
 #include "firms/frmFirms.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/OrvelObjectUI.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/ModuleTest.h"
-#include "testhost/FakeOrvelGrid.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestWindowManager.h"
+#include "support/CardTest.h"
 
 namespace orvel {
 
-class FirmCardTest : public ModuleTest {
+class FirmCardTest : public CardTest<frmFirms> {
  protected:
+  FirmCardTest() : CardTest("O0000100") {}
+
   void SetUp() override {
-    ModuleTest::SetUp();
-    host_.Session()->SetAppTitle("Apskaita");
+    CardTest::SetUp();
     auto& table = BO("O0000100").Table();
     table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
                      "PreviewPath", "FirmTypeId", "RegionID", "CreatedByUser", "CreationDate",
@@ -41,26 +38,8 @@ class FirmCardTest : public ModuleTest {
           {"GroupFlag", Variant(1)},
           {"ParentID", Variant(1)},
           {"OwnCode", Variant("001002")}}});
-    firms_ = Adapter("O0000100");
+    MakeAdapter();
   }
-
-  // Opens a window by the type's menu (key "0" a record, "1" a new firm
-  // under a group) and clears the journal.
-  std::shared_ptr<frmFirms> Open(const std::string& oidr, const char* key = "0") {
-    auto window = firms_->ClickMenu(oidr, "", key, "").Value.ObjectAs<frmFirms>();
-    EXPECT_NE(window, nullptr);
-    if (window) host_.WindowManager()->ShowWindow(window);
-    Clear();
-    return window;
-  }
-
-  void Clear() {
-    host_.Log().Clear();
-    host_.Ui()->ClearBoxes();
-    BO("O0000100").ClearCalls();
-  }
-
-  FakeOrvelGrid& Grid(frmFirms& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
 
   // The business layer's answer to "GetFirmIsUsedInDocuments": one record
   // whose first field is the count.
@@ -76,18 +55,6 @@ class FirmCardTest : public ModuleTest {
     rs->AddRow({Variant(1)});
     BO("O0000100").ReplyRead("CheckCode", rs);
   }
-
-  Variant Stored(int32_t id, const char* field) { return BO("O0000100").Table().Value(id, field); }
-
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> lines;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return lines;
-  }
-
-  std::shared_ptr<OrvelObjectUI> firms_;
 };
 
 }  // namespace orvel

@@ -316,7 +316,7 @@ TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
 
 TEST_F(FirmCardTest, CancelOfANewFirmAtTheTopLeavesNoGroup) {
   auto w = Open("O00001003");
-  w->NewFromCurrent(false);
+  w->SSCNew_Click();
   w->OrvelObjectUIO()->Fields("ParentID").SetValue(Variant(4));
   w->cmdCancel_Click();
   EXPECT_TRUE(w->OrvelObjectUIO()->Fields("ParentID").Value().IsNull());

@@ -175,7 +175,7 @@ TEST_P(FirmDebtShortTest, NoFiguresShowZeroAndNoMessage) {
                    std::make_shared<MemoryRecordset>(std::vector<std::string>{"Sum240"}));
   }
   auto w = Open("O00001002");
-  w->RefreshDebt();
+  w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
@@ -187,11 +187,11 @@ INSTANTIATE_TEST_SUITE_P(Cases, FirmDebtShortTest,
 
 TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
   auto w = OpenWithDebt({{"Sum240", Variant(100)}, {"Limit", Variant(50)}, {"LimitTerm", 5.0}});
-  w->RefreshDebt();
+  w->lblDebt.Click();
   ASSERT_EQ(w->Limit, 50);
   BO("O0000100")
       .ReplyRead("GetFirmDebt", Record({{"Sum240", Variant(60)}, {"Limit", Variant::Null()}}));
-  w->RefreshDebt();
+  w->lblDebt.Click();
   EXPECT_EQ(w->Limit, 50);
   EXPECT_EQ(w->LimitTerm, 5);
   EXPECT_EQ(w->Debt, 60);
@@ -202,10 +202,10 @@ TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
 
 TEST_F(FirmDebtTest, OnceRedTheLineStaysRed) {
   auto w = OpenWithDebt({{"Sum240", Variant(100)}, {"Limit", Variant(10)}});
-  w->RefreshDebt();
+  w->lblDebt.Click();
   ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
   BO("O0000100").ReplyRead("GetFirmDebt", Record({{"Sum240", Variant(5)}, {"Limit", Variant(10)}}));
-  w->RefreshDebt();
+  w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
   EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
 }
@@ -240,7 +240,7 @@ TEST_P(FirmDebtOwnFirmTest, AnUnreadableOwnFirmIsNotThisOne) {
     host_.Session()->SetOwnFirm(std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"}));
   }
   auto w = OpenWithDebt({{"Sum240", Variant(3)}, {"Limit", kNone}});
-  w->RefreshDebt();
+  w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
 }

@@ -422,12 +422,12 @@ TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   Period("GetNewPeriod", year);
   auto w = Open(kFirm);
   w->CurrentTab = w->TrafficTab;
-  w->mnuPreview_Click();
+  w->mnuPreview.Click();
   EXPECT_THAT(Calls("GetTraffic"), IsEmpty());
 
   Period("GetNewPeriod",
          {DayOf(2026, 7, 1), DayOf(2026, 12, 31), Variant(0), Variant(true), Variant(0)});
-  w->mnuPreview_Click();
+  w->mnuPreview.Click();
   EXPECT_THAT(Calls("GetTraffic"), ElementsAre("'O00001002','2026-07-01','2026-12-31'"));
 }
 
@@ -440,7 +440,7 @@ TEST_F(FirmDetailListsTest, ContractsRefreshFromTheirMenuAndTotalWithoutSign) {
            {Variant("O10010002"), Variant("O1001000"), Variant("S-2"), Variant::Null(),
             Variant::Null(), Variant(50.255), Variant::Null(), Variant::Null()}}));
   auto w = Open(kFirm);
-  w->mnuContractRefresh_Click();
+  w->mnuContractRefresh.Click();
   EXPECT_THAT(Calls("GetContractsList"), ElementsAre(kFirm));
   EXPECT_THAT(RowsOf(Tab(*w, "FirmContracts")),
               ElementsAre("O10010001|S-1|;;-200,00;;|O10010001|O1001000",
@@ -452,7 +452,7 @@ TEST_F(FirmDetailListsTest, ContractsRefreshFromTheirMenuAndTotalWithoutSign) {
 TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
   auto w = Open(kFirm);
   w->CurrentTab = w->GoodsTab;
-  w->mnuPreview_Click();
+  w->mnuPreview.Click();
   EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
   EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
   auto search = host_.HostClasses()->LastObjectSelect();
@@ -687,7 +687,7 @@ TEST_F(AccountDialogTest, ANewAccountBelongsToTheFirmAndReloadsTheList) {
     dynamic_cast<FakeOrvelGrid&>(*dialog.OrvelGrid).EditField("Name", Variant("LT02"));
     dialog.cmdEnter.Click();
   });
-  w->mnuAccountsNew_Click();
+  w->mnuAccountsNew.Click();
   EXPECT_EQ(caption, "UAB Šilas: Nauja atsiskaitomoji sąskaita");
   EXPECT_EQ(BO("O0000500").Table().Value(2, "FOIDR"), Variant(kFirm));
   EXPECT_EQ(BO("O0000500").Table().Value(2, "Name"), Variant("LT02"));

@@ -182,7 +182,7 @@ TEST_F(FrmFirmInfoTest, AFailedWriteStillClosesAsSaved) {
 }
 
 TEST_F(FrmFirmInfoTest, TheMethodHandsBackTheIdTheDialogEndedWith) {
-  auto firm = firms_->GetOrvelObject(kFirm);
+  auto firm = adapter_->GetOrvelObject(kFirm);
   ASSERT_NE(firm, nullptr);
   Variant::Array params{Variant(17)};  // no such note
   host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmFirmInfo&>(form).cmdCancel.Click(); });
@@ -191,7 +191,7 @@ TEST_F(FrmFirmInfoTest, TheMethodHandsBackTheIdTheDialogEndedWith) {
   EXPECT_EQ(params[0], Variant(0));
 
   // A firm not saved yet shows no dialog.
-  auto fresh = firms_->GetOrvelObject("");
+  auto fresh = adapter_->GetOrvelObject("");
   ASSERT_NE(fresh, nullptr);
   Variant::Array none{Variant(0)};
   EXPECT_TRUE(fresh->Methods("ShowFirmInfo", none).Value.IsEmpty());

@@ -4,13 +4,13 @@
 
 #include <tuple>
 
+#include "FirmCardFixture.h"
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
-#include "support/ModuleTest.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
@@ -29,49 +29,16 @@ class RecordingFirms : public frmFirms {
   std::vector<std::string> opened;
 };
 
-// Group 1 (code path "001") holds firm 2 and subgroup 4 ("001002"); firm 3
-// stands at the top.
-class FrmFirmsTest : public ModuleTest {
+// The firm card's catalogue (see FirmCardTest).
+class FrmFirmsTest : public FirmCardTest {
  protected:
-  void SetUp() override {
-    ModuleTest::SetUp();
-    host_.Session()->SetAppTitle("Apskaita");
-    auto& table = BO("O0000100").Table();
-    table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
-                     "PreviewPath", "FirmTypeId", "RegionID", "CreatedByUser", "CreationDate",
-                     "UpdatedByUser", "UpdateDate"});
-    table.SetDefault("GroupFlag", Variant(0));
-    table.SetDefault("ParentID", Variant::Null());
-    table.Seed(
-        {{{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}, {"OwnCode", Variant("001")}},
-         {{"Name", Variant("UAB Šilas")}, {"ParentID", Variant(1)}},
-         {{"Name", Variant("AB Vėjas")}},
-         {{"Name", Variant("Vietiniai")},
-          {"GroupFlag", Variant(1)},
-          {"ParentID", Variant(1)},
-          {"OwnCode", Variant("001002")}}});
-    firms_ = Adapter("O0000100");
-  }
-
-  std::shared_ptr<frmFirms> Open(const std::string& oidr, const char* key = "0") {
-    auto result = firms_->ClickMenu(oidr, "", key, "");
-    auto window = result.Value.ObjectAs<frmFirms>();
-    EXPECT_NE(window, nullptr);
-    if (window) host_.WindowManager()->ShowWindow(window);
-    host_.Log().Clear();
-    host_.Ui()->ClearBoxes();
-    return window;
-  }
-
   template <class W = RecordingFirms>
   std::shared_ptr<W> OpenOwn(const std::string& oidr) {
     auto window = std::make_shared<W>();
-    window->SetOrvelObjectUIO(firms_->GetOrvelObject(oidr));
+    window->SetOrvelObjectUIO(adapter_->GetOrvelObject(oidr));
     window->Load();
     return window;
   }
-
-  FakeOrvelGrid& Grid(frmFirms& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
 
   std::vector<std::string> TabKeys(frmFirms& window) {
     std::vector<std::string> keys;
@@ -86,8 +53,6 @@ class FrmFirmsTest : public ModuleTest {
     row.SetTag(std::move(tag));
     list.SetSelectedItem(&row);
   }
-
-  std::shared_ptr<OrvelObjectUI> firms_;
 };
 
 // ---- tabs ----
@@ -177,7 +142,7 @@ TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
 TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
   auto w = Open("O00001002");
   ASSERT_TRUE(w->HasListHandle(11) || w->HasListHandle(10));
-  w->NewFromCurrent(false);  // clears the grid's tabs; the new firm lists ten
+  w->SSCNew_Click();  // clears the grid's tabs; the new firm lists ten
   EXPECT_ANY_THROW(w->List(11));
   EXPECT_NO_THROW(w->List(10));
 }
@@ -461,7 +426,7 @@ TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   ListView& list = Grid(*w).TabList("Firms");
   ASSERT_NE(list.ListItems().Find("O00001003"), nullptr);
   EXPECT_EQ(list.ListItems().Item("O00001003").Text(), "AB Vėjas");
-  EXPECT_EQ(firms_->GetOrvelObject("O00001003")->Fields("ParentID").Value(), Variant(1));
+  EXPECT_EQ(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value(), Variant(1));
 }
 
 TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
@@ -469,14 +434,14 @@ TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
   Select(*w, "Firms", "O00001003");
   host_.Log().Clear();
   Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
-  EXPECT_TRUE(firms_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
+  EXPECT_TRUE(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
 }
 
 TEST_F(FrmFirmsTest, AGroupCannotMoveUnderItsOwnDescendant) {
   auto w = Open("O00001004");
   Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001001"));
   EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
-  EXPECT_TRUE(firms_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
+  EXPECT_TRUE(adapter_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
 }
 
 // ---- new from current ----

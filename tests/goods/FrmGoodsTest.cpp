@@ -16,7 +16,7 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
-#include "support/ModuleTest.h"
+#include "support/CardTest.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
@@ -65,12 +65,13 @@ class HistoryDialogs : public GoodsDialogs {
 // Group 1 (code path "001", VAT 21) holds good 2 (with rests) and subgroup 3
 // ("001002"), which holds good 5; good 4 (serial numbers, no rests) stands at
 // the top.
-class FrmGoodsTest : public ModuleTest {
+class FrmGoodsTest : public CardTest<frmGoods> {
  protected:
+  FrmGoodsTest() : CardTest("O0000200") {}
+
   void SetUp() override {
-    ModuleTest::SetUp();
+    CardTest::SetUp();
     ResetVatFactor();
-    host_.Session()->SetAppTitle("Apskaita");
     auto& table = BO("O0000200").Table();
     table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest",
                      "WithItems", "OwnCode", "PreviewPath", "VAT", "PriceWithVAT",
@@ -99,7 +100,7 @@ class FrmGoodsTest : public ModuleTest {
     settings->AddRow({Variant(false), Variant(true)});
     settings->MoveFirst();
     host_.Session()->SetSettingObject("O00018021", settings);
-    goods_ = Adapter("O0000200");
+    MakeAdapter();
   }
 
   void TearDown() override {
@@ -108,26 +109,13 @@ class FrmGoodsTest : public ModuleTest {
     ModuleTest::TearDown();
   }
 
-  // The window the menu builds, shown by the host.
-  std::shared_ptr<frmGoods> Open(const std::string& oidr, const char* key = "0",
-                                 const char* otype = "") {
-    auto window = goods_->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmGoods>();
-    EXPECT_NE(window, nullptr);
-    if (window) host_.WindowManager()->ShowWindow(window);
-    host_.Log().Clear();
-    host_.Ui()->ClearBoxes();
-    return window;
-  }
-
   std::shared_ptr<RecordingGoods> OpenOwn(const std::string& oidr) {
     auto window = std::make_shared<RecordingGoods>();
-    window->SetOrvelObjectUIO(goods_->GetOrvelObject(oidr));
+    window->SetOrvelObjectUIO(adapter_->GetOrvelObject(oidr));
     host_.WindowManager()->ShowWindow(window);
     host_.Log().Clear();
     return window;
   }
-
-  FakeOrvelGrid& Grid(frmGoods& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
 
   std::vector<std::string> TabKeys(frmGoods& window) {
     std::vector<std::string> keys;
@@ -159,8 +147,6 @@ class FrmGoodsTest : public ModuleTest {
   }
 
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
-
-  std::shared_ptr<OrvelObjectUI> goods_;
 };
 
 // ---- tabs ----
@@ -218,14 +204,14 @@ TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
   const std::vector<std::string> goodLists{"Traffic", "LoadRests",     "LoadMeasures", "LoadPrices",
                                            "Serials", "LoadTemplates", "LoadDiscounts"};
   auto good = std::make_shared<RecordingGoods>();
-  good->SetOrvelObjectUIO(goods_->GetOrvelObject("O00002002"));
+  good->SetOrvelObjectUIO(adapter_->GetOrvelObject("O00002002"));
   EXPECT_EQ(good->ran, goodLists);
   EXPECT_EQ(good->SOPanel.Caption(), "Prekės kortelė");
   good->ran.clear();
   host_.WindowManager()->ShowWindow(good);
   EXPECT_EQ(good->ran, goodLists);
   auto group = std::make_shared<RecordingGoods>();
-  group->SetOrvelObjectUIO(goods_->GetOrvelObject("O00002001"));
+  group->SetOrvelObjectUIO(adapter_->GetOrvelObject("O00002001"));
   EXPECT_EQ(group->ran,
             (std::vector<std::string>{"LoadGroupGoods", "LoadTemplates", "LoadDiscounts"}));
 }
@@ -330,7 +316,7 @@ TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
   auto w = Open(c.oidr);
   ASSERT_TRUE(w);
   if (*c.rowKey) AddRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
-  Grid(*w).ClickList(TabIndex(*w, c.tab), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
   EXPECT_EQ(LastPopup().menu, "mnuPopUp");
   EXPECT_EQ(LastPopup().shown, Words(c.shown));
@@ -362,7 +348,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
   auto fresh = Open("O00002001", "1", "CGroup");
-  Grid(*fresh).ClickList(0, frmGoods::kRightButton);
+  Grid(*fresh).ClickList(0, vbRightButton);
   auto stored = Open("O00002002");
   Grid(*stored).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
@@ -385,7 +371,7 @@ TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
   if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
   auto w = Open("O00002002");
   if (c.selected) AddRow(*w, c.tab, "O00004002", c.tag);
-  Grid(*w).ClickList(TabIndex(*w, c.tab), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
   EXPECT_EQ(LastPopup().menu, "mnuMain");
   EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
@@ -412,7 +398,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
   auto w = Open("O00002002");
-  Grid(*w).ClickList(TabIndex(*w, "Discounts"), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
 }
 
@@ -421,12 +407,12 @@ TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   w->ran.clear();
   AddRow(*w, "Measures", "O00004002");
   host_.Ui()->QueuePopupPick("mnuNew");
-  Grid(*w).ClickList(TabIndex(*w, "Measures"), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, "Measures"), vbRightButton);
   AddRow(*w, "Discounts", "O10006001", Variant("O10006001"));
   host_.Ui()->QueuePopupPick("mnuEdit");
-  Grid(*w).ClickList(TabIndex(*w, "Discounts"), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
   // A menu closed without a pick opens nothing.
-  Grid(*w).ClickList(TabIndex(*w, "PRICES"), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, "PRICES"), vbRightButton);
   EXPECT_EQ(w->ran, (std::vector<std::string>{"EditRow 100", "EditDiscount 101"}));
   EXPECT_EQ(w->MenuAction, "");
 }
@@ -474,7 +460,7 @@ TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto w = Open("O00002002");
   AddRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
   host_.Ui()->QueuePopupPick("mnuHistory");
-  Grid(*w).ClickList(TabIndex(*w, "Traffic"), frmGoods::kRightButton);
+  Grid(*w).ClickList(TabIndex(*w, "Traffic"), vbRightButton);
   EXPECT_TRUE(dialogs->shown.empty());
   EXPECT_TRUE(w->timerModal.Enabled());
   w->timerModal.Tick();
@@ -577,9 +563,9 @@ TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");
   host_.Ui()->QueueAnswer(vbCancel);
   w->SSCClose.MouseUp(1);
-  w->SSCClose.MouseUp(frmGoods::kRightButton);
+  w->SSCClose.MouseUp(vbRightButton);
   EXPECT_TRUE(BO("O0000200").Table().Contains(4));
-  w->SSCClose.MouseUp(frmGoods::kRightButton);
+  w->SSCClose.MouseUp(vbRightButton);
   EXPECT_FALSE(BO("O0000200").Table().Contains(4));
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
   ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
@@ -614,8 +600,8 @@ TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
   auto rate = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
   rate->AddRow({Variant(21)});
   BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));
-  auto good = goods_->GetOrvelObject("O00002002");
-  auto other = goods_->GetOrvelObject("O00002004");
+  auto good = adapter_->GetOrvelObject("O00002002");
+  auto other = adapter_->GetOrvelObject("O00002004");
   host_.Log().Clear();
   EXPECT_EQ(EnsureVatFactor(*good), 0);  // a failure leaves it unknown
   BO("O0000200").ReplyRead("GetVatFactor", rate);

@@ -12,22 +12,19 @@
 #include "goods/GoodsSettings.h"
 #include "goods/frmGoods.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/OrvelObjectUI.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/ModuleTest.h"
-#include "testhost/FakeOrvelGrid.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestWindowManager.h"
+#include "support/CardTest.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
 
-class GoodsCardTest : public ModuleTest {
+class GoodsCardTest : public CardTest<frmGoods> {
  protected:
+  GoodsCardTest() : CardTest("O0000200") {}
+
   void SetUp() override {
-    ModuleTest::SetUp();
+    CardTest::SetUp();
     ResetVatFactor();
-    host_.Session()->SetAppTitle("Apskaita");
     auto& table = BO("O0000200").Table();
     table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest",
                      "WithItems", "OwnCode", "PreviewPath", "VAT", "PriceWithVAT", "Price",
@@ -68,39 +65,13 @@ class GoodsCardTest : public ModuleTest {
     auto vat = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
     vat->AddRow({Variant(21)});
     BO("O0000200").ReplyRead("GetVatFactor", vat);
-    goods_ = Adapter("O0000200");
+    MakeAdapter();
   }
 
   void TearDown() override {
     InstallGoodsDialogs(nullptr);
     ResetVatFactor();
     ModuleTest::TearDown();
-  }
-
-  // The window the menu builds, shown by the host; the journal cleared.
-  std::shared_ptr<frmGoods> Open(const std::string& oidr, const char* key = "0") {
-    auto window = goods_->ClickMenu(oidr, "", key, "").Value.ObjectAs<frmGoods>();
-    EXPECT_NE(window, nullptr);
-    if (window) host_.WindowManager()->ShowWindow(window);
-    Clear();
-    return window;
-  }
-
-  void Clear() {
-    host_.Log().Clear();
-    host_.Ui()->ClearBoxes();
-    BO("O0000200").ClearCalls();
-  }
-
-  FakeOrvelGrid& Grid(frmGoods& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
-
-  // "<flags> <title> <prompt>" of each box shown.
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> lines;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return lines;
   }
 
   // The user typing into a box: each key through the box's key filter, a
@@ -118,10 +89,6 @@ class GoodsCardTest : public ModuleTest {
       box.Edit(text);
     }
   }
-
-  Variant Stored(int32_t id, const char* field) { return BO("O0000200").Table().Value(id, field); }
-
-  std::shared_ptr<OrvelObjectUI> goods_;
 };
 
 }  // namespace orvel

@@ -68,14 +68,6 @@ INSTANTIATE_TEST_SUITE_P(Cases, GoodsVatLineTest,
                                      Variant(), Variant(), ""}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(GoodsCardTest, TheGeneralRateIsReadOnceForAllWindows) {
-  auto first = Open("O00002002");
-  auto second = Open("O00002003");
-  first->ShowPriceLine();
-  EXPECT_TRUE(BO("O0000200").Calls("GetVatFactor").empty());
-  EXPECT_EQ(VatFactor(), 21);
-}
-
 // ---- the save ----
 
 struct MeasureCase {

@@ -50,7 +50,7 @@ class GroupChangeTest : public GoodsCardTest {
       user(*dialog);
       loadedAfterUser = dialog->Loaded();
     });
-    goods_->ClickMenu("O00002001", "", kind == Kind::Price ? "9" : "10", "");
+    adapter_->ClickMenu("O00002001", "", kind == Kind::Price ? "9" : "10", "");
   }
 
   static TextBox& Box(GroupChangeDialog& dialog) {
@@ -201,7 +201,7 @@ class GoodPreviewTest : public GoodsCardTest {
       if (oid == "O0001605") return std::make_shared<UI0000800>();
       return std::dynamic_pointer_cast<OrvelObjectUI>(ClassFactory::Create("UI" + oid.substr(1)));
     });
-    goods_ = Adapter("O0000200");
+    MakeAdapter();
     auto& warehouses = BO("O0001605").Table();
     warehouses.SetFields({"ID", "Name", "Preview"});
     warehouses.Seed({{{"Name", Variant("Centrinis")}, {"Preview", Variant("Centrinis")}},
@@ -315,7 +315,7 @@ TEST_F(GoodPreviewTest, CancelConfirmsNothingAndTheListStays) {
   EXPECT_EQ(after, "1,0,1,'',0,1,0");
   // From the tree menu a cancelled dialog replaces no list.
   host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmGoodPreview&>(form).cmdCancel.Click(); });
-  EXPECT_EQ(goods_->ClickMenu("O00002001", "", "6", "").Action, 0);
+  EXPECT_EQ(adapter_->ClickMenu("O00002001", "", "6", "").Action, 0);
 }
 
 struct LocationCase {

@@ -1,0 +1,64 @@
+#pragma once
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "orvel/OrvelObjectUI.h"
+#include "support/ModuleTest.h"
+#include "testhost/FakeOrvelGrid.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+
+// A catalogue card of type `oid` on the in-memory host, opened the way a user
+// opens it: through its type's menu. Boxes are titled "Apskaita".
+template <class Window>
+class CardTest : public ModuleTest {
+ protected:
+  explicit CardTest(std::string oid) : oid_(std::move(oid)) {}
+
+  void SetUp() override {
+    ModuleTest::SetUp();
+    host_.Session()->SetAppTitle("Apskaita");
+  }
+
+  // Opens a window by the type's menu (key "0" a record, "1" a new one under
+  // a group), shows it and clears the journal.
+  std::shared_ptr<Window> Open(const std::string& oidr, const char* key = "0",
+                               const char* otype = "") {
+    auto window = adapter_->ClickMenu(oidr, otype, key, "").Value.template ObjectAs<Window>();
+    EXPECT_NE(window, nullptr);
+    if (window) host_.WindowManager()->ShowWindow(window);
+    Clear();
+    return window;
+  }
+
+  void Clear() {
+    host_.Log().Clear();
+    host_.Ui()->ClearBoxes();
+    BO(oid_).ClearCalls();
+  }
+
+  FakeOrvelGrid& Grid(Window& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
+
+  // "<flags> <title> <prompt>" of each box shown.
+  std::vector<std::string> Boxes() {
+    std::vector<std::string> lines;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
+    }
+    return lines;
+  }
+
+  Variant Stored(int32_t id, const char* field) { return BO(oid_).Table().Value(id, field); }
+
+  // The type's adapter; made by the fixture once its table is seeded.
+  void MakeAdapter() { adapter_ = Adapter(oid_); }
+
+  std::string oid_;
+  std::shared_ptr<OrvelObjectUI> adapter_;
+};
+
+}  // namespace orvel
