@@ -37,7 +37,9 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, KeyFilterDecimalTest,
                          ::testing::Values(KeyCase{'0', "", '0'}, KeyCase{8, "1,5", 8},
                                            KeyCase{'.', "15", ','}, KeyCase{',', "15", ','},
                                            KeyCase{'.', "1,5", 0}, KeyCase{'-', "", 0},
-                                           KeyCase{'a', "", 0}, KeyCase{13, "1", 0}));
+                                           KeyCase{'a', "", 0}, KeyCase{13, "1", 0},
+                                           KeyCase{'9', "1,5", '9'}, KeyCase{',', "1,5", 0},
+                                           KeyCase{' ', "1", 0}));
 
 struct FormatCase {
   const char* text;

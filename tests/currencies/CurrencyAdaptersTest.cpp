@@ -215,22 +215,27 @@ TEST_P(CurrencyMethodFaultTest, ArgumentFaultsAreSilent777) {
 const Date kDay = DateSerial(2010, 12, 30);
 INSTANTIATE_TEST_SUITE_P(
     Faults, CurrencyMethodFaultTest,
-    ::testing::Values(FaultCase{"CurrencyRates",
-                                {Variant("EUR"), Variant(kDay), Variant(1)},
-                                "Wrong parameters count for CurrencyRates!"},
-                      FaultCase{"CurrencyRates",
-                                {Variant("EUR"), Variant("2010.12.30")},
-                                "Second parameter for CurrencyRates not date!"},
-                      FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
-                      FaultCase{"SaveDayRate",
-                                {Variant("EUR"), Variant(kDay.serial), Variant(1)},
-                                "Second parameter for SaveDayRate not date!"},
-                      FaultCase{"SaveDayRate",
-                                {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
-                                "Third parameter for SaveDayRate not numeric!"},
-                      FaultCase{"SaveDayRate",
-                                {Variant("EUR"), Variant(kDay), Variant::Null()},
-                                "Third parameter for SaveDayRate not numeric!"}));
+    ::testing::Values(
+        FaultCase{"CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
+                  "Second parameter for SaveDayRate not date!"},
+        FaultCase{"CurrencyRates",
+                  {Variant("EUR"), Variant(kDay), Variant(1)},
+                  "Wrong parameters count for CurrencyRates!"},
+        FaultCase{"CurrencyRates",
+                  {Variant("EUR"), Variant("2010.12.30")},
+                  "Second parameter for CurrencyRates not date!"},
+        FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay.serial), Variant(1)},
+                  "Second parameter for SaveDayRate not date!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
+                  "Third parameter for SaveDayRate not numeric!"},
+        FaultCase{"SaveDayRate",
+                  {Variant("EUR"), Variant(kDay), Variant::Null()},
+                  "Third parameter for SaveDayRate not numeric!"}));
 
 struct SaveCase {
   Locale locale;
@@ -279,6 +284,7 @@ TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
   EXPECT_TRUE(result.Text.empty());
   EXPECT_TRUE(result.Value.IsEmpty());
   EXPECT_TRUE(host_.Log().Lines().empty());
+  EXPECT_NE(std::dynamic_pointer_cast<UIO0002200>(euro), nullptr);
 }
 
 TEST_F(CurrencyAdaptersTest, SumByWordsUsesTheCurrencyRecordAndShowsFailures) {

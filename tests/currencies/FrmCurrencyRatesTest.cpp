@@ -420,8 +420,9 @@ TEST_P(RateSourceChoiceTest, TheUsersSettingAndTheDayPickTheService) {
               std::string::npos);
   }
   // The publication rates differ from the accounting ones.
-  if (std::string(c.tp) == "EU" && c.day.serial == kEuroDay.serial)
+  if (std::string(c.tp) == "EU" && c.day.serial == kEuroDay.serial) {
     EXPECT_EQ(Line("USD").substr(0, 21), "JAV doleris|1,08251|U");
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(

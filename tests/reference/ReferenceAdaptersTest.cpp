@@ -44,6 +44,10 @@ TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
 INSTANTIATE_TEST_SUITE_P(
     Table, ReferenceMenuTest,
     ::testing::Values(MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
+                      MenuCase{"O0001600", "", "", ""},
+                      MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
+                      MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
+                      MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
                       MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
                       MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
                       MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
@@ -73,13 +77,13 @@ TEST_P(ReferenceClassTest, EveryBookOfTheFamilyIsServedByThePair) {
   EXPECT_EQ(made, c.made);
 }
 
-INSTANTIATE_TEST_SUITE_P(Names, ReferenceClassTest,
-                         ::testing::Values(ClassCase{"UI0001605", "UI"},
-                                           ClassCase{"UIO0001615", "UIO"},
-                                           ClassCase{"UI0001699", "UI"}, ClassCase{"UI0001700", ""},
-                                           ClassCase{"UI000160", ""}, ClassCase{"UI00016055", ""},
-                                           ClassCase{"UI00016x5", ""}, ClassCase{"UIO000160-", ""},
-                                           ClassCase{"", ""}));
+INSTANTIATE_TEST_SUITE_P(
+    Names, ReferenceClassTest,
+    ::testing::Values(ClassCase{"UI0001600", "UI"}, ClassCase{"UIO0001600", "UIO"},
+                      ClassCase{"UI0001605", "UI"}, ClassCase{"UIO0001615", "UIO"},
+                      ClassCase{"UI0001699", "UI"}, ClassCase{"UI0001700", ""},
+                      ClassCase{"UI000160", ""}, ClassCase{"UI00016055", ""},
+                      ClassCase{"UI00016x5", ""}, ClassCase{"UIO000160-", ""}, ClassCase{"", ""}));
 
 struct ListCase {
   const char* adapter;
@@ -198,6 +202,7 @@ INSTANTIATE_TEST_SUITE_P(
                       GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
                       GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
                       GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
+                      GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
                       GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
                       GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}));
 
@@ -305,7 +310,9 @@ INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
                          ::testing::Values(PropertyCase{"ExtPropertiesByOID", "'O00001005'",
                                                         "GetExtPropertiesByOID 'O00001005'"},
                                            // No OIDR stands in for an empty parameter.
-                                           PropertyCase{"Structure", "", "GetStructure "}));
+                                           PropertyCase{"Structure", "", "GetStructure "},
+                                           PropertyCase{"FirmBranches", "'O00001005',2",
+                                                        "GetFirmBranches 'O00001005',2"}));
 
 TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
