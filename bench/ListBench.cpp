@@ -1,8 +1,9 @@
 // The list window filling its table from 100,000 records grouped three
 // levels deep, against a hand-written loop that reads the same fields of the
-// same record sets into strings. The program prints the ratio (window /
-// baseline, by CPU time) after Google Benchmark's own table; the target is 3
-// or less.
+// same record sets into strings. Each side builds its table and drops it
+// inside the timed loop, so both pay for their teardown. The program prints
+// the ratio (window / baseline, by CPU time) after Google Benchmark's own
+// table; the target is 3 or less.
 //
 //   orvel_bench_lists [benchmark flags]
 
@@ -132,13 +133,15 @@ void CopyFields(Recordset& rs, std::map<std::string, std::shared_ptr<MemoryRecor
 void BM_Baseline(benchmark::State& state) {
   auto& d = SharedData();
   SharedHost();
+  size_t rows = 0;
   for (auto _ : state) {
     std::vector<std::vector<std::string>> out;
     out.reserve(static_cast<size_t>(d.records) + 2000);
     CopyFields(*d.type->lists[""], d.type->lists, out);
+    rows = out.size();
     benchmark::DoNotOptimize(out.data());
   }
-  state.counters["rows"] = d.records;
+  state.counters["rows"] = static_cast<double>(rows);
 }
 
 void BM_ListWindow(benchmark::State& state) {
@@ -151,9 +154,7 @@ void BM_ListWindow(benchmark::State& state) {
         d.type, std::vector<std::string>{"ID", "Code", "Name", "GroupFlag"}, "O0000900");
     w->Show();
     shown = static_cast<size_t>(w->lvwRec.ListItems().Count());
-    state.PauseTiming();
-    w.reset();  // tearing the table down is not part of filling it
-    state.ResumeTiming();
+    w.reset();  // the window and its table go, as the baseline's rows do
   }
   state.counters["rows"] = static_cast<double>(shown);
 }

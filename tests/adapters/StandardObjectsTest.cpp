@@ -1,5 +1,6 @@
-// The standard objects behind every adapter: one record per instance, all
-// data through the type's business object.
+// The standard objects behind every adapter (one record per instance, all
+// data through the type's business object) and the small adapter pairs that
+// are no more than them.
 #include <gtest/gtest.h>
 
 #include "adapters/SmallAdapters.h"
@@ -89,15 +90,6 @@ TEST_F(StandardObjectsTest, AFailedSaveIsReportedAndChangesNothing) {
   EXPECT_EQ(object->Fields("Name").Value(), Variant("metras"));
 }
 
-TEST_F(StandardObjectsTest, ANewRecordWhoseSaveReturnsNoIdIsAFailureNotANewBlank) {
-  auto object = adapter_->GetOrvelObject("");
-  ASSERT_NE(object, nullptr);
-  BO("O0000400").ReplyAction("Orvel_SaveObject", OrvelStatus{});
-  auto status = object->Save(nullptr, nullptr);
-  EXPECT_NE(status.Number, 0);
-  EXPECT_EQ(object->OIDR(), "");
-}
-
 TEST_F(StandardObjectsTest, SaveHandsTheSecondAndThirdSetsOn) {
   auto object = adapter_->GetOrvelObject("O00004001");
   ASSERT_NE(object, nullptr);
@@ -112,19 +104,27 @@ TEST_F(StandardObjectsTest, SaveHandsTheSecondAndThirdSetsOn) {
   EXPECT_TRUE(calls[0].array[2].IsNothing());
 }
 
-TEST_F(StandardObjectsTest, SavingWithoutARecordIsAClearFailure) {
+// A new record whose save returns no ID is a failure, not a new blank; a save
+// without a record and an object without a business object fail clearly
+// instead of crashing.
+TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
+  auto object = adapter_->GetOrvelObject("");
+  ASSERT_NE(object, nullptr);
+  BO("O0000400").ReplyAction("Orvel_SaveObject", OrvelStatus{});
+  EXPECT_NE(object->Save(nullptr, nullptr).Number, 0);
+  EXPECT_EQ(object->OIDR(), "");
+  host_.Log().Clear();
+
   UIO0000400 unread;
   unread.SetUI(adapter_);
   auto status = unread.Save(nullptr, nullptr);
   EXPECT_NE(status.Number, 0);
   EXPECT_FALSE(status.Text.empty());
   EXPECT_TRUE(BusinessLines().empty());
-}
 
-TEST_F(StandardObjectsTest, AnObjectWithoutABusinessObjectFailsClearlyInsteadOfCrashing) {
   UIO0000400 orphan;
   orphan.SetOIDR("O00004001");
-  auto status = orphan.Read();
+  status = orphan.Read();
   EXPECT_NE(status.Number, 0);
   EXPECT_NE(status.Text.find("O00004001"), std::string::npos) << status.Text;
   EXPECT_EQ(orphan.RsFields(), nullptr);
@@ -145,6 +145,10 @@ TEST_F(StandardObjectsTest, TheStandardTypeObjectPlacesOnTheDesktopThroughTheObj
   EXPECT_TRUE(standard->AddToDeskTopOrvelObject("O00004001"));
   EXPECT_EQ(host_.Log().Lines(Channel::Host), std::vector<std::string>{"AddToDesktop O00004001"});
   EXPECT_EQ(standard->OName(), "Atsargų matavimo vienetai");
+  // Each standard instance has its own GUID.
+  StandardObjectUIO a, b;
+  EXPECT_EQ(a.GetGUID().size(), 38u);
+  EXPECT_NE(a.GetGUID(), b.GetGUID());
 }
 
 TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumbers) {
@@ -185,10 +189,121 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
                              }));
 }
 
-TEST_F(StandardObjectsTest, EachStandardInstanceHasItsOwnGuid) {
-  StandardObjectUIO a, b;
-  EXPECT_EQ(a.GetGUID().size(), 38u);
-  EXPECT_NE(a.GetGUID(), b.GetGUID());
+struct Pair {
+  const char* oid;
+  const char* iconItem;  // the item of row "C"; null for a type without a table
+};
+
+std::ostream& operator<<(std::ostream& out, const Pair& pair) { return out << pair.oid; }
+
+class SmallAdapterTest : public ModuleTest, public ::testing::WithParamInterface<Pair> {
+ protected:
+  std::string Oid() const { return GetParam().oid; }
+  std::string Oidr(int id) const { return Oid() + std::to_string(id); }
+  void SetUp() override {
+    ModuleTest::SetUp();
+    BO(Oid()).Table().Seed({{{"Name", Variant("pirmas")}}, {{"Name", Variant("antras")}}});
+  }
+};
+
+TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowOnlyItsTypeAndIconTable) {
+  auto adapter = Adapter(Oid());
+  EXPECT_EQ(adapter->OID(), Oid());
+  EXPECT_FALSE(adapter->OName().empty());
+  auto table = adapter->GetIconsTable();
+  if (GetParam().iconItem) {
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->Count(), 1);
+    EXPECT_EQ(table->Item("C"), GetParam().iconItem);
+    EXPECT_EQ(adapter->GetIconsTable(), table) << "the adapter's own table, not a copy";
+  } else {
+    EXPECT_EQ(table, nullptr);
+  }
+  EXPECT_EQ(adapter->GetMenu(Oid(), "", ""), std::nullopt);
+  EXPECT_EQ(adapter->GetMenu(Oidr(1), "C", ""), std::nullopt);
+  for (const char* key : {"0", "1", "4", "6", "70S2", "116S0", "x"}) {
+    auto result = adapter->ClickMenu(Oidr(1), "", key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kNothing) << key;
+    EXPECT_TRUE(result.Value.IsEmpty()) << key;
+  }
+  EXPECT_FALSE(adapter->AddToDeskTopOrvelObject(Oidr(1)));
+  EXPECT_TRUE(adapter->DragOK(Oidr(1), "x", "y"));
+  EXPECT_FALSE(adapter->DropOK(Oidr(1)));
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_P(SmallAdapterTest, ReadsTheRecordIntoANewInstanceAdapterThatMarshalsOnlyChanges) {
+  auto object = Adapter(Oid())->GetOrvelObject(Oidr(2));
+  ASSERT_NE(object, nullptr);
+  EXPECT_EQ(object->OIDR(), Oidr(2));
+  EXPECT_EQ(object->OID(), Oid());
+  EXPECT_EQ(object->Preview(), "antras");
+  EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
+  EXPECT_EQ(object->UI(), Adapter(Oid()));
+  EXPECT_EQ(object->BO(), host_.BusinessObject(Oid()));
+  EXPECT_EQ(object->GetGUID(), "");
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"GetCall Orvel_ReadObject '" + Oidr(2) + "'"});
+  // A record that fails to read gives no object, and the text is dropped.
+  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(9)), nullptr);
+  BO(Oid()).FailCallsNamed("Orvel_ReadObject", 17, "Nepavyko");
+  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(1)), nullptr);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_P(SmallAdapterTest, PropertiesAndMethodsAnswerZeroWithoutABusinessCall) {
+  auto object = Adapter(Oid())->GetOrvelObject(Oidr(1));
+  ASSERT_NE(object, nullptr);
+  host_.Log().Clear();
+  for (const char* name : {"GetObjectForm", "Structure", "Firms"}) {
+    auto result = object->Properties(name, "");
+    EXPECT_EQ(result.Number, 0) << name;
+    EXPECT_EQ(result.Text, "") << name;
+    EXPECT_TRUE(result.Value.IsEmpty()) << name;
+  }
+  Variant::Array params{Variant("'x'")};
+  auto result = object->Methods("DoSomething", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+// The list hands only the OIDR inward whatever type and settings say; a
+// delete is forwarded and its number is the result.
+TEST_P(SmallAdapterTest, ListAndDeleteGoToTheBusinessObject) {
+  auto rs = Adapter(Oid())->GetOrvelObjectList(Oid(), "C", "1,0,1");
+  ASSERT_NE(rs, nullptr);
+  EXPECT_EQ(rs->RecordCount(), 2);
+  EXPECT_EQ(Adapter(Oid())->DeleteOrvelObject(Oidr(1)), 0);
+  EXPECT_FALSE(BO(Oid()).Table().Contains(1));
+  EXPECT_NE(Adapter(Oid())->DeleteOrvelObject(Oidr(1)), 0);
+  EXPECT_EQ(BusinessLines(),
+            (std::vector<std::string>{"GetCall Orvel_GetObjectList '" + Oid() + "'",
+                                      "ExecCall Orvel_DeleteObject '" + Oidr(1) + "'",
+                                      "ExecCall Orvel_DeleteObject '" + Oidr(1) + "'"}));
+}
+
+INSTANTIATE_TEST_SUITE_P(TenPairs, SmallAdapterTest,
+                         ::testing::Values(Pair{"O0000400", "C0000200"},
+                                           Pair{"O0000500", "C0000500"},
+                                           Pair{"O0000600", "stdClose"},
+                                           Pair{"O0000700", "stdClose"},
+                                           Pair{"O0000800", "C0000200"}, Pair{"O0002000", nullptr},
+                                           Pair{"O0002100", nullptr}, Pair{"O0002300", "C0000200"},
+                                           Pair{"O0002400", nullptr}, Pair{"O0002500", nullptr}),
+                         [](const auto& info) { return std::string(info.param.oid); });
+
+class OrvelSTest : public ModuleTest {};
+
+TEST_F(OrvelSTest, TheFirstServicesWrittenAreKeptModuleWide) {
+  EXPECT_EQ(OrvelS(), nullptr);
+  UI0000400 first;
+  UI0002500 second;
+  TestHost other;
+  first.SetOrvelS(host_.Services());
+  second.SetOrvelS(other.Services());
+  first.SetOrvelS(other.Services());
+  EXPECT_EQ(OrvelS(), host_.Services());
 }
 
 }  // namespace

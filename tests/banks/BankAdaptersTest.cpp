@@ -1,3 +1,5 @@
+// The bank adapters as the host uses them: menus, the keys of the tree, the
+// desktop, and the properties other windows reach a bank by.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -20,70 +22,65 @@ class BankAdaptersTest : public ModuleTest {
     ModuleTest::SetUp();
     auto& table = BO("O0000300").Table();
     table.SetFields({"ID", "Name", "Code"});
-    table.SetPreviewRule([](const MemoryTable::FieldReader& field) {
-      return CStr(field("Name"));
-    });
-    table.Seed({{{"Name", Variant("Pirmas bankas")}, {"Code", Variant("70440")}},
-                {{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
+    table.SetPreviewRule([](const MemoryTable::FieldReader& field) { return CStr(field("Name")); });
+    table.Seed(
+        {{{"Name", Variant("Pirmas bankas")}, {"Code", Variant("70440")}},
+         {{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
     banks_ = Adapter("O0000300");
     host_.Log().Clear();
   }
 
-  std::vector<std::string> Keys(const std::optional<OrvelMenuItems>& menu) {
-    std::vector<std::string> keys;
-    for (const auto& item : *menu) keys.push_back(item.Key + " " + item.Caption);
+  std::string Keys(const std::string& oidr, const std::string& otype) {
+    auto menu = banks_->GetMenu(oidr, otype, "ignored");
+    std::string keys;
+    for (const auto& item : *menu) {
+      keys += (keys.empty() ? "" : "|") + item.Key + " " + item.Caption;
+      EXPECT_EQ(item.Tag, nullptr);
+      EXPECT_EQ(item.Flags, 0);
+    }
     return keys;
   }
 
   std::shared_ptr<OrvelObjectUI> banks_;
 };
 
-TEST_F(BankAdaptersTest, TheRootMenuOffersNewAndSelectOnly) {
-  auto menu = banks_->GetMenu("O0000300", "", "");
-  ASSERT_TRUE(menu);
-  EXPECT_EQ(Keys(menu), (std::vector<std::string>{"1 &Naujas bankas", "4 &Atrinkti"}));
+TEST_F(BankAdaptersTest, TheRootOffersNewAndSelectARecordAlsoDesktopAndDelete) {
+  EXPECT_EQ(Keys("O0000300", ""), "1 &Naujas bankas|4 &Atrinkti");
+  EXPECT_EQ(Keys("O00003005", "C"),
+            "0 Padėti &ant darbo stalo|1 &Naujas bankas|6 &Panaikinti|4 &Atrinkti");
 }
 
-TEST_F(BankAdaptersTest, ARecordMenuAddsDesktopAndDelete) {
-  auto menu = banks_->GetMenu("O00003005", "C", "ignored");
-  ASSERT_TRUE(menu);
-  EXPECT_EQ(Keys(menu), (std::vector<std::string>{"0 Padėti &ant darbo stalo", "1 &Naujas bankas",
-                                                  "6 &Panaikinti", "4 &Atrinkti"}));
-  for (const auto& item : *menu) {
-    EXPECT_EQ(item.Tag, nullptr);
-    EXPECT_EQ(item.Flags, 0);
-  }
-}
-
-TEST_F(BankAdaptersTest, KeyZeroBuildsTheCardOfTheBankWithoutShowingIt) {
-  auto result = banks_->ClickMenu("O00003005", "", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<frmBanks>();
+// Key 0 builds the bank's card, key 1 a card on a new bank, without showing
+// either; a bank that cannot be read is handed out as ShowWindow with nothing.
+TEST_F(BankAdaptersTest, KeysZeroAndOneBuildTheCardWithoutShowingIt) {
+  auto stored = banks_->ClickMenu("O00003005", "", "0", "");
+  EXPECT_EQ(stored.Action, OrvelMenuResult::kShowWindow);
+  auto window = stored.Value.ObjectAs<frmBanks>();
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), "O00003005");
   EXPECT_FALSE(window->Loaded());
   EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_ReadObject 'O00003005'"});
+
+  auto fresh = banks_->ClickMenu("O00003005", "", "1", "");
+  EXPECT_EQ(fresh.Action, OrvelMenuResult::kShowWindow);
+  ASSERT_NE(fresh.Value.ObjectAs<frmBanks>(), nullptr);
+  EXPECT_EQ(fresh.Value.ObjectAs<frmBanks>()->OrvelObjectUIO()->OIDR(), "");
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall Orvel_ReadObject 'O00003005'",
+                                                       "GetCall Orvel_NewObject 'O0000300'"}));
+
+  auto gone = banks_->ClickMenu("O00003009", "", "0", "");
+  EXPECT_EQ(gone.Action, OrvelMenuResult::kShowWindow);
+  EXPECT_TRUE(gone.Value.IsNothing());
 }
 
-TEST_F(BankAdaptersTest, KeyOneBuildsACardOnANewBank) {
-  auto result = banks_->ClickMenu("O00003005", "", "1", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<frmBanks>();
-  ASSERT_NE(window, nullptr);
-  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), "");
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_NewObject 'O0000300'"});
-}
-
-TEST_F(BankAdaptersTest, AnUnreadableBankIsHandedOutAsShowWindowWithNothing) {
-  auto result = banks_->ClickMenu("O00003009", "", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  EXPECT_TRUE(result.Value.IsNothing());
-}
-
-class BankSelectTest : public BankAdaptersTest, public ::testing::WithParamInterface<const char*> {};
+class BankSelectTest : public BankAdaptersTest,
+                       public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(BankSelectTest, SelectingByTextReplacesTheListWithTheMatches) {
+  auto none = banks_->ClickMenu("O0000300", "", GetParam(), "");
+  EXPECT_EQ(none.Action, OrvelMenuResult::kNothing) << "an empty answer changes nothing";
+  EXPECT_TRUE(none.Value.IsEmpty());
+  EXPECT_TRUE(BusinessLines().empty());
   host_.HostClasses()->QueueObjectSelect("šiaul");
   auto result = banks_->ClickMenu("O0000300", "", GetParam(), "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
@@ -97,13 +94,6 @@ TEST_P(BankSelectTest, SelectingByTextReplacesTheListWithTheMatches) {
   auto dialog = host_.HostClasses()->LastObjectSelect();
   EXPECT_FALSE(dialog->MultiSelect());
   EXPECT_EQ(dialog->OType(), "O0000300");
-}
-
-TEST_P(BankSelectTest, AnEmptyAnswerChangesNothing) {
-  auto result = banks_->ClickMenu("O0000300", "", GetParam(), "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(result.Value.IsEmpty());
-  EXPECT_TRUE(BusinessLines().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(MenuAndChord, BankSelectTest, ::testing::Values("4", "70S2"));
@@ -121,13 +111,11 @@ TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
 
-  // A delete that fails leaves the node.
+  // A delete that fails leaves the node; unknown keys do nothing.
   EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
-}
-
-TEST_F(BankAdaptersTest, UnknownKeysDoNothing) {
+  host_.Log().Clear();
   for (const char* key : {"2", "3", "5", "7", "116S0", "82S2", ""}) {
-    EXPECT_EQ(banks_->ClickMenu("O00003005", "", key, "").Action, OrvelMenuResult::kNothing) << key;
+    EXPECT_EQ(banks_->ClickMenu("O00003001", "", key, "").Action, OrvelMenuResult::kNothing) << key;
   }
   EXPECT_TRUE(BusinessLines().empty());
 }
@@ -144,6 +132,8 @@ TEST_F(BankAdaptersTest, AddToDesktopShowsACardOnlyWhenNoneIsOpen) {
   EXPECT_EQ(host_.Log().Lines(Channel::Window),
             (std::vector<std::string>{"IsOpen O00003009", "ShowWindow"}));
   EXPECT_EQ(host_.WindowManager()->Count(), 1u);
+  EXPECT_EQ(banks_->GetIconsTable()->Count(), 1);
+  EXPECT_EQ(banks_->GetIconsTable()->Item("C"), "C0000300");
 }
 
 TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {
@@ -162,8 +152,7 @@ TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {
   EXPECT_NE(firms.Value.ObjectAs<Recordset>(), nullptr);
   bank->Properties("Firms", "'O00003005',1");
 
-  auto form = bank->Properties("GetObjectForm", "");
-  auto window = form.Value.ObjectAs<frmBanks>();
+  auto window = bank->Properties("GetObjectForm", "").Value.ObjectAs<frmBanks>();
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->OrvelObjectUIO(), bank);
 
@@ -192,13 +181,6 @@ TEST_F(BankAdaptersTest, PropertyFailuresReportTheNumberOnlyWhenAboveZero) {
   EXPECT_EQ(result.Number, 7);
   EXPECT_EQ(result.Text, "7");
   EXPECT_TRUE(result.Value.IsEmpty());
-}
-
-TEST_F(BankAdaptersTest, TheIconTableHoldsTheBankIcon) {
-  auto table = banks_->GetIconsTable();
-  ASSERT_NE(table, nullptr);
-  EXPECT_EQ(table->Count(), 1);
-  EXPECT_EQ(table->Item("C"), "C0000300");
 }
 
 }  // namespace

@@ -236,21 +236,20 @@ TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
   EXPECT_EQ(w->txtFixedRate.SelLength(), 7);
 }
 
-TEST_F(FrmCurrencyTest, AReloadThatFailsClosesTheCard) {
-  auto w = Open("O00022005");
-  BO(kOid).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas panaikintas");
-  w->ReloadCard();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Įrašas panaikintas"});
-  EXPECT_EQ(host_.Log().Lines(Channel::Window).front(), "RemoveWindow O00022005 True");
-}
-
-TEST_F(FrmCurrencyTest, NewRekeysTheWindowAndLoadsAnEmptyCard) {
+// New rekeys the window and loads an empty card; a reload that fails closes
+// the card.
+TEST_F(FrmCurrencyTest, NewRekeysTheWindowAndAFailedReloadClosesIt) {
   auto w = Open("O00022005");
   w->SSCNew.Click();
   EXPECT_TRUE(w->IsNew());
   EXPECT_EQ(w->txtCode.Text(), "");
   EXPECT_EQ(host_.Log().Lines(Channel::Window),
             (std::vector<std::string>{"QueryRemove O00022005 True", "Rekey O00022005"}));
+  auto other = Open("O00022006");
+  BO(kOid).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas panaikintas");
+  other->ReloadCard();
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Įrašas panaikintas"});
+  EXPECT_EQ(host_.Log().Lines(Channel::Window).front(), "RemoveWindow O00022006 True");
 }
 
 class FrmCurrencyRateTest : public FrmCurrencyTest {
@@ -272,9 +271,6 @@ class FrmCurrencyRateTest : public FrmCurrencyTest {
 TEST_F(FrmCurrencyRateTest, TheDialogShowsTheStoredRateOfTheDay) {
   Load("EUR");
   EXPECT_EQ(dialog_.lblDayRate.Caption(), "1 EUR =");
-  EXPECT_EQ(dialog_.cmdWrite.Caption(), "&Išsaugoti");
-  EXPECT_EQ(dialog_.cmdExit.Caption(), "Uždaryti");
-  EXPECT_EQ(dialog_.lblLt.Caption(), "Lt");
   EXPECT_EQ(dialog_.txtDayRate.Text(), "3,45280000");
   EXPECT_FALSE(dialog_.cmdWrite.Enabled());
   dialog_.txtDayRate.GotFocus();

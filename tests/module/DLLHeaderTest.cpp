@@ -1,6 +1,16 @@
+// What the module registers with the host: its group, its components, its
+// object types and icons, in the order the host shows them; the rights
+// header's components; the classes the module makes by name.
 #include <gtest/gtest.h>
 
+#include "orvel/OrvelHeader.h"
+#include "orvel/OrvelHeaderSecurity.h"
+#include "orvel/OrvelObjectUI.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelWindow.h"
+#include "module/ClassFactory.h"
 #include "module/DLLHeader.h"
+#include "module/SecurityHeader.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestComponent.h"
 #include "testhost/TestComponentGroup.h"
@@ -11,84 +21,46 @@ namespace {
 
 class DLLHeaderTest : public ModuleTest {
  protected:
-  std::vector<std::string> Registered(const std::string& op) {
-    std::vector<std::string> lines;
+  // The lines of one kind of registration, each without its operation name
+  // and the given prefix, joined by "|".
+  std::string Registered(const std::string& op, const std::string& prefix = "") {
+    std::string joined;
     for (const auto& entry : host_.Log().Entries(Channel::Registry)) {
-      if (entry.op == op) lines.push_back(entry.text);
+      if (entry.op != op) continue;
+      std::string text = entry.text.substr(op.size() + 1);
+      if (text.rfind(prefix, 0) == 0) text = text.substr(prefix.size());
+      joined += (joined.empty() ? "" : "|") + text;
     }
-    return lines;
+    return joined;
   }
 };
 
-TEST_F(DLLHeaderTest, RegistersTheGroupAndItsFiveComponentsEachWithItsType) {
+TEST_F(DLLHeaderTest, RegistersTheGroupItsComponentsTypesAndIconsInOrder) {
   ASSERT_EQ(DLLHeader().DllInicialize().Number, 0);
-
   EXPECT_EQ(Registered("AddGroup"),
-            std::vector<std::string>{
-                "AddGroup L00001011 L00001011 Įmonės, Bankai, Valiutos, Žinynai COMLayout"});
-  const std::vector<std::string> components{
-      "AddComponent O0000100 Įmonės CFirms",
-      "OType O0000100",
-      "AddComponent O0000300 Bankai CBanks",
-      "OType O0000300",
-      "AddComponent O0002200 Valiutos CCurrency",
-      "OType O0002200",
-      "AddComponent O0001600 Žinynai CReference",
-      "OType O0001600",
-      "AddComponent O0100300 Švenčių dienos CPersonalHolidays",
-      "OType O0100300",
-  };
+            "L00001011 L00001011 Įmonės, Bankai, Valiutos, Žinynai COMLayout");
+  EXPECT_EQ(Registered("AddComponent"),
+            "O0000100 Įmonės CFirms|O0000300 Bankai CBanks|O0002200 Valiutos CCurrency|"
+            "O0001600 Žinynai CReference|O0100300 Švenčių dienos CPersonalHolidays");
+  // Each component is followed by its type.
   auto lines = host_.Log().Lines(Channel::Registry);
-  ASSERT_GE(lines.size(), 11u);
-  EXPECT_EQ(std::vector<std::string>(lines.begin() + 1, lines.begin() + 11), components);
-}
-
-TEST_F(DLLHeaderTest, RegistersFifteenObjectTypesInOrderKeepingTheTrailingBlank) {
-  ASSERT_EQ(DLLHeader().DllInicialize().Number, 0);
-  EXPECT_EQ(Registered("AddObjectType"),
-            (std::vector<std::string>{
-                "AddObjectType OrvelCommonUI O0000100 Įmonės",
-                "AddObjectType OrvelCommonUI O0000300 Bankai",
-                "AddObjectType OrvelCommonUI O0002200 Valiutos",
-                "AddObjectType OrvelCommonUI O0000500 Sąskaita",
-                "AddObjectType OrvelCommonUI O0000600 Kainos",
-                "AddObjectType OrvelCommonUI O0000700 Minimalus kiekis",
-                "AddObjectType OrvelCommonUI O0001600 Žinynai",
-                "AddObjectType OrvelCommonUI O0000200 Atsargos",
-                "AddObjectType OrvelCommonUI O0000400 Atsargų matavimo vienetai",
-                "AddObjectType OrvelCommonUI O0000800 Atsargų šablonų tipai",
-                "AddObjectType OrvelCommonUI O0002000 Įmonių adresai",
-                "AddObjectType OrvelCommonUI O0002100 Įmonių kontaktai",
-                "AddObjectType OrvelCommonUI O0002300 Įmonių parametrai",
-                "AddObjectType OrvelCommonUI O0002400 Vadybininkai atsakingi už įmonės "
-                "aptarnavimą ",
-                "AddObjectType OrvelCommonUI O0002500 Įmonių veiklos rūšys",
-            }));
+  ASSERT_GE(lines.size(), 3u);
+  EXPECT_EQ(lines[2], "OType O0000100");
+  // Fifteen types, the caption of the fourteenth keeping its trailing blank.
+  std::string types = Registered("AddObjectType", "OrvelCommonUI ");
+  EXPECT_EQ(types.rfind("O0000100 Įmonės|O0000300 Bankai|O0002200 Valiutos|O0000500 Sąskaita|", 0),
+            0u)
+      << types;
+  EXPECT_EQ(host_.HostClasses()->LastRegistry()->ObjectTypes().size(), 15u);
   EXPECT_EQ(host_.HostClasses()->LastRegistry()->ObjectTypes()[13].caption,
             "Vadybininkai atsakingi už įmonės aptarnavimą ");
-}
-
-TEST_F(DLLHeaderTest, RegistersTwelveObjectIconsThenThirteenIconsLedByTheGroupsFirmIcon) {
-  ASSERT_EQ(DLLHeader().DllInicialize().Number, 0);
-  const std::vector<std::string> objectIcons{
-      "AddObjectIcon C0000100 C0000100", "AddObjectIcon FirmNA FIRMNA",
-      "AddObjectIcon C0000300 C0000300", "AddObjectIcon C0000500 C0000500",
-      "AddObjectIcon C0002200 C0002200", "AddObjectIcon C0001600 C0001600",
-      "AddObjectIcon C0001601 C0001601", "AddObjectIcon C0000200 C0000200",
-      "AddObjectIcon GoodNA GOODNA",     "AddObjectIcon GEXIST GEXIST",
-      "AddObjectIcon Service SERVICE",   "AddObjectIcon ServiceNA SERVICENA",
-  };
-  EXPECT_EQ(Registered("AddObjectIcon"), objectIcons);
-
-  auto icons = Registered("AddIcon");
-  ASSERT_EQ(icons.size(), 13u);
-  EXPECT_EQ(icons.front(), "AddIcon L00001011 C0000100");
-  for (size_t i = 1; i < icons.size(); ++i) {
-    EXPECT_EQ(icons[i], "AddIcon" + objectIcons[i - 1].substr(13)) << i;
-  }
-
-  // The object icons all come before the first AddIcon.
-  auto lines = host_.Log().Lines(Channel::Registry);
+  // Twelve object icons, then the same again as icons led by the group's.
+  std::string objectIcons = Registered("AddObjectIcon");
+  EXPECT_EQ(objectIcons,
+            "C0000100 C0000100|FirmNA FIRMNA|C0000300 C0000300|C0000500 C0000500|"
+            "C0002200 C0002200|C0001600 C0001600|C0001601 C0001601|C0000200 C0000200|"
+            "GoodNA GOODNA|GEXIST GEXIST|Service SERVICE|ServiceNA SERVICENA");
+  EXPECT_EQ(Registered("AddIcon"), "L00001011 C0000100|" + objectIcons);
   EXPECT_EQ(lines[lines.size() - 14].rfind("AddObjectIcon ServiceNA", 0), 0u);
 }
 
@@ -106,6 +78,48 @@ TEST(DLLHeaderWithoutHost, ReportsTheMissingRegistrationThroughNumber) {
   auto status = DLLHeader().DllInicialize();
   EXPECT_NE(status.Number, 0);
   EXPECT_FALSE(status.Text.empty());
+}
+
+// The module's own row first, then each component after its parent, with
+// the spellings the rights already granted in an office are stored under.
+TEST(SecurityHeader, ListsTheComponentsUnderTheirParentsAtEachCall) {
+  SecurityHeader header;
+  auto first = header.GetComponentList();
+  first.clear();
+  auto rows = header.GetComponentList();
+  ASSERT_EQ(rows.size(), 14u);
+  EXPECT_EQ(rows[0], (SecurityRow{"", "DLL|L00001011", "Įmonės, Bankai, Valiutos, Žinynai", 10}));
+  std::string keys;
+  for (const auto& row : rows) keys += (row.Parent.empty() ? " " : "/") + row.Key;
+  EXPECT_EQ(keys,
+            " DLL|L00001011 COMLayout CGoods/CGoodsCH/CGoodsMIN/CGoodsPT/CGoodsBR CFirms"
+            "/CFirmsCode/CFirmsCH/CFirmsAC CBanks CCurrency CReference");
+  EXPECT_EQ(rows[8], (SecurityRow{"CFirms", "CFirmsCode", "Įmomės kodo įvedimo kartojimas", 2}));
+  EXPECT_EQ(rows[13], (SecurityRow{"", "CReference", "Žyninai", 2}));
+}
+
+TEST(ClassFactory, CreatesTheHeadersAndTheListWindowByTheirExactNames) {
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
+            nullptr);
+  EXPECT_NE(std::dynamic_pointer_cast<OrvelWindow>(ClassFactory::Create("frmReferenceBookPreview")),
+            nullptr);
+  for (const char* unknown : {"UI9999999", "dllheader", ""}) {
+    EXPECT_EQ(ClassFactory::Create(unknown), nullptr) << unknown;
+  }
+}
+
+TEST(ClassFactory, CreatesEveryAdapterAsItsInterfaceAndAFreshObjectEachTime) {
+  for (const auto& name : ClassFactory::ClassNames()) {
+    auto object = ClassFactory::Create(name);
+    ASSERT_NE(object, nullptr) << name;
+    EXPECT_NE(object, ClassFactory::Create(name)) << name;
+    if (name.rfind("UIO", 0) == 0) {
+      EXPECT_NE(std::dynamic_pointer_cast<OrvelObjectUIO>(object), nullptr) << name;
+    } else if (name.rfind("UI", 0) == 0) {
+      EXPECT_NE(std::dynamic_pointer_cast<OrvelObjectUI>(object), nullptr) << name;
+    }
+  }
 }
 
 }  // namespace

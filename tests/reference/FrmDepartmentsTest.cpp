@@ -97,10 +97,17 @@ TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
 }
 
+// The branches are asked once, at load, with their own call.
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
-  BO(kDepartments).ClearCalls();
-  auto w = Open("O00016042", "T");
+  auto w =
+      Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "").Value.ObjectAs<frmDepartments>();
   ASSERT_TRUE(w);
+  BO(kDepartments).ClearCalls();
+  host_.WindowManager()->ShowWindow(w);
+  auto calls = BO(kDepartments).Calls("DO0001604_GetFirmBranches");
+  ASSERT_EQ(calls.size(), 1u);
+  EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
+  EXPECT_EQ(calls[0].param, "0");
   EXPECT_EQ(w->SOPanel.Caption(), " Padalinys");
   EXPECT_EQ(w->txtName.Text(), "Buhalterija");
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
@@ -112,18 +119,6 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
   EXPECT_FALSE(w->cmdCancel.Enabled());
   EXPECT_TRUE(w->SSCNew.Enabled());
   EXPECT_TRUE(w->cmdFirmBranches.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, TheBranchesAreAskedOnceAtLoadWithTheirOwnCall) {
-  auto adapter = Adapter(kDepartments);
-  auto w = adapter->ClickMenu("O00016042", "T", "0", "").Value.ObjectAs<frmDepartments>();
-  ASSERT_TRUE(w);
-  BO(kDepartments).ClearCalls();
-  host_.WindowManager()->ShowWindow(w);
-  auto calls = BO(kDepartments).Calls("DO0001604_GetFirmBranches");
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
-  EXPECT_EQ(calls[0].param, "0");
 }
 
 TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
@@ -210,14 +205,6 @@ INSTANTIATE_TEST_SUITE_P(
                       WriteRuleCase{"NoUpdateRightNoName", false, "", false, false}),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST_F(FrmDepartmentsTest, BlanksAroundTheNameAreTrimmedOnWrite) {
-  auto w = Open("O00016042", "T");
-  w->txtName.Edit("  Kasa  ");
-  w->cmdWrite.Click();
-  EXPECT_EQ(Stored(2, "Name"), Variant("Kasa"));
-  EXPECT_EQ(CLng(Stored(2, "FirmBranchID")), 11);
-}
-
 TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
     BO(kDepartments).ReplyRead("DO0001604_GetFirmBranches", reply);
@@ -259,8 +246,14 @@ TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
   EXPECT_FALSE(w->Changed());
 }
 
-TEST_F(FrmDepartmentsTest, ClearingTheBranchWritesNone) {
+// Blanks around the name are trimmed; a write keeps the branch until it is
+// cleared, and a cleared one is written as none.
+TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
   auto w = Open("O00016042", "T");
+  w->txtName.Edit("  Kasa  ");
+  w->cmdWrite.Click();
+  EXPECT_EQ(Stored(2, "Name"), Variant("Kasa"));
+  EXPECT_EQ(CLng(Stored(2, "FirmBranchID")), 11);
   w->cmdCleanFirmBranch.Click();
   EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
   w->cmdWrite.Click();
@@ -274,6 +267,9 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptie
       .Table()
       .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
   auto w = Open("O00016042", "T");
+  w->cmdParentGroup.Click();  // cancelled: nothing changes
+  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
+  EXPECT_FALSE(w->Changed());
   host_.HostClasses()->QueueGroupSelect("O0001604O00016045", "Gamyba", "Group");
   w->cmdParentGroup.Click();
   EXPECT_EQ(w->txtGroup.Text(), "Gamyba");
@@ -291,13 +287,6 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptie
   EXPECT_EQ(w->txtGroup.Text(), "");
   w->cmdWrite.Click();
   EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
-}
-
-TEST_F(FrmDepartmentsTest, ACancelledGroupPickerChangesNothing) {
-  auto w = Open("O00016042", "T");
-  w->cmdParentGroup.Click();
-  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
-  EXPECT_FALSE(w->Changed());
 }
 
 TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesStored) {

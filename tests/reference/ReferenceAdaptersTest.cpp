@@ -14,12 +14,6 @@
 namespace orvel {
 namespace {
 
-std::string Keys(const std::optional<OrvelMenuItems>& menu) {
-  std::string keys;
-  for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
-  return keys;
-}
-
 // ---- menus ----
 
 struct MenuCase {
@@ -37,45 +31,33 @@ TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
   std::string oidr = c.oidr;
   auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
   ASSERT_TRUE(menu);
-  EXPECT_EQ(Keys(menu), c.keys);
+  std::string keys;
+  for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
+  EXPECT_EQ(keys, c.keys);
   EXPECT_TRUE(Calls(kBook).empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Table, ReferenceMenuTest,
-                         ::testing::Values(
-                             // The family's root and an unclassified eight-character node: none.
-                             MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001600", "", "", ""},
-                             MenuCase{"O0001602", "", "", ""},
-                             // A book is no root: its OID does not end in "00".
-                             MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
-                             MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
-                             MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
-                             MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
-                             MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
-                             MenuCase{"O00016021", "Group", "GroupsDisabled",
-                                      "0 5 1 6 4 100 7 100"},
-                             MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
-                             MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
-                             MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
-                             // Only a stored record goes on the desktop.
-                             MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
-                             MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
-                             // An unknown kind has no menu, not even help.
-                             MenuCase{"O00016022", "X", "", ""},
-                             // Matching is by case, as the host writes the flags.
-                             MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
-
-TEST_F(ReferenceBookTest, MenuCaptionsOfAGroup) {
-  auto menu = Adapter(kBook)->GetMenu("O00016021", "Group", "");
-  ASSERT_TRUE(menu);
-  std::vector<std::string> captions;
-  for (const auto& item : *menu) captions.push_back(item.Caption);
-  EXPECT_EQ(captions, (std::vector<std::string>{"Padėti &ant darbo stalo", "Sukurti p&ogrupį",
-                                                "Pa&rodyti", "Pridėti &naują įrašą", "&Panaikinti",
-                                                "&Atrinkti", "-", "Pagalba", "-"}));
-  auto book = Adapter(kBook)->GetMenu(kBook, "C", "");
-  EXPECT_EQ((*book)[0].Caption, "Sukurti naują &grupę");
-}
+// The family's root and an unclassified eight-character node have none; a
+// book is no root (its OID does not end in "00"); only a stored record goes
+// on the desktop; an unknown kind has no menu, not even help; the flags
+// match by case, as the host writes them.
+INSTANTIATE_TEST_SUITE_P(
+    Table, ReferenceMenuTest,
+    ::testing::Values(MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
+                      MenuCase{"O0001600", "", "", ""},
+                      MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
+                      MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
+                      MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
+                      MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
+                      MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
+                      MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
+                      MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
+                      MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
+                      MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
+                      MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
+                      MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
+                      MenuCase{"O00016022", "X", "", ""},
+                      MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
 
 // ---- the family and the books treated apart ----
 
@@ -147,68 +129,52 @@ TEST_F(ReferenceBookTest, ShowOpensTheListWindowOfTheNode) {
   EXPECT_FALSE(window->Loaded());
 }
 
+// Key "0" opens the record, "1" a new entry, "2"/"3" a new group: in the
+// node's group (an entry's own group beside it), with the read-only flag of
+// the menu's settings.
 struct OpenCase {
-  const char* oidr;
-  const char* settings;
-  const char* groupName;
-  bool readOnly;
-};
-
-class ReferenceOpenTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<OpenCase> {};
-
-TEST_P(ReferenceOpenTest, OpenGivesTheCardItsGroupAndTheReadOnlyFlag) {
-  const OpenCase& c = GetParam();
-  auto adapter = Adapter(kBook);
-  adapter->GetMenu(c.oidr, "T", c.settings);
-  auto result = adapter->ClickMenu(c.oidr, "T", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<frmReferenceBook>();
-  ASSERT_NE(window, nullptr);
-  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), c.oidr);
-  EXPECT_EQ(window->mGroupName, c.groupName);
-  EXPECT_EQ(window->boolReadOnly, c.readOnly);
-}
-
-INSTANTIATE_TEST_SUITE_P(Records, ReferenceOpenTest,
-                         ::testing::Values(OpenCase{"O00016022", "", "Grupė A", false},
-                                           OpenCase{"O00016022", "ReadOnly", "Grupė A", true},
-                                           OpenCase{"O00016023", "", "", false},
-                                           OpenCase{"O00016021", "", "", false}));
-
-struct NewCase {
   const char* key;
   const char* oidr;
   const char* otype;
+  const char* settings;
+  const char* opened;  // the card's OIDR
   int parentId;
   int groupFlag;
   const char* groupName;
 };
 
-class ReferenceNewTest : public ReferenceBookTest, public ::testing::WithParamInterface<NewCase> {};
+class ReferenceOpenTest : public ReferenceBookTest,
+                          public ::testing::WithParamInterface<OpenCase> {};
 
-TEST_P(ReferenceNewTest, ANewRecordStartsInTheRightGroupAndKind) {
-  const NewCase& c = GetParam();
-  auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
+TEST_P(ReferenceOpenTest, TheCardStartsInTheRightGroupKindAndFlag) {
+  const OpenCase& c = GetParam();
+  auto adapter = Adapter(kBook);
+  adapter->GetMenu(c.oidr, c.otype, c.settings);
+  auto result = adapter->ClickMenu(c.oidr, c.otype, c.key, "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
   auto window = result.Value.ObjectAs<frmReferenceBook>();
   ASSERT_NE(window, nullptr);
   auto& object = *window->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), kBook);
+  EXPECT_EQ(object.OIDR(), c.opened);
   EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
   EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
   EXPECT_EQ(window->mGroupName, c.groupName);
+  EXPECT_EQ(window->boolReadOnly, std::string(c.settings) == "ReadOnly");
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
-INSTANTIATE_TEST_SUITE_P(Keys, ReferenceNewTest,
-                         ::testing::Values(NewCase{"2", kBook, "C", 0, 1, ""},
-                                           NewCase{"3", "O00016021", "Group", 1, 1, "Grupė A"},
-                                           NewCase{"1", kBook, "C", 0, 0, ""},
-                                           NewCase{"1", "O00016021", "Group", 1, 0, "Grupė A"},
-                                           // Beside an entry: in the entry's group.
-                                           NewCase{"1", "O00016022", "T", 1, 0, "Grupė A"},
-                                           NewCase{"1", "O00016023", "", 0, 0, ""}));
+INSTANTIATE_TEST_SUITE_P(
+    Keys, ReferenceOpenTest,
+    ::testing::Values(OpenCase{"0", "O00016022", "T", "", "O00016022", 1, 0, "Grupė A"},
+                      OpenCase{"0", "O00016022", "T", "ReadOnly", "O00016022", 1, 0, "Grupė A"},
+                      OpenCase{"0", "O00016023", "T", "", "O00016023", 0, 0, ""},
+                      OpenCase{"0", "O00016021", "T", "", "O00016021", 0, 1, ""},
+                      OpenCase{"2", kBook, "C", "", kBook, 0, 1, ""},
+                      OpenCase{"3", "O00016021", "Group", "", kBook, 1, 1, "Grupė A"},
+                      OpenCase{"1", kBook, "C", "", kBook, 0, 0, ""},
+                      OpenCase{"1", "O00016021", "Group", "", kBook, 1, 0, "Grupė A"},
+                      OpenCase{"1", "O00016022", "T", "", kBook, 1, 0, "Grupė A"},
+                      OpenCase{"1", "O00016023", "", "", kBook, 0, 0, ""}));
 
 struct GoneCase {
   const char* key;
@@ -266,6 +232,8 @@ class ReferenceFilterTest : public ReferenceBookTest,
 TEST_P(ReferenceFilterTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
   const FilterCase& c = GetParam();
   std::string book = std::string(c.oidr).substr(0, 8);
+  EXPECT_EQ(Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "").Action, OrvelMenuResult::kNothing)
+      << "no text, no list";
   host_.HostClasses()->QueueObjectSelect("vid");
   auto result = Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
@@ -276,14 +244,6 @@ TEST_P(ReferenceFilterTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
   EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
   EXPECT_EQ(host_.HostClasses()->LastObjectSelect()->OType(), book);
   EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));
-}
-
-TEST_P(ReferenceFilterTest, NoTextNoList) {
-  const FilterCase& c = GetParam();
-  std::string book = std::string(c.oidr).substr(0, 8);
-  auto result = Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(Calls(book).empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(MenuAndChord, ReferenceFilterTest,
@@ -364,14 +324,13 @@ TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
 }
 
-TEST_F(ReferenceRecordTest, ParentOfATopRecordIsNothingWithoutACall) {
-  auto result = Record("O00016023")->Properties("Parent", "");
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
+// A top record's parent is nothing without a call; a group that is gone is
+// still Number 0, and nothing.
+TEST_F(ReferenceRecordTest, ParentOfARecordIsItsGroupOrNothing) {
+  auto top = Record("O00016023")->Properties("Parent", "");
+  EXPECT_EQ(top.Number, 0);
+  EXPECT_TRUE(top.Value.IsEmpty());
   EXPECT_TRUE(Calls(kBook).empty());
-}
-
-TEST_F(ReferenceRecordTest, ParentOfARecordInAGroupIsTheGroup) {
   auto result = Record("O00016022")->Properties("Parent", "");
   EXPECT_EQ(result.Number, 0);
   auto parent = result.Value.ObjectAs<OrvelObjectUIO>();
@@ -379,7 +338,6 @@ TEST_F(ReferenceRecordTest, ParentOfARecordInAGroupIsTheGroup) {
   EXPECT_EQ(parent->OIDR(), "O00016021");
   EXPECT_EQ(parent->Preview(), "Grupė A");
   EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_ReadObject 'O00016021'"});
-  // A group that is gone: still Number 0, and nothing.
   auto orphan = Record("O00016024")->Properties("Parent", "");
   EXPECT_EQ(orphan.Number, 0);
   EXPECT_EQ(orphan.Value.ObjectAs<OrvelObjectUIO>(), nullptr);

@@ -17,8 +17,8 @@
 #include "ui/OptionButton.h"
 #include "ui/Panel.h"
 #include "ui/RecordingObserver.h"
-#include "ui/TextBox.h"
 #include "ui/TabStrip.h"
+#include "ui/TextBox.h"
 #include "ui/Timer.h"
 
 namespace orvel {
@@ -258,17 +258,6 @@ TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
   EXPECT_EQ(text.Text(), "Šia");
   text.SetText("ąčę");
   EXPECT_EQ(text.Text(), "ąčę");
-}
-
-TEST(TextBox, KeyPress_ReturnsTheKeyTheHandlerLeaves) {
-  TextBox text("txtAmount");
-  text.OnKeyPress = [](int& key) {
-    if (key == '.') key = ',';
-    if (key == 'x') key = 0;
-  };
-  EXPECT_EQ(text.KeyPress('.'), ',');
-  EXPECT_EQ(text.KeyPress('x'), 0);
-  EXPECT_EQ(text.KeyPress('5'), '5');
 }
 
 TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {

@@ -58,46 +58,29 @@ class RecordingFormObserver : public FormObserver {
   std::vector<std::string> changes;
 };
 
-TEST(Form, Load_RunsFormLoadOnce) {
+// Load runs once however often the form is shown; a refused QueryUnload
+// keeps it shown; Hide keeps it loaded; a Show after an Unload loads again.
+TEST(Form, LifeCycle_LoadOnceRefusedUnloadHideAndLoadAgain) {
   frmProbe form;
   EXPECT_FALSE(form.Loaded());
   form.Load();
   form.Show();
   form.Show();
   form.Load();
-  EXPECT_TRUE(form.Loaded());
   EXPECT_TRUE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load"));
-}
-
-TEST(Form, Unload_CancelledByQueryUnload_KeepsTheFormShown) {
-  frmProbe form;
-  form.Show();
   form.refuseUnload = true;
   EXPECT_FALSE(form.Unload());
-  EXPECT_TRUE(form.Loaded());
   EXPECT_TRUE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload"));
-}
-
-TEST(Form, ShowAfterUnload_LoadsAgain) {
-  frmProbe form;
-  form.Show();
-  EXPECT_TRUE(form.Unload());
-  EXPECT_FALSE(form.Loaded());
-  EXPECT_FALSE(form.Visible());
-  EXPECT_TRUE(form.Unload());  // not loaded: nothing to ask
-  form.Show();
-  EXPECT_TRUE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "Unload", "Load"));
-}
-
-TEST(Form, Hide_KeepsItLoaded) {
-  frmProbe form;
-  form.Show();
   form.Hide();
   EXPECT_TRUE(form.Loaded());
   EXPECT_FALSE(form.Visible());
+  form.refuseUnload = false;
+  EXPECT_TRUE(form.Unload());
+  EXPECT_FALSE(form.Loaded());
+  EXPECT_TRUE(form.Unload());  // not loaded: nothing to ask
+  form.Show();
+  EXPECT_TRUE(form.Visible());
+  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload", "Load"));
 }
 
 TEST(Form, UnloadedByItsOwnFormLoad_IsNotShown) {
@@ -161,24 +144,21 @@ TEST(Form, SetFocus_ValidatesThenMovesTheFocus) {
   form.txtName.SetText("UAB");
   EXPECT_TRUE(form.SetFocus(form.txtCode));
   EXPECT_EQ(form.ActiveControl(), &form.txtCode);
-  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate",
-                                       "txtName.LostFocus", "txtCode.GotFocus"));
+  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate", "txtName.LostFocus",
+                                       "txtCode.GotFocus"));
 }
 
-TEST(Form, SetFocus_CancelledValidateKeepsTheFocus) {
-  FocusProbe form;
-  ASSERT_TRUE(form.SetFocus(form.txtName));
-  EXPECT_FALSE(form.SetFocus(form.txtCode));
-  EXPECT_EQ(form.ActiveControl(), &form.txtName);
-  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate"));
-}
-
-TEST(Form, SetFocus_HiddenOrForeignControlTakesNoFocus) {
+// A cancelled Validate keeps the focus; a hidden or foreign control takes none.
+TEST(Form, SetFocus_RefusedByValidateOrByTheControl) {
   FocusProbe form;
   TextBox stranger{"txtStranger"};
   EXPECT_FALSE(form.SetFocus(form.txtHidden));
   EXPECT_FALSE(form.SetFocus(stranger));
   EXPECT_EQ(form.ActiveControl(), nullptr);
+  ASSERT_TRUE(form.SetFocus(form.txtName));
+  EXPECT_FALSE(form.SetFocus(form.txtCode));
+  EXPECT_EQ(form.ActiveControl(), &form.txtName);
+  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate"));
 }
 
 TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {
