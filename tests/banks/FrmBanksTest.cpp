@@ -133,6 +133,7 @@ TEST_F(FrmBanksTest, AFailedWriteSaysSoAndStaysDirty) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   BO("O0000300").FailCallsNamed("Orvel_SaveObject", 17, "Kodas kartojasi");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Klaida!\n\nKodas kartojasi");
@@ -146,6 +147,7 @@ TEST_F(FrmBanksTest, AWriteRefusedWith60000ReReadsTheRecord) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   BO("O0000300").FailCallsNamed("Orvel_SaveObject", 60000, "Įrašą pakeitė kitas vartotojas");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(ButtonsOf(*w), kClean);
@@ -163,6 +165,7 @@ TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
 
   BO("O0000300").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Įrašas nerastas: O00003005");
@@ -229,7 +232,8 @@ TEST_F(FrmBanksTest, AnAcceptedCloseOfADirtyCardEnablesCloseAgain) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   bool cancel = false;
-  w->QueryRemove(cancel);  // the first button: Yes
+  host_.Ui()->QueueAnswer(vbYes);
+  w->QueryRemove(cancel);
   EXPECT_FALSE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
 }
@@ -245,6 +249,7 @@ TEST_F(FrmBanksTest, ARightClickOnCloseDeletesTheBankAfterAsking) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
 
+  host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000300").Table().Contains(5));
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 False");
@@ -269,6 +274,7 @@ TEST_F(FrmBanksTest, ARightClickOnASelectedFirmOffersTheDesktop) {
 
 TEST_F(FrmBanksTest, AWindowWithoutAnObjectFailsClearlyInsteadOfCrashing) {
   frmBanks w;
+  host_.Ui()->QueueAnswer(vbOK);
   w.cmdCancel_Click();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);

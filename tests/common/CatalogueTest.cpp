@@ -178,6 +178,7 @@ TEST_F(CatalogueHostTest, GetObjectRightsAsksTheFourRightsInOrder) {
 }
 
 TEST_F(CatalogueHostTest, ShowStopShowsTheStopIconWithOk) {
+  host_.Ui()->QueueAnswer(vbOK);
   ShowStop("Neteisinga kaina", "Orvel");
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
@@ -191,6 +192,7 @@ TEST_F(CatalogueHostTest, ShowStopShowsTheStopIconWithOk) {
 TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions) {
   host_.Session()->SetAppTitle("Mano apskaita");
   auto fail = [] { throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų"); };
+  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   Handle("Orvelta", fail);
   Handle(fail);
   ResetOrvelS();
@@ -223,7 +225,8 @@ TEST_F(CatalogueHostTest, DeleteObjectAskedDeletesOnYesAndClosesTheWindow) {
   DeleteObjectAsked(*object);
   EXPECT_TRUE(BO("O0000400").Table().Contains(1));
 
-  DeleteObjectAsked(*object);  // the first button: Yes
+  host_.Ui()->QueueAnswer(vbYes);
+  DeleteObjectAsked(*object);
   EXPECT_FALSE(BO("O0000400").Table().Contains(1));
   EXPECT_EQ(host_.Ui()->Boxes().back().prompt, "Ar tikrai norite panaikinti?\n\nkilogramas");
   EXPECT_EQ(host_.Ui()->Boxes().back().flags, 52);
