@@ -939,8 +939,16 @@ TEST_F(FieldSheetViewTest, TheSheetRebuildsOnNewTabsAndFields) {
 
 // --- a window of the module -------------------------------------------------
 
-// The module's windows over the test host.
-using ModuleViewTest = ModuleTest;
+// The module's windows over the test host, the module given its services
+// by a bank card opened from the catalogue.
+class ModuleViewTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    BO("O0000300").Table().Seed({{{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}}});
+    ASSERT_TRUE(Adapter("O0000300")->ClickMenu("O00003005", "", "0", "").Value.ObjectAs<Form>());
+  }
+};
 
 TEST_F(ModuleViewTest, TheCurrencyRatesWindowLaysOutItsControls) {
   frmCurrencyRates rates;
