@@ -9,84 +9,64 @@
 
 namespace orvel {
 
-namespace {
-constexpr const char* kNoObjectText = "Laukų lapui nepriskirtas objektas";
-}  // namespace
-
 void FakeOrvelGrid::SetServices(std::shared_ptr<OrvelServices> services) {
   operations_.push_back("SetServices");
-  services_ = std::move(services);
+  FieldSheet::SetServices(std::move(services));
 }
 
 void FakeOrvelGrid::SetObjectUIO(std::shared_ptr<OrvelObjectUIO> object) {
   operations_.push_back("SetObjectUIO");
   // A cell being edited belonged to the object the grid gives up.
-  if (object != object_) pending_.reset();
-  object_ = std::move(object);
+  if (object != ObjectUIO()) pending_.reset();
+  FieldSheet::SetObjectUIO(std::move(object));
 }
 
 void FakeOrvelGrid::SetLabelWidth(int twips) {
   operations_.push_back("SetLabelWidth " + std::to_string(twips));
-  labelWidth_ = twips;
+  FieldSheet::SetLabelWidth(twips);
 }
 
 ListView& FakeOrvelGrid::AddTab(const std::string& key, const std::string& caption) {
   operations_.push_back("AddTab " + key + " " + caption);
-  return tabs_.emplace_back(key, caption).list;
+  return FieldSheet::AddTab(key, caption);
 }
 
 void FakeOrvelGrid::FillFields() {
   operations_.push_back("FillFields");
-  BuildSheet();
+  FieldSheet::FillFields();
 }
 
 void FakeOrvelGrid::Init() {
   operations_.push_back("Init");
-  BuildSheet();
+  FieldSheet::Init();
 }
 
 void FakeOrvelGrid::RefreshField(const std::string& name) {
   operations_.push_back("RefreshField " + name);
   refreshed_.push_back(name);
+  FieldSheet::RefreshField(name);
 }
 
 void FakeOrvelGrid::EndFieldEdit() {
   operations_.push_back("EndFieldEdit");
   Commit();
+  FieldSheet::EndFieldEdit();
 }
 
 int32_t FakeOrvelGrid::SaveObject() {
   operations_.push_back("SaveObject");
-  lastError_.clear();
   Commit();
-  if (!object_) {
-    lastError_ = kNoObjectText;
-    return kNoObject;
-  }
-  try {
-    OrvelStatus status = object_->Save(nullptr, nullptr);
-    if (status.Number != 0) lastError_ = status.Text;
-    return status.Number;
-  } catch (const RuntimeError& e) {
-    lastError_ = e.Text();
-    return e.Number() != 0 ? e.Number() : RuntimeError::kInvalidCall;
-  } catch (const std::exception& e) {
-    lastError_ = e.what();
-    return RuntimeError::kInvalidCall;
-  }
+  return FieldSheet::SaveObject();
 }
 
 void FakeOrvelGrid::ClearTabs() {
   operations_.push_back("ClearTabs");
-  tabs_.clear();
-  fieldNames_.clear();
   pending_.reset();
+  FieldSheet::ClearTabs();
 }
 
 ListView& FakeOrvelGrid::TabList(std::string_view key) {
-  for (Tab& tab : tabs_) {
-    if (tab.key == key) return tab.list;
-  }
+  if (ListView* list = FieldSheet::TabList(std::string(key))) return *list;
   throw RuntimeError(control_error::kElementNotFound,
                      "Element not found: no tab '" + std::string(key) + "'");
 }
@@ -117,51 +97,31 @@ void FakeOrvelGrid::DoubleClickList(int tabIndex) {
   ListDoubleClick(tabIndex);
 }
 
-void FakeOrvelGrid::BuildSheet() {
-  fieldNames_.clear();
-  if (!object_) {
-    structure_ = {kNoObject, kNoObjectText, {}};
-    return;
-  }
-  try {
-    structure_ = object_->Properties("Structure", "");
-    if (auto record = object_->RsFields()) {
-      auto& fields = record->Fields();
-      for (int i = 0; i < fields.Count(); ++i) fieldNames_.push_back(fields.Item(i).Name());
-    }
-  } catch (const RuntimeError& e) {
-    structure_ = {e.Number(), e.Text(), {}};
-  } catch (const std::exception& e) {
-    structure_ = {RuntimeError::kInvalidCall, e.what(), {}};
-  }
-}
-
 void FakeOrvelGrid::Commit() {
   if (!pending_) return;
   PendingEdit edit = std::move(*pending_);
   pending_.reset();
-  if (!object_) return;
+  if (!ObjectUIO()) return;
   try {
-    object_->Fields(edit.field).SetValue(edit.value);
-  } catch (const std::exception& e) {
-    lastError_ = e.what();
-    return;
+    ObjectUIO()->Fields(edit.field).SetValue(edit.value);
+  } catch (const std::exception&) {
+    return;  // the cell keeps no value the object refused
   }
   FieldChanged();
 }
 
 OrvelObjectUIO& FakeOrvelGrid::RequireObject() const {
-  if (!object_) throw RuntimeError(RuntimeError::kObjectNotSet, kNoObjectText);
-  return *object_;
+  if (!ObjectUIO()) throw RuntimeError(RuntimeError::kObjectNotSet, "Laukų lapui nepriskirtas objektas");
+  return *ObjectUIO();
 }
 
 const FakeOrvelGrid::Tab& FakeOrvelGrid::TabAt(int tabIndex) const {
-  if (tabIndex < 0 || static_cast<size_t>(tabIndex) >= tabs_.size()) {
+  if (tabIndex < 0 || static_cast<size_t>(tabIndex) >= Tabs().size()) {
     throw RuntimeError(control_error::kIndexOutOfBounds, "Index out of bounds: tab " +
                                                              std::to_string(tabIndex) + " of " +
-                                                             std::to_string(tabs_.size()));
+                                                             std::to_string(Tabs().size()));
   }
-  return tabs_[static_cast<size_t>(tabIndex)];
+  return Tabs()[static_cast<size_t>(tabIndex)];
 }
 
 }  // namespace orvel

@@ -25,9 +25,47 @@ Menu* ShownEntry(const Menu& menu, const std::string& name) {
   }
   return nullptr;
 }
+
+ScriptedUi::Complaint& ProcessComplaint() {
+  static ScriptedUi::Complaint complaint;
+  return complaint;
+}
+
+std::string Joined(const std::vector<std::string>& items) {
+  std::string out;
+  for (const auto& item : items) out += (out.empty() ? "" : ", ") + item;
+  return out;
+}
 }  // namespace
 
 ScriptedUi::ScriptedUi(std::shared_ptr<CallLog> log) : log_(std::move(log)) {}
+
+ScriptedUi::~ScriptedUi() { Verify(); }
+
+void ScriptedUi::SetComplaint(Complaint complaint) { ProcessComplaint() = std::move(complaint); }
+
+void ScriptedUi::Complain(const std::string& what) const {
+  if (const auto& complaint = ProcessComplaint()) complaint("ScriptedUi: " + what);
+}
+
+void ScriptedUi::Verify() {
+  if (!answers_.empty()) {
+    std::vector<std::string> left;
+    for (int32_t answer : answers_) left.push_back(std::to_string(answer));
+    Complain("answers queued but no message box asked for them: " + Joined(left));
+  }
+  if (!popupPicks_.empty()) {
+    Complain("popup picks queued but no popup menu asked for them: " +
+             Joined({popupPicks_.begin(), popupPicks_.end()}));
+  }
+  if (!modalScripts_.empty()) {
+    Complain(std::to_string(modalScripts_.size()) +
+             " modal scripts queued but no dialog was shown for them");
+  }
+  answers_.clear();
+  popupPicks_.clear();
+  modalScripts_.clear();
+}
 
 int32_t ScriptedUi::FirstButton(int32_t flags) {
   switch (flags & kButtonsMask) {
@@ -49,6 +87,9 @@ int32_t ScriptedUi::MsgBox(const std::string& prompt, int32_t flags, const std::
   if (!answers_.empty()) {
     answer = answers_.front();
     answers_.pop_front();
+  } else if (!allowUnscripted_) {
+    Complain("message box nobody queued an answer for: \"" + prompt + "\" (flags " +
+             std::to_string(flags) + ", title \"" + title + "\")");
   }
   boxes_.push_back({prompt, flags, title, answer});
   return answer;
@@ -79,6 +120,10 @@ void ScriptedUi::PopupMenu(Menu& menu) {
     if (entry->Visible()) popup.shown.push_back(entry->Name());
   }
   if (popup.shown.empty() || popupPicks_.empty()) {
+    if (!popup.shown.empty() && !allowUnscripted_) {
+      Complain("popup menu " + menu.Name() + " nobody queued a pick for (it shows " +
+               Joined(popup.shown) + ")");
+    }
     popups_.push_back(std::move(popup));
     return;
   }

@@ -23,13 +23,22 @@ class FakeOrvelGrid;
 // screen width (15360 twips) are settable; DoEvents is counted and every
 // mouse pointer set is kept.
 //
+// Strict once a complaint is set (test programs set it for the whole
+// process, tests/support/StrictUi.h): a box or a popup with entries that
+// nobody queued an answer for is a complaint naming its text, and so are
+// answers, popup picks and modal scripts still queued when Verify runs (the
+// destructor and TestHost's run it). A test that lets boxes and popups
+// through on purpose says so with AllowUnscripted. Without a complaint (the
+// demo) every box takes its first button quietly.
+//
 // Modal forms and popup menus are scripted too. ShowModal logs
 // "ShowModal <form>" in the Window channel, loads and shows the form, runs
 // the next queued modal script on it (the user filling the dialog and
 // pressing OK), and hides the form if it is still visible afterwards (the
 // user closing it). PopupMenu logs "PopupMenu <menu>" in the Window channel
-// and picks the next queued entry name, raising its Click; an empty queue,
-// or an entry that is hidden or disabled, picks nothing. A popup with no
+// and picks the next queued entry name, raising its Click; a queued "" (the
+// user closing the menu), or an entry that is hidden or disabled, picks
+// nothing. A popup with no
 // visible entry shows nothing and takes no pick from the queue. Each popup
 // is kept with the entries it showed. NewOrvelGrid hands out FakeOrvelGrids
 // and keeps them.
@@ -52,7 +61,17 @@ class ScriptedUi : public Ui {
   static constexpr double kDefaultToday = 46349;  // 2026-11-23
   static constexpr int32_t kDefaultScreenWidth = 15360;
 
+  using Complaint = std::function<void(const std::string&)>;
+
   explicit ScriptedUi(std::shared_ptr<CallLog> log);
+  ~ScriptedUi() override;
+
+  // Process-wide: what an unscripted box or popup, or a leftover answer, is.
+  static void SetComplaint(Complaint complaint);
+  // This Ui lets unanswered boxes (first button) and popups (no pick) through.
+  void AllowUnscripted(bool allow = true) { allowUnscripted_ = allow; }
+  // Complains of every answer, pick and modal script still queued, and drops them.
+  void Verify();
 
   void QueueAnswer(int32_t button) { answers_.push_back(button); }
   size_t PendingAnswers() const { return answers_.size(); }
@@ -91,7 +110,10 @@ class ScriptedUi : public Ui {
   std::shared_ptr<OrvelGrid> NewOrvelGrid() override;
 
  private:
+  void Complain(const std::string& what) const;
+
   std::shared_ptr<CallLog> log_;
+  bool allowUnscripted_ = false;
   std::deque<int32_t> answers_;
   std::vector<Box> boxes_;
   Locale locale_ = Locale::Lithuanian();

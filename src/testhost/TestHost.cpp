@@ -35,6 +35,8 @@ TestHost::TestHost()
 TestHost::~TestHost() {
   windowManager_->Clear();
   objectManager_->ClearAdapters();
+  // The module may keep the Ui past the host; what the test queued is judged now.
+  ui_->Verify();
 }
 
 void TestHost::SetAdapterSource(TestObjectManager::AdapterSource source) {

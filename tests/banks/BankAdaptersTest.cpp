@@ -102,7 +102,7 @@ TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   host_.Ui()->QueueAnswer(vbCancel);
   EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO("O0000300").Table().Contains(5));
-
+  host_.Ui()->QueueAnswer(vbOK);
   auto result = banks_->ClickMenu("O00003005", "", "6", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kRemoved);
   EXPECT_FALSE(BO("O0000300").Table().Contains(5));
@@ -112,6 +112,7 @@ TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
 
   // A delete that fails leaves the node; unknown keys do nothing.
+  host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
   host_.Log().Clear();
   for (const char* key : {"2", "3", "5", "7", "116S0", "82S2", ""}) {

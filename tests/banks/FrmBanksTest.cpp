@@ -127,6 +127,7 @@ TEST_F(FrmBanksTest, AFailedWriteSaysSoAndStaysDirty) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   BO("O0000300").FailCallsNamed("Orvel_SaveObject", 17, "Kodas kartojasi");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Orvel Apskaita|Klaida!\n\nKodas kartojasi"});
   EXPECT_EQ(ButtonsOf(*w), kDirty);
@@ -137,6 +138,7 @@ TEST_F(FrmBanksTest, AWriteRefusedWith60000ReReadsTheRecord) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   BO("O0000300").FailCallsNamed("Orvel_SaveObject", 60000, "Įrašą pakeitė kitas vartotojas");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(ButtonsOf(*w), kClean);
@@ -154,6 +156,7 @@ TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
 
   BO("O0000300").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Orvel Apskaita|Įrašas nerastas: O00003005"});
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 True");
@@ -215,7 +218,8 @@ TEST_F(FrmBanksTest, ARefusedCloseKeepsTheCloseButtonDisabled) {
   w->SSCClose_MouseUp(2);
   EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
   bool cancel = false;
-  w->QueryRemove(cancel);  // the first button: Yes
+  host_.Ui()->QueueAnswer(vbYes);
+  w->QueryRemove(cancel);
   EXPECT_FALSE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
 }
@@ -229,6 +233,7 @@ TEST_F(FrmBanksTest, ARightClickOnCloseDeletesTheBankAfterAsking) {
   EXPECT_EQ(Boxes(), std::vector<std::string>{
                          "49 Orvel Apskaita|Ar tikrai norite panaikinti?\nŠiaulių bankas"});
 
+  host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000300").Table().Contains(5));
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 False");
@@ -253,6 +258,7 @@ TEST_F(FrmBanksTest, ARightClickOnASelectedFirmOffersTheDesktop) {
 
 TEST_F(FrmBanksTest, AWindowWithoutAnObjectFailsClearlyInsteadOfCrashing) {
   frmBanks w;
+  host_.Ui()->QueueAnswer(vbOK);
   w.cmdCancel_Click();
   ASSERT_EQ(Boxes().size(), 1u);
   EXPECT_EQ(Boxes()[0].substr(0, 3), "16 ");

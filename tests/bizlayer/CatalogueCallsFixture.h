@@ -13,6 +13,7 @@
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "orvel/Recordset.h"
+#include "support/Sql.h"
 
 namespace orvel {
 
@@ -37,10 +38,7 @@ class CatalogueCallsFixture {
     return db_->LastInsertRowId();
   }
 
-  Variant One(const std::string& sql) {
-    auto stmt = db_->Prepare(sql);
-    return stmt.Step() ? stmt.Column(0) : Variant();
-  }
+  Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
   // A read call that must succeed; its record set.
   std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
@@ -81,13 +79,8 @@ class CatalogueCallsFixture {
     std::string out;
     for (const char* table : {"firms", "goods", "goods_prices", "currency_rates", "firm_info",
                               "documents", "document_lines", "settings"}) {
-      auto stmt = db_->Prepare(std::string("SELECT * FROM ") + table + " ORDER BY rowid");
-      out += table;
-      out += ":\n";
-      while (stmt.Step()) {
-        for (int c = 0; c < stmt.ColumnCount(); ++c) out += ConcatText(stmt.Column(c)) + "|";
-        out += "\n";
-      }
+      out += std::string(table) + ":\n" +
+             RowsText(*db_, std::string("SELECT * FROM ") + table + " ORDER BY rowid");
     }
     return out;
   }

@@ -218,6 +218,5 @@ TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {
   EXPECT_EQ(One("SELECT COUNT(*) FROM firm_branches WHERE FirmID = 2"), Variant(2));
 }
 
-// The sample database gives every list of the cards something to show.
 }  // namespace
 }  // namespace orvel

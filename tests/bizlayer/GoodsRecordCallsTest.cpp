@@ -455,21 +455,6 @@ TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
 
 // ---- a file of the previous version --------------------------------------
 
-Variant One(Database& db, const std::string& sql) {
-  auto stmt = db.Prepare(sql);
-  return stmt.Step() ? stmt.Column(0) : Variant();
-}
-
-std::string Rows(Database& db, const std::string& sql) {
-  auto stmt = db.Prepare(sql);
-  std::string out;
-  while (stmt.Step()) {
-    for (int c = 0; c < stmt.ColumnCount(); ++c) out += ConcatText(stmt.Column(c)) + "|";
-    out += "\n";
-  }
-  return out;
-}
-
 // The file as the previous version made it: prices a call table with NOT
 // NULL columns and foreign keys, minimum amounts and templates from the
 // goods-details part, none of the three described, every part before this
@@ -526,33 +511,33 @@ TEST(GoodsRecordMigration, APreviousVersionFileKeepsItsRowsAndOpensTheRecords) {
   double lastId = 0;
   {
     SqliteDatabase old(file.Path());
-    prices = Rows(old,
+    prices = RowsText(old,
                   "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
                   " ORDER BY ID");
-    amounts = Rows(old, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts");
-    lastId = One(old, "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'").NumberValue();
-    ASSERT_GT(lastId, One(old, "SELECT MAX(ID) FROM goods_prices").NumberValue());
+    amounts = RowsText(old, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts");
+    lastId = FirstValue(old, "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'").NumberValue();
+    ASSERT_GT(lastId, FirstValue(old, "SELECT MAX(ID) FROM goods_prices").NumberValue());
   }
   ASSERT_FALSE(amounts.empty());
 
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(Rows(*db,
+  EXPECT_EQ(RowsText(*db,
                  "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
                  " ORDER BY ID"),
             prices);
-  EXPECT_EQ(Rows(*db, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts"), amounts);
-  EXPECT_EQ(One(*db,
+  EXPECT_EQ(RowsText(*db, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts"), amounts);
+  EXPECT_EQ(FirstValue(*db,
                 "SELECT COUNT(*) FROM goods_prices WHERE GoodPriceTypeID IS NULL"
                 " OR Name IS NULL OR Name <> PriceType"),
             Variant(0));
-  EXPECT_EQ(One(*db, "SELECT Name FROM goods_prices WHERE ID = 2"), Variant("Klientų 'VIP'"));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM goods_min_amounts WHERE Name IS NULL"), Variant(0));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts WHERE Name = 'goods-detail-records'"),
+  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM goods_prices WHERE ID = 2"), Variant("Klientų 'VIP'"));
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM goods_min_amounts WHERE Name IS NULL"), Variant(0));
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts WHERE Name = 'goods-detail-records'"),
             Variant(1));
 
   BusinessLayer layer(db);
   layer.SetUserName("admin");
-  const std::string good = "O0000200" + ConcatText(One(*db,
+  const std::string good = "O0000200" + ConcatText(FirstValue(*db,
                                                        "SELECT GoodID FROM goods_prices"
                                                        " WHERE ID = 2"));
   auto list = layer.BusinessObject("O0000200")->GetCall("GetPrices", good, 0);
@@ -581,22 +566,22 @@ TEST(GoodsRecordMigration, APreviousVersionFileKeepsItsRowsAndOpensTheRecords) {
   auto saved = prices600->ExecArrayCall("Orvel_SaveObject", "'O0000600',''", array);
   ASSERT_EQ(saved.Number, 0) << saved.Text;
   EXPECT_GT(fresh->Fields("ID").Value().NumberValue(), lastId);
-  EXPECT_EQ(ConcatText(One(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC")),
+  EXPECT_EQ(ConcatText(FirstValue(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC")),
             "Mažmeninė");
   auto read = prices600->GetCall("Orvel_ReadObject", "'O00006002'", 0);
   EXPECT_EQ(read.Number, 0) << read.Text;
 
   // The units became the book, their IDs kept; the measure rows its records.
-  EXPECT_EQ(One(*db, "SELECT ID || '|' || Name || '|' || MeasureType FROM measures"
+  EXPECT_EQ(FirstValue(*db, "SELECT ID || '|' || Name || '|' || MeasureType FROM measures"
                      " WHERE Code = 'pak.'"),
             Variant("7|pakuotė|1"));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'"),
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'"),
             Variant(1));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
                      " OR AmountPrecision IS NULL"),
             Variant(0));
   const std::string measured =
-      "O0000200" + ConcatText(One(*db, "SELECT MIN(GoodID) FROM goods_measures"));
+      "O0000200" + ConcatText(FirstValue(*db, "SELECT MIN(GoodID) FROM goods_measures"));
   auto measures = layer.BusinessObject("O0000200")->GetCall("GetMeasures", measured, 0);
   ASSERT_EQ(measures.Number, 0) << measures.Text;
   auto rows = std::dynamic_pointer_cast<Recordset>(measures.Object);

@@ -11,28 +11,24 @@
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
 #include "orvel/Recordset.h"
+#include "support/Sql.h"
 
 namespace orvel {
 namespace {
-
-Variant One(Database& db, const std::string& sql) {
-  auto stmt = db.Prepare(sql);
-  return stmt.Step() ? stmt.Column(0) : Variant();
-}
 
 TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
   TempDatabase file;
   {
     auto db = ReferenceDatabase::Open(file.Path());
-    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM firms WHERE GroupFlag = 0"), Variant(300));
-    EXPECT_GE(One(*db, "SELECT COUNT(*) FROM goods").NumberValue(), 2000);
-    EXPECT_EQ(One(*db, "SELECT TenCurr FROM currencies WHERE Code = 'EUR'"), Variant("eurų"));
-    EXPECT_EQ(One(*db, "SELECT COUNT(DISTINCT RateDate) FROM currency_rates"), Variant(365));
+    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM firms WHERE GroupFlag = 0"), Variant(300));
+    EXPECT_GE(FirstValue(*db, "SELECT COUNT(*) FROM goods").NumberValue(), 2000);
+    EXPECT_EQ(FirstValue(*db, "SELECT TenCurr FROM currencies WHERE Code = 'EUR'"), Variant("eurų"));
+    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(DISTINCT RateDate) FROM currency_rates"), Variant(365));
     // Sales are taken from a lot of their good bought by then, none oversold.
-    EXPECT_GT(One(*db, "SELECT COUNT(*) FROM document_lines WHERE PurchaseLineID IS NOT NULL")
+    EXPECT_GT(FirstValue(*db, "SELECT COUNT(*) FROM document_lines WHERE PurchaseLineID IS NOT NULL")
                   .NumberValue(),
               20);
-    EXPECT_EQ(One(*db,
+    EXPECT_EQ(FirstValue(*db,
                   "SELECT COUNT(*) FROM document_lines s JOIN documents sd ON sd.ID ="
                   " s.DocumentID JOIN document_lines p ON p.ID = s.PurchaseLineID JOIN documents"
                   " pd ON pd.ID = p.DocumentID WHERE p.GoodID <> s.GoodID OR pd.DocDate >"
@@ -42,8 +38,8 @@ TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
     db->Exec("INSERT INTO banks (Name) VALUES ('Naujas bankas')");
   }
   auto again = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*again, "SELECT COUNT(*) FROM banks"), Variant(7));
-  EXPECT_EQ(One(*again, "PRAGMA journal_mode"), Variant("wal"));
+  EXPECT_EQ(FirstValue(*again, "SELECT COUNT(*) FROM banks"), Variant(7));
+  EXPECT_EQ(FirstValue(*again, "PRAGMA journal_mode"), Variant("wal"));
 }
 
 TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
@@ -65,14 +61,14 @@ TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
         " UPDATE firms SET Name = 'Išlikusi O''Brien' WHERE ID = 9; PRAGMA user_version = 1;");
   }
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
-  EXPECT_EQ(One(*db, "SELECT Name FROM firms WHERE ID = 9"), Variant("Išlikusi O'Brien"));
-  EXPECT_GT(One(*db, "SELECT COUNT(*) FROM documents").NumberValue(), 300);
-  EXPECT_EQ(One(*db,
+  EXPECT_EQ(FirstValue(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
+  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM firms WHERE ID = 9"), Variant("Išlikusi O'Brien"));
+  EXPECT_GT(FirstValue(*db, "SELECT COUNT(*) FROM documents").NumberValue(), 300);
+  EXPECT_EQ(FirstValue(*db,
                 "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Goods'"
                 " AND Name IN ('WithRest', 'Garanty')"),
             Variant(2));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'"),
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'"),
             Variant(1));
   BusinessLayer layer(db);
   auto firm = layer.BusinessObject("O0000100")->GetCall("Orvel_ReadObject", "'O00001009'", 0);
@@ -93,13 +89,13 @@ TEST(ReferenceDatabase, AnOlderFileGainsSerialGoodsAndDebtsBySign) {
         " Name IN ('goods-with-items', 'document-debts-by-sign');");
   }
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM documents WHERE Debt < 0"), Variant(0));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM field_descriptions WHERE Name = 'WithItems'"), Variant(1));
-  EXPECT_EQ(One(*db,
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM documents WHERE Debt < 0"), Variant(0));
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM field_descriptions WHERE Name = 'WithItems'"), Variant(1));
+  EXPECT_EQ(FirstValue(*db,
                 "SELECT COUNT(*) FROM goods WHERE WithItems = 1 AND ID NOT IN (SELECT GoodID FROM"
                 " document_lines WHERE SerialNo IS NOT NULL)"),
             Variant(0));
-  EXPECT_GT(One(*db, "SELECT COUNT(*) FROM goods WHERE WithItems = 1").NumberValue(), 10);
+  EXPECT_GT(FirstValue(*db, "SELECT COUNT(*) FROM goods WHERE WithItems = 1").NumberValue(), 10);
 }
 
 TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
@@ -113,12 +109,12 @@ TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
         " UPDATE banks SET Name = 'Išlikęs bankas' WHERE ID = 2; PRAGMA user_version = 2;");
   }
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
-  EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 2"), Variant("Išlikęs bankas"));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(3));
-  EXPECT_EQ(One(*db, "SELECT Name FROM book_payment_terms WHERE Code = '30'"),
+  EXPECT_EQ(FirstValue(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
+  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 2"), Variant("Išlikęs bankas"));
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books"), Variant(3));
+  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM book_payment_terms WHERE Code = '30'"),
             Variant("Per 30 dienų"));
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'"),
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'"),
             Variant(6));
 }
 
@@ -138,16 +134,16 @@ TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
   }
   {
     auto db = ReferenceDatabase::Open(file.Path());
-    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
+    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts"),
               Variant(static_cast<int32_t>(SchemaParts().size())));
-    EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
-    EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM reference_books"), Variant(6));
+    EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
+    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books"), Variant(6));
     db->Exec("UPDATE banks SET Name = 'Vėl išlikęs' WHERE ID = 3");
   }
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*db, "SELECT COUNT(*) FROM schema_parts"),
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts"),
             Variant(static_cast<int32_t>(SchemaParts().size())));
-  EXPECT_EQ(One(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Vėl išlikęs"));
+  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Vėl išlikęs"));
 }
 
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
@@ -156,9 +152,9 @@ TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
   SqliteDatabase reader(file.Path());
   Transaction transaction(*writer);
   writer->Exec("UPDATE banks SET Name = 'Pervadintas' WHERE ID = 1");
-  EXPECT_EQ(One(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("AB SEB bankas"));
+  EXPECT_EQ(FirstValue(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("AB SEB bankas"));
   transaction.Commit();
-  EXPECT_EQ(One(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("Pervadintas"));
+  EXPECT_EQ(FirstValue(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("Pervadintas"));
 }
 
 // A writer child saves banks through the business layer as fast as it can
@@ -196,9 +192,9 @@ TEST(ReferenceDatabase, SurvivesAKilledWriter) {
   ASSERT_TRUE(WIFSIGNALED(status));
 
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(One(*db, "PRAGMA integrity_check"), Variant("ok"));
-  EXPECT_GE(One(*db, "SELECT COUNT(*) FROM banks").NumberValue(), 6 + 51);
-  EXPECT_EQ(One(*db,
+  EXPECT_EQ(FirstValue(*db, "PRAGMA integrity_check"), Variant("ok"));
+  EXPECT_GE(FirstValue(*db, "SELECT COUNT(*) FROM banks").NumberValue(), 6 + 51);
+  EXPECT_EQ(FirstValue(*db,
                 "SELECT COUNT(*) FROM banks WHERE Name LIKE 'Bankas %'"
                 " AND (Code IS NULL OR CreationDate IS NULL)"),
             Variant(0));

@@ -181,6 +181,7 @@ TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions
   ShowStop("Neteisinga kaina", "Orvel");  // the stop icon with OK
   host_.Session()->SetAppTitle("Mano apskaita");
   auto fail = [] { throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų"); };
+  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   Handle("Orvelta", fail);
   Handle(fail);
   ResetOrvelS();
@@ -214,7 +215,8 @@ TEST_F(CatalogueHostTest, DeleteObjectAskedDeletesOnYesAndClosesTheWindow) {
   DeleteObjectAsked(*object);
   EXPECT_TRUE(BO("O0000400").Table().Contains(1));
 
-  DeleteObjectAsked(*object);  // the first button: Yes
+  host_.Ui()->QueueAnswer(vbYes);
+  DeleteObjectAsked(*object);
   EXPECT_FALSE(BO("O0000400").Table().Contains(1));
   EXPECT_EQ(host_.Ui()->Boxes().back().prompt, "Ar tikrai norite panaikinti?\n\nkilogramas");
   EXPECT_EQ(host_.Ui()->Boxes().back().flags, 52);

@@ -107,7 +107,9 @@ class StandardCallsContract
   }
 };
 
-TEST_P(StandardCallsContract, NewObject_AnswersOneRowOfEveryFieldWithoutAnId) {
+// A new record is one row of every field without an ID; saved, it gets its
+// ID back in the caller's own set and reads back.
+TEST_P(StandardCallsContract, NewObject_IsSavedWithItsNewIdAndReadsBack) {
   auto rs = Read(Type().oid, "Orvel_NewObject", std::string("'") + Type().oid + "'");
   ASSERT_NE(rs, nullptr);
   ASSERT_EQ(rs->RecordCount(), 1);
@@ -118,6 +120,13 @@ TEST_P(StandardCallsContract, NewObject_AnswersOneRowOfEveryFieldWithoutAnId) {
       EXPECT_EQ(rs->Fields(field.name).Value(), field.defaultValue) << field.name;
     }
   }
+  rs->Fields("Name").SetValue(Variant("Naujas 'įrašas', Nr. 1"));
+  ASSERT_EQ(Save(std::string("'") + Type().oid + "',''", rs).Number, 0);
+  const std::string oidr = Type().oid + ConcatText(rs->Fields("ID").Value());
+  EXPECT_GT(oidr.size(), 8u);
+  auto read = Read(Type().oid, "Orvel_ReadObject", "'" + oidr + "'");
+  ASSERT_NE(read, nullptr);
+  EXPECT_EQ(read->Fields("Name").Value(), Variant("Naujas 'įrašas', Nr. 1"));
 }
 
 TEST_P(StandardCallsContract, ReadObject_AnswersTheRecordWithItsOidrPreviewAndTypedFields) {
@@ -151,9 +160,6 @@ TEST_P(StandardCallsContract, GetObjectList_TheTypeListsItsTopAGroupItsMembersAS
   }
   EXPECT_EQ(Found(Type().search), Of({3}));
   EXPECT_THAT(Found("nėra tokio"), IsEmpty());
-}
-
-TEST_P(StandardCallsContract, GetObjectList_RowsCarryOidrAndPreview) {
   auto rs = Read(Type().oid, "Orvel_GetObjectList", "''");
   ASSERT_NE(rs, nullptr);
   for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
@@ -161,20 +167,6 @@ TEST_P(StandardCallsContract, GetObjectList_RowsCarryOidrAndPreview) {
     EXPECT_EQ(ConcatText(rs->Fields("OIDR").Value()),
               Type().oid + ConcatText(rs->Fields("ID").Value()));
   }
-}
-
-TEST_P(StandardCallsContract, SaveObject_ANewRecordGetsItsIdAndOidrAndReadsBack) {
-  auto rs = Read(Type().oid, "Orvel_NewObject", std::string("'") + Type().oid + "'");
-  ASSERT_NE(rs, nullptr);
-  rs->Fields("Name").SetValue(Variant("Naujas 'įrašas', Nr. 1"));
-  ASSERT_EQ(Save(std::string("'") + Type().oid + "',''", rs).Number, 0);
-
-  // The new ID comes back in the caller's own set.
-  const std::string oidr = Type().oid + ConcatText(rs->Fields("ID").Value());
-  EXPECT_GT(oidr.size(), 8u);
-  auto read = Read(Type().oid, "Orvel_ReadObject", "'" + oidr + "'");
-  ASSERT_NE(read, nullptr);
-  EXPECT_EQ(read->Fields("Name").Value(), Variant("Naujas 'įrašas', Nr. 1"));
 }
 
 TEST_P(StandardCallsContract, SaveObject_AnEditIsWrittenAndANameGoneStaysGone) {
@@ -187,16 +179,6 @@ TEST_P(StandardCallsContract, SaveObject_AnEditIsWrittenAndANameGoneStaysGone) {
   ASSERT_NE(read, nullptr);
   EXPECT_EQ(read->Fields("Name").Value(), Variant("Pakeistas, su ' ir ąčęėįšųūž"));
   EXPECT_EQ(Found("ąčęėįšųūž"), Of({2}));
-}
-
-TEST_P(StandardCallsContract, SaveObject_OfARecordNotStored_Answers3021AndStoresNothing) {
-  auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
-  ASSERT_NE(rs, nullptr);
-  rs->Fields("Name").SetValue(Variant("Niekur"));
-  const OrvelStatus status = Save(std::string("'") + Type().oid + "'," + Quoted(99), rs);
-  EXPECT_EQ(status.Number, 3021);
-  EXPECT_EQ(status.Text, "Įrašas nerastas: " + Oidr(Type(), 99));
-  EXPECT_THAT(Found("Niekur"), IsEmpty());
 }
 
 TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) {
@@ -282,6 +264,10 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
   const OrvelStatus status = Engine().Object(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid, array);
   EXPECT_EQ(status.Number, 5);
   EXPECT_THAT(status.Text, HasSubstr("Orvel_SaveObject: neteisingi parametrai ['" + oid + "]"));
+  // A record not stored is not found, and nothing is stored for it.
+  const OrvelStatus missing = Save("'" + oid + "'," + Quoted(99), rs);
+  EXPECT_EQ(missing.Number, 3021);
+  EXPECT_EQ(missing.Text, "Įrašas nerastas: " + Oidr(Type(), 99));
   EXPECT_THAT(Found("Niekur"), IsEmpty());
 }
 

@@ -98,12 +98,14 @@ TEST_F(CurrencyAdaptersTest, DeleteAsksYesOrNoUnderTheSessionTitle) {
             OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO(kOid).Table().Contains(5));
 
+  host_.Ui()->QueueAnswer(vbYes);
   EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", "&Panaikinti", "").Action,
             OrvelMenuResult::kRemoved);
   EXPECT_FALSE(BO(kOid).Table().Contains(5));
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"52 Apskaita 2010 Ar tikrai norite panaikinti?",
                                                "52 Apskaita 2010 Ar tikrai norite panaikinti?"}));
   // A delete that fails leaves the node.
+  host_.Ui()->QueueAnswer(vbYes);
   EXPECT_EQ(currencies_->ClickMenu("O00022005", "C", "&Panaikinti", "").Action,
             OrvelMenuResult::kNothing);
 }
@@ -135,6 +137,7 @@ class CurrencyListDateTest : public CurrencyAdaptersTest,
 
 TEST_P(CurrencyListDateTest, TheDateIsQuotedOrReplaced) {
   auto euro = Euro();
+  if (GetParam().boxed) host_.Ui()->QueueAnswer(vbOK);
   auto result = euro->Properties("CurrencyList", GetParam().given);
   EXPECT_EQ(result.Number, 0);
   EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
@@ -162,6 +165,7 @@ TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   auto euro = Euro();
   auto empty = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
   BO(kOid).ReplyRead("GetCurrencyByCode", empty);
+  host_.Ui()->QueueAnswer(vbOK);
   auto result = euro->Properties("CurrencyByCode", "XYZ");
   EXPECT_EQ(result.Number, 777);
   EXPECT_EQ(result.Text, "Klaidingas valiutos kodas XYZ !");
@@ -296,6 +300,7 @@ TEST_F(CurrencyAdaptersTest, SumByWordsUsesTheCurrencyRecordAndShowsFailures) {
   EXPECT_TRUE(Boxes().empty());
 
   Variant::Array none;
+  host_.Ui()->QueueAnswer(vbOK);
   result = euro->Methods("SumByWords", none);
   EXPECT_EQ(result.Number, 777);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 " + result.Text});

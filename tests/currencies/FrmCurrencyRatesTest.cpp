@@ -173,6 +173,7 @@ class RatesServiceFailureTest : public FrmCurrencyRatesTest,
 
 TEST_P(RatesServiceFailureTest, TheUserIsToldAndTheWindowStaysUsable) {
   service_.SetBehaviour(GetParam().what, GetParam().behaviour);
+  host_.Ui()->QueueAnswer(vbOK);
   Fill();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   const auto& box = host_.Ui()->Boxes()[0];
@@ -204,6 +205,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FrmCurrencyRatesTest, AMissingClientIsToldAsMissingSoftware) {
   SoapClient::SetFactory([]() -> std::unique_ptr<SoapClient> { return nullptr; });
+  host_.Ui()->QueueAnswer(vbOK);
   Fill();
   ASSERT_EQ(Boxes().size(), 1u);
   EXPECT_EQ(
@@ -258,6 +260,7 @@ TEST_F(FrmCurrencyRatesTest, AWriteThatFailsHalfWayKeepsWhatWasWrittenAndReloads
   failOn_ = "USD";
   Fill();
   host_.Log().Clear();
+  host_.Ui()->QueueAnswer(vbOK);
   window_->cmdWrite.Click();
   EXPECT_EQ(Saves(),
             (std::vector<std::string>{"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"}));
@@ -281,6 +284,7 @@ TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {
 
   // A bank row without a stored currency: the same.
   window_->lvwRows.ItemClick(*RowOf("CZK"));
+  host_.Ui()->QueuePopupPick("");
   window_->lvwRows.MouseUp(vbRightButton);
   EXPECT_EQ(host_.Ui()->Popups()[1].shown, std::vector<std::string>{"mnuWriteAll"});
   EXPECT_EQ(window_->MenuKey(), "") << "no pick, no action";
@@ -438,6 +442,7 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(FxRatesTest, TheServicesOwnErrorIsShownInTheUnreachableBox) {
   service_.SetBehaviour("getFxRates", Behaviour::kOperationError);
+  host_.Ui()->QueueAnswer(vbOK);
   Fill(kEuroDay);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita 2010 Lietuvos Banko INTERNET svetainė "
                                               "nepasiekiama!\nNeteisingi parametrai: nėra "

@@ -170,6 +170,7 @@ TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
 TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
   auto w = Open("");
   w->txtOneCurr.Edit("svaras");
+  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Apskaita 2010 Nenurodydas valiutos kodas !\n",
                                                "0 Apskaita 2010 Būtina nurodyti valiutos "
@@ -205,6 +206,7 @@ TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
   auto w = Open("O00022005");
   w->txtState.Edit("Euro zonos");
   BO(kOid).FailCallsNamed("Orvel_SaveObject", 99, "Dublikatas");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(),
             std::vector<std::string>{"16 Apskaita 2010 Dublikatas\n\nĮrašymas neatliktas!"});
@@ -282,6 +284,7 @@ TEST_F(FrmCurrencyRateTest, NoRateOfTheDayShowsZeroAndRefusesToSaveIt) {
   Load("GBP");
   EXPECT_EQ(dialog_.txtDayRate.Text(), "0,00000000");
   dialog_.cmdWrite.SetEnabled(true);
+  host_.Ui()->QueueAnswer(vbOK);
   dialog_.cmdWrite.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Nenurodytas valiutos kursas !"});
   EXPECT_TRUE(BusinessLines().empty());

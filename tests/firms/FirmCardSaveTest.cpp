@@ -82,6 +82,7 @@ TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
   UsedInDocuments(Variant("daug"));
   auto w = Open("O00001002");
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
@@ -162,6 +163,7 @@ TEST_P(FirmCardCodeTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
   host_.Rights()->Deny("CFirmsCode", Right::Allowed);
   auto w = Open(c.oidr);
   Grid(*w).EditField("Code", c.code);
+  if (*c.check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
   w->cmdEnter_Click();
   const auto lines = BusinessLines();
   ASSERT_FALSE(lines.empty());
@@ -208,6 +210,7 @@ TEST_P(FirmCardFailureTest, WhatTheUserSeesAndWhatSurvives) {
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
   w->SSCNew.SetEnabled(false);
   BO("O0000100").FailCallsNamed(c.failing, c.number, "Įrašo negalima išsaugoti");
+  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(Boxes(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>{});
   EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
@@ -274,6 +277,7 @@ TEST_P(FirmCardShowHostTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
   auto w = Open("O00001002");
   w->ShowHost = spy;
   if (writeFails) BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
+  if (writeFails) host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(spy->unloads, 1);
   EXPECT_EQ(w->ShowHost, nullptr);
@@ -288,6 +292,7 @@ TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   auto spy = std::make_shared<ShowHostSpy>();
   auto w = Open("O00001002");
   w->ShowHost = spy;
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(spy->unloads, 0);
   EXPECT_EQ(w->ShowHost, spy);
@@ -298,6 +303,7 @@ TEST_F(FirmCardTest, TheWriteButtonRunsTheFirmsRules) {
   host_.Rights()->Deny("CFirmsCode", Right::Allowed);
   auto w = Open("O00001002");
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita Įmonės kodas kartojasi!"});
 }
@@ -326,6 +332,7 @@ TEST_F(FirmCardTest, ARecordThatVanishedClosesItsWindowOnCancel) {
   auto w = Open("O00001002");
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
   BO("O0000100").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita Įrašas nerastas"});
   EXPECT_EQ(host_.Log().Lines(Channel::Window),

@@ -279,6 +279,7 @@ TEST_F(FirmDebtTest, AClickShowsTheHourglassWhileItReads) {
 
 TEST_F(FirmDebtTest, AnUnreadableSumIsShownAndThePointerComesBack) {
   auto w = OpenWithDebt({{"Sum240", Variant("daug")}, {"Limit", kNone}});
+  host_.Ui()->QueueAnswer(vbOK);
   w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "");
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);

@@ -711,6 +711,7 @@ TEST_F(AccountDialogTest, AFailedWriteIsShownAndTheDialogStays) {
     dialog.cmdCancel.Click();
     savedAfterCancel = dialog.Saved;
   });
+  host_.Ui()->QueueAnswer(vbOK);
   Grid(*w).DoubleClickList(w->AccountsTab - 1);
   EXPECT_TRUE(stayed);
   EXPECT_FALSE(savedAfterCancel);
@@ -721,6 +722,7 @@ TEST_F(AccountDialogTest, AFailedWriteIsShownAndTheDialogStays) {
 TEST_F(FirmDetailListsTest, EditorsOfANewFirmAskToSaveItFirst) {
   auto w = Open("O00001001", "1");
   w->CurrentTab = w->AddressesTab;
+  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   w->EditDetail(true);
   w->EditAccount(true);
   w->EditFirmInfo(true);

@@ -260,6 +260,7 @@ TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
     if (Grid(*w).Tabs()[i].key == c.tab) index = static_cast<int>(i);
   }
   ASSERT_GE(index, 0);
+  if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(index, 2);
   EXPECT_EQ(w->CurrentTab, index + 1);
   const auto& popups = host_.Ui()->Popups();
@@ -347,6 +348,7 @@ TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   Select(*w, "Firms", "more", Variant("more"));
   Grid(*w).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(0, 2);
   EXPECT_FALSE(w->mnuToDesktop.Enabled());
   EXPECT_FALSE(w->mnuFirmDelete.Enabled());
@@ -390,6 +392,7 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
 
 TEST_F(FrmFirmsTest, EditorsRefuseAFirmNotSavedYet) {
   auto w = Open("O00001001", "1");
+  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
   w->EditDetail(true);
   w->EditAccount(false);
   ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
@@ -484,6 +487,7 @@ INSTANTIATE_TEST_SUITE_P(CopyOrNot, FrmFirmsNewTest, ::testing::Bool());
 TEST_F(FrmFirmsTest, NewMenuOpensEvenWhileTheButtonIsOff) {
   auto w = Open("O00001001", "1");
   ASSERT_FALSE(w->SSCNew.Enabled());
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
   w->SSCNew_MouseUp(2);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
   EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");

@@ -337,6 +337,7 @@ TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
     rs->AddRow({Variant("Pardavimas"), Variant("O00120015")});
     BO("O0000200").ReplyRead("GetGoodHistory", rs);
   }
+  host_.Ui()->QueueAnswer(vbOK);
   auto w = Open();
   EXPECT_EQ(w->lswHistory.ListItems().Count(), GetParam() ? 1 : 0);
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);

@@ -316,6 +316,7 @@ TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
   auto w = Open(c.oidr);
   ASSERT_TRUE(w);
   if (*c.rowKey) AddRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
   EXPECT_EQ(LastPopup().menu, "mnuPopUp");
@@ -371,6 +372,7 @@ TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
   if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
   auto w = Open("O00002002");
   if (c.selected) AddRow(*w, c.tab, "O00004002", c.tag);
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
   EXPECT_EQ(LastPopup().menu, "mnuMain");
@@ -412,6 +414,7 @@ TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   host_.Ui()->QueuePopupPick("mnuEdit");
   Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
   // A menu closed without a pick opens nothing.
+  host_.Ui()->QueuePopupPick("");
   Grid(*w).ClickList(TabIndex(*w, "PRICES"), vbRightButton);
   EXPECT_EQ(w->ran, (std::vector<std::string>{"EditRow 100", "EditDiscount 101"}));
   EXPECT_EQ(w->MenuAction, "");
@@ -481,6 +484,7 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   host_.Ui()->QueueAnswer(vbNo);
   w->mnuDelete.Click();
   EXPECT_TRUE(measures.Contains(2));
+  host_.Ui()->QueueAnswer(vbYes);
   w->mnuDelete.Click();
   EXPECT_FALSE(measures.Contains(2));
   EXPECT_EQ(w->ran, std::vector<std::string>{"LoadMeasures"});
@@ -495,6 +499,7 @@ TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
   w->ran.clear();
   AddRow(*w, "BRTemplates", "O00008003", Variant::Null());
   w->CurrentTab = w->TemplatesTab;
+  host_.Ui()->QueueAnswer(vbYes);  // even then
   w->mnuDelete.Click();
   EXPECT_TRUE(w->ran.empty());
   EXPECT_TRUE(host_.Log().Lines(Channel::Business).empty());
@@ -554,6 +559,7 @@ TEST_F(FrmGoodsTest, ClosingWithChangesAsksAndKeepsTheWindowOnNo) {
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Prekės kortelė\n\nUždaryti be išsaugojimo?");
   EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
   cancel = false;
+  host_.Ui()->QueueAnswer(vbYes);
   w->QueryRemove(cancel);  // Yes
   EXPECT_FALSE(cancel);
   EXPECT_FALSE(w->SSCClose.Enabled());
@@ -565,6 +571,7 @@ TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   w->SSCClose.MouseUp(1);
   w->SSCClose.MouseUp(vbRightButton);
   EXPECT_TRUE(BO("O0000200").Table().Contains(4));
+  host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose.MouseUp(vbRightButton);
   EXPECT_FALSE(BO("O0000200").Table().Contains(4));
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));

@@ -349,6 +349,7 @@ TEST_F(GoodsAdaptersTest, DeleteAsksOkCancelAndReportsRemovalOnOk) {
   host_.Ui()->QueueAnswer(vbCancel);
   EXPECT_EQ(goods->ClickMenu("O00002002", "C", "7", "").Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO("O0000200").Table().Contains(2));
+  host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(goods->ClickMenu("O00002002", "C", "7", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_FALSE(BO("O0000200").Table().Contains(2));
   ASSERT_EQ(Boxes().size(), 2u);
@@ -361,6 +362,7 @@ TEST_F(GoodsAdaptersTest, DeleteWithoutTheRightDoesNothingYetReadsAsRemoved) {
   host_.Rights()->Deny("CGoods", Right::Delete);
   auto goods = Goods();
   EXPECT_EQ(goods->DeleteOrvelObject("O00002002"), 0);
+  host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(goods->ClickMenu("O00002002", "C", "7", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_TRUE(BO("O0000200").Table().Contains(2));
   EXPECT_TRUE(BusinessLines().empty());

@@ -89,6 +89,7 @@ TEST_P(GoodsCardMeasureCaseTest, AGoodNeedsAMeasureAndWholeUnitsWhereCounted) {
   if (!c.precision.IsEmpty()) Grid(*w).EditField("AmountPrecision", c.precision);
   Grid(*w).EditField("Name", Variant("Kitas"));
   Clear();
+  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   const int32_t id = c.oidr[8] - '0';
   EXPECT_EQ(Stored(id, "Name") == Variant("Kitas"), c.saved);
@@ -166,6 +167,7 @@ TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   auto w = Open("O00002003");
   Grid(*w).EditField("Price", Variant(11));
   Clear();
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Apskaita Klaida!\n\nPažeistas ryšys"}));
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Price").Value(), Variant(11));
@@ -178,6 +180,7 @@ TEST_F(GoodsCardTest, ChangedMeanwhileReadsTheRecordAgain) {
   auto w = Open("O00002003");
   Grid(*w).EditField("Price", Variant(11));
   Clear();
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Price").Value(), Variant(10));
 }
@@ -255,6 +258,7 @@ TEST_F(GoodsCardTest, ANewRowOnAGoodNotSavedIsRefused) {
   auto w = Open("O00002001", "1");
   w->CurrentTab = 2;
   w->MenuAction = "100";
+  host_.Ui()->QueueAnswer(vbOK);
   w->EditRow();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Apskaita Išsaugokite naujai sukurtą įmonę"}));
   EXPECT_TRUE(dialogs->opened.empty());

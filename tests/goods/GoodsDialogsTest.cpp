@@ -168,6 +168,7 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   dialog.OrvelObjectUIO = group;
   dialog.Show();
   Type(dialog.txtGaranty, "24");
+  host_.Ui()->QueueAnswer(vbOK);
   dialog.cmdEnter.Click();
   EXPECT_EQ(group->calls, (std::vector<std::string>{"UpdateGaranty 15,0,24"}));
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Subscript out of range"}));
@@ -175,6 +176,7 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   // A failure inside the dialog is shown under the dialog's own title too.
   host_.Ui()->ClearBoxes();
   dialog.OrvelObjectUIO = nullptr;
+  host_.Ui()->QueueAnswer(vbOK);
   dialog.cmdEnter.Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
 }
@@ -417,6 +419,7 @@ class GoodPropertyCheckTest : public GoodPropertyTest,
 TEST_P(GoodPropertyCheckTest, EachKindIsCheckedBeforeTheWrite) {
   const PropertyCase& c = GetParam();
   const size_t before = Rows(c.oid);
+  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(EditNew(c.oid, c.fields), c.saved);
   EXPECT_EQ(Rows(c.oid), before + (c.saved ? 1 : 0));
   EXPECT_EQ(Boxes(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>{});
@@ -505,6 +508,7 @@ class GoodPropertyFailedWriteTest : public GoodPropertyTest,
 TEST_P(GoodPropertyFailedWriteTest, IsShownAndTheDialogStays) {
   const FailedWriteCase& c = GetParam();
   BO("O0000600").FailCallsNamed("Orvel_SaveObject", c.number, "UNIQUE constraint failed");
+  host_.Ui()->QueueAnswer(vbOK);
   EXPECT_FALSE(EditNew("O0000600", {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(2)}}, 1,
                        /*cancel=*/true));
   EXPECT_EQ(Boxes(), (std::vector<std::string>{c.box}));

@@ -154,17 +154,12 @@ TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UCase(kLower), kUpper);
   EXPECT_EQ(LCase(kUpper), kLower);
   EXPECT_EQ(UCase("Ąžuolų giria 42"), "ĄŽUOLŲ GIRIA 42");
-}
-
-TEST(Text, CaseMappingLeavesCaselessCharactersAlone) {
   // ß, ×, ÷, ĸ, ŉ and µ have no case partner inside these blocks; other
   // scripts and bad bytes pass through untouched.
   const std::string caseless = "ß×÷ĸŉµ€Ж\xFF\xC3";
   EXPECT_EQ(UCase(caseless), caseless);
   EXPECT_EQ(LCase(caseless), caseless);
-}
-
-TEST(Text, UpperFirstTouchesOnlyTheFirstCharacter) {
+  // UpperFirst touches only the first character.
   EXPECT_EQ(UpperFirst("šeši"), "Šeši");
   EXPECT_EQ(UpperFirst("ąŽUOLAS"), "ĄŽUOLAS");
   EXPECT_EQ(UpperFirst("1a"), "1a");

@@ -185,6 +185,7 @@ TEST_F(FrmPreviewConfigTest, WidthBoxTakesDigitsAndOneComma) {
 TEST_F(FrmPreviewConfigTest, NoCheckedColumnIsRefusedAndTheDialogStays) {
   auto d = Open("T;9;1;1;0;1;1;#WZWName;Pavadinimas;0;7,0;0");
   d->lvwColumns_ItemCheck(d->lvwColumns.ListItems().Item(1), false);
+  host_.Ui()->QueueAnswer(vbOK);
   d->cmdOK.Click();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   const auto& box = host_.Ui()->Boxes()[0];

@@ -174,6 +174,7 @@ TEST_F(FrmReferenceBookPreviewTest, AGroupListArgumentShowsTheObjectsName) {
 
 TEST_F(FrmReferenceBookPreviewTest, AnEmptyListSaysSo) {
   type_->lists[""] = Set(kFields, {});
+  host_.Ui()->QueueAnswer(vbOK);
   auto w = Open();
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   const auto& box = host_.Ui()->Boxes()[0];
@@ -199,6 +200,7 @@ class MalformedConfigTest : public FrmReferenceBookPreviewTest,
                             public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(MalformedConfigTest, FallsBackToTheDefaultAndSaysSo) {
+  host_.Ui()->QueueAnswer(vbOK);
   auto w = Open(GetParam());
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   const auto& box = host_.Ui()->Boxes()[0];

@@ -10,6 +10,7 @@
 #include "orvel/OrvelModule.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
+#include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestComponentRegistry.h"
 #include "testhost/TestHost.h"

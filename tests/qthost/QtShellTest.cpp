@@ -62,6 +62,7 @@
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceHostClasses.h"
 #include "refhost/ReferenceObjectManager.h"
+#include "support/Sql.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
 #include "ui/Menu.h"
@@ -590,10 +591,7 @@ class ShellTest : public ::testing::Test {
     return sub ? sub->findChild<FormView*>() : nullptr;
   }
 
-  Variant Stored(const std::string& sql) {
-    auto stmt = host_.Database().Prepare(sql);
-    return stmt.Step() ? stmt.Column(0) : Variant();
-  }
+  Variant Stored(const std::string& sql) { return FirstValue(host_.Database(), sql); }
 
   bool Called(const std::string& call) const {
     return std::find(calls_.begin(), calls_.end(), call) != calls_.end();

@@ -92,6 +92,7 @@ TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
 
 TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
   BO(kDepartments).Table().Remove(1);
+  host_.Ui()->QueueAnswer(vbOK);
   auto result = Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
@@ -240,6 +241,7 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
 TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
   auto w = Open("O00016042", "T");
   host_.ObjectManager()->ReplyToCall("OrvelGroupSelect", OrvelResult{7, "Nėra sąrašo", Variant()});
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdFirmBranches.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Klaida!\nNėra sąrašo"});
   EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
@@ -309,6 +311,7 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
   auto w = Open("O00016042", "T");
   w->txtName.Edit("Kasa");
   BO(kDepartments).FailCallsNamed("Orvel_SaveObject", 9, "Užrakinta");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita Užrakinta\nĮrašymas neatliktas!"});
   EXPECT_EQ(w->txtName.Text(), "Kasa");
@@ -347,7 +350,8 @@ TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeep
   EXPECT_EQ(w->txtName.Text(), "Kasa");
 
   host_.Ui()->ClearBoxes();
-  w->SSCNew.Click();  // Yes by default, to both
+  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbYes);
+  w->SSCNew.Click();
   EXPECT_EQ(Boxes().size(), 2u);
   EXPECT_TRUE(w->IsNew());
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
@@ -362,6 +366,7 @@ TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
 
   host_.Rights()->Grant("CReference", TestRights::Right::Delete);
   auto other = Open("O00016042", "T");
+  host_.Ui()->QueueAnswer(vbYes);
   other->SSCClose.MouseUp(vbRightButton);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"52 Apskaita Ar tikrai norite panaikinti?\n\n"
                                               "Buhalterija"});

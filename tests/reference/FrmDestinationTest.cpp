@@ -71,7 +71,7 @@ class FrmDestinationTest : public ModuleTest {
   // A right click on the row of that key, picking `entry` from the menu.
   void RightClick(frmDestination& w, const char* key, const std::string& entry) {
     w.TemplatesList()->ListItems().Item(key).SetSelected(true);
-    if (!entry.empty()) host_.Ui()->QueuePopupPick(entry);
+    host_.Ui()->QueuePopupPick(entry);  // "": the user closes the menu
     w.OrvelGrid->ListMouseUp(frmDestination::kTemplatesTab, 0, vbRightButton);
   }
 
@@ -201,6 +201,7 @@ TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {
     d.cmdEnter.Click();
     loaded = d.Loaded();
   });
+  host_.Ui()->QueueAnswer(vbOK);
   RightClick(*w, kOwnKey, "mnuTemplateEdit");
   EXPECT_FALSE(loaded);
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);

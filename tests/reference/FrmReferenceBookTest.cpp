@@ -112,6 +112,7 @@ TEST_F(FrmReferenceBookTest, AFailedWriteKeepsTheValuesAndTheWriteButton) {
   auto w = Open("O00016022", "T");
   BO(kBook).FailCallsNamed("Orvel_SaveObject", 3604, "Toks pavadinimas jau yra");
   Grid(*w).EditField("Name", Variant("Grupė A"));
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Įrašymas neatliktas!\nToks pavadinimas jau yra"});
   EXPECT_EQ(host_.Ui()->Boxes()[0].title, w->MsgTitle());
@@ -260,6 +261,7 @@ TEST_F(FrmReferenceBookTest, ACancelThatCannotReadClosesTheCard) {
   auto w = Open("O00016022", "T");
   Grid(*w).EditField("Name", Variant("x"));
   BO(kBook).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
+  host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Įrašas nerastas"});
   EXPECT_EQ(WindowLines(), std::vector<std::string>{"RemoveWindow O00016022 True"});

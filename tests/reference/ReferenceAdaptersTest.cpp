@@ -188,6 +188,7 @@ class ReferenceNewGoneTest : public ReferenceBookTest,
 
 TEST_P(ReferenceNewGoneTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
   const GoneCase& c = GetParam();
+  host_.Ui()->QueueAnswer(vbOK);
   auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(result.Value.IsEmpty());
@@ -211,12 +212,14 @@ TEST_F(ReferenceBookTest, DeleteAsksYesOrNo) {
   host_.Ui()->QueueAnswer(vbNo);
   EXPECT_EQ(adapter->ClickMenu("O00016023", "T", "6", "").Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO(kBook).Table().Contains(3));
+  host_.Ui()->QueueAnswer(vbYes);
   EXPECT_EQ(adapter->ClickMenu("O00016023", "T", "6", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_FALSE(BO(kBook).Table().Contains(3));
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"52 Ar tikrai norite panaikinti?",
                                                "52 Ar tikrai norite panaikinti?"}));
   // A refused delete leaves the node in the tree.
   BO(kBook).FailCallsNamed("Orvel_DeleteObject", 547, "Naudojamas");
+  host_.Ui()->QueueAnswer(vbYes);
   EXPECT_EQ(adapter->ClickMenu("O00016022", "T", "6", "").Action, OrvelMenuResult::kNothing);
 }
 
@@ -316,6 +319,7 @@ INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
 
 TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
+  host_.Ui()->QueueAnswer(vbOK);
   auto result = Record("O00016022")->Properties("Rows", "x");
   EXPECT_EQ(result.Number, 13);
   EXPECT_EQ(result.Text, "Netinkamas parametras");
@@ -383,6 +387,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(ReferenceRecordTest, OnlyNumber777IsShownToTheUser) {
   Variant::Array none;
   BO(kBook).FailCallsNamed("Close", 777, "Laikotarpis uždarytas");
+  host_.Ui()->QueueAnswer(vbOK);
   auto shown = Record("O00016022")->Methods("Close", none);
   EXPECT_EQ(shown.Number, 777);
   EXPECT_EQ(shown.Text, "Laikotarpis uždarytas");

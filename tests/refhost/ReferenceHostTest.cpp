@@ -71,14 +71,6 @@ TEST_F(ReferenceHostTest, DeletingARecordAsksAndRemovesItsRow) {
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(0));
 }
 
-TEST_F(ReferenceHostTest, TheFirmTreeIsServedByTheDatabase) {
-  auto firms = host_.Objects().GetOrvelObjectUI("O0000100");
-  auto rs = firms->GetOrvelObjectList("O0000100", "", "");
-  ASSERT_NE(rs, nullptr);
-  EXPECT_GT(rs->RecordCount(), 4);
-  EXPECT_THAT(calls_, Contains(::testing::StartsWith("GetCall Orvel_GetObjectList")));
-}
-
 TEST_F(ReferenceHostTest, AReferenceBookRecordIsEditedOnItsCard) {
   auto root = host_.Objects().GetOrvelObjectUI("O0001600");
   ASSERT_NE(root, nullptr);

@@ -20,6 +20,7 @@
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceObjectManager.h"
 #include "refhost/TerminalUi.h"
+#include "support/Sql.h"
 #include "ui/Form.h"
 
 namespace orvel {
@@ -82,10 +83,7 @@ class RunningHost : public ::testing::Test {
     return window ? host_.Ui().SheetOf(window->OrvelObjectUIO()) : nullptr;
   }
 
-  Variant Stored(const std::string& sql) {
-    auto stmt = host_.Database().Prepare(sql);
-    return stmt.Step() ? stmt.Column(0) : Variant();
-  }
+  Variant Stored(const std::string& sql) { return FirstValue(host_.Database(), sql); }
 
   TempDatabase file_;
   AnsweringPrompter prompter_;

@@ -11,6 +11,7 @@
 #include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
+#include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestHost.h"
 #include "testhost/TestHostClasses.h"

@@ -46,41 +46,30 @@ TEST(CallLog, Lines_OfOneChannel_KeepCallOrder) {
   EXPECT_TRUE(log.Entries().empty());
 }
 
-TEST(CallLog, Echo_PrintsMatchingChannelsOneLineEach) {
+// The echo prints the chosen channels (none chosen: all) one line each,
+// with or without the channel's name, until given no stream.
+TEST(CallLog, Echo_PrintsTheChosenChannelsOneLineEach) {
   CallLog log;
   std::ostringstream out;
   log.SetEcho(&out, {Channel::Message, Channel::Business});
-
   log.Add(Channel::Business, "ExecCall", {"Orvel_DeleteObject", "'O00003005'"});
   log.Add(Channel::Rights, "CanRead", {"CBanks", "0"});
   log.Add(Channel::Message, "MsgBox", {"48", "Orvel Apskaita", "Pirma eilutė\r\nantra"});
+  log.SetEcho(&out);
+  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Code"});
+  log.SetEcho(&out, {Channel::Window}, /*withChannel=*/false);
+  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
+  log.SetEcho(nullptr);
+  log.Add(Channel::Window, "ShowWindow", {"O00003006"});
 
   EXPECT_EQ(out.str(),
             "Business: ExecCall Orvel_DeleteObject 'O00003005'\n"
-            "Message: MsgBox 48 Orvel Apskaita Pirma eilutė\\r\\nantra\n");
+            "Message: MsgBox 48 Orvel Apskaita Pirma eilutė\\r\\nantra\n"
+            "Settings: SaveUserSetting O0000300 Preview Code\n"
+            "ShowWindow O00003005\n");
   // The journal itself keeps the text as it was.
   EXPECT_EQ(log.Entries()[2].args[2], "Pirma eilutė\r\nantra");
-}
-
-TEST(CallLog, Echo_NoChannelsMeansAll_NullStreamStops) {
-  CallLog log;
-  std::ostringstream out;
-  log.SetEcho(&out);
-  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Code"});
-  log.SetEcho(nullptr);
-  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Name"});
-
-  EXPECT_EQ(out.str(), "Settings: SaveUserSetting O0000300 Preview Code\n");
-  EXPECT_EQ(log.Size(), 2u);
-}
-
-TEST(CallLog, Echo_WithoutChannel_PrintsTextAlone) {
-  CallLog log;
-  std::ostringstream out;
-  log.SetEcho(&out, {Channel::Window}, /*withChannel=*/false);
-  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
-
-  EXPECT_EQ(out.str(), "ShowWindow O00003005\n");
+  EXPECT_EQ(log.Size(), 6u);
 }
 
 struct LogTextCase {

@@ -34,45 +34,9 @@ class MemoryBusinessObjectTest : public ::testing::Test {
     return bo_.ExecArrayCall("Orvel_SaveObject", param, args);
   }
 
-  // The OIDRs of a list, in order.
-  static std::vector<std::string> Oidrs(const std::shared_ptr<MemoryRecordset>& rs) {
-    std::vector<std::string> out;
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      out.push_back(rs->Fields("OIDR").Value().String());
-    }
-    return out;
-  }
-
   std::shared_ptr<CallLog> log_;
   MemoryBusinessObject bo_;
 };
-
-TEST_F(MemoryBusinessObjectTest, SaveNew_WritesOidrFieldWhenPresent_IdsNeverReused) {
-  bo_.Table().Seed({{{"Name", "A"}}, {{"Name", "B"}}});
-  ASSERT_EQ(bo_.ExecCall("Orvel_DeleteObject", "'O00003002'", 0).Number, 0);
-  // A set read earlier carries OIDR and Preview; saving it as new copies the record.
-  auto rs = ReadSet(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0));
-
-  ASSERT_EQ(Save("'O0000300',''", rs).Number, 0);
-
-  EXPECT_EQ(rs->Fields("ID").Value(), Variant(3));
-  EXPECT_EQ(rs->Fields("OIDR").Value(), Variant("O00003003"));
-  EXPECT_EQ(bo_.Table().Value(3, "Name"), Variant("A"));
-  EXPECT_EQ(bo_.Table().Count(), 2u);
-}
-
-TEST_F(MemoryBusinessObjectTest, SaveExisting_UpdatesThatRecordOnly) {
-  bo_.Table().Seed({{{"Code", "SEB"}, {"Name", "SEB"}}, {{"Code", "HAB"}, {"Name", "Swedbank"}}});
-  auto rs = ReadSet(bo_.GetCall("Orvel_ReadObject", "'O00003002'", 0));
-  rs->Fields("Name").SetValue(Variant("Swedbank AB"));
-
-  ASSERT_EQ(Save("'O0000300','O00003002'", rs).Number, 0);
-
-  EXPECT_EQ(bo_.Table().Count(), 2u);
-  EXPECT_EQ(bo_.Table().Value(2, "Name"), Variant("Swedbank AB"));
-  EXPECT_EQ(bo_.Table().Value(2, "Code"), Variant("HAB"));
-  EXPECT_EQ(bo_.Table().Value(1, "Name"), Variant("SEB"));
-}
 
 TEST_F(MemoryBusinessObjectTest, Save_FieldUnknownToType_IsKeptNotLost) {
   auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID", "Name", "Swift"});

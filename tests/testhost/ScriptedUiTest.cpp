@@ -3,6 +3,7 @@
 
 #include "testhost/CallLog.h"
 #include "testhost/FakeOrvelGrid.h"
+#include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
@@ -21,8 +22,9 @@ struct DefaultCase {
 
 class ScriptedUiDefaultTest : public ::testing::TestWithParam<DefaultCase> {};
 
-TEST_P(ScriptedUiDefaultTest, EmptyQueue_AnswersFirstButton) {
+TEST_P(ScriptedUiDefaultTest, Allowed_EmptyQueue_AnswersFirstButton) {
   ScriptedUi ui(std::make_shared<CallLog>());
+  ui.AllowUnscripted();
   EXPECT_EQ(ui.MsgBox("Tekstas", GetParam().flags, "Orvel Apskaita"), GetParam().answer);
 }
 
@@ -34,7 +36,7 @@ INSTANTIATE_TEST_SUITE_P(Flags, ScriptedUiDefaultTest,
                                            DefaultCase{vbYesNoCancel + vbExclamation, vbYes},
                                            DefaultCase{vbYesNo + vbInformation, vbYes}));
 
-TEST(ScriptedUi, MsgBox_AnswersQueueInOrder_ThenDefaults_AndKeepsEachBox) {
+TEST(ScriptedUi, MsgBox_AnswersQueueInOrder_AndKeepsEachBox) {
   auto log = std::make_shared<CallLog>();
   ScriptedUi ui(log);
   ui.QueueAnswer(vbNo);
@@ -42,10 +44,9 @@ TEST(ScriptedUi, MsgBox_AnswersQueueInOrder_ThenDefaults_AndKeepsEachBox) {
 
   EXPECT_EQ(ui.MsgBox("Ar tikrai norite panaikinti?", 49, "Orvel Apskaita"), vbNo);
   EXPECT_EQ(ui.MsgBox("Išsaugoti?", vbYesNoCancel, "Orvel Apskaita"), vbCancel);
-  EXPECT_EQ(ui.MsgBox("Išsaugoti?", vbYesNoCancel, "Orvel Apskaita"), vbYes);
 
   EXPECT_EQ(ui.PendingAnswers(), 0u);
-  ASSERT_EQ(ui.Boxes().size(), 3u);
+  ASSERT_EQ(ui.Boxes().size(), 2u);
   EXPECT_EQ(ui.Boxes()[0].prompt, "Ar tikrai norite panaikinti?");
   EXPECT_EQ(ui.Boxes()[0].flags, 49);
   EXPECT_EQ(ui.Boxes()[0].title, "Orvel Apskaita");
@@ -75,6 +76,41 @@ TEST(ScriptedUi, Defaults_AndSettings) {
   EXPECT_EQ(ui.ScreenWidth(), 19200);
   EXPECT_THAT(ui.MousePointers(), ElementsAre(vbHourglass, vbDefault));
   EXPECT_EQ(ui.DoEventsCount(), 2);
+}
+
+// The complaints of a strict Ui, caught instead of failing the test.
+class ScriptedUiStrictTest : public ::testing::Test {
+ protected:
+  ScriptedUiStrictTest() {
+    ScriptedUi::SetComplaint([this](const std::string& what) { complaints.push_back(what); });
+  }
+  ~ScriptedUiStrictTest() override { ScriptedUi::SetComplaint(FailTheRunningTest); }
+  std::vector<std::string> complaints;
+};
+
+TEST_F(ScriptedUiStrictTest, UnansweredBoxOrPopup_AndLeftoverAnswers_AreComplaints) {
+  ScriptedUi ui(std::make_shared<CallLog>());
+  Menu popup{"mnuList"};
+  popup.Add("mnuOpen", "Atidaryti");
+  EXPECT_EQ(ui.MsgBox("Išsaugoti?", vbYesNo, "Orvel Apskaita"), vbYes);
+  ui.PopupMenu(popup);
+  ui.QueueAnswer(vbNo);
+  ui.QueuePopupPick("mnuOpen");
+  ui.QueueModal([](Form&) {});
+  ui.Verify();
+  EXPECT_THAT(complaints,
+              ElementsAre("ScriptedUi: message box nobody queued an answer for: \"Išsaugoti?\" "
+                          "(flags 4, title \"Orvel Apskaita\")",
+                          "ScriptedUi: popup menu mnuList nobody queued a pick for (it shows mnuOpen)",
+                          "ScriptedUi: answers queued but no message box asked for them: 7",
+                          "ScriptedUi: popup picks queued but no popup menu asked for them: mnuOpen",
+                          "ScriptedUi: 1 modal scripts queued but no dialog was shown for them"));
+  EXPECT_EQ(ui.PendingAnswers(), 0u);  // each leftover is told once
+  complaints.clear();
+  ui.AllowUnscripted();
+  ui.MsgBox("Išsaugoti?", vbYesNo, "Orvel Apskaita");
+  ui.PopupMenu(popup);
+  EXPECT_THAT(complaints, IsEmpty());
 }
 
 // A dialog whose OK button unloads it, as the module's dialogs do.
@@ -123,14 +159,6 @@ TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheScriptOnTheShownForm) {
   EXPECT_THAT(log->Lines(Channel::Window), ElementsAre("ShowModal frmAccounts"));
 }
 
-TEST_F(ScriptedUiFormsTest, ShowModal_WithoutScript_TheUserClosesIt) {
-  frmDialog dialog;
-  dialog.ShowModal(ui);
-  EXPECT_EQ(dialog.loads, 1);
-  EXPECT_FALSE(dialog.Saved);
-  EXPECT_FALSE(dialog.Visible());
-}
-
 TEST_F(ScriptedUiFormsTest, ShowModal_NestedDialogTakesTheNextScript) {
   frmDialog outer("frmFirmInfo");
   frmDialog inner("frmAccounts");
@@ -149,12 +177,20 @@ TEST_F(ScriptedUiFormsTest, ShowModal_NestedDialogTakesTheNextScript) {
   EXPECT_FALSE(inner.Visible());
 }
 
+// A form its Form_Load unloads leaves the script for the next; without a
+// script the user closes the dialog.
 TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued) {
   frmDialog dialog;
   dialog.unloadInLoad = true;
   ui.QueueModal([](Form&) {});
   dialog.ShowModal(ui);
   EXPECT_EQ(ui.PendingModalScripts(), 1u);
+  dialog.unloadInLoad = false;
+  dialog.ShowModal(ui);
+  dialog.ShowModal(ui);
+  EXPECT_EQ(ui.PendingModalScripts(), 0u);
+  EXPECT_FALSE(dialog.Saved);
+  EXPECT_FALSE(dialog.Visible());
 }
 
 class ScriptedUiPopupTest : public ScriptedUiFormsTest {
@@ -181,7 +217,8 @@ TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntry_BeforeReturning) {
   EXPECT_THAT(ui.Popups()[0].shown, ElementsAre("mnuOpen", "mnuToDesktop", "mnuDelete"));
 }
 
-TEST_F(ScriptedUiPopupTest, EmptyQueue_PicksNothing) {
+TEST_F(ScriptedUiPopupTest, UserClosingTheMenu_PicksNothing) {
+  ui.QueuePopupPick("");
   ui.PopupMenu(popup);
   EXPECT_THAT(clicks, IsEmpty());
   EXPECT_EQ(ui.Popups()[0].picked, "");
@@ -205,6 +242,9 @@ TEST_F(ScriptedUiPopupTest, NothingVisible_ShowsNothingAndKeepsThePick) {
   ui.PopupMenu(popup);
   EXPECT_THAT(ui.Popups()[0].shown, IsEmpty());
   EXPECT_EQ(ui.PendingPopupPicks(), 1u);
+  popup.Find("mnuOpen")->SetVisible(true);
+  ui.PopupMenu(popup);
+  EXPECT_THAT(clicks, ElementsAre("mnuOpen"));
 }
 
 TEST_F(ScriptedUiFormsTest, NewOrvelGrid_HandsOutFakesAndKeepsThem) {

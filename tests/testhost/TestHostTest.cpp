@@ -6,6 +6,7 @@
 #include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
+#include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "support/StubObjectUI.h"
 #include "testhost/TestComponent.h"

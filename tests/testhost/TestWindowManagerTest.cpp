@@ -73,52 +73,41 @@ TEST_F(TestWindowManagerTest, QueryRemove_ReturnsWindowsCancel_FalseWhenNoneRegi
   EXPECT_THAT(keeping->events, ElementsAre("Show", "QueryRemove"));
 }
 
+// RemoveWindow asks the window unless forced; CloseWindow always asks.
 struct CloseCase {
+  bool byClose;
   bool keepObject;
   bool force;  // RemoveWindow only
   bool stillOpen;
   std::vector<std::string> events;
 };
 
-class RemoveWindowTest : public TestWindowManagerTest,
-                         public ::testing::WithParamInterface<CloseCase> {};
-
-TEST_P(RemoveWindowTest, AsksUnlessForced_UnloadsUnlessCancelled) {
-  auto window = StubWindow::ForRecord("O00003005");
-  window->keepObject = GetParam().keepObject;
-  manager_.ShowWindow(window);
-
-  manager_.RemoveWindow("O00003005", GetParam().force);
-
-  EXPECT_EQ(manager_.IsOpen("O00003005"), GetParam().stillOpen);
-  EXPECT_EQ(window->events, GetParam().events);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, RemoveWindowTest,
-    ::testing::Values(CloseCase{false, false, false, {"Show", "QueryRemove", "Unload"}},
-                      CloseCase{true, false, true, {"Show", "QueryRemove"}},
-                      CloseCase{true, true, false, {"Show", "Unload"}}));
-
 class CloseWindowTest : public TestWindowManagerTest,
                         public ::testing::WithParamInterface<CloseCase> {};
 
-TEST_P(CloseWindowTest, AsksThenUnloadsUnlessCancelled) {
+TEST_P(CloseWindowTest, AsksUnlessForced_UnloadsUnlessCancelled) {
   auto window = StubWindow::ForRecord("O00003005");
   window->keepObject = GetParam().keepObject;
   manager_.ShowWindow(window);
 
-  manager_.CloseWindow(window);
+  if (GetParam().byClose) {
+    manager_.CloseWindow(window);
+    EXPECT_EQ(log_->Lines(Channel::Window)[1], "CloseWindow O00003005");
+  } else {
+    manager_.RemoveWindow("O00003005", GetParam().force);
+  }
 
   EXPECT_EQ(manager_.IsOpen("O00003005"), GetParam().stillOpen);
   EXPECT_EQ(window->events, GetParam().events);
-  EXPECT_EQ(log_->Lines(Channel::Window)[1], "CloseWindow O00003005");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, CloseWindowTest,
-    ::testing::Values(CloseCase{false, false, false, {"Show", "QueryRemove", "Unload"}},
-                      CloseCase{true, false, true, {"Show", "QueryRemove"}}));
+    ::testing::Values(CloseCase{false, false, false, false, {"Show", "QueryRemove", "Unload"}},
+                      CloseCase{false, true, false, true, {"Show", "QueryRemove"}},
+                      CloseCase{false, true, true, false, {"Show", "Unload"}},
+                      CloseCase{true, false, false, false, {"Show", "QueryRemove", "Unload"}},
+                      CloseCase{true, true, false, true, {"Show", "QueryRemove"}}));
 
 TEST_F(TestWindowManagerTest, RemoveWindow_UnknownOidr_DoesNothing) {
   auto window = StubWindow::ForRecord("O00003005");
