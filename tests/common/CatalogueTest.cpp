@@ -178,10 +178,10 @@ TEST_F(CatalogueHostTest, GetObjectRightsAsksTheFourRightsInOrder) {
 // title; without one, under the session's; before any session, under the
 // suite's name. Its text is Lithuanian like every other box.
 TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions) {
+  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   ShowStop("Neteisinga kaina", "Orvel");  // the stop icon with OK
   host_.Session()->SetAppTitle("Mano apskaita");
   auto fail = [] { throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų"); };
-  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   Handle("Orvelta", fail);
   Handle(fail);
   ResetOrvelS();

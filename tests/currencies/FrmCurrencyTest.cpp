@@ -249,6 +249,7 @@ TEST_F(FrmCurrencyTest, NewRekeysTheWindowAndAFailedReloadClosesIt) {
             (std::vector<std::string>{"QueryRemove O00022005 True", "Rekey O00022005"}));
   auto other = Open("O00022006");
   BO(kOid).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas panaikintas");
+  host_.Ui()->QueueAnswer(vbOK);
   other->ReloadCard();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Įrašas panaikintas"});
   EXPECT_EQ(host_.Log().Lines(Channel::Window).front(), "RemoveWindow O00022006 True");
