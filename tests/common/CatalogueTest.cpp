@@ -178,7 +178,7 @@ TEST_F(CatalogueHostTest, GetObjectRightsAsksTheFourRightsInOrder) {
 // title; without one, under the session's; before any session, under the
 // suite's name. Its text is Lithuanian like every other box.
 TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions) {
-  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
+  for (int box = 0; box < 4; ++box) host_.Ui()->QueueAnswer(vbOK);
   ShowStop("Neteisinga kaina", "Orvel");  // the stop icon with OK
   host_.Session()->SetAppTitle("Mano apskaita");
   auto fail = [] { throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra laukų"); };
