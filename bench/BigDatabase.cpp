@@ -11,6 +11,7 @@
 #include <string_view>
 #include <vector>
 
+#include "bizlayer/PgDatabase.h"
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/Database.h"
@@ -101,6 +102,15 @@ class Filler {
   std::unique_ptr<Transaction> transaction_;
 };
 
+// Whether the server's database already keeps an office: the bulk fill
+// starts only on an empty one.
+bool HoldsAnOffice(const std::string& url) {
+  PgDatabase server(url);
+  auto found = server.Prepare(
+      "SELECT COUNT(*) FROM information_schema.tables WHERE table_name = 'schema_parts'");
+  return found.Step() && found.Column(0).NumberValue() > 0;
+}
+
 }  // namespace
 
 Made Make(const std::string& path, const Size& size, const Progress& progress) {
@@ -113,18 +123,25 @@ Made Make(const std::string& path, const Size& size, const Progress& progress) {
         "dydžiai netinka: prekių turi būti daugiau nei grupės prekių, dokumentų ne mažiau nei "
         "firmos dokumentų, ir kiekvieno bent po vieną");
   }
-  if (std::filesystem::exists(path)) {
-    throw std::invalid_argument("failas " + path + " jau yra: duomenų bazė daroma iš naujo");
+  const bool server = PgDatabase::IsUrl(path);
+  if (server ? HoldsAnOffice(path) : std::filesystem::exists(path)) {
+    throw std::invalid_argument((server ? "serveryje " + path + " jau yra apskaita"
+                                        : "failas " + path + " jau yra") +
+                                ": duomenų bazė daroma iš naujo");
   }
 
   auto db = ReferenceDatabase::Open(path);
   // The bulk fill is written once and checked by the rows it holds; a crash
-  // half way leaves a file to throw away, so the log need not reach the disk
-  // at every commit.
-  db->Exec("PRAGMA synchronous = OFF");
-  // The goods' index by group and name grows in random order: a cache that
-  // holds it saves reading its pages back again and again.
-  db->Exec("PRAGMA cache_size = -262144");
+  // half way leaves a database to throw away, so the log need not reach the
+  // disk at every commit.
+  if (server) {
+    db->Exec("SET synchronous_commit = off");
+  } else {
+    db->Exec("PRAGMA synchronous = OFF");
+    // The goods' index by group and name grows in random order: a cache
+    // that holds it saves reading its pages back again and again.
+    db->Exec("PRAGMA cache_size = -262144");
+  }
   std::mt19937_64 gen(size.seed);
   Made made;
 

@@ -37,10 +37,11 @@ struct Made {
 // Called now and then with the part done, 0 to 1.
 using Progress = std::function<void(double done)>;
 
-// Makes the database at `path`, which must not exist yet. Throws
+// Makes the database at `path`: a SQLite file, which must not exist yet, or
+// an office's PostgreSQL server by its URL, whose database must be empty. Throws
 // std::runtime_error (DatabaseError) on failure, and std::invalid_argument for
 // a size whose parts do not fit (more group goods than goods, ...) or a
-// file that is there already; the texts are Lithuanian.
+// database that is there already; the texts are Lithuanian.
 Made Make(const std::string& path, const Size& size, const Progress& progress = {});
 
 }  // namespace orvel::bigdb

@@ -3,7 +3,10 @@
 // deep, firms, documents and their lines.
 //
 //   orvel-bigdb [--goods N] [--firms N] [--documents N] [--group-goods N]
-//               [--firm-documents N] [--good-movements N] [--seed N] --out FILE
+//               [--firm-documents N] [--good-movements N] [--seed N] --out FILE|URL
+//
+// --out names a SQLite file that is not there yet, or an office's PostgreSQL
+// server ("postgresql://user@host:port/db") whose database is empty.
 //
 // Defaults: a million goods, 200,000 of them in one group; 100,000 firms;
 // 300,000 documents, 100,000 of them of one firm; 100,000 lines of one good.
@@ -27,7 +30,8 @@ namespace {
 
 constexpr const char* kUsage =
     "Naudojimas: orvel-bigdb [--goods N] [--firms N] [--documents N] [--group-goods N]\n"
-    "                        [--firm-documents N] [--good-movements N] [--seed N] --out FAILAS\n";
+    "                        [--firm-documents N] [--good-movements N] [--seed N]\n"
+    "                        --out FAILAS|postgresql://vartotojas@serveris:prievadas/duomenų_bazė\n";
 
 // The percent done, once the fill has run a second: on a terminal one line
 // written over, elsewhere a line at every tenth.

@@ -18,6 +18,7 @@
 #include <unistd.h>
 
 #include <filesystem>
+#include <functional>
 #include <fstream>
 #include <iostream>
 #include <memory>
@@ -31,6 +32,7 @@
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "hostkit/LoopbackRateService.h"
+#include "refhost/FillProgress.h"
 #include "refhost/HostCommandLine.h"
 #include "refhost/ModuleLibrary.h"
 #include "refhost/ReferenceHost.h"
@@ -123,6 +125,8 @@ int main(int argc, char** argv) {
   std::cout << "Orvel Apskaita: " << options.databasePath << ", naudotojas " << host.UserName()
             << "\n";
   if (script.empty() && isatty(STDIN_FILENO)) std::cout << "Komandų sąrašas: help\n";
+  orvel::FillProgress progress(std::cerr, isatty(STDERR_FILENO));
+  host.Layer().SetFillObserver(std::ref(progress));
   if (trace) {
     host.Layer().SetCallObserver(
         [](const char* op, const std::string& name, const std::string& param) {

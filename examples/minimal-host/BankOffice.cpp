@@ -21,9 +21,18 @@ class RowField : public orvel::Field {
   RowField(std::string name, orvel::Variant value)
       : name_(std::move(name)), value_(value), underlying_(std::move(value)) {}
   const std::string& Name() const override { return name_; }
-  orvel::Variant Value() const override { return value_; }
-  void SetValue(const orvel::Variant& value) override { value_ = value; }
-  orvel::Variant UnderlyingValue() const override { return underlying_; }
+  orvel::OrvelStatus Get(orvel::Variant& value) const override {
+    value = value_;
+    return {};
+  }
+  orvel::OrvelStatus Put(const orvel::Variant& value) override {
+    value_ = value;
+    return {};
+  }
+  orvel::OrvelStatus GetUnderlying(orvel::Variant& value) const override {
+    value = underlying_;
+    return {};
+  }
 
  private:
   std::string name_;
@@ -34,18 +43,13 @@ class RowFields : public orvel::Fields {
  public:
   std::vector<RowField> fields;
   int Count() const override { return static_cast<int>(fields.size()); }
-  orvel::Field& Item(std::string_view name) override {
+  orvel::Field* Find(std::string_view name) override {
     for (auto& f : fields)
-      if (SameName(f.Name(), name)) return f;
-    throw orvel::RuntimeError(orvel::RuntimeError::kItemNotFound,
-                              "Nėra lauko " + std::string(name));
+      if (SameName(f.Name(), name)) return &f;
+    return nullptr;
   }
-  orvel::Field& Item(int index) override {
-    if (index < 0 || index >= Count()) {
-      throw orvel::RuntimeError(orvel::RuntimeError::kItemNotFound,
-                                "Nėra lauko " + std::to_string(index));
-    }
-    return fields[static_cast<size_t>(index)];
+  orvel::Field* At(int index) override {
+    return index < 0 || index >= Count() ? nullptr : &fields[static_cast<size_t>(index)];
   }
   bool Exists(std::string_view name) const override {
     return std::any_of(fields.begin(), fields.end(),
@@ -67,13 +71,25 @@ class RowRecordset : public orvel::Recordset {
   orvel::Fields& Fields() override { return at_ < rows_.size() ? rows_[at_] : none_; }
   int RecordCount() const override { return static_cast<int>(rows_.size()); }
   void MoveFirst() override { at_ = 0; }
-  void MoveNext() override {
-    if (at_ < rows_.size()) ++at_;
+  orvel::OrvelStatus Next() override {
+    if (at_ >= rows_.size()) return orvel::NoCurrentRecordRefusal();
+    ++at_;
+    return {};
   }
+  // This office's lists are short and shown as they come: it neither
+  // filters nor sorts, and says so rather than pretend.
   orvel::Variant Filter() const override { return orvel::Variant(""); }
-  void SetFilter(const orvel::Variant&) override {}
+  orvel::OrvelStatus ApplyFilter(const orvel::Variant& criteria) override {
+    const bool clears = criteria.IsEmpty() || (criteria.IsString() && criteria.String().empty()) ||
+                        (criteria.IsNumber() && criteria.NumberValue() == 0);
+    if (clears) return {};
+    return {orvel::RuntimeError::kBadFilter, "Šis sąrašas nefiltruojamas"};
+  }
   std::string Sort() const override { return ""; }
-  void SetSort(std::string_view) override {}
+  orvel::OrvelStatus ApplySort(std::string_view keys) override {
+    if (keys.empty()) return {};
+    return {orvel::RuntimeError::kItemNotFound, "Šis sąrašas nerikiuojamas"};
+  }
   int MarshalOptions() const override { return 0; }
   void SetMarshalOptions(int) override {}
 

@@ -3,6 +3,7 @@
 #include <memory>
 #include <string>
 
+#include "adapters/StandardObjectUIO.h"
 #include "orvel/OrvelObjectUIO.h"
 
 namespace orvel {
@@ -47,9 +48,11 @@ class ObjectUIOAdapter : public OrvelObjectUIO,
   virtual OrvelStatus DoRead();
 
   OrvelObjectUIO& Inner() { return *inner_; }
+  // The business object, or a refusal naming the record when there is none.
+  OrvelObjectBO& RequireBO() { return *inner_->RequireBO(); }
 
  private:
-  std::shared_ptr<OrvelObjectUIO> inner_;
+  std::shared_ptr<StandardObjectUIO> inner_;
 };
 
 }  // namespace orvel

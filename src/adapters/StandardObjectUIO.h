@@ -51,10 +51,12 @@ class StandardObjectUIO : public OrvelObjectUIO {
   std::shared_ptr<OrvelObjectBO> BO() override;
   // Every field goes back to its underlying value.
   void CancelUpdate() override;
+  // The business object; RuntimeError kObjectNotSet, naming the record, when
+  // the host has not given one.
+  std::shared_ptr<OrvelObjectBO> RequireBO();
 
  private:
   OrvelStatus ReadRecord(const std::string& callName, const std::string& param);
-  std::shared_ptr<OrvelObjectBO> RequireBO();
 
   std::string oid_;
   std::string oidr_;

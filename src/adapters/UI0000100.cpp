@@ -239,7 +239,7 @@ OrvelStatus UIO0000100::DoRead() {
 
 OrvelResult UIO0000100::DoProperties(const std::string& propertyName,
                                      std::string& propertyPar) {
-  auto& bo = *BO();
+  auto& bo = RequireBO();
   const std::string name = LCase(propertyName);
   if (name == "parent") {
     Variant parentId = Fields("ParentID").Value();
@@ -301,7 +301,7 @@ OrvelResult UIO0000100::DoMethods(const std::string& name, Variant::Array& param
     return {0, "", Variant(dialog.Saved)};
   }
   std::string param = params.empty() ? std::string() : CStr(params[0]);
-  OrvelStatus status = BO()->ExecCall(name, param, 0);
+  OrvelStatus status = RequireBO().ExecCall(name, param, 0);
   return {status.Number, status.Text, Variant()};
 }
 

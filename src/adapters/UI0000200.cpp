@@ -303,7 +303,7 @@ OrvelResult UIO0000200::DoProperties(const std::string& propertyName,
     if (!measures) throw RuntimeError(RuntimeError::kObjectNotSet, "Nėra matavimo vienetų tipo");
     return {0, "", Variant(std::shared_ptr<Object>(measures->GetOrvelObject(propertyPar)))};
   }
-  auto& bo = *BO();
+  auto& bo = RequireBO();
   if (propertyName == "Goods") return GoodsReply(bo.GetCall("GetGoods", propertyPar, 0));
   if (propertyName == "GetObjectForm") {
     auto window = std::make_shared<frmGoods>();
@@ -350,7 +350,7 @@ OrvelResult UIO0000200::GenerateUnicalStructuredCode() {
 OrvelResult UIO0000200::CopyGood(Variant::Array& params) {
   std::string source = ConcatText(FirstArgument(params, "CopyGood"));
   std::string userId = Services().Environment()->User()->Id();
-  OrvelBoResult reply = BO()->GetCall("CopyGood", Quoted(source) + "," + Quoted(userId), 0);
+  OrvelBoResult reply = RequireBO().GetCall("CopyGood", Quoted(source) + "," + Quoted(userId), 0);
   if (reply.Number != 0) return {reply.Number, reply.Text, Variant()};
   auto rs = RecordsOf(Variant(reply.Object));
   return {0, "", rs->Fields().Item("OIDR").Value()};
@@ -358,7 +358,7 @@ OrvelResult UIO0000200::CopyGood(Variant::Array& params) {
 
 OrvelResult UIO0000200::ArrayCall(const std::string& name, Variant::Array& params) {
   Variant::Array args{FirstArgument(params, name)};
-  OrvelStatus status = BO()->ExecArrayCall(name, "", args);
+  OrvelStatus status = RequireBO().ExecArrayCall(name, "", args);
   Variant::Array value{Variant(status.Number), Variant(status.Text)};
   return {0, "", Variant(std::move(value))};
 }

@@ -80,7 +80,7 @@ bool UI0000300::DoAddToDeskTopOrvelObject(const std::string& oidr) {
 OrvelResult UIO0000300::DoProperties(const std::string& propertyName,
                                      std::string& propertyPar) {
   if (propertyName == "Structure") {
-    auto reply = BO()->RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
+    auto reply = RequireBO().RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
     return PropertyResult(reply, Variant(std::make_shared<OrvelBoResult>(reply)));
   }
   if (propertyName == "GetObjectForm") {
@@ -88,7 +88,7 @@ OrvelResult UIO0000300::DoProperties(const std::string& propertyName,
     window->SetOrvelObjectUIO(shared_from_this());
     return OrvelResult{0, "", Variant(std::shared_ptr<OrvelWindow>(window))};
   }
-  return GetProperty(*BO(), propertyName, propertyPar, OIDR());
+  return GetProperty(RequireBO(), propertyName, propertyPar, OIDR());
 }
 
 }  // namespace orvel

@@ -345,7 +345,7 @@ OrvelResult UIO0001600::DoProperties(const std::string& propertyName,
     return {0, "", Variant(NewObjectForm(shared_from_this()))};
   }
   // "ExtPropertiesByOID" and every other name: the parameter goes as given.
-  auto reply = BO()->GetCall("Get" + propertyName, propertyPar, 0);
+  auto reply = RequireBO().GetCall("Get" + propertyName, propertyPar, 0);
   if (reply.Number != 0) {
     Platform::Ui().MsgBox(reply.Text, vbExclamation, AppTitle());
     return {reply.Number, reply.Text, Variant()};
@@ -360,7 +360,7 @@ OrvelResult UIO0001600::DoMethods(const std::string& name, Variant::Array& param
   } else {
     // Parameters go with "." for decimals, whatever the screen shows.
     std::string param = params.empty() ? std::string() : CStr(params[0], Locale::Invariant());
-    OrvelStatus status = BO()->ExecCall(name, param, 0);
+    OrvelStatus status = RequireBO().ExecCall(name, param, 0);
     result.Number = status.Number;
     result.Text = status.Text;
   }

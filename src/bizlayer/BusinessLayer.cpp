@@ -72,6 +72,10 @@ void BusinessLayer::SetCallObserver(
   for (auto& [oid, object] : objects_) object->SetCallObserver(observer);
 }
 
+void BusinessLayer::SetFillObserver(const std::function<void(int64_t rows, bool done)>& observer) {
+  for (auto& [oid, object] : objects_) object->SetFillObserver(observer);
+}
+
 void BusinessLayer::AddBankCalls(TableBusinessObject& banks) {
   // The firms that keep their account in the bank: "OIDR" and "Preview".
   banks.OnRead("GetFirms", [&banks](const TableBusinessObject::Args& args) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <memory>
@@ -30,6 +31,10 @@ class BusinessLayer {
   // Hears every business call of every type (op, name, parameter string).
   void SetCallObserver(
       const std::function<void(const char*, const std::string&, const std::string&)>& observer);
+
+  // Hears how far each list of every type has been read: 0 as a list
+  // starts, now and then the rows read, and the count with `done`.
+  void SetFillObserver(const std::function<void(int64_t rows, bool done)>& observer);
 
   // A host service of the database; Number non-zero with a text for a name
   // it does not know or a failure.

@@ -110,12 +110,16 @@ std::shared_ptr<MemoryRecordset> TableBusinessObject::Query(const std::string& s
   for (int c = 0; c < stmt.ColumnCount(); ++c) names.push_back(stmt.ColumnName(c));
   auto rs = std::make_shared<MemoryRecordset>(std::move(names));
   std::vector<Variant> row(static_cast<size_t>(stmt.ColumnCount()));
+  int64_t rows = 0;
+  if (fillObserver_) fillObserver_(0, false);
   while (stmt.Step()) {
     for (int c = 0; c < stmt.ColumnCount(); ++c) row[static_cast<size_t>(c)] = stmt.Column(c);
     rs->AddRow(row);
+    if (++rows % kFillStep == 0 && fillObserver_) fillObserver_(rows, false);
   }
   rs->ShrinkToFit();
   rs->MoveFirst();
+  if (fillObserver_) fillObserver_(rows, true);
   return rs;
 }
 

@@ -67,6 +67,11 @@ class TableBusinessObject : public OrvelObjectBO {
   void SetUserName(std::string user) { user_ = std::move(user); }
   const std::string& UserName() const { return user_; }
   void SetCallObserver(CallObserver observer) { observer_ = std::move(observer); }
+  // Told how far a list has been read: with 0 as it starts, every
+  // kFillStep rows, and once more with `done` and the whole count.
+  using FillObserver = std::function<void(int64_t rows, bool done)>;
+  static constexpr int64_t kFillStep = 4096;
+  void SetFillObserver(FillObserver observer) { fillObserver_ = std::move(observer); }
 
   // The type's own calls. A handler may throw DatabaseError or RuntimeError;
   // an action runs inside a transaction.
@@ -141,6 +146,7 @@ class TableBusinessObject : public OrvelObjectBO {
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;
   CallObserver observer_;
+  FillObserver fillObserver_;
   // Each record's version as this session last read or wrote it.
   std::map<int64_t, int64_t> versions_;
 };

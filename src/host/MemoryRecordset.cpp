@@ -22,15 +22,18 @@ constexpr size_t kAfterEnd = std::numeric_limits<size_t>::max();
 // RecordCount is an int; views keep rows as 32-bit indices.
 constexpr size_t kMaxRows = std::numeric_limits<int32_t>::max();
 
-[[noreturn]] void NotFound(std::string_view name) {
-  throw RuntimeError(RuntimeError::kItemNotFound,
-                     "Kolekcijoje nėra elemento: " + std::string(name));
-}
-
-[[noreturn]] void NoCurrentRecord() {
-  throw RuntimeError(RuntimeError::kNoCurrentRecord,
-                     "Either BOF or EOF is True, or the current record has been deleted. "
-                     "Requested operation requires a current record.");
+// What `operation` refused, as a status: the set's own checks raise
+// RuntimeError, and none of it leaves the set as an exception.
+template <class Operation>
+OrvelStatus Refusal(Operation&& operation) {
+  try {
+    operation();
+    return {};
+  } catch (const RuntimeError& error) {
+    return {error.Number(), error.Text()};
+  } catch (const std::bad_alloc&) {
+    return {RuntimeError::kOverflow, "Per mažai atminties įrašų rinkiniui"};
+  }
 }
 
 }  // namespace
@@ -76,11 +79,6 @@ class MemoryRecordset::Impl {
     return index;
   }
   size_t CurrentRow() const { return position < ViewSize() ? RowAt(position) : kNoRow; }
-  size_t RequireCurrentRow() const {
-    size_t row = CurrentRow();
-    if (row == kNoRow) NoCurrentRecord();
-    return row;
-  }
 
   // The rows a filter picks, in storage order.
   std::vector<uint32_t> Select(const RecordsetCriteria& pick) const {
@@ -154,6 +152,9 @@ class MemoryRecordset::Impl {
 
   int AddField(std::string name);
   orvel::Fields& Fields();
+  // The filter and the sort, a refusal raised as RuntimeError.
+  void Filter(const Variant& criteria);
+  void SortBy(std::string_view keys);
 
  private:
   std::unique_ptr<FieldCollection> fieldCollection_;
@@ -164,12 +165,22 @@ class MemoryRecordset::Impl::ColumnField : public Field {
  public:
   ColumnField(Impl& set, size_t column) : set_(set), column_(column) {}
   const std::string& Name() const override { return set_.names[column_]; }
-  Variant Value() const override { return set_.Value(set_.RequireCurrentRow(), column_); }
-  void SetValue(const Variant& value) override {
-    set_.SetValue(set_.RequireCurrentRow(), column_, value);
+  OrvelStatus Get(Variant& value) const override {
+    const size_t row = set_.CurrentRow();
+    if (row == kNoRow) return NoCurrentRecordRefusal();
+    value = set_.Value(row, column_);
+    return {};
   }
-  Variant UnderlyingValue() const override {
-    return set_.UnderlyingValue(set_.RequireCurrentRow(), column_);
+  OrvelStatus Put(const Variant& value) override {
+    const size_t row = set_.CurrentRow();
+    if (row == kNoRow) return NoCurrentRecordRefusal();
+    return Refusal([&] { set_.SetValue(row, column_, value); });
+  }
+  OrvelStatus GetUnderlying(Variant& value) const override {
+    const size_t row = set_.CurrentRow();
+    if (row == kNoRow) return NoCurrentRecordRefusal();
+    value = set_.UnderlyingValue(row, column_);
+    return {};
   }
 
  private:
@@ -181,16 +192,13 @@ class MemoryRecordset::Impl::FieldCollection : public orvel::Fields {
  public:
   explicit FieldCollection(Impl& set) : set_(set) {}
   int Count() const override { return static_cast<int>(set_.names.size()); }
-  Field& Item(std::string_view name) override {
+  Field* Find(std::string_view name) override {
     int index = set_.FindField(name);
-    if (index < 0) NotFound(name);
-    return *set_.fieldObjects[index];
+    return index < 0 ? nullptr : set_.fieldObjects[index].get();
   }
-  Field& Item(int index) override {
-    if (index < 0 || static_cast<size_t>(index) >= set_.fieldObjects.size()) {
-      NotFound(std::to_string(index));
-    }
-    return *set_.fieldObjects[index];
+  Field* At(int index) override {
+    if (index < 0 || static_cast<size_t>(index) >= set_.fieldObjects.size()) return nullptr;
+    return set_.fieldObjects[index].get();
   }
   bool Exists(std::string_view name) const override { return set_.FindField(name) >= 0; }
 
@@ -321,15 +329,20 @@ int MemoryRecordset::RecordCount() const { return static_cast<int>(impl_->ViewSi
 
 void MemoryRecordset::MoveFirst() { impl_->position = 0; }
 
-void MemoryRecordset::MoveNext() {
-  if (IsEOF()) NoCurrentRecord();
+OrvelStatus MemoryRecordset::Next() {
+  if (IsEOF()) return NoCurrentRecordRefusal();
   if (++impl_->position >= impl_->ViewSize()) impl_->position = kAfterEnd;
+  return {};
 }
 
 Variant MemoryRecordset::Filter() const { return impl_->filterValue; }
 
-void MemoryRecordset::SetFilter(const Variant& criteria) {
-  Impl& set = *impl_;
+OrvelStatus MemoryRecordset::ApplyFilter(const Variant& criteria) {
+  return Refusal([&] { impl_->Filter(criteria); });
+}
+
+void MemoryRecordset::Impl::Filter(const Variant& criteria) {
+  Impl& set = *this;
   std::optional<RecordsetCriteria> compiled;
   switch (criteria.Type()) {
     case VarType::Empty:
@@ -370,8 +383,12 @@ void MemoryRecordset::SetFilter(const Variant& criteria) {
 
 std::string MemoryRecordset::Sort() const { return impl_->sortText; }
 
-void MemoryRecordset::SetSort(std::string_view keys) {
-  Impl& set = *impl_;
+OrvelStatus MemoryRecordset::ApplySort(std::string_view keys) {
+  return Refusal([&] { impl_->SortBy(keys); });
+}
+
+void MemoryRecordset::Impl::SortBy(std::string_view keys) {
+  Impl& set = *this;
   RecordsetOrder order = RecordsetOrder::Parse(keys, set.names);
   std::vector<uint32_t> sorted = set.Order(set.criteria ? &set.filtered : nullptr, order);
   set.order = std::move(order);

@@ -19,9 +19,10 @@ class RecordsetCriteria;
 //   Field Op Value [AND|OR Field Op Value ...], Op one of = <> < > <= >= LIKE,
 //   values 'text' ('' for a quote), #date#, numbers; parentheses group; an
 //   OR-group joined by AND is refused; LIKE takes * or % at the end or both ends.
-// Text compares without regard to case. A malformed criteria string is a
-// RuntimeError (kBadFilter) that names the problem and leaves the previous
-// filter in force. Sort is stable, Null lowest; Filter picks and Sort orders
+// Text compares without regard to case. A malformed criteria string is
+// refused (kBadFilter) with a text that names the problem, leaving the
+// previous filter in force. No operation of the set throws: each refusal
+// comes back through its status, as across the module's boundary. Sort is stable, Null lowest; Filter picks and Sort orders
 // independently, and setting either moves to the first record.
 class MemoryRecordset : public Recordset {
  public:
@@ -66,11 +67,11 @@ class MemoryRecordset : public Recordset {
   using Recordset::Fields;
   int RecordCount() const override;
   void MoveFirst() override;
-  void MoveNext() override;
+  OrvelStatus Next() override;
   Variant Filter() const override;
-  void SetFilter(const Variant& criteria) override;
+  OrvelStatus ApplyFilter(const Variant& criteria) override;
   std::string Sort() const override;
-  void SetSort(std::string_view keys) override;
+  OrvelStatus ApplySort(std::string_view keys) override;
   int MarshalOptions() const override;
   void SetMarshalOptions(int options) override;
 

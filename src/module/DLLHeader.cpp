@@ -39,8 +39,16 @@ void DLLHeader::Register() {
 
   const auto& g = kCatalogueGroup;
   auto group = registry->AddGroup(Str(g.key), Str(g.iconKey), Str(g.caption), Str(g.rightKey));
+  if (!group) {
+    throw RuntimeError(RuntimeError::kInvalidCall,
+                       "Pagrindinė programa nesukūrė komponentų grupės " + Str(g.key));
+  }
   for (const auto& row : ComponentTable()) {
     auto component = group->AddComponent(Str(row.otype), Str(row.caption), Str(row.rightKey));
+    if (!component) {
+      throw RuntimeError(RuntimeError::kInvalidCall,
+                         "Pagrindinė programa nesukūrė komponento " + Str(row.otype));
+    }
     component->SetOType(Str(row.otype));
   }
 

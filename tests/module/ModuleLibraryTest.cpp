@@ -8,6 +8,7 @@
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelModule.h"
+#include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "support/StrictUi.h"
@@ -77,6 +78,75 @@ TEST_F(ModuleLibraryTest, RegistersAndServesARecordThroughTheLoadedLibrary) {
 
     module->Detach();
   }
+}
+
+// Every entry a host calls on the module's objects, given what cannot be
+// done (no business object, no such record, key or name, a malformed filter):
+// each answers through its result and none throws across the boundary.
+TEST_F(ModuleLibraryTest, BadInputComesBackAsResultsNeverAsExceptions) {
+  OrvelModule* module = entry_(OrvelModule::kAbiVersion);
+  TestHost host;
+  module->Attach(host.HostClasses(), host.Ui());
+  for (const char* unknown : {"UI9999999", "dllheader", ""}) {
+    EXPECT_EQ(module->CreateObject(unknown), nullptr) << unknown;
+  }
+  std::string par = "'";
+  Variant::Array none;
+  // The firm and goods adapters, asked to delete before the host gave them
+  // its services, say so in a box.
+  host.Ui()->QueueAnswer(1);
+  host.Ui()->QueueAnswer(1);
+  for (const auto& name : ClassFactory::ClassNames()) {
+    SCOPED_TRACE(name);
+    auto object = module->CreateObject(name);
+    ASSERT_NE(object, nullptr);
+    EXPECT_NE(object, module->CreateObject(name));  // a fresh object each time
+    if (name.rfind("UI", 0) == 0) {
+      EXPECT_TRUE(std::dynamic_pointer_cast<OrvelObjectUI>(object) ||
+                  std::dynamic_pointer_cast<OrvelObjectUIO>(object));
+    }
+    if (auto ui = std::dynamic_pointer_cast<OrvelObjectUI>(object)) {
+      EXPECT_NO_THROW({
+        ui->GetMenu("'", "", "'");
+        EXPECT_EQ(ui->ClickMenu("'", "", "999", "").Action, OrvelMenuResult::kNothing);
+        EXPECT_FALSE(ui->DropOK("'"));
+        EXPECT_EQ(ui->GetOrvelObjectList("'", "", ""), nullptr);
+        EXPECT_EQ(ui->GetOrvelObject("'"), nullptr);
+        EXPECT_NE(ui->DeleteOrvelObject("'"), 0);
+      });
+    } else if (auto uio = std::dynamic_pointer_cast<OrvelObjectUIO>(object)) {
+      EXPECT_NO_THROW({
+        // A name the type does not know is no call at all, as in the legacy
+        // objects; asking before the host gave a business object is refused.
+        const auto property = uio->Properties("Nėra", par);
+        if (name == "UIO0000100" || name == "UIO0000200") {
+          EXPECT_EQ(property.Number, RuntimeError::kObjectNotSet);
+        }
+        uio->Methods("Nėra", none);
+        EXPECT_NE(uio->Read().Number, 0);
+        EXPECT_NE(uio->Save(nullptr, nullptr).Number, 0);
+      });
+    }
+  }
+  ASSERT_EQ(host.Ui()->Boxes().size(), 2u);
+  EXPECT_EQ(host.Ui()->Boxes()[0].prompt, "Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų");
+  // A record set the module made: refusals are statuses, not throws.
+  host.SetAdapterSource([module](const std::string& oid) {
+    return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));
+  });
+  host.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
+  auto rs = host.ObjectManager()->GetOrvelObject("O00004001")->RsFields();
+  EXPECT_EQ(rs->Fields().Find("Nėra"), nullptr);
+  EXPECT_EQ(rs->Fields().At(99), nullptr);
+  EXPECT_EQ(rs->ApplyFilter("Name ==").Number, RuntimeError::kBadFilter);
+  EXPECT_EQ(rs->ApplySort("Nėra").Number, RuntimeError::kItemNotFound);
+  EXPECT_EQ(rs->Next().Number, 0);
+  Variant value;
+  EXPECT_EQ(rs->Next().Text, NoCurrentRecordRefusal().Text);
+  EXPECT_EQ(rs->Fields().Find("Name")->Get(value).Number, RuntimeError::kNoCurrentRecord);
+  EXPECT_EQ(rs->Fields().Find("Name")->Put(Variant("t")).Text,
+            "Nėra einamojo įrašo: įrašų rinkinys yra prieš pirmąjį arba po paskutiniojo įrašo");
+  module->Detach();
 }
 
 }  // namespace
