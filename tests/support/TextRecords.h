@@ -1,0 +1,41 @@
+#pragma once
+
+#include <memory>
+#include <regex>
+#include <string>
+#include <vector>
+
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/Text.h"
+
+namespace orvel {
+
+// One value written as text: "~" Null, "true"/"false" a Boolean, "@2026-03-01"
+// a date, digits a whole number, digits with a point a Double, "#..." the text
+// after the "#", anything else text.
+inline Variant ValueOf(const std::string& text) {
+  static const std::regex whole("-?[0-9]+");
+  static const std::regex real("-?[0-9]*\\.[0-9]+");
+  if (text == "~") return Variant::Null();
+  if (text == "true" || text == "false") return Variant(text == "true");
+  if (!text.empty() && text[0] == '@') return Variant(*ParseDate(text.substr(1)));
+  if (!text.empty() && text[0] == '#') return Variant(text.substr(1));
+  if (std::regex_match(text, whole)) return Variant(static_cast<int32_t>(std::stol(text)));
+  if (std::regex_match(text, real)) return Variant(std::stod(text));
+  return Variant(text);
+}
+
+// A record set of the fields named by blanks, a row a text of values by "|".
+inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields,
+                                                    const std::vector<std::string>& rows) {
+  auto rs = std::make_shared<MemoryRecordset>(Split(fields, " "));
+  for (const auto& row : rows) {
+    std::vector<Variant> values;
+    for (const auto& text : Split(row, "|")) values.push_back(ValueOf(text));
+    rs->AddRow(std::move(values));
+  }
+  return rs;
+}
+
+}  // namespace orvel
