@@ -61,6 +61,9 @@ class FirmDetailListsTest : public FirmCardTest {
   void Reply(const std::string& call, const std::string& fields, const Lines& rows) {
     BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
   }
+  void Reply(const std::string& call, const std::string& fields, const char* rows) {
+    BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
+  }
 
   Lines Calls(const std::string& name) {
     Lines out;
@@ -81,9 +84,9 @@ struct LoaderCase {
   const char* tab;
   const char* call;
   const char* fields;  // by blanks
-  Lines rows;
+  const char* rows;    // a line a row
   const char* columns;
-  Lines shown;
+  const char* shown;
 };
 
 class LoaderTest : public FirmDetailListsTest, public ::testing::WithParamInterface<LoaderCase> {};
@@ -116,89 +119,66 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   ASSERT_FALSE(sent.empty()) << c.call;
   EXPECT_EQ(sent.back(), expected);
   EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
-  EXPECT_EQ(RowsOf(Tab(*w, c.tab)), c.shown);
+  EXPECT_EQ(Join(RowsOf(Tab(*w, c.tab)), "\n"), c.shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Tabs, LoaderTest,
     ::testing::Values(
-        LoaderCase{"Accounts",
-                   "GetAccounts",
-                   "OIDR Number BankName",
-                   {"O00005007|LT12 7300|~"},
-                   "Numeris 2000|Bankas 4000",
-                   {"O00005007|LT12 7300|||"}},
-        LoaderCase{"FirmAddresses",
-                   "GetFirmADDRESSES",
+        LoaderCase{"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12 7300|~",
+                   "Numeris 2000|Bankas 4000", "O00005007|LT12 7300|||"},
+        LoaderCase{"FirmAddresses", "GetFirmADDRESSES",
                    "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
-                   {"O00020001|Buveinės|Vilnius|LT-01100|Gedimino pr. 1|+370 5 1|~|a@b.lt|true",
-                    "O00020002|Pristatymo|~|~|~|~|~|~|false"},
+                   "O00020001|Buveinės|Vilnius|LT-01100|Gedimino pr. 1|+370 5 "
+                   "1|~|a@b.lt|true\nO00020002|Pristatymo|~|~|~|~|~|~|false",
                    "Tipas 2000|Regionas 1000|Indeksas 1000|Gatvė 2000|Telefonas 1000|Faksas 1000|"
                    "El. paštas 1500|Pagrindinis 1500",
-                   {"O00020001|Buveinės|Vilnius;LT-01100;Gedimino pr. 1;+370 5 1;;a@b.lt;Taip||",
-                    "O00020002|Pristatymo|;;;;;;||"}},
-        LoaderCase{"FirmContacts",
-                   "GetFirmCONTACTS",
+                   "O00020001|Buveinės|Vilnius;LT-01100;Gedimino pr. 1;+370 5 "
+                   "1;;a@b.lt;Taip||\nO00020002|Pristatymo|;;;;;;||"},
+        LoaderCase{"FirmContacts", "GetFirmCONTACTS",
                    "OIDR Name LastName Role Phone Fax EMail Note FlagMain",
-                   {"O00021003|Asta|Kazlauskienė|Direktorė|8 600|~|~|Po 10 val.|~"},
+                   "O00021003|Asta|Kazlauskienė|Direktorė|8 600|~|~|Po 10 val.|~",
                    "Vardas 1000|Pavarde 1000|Pareigos 2000|Telefonas 1000|Faksas 1000|"
                    "El. paštas 1500|Pastaba 1500|Pagrindinis 1500",
-                   {"O00021003|Asta|Kazlauskienė;Direktorė;8 600;;;Po 10 val.;||"}},
-        LoaderCase{"FirmBRANCH",
-                   "GetFirmBranch",
-                   "OIDR Name Code Region Street Tel Fax EMail",
-                   {"O00016041|Kauno filialas|#12|Kaunas|Laisvės al. 3|8 37|~|~"},
+                   "O00021003|Asta|Kazlauskienė;Direktorė;8 600;;;Po 10 val.;||"},
+        LoaderCase{"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
+                   "O00016041|Kauno filialas|#12|Kaunas|Laisvės al. 3|8 37|~|~",
                    "Pavadinimas 2000|Kodas 1000|Regionas 1000|Gatvė 2000|Telefonas 1000|"
                    "Faksas 1000|El. paštas 1500",
-                   {"O00016041|Kauno filialas|12;Kaunas;Laisvės al. 3;8 37;;|O00016041|"}},
-        LoaderCase{"FirmServers",
-                   "GetFirmSERVERS",
-                   "OIDR Name",
-                   {"O00024001|Rūta Buhalterė"},
-                   "Vadybininkas 3000",
-                   {"O00024001|Rūta Buhalterė|||"}},
-        LoaderCase{"FirmActivity",
-                   "GetFirmActivity",
-                   "OIDR Preview",
-                   {"O00025002|Didmeninė prekyba"},
-                   "Veiklos pavadinimas 5000",
-                   {"O00025002|Didmeninė prekyba||O00025002|"}},
-        LoaderCase{"FirmInfo",
-                   "GetFirmInfo",
-                   "ID Info DateFrom DateTo UserName Priority",
-                   {"17|Skambinti|@2026-01-05|~|admin|1"},
+                   "O00016041|Kauno filialas|12;Kaunas;Laisvės al. 3;8 37;;|O00016041|"},
+        LoaderCase{"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|Rūta Buhalterė",
+                   "Vadybininkas 3000", "O00024001|Rūta Buhalterė|||"},
+        LoaderCase{"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|Didmeninė prekyba",
+                   "Veiklos pavadinimas 5000", "O00025002|Didmeninė prekyba||O00025002|"},
+        LoaderCase{"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
+                   "17|Skambinti|@2026-01-05|~|admin|1",
                    "Informacija 4000|Galioja nuo 2000|Galioja iki 2000|Autorius 4000",
-                   {"17K|Skambinti|2026-01-05;;admin||"}},
+                   "17K|Skambinti|2026-01-05;;admin||"},
         LoaderCase{
-            "Discounts",
-            "GetDiscounts",
+            "Discounts", "GetDiscounts",
             "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
-            {"O10006001|Sezoninė|Vasara|50|500|2.5|~|true|UAB Šilas"},
+            "O10006001|Sezoninė|Vasara|50|500|2.5|~|true|UAB Šilas",
             "Pavadinimas 3000|Variantas 3000|Procentas 800| 2000|Įmonė 4000",
-            {"O10006001|Sezoninė|Vasara (nuo:50, iki:500);2,5%;;UAB Šilas|O10006001|"}},
-        LoaderCase{"Traffic",
-                   "GetTraffic",
-                   kDocs,
-                   {"O10002005|O1000200|Pirkimo sąskaita|PIR00005|@2026-03-02|1234.5|-100.0|-1|2"},
-                   "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
-                   {"O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|"
-                    "O1000200",
-                    "| | ; ; ;100,00*||"}},
-        LoaderCase{"FirmContracts",
-                   "GetContractsList",
+            "O10006001|Sezoninė|Vasara (nuo:50, iki:500);2,5%;;UAB Šilas|O10006001|"},
+        LoaderCase{
+            "Traffic", "GetTraffic", kDocs,
+            "O10002005|O1000200|Pirkimo sąskaita|PIR00005|@2026-03-02|1234.5|-100.0|-1|2",
+            "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
+            "O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | "
+            "; ; ;100,00*||"},
+        LoaderCase{"FirmContracts", "GetContractsList",
                    "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-                   {"O10010003|O1001000|S-1|@2026-01-01|~|1000|Galioja|Rūta"},
+                   "O10010003|O1001000|S-1|@2026-01-01|~|1000|Galioja|Rūta",
                    "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė 1200|"
                    "Vadybininkas 2000",
-                   {"O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000",
-                    "| | ; ;1000,00*;;||"}},
-        LoaderCase{"GOODS",
-                   "GetFindGoods",
+                   "O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000\n| | ; "
+                   ";1000,00*;;||"},
+        LoaderCase{"GOODS", "GetFindGoods",
                    "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
-                   {"O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009"},
+                   "O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009",
                    "Prekės pavadinimas 3000|Komentaras 2000|Dok. Numeris 1200|Data 1200|"
                    "Kiekis 2000 R",
-                   {"O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}}),
+                   "O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}),
     [](const auto& info) { return std::string(info.param.tab); });
 
 TEST_F(FirmDetailListsTest, FirmsOfAGroupShowIconsAndAFirmsColumns) {
@@ -269,9 +249,9 @@ TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked)
 
 struct TrafficCase {
   const char* name;
-  Lines rows;
+  const char* rows;
   const char* denied;  // an Allowed right taken away, "" for none
-  Lines shown;
+  const char* shown;
 };
 
 class TrafficTest : public FirmDetailListsTest,
@@ -282,52 +262,46 @@ TEST_P(TrafficTest, RowsTotalsAndTagsByRight) {
   Reply("GetTraffic", kDocs, GetParam().rows);
   auto w = Open(kFirm);
   w->LoadTraffic(true);
-  EXPECT_EQ(RowsOf(Tab(*w, "Traffic")), GetParam().shown);
+  EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), GetParam().shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, TrafficTest,
     ::testing::Values(
         // What the firm owes and what we owe it cancel out: the total is 0.00.
-        TrafficCase{
-            "DebtsCancelOut",
-            {"O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1",
-             "O10002002|O1000200|D|#2|@2026-03-02|50|50|1|2",
-             "O10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2"},
-            "",
-            {"O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100",
-             "O10002002|D|2;2026-03-02;50,00;50,00|O10002002|O1000200",
-             "O10002003|D|3;2026-03-03;100,00;100,00|O10002003|O1000200", "| | ; ; ;0,00*||"}},
+        TrafficCase{"DebtsCancelOut",
+                    "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
+                    "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+                    "",
+                    "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
+                    "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
+                    "O10002003|O1000200\n| | ; ; ;0,00*||"},
         // A sign of -1 turns a debt around before it is added.
-        TrafficCase{
-            "SignTurnsTheDebt",
-            {"O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2",
-             "O10001001|O1000100|D|#1|@2026-03-01|30|30|1|1"},
-            "",
-            {"O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200",
-             "O10001001|D|1;2026-03-01;30,00;30,00|O10001001|O1000100", "| | ; ; ;110,00*||"}},
+        TrafficCase{"SignTurnsTheDebt",
+                    "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
+                    "2026-03-01|30|30|1|1",
+                    "",
+                    "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
+                    "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
         // Document groups answer to their lock right, the others to the
         // operation right; a row without the right shows but has no Tag.
         TrafficCase{"RightsByDocumentKind",
-                    {"O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7",
-                     "O10002002|O1000200|D|#2|@2026-03-02|1|1|1|7"},
+                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
+                    "02|1|1|1|7",
                     "CDocumentGroupLock7",
-                    {"O10001001|D|1;2026-03-01;1,00;1,00||O1000100",
-                     "O10002002|D|2;2026-03-02;1,00;1,00|O10002002|O1000200", "| | ; ; ;2,00*||"}},
+                    "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
+                    "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
         // A repeated OIDR adds no row: its columns go into the row before.
         TrafficCase{"RepeatedOidrWritesIntoThePreviousRow",
-                    {"O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1",
-                     "O10001001|O1000100|D|#9|@2026-03-09|2|2|1|1"},
+                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
+                    "09|2|2|1|1",
                     "",
-                    {"O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-                     "O1000100",
-                     "| | ; ; ;3,00*||"}},
+                    "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
+                    "O1000100\n| | ; ; ;3,00*||"},
         // The business layer's summary row names no record: it is not opened.
-        TrafficCase{"SummaryRowHasNoTag",
-                    {"O0000000|O0000000|Iš viso||~|5|5|0|0"},
-                    "",
-                    {"O0000000|Iš viso|;;5,00;5,00||O0000000", "| | ; ; ;0,00*||"}},
-        TrafficCase{"NoDocumentsNoTotal", {}, "", {}}),
+        TrafficCase{"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
+                    "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+        TrafficCase{"NoDocumentsNoTotal", "", "", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct PeriodCase {
@@ -451,7 +425,7 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   w->LoadFirmInfo();
   EXPECT_EQ(w->lblInfo.Caption(), "B (admin)");
   EXPECT_EQ(w->lblInfo.ForeColor(), vbRed);
-  Reply("GetFirmInfo", kNotes, {});
+  Reply("GetFirmInfo", kNotes, "");
   w->LoadFirmInfo();
   EXPECT_FALSE(w->lblInfo.Visible());
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());

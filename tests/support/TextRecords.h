@@ -38,4 +38,9 @@ inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields,
   return rs;
 }
 
+// The same with the rows in one text, a line a row.
+inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields, const char* rows) {
+  return TextRecords(fields, *rows ? Split(rows, "\n") : std::vector<std::string>{});
+}
+
 }  // namespace orvel
