@@ -3,6 +3,7 @@
 #include <memory>
 #include <regex>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "host/Convert.h"
@@ -36,6 +37,17 @@ inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields,
     rs->AddRow(std::move(values));
   }
   return rs;
+}
+
+// "name=value" pairs by ";", each value as ValueOf reads it.
+inline std::vector<std::pair<std::string, Variant>> Assignments(const std::string& text) {
+  std::vector<std::pair<std::string, Variant>> out;
+  if (text.empty()) return out;
+  for (const auto& part : Split(text, ";")) {
+    const size_t eq = part.find('=');
+    out.emplace_back(part.substr(0, eq), ValueOf(part.substr(eq + 1)));
+  }
+  return out;
 }
 
 // The same with the rows in one text, a line a row.
