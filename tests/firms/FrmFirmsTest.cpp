@@ -1,5 +1,3 @@
-// The firm window's frame: start-up, tabs, popup menus, the deferred dialogs,
-// drag and drop, and new records made from the current one.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -8,9 +6,10 @@
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
@@ -38,6 +37,11 @@ class FrmFirmsTest : public FirmCardTest {
     window->SetOrvelObjectUIO(adapter_->GetOrvelObject(oidr));
     window->Load();
     return window;
+  }
+
+  // "CheckBranch" finding `count` branches.
+  void HasBranches(int count = 1) {
+    BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", {std::to_string(count)}));
   }
 
   std::vector<std::string> TabKeys(frmFirms& window) {
@@ -74,9 +78,7 @@ TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
   const TabCase& c = GetParam();
   if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
   if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(c.exist)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches(c.exist);
   auto w = Open(c.oidr, c.key);
   ASSERT_TRUE(w);
   EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
@@ -112,9 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->DiscountsTab, 11);
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
@@ -129,9 +129,7 @@ TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
 }
 
 TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_TRUE(w->HasListHandle(11));
   w->Unload();
@@ -219,10 +217,8 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   w->QueryRemove(cancel);
   EXPECT_TRUE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Įmonės kortelė\n\nUždaryti be išsaugojimo?");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Apskaita");
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
   cancel = false;
   host_.Ui()->QueueAnswer(vbYes);
   w->QueryRemove(cancel);
@@ -247,9 +243,7 @@ class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterf
 
 TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
   const PopupCase& c = GetParam();
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
                                 std::string(c.tab) != "Discounts"
                             ? "1"
@@ -390,16 +384,6 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   EXPECT_TRUE(w->opened.empty());
 }
 
-TEST_F(FrmFirmsTest, EditorsRefuseAFirmNotSavedYet) {
-  auto w = Open("O00001001", "1");
-  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
-  w->EditDetail(true);
-  w->EditAccount(false);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Išsaugokite naujai sukurtą įmonę");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 48);
-}
-
 // ---- drag and drop ----
 
 struct DragCase {
@@ -453,9 +437,7 @@ class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterfac
 
 TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
   const bool copy = GetParam();
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->BranchTab, 7);
   if (copy) {
@@ -498,8 +480,8 @@ TEST_F(FrmFirmsTest, DeleteFromCloseButtonNeedsAStoredRecord) {
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000100").Table().Contains(3));
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
   auto fresh = Open("O00001001", "1");
   fresh->SSCClose_MouseUp(2);
   EXPECT_EQ(host_.Ui()->Boxes().size(), 0u);
