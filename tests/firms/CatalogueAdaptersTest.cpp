@@ -185,16 +185,6 @@ TEST_P(CatalogueTest, UnknownKeysDoNothing) {
   EXPECT_TRUE(BusinessLines().empty());
 }
 
-TEST_P(CatalogueTest, KeyZeroBuildsTheWindowWithoutShowingIt) {
-  auto result = Of(GetParam().oid)->ClickMenu(Oidr(2), "C", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<GroupedCard>();
-  ASSERT_NE(window, nullptr);
-  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), Oidr(2));
-  EXPECT_FALSE(window->Loaded());
-  EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
-}
-
 TEST_P(CatalogueTest, ParentIsTheGroupObjectOrNothingAtTheTop) {
   auto parent = Object(Oidr(2))->Properties("Parent", "").Value.ObjectAs<OrvelObjectUIO>();
   ASSERT_NE(parent, nullptr);

@@ -125,7 +125,7 @@ TEST_P(FirmCardDuplicateTest, OnlyTheRightAndAYesWriteARepeatedCode) {
   auto w = Open("O00001002");
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
   host_.Ui()->QueueAnswer(c.answer);
-  w->cmdEnter_Click();
+  w->cmdEnter.Click();  // the button runs the firm's rules
   EXPECT_EQ(Boxes(), std::vector<std::string>{c.box});
   EXPECT_EQ(Stored(2, "Name"), Variant(c.written ? "UAB Kitas" : "UAB Šilas"));
   EXPECT_EQ(w->cmdEnter.Enabled(), !c.written);
@@ -296,16 +296,6 @@ TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   w->cmdEnter_Click();
   EXPECT_EQ(spy->unloads, 0);
   EXPECT_EQ(w->ShowHost, spy);
-}
-
-TEST_F(FirmCardTest, TheWriteButtonRunsTheFirmsRules) {
-  CodeRepeats();
-  host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("UAB Kitas"));
-  host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter.Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita Įmonės kodas kartojasi!"});
 }
 
 // ---- cancel ----

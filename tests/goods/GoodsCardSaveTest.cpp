@@ -175,16 +175,6 @@ TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   EXPECT_TRUE(w->SSCNew.Enabled());
 }
 
-TEST_F(GoodsCardTest, ChangedMeanwhileReadsTheRecordAgain) {
-  BO("O0000200").FailCallsNamed("Orvel_SaveObject", 60000, "Įrašas pakeistas");
-  auto w = Open("O00002003");
-  Grid(*w).EditField("Price", Variant(11));
-  Clear();
-  host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter_Click();
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Price").Value(), Variant(10));
-}
-
 TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsLists) {
   auto w = Open("O00002001", "1");
   ASSERT_TRUE(w->IsNew);
