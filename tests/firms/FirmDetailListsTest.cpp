@@ -522,9 +522,7 @@ TEST_P(EditDetailTest, OpensTheRowOrANewRecordAndReloadsWhenSaved) {
   ListView& list = Tab(*w, c.tab);
   list.SetSelectedItem(&list.ListItems().Item(1));
   const size_t before = Calls(c.call).size();
-  for (size_t i = 0; i < Grid(*w).Tabs().size(); ++i) {
-    if (Grid(*w).Tabs()[i].key == c.tab) w->CurrentTab = static_cast<int16_t>(i + 1);
-  }
+  w->CurrentTab = static_cast<int16_t>(TabIndex(*w, c.tab) + 1);
   w->EditDetail(c.isNew);
   EXPECT_THAT(dialogs_->seen, ElementsAre(c.seen));
   EXPECT_EQ(Calls(c.call).size(), before + 1);

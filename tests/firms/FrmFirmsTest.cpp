@@ -43,20 +43,6 @@ class FrmFirmsTest : public FirmCardTest {
   void HasBranches(int count = 1) {
     BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", {std::to_string(count)}));
   }
-
-  std::vector<std::string> TabKeys(frmFirms& window) {
-    std::vector<std::string> keys;
-    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
-    return keys;
-  }
-
-  void Select(frmFirms& w, const std::string& tab, const std::string& key, Variant tag = {},
-              const std::string& icon = {}) {
-    ListView& list = Grid(w).TabList(tab);
-    ListItem& row = list.ListItems().Add(0, key, key, icon);
-    row.SetTag(std::move(tag));
-    list.SetSelectedItem(&row);
-  }
 };
 
 // ---- tabs ----
@@ -248,12 +234,8 @@ TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
                                 std::string(c.tab) != "Discounts"
                             ? "1"
                             : "0");
-  if (c.select) Select(*w, c.tab, "row", c.tag);
-  int index = -1;
-  for (size_t i = 0; i < Grid(*w).Tabs().size(); ++i) {
-    if (Grid(*w).Tabs()[i].key == c.tab) index = static_cast<int>(i);
-  }
-  ASSERT_GE(index, 0);
+  if (c.select) SelectRow(*w, c.tab, "row", c.tag);
+  const int index = TabIndex(*w, c.tab);
   if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(index, 2);
   EXPECT_EQ(w->CurrentTab, index + 1);
@@ -339,7 +321,7 @@ TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
 
 TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   auto w = Open("O00001001");
-  Select(*w, "Firms", "more", Variant("more"));
+  SelectRow(*w, "Firms", "more", Variant("more"));
   Grid(*w).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
@@ -418,7 +400,7 @@ TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
 
 TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
   auto w = Open("O00001004");
-  Select(*w, "Firms", "O00001003");
+  SelectRow(*w, "Firms", "O00001003");
   host_.Log().Clear();
   Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
   EXPECT_TRUE(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());

@@ -14,6 +14,7 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
@@ -74,20 +75,9 @@ class FrmGoodsTest : public CardTest<frmGoods> {
       table.SetDefault(field, Variant::Null());
     }
     table.SetDefault("GroupFlag", Variant(0));
-    table.Seed({{{"Name", Variant("Maistas")},
-                 {"GroupFlag", Variant(1)},
-                 {"OwnCode", Variant("001")},
-                 {"PreviewPath", Variant("Prekės\\")},
-                 {"VAT", Variant(21)}},
-                {{"Name", Variant("Duona")}, {"ParentID", Variant(1)}, {"WithRest", Variant(true)}},
-                {{"Name", Variant("Pieno")},
-                 {"GroupFlag", Variant(1)},
-                 {"ParentID", Variant(1)},
-                 {"OwnCode", Variant("001002")}},
-                {{"Name", Variant("Paslauga")},
-                 {"WithRest", Variant(false)},
-                 {"WithItems", Variant(true)}},
-                {{"Name", Variant("Sūris")}, {"ParentID", Variant(3)}}});
+    table.Seed(SeedRows("Name GroupFlag ParentID WithRest WithItems OwnCode PreviewPath VAT",
+                        {"Maistas|1||||#001|Prekės\\|21", "Duona||1|true", "Pieno|1|1|||#001002",
+                         "Paslauga|||false|true", "Sūris||3"}));
     auto settings = std::make_shared<MemoryRecordset>(
         std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
     settings->AddRow({Variant(false), Variant(true)});
@@ -108,35 +98,6 @@ class FrmGoodsTest : public CardTest<frmGoods> {
     host_.WindowManager()->ShowWindow(window);
     host_.Log().Clear();
     return window;
-  }
-
-  std::vector<std::string> TabKeys(frmGoods& window) {
-    std::vector<std::string> keys;
-    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
-    return keys;
-  }
-
-  int TabIndex(frmGoods& window, const std::string& key) {
-    const auto& tabs = Grid(window).Tabs();
-    for (size_t i = 0; i < tabs.size(); ++i) {
-      if (tabs[i].key == key) return static_cast<int>(i);
-    }
-    ADD_FAILURE() << "no tab " << key;
-    return -1;
-  }
-
-  ListItem& AddRow(frmGoods& w, const std::string& tab, const std::string& key, Variant tag = {},
-                   const std::string& icon = {}, bool select = true) {
-    ListView& list = Grid(w).TabList(tab);
-    // A row the list loaded itself (the "more" row, a member) is taken as it is.
-    if (ListItem* loaded = list.ListItems().Find(key)) {
-      if (select) list.SetSelectedItem(loaded);
-      return *loaded;
-    }
-    ListItem& row = list.ListItems().Add(0, key, key, icon);
-    row.SetTag(std::move(tag));
-    if (select) list.SetSelectedItem(&row);
-    return row;
   }
 
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
@@ -308,7 +269,7 @@ TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
   const PopupCase& c = GetParam();
   auto w = Open(c.oidr);
   ASSERT_TRUE(w);
-  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
@@ -364,7 +325,7 @@ TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
   const MainMenuCase& c = GetParam();
   if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
   auto w = Open("O00002002");
-  if (c.selected) AddRow(*w, c.tab, "O00004002", c.tag);
+  if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
@@ -400,10 +361,10 @@ TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
 TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "Measures", "O00004002");
+  SelectRow(*w, "Measures", "O00004002");
   host_.Ui()->QueuePopupPick("mnuNew");
   Grid(*w).ClickList(TabIndex(*w, "Measures"), vbRightButton);
-  AddRow(*w, "Discounts", "O10006001", Variant("O10006001"));
+  SelectRow(*w, "Discounts", "O10006001", Variant("O10006001"));
   host_.Ui()->QueuePopupPick("mnuEdit");
   Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
   // A menu closed without a pick opens nothing.
@@ -430,7 +391,7 @@ TEST_P(FrmGoodsDoubleClickTest, OpensOrLoadsByTabAndRow) {
   const DoubleClickCase& c = GetParam();
   auto w = OpenOwn(c.oidr);
   w->ran.clear();
-  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey);
+  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
   Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
   EXPECT_EQ(w->ran, c.ran);
 }
@@ -454,7 +415,7 @@ TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto dialogs = std::make_shared<HistoryDialogs>();
   InstallGoodsDialogs(dialogs);
   auto w = Open("O00002002");
-  AddRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
+  SelectRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
   host_.Ui()->QueuePopupPick("mnuHistory");
   Grid(*w).ClickList(TabIndex(*w, "Traffic"), vbRightButton);
   EXPECT_TRUE(dialogs->shown.empty());
@@ -472,7 +433,7 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   measures.Seed({{{"Name", Variant("vnt.")}}, {{"Name", Variant("kg")}}});
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "Measures", "O00004002");
+  SelectRow(*w, "Measures", "O00004002");
   w->CurrentTab = w->MeasuresTab;
   host_.Ui()->QueueAnswer(vbNo);
   w->mnuDelete.Click();
@@ -487,7 +448,7 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
 TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "BRTemplates", "O00008003", Variant::Null());
+  SelectRow(*w, "BRTemplates", "O00008003", Variant::Null());
   w->CurrentTab = w->TemplatesTab;
   host_.Ui()->QueueAnswer(vbYes);  // even then
   w->mnuDelete.Click();

@@ -50,6 +50,23 @@ inline std::vector<std::pair<std::string, Variant>> Assignments(const std::strin
   return out;
 }
 
+// Rows for a MemoryTable's Seed: the fields named by blanks, a row a text of
+// values by "|"; a field left out of a row, or left empty, takes the table's
+// default ("#" seeds an empty text).
+inline std::vector<std::vector<std::pair<std::string, Variant>>> SeedRows(
+    const std::string& fields, const std::vector<std::string>& rows) {
+  const auto names = Split(fields, " ");
+  std::vector<std::vector<std::pair<std::string, Variant>>> out;
+  for (const auto& row : rows) {
+    const auto values = Split(row, "|");
+    auto& seeded = out.emplace_back();
+    for (size_t i = 0; i < names.size() && i < values.size(); ++i) {
+      if (!values[i].empty()) seeded.emplace_back(names[i], ValueOf(values[i]));
+    }
+  }
+  return out;
+}
+
 // The same with the rows in one text, a line a row.
 inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields, const char* rows) {
   return TextRecords(fields, *rows ? Split(rows, "\n") : std::vector<std::string>{});
