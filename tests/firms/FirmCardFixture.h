@@ -37,17 +37,13 @@ class FirmCardTest : public CardTest<frmFirms> {
   // The business layer's answer to "GetFirmIsUsedInDocuments": one record
   // whose first field is the count.
   void UsedInDocuments(Variant count) {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Cnt"});
+    auto rs = TextRecords("Cnt", "");
     rs->AddRow({std::move(count)});
     BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", rs);
   }
 
   // "CheckCode" finding the code on another firm.
-  void CodeRepeats() {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-    rs->AddRow({Variant(1)});
-    BO("O0000100").ReplyRead("CheckCode", rs);
-  }
+  void CodeRepeats() { BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "1")); }
 };
 
 }  // namespace orvel

@@ -139,9 +139,7 @@ TEST_F(FirmDebtTest, OnceRedTheLineStaysRed) {
 }
 
 TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
-  auto own = std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR"});
-  own->AddRow({Variant("O00001002")});
-  host_.Session()->SetOwnFirm(own);
+  host_.Session()->SetOwnFirm(TextRecords("OIDR", "O00001002"));
   auto w = OpenWithDebt("Sum240=100;Sum450=-7;Limit=0;LimitTerm=3", "GetOurDebt");
   w->lblCredit.SetCaption("ankstesnė");
   w->lblCredit.SetForeColor(vbBlue);

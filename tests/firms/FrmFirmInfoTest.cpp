@@ -7,6 +7,7 @@
 #include "FirmCardFixture.h"
 #include "firms/frmFirmInfo.h"
 #include "host/Convert.h"
+#include "support/TextRecords.h"
 #include "testhost/TestUser.h"
 #include "ui/ControlConstants.h"
 
@@ -84,12 +85,7 @@ TEST_P(FrmFirmInfoPriorityTest, AStoredNoteOpensInItsPriorityAndColour) {
           Variant("admin"), Variant(c.priority)},
          {Variant(18), Variant("Kita"), DayOf(2026, 2, 1), Variant::Null(), Variant("admin"),
           Variant(1)}});
-  host_.User()->SetRs([] {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"});
-    rs->AddRow({Variant(3)});
-    rs->MoveFirst();
-    return rs;
-  }());
+  host_.User()->SetRs(TextRecords("ID", "3"));
   Edit("17K", [&](frmFirmInfo& dialog) {
     EXPECT_EQ(dialog.ID, 17);
     EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");

@@ -78,11 +78,8 @@ class FrmGoodsTest : public CardTest<frmGoods> {
     table.Seed(SeedRows("Name GroupFlag ParentID WithRest WithItems OwnCode PreviewPath VAT",
                         {"Maistas|1||||#001|Prekės\\|21", "Duona||1|true", "Pieno|1|1|||#001002",
                          "Paslauga|||false|true", "Sūris||3"}));
-    auto settings = std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
-    settings->AddRow({Variant(false), Variant(true)});
-    settings->MoveFirst();
-    host_.Session()->SetSettingObject("O00018021", settings);
+    host_.Session()->SetSettingObject("O00018021",
+                                      TextRecords("StructuredCode PriceWithVAT", "false|true"));
     MakeAdapter();
   }
 
@@ -213,14 +210,9 @@ TEST_F(FrmGoodsTest, ANewGroupAtTheRootTakesNeitherVatNorPriceBasis) {
 }
 
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
-  auto settings =
-      std::make_shared<MemoryRecordset>(std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
-  settings->AddRow({Variant(true), Variant(false)});
-  settings->MoveFirst();
-  host_.Session()->SetSettingObject("O00018021", settings);
-  auto codes = std::make_shared<MemoryRecordset>(std::vector<std::string>{"PARENTCODE", "MAXCODE"});
-  codes->AddRow({Variant("12"), Variant("1207")});
-  BO("O0000200").ReplyRead("GetStructuredCode", codes);
+  host_.Session()->SetSettingObject("O00018021",
+                                    TextRecords("StructuredCode PriceWithVAT", "true|false"));
+  BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", "#12|#1207"));
   auto w = Open("O00002001", "1", "CGroup");
   ASSERT_TRUE(w);
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Code").Value(), Variant("1208"));
@@ -536,14 +528,12 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
 // ---- the shared VAT rate ----
 
 TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
-  auto rate = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
-  rate->AddRow({Variant(21)});
   BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));
   auto good = adapter_->GetOrvelObject("O00002002");
   auto other = adapter_->GetOrvelObject("O00002004");
   host_.Log().Clear();
   EXPECT_EQ(EnsureVatFactor(*good), 0);  // a failure leaves it unknown
-  BO("O0000200").ReplyRead("GetVatFactor", rate);
+  BO("O0000200").ReplyRead("GetVatFactor", TextRecords("Value", "21"));
   EXPECT_EQ(EnsureVatFactor(*good), 21);
   EXPECT_EQ(EnsureVatFactor(*other), 21);
   EXPECT_EQ(VatFactor(), 21);

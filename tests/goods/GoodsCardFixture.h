@@ -45,11 +45,8 @@ class GoodsCardTest : public CardTest<frmGoods> {
     // The measures the goods name: 1 by weight, 2 counted in whole units.
     auto& measures = BO("O0001606").Table();
     measures.SetFields({"ID", "Name", "MeasureType"});
-    measures.Seed({{{"Name", Variant("kg")}, {"MeasureType", Variant(0)}},
-                   {{"Name", Variant("vnt.")}, {"MeasureType", Variant(1)}}});
-    auto vat = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
-    vat->AddRow({Variant(21)});
-    BO("O0000200").ReplyRead("GetVatFactor", vat);
+    measures.Seed(SeedRows("Name MeasureType", {"kg|0", "vnt.|1"}));
+    BO("O0000200").ReplyRead("GetVatFactor", TextRecords("Value", "21"));
     MakeAdapter();
   }
 

@@ -134,9 +134,8 @@ class GoodsCardRenameTest : public GoodsCardTest,
 TEST_P(GoodsCardRenameTest, AGoodUsedInDocumentsKeepsItsNameWithoutTheRight) {
   const RenameCase& c = GetParam();
   if (!c.right) host_.Rights()->Deny("CGoodsCH", Right::Allowed);
-  auto used = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Used"});
-  used->AddRow({Variant(c.used)});
-  BO("O0000200").ReplyRead("GetGoodIsUsedInDocuments", used);
+  BO("O0000200")
+      .ReplyRead("GetGoodIsUsedInDocuments", TextRecords("Used", {std::to_string(c.used)}));
   auto w = Open("O00002002");
   Grid(*w).EditField("Name", Variant("Ruginė duona"));
   Grid(*w).EditField("Price", Variant(2.5));

@@ -77,8 +77,7 @@ class GenerateCodeTest : public ModuleTest {
   }
 
   void SetStructuredCodes(Variant on) {
-    auto settings = std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
+    auto settings = TextRecords("StructuredCode PriceWithVAT", "");
     settings->AddRow({std::move(on), Variant(true)});
     settings->MoveFirst();
     host_.Session()->SetSettingObject("O00018021", settings);

@@ -36,6 +36,7 @@ inline std::shared_ptr<MemoryRecordset> TextRecords(const std::string& fields,
     for (const auto& text : Split(row, "|")) values.push_back(ValueOf(text));
     rs->AddRow(std::move(values));
   }
+  rs->MoveFirst();
   return rs;
 }
 
