@@ -1,6 +1,3 @@
-// The note dialog, opened from the firm window through the firm's object:
-// what it reads, how the priority colours it, the dates' bounds and the
-// write call it sends.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -24,11 +21,9 @@ Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
 class FrmFirmInfoTest : public FirmCardTest {
  protected:
   // The firm's notes as the business layer lists them.
-  void Notes(std::vector<std::vector<Variant>> rows) {
-    auto rs = std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"});
-    for (auto& row : rows) rs->AddRow(std::move(row));
-    BO("O0000100").ReplyRead("GetFirmInfo", rs);
+  void Notes(const std::vector<std::string>& rows) {
+    BO("O0000100")
+        .ReplyRead("GetFirmInfo", TextRecords("ID Info DateFrom DateTo UserName Priority", rows));
   }
 
   // Opens the note of list row `key` ("" for a new note) with `script`
@@ -81,10 +76,8 @@ class FrmFirmInfoPriorityTest : public FrmFirmInfoTest,
 
 TEST_P(FrmFirmInfoPriorityTest, AStoredNoteOpensInItsPriorityAndColour) {
   const PriorityCase& c = GetParam();
-  Notes({{Variant(17), Variant("Mokėjimai vėluoja"), DayOf(2026, 1, 5), DayOf(2026, 12, 31),
-          Variant("admin"), Variant(c.priority)},
-         {Variant(18), Variant("Kita"), DayOf(2026, 2, 1), Variant::Null(), Variant("admin"),
-          Variant(1)}});
+  Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + std::to_string(c.priority),
+         "18|Kita|@2026-02-01|~|admin|1"});
   host_.User()->SetRs(TextRecords("ID", "3"));
   Edit("17K", [&](frmFirmInfo& dialog) {
     EXPECT_EQ(dialog.ID, 17);
@@ -116,8 +109,7 @@ TEST_F(FrmFirmInfoTest, PickingAnotherPriorityRecolours) {
 }
 
 TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
-  Notes({{Variant(17), Variant("Sena"), DayOf(2026, 1, 5), Variant::Null(), Variant("admin"),
-          Variant(3)}});
+  Notes({"17|Sena|@2026-01-05|~|admin|3"});
   auto w = Open(kFirm);
   ListView& list = Grid(*w).TabList("FirmInfo");
   list.SetSelectedItem(list.ListItems().Find("17K"));
