@@ -19,6 +19,7 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestRights.h"
@@ -50,12 +51,6 @@ class RecordingDialogs : public GoodsDialogs {
   std::string answer;  // empty: the user cancels
 };
 
-std::shared_ptr<MemoryRecordset> OneRow(const std::string& field, Variant value) {
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{field});
-  rs->AddRow({std::move(value)});
-  return rs;
-}
-
 // Firms: group 1 holds firm 2, firm 3 stands at the top. Goods: group 1 holds
 // good 2 and subgroup 3, good 4 stands at the top. Firm 2 and good 2 are
 // inactive.
@@ -70,22 +65,15 @@ class AdaptersTest : public ModuleTest {
                      "PreviewPath", "FirmTypeId", "RegionID"});
     firms.SetDefault("GroupFlag", Variant(0));
     firms.SetDefault("ParentID", Variant::Null());
-    firms.Seed(
-        {{{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}},
-         {{"Name", Variant("UAB Šilas")}, {"ParentID", Variant(1)}, {"Active", Variant(false)}},
-         {{"Name", Variant("AB Vėjas")}}});
+    firms.Seed(SeedRows("Name GroupFlag ParentID Active",
+                        {"Tiekėjai|1", "UAB Šilas||1|false", "AB Vėjas"}));
     auto& goods = BO("O0000200").Table();
     goods.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest", "OwnCode",
                      "PreviewPath", "VAT"});
     goods.SetDefault("GroupFlag", Variant(0));
     goods.SetDefault("ParentID", Variant::Null());
-    goods.Seed({{{"Name", Variant("Maistas")}, {"GroupFlag", Variant(1)}},
-                {{"Name", Variant("Duona")},
-                 {"ParentID", Variant(1)},
-                 {"Active", Variant(false)},
-                 {"WithRest", Variant(false)}},
-                {{"Name", Variant("Pieno")}, {"GroupFlag", Variant(1)}, {"ParentID", Variant(1)}},
-                {{"Name", Variant("Paslauga")}}});
+    goods.Seed(SeedRows("Name GroupFlag ParentID Active WithRest",
+                        {"Maistas|1", "Duona||1|false|false", "Pieno|1|1", "Paslauga"}));
     dialogs_ = std::make_shared<RecordingDialogs>();
     InstallGoodsDialogs(dialogs_);
   }
@@ -556,7 +544,7 @@ TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
     auto copy = BO("O0000200")
                     .Table()
                     .Seed({{{"Name", Variant("Duona (kopija)")}, {"ParentID", Variant(1)}}});
-    return OrvelBoResult(0, "", OneRow("OIDR", Variant(copy.front())));
+    return OrvelBoResult(0, "", TextRecords("OIDR", copy.front().c_str()));
   });
   auto result = Of("O0000200")->ClickMenu("O00002002", "C", "4", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
@@ -667,13 +655,13 @@ INSTANTIATE_TEST_SUITE_P(
 
 TEST_F(AdaptersTest, FirmCheckPropertiesReadExistAboveZero) {
   auto firm = Object("O00001002");
-  BO("O0000100").ReplyRead("CheckCode", OneRow("Exist", Variant(2)));
-  BO("O0000100").ReplyRead("CheckBranch", OneRow("Exist", Variant(0)));
+  BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "2"));
+  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "0"));
   EXPECT_EQ(firm->Properties("CheckCode", "1").Value, Variant(true));
   EXPECT_EQ(firm->Properties("CheckBranch", "").Value, Variant(false));
-  BO("O0000100").ReplyRead("CheckBranch", OneRow("Exist", Variant(1)));
+  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "1"));
   EXPECT_EQ(firm->Properties("checkbranch", "").Value, Variant(true));
-  BO("O0000100").ReplyRead("GetSaldoByAccountCode", OneRow("Saldo", Variant(125.5)));
+  BO("O0000100").ReplyRead("GetSaldoByAccountCode", TextRecords("Saldo", "125.5"));
   EXPECT_EQ(firm->Properties("SaldoByAccountCode", "'2410'").Value, Variant(125.5));
 }
 
@@ -770,10 +758,7 @@ TEST_F(AdaptersTest, AFailedFirmMethodCopiesNumberAndText) {
 TEST_F(AdaptersTest, SetTypeAndRegionCopiesTheGroupsDefaults) {
   auto fresh = Object("O0000100");
   fresh->Fields("ParentID").SetValue(Variant(1));
-  auto defaults =
-      std::make_shared<MemoryRecordset>(std::vector<std::string>{"FirmTypeId", "RegionID"});
-  defaults->AddRow({Variant(4), Variant(17)});
-  BO("O0000100").ReplyRead("GetTypeAndRegion", defaults);
+  BO("O0000100").ReplyRead("GetTypeAndRegion", TextRecords("FirmTypeId RegionID", "4|17"));
   Variant::Array none;
   EXPECT_EQ(fresh->Methods("settypeandregion", none).Number, 0);
   EXPECT_EQ(BusinessLines(), Lines{"GetCall GetTypeAndRegion 1"});
@@ -831,7 +816,7 @@ TEST_F(AdaptersTest, AGoodsMethodWithoutItsArgumentIsABoundsErrorAndNoCall) {
 
 TEST_F(AdaptersTest, CopyGoodReturnsTheCopysReferenceOrTheFailure) {
   host_.User()->SetId("42");
-  BO("O0000200").ReplyRead("CopyGood", OneRow("OIDR", Variant("O000020012")));
+  BO("O0000200").ReplyRead("CopyGood", TextRecords("OIDR", "O000020012"));
   auto catalogue = Object("O0000200");
   Variant::Array params{Variant("O00002002")};
   auto result = catalogue->Methods("copygood", params);
