@@ -221,8 +221,7 @@ class GoodPreviewTest : public GoodsCardTest {
 struct PreviewLoadCase {
   const char* name;
   const char* settings;
-  int active, notActive, code, byLocation, onlyWithRest;
-  bool byCode;
+  const char* boxes;     // Active, NotActive, Code, ByLocation, OnlyWithRest and ByCode, 1 or 0
   const char* location;  // null: the host's name of the warehouse, not checked here
   std::string tag;
 };
@@ -236,19 +235,21 @@ TEST_P(GoodPreviewLoadTest, FieldsGoToTheControlsAndBackUnchanged) {
   std::string after = Edit(
       c.settings,
       [&](frmGoodPreview& d) {
-        EXPECT_EQ(d.chkActive.Value(), c.active);
-        EXPECT_EQ(d.chkNotActive.Value(), c.notActive);
-        EXPECT_EQ(d.chkCode.Value(), c.code);
-        EXPECT_EQ(d.chkByLocation.Value(), c.byLocation);
-        EXPECT_EQ(d.chkOnlyWithRest.Value(), c.onlyWithRest);
-        EXPECT_EQ(d.optByCode.Value(), c.byCode);
-        EXPECT_EQ(d.OptByName.Value(), !c.byCode);
+        std::string boxes;
+        for (int value : {d.chkActive.Value(), d.chkNotActive.Value(), d.chkCode.Value(),
+                          d.chkByLocation.Value(), d.chkOnlyWithRest.Value(),
+                          static_cast<int>(d.optByCode.Value())}) {
+          boxes += std::to_string(value);
+        }
+        EXPECT_EQ(boxes, c.boxes);
+        EXPECT_NE(d.OptByName.Value(), d.optByCode.Value());
+        const bool byLocation = c.boxes[3] == '1';
         if (c.location) {
           EXPECT_EQ(d.txtLocation.Text(), c.location);
         }
         EXPECT_EQ(d.txtLocation.Tag(), c.tag);
-        EXPECT_EQ(d.txtLocation.Enabled(), c.byLocation == 1);
-        EXPECT_EQ(d.cmdLocation.Enabled(), c.byLocation == 1);
+        EXPECT_EQ(d.txtLocation.Enabled(), byLocation);
+        EXPECT_EQ(d.cmdLocation.Enabled(), byLocation);
         d.cmdOK.Click();
       },
       &confirmed);
@@ -261,14 +262,12 @@ TEST_P(GoodPreviewLoadTest, FieldsGoToTheControlsAndBackUnchanged) {
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, GoodPreviewLoadTest,
-    ::testing::Values(
-        PreviewLoadCase{"Default", "1,0,1,'',0,1,0", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""},
-        PreviewLoadCase{"Warehouse", "0,1,0,'O00016052',1,0,1", 0, 1, 0, 1, 1, false, nullptr,
-                        "O00016052"},
-        PreviewLoadCase{"ShortWarehouseKeepsTheText", "1,1,1,'O0001605',1,1,0", 1, 1, 1, 1, 0, true,
-                        "Visi sandeliai", "O0001605"},
-        PreviewLoadCase{"TooFewFields", "1,0,1", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""},
-        PreviewLoadCase{"Empty", "", 1, 0, 1, 0, 0, true, "Visi sandeliai", ""}),
+    ::testing::Values(PreviewLoadCase{"Default", "1,0,1,'',0,1,0", "101001", "Visi sandeliai", ""},
+                      PreviewLoadCase{"Warehouse", "0,1,0,'O00016052',1,0,1", "010110", nullptr,
+                                      "O00016052"},
+                      PreviewLoadCase{"ShortWarehouseKeepsTheText", "1,1,1,'O0001605',1,1,0",
+                                      "111101", "Visi sandeliai", "O0001605"},
+                      PreviewLoadCase{"TooFewFields", "1,0,1", "101001", "Visi sandeliai", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(GoodPreviewTest, NeitherActiveNorInactiveMeansActive) {
