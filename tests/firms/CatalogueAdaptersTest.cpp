@@ -106,6 +106,14 @@ class AdaptersTest : public ModuleTest {
     return lines;
   }
 
+  // A list replaced by a fresh record set, `text` the selection shown.
+  static void ExpectList(const OrvelMenuResult& result, const char* text) {
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
+    ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
+    EXPECT_NE(result.Value.ArrayValue()[0].ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(result.Value.ArrayValue()[1], Variant(text));
+  }
+
   std::shared_ptr<RecordingDialogs> dialogs_;
 };
 
@@ -400,10 +408,7 @@ TEST_P(ListKeysTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
   EXPECT_TRUE(BusinessLines().empty());
   host_.HostClasses()->QueueObjectSelect("šil", 1, 2);
   auto result = adapter->ClickMenu(c.group, "CGroup", c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
-  EXPECT_NE(result.Value.ArrayValue()[0].ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(result.Value.ArrayValue()[1], Variant("šil"));
+  ExpectList(result, "šil");
   EXPECT_EQ(BusinessLines(), Lines{c.filtered});
   auto picker = host_.HostClasses()->LastObjectSelect();
   EXPECT_TRUE(picker->MultiSelect());
@@ -411,9 +416,7 @@ TEST_P(ListKeysTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
 
   host_.Log().Clear();
   result = adapter->ClickMenu(c.group, "CGroup", "116S0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
-  EXPECT_EQ(result.Value.ArrayValue()[1], Variant(""));
+  ExpectList(result, "");
   EXPECT_EQ(BusinessLines(), Lines{c.refreshed});
 }
 
@@ -496,9 +499,7 @@ TEST_P(SettingsKeyTest, FirmSettingsReplaceTheListOnlyWhenAccepted) {
   auto result = firms->ClickMenu("O0000100", "", key, "");
   EXPECT_EQ(given, "1,0,1");
   EXPECT_EQ(otype, "O0000100");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
-  EXPECT_EQ(result.Value.ArrayValue()[1], Variant(""));
+  ExpectList(result, "");
   EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',1,1,2"});
   EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
   EXPECT_EQ(own.PreviewSettings(), "1,1,2");
@@ -514,9 +515,7 @@ TEST_P(SettingsKeyTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
   dialogs_->answer = "0,1,1,'O000160512',1,0,0";
   auto result = goods->ClickMenu("O0000200", "", key, "");
   EXPECT_EQ(dialogs_->opened, Lines(2, "ListSettings 1,0,1,'',0,1,0"));
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
-  EXPECT_NE(result.Value.ArrayValue()[0].ObjectAs<Recordset>(), nullptr);
+  ExpectList(result, "");
   EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',0,1,1,'O000160512',1,0,0"});
   EXPECT_EQ(own.PreviewSettings(), "0,1,1,'O000160512',1,0,0");
   EXPECT_FALSE(host_.Environment()->StoredSetting("O0000200", "Preview").has_value());
