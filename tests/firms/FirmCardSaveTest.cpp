@@ -169,7 +169,6 @@ TEST_P(FirmCardCodeTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
 
 INSTANTIATE_TEST_SUITE_P(Codes, FirmCardCodeTest,
                          ::testing::Values(CodeCase{"Blanks", "O00001002", Variant("   "), ""},
-                                           CodeCase{"Empty", "O00001002", Variant(""), ""},
                                            CodeCase{"Null", "O00001002", Variant::Null(), ""},
                                            CodeCase{"GroupsAreNotChecked", "O00001001",
                                                     Variant("302245871"), ""},

@@ -66,7 +66,6 @@ TEST_P(FirmDebtLineTest, TextColourAndCreditLine) {
 INSTANTIATE_TEST_SUITE_P(
     Answers, FirmDebtLineTest,
     ::testing::Values(
-        DebtCase{"PositiveDebtNoLimit", "Sum240=100;Limit=1000000", "Skola: 100,00 Lt ", false, ""},
         DebtCase{"AdvanceOnly", "Sum460=-50;Limit=1000000", "Skola: 0,00 Lt (avansas 50,00 Lt)",
                  false, ""},
         DebtCase{"BothSides", "Sum240=100;Sum450=-20;Limit=1000000",

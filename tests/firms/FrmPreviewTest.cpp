@@ -79,7 +79,6 @@ TEST_P(FrmPreviewAcceptTest, OkHandsOutTheChoiceWithoutStoringIt) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, FrmPreviewAcceptTest,
     ::testing::Values(
-        AcceptCase{"Unchanged", "1,0,1", [](frmPreview&) {}, "1,0,1"},
         AcceptCase{"SortByCode", "1,0,1", [](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
         AcceptCase{"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); },
                    "1,1,0"},

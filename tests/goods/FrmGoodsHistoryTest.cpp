@@ -210,7 +210,6 @@ TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, FrmGoodsHistoryMoneyTest,
     ::testing::Values(
-        MoneyCase{"BaseWithRateOne", "CurrencyRate=1.0;Price=1.5;Suma=3.0", "1,50|3,00| | | | "},
         MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
         MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
         MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
