@@ -15,7 +15,6 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/Text.h"
-#include "orvel/IconsTable.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
 #include "support/ModuleTest.h"
@@ -279,13 +278,6 @@ INSTANTIATE_TEST_SUITE_P(
                  "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
                  "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
     [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(AdaptersTest, FirmIconsTableListsTheSixIcons) {
-  auto icons = Of("O0000100")->GetIconsTable();
-  ASSERT_NE(icons, nullptr);
-  EXPECT_EQ(std::distance(icons->Rows().begin(), icons->Rows().end()), 6);
-  EXPECT_EQ(icons->Item("OGroupNA"), "stdOpenNA");
-}
 
 // ---- new records, and records that are gone ----
 
