@@ -11,6 +11,7 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/TextRecords.h"
 
 namespace orvel {
 
@@ -27,34 +28,22 @@ class FirmCardTest : public CardTest<frmFirms> {
     table.SetDefault("GroupFlag", Variant(0));
     table.SetDefault("ParentID", Variant::Null());
     table.SetDefault("Code", Variant(""));
-    table.Seed(
-        {{{"Name", Variant("Tiekėjai")},
-          {"GroupFlag", Variant(1)},
-          {"OwnCode", Variant("001")},
-          {"Code", Variant("G1")}},
-         {{"Name", Variant("UAB Šilas")}, {"ParentID", Variant(1)}, {"Code", Variant("302245871")}},
-         {{"Name", Variant("AB Vėjas")}},
-         {{"Name", Variant("Vietiniai")},
-          {"GroupFlag", Variant(1)},
-          {"ParentID", Variant(1)},
-          {"OwnCode", Variant("001002")}}});
+    table.Seed(SeedRows(
+        "Name GroupFlag OwnCode Code ParentID",
+        {"Tiekėjai|1|#001|G1", "UAB Šilas|||#302245871|1", "AB Vėjas", "Vietiniai|1|#001002||1"}));
     MakeAdapter();
   }
 
   // The business layer's answer to "GetFirmIsUsedInDocuments": one record
   // whose first field is the count.
   void UsedInDocuments(Variant count) {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Cnt"});
+    auto rs = TextRecords("Cnt", "");
     rs->AddRow({std::move(count)});
     BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", rs);
   }
 
   // "CheckCode" finding the code on another firm.
-  void CodeRepeats() {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-    rs->AddRow({Variant(1)});
-    BO("O0000100").ReplyRead("CheckCode", rs);
-  }
+  void CodeRepeats() { BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "1")); }
 };
 
 }  // namespace orvel

@@ -1,14 +1,11 @@
-// The firm window's list tabs: what each loader asks for and shows, the
-// deferred documents and contracts with their totals, the note line, the
-// discounts' wording, and the dialogs that edit a row.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "FirmCardFixture.h"
-#include "firms/frmAccounts.h"
 #include "common/DetailDialog.h"
-#include "host/Convert.h"
+#include "firms/frmAccounts.h"
 #include "host/Text.h"
+#include "support/TextRecords.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestMainForm.h"
 #include "testhost/TestObjectManager.h"
@@ -21,42 +18,35 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Rows = std::vector<std::vector<Variant>>;
+using Lines = std::vector<std::string>;
 
 constexpr const char* kFirm = "O00001002";
+constexpr const char* kDocs = "OIDR OType DocName Number Date Suma Debt Sign GID";
 
 Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
 
-std::shared_ptr<MemoryRecordset> Set(std::vector<std::string> fields, const Rows& rows) {
-  auto rs = std::make_shared<MemoryRecordset>(std::move(fields));
-  for (const auto& row : rows) rs->AddRow(row);
-  return rs;
-}
-
-// "caption width", with " R" for a right-aligned column.
-std::vector<std::string> Columns(const ListView& list) {
-  std::vector<std::string> out;
+// "caption width" of each column, with " R" for a right-aligned one, by "|".
+std::string Columns(const ListView& list) {
+  Lines out;
   for (const auto& column : list.ColumnHeaders()) {
     out.push_back(column->Text() + " " + std::to_string(column->Width()) +
                   (column->Alignment() == lvwColumnRight ? " R" : ""));
   }
-  return out;
+  return Join(out, "|");
 }
 
-// "key|text|sub1;sub2|tag|icon"; a bold sub-item is starred.
-std::string Row(const ListItem& row) {
-  std::string subs;
-  for (const auto& sub : row.ListSubItems()) {
-    if (sub->Index() > 1) subs += ";";
-    subs += sub->Text() + (sub->Bold() ? "*" : "");
+// "key|text|sub1;sub2|tag|icon" of each row; a bold sub-item is starred.
+Lines RowsOf(const ListView& list) {
+  Lines out;
+  for (const auto& row : list.ListItems()) {
+    std::string subs;
+    for (const auto& sub : row->ListSubItems()) {
+      if (sub->Index() > 1) subs += ";";
+      subs += sub->Text() + (sub->Bold() ? "*" : "");
+    }
+    out.push_back(row->Key() + "|" + row->Text() + "|" + subs + "|" + ConcatText(row->Tag()) + "|" +
+                  row->SmallIcon());
   }
-  return row.Key() + "|" + row.Text() + "|" + subs + "|" + ConcatText(row.Tag()) + "|" +
-         row.SmallIcon();
-}
-
-std::vector<std::string> RowsOf(const ListView& list) {
-  std::vector<std::string> out;
-  for (const auto& row : list.ListItems()) out.push_back(Row(*row));
   return out;
 }
 
@@ -65,15 +55,18 @@ class FirmDetailListsTest : public FirmCardTest {
   void SetUp() override {
     FirmCardTest::SetUp();
     // The branch tab is made for a firm that has branches.
-    BO("O0000100").ReplyRead("CheckBranch", Set({"Exist"}, {{Variant(1)}}));
+    Reply("CheckBranch", "Exist", {"1"});
   }
 
-  void Reply(const std::string& call, std::shared_ptr<MemoryRecordset> rs) {
-    BO("O0000100").ReplyRead(call, std::move(rs));
+  void Reply(const std::string& call, const std::string& fields, const Lines& rows) {
+    BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
+  }
+  void Reply(const std::string& call, const std::string& fields, const char* rows) {
+    BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
   }
 
-  std::vector<std::string> Calls(const std::string& name) {
-    std::vector<std::string> out;
+  Lines Calls(const std::string& name) {
+    Lines out;
     for (const auto& call : BO("O0000100").Calls(name)) out.push_back(call.param);
     return out;
   }
@@ -91,16 +84,16 @@ struct LoaderCase {
   const char* tab;
   const char* call;
   const char* fields;  // by blanks
-  Rows rows;
-  const char* columns;  // "caption width" of each column, joined by "|"
-  std::vector<std::string> shown;
+  const char* rows;    // a line a row
+  const char* columns;
+  const char* shown;
 };
 
 class LoaderTest : public FirmDetailListsTest, public ::testing::WithParamInterface<LoaderCase> {};
 
 TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   const LoaderCase& c = GetParam();
-  Reply(c.call, Set(Split(c.fields, " "), c.rows));
+  Reply(c.call, c.fields, c.rows);
   auto w = Open(kFirm);
   const std::string tab = c.tab;
   // The window read the short lists on opening; they are read again here.
@@ -122,126 +115,82 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
                          : tab == "GOODS"    ? "'O00001002','cukr'"
                          : tab == "FirmInfo" ? "'O00001002',0"
                                              : kFirm;
-  std::vector<std::string> sent = Calls(c.call);
+  Lines sent = Calls(c.call);
   ASSERT_FALSE(sent.empty()) << c.call;
   EXPECT_EQ(sent.back(), expected);
-  EXPECT_EQ(Join(Columns(Tab(*w, c.tab)), "|"), c.columns);
-  EXPECT_EQ(RowsOf(Tab(*w, c.tab)), c.shown);
+  EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
+  EXPECT_EQ(Join(RowsOf(Tab(*w, c.tab)), "\n"), c.shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Tabs, LoaderTest,
     ::testing::Values(
-        LoaderCase{"Accounts",
-                   "GetAccounts",
-                   "OIDR Number BankName",
-                   {{Variant("O00005007"), Variant("LT12 7300"), Variant::Null()}},
-                   "Numeris 2000|Bankas 4000",
-                   {"O00005007|LT12 7300|||"}},
-        LoaderCase{
-            "FirmAddresses",
-            "GetFirmADDRESSES",
-            "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
-            {{Variant("O00020001"), Variant("Buveinės"), Variant("Vilnius"), Variant("LT-01100"),
-              Variant("Gedimino pr. 1"), Variant("+370 5 1"), Variant::Null(), Variant("a@b.lt"),
-              Variant(true)},
-             {Variant("O00020002"), Variant("Pristatymo"), Variant::Null(), Variant::Null(),
-              Variant::Null(), Variant::Null(), Variant::Null(), Variant::Null(), Variant(false)}},
-            "Tipas 2000|Regionas 1000|Indeksas 1000|Gatvė 2000|Telefonas 1000|Faksas 1000|El. "
-            "paštas 1500|Pagrindinis 1500",
-            {"O00020001|Buveinės|Vilnius;LT-01100;Gedimino pr. 1;+370 5 1;;a@b.lt;Taip||",
-             "O00020002|Pristatymo|;;;;;;||"}},
-        LoaderCase{"FirmContacts",
-                   "GetFirmCONTACTS",
+        LoaderCase{"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12 7300|~",
+                   "Numeris 2000|Bankas 4000", "O00005007|LT12 7300|||"},
+        LoaderCase{"FirmAddresses", "GetFirmADDRESSES",
+                   "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
+                   "O00020001|Buveinės|Vilnius|LT-01100|Gedimino pr. 1|+370 5 "
+                   "1|~|a@b.lt|true\nO00020002|Pristatymo|~|~|~|~|~|~|false",
+                   "Tipas 2000|Regionas 1000|Indeksas 1000|Gatvė 2000|Telefonas 1000|Faksas 1000|"
+                   "El. paštas 1500|Pagrindinis 1500",
+                   "O00020001|Buveinės|Vilnius;LT-01100;Gedimino pr. 1;+370 5 "
+                   "1;;a@b.lt;Taip||\nO00020002|Pristatymo|;;;;;;||"},
+        LoaderCase{"FirmContacts", "GetFirmCONTACTS",
                    "OIDR Name LastName Role Phone Fax EMail Note FlagMain",
-                   {{Variant("O00021003"), Variant("Asta"), Variant("Kazlauskienė"),
-                     Variant("Direktorė"), Variant("8 600"), Variant::Null(), Variant::Null(),
-                     Variant("Po 10 val."), Variant::Null()}},
-                   "Vardas 1000|Pavarde 1000|Pareigos 2000|Telefonas 1000|Faksas 1000|El. paštas "
-                   "1500|Pastaba 1500|Pagrindinis 1500",
-                   {"O00021003|Asta|Kazlauskienė;Direktorė;8 600;;;Po 10 val.;||"}},
-        LoaderCase{
-            "FirmBRANCH",
-            "GetFirmBranch",
-            "OIDR Name Code Region Street Tel Fax EMail",
-            {{Variant("O00016041"), Variant("Kauno filialas"), Variant("12"), Variant("Kaunas"),
-              Variant("Laisvės al. 3"), Variant("8 37"), Variant::Null(), Variant::Null()}},
-            "Pavadinimas 2000|Kodas 1000|Regionas 1000|Gatvė 2000|Telefonas 1000|Faksas 1000|El. "
-            "paštas 1500",
-            {"O00016041|Kauno filialas|12;Kaunas;Laisvės al. 3;8 37;;|O00016041|"}},
-        LoaderCase{"FirmServers",
-                   "GetFirmSERVERS",
-                   "OIDR Name",
-                   {{Variant("O00024001"), Variant("Rūta Buhalterė")}},
-                   "Vadybininkas 3000",
-                   {"O00024001|Rūta Buhalterė|||"}},
-        LoaderCase{"FirmActivity",
-                   "GetFirmActivity",
-                   "OIDR Preview",
-                   {{Variant("O00025002"), Variant("Didmeninė prekyba")}},
-                   "Veiklos pavadinimas 5000",
-                   {"O00025002|Didmeninė prekyba||O00025002|"}},
-        LoaderCase{"FirmInfo",
-                   "GetFirmInfo",
-                   "ID Info DateFrom DateTo UserName Priority",
-                   {{Variant(17), Variant("Skambinti"), DayOf(2026, 1, 5), Variant::Null(),
-                     Variant("admin"), Variant(1)}},
+                   "O00021003|Asta|Kazlauskienė|Direktorė|8 600|~|~|Po 10 val.|~",
+                   "Vardas 1000|Pavarde 1000|Pareigos 2000|Telefonas 1000|Faksas 1000|"
+                   "El. paštas 1500|Pastaba 1500|Pagrindinis 1500",
+                   "O00021003|Asta|Kazlauskienė;Direktorė;8 600;;;Po 10 val.;||"},
+        LoaderCase{"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
+                   "O00016041|Kauno filialas|#12|Kaunas|Laisvės al. 3|8 37|~|~",
+                   "Pavadinimas 2000|Kodas 1000|Regionas 1000|Gatvė 2000|Telefonas 1000|"
+                   "Faksas 1000|El. paštas 1500",
+                   "O00016041|Kauno filialas|12;Kaunas;Laisvės al. 3;8 37;;|O00016041|"},
+        LoaderCase{"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|Rūta Buhalterė",
+                   "Vadybininkas 3000", "O00024001|Rūta Buhalterė|||"},
+        LoaderCase{"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|Didmeninė prekyba",
+                   "Veiklos pavadinimas 5000", "O00025002|Didmeninė prekyba||O00025002|"},
+        LoaderCase{"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
+                   "17|Skambinti|@2026-01-05|~|admin|1",
                    "Informacija 4000|Galioja nuo 2000|Galioja iki 2000|Autorius 4000",
-                   {"17K|Skambinti|2026-01-05;;admin||"}},
+                   "17K|Skambinti|2026-01-05;;admin||"},
         LoaderCase{
-            "Discounts",
-            "GetDiscounts",
+            "Discounts", "GetDiscounts",
             "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
-            {{Variant("O10006001"), Variant("Sezoninė"), Variant("Vasara"), Variant(50),
-              Variant(500), Variant(2.5), Variant::Null(), Variant(true), Variant("UAB Šilas")}},
+            "O10006001|Sezoninė|Vasara|50|500|2.5|~|true|UAB Šilas",
             "Pavadinimas 3000|Variantas 3000|Procentas 800| 2000|Įmonė 4000",
-            {"O10006001|Sezoninė|Vasara (nuo:50, iki:500);2,5%;;UAB Šilas|O10006001|"}},
-        LoaderCase{"Traffic",
-                   "GetTraffic",
-                   "OIDR OType DocName Number Date Suma Debt Sign GID",
-                   {{Variant("O10002005"), Variant("O1000200"), Variant("Pirkimo sąskaita"),
-                     Variant("PIR00005"), DayOf(2026, 3, 2), Variant(1234.5), Variant(-100.0),
-                     Variant(-1), Variant(2)}},
-                   "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
-                   {"O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|"
-                    "O1000200",
-                    "| | ; ; ;100,00*||"}},
-        LoaderCase{"FirmContracts",
-                   "GetContractsList",
-                   "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-                   {{Variant("O10010003"), Variant("O1001000"), Variant("S-1"), DayOf(2026, 1, 1),
-                     Variant::Null(), Variant(1000), Variant("Galioja"), Variant("Rūta")}},
-                   "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė "
-                   "1200|Vadybininkas 2000",
-                   {"O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000",
-                    "| | ; ;1000,00*;;||"}},
+            "O10006001|Sezoninė|Vasara (nuo:50, iki:500);2,5%;;UAB Šilas|O10006001|"},
         LoaderCase{
-            "GOODS",
-            "GetFindGoods",
-            "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
-            {{Variant("O10001001.4"), Variant("O10001001"), Variant("O1000100"), Variant("Cukrus"),
-              Variant::Null(), Variant("PSF00001"), DayOf(2026, 2, 3), Variant(2.5),
-              Variant("O00002009")}},
-            "Prekės pavadinimas 3000|Komentaras 2000|Dok. Numeris 1200|Data 1200|Kiekis 2000 R",
-            {"O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}}),
+            "Traffic", "GetTraffic", kDocs,
+            "O10002005|O1000200|Pirkimo sąskaita|PIR00005|@2026-03-02|1234.5|-100.0|-1|2",
+            "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
+            "O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | "
+            "; ; ;100,00*||"},
+        LoaderCase{"FirmContracts", "GetContractsList",
+                   "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
+                   "O10010003|O1001000|S-1|@2026-01-01|~|1000|Galioja|Rūta",
+                   "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė 1200|"
+                   "Vadybininkas 2000",
+                   "O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000\n| | ; "
+                   ";1000,00*;;||"},
+        LoaderCase{"GOODS", "GetFindGoods",
+                   "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
+                   "O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009",
+                   "Prekės pavadinimas 3000|Komentaras 2000|Dok. Numeris 1200|Data 1200|"
+                   "Kiekis 2000 R",
+                   "O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}),
     [](const auto& info) { return std::string(info.param.tab); });
 
 TEST_F(FirmDetailListsTest, FirmsOfAGroupShowIconsAndAFirmsColumns) {
-  Reply("GetFirms",
-        Set({"OIDR", "Preview", "GroupFlag", "Code", "Street", "RegionName", "Tel", "Fax",
-             "Director"},
-            {{Variant("O00001004"), Variant("Vietiniai"), Variant(1), Variant::Null(),
-              Variant::Null(), Variant::Null(), Variant::Null(), Variant::Null(), Variant::Null()},
-             {Variant("O00001002"), Variant("UAB Šilas"), Variant(0), Variant("302245871"),
-              Variant("Ąžuolų g. 2"), Variant("Vilnius"), Variant("8 5"), Variant::Null(),
-              Variant("J. Jonaitis")}}));
+  Reply("GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
+        {"O00001004|Vietiniai|1|~|~|~|~|~|~",
+         "O00001002|UAB Šilas|0|#302245871|Ąžuolų g. 2|Vilnius|8 5|~|J. Jonaitis"});
   auto w = Open("O00001001");
   w->LoadFirmsList();
   EXPECT_THAT(Calls("GetFirms"), ElementsAre("O00001001"));
-  EXPECT_EQ(
-      Columns(Tab(*w, "Firms")),
-      (std::vector<std::string>{"Pavadinimas 3000", "Įm. kodas 1000", "Gatvė 1000", "Regionas 1000",
-                                "Telefonas 1000", "Faksas 1000", "Direktorius 3000"}));
+  EXPECT_EQ(Columns(Tab(*w, "Firms")),
+            "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
+            "Faksas 1000|Direktorius 3000");
   EXPECT_THAT(RowsOf(Tab(*w, "Firms")),
               ElementsAre("O00001004|Vietiniai||O00001004|stdClose",
                           "O00001002|UAB Šilas|302245871;Ąžuolų g. 2;Vilnius;8 5;;J. Jonaitis|"
@@ -273,22 +222,10 @@ TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
 }
 
-TEST_F(FirmDetailListsTest, ReloadingReplacesTheRowsAndKeepsTheColumns) {
-  Reply("GetFirmSERVERS", Set({"OIDR", "Name"}, {{Variant("O00024001"), Variant("Rūta")}}));
-  auto w = Open(kFirm);
-  Reply("GetFirmSERVERS", Set({"OIDR", "Name"}, {{Variant("O00024002"), Variant("Jonas")}}));
-  w->LoadManagers();
-  EXPECT_THAT(RowsOf(Tab(*w, "FirmServers")), ElementsAre("O00024002|Jonas|||"));
-  EXPECT_EQ(Tab(*w, "FirmServers").ColumnHeaders().Count(), 1);
-}
-
 // ---- the deferred documents and contracts ----
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
-  Reply("GetTraffic",
-        Set({"OIDR", "OType", "DocName", "Number", "Date", "Suma", "Debt", "Sign", "GID"},
-            {{Variant("O10001001"), Variant("O1000100"), Variant("PVM sąskaita"), Variant("PSF1"),
-              DayOf(2026, 3, 1), Variant(10), Variant(10), Variant(1), Variant(1)}}));
+  Reply("GetTraffic", kDocs, {"O10001001|O1000100|PVM sąskaita|PSF1|@2026-03-01|10|10|1|1"});
   auto w = Open(kFirm);
   EXPECT_THAT(Calls("GetTraffic"), IsEmpty());
   EXPECT_THAT(Calls("GetContractsList"), IsEmpty());
@@ -312,79 +249,59 @@ TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked)
 
 struct TrafficCase {
   const char* name;
-  Rows rows;
-  std::vector<std::string> denied;
-  std::vector<std::string> shown;
+  const char* rows;
+  const char* denied;  // an Allowed right taken away, "" for none
+  const char* shown;
 };
 
 class TrafficTest : public FirmDetailListsTest,
                     public ::testing::WithParamInterface<TrafficCase> {};
 
 TEST_P(TrafficTest, RowsTotalsAndTagsByRight) {
-  for (const auto& key : GetParam().denied) {
-    host_.Rights()->Deny(key, TestRights::Right::Allowed);
-  }
-  Reply("GetTraffic",
-        Set({"OIDR", "OType", "DocName", "Number", "Date", "Suma", "Debt", "Sign", "GID"},
-            GetParam().rows));
+  if (*GetParam().denied) host_.Rights()->Deny(GetParam().denied, TestRights::Right::Allowed);
+  Reply("GetTraffic", kDocs, GetParam().rows);
   auto w = Open(kFirm);
   w->LoadTraffic(true);
-  EXPECT_EQ(RowsOf(Tab(*w, "Traffic")), GetParam().shown);
+  EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), GetParam().shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, TrafficTest,
     ::testing::Values(
         // What the firm owes and what we owe it cancel out: the total is 0.00.
-        TrafficCase{
-            "DebtsCancelOut",
-            {{Variant("O10001001"), Variant("O1000100"), Variant("D"), Variant("1"),
-              DayOf(2026, 3, 1), Variant(50), Variant(50), Variant(1), Variant(1)},
-             {Variant("O10002002"), Variant("O1000200"), Variant("D"), Variant("2"),
-              DayOf(2026, 3, 2), Variant(50), Variant(50), Variant(1), Variant(2)},
-             {Variant("O10002003"), Variant("O1000200"), Variant("D"), Variant("3"),
-              DayOf(2026, 3, 3), Variant(100), Variant(-100), Variant(1), Variant(2)}},
-            {},
-            {"O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100",
-             "O10002002|D|2;2026-03-02;50,00;50,00|O10002002|O1000200",
-             "O10002003|D|3;2026-03-03;100,00;100,00|O10002003|O1000200", "| | ; ; ;0,00*||"}},
+        TrafficCase{"DebtsCancelOut",
+                    "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
+                    "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+                    "",
+                    "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
+                    "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
+                    "O10002003|O1000200\n| | ; ; ;0,00*||"},
         // A sign of -1 turns a debt around before it is added.
-        TrafficCase{
-            "SignTurnsTheDebt",
-            {{Variant("O10002002"), Variant("O1000200"), Variant("D"), Variant("2"),
-              DayOf(2026, 3, 2), Variant(80), Variant(-80), Variant(-1), Variant(2)},
-             {Variant("O10001001"), Variant("O1000100"), Variant("D"), Variant("1"),
-              DayOf(2026, 3, 1), Variant(30), Variant(30), Variant(1), Variant(1)}},
-            {},
-            {"O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200",
-             "O10001001|D|1;2026-03-01;30,00;30,00|O10001001|O1000100", "| | ; ; ;110,00*||"}},
+        TrafficCase{"SignTurnsTheDebt",
+                    "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
+                    "2026-03-01|30|30|1|1",
+                    "",
+                    "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
+                    "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
         // Document groups answer to their lock right, the others to the
         // operation right; a row without the right shows but has no Tag.
         TrafficCase{"RightsByDocumentKind",
-                    {{Variant("O10001001"), Variant("O1000100"), Variant("D"), Variant("1"),
-                      DayOf(2026, 3, 1), Variant(1), Variant(1), Variant(1), Variant(7)},
-                     {Variant("O10002002"), Variant("O1000200"), Variant("D"), Variant("2"),
-                      DayOf(2026, 3, 2), Variant(1), Variant(1), Variant(1), Variant(7)}},
-                    {"CDocumentGroupLock7"},
-                    {"O10001001|D|1;2026-03-01;1,00;1,00||O1000100",
-                     "O10002002|D|2;2026-03-02;1,00;1,00|O10002002|O1000200", "| | ; ; ;2,00*||"}},
+                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
+                    "02|1|1|1|7",
+                    "CDocumentGroupLock7",
+                    "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
+                    "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
         // A repeated OIDR adds no row: its columns go into the row before.
         TrafficCase{"RepeatedOidrWritesIntoThePreviousRow",
-                    {{Variant("O10001001"), Variant("O1000100"), Variant("D"), Variant("1"),
-                      DayOf(2026, 3, 1), Variant(1), Variant(1), Variant(1), Variant(1)},
-                     {Variant("O10001001"), Variant("O1000100"), Variant("D"), Variant("9"),
-                      DayOf(2026, 3, 9), Variant(2), Variant(2), Variant(1), Variant(1)}},
-                    {},
-                    {"O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-                     "O1000100",
-                     "| | ; ; ;3,00*||"}},
+                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
+                    "09|2|2|1|1",
+                    "",
+                    "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
+                    "O1000100\n| | ; ; ;3,00*||"},
         // The business layer's summary row names no record: it is not opened.
-        TrafficCase{"SummaryRowHasNoTag",
-                    {{Variant("O0000000"), Variant("O0000000"), Variant("Iš viso"), Variant(""),
-                      Variant::Null(), Variant(5), Variant(5), Variant(0), Variant(0)}},
-                    {},
-                    {"O0000000|Iš viso|;;5,00;5,00||O0000000", "| | ; ; ;0,00*||"}},
-        TrafficCase{"NoDocumentsNoTotal", {}, {}, {}}),
+        TrafficCase{"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
+                    "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+        TrafficCase{"NoDocumentsNoTotal", "", "", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 struct PeriodCase {
@@ -432,13 +349,8 @@ TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
 }
 
 TEST_F(FirmDetailListsTest, ContractsRefreshFromTheirMenuAndTotalWithoutSign) {
-  Reply(
-      "GetContractsList",
-      Set({"OIDR", "OType", "ContractNumber", "DateFrom", "DateTo", "SumA", "State", "Responsible"},
-          {{Variant("O10010001"), Variant("O1001000"), Variant("S-1"), Variant::Null(),
-            Variant::Null(), Variant(-200), Variant::Null(), Variant::Null()},
-           {Variant("O10010002"), Variant("O1001000"), Variant("S-2"), Variant::Null(),
-            Variant::Null(), Variant(50.255), Variant::Null(), Variant::Null()}}));
+  Reply("GetContractsList", "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
+        {"O10010001|O1001000|S-1|~|~|-200|~|~", "O10010002|O1001000|S-2|~|~|50.255|~|~"});
   auto w = Open(kFirm);
   w->mnuContractRefresh.Click();
   EXPECT_THAT(Calls("GetContractsList"), ElementsAre(kFirm));
@@ -463,10 +375,11 @@ TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
 
 // ---- the note line ----
 
+constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
+
 struct NoteLineCase {
   const char* name;
-  Variant dateTo;
-  int priority;
+  const char* note;  // the note in force, or not
   bool shown;
   int32_t color;
 };
@@ -476,11 +389,7 @@ class NoteLineTest : public FirmDetailListsTest,
 
 TEST_P(NoteLineTest, TheFirstNoteInForceIsShownInItsColour) {
   const NoteLineCase& c = GetParam();
-  Reply("GetFirmInfo", Set({"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"},
-                           {{Variant(4), Variant("Mokėjimai vėluoja"), DayOf(2026, 1, 1), c.dateTo,
-                             Variant("admin"), Variant(c.priority)},
-                            {Variant(9), Variant("Sena"), DayOf(2025, 1, 1), DayOf(2025, 2, 1),
-                             Variant("rūta"), Variant(3)}}));
+  Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
   auto w = Open(kFirm);
   EXPECT_EQ(w->lblInfo.Visible(), c.shown);
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
@@ -498,24 +407,25 @@ TEST_P(NoteLineTest, TheFirstNoteInForceIsShownInItsColour) {
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, NoteLineTest,
-    ::testing::Values(NoteLineCase{"NoEnd", Variant::Null(), 1, true, vbBlack},
-                      NoteLineCase{"EndsToday", DayOf(2026, 11, 23), 2, true, vbBlue},
-                      NoteLineCase{"EndsLater", DayOf(2027, 1, 1), 3, true, vbRed},
-                      NoteLineCase{"EndedYesterday", DayOf(2026, 11, 22), 2, false, vbBlue}),
+    ::testing::Values(
+        NoteLineCase{"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
+        NoteLineCase{"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true,
+                     vbBlue},
+        NoteLineCase{"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true,
+                     vbRed},
+        NoteLineCase{"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
+                     vbBlue}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
-  const std::vector<std::string> fields{"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"};
-  Reply("GetFirmInfo", Set(fields, {{Variant(4), Variant("A"), DayOf(2026, 1, 1), Variant::Null(),
-                                     Variant("admin"), Variant(3)}}));
+  Reply("GetFirmInfo", kNotes, {"4|A|@2026-01-01|~|admin|3"});
   auto w = Open(kFirm);
   ASSERT_TRUE(w->lblInfo.Visible());
-  Reply("GetFirmInfo", Set(fields, {{Variant(5), Variant("B"), DayOf(2026, 1, 1), Variant::Null(),
-                                     Variant("admin"), Variant(1)}}));
+  Reply("GetFirmInfo", kNotes, {"5|B|@2026-01-01|~|admin|1"});
   w->LoadFirmInfo();
   EXPECT_EQ(w->lblInfo.Caption(), "B (admin)");
   EXPECT_EQ(w->lblInfo.ForeColor(), vbRed);
-  Reply("GetFirmInfo", Set(fields, {}));
+  Reply("GetFirmInfo", kNotes, "");
   w->LoadFirmInfo();
   EXPECT_FALSE(w->lblInfo.Visible());
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
@@ -525,7 +435,7 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
 
 struct DiscountCase {
   const char* name;
-  Variant variantName, sumFrom, sumTo, goodName, valid;
+  const char* row;  // VariantName|SumFrom|SumTo|GoodName|Valid
   const char* variant;
   const char* origin;
 };
@@ -535,10 +445,9 @@ class DiscountWordsTest : public FirmDetailListsTest,
 
 TEST_P(DiscountWordsTest, VariantAndOrigin) {
   const DiscountCase& c = GetParam();
-  Reply("GetDiscounts", Set({"OIDR", "DiscountTypeName", "VariantName", "SumFrom", "SumTo",
-                             "Percent", "GoodName", "Valid", "FirmName"},
-                            {{Variant("O10006001"), Variant("N"), c.variantName, c.sumFrom, c.sumTo,
-                              Variant(5), c.goodName, c.valid, Variant("Tiekėjai")}}));
+  Reply("GetDiscounts",
+        "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
+        {std::string("O10006001|N|5|Tiekėjai|") + c.row});
   auto w = Open(kFirm);
   const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
   EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
@@ -550,19 +459,13 @@ TEST_P(DiscountWordsTest, VariantAndOrigin) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, DiscountWordsTest,
     ::testing::Values(
-        DiscountCase{"NoVariant", Variant::Null(), Variant(100), Variant(200), Variant::Null(),
-                     Variant(true), "", ""},
-        DiscountCase{"NoUpperBound", Variant("Didmena"), Variant(100), Variant(0), Variant(""),
-                     Variant(true), "Didmena (nuo:100)", ""},
-        DiscountCase{"Bounds", Variant("Didmena"), Variant(100.5), Variant(500), Variant::Null(),
-                     Variant(true), "Didmena (nuo:100,5, iki:500)", ""},
-        DiscountCase{"Inherited", Variant::Null(), Variant::Null(), Variant::Null(),
-                     Variant("Statyba"), Variant(true), "", "Paveldeta iš grupės:Statyba"},
-        DiscountCase{"InheritedNotValid", Variant::Null(), Variant::Null(), Variant::Null(),
-                     Variant("Statyba"), Variant(false), "",
+        DiscountCase{"NoVariant", "~|100|200|~|true", "", ""},
+        DiscountCase{"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
+        DiscountCase{"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
+        DiscountCase{"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
+        DiscountCase{"InheritedNotValid", "~|~|~|Statyba|false", "",
                      "Paveldeta iš grupės:Statyba(negalioja)"},
-        DiscountCase{"NotValidAlone", Variant::Null(), Variant::Null(), Variant::Null(),
-                     Variant::Null(), Variant(false), "", "(negalioja)"}),
+        DiscountCase{"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // ---- editing rows ----
@@ -611,19 +514,15 @@ TEST_P(EditDetailTest, OpensTheRowOrANewRecordAndReloadsWhenSaved) {
   table.SetFields({"ID", "Name", "FirmID"});
   table.Seed({{{"Name", Variant("Esamas")}, {"FirmID", Variant(2)}}});
   // One row that every detail list can read.
-  std::vector<std::string> fields{"OIDR", "Name",   "Preview",  "AddressType", "LastName",
-                                  "Role", "Region", "PostCode", "Street",      "Phone",
-                                  "Fax",  "EMail",  "Note",     "FlagMain"};
-  Variant::Array row(fields.size(), Variant("x"));
-  row[0] = Variant(std::string(c.otype) + "1");
-  Reply(c.call, Set(fields, {row}));
+  Reply(c.call,
+        "OIDR Name Preview AddressType LastName Role Region PostCode Street Phone Fax EMail Note "
+        "FlagMain",
+        {std::string(c.otype) + "1|x|x|x|x|x|x|x|x|x|x|x|x|x"});
   auto w = Open(kFirm);
   ListView& list = Tab(*w, c.tab);
   list.SetSelectedItem(&list.ListItems().Item(1));
   const size_t before = Calls(c.call).size();
-  for (size_t i = 0; i < Grid(*w).Tabs().size(); ++i) {
-    if (Grid(*w).Tabs()[i].key == c.tab) w->CurrentTab = static_cast<int16_t>(i + 1);
-  }
+  w->CurrentTab = static_cast<int16_t>(TabIndex(*w, c.tab) + 1);
   w->EditDetail(c.isNew);
   EXPECT_THAT(dialogs_->seen, ElementsAre(c.seen));
   EXPECT_EQ(Calls(c.call).size(), before + 1);
@@ -695,8 +594,7 @@ TEST_F(AccountDialogTest, ANewAccountBelongsToTheFirmAndReloadsTheList) {
 }
 
 TEST_F(AccountDialogTest, AFailedWriteIsShownAndTheDialogStays) {
-  Reply("GetAccounts", Set({"OIDR", "Number", "BankName"},
-                           {{Variant("O00005001"), Variant("LT01"), Variant("Swedbank")}}));
+  Reply("GetAccounts", "OIDR Number BankName", {"O00005001|LT01|Swedbank"});
   BO("O0000500").FailCallsNamed("Orvel_SaveObject", 17, "Numeris kartojasi");
   auto w = Open(kFirm);
   ListView& list = Tab(*w, "Accounts");
@@ -726,9 +624,7 @@ TEST_F(FirmDetailListsTest, EditorsOfANewFirmAskToSaveItFirst) {
   w->EditDetail(true);
   w->EditAccount(true);
   w->EditFirmInfo(true);
-  EXPECT_THAT(Boxes(), ElementsAre("48 Apskaita Išsaugokite naujai sukurtą įmonę",
-                                   "48 Apskaita Išsaugokite naujai sukurtą įmonę",
-                                   "48 Apskaita Išsaugokite naujai sukurtą įmonę"));
+  EXPECT_EQ(Boxes(), Lines(3, "48 Apskaita Išsaugokite naujai sukurtą įmonę"));
 }
 
 }  // namespace

@@ -1,12 +1,10 @@
-// The note dialog, opened from the firm window through the firm's object:
-// what it reads, how the priority colours it, the dates' bounds and the
-// write call it sends.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "FirmCardFixture.h"
 #include "firms/frmFirmInfo.h"
 #include "host/Convert.h"
+#include "support/TextRecords.h"
 #include "testhost/TestUser.h"
 #include "ui/ControlConstants.h"
 
@@ -23,11 +21,9 @@ Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
 class FrmFirmInfoTest : public FirmCardTest {
  protected:
   // The firm's notes as the business layer lists them.
-  void Notes(std::vector<std::vector<Variant>> rows) {
-    auto rs = std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"ID", "Info", "DateFrom", "DateTo", "UserName", "Priority"});
-    for (auto& row : rows) rs->AddRow(std::move(row));
-    BO("O0000100").ReplyRead("GetFirmInfo", rs);
+  void Notes(const std::vector<std::string>& rows) {
+    BO("O0000100")
+        .ReplyRead("GetFirmInfo", TextRecords("ID Info DateFrom DateTo UserName Priority", rows));
   }
 
   // Opens the note of list row `key` ("" for a new note) with `script`
@@ -62,6 +58,7 @@ TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) 
     EXPECT_EQ(dialog.imcPriority.Text(), "Svarbi informacija");
     dialog.txtInfo.Edit("  Skambinti 'rytoj'  ");
     dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(2));
+    EXPECT_EQ(dialog.txtInfo.ForeColor(), vbBlue);  // the pick recolours
     dialog.cmdWrite.Click();
   });
   EXPECT_THAT(Writes(), ElementsAre("0,'Skambinti \"rytoj\"','20261123',Null,2,1,2"));
@@ -80,16 +77,9 @@ class FrmFirmInfoPriorityTest : public FrmFirmInfoTest,
 
 TEST_P(FrmFirmInfoPriorityTest, AStoredNoteOpensInItsPriorityAndColour) {
   const PriorityCase& c = GetParam();
-  Notes({{Variant(17), Variant("Mokėjimai vėluoja"), DayOf(2026, 1, 5), DayOf(2026, 12, 31),
-          Variant("admin"), Variant(c.priority)},
-         {Variant(18), Variant("Kita"), DayOf(2026, 2, 1), Variant::Null(), Variant("admin"),
-          Variant(1)}});
-  host_.User()->SetRs([] {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"});
-    rs->AddRow({Variant(3)});
-    rs->MoveFirst();
-    return rs;
-  }());
+  Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + std::to_string(c.priority),
+         "18|Kita|@2026-02-01|~|admin|1"});
+  host_.User()->SetRs(TextRecords("ID", "3"));
   Edit("17K", [&](frmFirmInfo& dialog) {
     EXPECT_EQ(dialog.ID, 17);
     EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
@@ -109,19 +99,8 @@ INSTANTIATE_TEST_SUITE_P(Priorities, FrmFirmInfoPriorityTest,
                                            PriorityCase{2, "Ypatingai svarbi informacija", vbBlue},
                                            PriorityCase{3, "Įspėjamoji informacija", vbRed}));
 
-TEST_F(FrmFirmInfoTest, PickingAnotherPriorityRecolours) {
-  Edit("", [](frmFirmInfo& dialog) {
-    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(3));
-    EXPECT_EQ(dialog.txtInfo.ForeColor(), vbRed);
-    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(1));
-    EXPECT_EQ(dialog.lblColor.ForeColor(), vbBlack);
-    dialog.cmdCancel.Click();
-  });
-}
-
 TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
-  Notes({{Variant(17), Variant("Sena"), DayOf(2026, 1, 5), Variant::Null(), Variant("admin"),
-          Variant(3)}});
+  Notes({"17|Sena|@2026-01-05|~|admin|3"});
   auto w = Open(kFirm);
   ListView& list = Grid(*w).TabList("FirmInfo");
   list.SetSelectedItem(list.ListItems().Find("17K"));

@@ -1,5 +1,3 @@
-// The firm window's frame: start-up, tabs, popup menus, the deferred dialogs,
-// drag and drop, and new records made from the current one.
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -8,9 +6,10 @@
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
@@ -40,18 +39,9 @@ class FrmFirmsTest : public FirmCardTest {
     return window;
   }
 
-  std::vector<std::string> TabKeys(frmFirms& window) {
-    std::vector<std::string> keys;
-    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
-    return keys;
-  }
-
-  void Select(frmFirms& w, const std::string& tab, const std::string& key, Variant tag = {},
-              const std::string& icon = {}) {
-    ListView& list = Grid(w).TabList(tab);
-    ListItem& row = list.ListItems().Add(0, key, key, icon);
-    row.SetTag(std::move(tag));
-    list.SetSelectedItem(&row);
+  // "CheckBranch" finding `count` branches.
+  void HasBranches(int count = 1) {
+    BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", {std::to_string(count)}));
   }
 };
 
@@ -74,9 +64,7 @@ TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
   const TabCase& c = GetParam();
   if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
   if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(c.exist)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches(c.exist);
   auto w = Open(c.oidr, c.key);
   ASSERT_TRUE(w);
   EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
@@ -112,9 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->DiscountsTab, 11);
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
@@ -129,9 +115,7 @@ TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
 }
 
 TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_TRUE(w->HasListHandle(11));
   w->Unload();
@@ -219,10 +203,8 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   w->QueryRemove(cancel);
   EXPECT_TRUE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Įmonės kortelė\n\nUždaryti be išsaugojimo?");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Apskaita");
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
   cancel = false;
   host_.Ui()->QueueAnswer(vbYes);
   w->QueryRemove(cancel);
@@ -238,28 +220,21 @@ struct PopupCase {
   const char* tab;
   bool select;
   Variant tag;
-  const char* menu;     // "" when no menu opens
-  const char* shown;    // menu entries, by blanks
-  const char* enabled;  // the shown entries that are enabled, by blanks
+  const char* menu;   // "" when no menu opens
+  const char* shown;  // the entries shown, by blanks; "!" marks one disabled
 };
 
 class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterface<PopupCase> {};
 
 TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
   const PopupCase& c = GetParam();
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
                                 std::string(c.tab) != "Discounts"
                             ? "1"
                             : "0");
-  if (c.select) Select(*w, c.tab, "row", c.tag);
-  int index = -1;
-  for (size_t i = 0; i < Grid(*w).Tabs().size(); ++i) {
-    if (Grid(*w).Tabs()[i].key == c.tab) index = static_cast<int>(i);
-  }
-  ASSERT_GE(index, 0);
+  if (c.select) SelectRow(*w, c.tab, "row", c.tag);
+  const int index = TabIndex(*w, c.tab);
   if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(index, 2);
   EXPECT_EQ(w->CurrentTab, index + 1);
@@ -270,70 +245,57 @@ TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
   }
   ASSERT_EQ(popups.size(), 1u);
   EXPECT_EQ(popups[0].menu, c.menu);
-  EXPECT_EQ(Join(popups[0].shown, " "), c.shown);
   Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
   ASSERT_NE(menu, nullptr);
-  std::vector<std::string> enabled;
+  std::vector<std::string> shown;
   for (const auto& name : popups[0].shown) {
-    if (menu->Find(name)->Enabled()) enabled.push_back(name);
+    shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
   }
-  EXPECT_EQ(Join(enabled, " "), c.enabled);
+  EXPECT_EQ(Join(shown, " "), c.shown);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Tabs, FrmFirmsPopupTest,
     ::testing::Values(
         PopupCase{"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete",
                   "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
         // Delete is hidden, not disabled, so Edit stays enabled.
         PopupCase{"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit", "mnuAccountsNew mnuAccountsEdit"},
+                  "mnuAccountsNew mnuAccountsEdit"},
         PopupCase{"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit", "mnuAccountsEdit"},
+                  "!mnuAccountsNew mnuAccountsEdit"},
         PopupCase{"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
-                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank",
                   "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
         PopupCase{"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
-                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank", "mnuBlank"},
+                  "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
         PopupCase{"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
-                  "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete",
                   "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
         PopupCase{"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
-                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete",
                   "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
         PopupCase{"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
-                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete",
-                  "mnuPreview mnuRefresh mnuBlank"},
+                  "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
         PopupCase{"ContactsSelected", "O00001002", "FirmContacts", true, Variant(),
                   "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
                   "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
         PopupCase{"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(),
                   "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
-                  "mnuFirmParametersNew"},
+                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
         PopupCase{"ServersNewFirm", "O00001001", "FirmServers", true, Variant(),
                   "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
-                  "mnuFirmParametersEdit mnuFirmParametersDelete"},
+                  "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
         PopupCase{"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(),
                   "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete",
-                  "mnuFirmParametersNew"},
+                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
         PopupCase{"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
-                  "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete",
                   "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
         PopupCase{"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
-                  "mnuDiscountNew mnuDiscountEdit mnuBlank0 mnuDiscountDelete mnuBlank1 "
-                  "mnuDiscountRefresh",
-                  "mnuDiscountNew mnuBlank0 mnuBlank1 mnuDiscountRefresh"},
+                  "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
+                  "mnuDiscountRefresh"},
         PopupCase{"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
-                  "mnuContracts", "mnuContractToDeskTop mnuContractRefresh",
-                  "mnuContractToDeskTop mnuContractRefresh"},
+                  "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
         PopupCase{"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
-                  "mnuContractToDeskTop mnuContractRefresh", "mnuContractRefresh"},
-        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", "", ""}),
+                  "!mnuContractToDeskTop mnuContractRefresh"},
+        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
@@ -345,7 +307,7 @@ TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
 
 TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   auto w = Open("O00001001");
-  Select(*w, "Firms", "more", Variant("more"));
+  SelectRow(*w, "Firms", "more", Variant("more"));
   Grid(*w).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
@@ -390,16 +352,6 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   EXPECT_TRUE(w->opened.empty());
 }
 
-TEST_F(FrmFirmsTest, EditorsRefuseAFirmNotSavedYet) {
-  auto w = Open("O00001001", "1");
-  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
-  w->EditDetail(true);
-  w->EditAccount(false);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Išsaugokite naujai sukurtą įmonę");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 48);
-}
-
 // ---- drag and drop ----
 
 struct DragCase {
@@ -434,7 +386,7 @@ TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
 
 TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
   auto w = Open("O00001004");
-  Select(*w, "Firms", "O00001003");
+  SelectRow(*w, "Firms", "O00001003");
   host_.Log().Clear();
   Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
   EXPECT_TRUE(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
@@ -453,9 +405,7 @@ class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterfac
 
 TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
   const bool copy = GetParam();
-  auto exist = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Exist"});
-  exist->AddRow({Variant(1)});
-  BO("O0000100").ReplyRead("CheckBranch", exist);
+  HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->BranchTab, 7);
   if (copy) {
@@ -498,8 +448,8 @@ TEST_F(FrmFirmsTest, DeleteFromCloseButtonNeedsAStoredRecord) {
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000100").Table().Contains(3));
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
   auto fresh = Open("O00001001", "1");
   fresh->SSCClose_MouseUp(2);
   EXPECT_EQ(host_.Ui()->Boxes().size(), 0u);

@@ -1,25 +1,21 @@
-// The goods history window: its columns, the business call, the currency
-// rule with the two number formats, bold rows, icons of unknown document
-// types, a record that cannot be shown, the popup and the desktop entry, and
-// the goods dialogs opening it.
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <memory>
 #include <set>
 #include <string>
-#include <tuple>
 #include <vector>
 
-#include "adapters/UI0000200.h"
 #include "goods/GoodsDialogs.h"
 #include "goods/frmGoodsHistory.h"
 #include "host/Convert.h"
+#include "host/Text.h"
 #include "orvel/ImageList.h"
-#include "host/MemoryRecordset.h"
 #include "orvel/OrvelMainForm.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "support/StubObjectUI.h"
+#include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestMainForm.h"
 #include "testhost/TestRights.h"
@@ -55,36 +51,24 @@ class DocumentsUI : public StubObjectUI {
   std::vector<std::string> desktop;
 };
 
-const std::vector<std::string> kHistoryFields{
-    "Name",   "OIDR",    "OType",        "Sign", "Number", "Date", "Addressee",
-    "Amount", "Measure", "CurrencyRate", "CODE", "Price",  "Suma", "LName"};
+constexpr const char* kFields =
+    "Name OIDR OType Sign Number Date Addressee Amount Measure CurrencyRate CODE Price Suma LName";
 
-// One movement; the money fields and the type as a test needs them.
-struct Movement {
-  Variant rate = Variant::Null();
-  Variant code = Variant("LTL");
-  Variant price = Variant(2.0);
-  Variant sum = Variant(10.0);
-  Variant sign = Variant(1);
-  Variant otype = Variant("O0012000");
-  std::string oidr = "O00120015";
-};
-
-std::vector<Variant> Record(const Movement& m) {
-  return {Variant("Pardavimas"),
-          Variant(m.oidr),
-          m.otype,
-          m.sign,
-          Variant("PR-15"),
-          Variant(Date{46349}),
-          Variant("UAB Rytas"),
-          Variant(2.5),
-          Variant("vnt."),
-          m.rate,
-          m.code,
-          m.price,
-          m.sum,
-          Variant("Centrinis")};
+// One movement as a row of text: a sale of 2.5 in the base currency, with
+// the fields in `changes` ("name=value;...") put in.
+std::string Movement(const std::string& changes = "") {
+  const auto names = Split(kFields, " ");
+  auto values = Split(
+      "Pardavimas|O00120015|O0012000|1|PR-15|@2026-11-23|UAB Rytas|2.5|vnt.|~|LTL|"
+      "2.0|10.0|Centrinis",
+      "|");
+  for (const auto& change : Split(changes, ";")) {
+    if (change.empty()) continue;
+    const size_t eq = change.find('=');
+    const auto at = std::find(names.begin(), names.end(), change.substr(0, eq)) - names.begin();
+    values[at] = change.substr(eq + 1);
+  }
+  return Join(values, "|");
 }
 
 class FrmGoodsHistoryTest : public ModuleTest {
@@ -115,10 +99,8 @@ class FrmGoodsHistoryTest : public ModuleTest {
     ModuleTest::TearDown();
   }
 
-  void Reply(const std::vector<Movement>& movements) {
-    auto rs = std::make_shared<MemoryRecordset>(kHistoryFields);
-    for (const auto& m : movements) rs->AddRow(Record(m));
-    BO("O0000200").ReplyRead("GetGoodHistory", rs);
+  void Reply(const std::vector<std::string>& movements) {
+    BO("O0000200").ReplyRead("GetGoodHistory", TextRecords(kFields, movements));
   }
 
   std::unique_ptr<frmGoodsHistory> Open(int32_t goodId = 15) {
@@ -145,24 +127,15 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
   Reply({});
   host_.Ui()->SetScreenWidth(15360);
   auto w = Open();
-  std::vector<std::tuple<std::string, int, int>> columns;
+  std::vector<std::string> columns;
   for (const auto& c : w->lswHistory.ColumnHeaders()) {
-    columns.emplace_back(c->Text(), c->Width(), c->Alignment());
+    columns.push_back(c->Text() + " " + std::to_string(c->Width()) +
+                      (c->Alignment() == lvwColumnRight ? " R" : ""));
   }
-  const int R = lvwColumnRight;
-  EXPECT_EQ(columns, (std::vector<std::tuple<std::string, int, int>>{{"Dok. grupė", 2000, 0},
-                                                                     {"Dok. Nr.", 1000, 0},
-                                                                     {"Data", 1200, 0},
-                                                                     {"Tiekėjas/Gavėjas", 2000, 0},
-                                                                     {"Kiekis", 1000, R},
-                                                                     {"M.vnt.", 700, 0},
-                                                                     {"Kaina", 1000, R},
-                                                                     {"Suma", 1000, R},
-                                                                     {"Sandėlis", 2000, 0},
-                                                                     {"Valiuta", 700, 0},
-                                                                     {"Kursas", 1000, 0},
-                                                                     {"Kaina val.", 1440, 0},
-                                                                     {"Suma val.", 1440, 0}}));
+  EXPECT_EQ(Join(columns, "|"),
+            "Dok. grupė 2000|Dok. Nr. 1000|Data 1200|Tiekėjas/Gavėjas 2000|Kiekis 1000 R|"
+            "M.vnt. 700|Kaina 1000 R|Suma 1000 R|Sandėlis 2000|Valiuta 700|Kursas 1000|"
+            "Kaina val. 1440|Suma val. 1440");
   EXPECT_EQ(w->Caption(), "Istorija");
   EXPECT_EQ(w->cmdClose.Caption(), "Uždaryti");
   EXPECT_EQ(w->mnuToDesktop.Caption(), "Padėti &ant darbo stalo");
@@ -176,7 +149,7 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
 }
 
 TEST_F(FrmGoodsHistoryTest, AsksTheGoodsObjectOnceWithTheNumberAsDecimalText) {
-  Reply({Movement{}});
+  Reply({Movement()});
   auto w = Open(-7);
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory -7"});
   EXPECT_EQ(w->lswHistory.ListItems().Count(), 1);
@@ -192,9 +165,7 @@ TEST_F(FrmGoodsHistoryTest, AFailedCallLeavesAnEmptyListAndSaysNothing) {
 }
 
 TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheyStand) {
-  Movement second;
-  second.oidr = "O00120016";
-  Reply({Movement{}, second});
+  Reply({Movement(), Movement("OIDR=O00120016")});
   auto w = Open();
   auto& rows = w->lswHistory.ListItems();
   ASSERT_EQ(rows.Count(), 2);
@@ -215,10 +186,7 @@ TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheySt
 
 struct MoneyCase {
   const char* name;
-  Variant rate;
-  Variant code;
-  Variant price;
-  Variant sum;
+  const char* money;  // CurrencyRate, CODE, Price and Suma
   // Kaina, Suma, Valiuta, Kursas, Kaina val., Suma val., joined by "|".
   const char* cells;
   bool invariant = false;
@@ -230,12 +198,7 @@ class FrmGoodsHistoryMoneyTest : public FrmGoodsHistoryTest,
 TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
   const MoneyCase& c = GetParam();
   if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-  Movement m;
-  m.rate = c.rate;
-  m.code = c.code;
-  m.price = c.price;
-  m.sum = c.sum;
-  Reply({m});
+  Reply({Movement(c.money)});
   auto w = Open();
   ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
   auto cells = Cells(w->lswHistory.ListItems().Item(1));
@@ -244,65 +207,53 @@ TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
   EXPECT_EQ(money, c.cells);
 }
 
-const Variant kNoRate = Variant::Null();
-
 INSTANTIATE_TEST_SUITE_P(
     Cases, FrmGoodsHistoryMoneyTest,
-    ::testing::Values(MoneyCase{"BaseWithRateOne", Variant(1.0), Variant("LTL"), Variant(1.5),
-                                Variant(3.0), "1,50|3,00| | | | "},
-                      MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", Variant(3.45), Variant("LTL"),
-                                Variant(2.0), Variant(10.0), "2,00|10,00| | | | "},
-                      MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", kNoRate, Variant("EUR"),
-                                Variant(2.0), Variant(10.0), "2,00|10,00| | | | "},
-                      MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", Variant(3.45),
-                                Variant("EUR"), Variant(2.0), Variant(10.0),
-                                "6,90|34,50|EUR|3,45|2,00|10,00"},
-                      MoneyCase{"TheCodeComparesExactly", Variant(2.0), Variant("ltl"),
-                                Variant(1.0), Variant(1.0), "2,00|2,00|ltl|2|1,00|1,00"},
-                      MoneyCase{"PriceKeepsUpToEightDecimals", kNoRate, Variant("LTL"),
-                                Variant(0.12345678), Variant(0.125), "0,12345678|0,13| | | | "},
-                      MoneyCase{"PriceRoundsItsNinthDecimal", kNoRate, Variant("LTL"),
-                                Variant(2.0 / 3.0), Variant(-2.675), "0,66666667|-2,68| | | | "},
-                      MoneyCase{"TheProductRoundsAsItReads", Variant(0.5), Variant("USD"),
-                                Variant(1.23456789), Variant(1234567.5),
-                                "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
-                      MoneyCase{"NullFiguresShowNothing", Variant(4.0), Variant("EUR"), kNoRate,
-                                kNoRate, "||EUR|4||"},
-                      MoneyCase{"InvariantSeparator", Variant(3.45), Variant("EUR"), Variant(2.0),
-                                Variant(10.0), "6.90|34.50|EUR|3.45|2.00|10.00", true}),
+    ::testing::Values(
+        MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
+        MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
+        MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
+                  "6,90|34,50|EUR|3,45|2,00|10,00"},
+        MoneyCase{"TheCodeComparesExactly", "CurrencyRate=2.0;CODE=ltl;Price=1.0;Suma=1.0",
+                  "2,00|2,00|ltl|2|1,00|1,00"},
+        MoneyCase{"PriceKeepsUpToEightDecimals", "Price=0.12345678;Suma=0.125",
+                  "0,12345678|0,13| | | | "},
+        MoneyCase{"PriceRoundsItsNinthDecimal", "Price=0.66666666666666663;Suma=-2.675",
+                  "0,66666667|-2,68| | | | "},
+        MoneyCase{"TheProductRoundsAsItReads",
+                  "CurrencyRate=0.5;CODE=USD;Price=1.23456789;Suma=1234567.5",
+                  "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
+        MoneyCase{"NullFiguresShowNothing", "CurrencyRate=4.0;CODE=EUR;Price=~;Suma=~",
+                  "||EUR|4||"},
+        MoneyCase{"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR",
+                  "6.90|34.50|EUR|3.45|2.00|10.00", true}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // ---- bold rows ----
 
 class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
-                                public ::testing::WithParamInterface<std::tuple<Variant, bool>> {};
+                                public ::testing::WithParamInterface<const char*> {};
 
 TEST_P(FrmGoodsHistoryBoldTest, OnlySignsZeroAndTwoAreBold) {
-  Movement m;
-  m.sign = std::get<0>(GetParam());
-  Reply({m});
+  Reply({Movement(std::string("Sign=") + GetParam())});
   auto w = Open();
   ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
-  EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), std::get<1>(GetParam()));
+  const std::string sign = GetParam();
+  EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2');
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Signs, FrmGoodsHistoryBoldTest,
-    ::testing::Values(std::make_tuple(Variant(0), true), std::make_tuple(Variant(2), true),
-                      std::make_tuple(Variant(2.0), true), std::make_tuple(Variant(1), false),
-                      std::make_tuple(Variant(-2), false), std::make_tuple(Variant(3), false),
-                      std::make_tuple(Variant::Null(), false)));
+INSTANTIATE_TEST_SUITE_P(Signs, FrmGoodsHistoryBoldTest,
+                         ::testing::Values("0", "2", "2.0", "1", "-2", "3", "~"));
 
 // ---- icons ----
 
 TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
-  Movement known, unknown, none, blank;
-  unknown.otype = Variant("O9999900");
-  none.otype = Variant::Null();
-  blank.otype = Variant("");
-  Movement list;
-  list.otype = Variant(Variant::Array{Variant(1)});
-  Reply({known, unknown, none, blank, list, known});
+  auto rs = TextRecords(kFields, {Movement(), Movement("OType=O9999900"), Movement("OType=~"),
+                                  Movement("OType="), Movement(), Movement()});
+  rs->MoveFirst();
+  for (int row = 1; row < 5; ++row) rs->MoveNext();
+  rs->Fields("OType").SetValue(Variant(Variant::Array{Variant(1)}));  // a list is no key
+  BO("O0000200").ReplyRead("GetGoodHistory", rs);
   auto w = Open();
   std::vector<std::string> icons;
   for (const auto& row : w->lswHistory.ListItems()) icons.push_back(row->SmallIcon());
@@ -313,9 +264,7 @@ TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
 
 TEST_F(FrmGoodsHistoryTest, AnImageListThatCannotTellTakesEveryKey) {
   mainForm_->images = host_.MainForm()->ImgCatalogue();
-  Movement unknown;
-  unknown.otype = Variant("O9999900");
-  Reply({unknown});
+  Reply({Movement("OType=O9999900")});
   auto w = Open();
   EXPECT_EQ(w->lswHistory.ListItems().Item(1).SmallIcon(), "O9999900");
 }
@@ -328,14 +277,10 @@ class FrmGoodsHistoryBadSetTest : public FrmGoodsHistoryTest,
                                   public ::testing::WithParamInterface<bool> {};
 
 TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
-  Movement bad;
-  bad.price = Variant("abc");
   if (GetParam()) {
-    Reply({Movement{}, bad, Movement{}});
+    Reply({Movement(), Movement("Price=abc"), Movement()});
   } else {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Name", "OIDR"});
-    rs->AddRow({Variant("Pardavimas"), Variant("O00120015")});
-    BO("O0000200").ReplyRead("GetGoodHistory", rs);
+    BO("O0000200").ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
   }
   host_.Ui()->QueueAnswer(vbOK);
   auto w = Open();
@@ -363,9 +308,7 @@ TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
 // ---- popup, desktop, close ----
 
 TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenCloseUnloads) {
-  Movement second;
-  second.oidr = "O00120016";
-  Reply({Movement{}, second});
+  Reply({Movement(), Movement("OIDR=O00120016")});
   auto w = Open();
   w->lswHistory.MouseUp(vbRightButton);
   w->mnuToDesktop.Click();
@@ -397,7 +340,7 @@ class FrmGoodsHistorySeamTest : public FrmGoodsHistoryTest,
 
 TEST_P(FrmGoodsHistorySeamTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
   if (GetParam()) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
-  Reply({Movement{}, Movement{}});
+  Reply({Movement(), Movement()});
   int shownRows = -1;
   host_.Ui()->QueueModal([&](Form& form) {
     shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();

@@ -1,6 +1,3 @@
-// The goods window's frame: tabs by kind and rights, start-up of new and
-// stored records, popup menus, the deferred history dialog, drag and drop,
-// closing and deleting, the parent group picker, and the shared VAT rate.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -13,10 +10,11 @@
 #include "goods/frmGoods.h"
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/OrvelObjectUIO.h"
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
+#include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
@@ -28,13 +26,9 @@ namespace {
 
 using Right = TestRights::Right;
 
-// The words of a table cell written with blanks between them.
+// The words of a text by blanks.
 std::vector<std::string> Words(const char* text) {
-  std::vector<std::string> out;
-  for (auto& word : Split(text, " ")) {
-    if (!word.empty()) out.push_back(word);
-  }
-  return out;
+  return *text ? Split(text, " ") : std::vector<std::string>{};
 }
 
 // A window that notes which list loaders and row editors run.
@@ -81,25 +75,11 @@ class FrmGoodsTest : public CardTest<frmGoods> {
       table.SetDefault(field, Variant::Null());
     }
     table.SetDefault("GroupFlag", Variant(0));
-    table.Seed({{{"Name", Variant("Maistas")},
-                 {"GroupFlag", Variant(1)},
-                 {"OwnCode", Variant("001")},
-                 {"PreviewPath", Variant("Prekės\\")},
-                 {"VAT", Variant(21)}},
-                {{"Name", Variant("Duona")}, {"ParentID", Variant(1)}, {"WithRest", Variant(true)}},
-                {{"Name", Variant("Pieno")},
-                 {"GroupFlag", Variant(1)},
-                 {"ParentID", Variant(1)},
-                 {"OwnCode", Variant("001002")}},
-                {{"Name", Variant("Paslauga")},
-                 {"WithRest", Variant(false)},
-                 {"WithItems", Variant(true)}},
-                {{"Name", Variant("Sūris")}, {"ParentID", Variant(3)}}});
-    auto settings = std::make_shared<MemoryRecordset>(
-        std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
-    settings->AddRow({Variant(false), Variant(true)});
-    settings->MoveFirst();
-    host_.Session()->SetSettingObject("O00018021", settings);
+    table.Seed(SeedRows("Name GroupFlag ParentID WithRest WithItems OwnCode PreviewPath VAT",
+                        {"Maistas|1||||#001|Prekės\\|21", "Duona||1|true", "Pieno|1|1|||#001002",
+                         "Paslauga|||false|true", "Sūris||3"}));
+    host_.Session()->SetSettingObject("O00018021",
+                                      TextRecords("StructuredCode PriceWithVAT", "false|true"));
     MakeAdapter();
   }
 
@@ -115,35 +95,6 @@ class FrmGoodsTest : public CardTest<frmGoods> {
     host_.WindowManager()->ShowWindow(window);
     host_.Log().Clear();
     return window;
-  }
-
-  std::vector<std::string> TabKeys(frmGoods& window) {
-    std::vector<std::string> keys;
-    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
-    return keys;
-  }
-
-  int TabIndex(frmGoods& window, const std::string& key) {
-    const auto& tabs = Grid(window).Tabs();
-    for (size_t i = 0; i < tabs.size(); ++i) {
-      if (tabs[i].key == key) return static_cast<int>(i);
-    }
-    ADD_FAILURE() << "no tab " << key;
-    return -1;
-  }
-
-  ListItem& AddRow(frmGoods& w, const std::string& tab, const std::string& key, Variant tag = {},
-                   const std::string& icon = {}, bool select = true) {
-    ListView& list = Grid(w).TabList(tab);
-    // A row the list loaded itself (the "more" row, a member) is taken as it is.
-    if (ListItem* loaded = list.ListItems().Find(key)) {
-      if (select) list.SetSelectedItem(loaded);
-      return *loaded;
-    }
-    ListItem& row = list.ListItems().Add(0, key, key, icon);
-    row.SetTag(std::move(tag));
-    if (select) list.SetSelectedItem(&row);
-    return row;
   }
 
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
@@ -259,14 +210,9 @@ TEST_F(FrmGoodsTest, ANewGroupAtTheRootTakesNeitherVatNorPriceBasis) {
 }
 
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
-  auto settings =
-      std::make_shared<MemoryRecordset>(std::vector<std::string>{"StructuredCode", "PriceWithVAT"});
-  settings->AddRow({Variant(true), Variant(false)});
-  settings->MoveFirst();
-  host_.Session()->SetSettingObject("O00018021", settings);
-  auto codes = std::make_shared<MemoryRecordset>(std::vector<std::string>{"PARENTCODE", "MAXCODE"});
-  codes->AddRow({Variant("12"), Variant("1207")});
-  BO("O0000200").ReplyRead("GetStructuredCode", codes);
+  host_.Session()->SetSettingObject("O00018021",
+                                    TextRecords("StructuredCode PriceWithVAT", "true|false"));
+  BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", "#12|#1207"));
   auto w = Open("O00002001", "1", "CGroup");
   ASSERT_TRUE(w);
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Code").Value(), Variant("1208"));
@@ -315,7 +261,7 @@ TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
   const PopupCase& c = GetParam();
   auto w = Open(c.oidr);
   ASSERT_TRUE(w);
-  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
@@ -371,7 +317,7 @@ TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
   const MainMenuCase& c = GetParam();
   if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
   auto w = Open("O00002002");
-  if (c.selected) AddRow(*w, c.tab, "O00004002", c.tag);
+  if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
@@ -407,10 +353,10 @@ TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
 TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "Measures", "O00004002");
+  SelectRow(*w, "Measures", "O00004002");
   host_.Ui()->QueuePopupPick("mnuNew");
   Grid(*w).ClickList(TabIndex(*w, "Measures"), vbRightButton);
-  AddRow(*w, "Discounts", "O10006001", Variant("O10006001"));
+  SelectRow(*w, "Discounts", "O10006001", Variant("O10006001"));
   host_.Ui()->QueuePopupPick("mnuEdit");
   Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
   // A menu closed without a pick opens nothing.
@@ -437,7 +383,7 @@ TEST_P(FrmGoodsDoubleClickTest, OpensOrLoadsByTabAndRow) {
   const DoubleClickCase& c = GetParam();
   auto w = OpenOwn(c.oidr);
   w->ran.clear();
-  if (*c.rowKey) AddRow(*w, c.tab, c.rowKey);
+  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
   Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
   EXPECT_EQ(w->ran, c.ran);
 }
@@ -461,7 +407,7 @@ TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto dialogs = std::make_shared<HistoryDialogs>();
   InstallGoodsDialogs(dialogs);
   auto w = Open("O00002002");
-  AddRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
+  SelectRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
   host_.Ui()->QueuePopupPick("mnuHistory");
   Grid(*w).ClickList(TabIndex(*w, "Traffic"), vbRightButton);
   EXPECT_TRUE(dialogs->shown.empty());
@@ -479,7 +425,7 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   measures.Seed({{{"Name", Variant("vnt.")}}, {{"Name", Variant("kg")}}});
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "Measures", "O00004002");
+  SelectRow(*w, "Measures", "O00004002");
   w->CurrentTab = w->MeasuresTab;
   host_.Ui()->QueueAnswer(vbNo);
   w->mnuDelete.Click();
@@ -488,16 +434,13 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   w->mnuDelete.Click();
   EXPECT_FALSE(measures.Contains(2));
   EXPECT_EQ(w->ran, std::vector<std::string>{"LoadMeasures"});
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Panaikinti?");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Apskaita");
+  EXPECT_EQ(Boxes(), std::vector<std::string>(2, "52 Apskaita Panaikinti?"));
 }
 
 TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
   auto w = OpenOwn("O00002002");
   w->ran.clear();
-  AddRow(*w, "BRTemplates", "O00008003", Variant::Null());
+  SelectRow(*w, "BRTemplates", "O00008003", Variant::Null());
   w->CurrentTab = w->TemplatesTab;
   host_.Ui()->QueueAnswer(vbYes);  // even then
   w->mnuDelete.Click();
@@ -547,24 +490,6 @@ INSTANTIATE_TEST_SUITE_P(
 
 // ---- closing, deleting, the parent group ----
 
-TEST_F(FrmGoodsTest, ClosingWithChangesAsksAndKeepsTheWindowOnNo) {
-  auto w = Open("O00002002");
-  Grid(*w).EditField("Name", Variant("Kita"));
-  host_.Ui()->QueueAnswer(vbNo);
-  bool cancel = false;
-  w->QueryRemove(cancel);
-  EXPECT_TRUE(cancel);
-  EXPECT_TRUE(w->SSCClose.Enabled());
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Prekės kortelė\n\nUždaryti be išsaugojimo?");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 52);
-  cancel = false;
-  host_.Ui()->QueueAnswer(vbYes);
-  w->QueryRemove(cancel);  // Yes
-  EXPECT_FALSE(cancel);
-  EXPECT_FALSE(w->SSCClose.Enabled());
-}
-
 TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");
   host_.Ui()->QueueAnswer(vbCancel);
@@ -575,9 +500,8 @@ TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   w->SSCClose.MouseUp(vbRightButton);
   EXPECT_FALSE(BO("O0000200").Table().Contains(4));
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Ar tikrai norite panaikinti?\nPaslauga");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>(2, "49 Apskaita Ar tikrai norite panaikinti?\nPaslauga"));
 }
 
 TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
@@ -604,14 +528,12 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
 // ---- the shared VAT rate ----
 
 TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
-  auto rate = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
-  rate->AddRow({Variant(21)});
   BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));
   auto good = adapter_->GetOrvelObject("O00002002");
   auto other = adapter_->GetOrvelObject("O00002004");
   host_.Log().Clear();
   EXPECT_EQ(EnsureVatFactor(*good), 0);  // a failure leaves it unknown
-  BO("O0000200").ReplyRead("GetVatFactor", rate);
+  BO("O0000200").ReplyRead("GetVatFactor", TextRecords("Value", "21"));
   EXPECT_EQ(EnsureVatFactor(*good), 21);
   EXPECT_EQ(EnsureVatFactor(*other), 21);
   EXPECT_EQ(VatFactor(), 21);

@@ -14,6 +14,7 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/TextRecords.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -36,35 +37,16 @@ class GoodsCardTest : public CardTest<frmGoods> {
       table.SetDefault(field, Variant::Null());
     }
     table.SetDefault("GroupFlag", Variant(0));
-    table.Seed({{{"Name", Variant("Maistas")},
-                 {"GroupFlag", Variant(1)},
-                 {"OwnCode", Variant("001")},
-                 {"VAT", Variant(21)}},
-                {{"Name", Variant("Duona")},
-                 {"ParentID", Variant(1)},
-                 {"WithRest", Variant(true)},
-                 {"Price", Variant(121)},
-                 {"PriceWithVAT", Variant(true)},
-                 {"AmountPrecision", Variant(2)},
-                 {"MeasureID", Variant(1)},
-                 {"CreatedByUser", Variant("Jonas")}},
-                {{"Name", Variant("Pienas")},
-                 {"ParentID", Variant(1)},
-                 {"WithRest", Variant(false)},
-                 {"Price", Variant(10)},
-                 {"PriceWithVAT", Variant(false)},
-                 {"VAT", Variant(9)},
-                 {"AmountPrecision", Variant(0)},
-                 {"MeasureID", Variant(2)},
-                 {"CreatedByUser", Variant("Jonas")}}});
+    table.Seed(SeedRows(
+        "Name GroupFlag OwnCode VAT ParentID WithRest Price PriceWithVAT AmountPrecision MeasureID "
+        "CreatedByUser",
+        {"Maistas|1|#001|21", "Duona||||1|true|121|true|2|1|Jonas",
+         "Pienas|||9|1|false|10|false|0|2|Jonas"}));
     // The measures the goods name: 1 by weight, 2 counted in whole units.
     auto& measures = BO("O0001606").Table();
     measures.SetFields({"ID", "Name", "MeasureType"});
-    measures.Seed({{{"Name", Variant("kg")}, {"MeasureType", Variant(0)}},
-                   {{"Name", Variant("vnt.")}, {"MeasureType", Variant(1)}}});
-    auto vat = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Value"});
-    vat->AddRow({Variant(21)});
-    BO("O0000200").ReplyRead("GetVatFactor", vat);
+    measures.Seed(SeedRows("Name MeasureType", {"kg|0", "vnt.|1"}));
+    BO("O0000200").ReplyRead("GetVatFactor", TextRecords("Value", "21"));
     MakeAdapter();
   }
 

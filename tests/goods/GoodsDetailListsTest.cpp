@@ -1,7 +1,3 @@
-// The detail lists of the goods card: the traffic list with its period, its
-// two views (by date and by purchase, with each purchase's remainder), the
-// base and foreign currency columns and the summary row; the rests with
-// their reservations; and the placeholder rows.
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -10,6 +6,7 @@
 
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
+#include "support/TextRecords.h"
 #include "ui/ListItem.h"
 #include "ui/ListSubItem.h"
 
@@ -29,51 +26,27 @@ class GoodsListsTest : public GoodsCardTest {
   // purchase 1 in the base currency with a rate.
   void SetUp() override {
     GoodsCardTest::SetUp();
-    rs_ = std::make_shared<MemoryRecordset>(std::vector<std::string>{
-        "OIDR",      "OType",        "SaleID",      "ID",    "DocName", "Number",    "Date",
-        "Addressee", "Amount",       "Measure",     "Price", "Suma",    "Comment",   "LName",
-        "CODE",      "CurrencyRate", "SourcerName", "Cost",  "Sign",    "PurchDate", "PurchaseID"});
-    Line(1, "PURCHASE", "2026-01-05", 10, 10, 100, "LTL", Variant(3.4528), 100, 0, 1);
-    Line(2, "SALE", "2026-02-01", 3, 15, 45, "EUR", Variant(2), 30, 1, 1);
-    Line(3, "PURCHASE", "2026-01-10", 5, 12, 60, "LTL", Variant::Null(), 60, 0, 3);
-    Line(4, "SALE", "2026-03-01", 2, 14, 28, "LTL", Variant::Null(), 24, 1, 3);
-    Line(5, "SALE", "2026-01-20", 2, 15, 30, "LTL", Variant::Null(), 20, 1, 1);
-    Line(6, "SALE", "2026-04-01", 1, 15, 15, "LTL", Variant::Null(), 5, 1, 0);
-    rs_->AddRow({Variant("O0000000"), Variant::Null(), Variant::Null(), Variant::Null(),
-                 Variant("Iš viso"),  Variant::Null(), Variant::Null(), Variant::Null(),
-                 Variant(7),          Variant("vnt."), Variant::Null(), Variant::Null(),
-                 Variant::Null(),     Variant::Null(), Variant::Null(), Variant::Null(),
-                 Variant::Null(),     Variant::Null(), Variant(2),      Variant::Null(),
-                 Variant::Null()});
+    const char* const tail = "|~|Centrinis|";
+    rs_ = TextRecords(
+        "OIDR OType SaleID ID DocName Number Date Addressee Amount Measure Price Suma Comment "
+        "LName "
+        "CODE CurrencyRate SourcerName Cost Sign PurchDate PurchaseID",
+        {std::string(
+             "O00003001|PURCHASE|11|1|Pirkimas|D1|@2026-01-05|UAB Šilas|10.0|vnt.|10.0|100.0") +
+             tail + "LTL|3.4528|Tiekėjas|100.0|0|@2026-01-05|1",
+         std::string("O00003002|SALE|12|2|Pardavimas|D2|@2026-02-01|UAB Šilas|3.0|vnt.|15.0|45.0") +
+             tail + "EUR|2|Tiekėjas|30.0|1|@2026-01-05|1",
+         std::string(
+             "O00003003|PURCHASE|13|3|Pirkimas|D3|@2026-01-10|UAB Šilas|5.0|vnt.|12.0|60.0") +
+             tail + "LTL|~|Tiekėjas|60.0|0|@2026-01-10|3",
+         std::string("O00003004|SALE|14|4|Pardavimas|D4|@2026-03-01|UAB Šilas|2.0|vnt.|14.0|28.0") +
+             tail + "LTL|~|Tiekėjas|24.0|1|@2026-01-10|3",
+         std::string("O00003005|SALE|15|5|Pardavimas|D5|@2026-01-20|UAB Šilas|2.0|vnt.|15.0|30.0") +
+             tail + "LTL|~|Tiekėjas|20.0|1|@2026-01-05|1",
+         std::string("O00003006|SALE|16|6|Pardavimas|D6|@2026-04-01|UAB Šilas|1.0|vnt.|15.0|15.0") +
+             tail + "LTL|~|Tiekėjas|5.0|1|~|0",
+         "O0000000|~|~|~|Iš viso|~|~|~|7|vnt.|~|~|~|~|~|~|~|~|2|~|~"});
     BO("O0000200").ReplyRead("GetTraffic", rs_);
-  }
-
-  void Line(int id, const char* otype, const char* date, double amount, double price, double sum,
-            const char* code, Variant rate, double cost, int sign, int purchase) {
-    const Date day = *ParseDate(date);
-    // A line's purchase date is that of the purchase it came from.
-    const Date bought = *ParseDate(purchase == 3 ? "2026-01-10" : "2026-01-05");
-    rs_->AddRow({Variant("O0000300" + std::to_string(id)),
-                 Variant(otype),
-                 Variant(10 + id),
-                 Variant(id),
-                 Variant(sign == 0 ? "Pirkimas" : "Pardavimas"),
-                 Variant("D" + std::to_string(id)),
-                 Variant(day),
-                 Variant("UAB Šilas"),
-                 Variant(amount),
-                 Variant("vnt."),
-                 Variant(price),
-                 Variant(sum),
-                 Variant::Null(),
-                 Variant("Centrinis"),
-                 Variant(code),
-                 std::move(rate),
-                 Variant("Tiekėjas"),
-                 Variant(cost),
-                 Variant(sign),
-                 purchase > 0 ? Variant(bought) : Variant::Null(),
-                 Variant(purchase)});
   }
 
   ListView& Traffic(frmGoods& w) { return Grid(w).TabList("Traffic"); }
@@ -218,9 +191,7 @@ TEST_F(GoodsListsTest, WithoutRestsTheSummaryRowAndStoreColumnAreLeftOut) {
 }
 
 TEST_F(GoodsListsTest, AnEmptyAnswerLeavesColumnsAndNoRows) {
-  BO("O0000200")
-      .ReplyRead("GetTraffic",
-                 std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR", "SaleID"}));
+  BO("O0000200").ReplyRead("GetTraffic", TextRecords("OIDR SaleID", ""));
   auto w = Open("O00002002");
   host_.Ui()->QueueAnswer(vbOK);  // the set has no Date field to read
   Fetch(*w);
@@ -243,16 +214,17 @@ class GoodsRestsTest : public GoodsListsTest, public ::testing::WithParamInterfa
 
 TEST_P(GoodsRestsTest, AReservationOfAtLeastOneShowsBehindTheRest) {
   const RestCase& c = GetParam();
-  auto rests = std::make_shared<MemoryRecordset>(std::vector<std::string>{
-      "OIDR", "ID", "DocName", "OType", "Number", "Date", "Addressee", "Amount", "Measure", "Price",
-      "Rest", "Reserved", "LName", "PriceSale"});
-  rests->AddRow({Variant("O00003001"), Variant(7), Variant("Pirkimas"), Variant("PURCHASE"),
-                 Variant("D1"), Variant("2026-01-05"), Variant("UAB Šilas"), Variant(10),
-                 Variant("vnt."), Variant(1.5), c.rest, c.reserved, Variant("Centrinis"),
-                 Variant::Null()});
-  rests->AddRow({Variant("O0000000"), Variant::Null(), Variant("Iš viso"), Variant::Null(),
-                 Variant::Null(), Variant::Null(), Variant::Null(), c.rest, Variant("vnt."),
-                 Variant::Null(), c.rest, c.reserved, Variant::Null(), Variant::Null()});
+  auto rests = TextRecords(
+      "OIDR ID DocName OType Number Date Addressee Amount Measure Price Rest Reserved LName "
+      "PriceSale",
+      {"O00003001|7|Pirkimas|PURCHASE|D1|#2026-01-05|UAB Šilas|10|vnt.|1.5|~|~|Centrinis|~",
+       "O0000000|~|Iš viso|~|~|~|~|~|vnt.|~|~|~|~|~"});
+  for (int row = 0; row < 2; ++row) {
+    rests->Fields("Rest").SetValue(c.rest);
+    rests->Fields("Reserved").SetValue(c.reserved);
+    if (row == 1) rests->Fields("Amount").SetValue(c.rest);
+    rests->MoveNext();
+  }
   BO("O0000200").ReplyRead("GetRests", rests);
   auto w = Open("O00002002");
   w->LoadRests();

@@ -52,6 +52,37 @@ class CardTest : public ModuleTest {
     return lines;
   }
 
+  // The keys of the window's tabs, in order.
+  std::vector<std::string> TabKeys(Window& window) {
+    std::vector<std::string> keys;
+    for (const auto& tab : Grid(window).Tabs()) keys.push_back(tab.key);
+    return keys;
+  }
+
+  // The index (from 0) of the tab with `key`; -1 and a failure when none.
+  int TabIndex(Window& window, const std::string& key) {
+    const auto& tabs = Grid(window).Tabs();
+    for (size_t i = 0; i < tabs.size(); ++i) {
+      if (tabs[i].key == key) return static_cast<int>(i);
+    }
+    ADD_FAILURE() << "no tab " << key;
+    return -1;
+  }
+
+  // Selects the row `key` of a tab's list, adding it with `tag` and `icon`
+  // unless the list loaded it itself.
+  ListItem& SelectRow(Window& window, const std::string& tab, const std::string& key,
+                      Variant tag = {}, const std::string& icon = {}) {
+    ListView& list = Grid(window).TabList(tab);
+    ListItem* row = list.ListItems().Find(key);
+    if (!row) {
+      row = &list.ListItems().Add(0, key, key, icon);
+      row->SetTag(std::move(tag));
+    }
+    list.SetSelectedItem(row);
+    return *row;
+  }
+
   Variant Stored(int32_t id, const char* field) { return BO(oid_).Table().Value(id, field); }
 
   // The type's adapter; made by the fixture once its table is seeded.

@@ -1,0 +1,825 @@
+// The firm and goods type adapters: the menu by kind of node and right, the
+// click dispatch, the list settings, and every property's and method's
+// business call. Cases the two share are rows of one table.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "adapters/UI0000100.h"
+#include "adapters/UI0000200.h"
+#include "common/GroupedCard.h"
+#include "firms/frmPreview.h"
+#include "goods/GoodsDialogs.h"
+#include "host/Convert.h"
+#include "host/MemoryRecordset.h"
+#include "host/Text.h"
+#include "orvel/OrvelObjectUIO.h"
+#include "orvel/OrvelServices.h"
+#include "support/ModuleTest.h"
+#include "support/TextRecords.h"
+#include "testhost/TestEnvironment.h"
+#include "testhost/TestObjectSelect.h"
+#include "testhost/TestRights.h"
+#include "testhost/TestSession.h"
+#include "testhost/TestUser.h"
+#include "testhost/TestWindowManager.h"
+
+namespace orvel {
+namespace {
+
+using Right = TestRights::Right;
+using Lines = std::vector<std::string>;
+
+// Dialogs that note what they were opened on and answer as told.
+class RecordingDialogs : public GoodsDialogs {
+ public:
+  bool EditListSettings(std::string& settings) override {
+    opened.push_back("ListSettings " + settings);
+    if (!answer.empty()) settings = answer;
+    return !answer.empty();
+  }
+  void ChangePrices(const std::shared_ptr<OrvelObjectUIO>& group) override {
+    opened.push_back("ChangePrices " + group->OIDR());
+  }
+  void AddGuarantee(const std::shared_ptr<OrvelObjectUIO>& group) override {
+    opened.push_back("AddGuarantee " + group->OIDR());
+  }
+  std::vector<std::string> opened;
+  std::string answer;  // empty: the user cancels
+};
+
+// Firms: group 1 holds firm 2, firm 3 stands at the top. Goods: group 1 holds
+// good 2 and subgroup 3, good 4 stands at the top. Firm 2 and good 2 are
+// inactive.
+class AdaptersTest : public ModuleTest {
+ protected:
+  void SetUp() override {
+    ModuleTest::SetUp();
+    host_.Session()->SetAppTitle("Apskaita");
+    host_.Session()->SetAppPath("C:\\Orvel\\");
+    auto& firms = BO("O0000100").Table();
+    firms.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
+                     "PreviewPath", "FirmTypeId", "RegionID"});
+    firms.SetDefault("GroupFlag", Variant(0));
+    firms.SetDefault("ParentID", Variant::Null());
+    firms.Seed(SeedRows("Name GroupFlag ParentID Active",
+                        {"Tiekėjai|1", "UAB Šilas||1|false", "AB Vėjas"}));
+    auto& goods = BO("O0000200").Table();
+    goods.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest", "OwnCode",
+                     "PreviewPath", "VAT"});
+    goods.SetDefault("GroupFlag", Variant(0));
+    goods.SetDefault("ParentID", Variant::Null());
+    goods.Seed(SeedRows("Name GroupFlag ParentID Active WithRest",
+                        {"Maistas|1", "Duona||1|false|false", "Pieno|1|1", "Paslauga"}));
+    dialogs_ = std::make_shared<RecordingDialogs>();
+    InstallGoodsDialogs(dialogs_);
+  }
+
+  void TearDown() override {
+    InstallGoodsDialogs(nullptr);
+    ModuleTest::TearDown();
+  }
+
+  // The adapter of the type an OIDR (or OID) names, the journal cleared.
+  std::shared_ptr<OrvelObjectUI> Of(const std::string& oidr) {
+    auto adapter = Adapter(oidr.substr(0, 8));
+    host_.Log().Clear();
+    return adapter;
+  }
+
+  // A record's object; a type's OID gives a new record of that type.
+  std::shared_ptr<OrvelObjectUIO> Object(const std::string& oidr) {
+    auto object = Of(oidr)->GetOrvelObject(oidr.size() > 8 ? oidr : "");
+    EXPECT_NE(object, nullptr) << oidr;
+    host_.Log().Clear();
+    return object;
+  }
+
+  Lines Boxes() {
+    Lines lines;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
+    }
+    return lines;
+  }
+
+  // A list replaced by a fresh record set, `text` the selection shown.
+  static void ExpectList(const OrvelMenuResult& result, const char* text) {
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
+    ASSERT_EQ(result.Value.ArrayValue().size(), 2u);
+    EXPECT_NE(result.Value.ArrayValue()[0].ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(result.Value.ArrayValue()[1], Variant(text));
+  }
+
+  std::shared_ptr<RecordingDialogs> dialogs_;
+};
+
+// ---- what the two catalogues share ----
+
+struct Catalogue {
+  const char* oid;
+  const char* rights;  // the class whose Delete right guards deletion
+  const char* deleteKey;
+  const char* helpKey;
+  const char* help;         // the page's topic and file
+  const char* unknownKeys;  // by "|"
+};
+
+const Catalogue kFirms{"O0000100", "CFirms", "6", "7", "Įmonės|imones.htm", "|8|100|116S2|82S0"};
+const Catalogue kGoods{
+    "O0000200", "CGoods", "7", "8", "Atsargos|atsargos.htm", "|11|100|116S2|70S0| 0"};
+
+class CatalogueTest : public AdaptersTest, public ::testing::WithParamInterface<Catalogue> {
+ protected:
+  std::string Oidr(int id) { return std::string(GetParam().oid) + std::to_string(id); }
+};
+
+TEST_P(CatalogueTest, DeleteAsksOkCancelAndReportsRemovalOnOk) {
+  auto adapter = Of(GetParam().oid);
+  host_.Ui()->QueueAnswer(vbCancel);
+  EXPECT_EQ(adapter->ClickMenu(Oidr(2), "C", GetParam().deleteKey, "").Action,
+            OrvelMenuResult::kNothing);
+  EXPECT_TRUE(BO(GetParam().oid).Table().Contains(2));
+  host_.Ui()->QueueAnswer(vbOK);
+  EXPECT_EQ(adapter->ClickMenu(Oidr(2), "C", GetParam().deleteKey, "").Action,
+            OrvelMenuResult::kRemoved);
+  EXPECT_FALSE(BO(GetParam().oid).Table().Contains(2));
+  EXPECT_EQ(Boxes(), Lines(2, "49 Apskaita Ar tikrai norite panaikinti?"));
+}
+
+TEST_P(CatalogueTest, DeleteWithoutTheRightDoesNothingYetReadsAsRemoved) {
+  host_.Rights()->Deny(GetParam().rights, Right::Delete);
+  auto adapter = Of(GetParam().oid);
+  EXPECT_EQ(adapter->DeleteOrvelObject(Oidr(2)), 0);
+  host_.Ui()->QueueAnswer(vbOK);
+  EXPECT_EQ(adapter->ClickMenu(Oidr(2), "C", GetParam().deleteKey, "").Action,
+            OrvelMenuResult::kRemoved);
+  EXPECT_TRUE(BO(GetParam().oid).Table().Contains(2));
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_P(CatalogueTest, HelpKeyAsksTheHostForTheCataloguesPage) {
+  EXPECT_EQ(Of(GetParam().oid)->ClickMenu(GetParam().oid, "", GetParam().helpKey, "").Action,
+            OrvelMenuResult::kNothing);
+  auto lines = host_.Log().Lines(Channel::Host);
+  ASSERT_EQ(lines.size(), 1u);
+  const auto help = Split(GetParam().help, "|");
+  for (const std::string& part :
+       {std::string("ShowHelp"), help[0], "C:\\Orvel\\help\\" + help[1]}) {
+    EXPECT_NE(lines[0].find(part), std::string::npos) << part;
+  }
+}
+
+TEST_P(CatalogueTest, UnknownKeysDoNothing) {
+  auto adapter = Of(GetParam().oid);
+  for (const auto& key : Split(GetParam().unknownKeys, "|")) {
+    EXPECT_EQ(adapter->ClickMenu(Oidr(2), "C", key, "").Action, OrvelMenuResult::kNothing) << key;
+  }
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_P(CatalogueTest, ParentIsTheGroupObjectOrNothingAtTheTop) {
+  auto parent = Object(Oidr(2))->Properties("Parent", "").Value.ObjectAs<OrvelObjectUIO>();
+  ASSERT_NE(parent, nullptr);
+  EXPECT_EQ(parent->OIDR(), Oidr(1));
+  auto none = Object(GetParam().oid == std::string("O0000100") ? Oidr(3) : Oidr(4))
+                  ->Properties("Parent", "");
+  EXPECT_EQ(none.Number, 0);
+  EXPECT_TRUE(none.Value.IsNothing());
+}
+
+INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::Values(kFirms, kGoods));
+
+// ---- menus ----
+
+struct MenuCase {
+  const char* name;
+  const char* oidr;
+  const char* otype;
+  const char* denied;  // "D" the delete right, "P" the goods' price right
+  const char* lines;   // "key caption" of each entry, joined by "|"
+};
+
+class MenuTest : public AdaptersTest, public ::testing::WithParamInterface<MenuCase> {};
+
+TEST_P(MenuTest, EntriesFollowKindAndRights) {
+  const MenuCase& c = GetParam();
+  const std::string oid = std::string(c.oidr).substr(0, 8);
+  const std::string denied = c.denied;
+  if (denied.find('D') != std::string::npos) {
+    host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
+  }
+  if (denied.find('P') != std::string::npos) host_.Rights()->Deny("CGoodsPT", Right::Read);
+  auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
+  ASSERT_TRUE(menu);
+  Lines lines;
+  for (const auto& item : *menu) {
+    lines.push_back(item.Key + " " + item.Caption);
+    EXPECT_EQ(item.Tag, nullptr);
+    EXPECT_EQ(item.Flags, 0);
+  }
+  EXPECT_EQ(Join(lines, "|"), c.lines);
+}
+
+constexpr const char* kFirmRoot =
+    "2 Sukurti naują &grupę|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|7 Pagalba|100 -";
+constexpr const char* kFirmFolder =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+    "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|"
+    "7 Pagalba|100 -";
+constexpr const char* kGoodsRoot =
+    "2 Sukurti naują &grupę|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|8 Pagalba|100 -";
+constexpr const char* kGoodsFolder =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+    "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|100 -|5 &Atrinkti|"
+    "6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
+constexpr const char* kGood =
+    "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|100 -|"
+    "5 &Atrinkti|6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, MenuTest,
+    ::testing::Values(
+        MenuCase{"FirmRoot", "O0000100", "", "", kFirmRoot},
+        MenuCase{"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
+        MenuCase{"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
+        // Two separators in a row stand where the delete entry would be.
+        MenuCase{"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
+                 "7 Pagalba|100 -"},
+        MenuCase{"FirmC", "O00001002", "C", "",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+                 "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
+        MenuCase{"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+                 "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
+        // "FirmNA" is neither "C" nor "Firm": the group entries show.
+        MenuCase{"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
+        MenuCase{"GoodsRoot", "O0000200", "", "", kGoodsRoot},
+        // The root never offers the price dialogs nor deletion.
+        MenuCase{"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
+        MenuCase{"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
+        MenuCase{"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
+        MenuCase{"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
+        MenuCase{"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
+                 "7 &Panaikinti|100 -|8 Pagalba|100 -"},
+        MenuCase{"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+                 "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
+                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
+        MenuCase{"Good", "O00002002", "C", "", kGood},
+        MenuCase{"Service", "O00002004", "Service", "P", kGood},
+        MenuCase{"GoodWithoutDelete", "O00002002", "GoodNA", "D",
+                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
+                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ---- new records, and records that are gone ----
+
+struct CreateCase {
+  const char* name;
+  const char* oidr;
+  const char* otype;
+  const char* key;
+  Variant parentId;
+  Variant groupFlag;
+};
+
+class CreateTest : public AdaptersTest, public ::testing::WithParamInterface<CreateCase> {};
+
+TEST_P(CreateTest, NewRecordGetsParentAndGroupFlag) {
+  const CreateCase& c = GetParam();
+  const bool goods = std::string(c.oidr).substr(0, 8) == "O0000200";
+  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<GroupedCard>();
+  ASSERT_NE(window, nullptr);
+  auto object = window->OrvelObjectUIO();
+  EXPECT_EQ(object->OIDR(), "");
+  EXPECT_EQ(object->Fields("ParentID").Value(), c.parentId);
+  EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
+  // Every new record starts active, and a good kept in rests.
+  EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
+  if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
+  EXPECT_FALSE(window->Loaded());
+}
+
+const Variant kNull = Variant::Null();
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, CreateTest,
+    ::testing::Values(
+        CreateCase{"FirmInGroup", "O00001001", "CGroup", "1", Variant(1), Variant(0)},
+        CreateCase{"FirmBesideFirm", "O00001002", "C", "1", Variant(1), Variant(0)},
+        CreateCase{"GroupBesideGroup", "O00001001", "CGroup", "2", kNull, Variant(1)},
+        CreateCase{"GroupBesideFirmInGroup", "O00001002", "C", "2", Variant(1), Variant(1)},
+        // Val of a Null parent joined to "" is 0, written back as Null.
+        CreateCase{"GroupBesideTopFirm", "O00001003", "C", "2", kNull, Variant(1)},
+        CreateCase{"SubgroupOfGroup", "O00001001", "CGroup", "3", Variant(1), Variant(1)},
+        // Not offered on a firm; it makes a group beside the firm.
+        CreateCase{"SubgroupKeyOnFirm", "O00001002", "C", "3", Variant(1), Variant(1)},
+        CreateCase{"FirmGroupAtRoot", "O0000100", "", "2", kNull, Variant(1)},
+        CreateCase{"GoodInGroup", "O00002001", "CGroup", "1", Variant(1), Variant(0)},
+        CreateCase{"GoodBesideGood", "O00002002", "C", "1", Variant(1), Variant(0)},
+        // Key 2 makes a sibling of the node, key 3 a child.
+        CreateCase{"SiblingOfSubgroup", "O00002003", "CGroup", "2", Variant(1), Variant(1)},
+        CreateCase{"ChildOfSubgroup", "O00002003", "CGroup", "3", Variant(3), Variant(1)},
+        CreateCase{"SiblingOfTopGroup", "O00002001", "CGroup", "2", Variant(0), Variant(1)},
+        // On a good, 3 takes the good's own parent, as 1 does.
+        CreateCase{"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
+        CreateCase{"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
+        CreateCase{"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct NoWindowCase {
+  const char* name;
+  const char* oidr;
+  const char* otype;
+  const char* key;
+  bool readRight;
+  int action;
+  const char* box;  // "" for none
+};
+
+class NoWindowTest : public AdaptersTest, public ::testing::WithParamInterface<NoWindowCase> {};
+
+TEST_P(NoWindowTest, AGoneRecordOrNoReadRightGivesNoWindow) {
+  const NoWindowCase& c = GetParam();
+  if (!c.readRight) host_.Rights()->Deny("CFirms", Right::Read);
+  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
+  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+  EXPECT_EQ(result.Action, c.action);
+  EXPECT_EQ(result.Value.ObjectAs<GroupedCard>(), nullptr);
+  EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
+}
+
+constexpr int kShow = OrvelMenuResult::kShowWindow;
+constexpr int kNone = OrvelMenuResult::kNothing;
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, NoWindowTest,
+    ::testing::Values(
+        NoWindowCase{"FirmWithoutReadRight", "O00001002", "C", "0", false, kShow, ""},
+        NoWindowCase{"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, kNone, ""},
+        // The window builder is given no type, so it names a firm even for a group.
+        NoWindowCase{"GoneFirm", "O00001009", "CGroup", "0", true, kShow, "Įmonė panaikinta!"},
+        NoWindowCase{"NewUnderGoneFirm", "O00001009", "C", "1", true, kNone, "Įmonė panaikinta!"},
+        NoWindowCase{"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, kNone,
+                     "Įmonių grupė panaikinta!"},
+        NoWindowCase{"NewUnderGoneUntyped", "O00001009", "", "1", true, kNone,
+                     "Įmonių grupė panaikinta!"},
+        NoWindowCase{"GoneGood", "O00002009", "C", "0", true, kShow, ""},
+        NoWindowCase{"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+// ---- lists and their settings ----
+
+struct ListCase {
+  const char* name;
+  const char* group;  // the group clicked
+  const char* key;    // the filter's menu key or chord
+  const char* stored;
+  const char* filtered;   // the list call of the filter
+  const char* refreshed;  // the list call of F5
+};
+
+class ListKeysTest : public AdaptersTest, public ::testing::WithParamInterface<ListCase> {};
+
+TEST_P(ListKeysTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
+  const ListCase& c = GetParam();
+  const std::string oid = std::string(c.group).substr(0, 8);
+  host_.Environment()->PresetSetting(oid, "Preview", c.stored);
+  auto adapter = Of(oid);
+  // No answer from the picker: nothing is read.
+  EXPECT_EQ(adapter->ClickMenu(c.group, "CGroup", c.key, "").Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(BusinessLines().empty());
+  host_.HostClasses()->QueueObjectSelect("šil", 1, 2);
+  auto result = adapter->ClickMenu(c.group, "CGroup", c.key, "");
+  ExpectList(result, "šil");
+  EXPECT_EQ(BusinessLines(), Lines{c.filtered});
+  auto picker = host_.HostClasses()->LastObjectSelect();
+  EXPECT_TRUE(picker->MultiSelect());
+  EXPECT_EQ(picker->OType(), oid);
+
+  host_.Log().Clear();
+  result = adapter->ClickMenu(c.group, "CGroup", "116S0", "");
+  ExpectList(result, "");
+  EXPECT_EQ(BusinessLines(), Lines{c.refreshed});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, ListKeysTest,
+    ::testing::Values(
+        // The firms' refresh reads the whole list, whatever the settings.
+        ListCase{"FirmsMenu", "O00001001", "4", "0,1,2", "GetCall Orvel_GetObjectList '','šil',1,2",
+                 "GetCall Orvel_GetObjectList ''"},
+        ListCase{"FirmsChord", "O00001001", "70S2", "0,1,2",
+                 "GetCall Orvel_GetObjectList '','šil',1,2", "GetCall Orvel_GetObjectList ''"},
+        // The goods' filter sends the last five settings too.
+        ListCase{"GoodsMenu", "O00002001", "5", "0,1,0,'O000160512',1,0,1",
+                 "GetCall Orvel_GetObjectList '','šil',1,2,0,'O000160512',1,0,1",
+                 "GetCall Orvel_GetObjectList '','',0,1,0,'O000160512',1,0,1"},
+        ListCase{"GoodsChord", "O00002001", "70S2", "",
+                 "GetCall Orvel_GetObjectList '','šil',1,2,1,'',0,1,0",
+                 "GetCall Orvel_GetObjectList '','',1,0,1,'',0,1,0"}),
+    [](const auto& info) { return std::string(info.param.name); });
+
+struct StoredCase {
+  const char* group;
+  const char* stored;
+  const char* used;
+};
+
+class StoredSettingsTest : public AdaptersTest, public ::testing::WithParamInterface<StoredCase> {};
+
+TEST_P(StoredSettingsTest, AreReadWithTheServicesAndNeverRewritten) {
+  const StoredCase& c = GetParam();
+  const std::string oid = std::string(c.group).substr(0, 8);
+  host_.Environment()->PresetSetting(oid, "Preview", c.stored);
+  Of(oid)->GetOrvelObjectList(c.group, "x", "y");
+  EXPECT_EQ(BusinessLines(),
+            Lines{std::string("GetCall Orvel_GetObjectList '") + c.group + "',''," + c.used});
+  EXPECT_EQ(host_.Environment()->StoredSetting(oid, "Preview"), std::string(c.stored));
+}
+
+// The goods take only a setting of seven fields.
+INSTANTIATE_TEST_SUITE_P(
+    Cases, StoredSettingsTest,
+    ::testing::Values(StoredCase{"O00001001", "0,1,2", "0,1,2"},
+                      StoredCase{"O00002001", "0,1,0,'O000160512',1,0,1",
+                                 "0,1,0,'O000160512',1,0,1"},
+                      StoredCase{"O00002001", "0,1,0,'',1,0", "1,0,1,'',0,1,0"},
+                      StoredCase{"O00002001", "0,1,0,'',1,0,1,1", "1,0,1,'',0,1,0"},
+                      // A warehouse name with a comma breaks the count.
+                      StoredCase{"O00002001", "0,1,0,'Sandėlis, 2',1,0,1", "1,0,1,'',0,1,0"},
+                      StoredCase{"O00002001", "", "1,0,1,'',0,1,0"}));
+
+TEST_F(AdaptersTest, AFirmListArgumentWithAnApostropheGoesOnUnchanged) {
+  Of("O0000100")->GetOrvelObjectList("'','šil',0,0", "", "");
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','šil',0,0"});
+}
+
+struct SettingsKeys {
+  const char* firms;
+  const char* goods;
+};
+
+class SettingsKeyTest : public AdaptersTest, public ::testing::WithParamInterface<SettingsKeys> {};
+
+// The firms' settings dialog: cancelled, then accepted; applied, not stored.
+TEST_P(SettingsKeyTest, FirmSettingsReplaceTheListOnlyWhenAccepted) {
+  const std::string key = GetParam().firms;
+  auto firms = Of("O0000100");
+  auto& own = dynamic_cast<UI0000100&>(*firms);
+  host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmPreview&>(form).cmdCancel.Click(); });
+  EXPECT_EQ(firms->ClickMenu("O0000100", "", key, "").Action, OrvelMenuResult::kNothing);
+  EXPECT_EQ(own.PreviewSettings(), "1,0,1");
+  std::string given, otype;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& dialog = dynamic_cast<frmPreview&>(form);
+    given = dialog.Settings;
+    otype = dialog.OType;
+    dialog.chkNotActive.Click();
+    dialog.optByCode.Click();
+    dialog.cmdOK.Click();
+  });
+  auto result = firms->ClickMenu("O0000100", "", key, "");
+  EXPECT_EQ(given, "1,0,1");
+  EXPECT_EQ(otype, "O0000100");
+  ExpectList(result, "");
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',1,1,2"});
+  EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
+  EXPECT_EQ(own.PreviewSettings(), "1,1,2");
+}
+
+// The goods' settings dialog, through the goods dialogs.
+TEST_P(SettingsKeyTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
+  const std::string key = GetParam().goods;
+  auto goods = Of("O0000200");
+  auto& own = dynamic_cast<UI0000200&>(*goods);
+  EXPECT_EQ(goods->ClickMenu("O0000200", "", key, "").Action, OrvelMenuResult::kNothing);
+  EXPECT_TRUE(BusinessLines().empty());
+  dialogs_->answer = "0,1,1,'O000160512',1,0,0";
+  auto result = goods->ClickMenu("O0000200", "", key, "");
+  EXPECT_EQ(dialogs_->opened, Lines(2, "ListSettings 1,0,1,'',0,1,0"));
+  ExpectList(result, "");
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',0,1,1,'O000160512',1,0,0"});
+  EXPECT_EQ(own.PreviewSettings(), "0,1,1,'O000160512',1,0,0");
+  EXPECT_FALSE(host_.Environment()->StoredSetting("O0000200", "Preview").has_value());
+}
+
+INSTANTIATE_TEST_SUITE_P(MenuAndChord, SettingsKeyTest,
+                         ::testing::Values(SettingsKeys{"5", "6"}, SettingsKeys{"82S2", "82S2"}));
+
+TEST_F(AdaptersTest, ASecondFirmServicesSetReReadsTitleAndSettingsThroughTheStoredOnes) {
+  auto firms = Of("O0000100");
+  host_.Session()->SetAppTitle("Kita");
+  host_.Environment()->PresetSetting("O0000100", "Preview", "1,1,0");
+  firms->SetOrvelS(nullptr);  // not stored: the first services stay
+  EXPECT_NE(OrvelS(), nullptr);
+  auto& own = dynamic_cast<UI0000100&>(*firms);
+  EXPECT_EQ(own.MsgTitle(), "Kita");
+  EXPECT_EQ(own.PreviewSettings(), "1,1,0");
+}
+
+// ---- the goods' own keys ----
+
+TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
+  host_.User()->SetId("7");
+  BO("O0000200").OnRead("CopyGood", [&](const std::string&) {
+    auto copy = BO("O0000200")
+                    .Table()
+                    .Seed({{{"Name", Variant("Duona (kopija)")}, {"ParentID", Variant(1)}}});
+    return OrvelBoResult(0, "", TextRecords("OIDR", copy.front().c_str()));
+  });
+  auto result = Of("O0000200")->ClickMenu("O00002002", "C", "4", "");
+  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+  auto window = result.Value.ObjectAs<GroupedCard>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), "O00002005");
+  auto lines = BusinessLines();
+  ASSERT_GE(lines.size(), 2u);
+  EXPECT_EQ(lines[1], "GetCall CopyGood 'O00002002','7'");
+}
+
+TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsOnTheGroup) {
+  auto goods = Of("O0000200");
+  EXPECT_EQ(goods->ClickMenu("O00002001", "CGroup", "9", "").Action, OrvelMenuResult::kNothing);
+  EXPECT_EQ(goods->ClickMenu("O00002003", "CGroup", "10", "").Action, OrvelMenuResult::kNothing);
+  goods->ClickMenu("O00002009", "CGroup", "9", "");  // gone: no dialog
+  EXPECT_EQ(dialogs_->opened, (Lines{"ChangePrices O00002001", "AddGuarantee O00002003"}));
+}
+
+// ---- tree operations ----
+
+TEST_F(AdaptersTest, FirmsDragAlwaysAndDropNever) {
+  auto firms = Of("O0000100");
+  for (const char* oidr : {"", "O0000100", "O00001001", "garbage"}) {
+    EXPECT_TRUE(firms->DragOK(oidr, "C", "")) << oidr;
+    EXPECT_FALSE(firms->DropOK(oidr)) << oidr;
+  }
+}
+
+// A firm's desktop entry fails on a gone firm or without the read right; a
+// good's is true even for a gone good.
+TEST_F(AdaptersTest, AddToDesktopShowsOneWindowPerRecord) {
+  auto firms = Of("O0000100");
+  // The card's own read fails on this fixture's firm (no CreatedByUser) and says so.
+  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
+  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
+  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
+  EXPECT_EQ(host_.WindowManager()->Count(), 1u);
+  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001009"));
+  auto goods = Of("O0000200");
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002009"));
+  EXPECT_EQ(host_.WindowManager()->Count(), 2u);
+  host_.Rights()->Deny("CFirms", Right::Read);
+  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
+}
+
+// ---- the objects: read, properties ----
+
+TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
+  auto fresh = Object("O0000100");
+  EXPECT_EQ(fresh->Fields("Active").Value(), Variant(true));
+  EXPECT_EQ(fresh->GetGUID(), "");
+  auto saved = Object("O00001002");
+  EXPECT_EQ(saved->Fields("Active").Value(), Variant(false));
+  EXPECT_EQ(saved->RsFields()->MarshalOptions(), 1);
+}
+
+struct PropertyCase {
+  const char* oidr;
+  const char* name;
+  const char* par;
+  const char* line;
+  const char* parAfter = nullptr;  // the caller's parameter afterwards; null: unchanged
+};
+
+class PropertyTest : public AdaptersTest, public ::testing::WithParamInterface<PropertyCase> {};
+
+TEST_P(PropertyTest, SendsItsCallAndParameterString) {
+  const PropertyCase& c = GetParam();
+  auto object = Object(c.oidr);
+  std::string par = c.par;
+  auto result = object->Properties(c.name, par);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(BusinessLines(), Lines{c.line});
+  EXPECT_EQ(par, c.parAfter ? c.parAfter : c.par);
+  // A good's list properties hand back the business layer's records.
+  if (c.oidr[5] == '2') EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, PropertyTest,
+    ::testing::Values(
+        PropertyCase{"O00001002", "firms", "", "GetCall Getfirms O00001002"},
+        PropertyCase{"O00001002", "FirmInfo", "", "GetCall GetFirmInfo 'O00001002',0", "0"},
+        PropertyCase{"O00001002", "FirmInfo", "7", "GetCall GetFirmInfo 'O00001002',7"},
+        PropertyCase{"O00001002", "CHECKCODE", "123", "GetCall CheckCode 'O00001002','123'"},
+        PropertyCase{"O00001002", "CheckBranch", "x", "GetCall CheckBranch 'O00001002'"},
+        PropertyCase{"O00001002", "SaldoByAccountCode", "'2410'",
+                     "GetCall GetSaldoByAccountCode '2410'"},
+        PropertyCase{"O00001002", "Traffic", "", "GetCall GetTraffic O00001002"},
+        PropertyCase{"O00001002", "TypeAndRegion", "1", "GetCall GetTypeAndRegion 1"},
+        PropertyCase{"O00001002", "FirmParameters", "'O00001002',3",
+                     "GetCall GetFirmParameters 'O00001002',3"},
+        PropertyCase{"O00002002", "Goods", "'O00002001',1", "GetCall GetGoods 'O00002001',1"},
+        PropertyCase{"O00002002", "FindGoods", "", "GetCall GetFindGoods 'O00002002',''"},
+        PropertyCase{"O00002002", "Traffic", "'O00002002',1,0",
+                     "GetCall GetTraffic 'O00002002',1,0"},
+        PropertyCase{"O00002002", "Prices", "", "GetCall GetPrices O00002002"},
+        PropertyCase{"O00002002", "MinAmount", "", "GetCall GetMinAmount O00002002"},
+        PropertyCase{"O00002002", "Measures", "", "GetCall GetMeasures O00002002"},
+        PropertyCase{"O00002002", "Discounts", "", "GetCall GetDiscounts O00002002"},
+        PropertyCase{"O00002002", "GoodBRTemplates", "", "GetCall GetGoodBRTemplates O00002002"},
+        // Names compare exactly: another spelling is another business call.
+        PropertyCase{"O00002002", "goods", "", "GetCall Getgoods O00002002"},
+        PropertyCase{"O00002002", "parent", "", "GetCall Getparent O00002002"}));
+
+TEST_F(AdaptersTest, FirmCheckPropertiesReadExistAboveZero) {
+  auto firm = Object("O00001002");
+  BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "2"));
+  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "0"));
+  EXPECT_EQ(firm->Properties("CheckCode", "1").Value, Variant(true));
+  EXPECT_EQ(firm->Properties("CheckBranch", "").Value, Variant(false));
+  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "1"));
+  EXPECT_EQ(firm->Properties("checkbranch", "").Value, Variant(true));
+  BO("O0000100").ReplyRead("GetSaldoByAccountCode", TextRecords("Saldo", "125.5"));
+  EXPECT_EQ(firm->Properties("SaldoByAccountCode", "'2410'").Value, Variant(125.5));
+}
+
+struct FailedCase {
+  const char* oidr;
+  const char* name;
+  const char* call;  // the business call that fails
+  int32_t number;
+  Variant value;  // what the property hands back
+};
+
+class FailedPropertyTest : public AdaptersTest, public ::testing::WithParamInterface<FailedCase> {};
+
+TEST_P(FailedPropertyTest, PassesNumberAndTextAndKeepsItsValue) {
+  const FailedCase& c = GetParam();
+  auto object = Object(c.oidr);
+  BO(std::string(c.oidr).substr(0, 8)).ReplyRead(c.call, OrvelBoResult(c.number, "neleista"));
+  auto result = object->Properties(c.name, "1");
+  EXPECT_EQ(result.Number, c.number);
+  EXPECT_EQ(result.Text, "neleista");
+  EXPECT_EQ(result.Value, c.value);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Cases, FailedPropertyTest,
+    ::testing::Values(
+        FailedCase{"O00001002", "CheckBranch", "CheckBranch", -7, Variant(false)},
+        FailedCase{"O00001002", "SaldoByAccountCode", "GetSaldoByAccountCode", 12, Variant(0)},
+        FailedCase{"O00001002", "CheckCode", "CheckCode", 3, Variant()},
+        FailedCase{"O00001002", "Traffic", "GetTraffic", 4, Variant(std::shared_ptr<Object>())},
+        FailedCase{"O00002002", "Rests", "GetRests", 4, Variant()},
+        // An answer without records is no value either.
+        FailedCase{"O00002002", "Prices", "GetPrices", 0, Variant()}));
+
+TEST_F(AdaptersTest, AGoodsMeasureIsTheObjectOfItsOwnType) {
+  auto& measures = BO("O0000400").Table();
+  measures.SetFields({"ID", "Name", "MeasureType"});
+  measures.Seed({{{"Name", Variant("vnt.")}, {"MeasureType", Variant("1")}}});
+  auto result = Object("O00002002")->Properties("Measure", "O00004001");
+  EXPECT_EQ(result.Number, 0);
+  auto measure = result.Value.ObjectAs<OrvelObjectUIO>();
+  ASSERT_NE(measure, nullptr);
+  EXPECT_EQ(measure->Fields("MeasureType").Value(), Variant("1"));
+}
+
+TEST_F(AdaptersTest, GetObjectFormBuildsAFirmWindowOnThisObject) {
+  auto firm = Object("O00001002");
+  auto window = firm->Properties("GetObjectForm", "").Value.ObjectAs<GroupedCard>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->OrvelObjectUIO(), firm);
+  EXPECT_FALSE(window->Loaded());
+}
+
+// ---- the objects: methods ----
+
+struct MethodCase {
+  const char* oidr;
+  const char* name;
+  Variant::Array params;
+  const char* line;  // "" for no call
+};
+
+class MethodTest : public AdaptersTest, public ::testing::WithParamInterface<MethodCase> {};
+
+TEST_P(MethodTest, SendsOnlyTheFirstParameter) {
+  MethodCase c = GetParam();
+  auto result = Object(c.oidr)->Methods(c.name, c.params);
+  EXPECT_EQ(result.Number, 0);
+  if (!*c.line) EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_EQ(BusinessLines(), *c.line ? Lines{c.line} : Lines{});
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Names, MethodTest,
+    ::testing::Values(
+        MethodCase{"O00001002", "DeleteFirmInfo", {Variant("12")}, "ExecCall DeleteFirmInfo 12"},
+        MethodCase{"O00001002",
+                   "AddUpdateFirmInfo",
+                   {Variant(5), Variant("dropped")},
+                   "ExecCall AddUpdateFirmInfo 5"},
+        MethodCase{"O00001002", "Anything", {}, "ExecCall Anything"},
+        // The goods know their own methods only.
+        MethodCase{"O00002002", "SetTypeAndRegion", {Variant("x")}, ""}));
+
+TEST_F(AdaptersTest, AFailedFirmMethodCopiesNumberAndText) {
+  auto firm = Object("O00001002");
+  BO("O0000100").ReplyAction("DeleteFirmInfo", OrvelStatus{9, "užimta"});
+  Variant::Array params{Variant("1")};
+  auto result = firm->Methods("DeleteFirmInfo", params);
+  EXPECT_EQ(result.Number, 9);
+  EXPECT_EQ(result.Text, "užimta");
+}
+
+TEST_F(AdaptersTest, SetTypeAndRegionCopiesTheGroupsDefaults) {
+  auto fresh = Object("O0000100");
+  fresh->Fields("ParentID").SetValue(Variant(1));
+  BO("O0000100").ReplyRead("GetTypeAndRegion", TextRecords("FirmTypeId RegionID", "4|17"));
+  Variant::Array none;
+  EXPECT_EQ(fresh->Methods("settypeandregion", none).Number, 0);
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall GetTypeAndRegion 1"});
+  EXPECT_EQ(fresh->Fields("FirmTypeId").Value(), Variant(4));
+  EXPECT_EQ(fresh->Fields("RegionID").Value(), Variant(17));
+}
+
+TEST_F(AdaptersTest, SetTypeAndRegionAtTheTopAsksForGroupZeroAndReportsFailure) {
+  auto fresh = Object("O0000100");
+  BO("O0000100").ReplyRead("GetTypeAndRegion", OrvelBoResult(8, "nėra"));
+  Variant::Array none;
+  auto result = fresh->Methods("SetTypeAndRegion", none);
+  EXPECT_EQ(result.Number, 8);
+  EXPECT_EQ(result.Text, "nėra");
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall GetTypeAndRegion 0"});
+  EXPECT_TRUE(fresh->Fields("FirmTypeId").Value().IsEmpty());
+}
+
+class GoodsArrayCallTest : public AdaptersTest,
+                           public ::testing::WithParamInterface<const char*> {};
+
+TEST_P(GoodsArrayCallTest, SendsTheOneArgumentAndReturnsTheStatusAsValue) {
+  const std::string name = GetParam();
+  auto group = Object("O00002001");
+  Variant::Array received;
+  BO("O0000200")
+      .OnAction(UCase(name) == "UPDATEGARANTY" ? "UpdateGaranty" : "UpdateGoodsPrice",
+                [&](const std::string&, Variant::Array& args) {
+                  received = args;
+                  return OrvelStatus{8, "užrakinta"};
+                });
+  Variant::Array params{Variant("'O00002001',5.5,1"), Variant("dropped")};
+  auto result = group->Methods(name, params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(result.Value, Variant(Variant::Array{Variant(8), Variant("užrakinta")}));
+  EXPECT_EQ(received, Variant::Array{Variant("'O00002001',5.5,1")});
+  EXPECT_EQ(BO("O0000200").Calls().back().op, MemoryBusinessObject::Op::ExecArrayCall);
+  EXPECT_EQ(BO("O0000200").Calls().back().param, "");
+}
+
+INSTANTIATE_TEST_SUITE_P(Names, GoodsArrayCallTest,
+                         ::testing::Values("UpdateGoodsPrice", "updategoodsprice", "UpdateGaranty",
+                                           "UPDATEGARANTY"));
+
+TEST_F(AdaptersTest, AGoodsMethodWithoutItsArgumentIsABoundsErrorAndNoCall) {
+  auto good = Object("O00002002");
+  for (const char* name : {"CopyGood", "UpdateGoodsPrice", "UpdateGaranty"}) {
+    Variant::Array none;
+    auto result = good->Methods(name, none);
+    EXPECT_EQ(result.Number, 9) << name;
+    EXPECT_FALSE(result.Text.empty()) << name;
+  }
+  EXPECT_TRUE(BusinessLines().empty());
+}
+
+TEST_F(AdaptersTest, CopyGoodReturnsTheCopysReferenceOrTheFailure) {
+  host_.User()->SetId("42");
+  BO("O0000200").ReplyRead("CopyGood", TextRecords("OIDR", "O000020012"));
+  auto catalogue = Object("O0000200");
+  Variant::Array params{Variant("O00002002")};
+  auto result = catalogue->Methods("copygood", params);
+  EXPECT_EQ(result.Number, 0);
+  EXPECT_EQ(result.Value, Variant("O000020012"));
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall CopyGood 'O00002002','42'"});
+  BO("O0000200").ReplyRead("CopyGood", OrvelBoResult(3, "nėra"));
+  auto failed = catalogue->Methods("CopyGood", params);
+  EXPECT_EQ(failed.Number, 3);
+  EXPECT_EQ(failed.Text, "nėra");
+  EXPECT_TRUE(failed.Value.IsEmpty());
+}
+
+}  // namespace
+}  // namespace orvel
