@@ -122,22 +122,6 @@ TEST_F(TestHostTest, Rights_GrantedByDefault_DenyAllThenGrantOne_EachQueryLogged
                           "Allowed CFirms 0", "CanInsert CFirms 0"));
 }
 
-TEST_F(TestHostTest, Environment_SavesAndReadsSettings_SessionAndUserDefaults) {
-  auto env = host_.Services()->Environment();
-
-  EXPECT_EQ(env->GetUserSetting("O0000300", "Preview", "Name"), "Name");
-  env->SaveUserSetting("O0000300", "Preview", "Code");
-
-  EXPECT_EQ(env->GetUserSetting("O0000300", "Preview", "Name"), "Code");
-  EXPECT_THAT(host_.Log().Lines(Channel::Settings),
-              ElementsAre("SaveUserSetting O0000300 Preview Code"));
-  EXPECT_EQ(env->Session()->AppTitle(), "Orvel Apskaita");
-  EXPECT_EQ(env->Session()->OwnFirm()->Fields("OIDR").Value(), Variant("O00001001"));
-  EXPECT_EQ(env->Session()->SettingObject("O00018021"), nullptr);
-  EXPECT_EQ(env->User()->Name(), "Jonas Jonaitis");
-  EXPECT_EQ(env->User()->Rs()->Fields("ID").Value(), Variant(1));
-}
-
 TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
   auto classes = host_.HostClasses();
   classes->QueueGroupSelect("O00003001O00003004", "Bankai", "G");
@@ -166,45 +150,6 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
       ElementsAre("OrvelGroupSelect.Caption Pažymėkite norimą grupę", "OrvelGroupSelect.Show",
                   "OrvelObjectSelect.OType O0000300", "OrvelObjectSelect.Show",
                   "OrvelGroupSelect.Show", "OrvelObjectSelect.Show"));
-}
-
-TEST_F(TestHostTest, Registry_LogsCallsAndKeepsThemInOrder) {
-  auto registry = host_.HostClasses()->NewComponentRegistry();
-  auto group = registry->AddGroup("L00001011", "L00001011", "Įmonės, Bankai, Valiutos, Žinynai",
-                                  "COMLayout");
-  auto component = group->AddComponent("O0000100", "Įmonės", "CFirms");
-  component->SetOType("O0000100");
-  registry->AddObjectType("OrvelCommonUI", "O0000400", "Atsargų matavimo vienetai");
-  registry->AddIcon("C0000300", std::make_shared<Picture>("bank", std::vector<std::string>{}));
-  registry->AddObjectIcon("C0000300", nullptr);
-
-  EXPECT_THAT(
-      host_.Log().Lines(Channel::Registry),
-      ElementsAre("AddGroup L00001011 L00001011 Įmonės, Bankai, Valiutos, Žinynai COMLayout",
-                  "AddComponent O0000100 Įmonės CFirms", "OType O0000100",
-                  "AddObjectType OrvelCommonUI O0000400 Atsargų matavimo vienetai",
-                  "AddIcon C0000300 bank", "AddObjectIcon C0000300 Nothing"));
-  auto kept = host_.HostClasses()->LastRegistry();
-  ASSERT_EQ(kept->Groups().size(), 1u);
-  ASSERT_EQ(kept->Group("L00001011")->Components().size(), 1u);
-  EXPECT_EQ(kept->Groups()[0]->Components()[0]->OType(), "O0000100");
-  EXPECT_EQ(kept->Groups()[0]->Components()[0]->RightKey(), "CFirms");
-  EXPECT_EQ(kept->ObjectTypes()[0].caption, "Atsargų matavimo vienetai");
-  EXPECT_EQ(kept->Icons()[0].picture->Name(), "bank");
-}
-
-TEST(TestHost, BusinessObjects_OnePerOid_SharingTheJournal) {
-  TestHost host;
-  auto banks = host.BusinessObject("O0000300");
-  auto firms = host.BusinessObject("O0000100");
-
-  banks->GetCall("GetBanks", "", 0);
-  firms->ExecCall("Orvel_DeleteObject", "'O00001009'", 0);
-
-  EXPECT_EQ(host.BusinessObject("O0000300"), banks);
-  EXPECT_NE(banks, firms);
-  EXPECT_THAT(host.Log().Lines(Channel::Business),
-              ElementsAre("GetCall GetBanks", "ExecCall Orvel_DeleteObject 'O00001009'"));
 }
 
 }  // namespace
