@@ -72,11 +72,6 @@ TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndShowsEmptyTypes) 
                                    "O02015002||||||"}));
 }
 
-TEST_F(DepartmentCallsTest, AnOwnRowOfATypeReplacesTheInheritedOnes) {
-  ASSERT_EQ(Save("'O00016152','O02015001','O02016002','',0").Number, 0);
-  EXPECT_EQ(Rows("O00016152")[0], "O02015001|2|2|Prekių pirkimas|O02016002||");
-}
-
 TEST_F(DepartmentCallsTest, ANewRecordHasOnlyEmptyRowsAndCannotTakeTemplates) {
   EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
   auto status = Save("'O0001615','O02015001','O02016001','',0");

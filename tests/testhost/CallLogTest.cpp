@@ -10,28 +10,6 @@ namespace {
 
 using ::testing::ElementsAre;
 
-// An entry keeps its parts; its text joins them with blanks, trailing empty
-// arguments left out; a channel's lines keep the order of the calls.
-TEST(CallLog, AnEntryKeepsItsPartsAndAChannelItsOrder) {
-  CallLog log;
-  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
-  log.Add(Channel::Host, "Call", {"GetOldPeriod", ""});
-  log.Add(Channel::Message, "MsgBox", {"0", "", "Tekstas"});
-  log.Add(Channel::Window, "IsOpen", {"O00003006"});
-
-  const CallEntry& e = log.Entries()[1];
-  EXPECT_EQ(e.op, "Call");
-  EXPECT_THAT(e.args, ElementsAre("GetOldPeriod", ""));
-  EXPECT_EQ(e.Param(), "");
-  EXPECT_EQ(e.channel, Channel::Host);
-  EXPECT_THAT(log.Lines(), ElementsAre("ShowWindow O00003005", "Call GetOldPeriod",
-                                       "MsgBox 0  Tekstas", "IsOpen O00003006"));
-  EXPECT_THAT(log.Lines(Channel::Window), ElementsAre("ShowWindow O00003005", "IsOpen O00003006"));
-  EXPECT_TRUE(log.Lines(Channel::Rights).empty());
-  log.Clear();
-  EXPECT_EQ(log.Size(), 0u);
-}
-
 // The echo prints the chosen channels (none chosen: all) one line each,
 // with or without the channel's name, until given no stream.
 TEST(CallLog, Echo_PrintsTheChosenChannelsOneLineEach) {

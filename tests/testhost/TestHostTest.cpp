@@ -1,27 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/MemoryRecordset.h"
-#include "orvel/Picture.h"
 #include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
-#include "support/StrictUi.h"
-#include "testhost/ScriptedUi.h"
 #include "support/StubObjectUI.h"
-#include "testhost/TestComponent.h"
-#include "testhost/TestComponentGroup.h"
-#include "testhost/TestComponentRegistry.h"
-#include "testhost/TestEnvironment.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestHost.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestServices.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestUser.h"
-#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
@@ -43,29 +32,19 @@ class TestHostTest : public ::testing::Test {
   std::vector<std::string> made_;
 };
 
-TEST_F(TestHostTest, GetOrvelObjectUI_FirstCallMakesAndWiresAdapter_ThenCaches) {
-  auto manager = host_.Services()->ObjectManager();
-
-  auto first = manager->GetOrvelObjectUI("O0000300");
-  auto second = manager->GetOrvelObjectUI("O0000300");
-
-  ASSERT_NE(first, nullptr);
-  EXPECT_EQ(first, second);
-  EXPECT_THAT(made_, ElementsAre("O0000300"));
-  auto stub = std::static_pointer_cast<StubObjectUI>(first);
-  EXPECT_EQ(stub->oid, "O0000300");
-  EXPECT_EQ(stub->bo, host_.BusinessObject("O0000300"));
-  EXPECT_EQ(stub->services, host_.Services());
-}
-
-TEST_F(TestHostTest, GetOrvelObject_GoesToAdapterOfFirstEightCharacters) {
+// An object goes to the adapter of its OIDR's first eight characters, made
+// and wired once.
+TEST_F(TestHostTest, AnObjectGoesToItsTypesAdapterMadeAndWiredOnce) {
   auto object = host_.ObjectManager()->GetOrvelObject("O00003005");
-
   ASSERT_NE(object, nullptr);
   EXPECT_EQ(object->OIDR(), "O00003005");
-  auto stub =
-      std::static_pointer_cast<StubObjectUI>(host_.ObjectManager()->CachedAdapter("O0000300"));
+  auto stub = std::static_pointer_cast<StubObjectUI>(
+      host_.Services()->ObjectManager()->GetOrvelObjectUI("O0000300"));
+  EXPECT_EQ(stub, host_.ObjectManager()->CachedAdapter("O0000300"));
+  EXPECT_THAT(made_, ElementsAre("O0000300"));
   EXPECT_THAT(stub->asked, ElementsAre("O00003005"));
+  EXPECT_EQ(stub->bo, host_.BusinessObject("O0000300"));
+  EXPECT_EQ(stub->services, host_.Services());
 }
 
 TEST_F(TestHostTest, NoAdapter_OrThrowingSource_GivesNullAndLogsFailure) {
