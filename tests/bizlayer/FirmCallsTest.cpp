@@ -68,7 +68,7 @@ TEST_P(FirmOneRowTest, AnswersTheFieldsTheModuleReads) {
   ASSERT_EQ(rs->RecordCount(), 1);
   rs->MoveFirst();
   for (const auto& [field, expected] : c.fields) {
-    EXPECT_EQ(Text(rs->Fields(field).Value()), expected) << c.name << " " << c.param << " " << field;
+    EXPECT_EQ(Text(rs->Fields(field).Value()), expected) << c.name << " " << c.param << field;
   }
 }
 

@@ -93,10 +93,14 @@ INSTANTIATE_TEST_SUITE_P(
     Calls, BadCallTest,
     ::testing::Values(
         BadCallCase{"SaveThroughExecCall",
-                    [](auto& bo) { return Reply(bo.ExecCall("Orvel_SaveObject", "'O0000300',''", 0)); },
+                    [](auto& bo) {
+                      return Reply(bo.ExecCall("Orvel_SaveObject", "'O0000300',''", 0));
+                    },
                     5, "kviečiamas per ExecArrayCall, ne per ExecCall"},
         BadCallCase{"DeleteThroughGetCall",
-                    [](auto& bo) { return Reply(bo.GetCall("Orvel_DeleteObject", "'O00003001'", 0)); },
+                    [](auto& bo) {
+                      return Reply(bo.GetCall("Orvel_DeleteObject", "'O00003001'", 0));
+                    },
                     5, "kviečiamas per ExecCall, ne per GetCall"},
         BadCallCase{"SaveOfNoSet",
                     [](auto& bo) {
