@@ -654,25 +654,33 @@ INSTANTIATE_TEST_SUITE_P(
         {"NoHeader", {"picture"}, "C0000100", false}}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// Buttons with no caption, as the cards have them: the standard ones show a
-// picture for what their name says, a picker beside a field shows "…".
-class PictureButtonsForm : public Form {
+// A card's group field with its picker and clearing button, the card's own
+// buttons, and buttons with no caption: the standard ones show a picture for
+// what their name says, a picker beside a field shows "…".
+class CardButtonsForm : public Form {
  public:
-  PictureButtonsForm() : Form("frmPictures") {
+  CardButtonsForm() : Form("frmCardButtons") {
+    lblGroup.SetCaption("Grupė:");
+    cmdParentGroup.SetCaption("...");
+    cmdWrite.SetCaption("Įrašyti");
     cmdFirmBranches.SetCaption("...");
-    for (Button* button : {&SSCNew, &SSCClose, &cmdParentGroup, &cmdParentGroupClean, &cmdUp,
-                           &cmdDown, &cmdGroup, &cmdFirmBranches}) {
-      Register(*button);
+    for (Control* control : std::initializer_list<Control*>{
+             &lblGroup, &txtGroup, &cmdParentGroup, &cmdParentGroupClean, &cmdWrite, &SSCNew,
+             &SSCClose, &cmdUp, &cmdDown, &cmdGroup, &cmdFirmBranches}) {
+      Register(*control);
     }
   }
-  Button cmdFirmBranches{"cmdFirmBranches"};
-  Button SSCNew{"SSCNew"};
-  Button SSCClose{"SSCClose"};
+  Label lblGroup{"lblGroup"};
+  TextBox txtGroup{"txtGroup"};
   Button cmdParentGroup{"cmdParentGroup"};
   Button cmdParentGroupClean{"cmdParentGroupClean"};
+  Button cmdWrite{"cmdWrite"};
+  Button SSCNew{"SSCNew"};
+  Button SSCClose{"SSCClose"};
   Button cmdUp{"cmdUp"};
   Button cmdDown{"cmdDown"};
   Button cmdGroup{"cmdGroup"};
+  Button cmdFirmBranches{"cmdFirmBranches"};
 };
 
 struct PictureCase {
@@ -683,7 +691,7 @@ struct PictureCase {
 class ButtonPictureTest : public ::testing::TestWithParam<PictureCase> {};
 
 TEST_P(ButtonPictureTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
-  PictureButtonsForm form;
+  CardButtonsForm form;
   FormView view(form);
   auto* button = qobject_cast<QAbstractButton*>(view.WidgetNamed(GetParam().name));
   ASSERT_NE(button, nullptr);
@@ -708,28 +716,8 @@ INSTANTIATE_TEST_SUITE_P(Buttons, ButtonPictureTest,
                                            PictureCase{"cmdGroup", false}),
                          [](const auto& info) { return std::string(info.param.name); });
 
-// A card's group field with its picker and clearing button, and the card's
-// own buttons.
-class GroupFieldForm : public Form {
- public:
-  GroupFieldForm() : Form("frmGroupField") {
-    lblGroup.SetCaption("Grupė:");
-    cmdParentGroup.SetCaption("...");
-    cmdWrite.SetCaption("Įrašyti");
-    for (Control* control : std::initializer_list<Control*>{
-             &lblGroup, &txtGroup, &cmdParentGroup, &cmdParentGroupClean, &cmdWrite}) {
-      Register(*control);
-    }
-  }
-  Label lblGroup{"lblGroup"};
-  TextBox txtGroup{"txtGroup"};
-  Button cmdParentGroup{"cmdParentGroup"};
-  Button cmdParentGroupClean{"cmdParentGroupClean"};
-  Button cmdWrite{"cmdWrite"};
-};
-
 TEST(FormViewLayoutTest, AFieldsPickerAndClearingButtonSitBesideIt) {
-  GroupFieldForm form;
+  CardButtonsForm form;
   FormView view(form);
   view.show();
   QApplication::processEvents();

@@ -21,19 +21,13 @@ class GoodsRecordsRoadTest : public RunningHost {
     oidr_ = "O0000200" + id_;
   }
 
-  void RightClick(FieldSheet& sheet, const std::string& tab, const char* entry) {
-    RunningHost::RightClick(sheet, tab, {entry});
-  }
-
   // The record dialog: its field sheet filled with `fields`, then Write.
   void FillDialogWith(std::vector<std::pair<std::string, std::string>> fields) {
     Terminal().SetModalRunner([this, fields](Form& dialog) {
       dialogCaption_ = dialog.Caption();
       auto* sheet = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
       ASSERT_NE(sheet, nullptr);
-      for (const auto& [name, text] : fields) {
-        EXPECT_TRUE(sheet->EditText(name, text)) << name << ": " << sheet->LastError();
-      }
+      Fill(*sheet, fields);
       Press(dialog, "cmdEnter");
       dialogLeftOpen_ = dialog.Visible();
     });
@@ -84,7 +78,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   const Variant units = Stored("SELECT COUNT(*) FROM measures");
 
   FillDialogWith(c.typed);
-  RightClick(*sheet, c.tab, "Sukurti naują");
+  RightClick(*sheet, c.tab, {"Sukurti naują"});
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, std::string(": ") + c.caption);
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject '" + std::string(c.oid) + "'"));
@@ -103,11 +97,8 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   EXPECT_EQ(row->Text(), c.rowText);
   EXPECT_EQ(row->ListSubItems().Item(c.subItem).Text(), c.subItemText);
 
-  for (int i = 1; i <= list->ListItems().Count(); ++i) {
-    if (list->ListItems().Item(i).Key() == key) list->SetSelectedItem(&list->ListItems().Item(i));
-  }
-  ASSERT_NE(list->SelectedItem(), nullptr);
-  RunningHost::RightClick(*sheet, c.tab, {"Panaikinti", "Taip"});
+  list->SetSelectedItem(list->ListItems().Find(key));
+  RightClick(*sheet, c.tab, {"Panaikinti", "Taip"});
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + key + "'"));
   EXPECT_EQ(CLng(Stored(std::string("SELECT COUNT(*) FROM ") + c.table + " WHERE ID = " + id)), 0);
   EXPECT_EQ(list->ListItems().Count(), before);
@@ -180,7 +171,7 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
   EXPECT_EQ(Variant(item->Text()), unit);
   list->SetSelectedItem(item);
   FillDialogWith({{"Price", "3,5"}});
-  RightClick(*sheet, "Measures", "Redaguoti");
+  RightClick(*sheet, "Measures", {"Redaguoti"});
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, ConcatText(unit) + ": Matavimo vienetas");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0000400" + row + "'"));
@@ -200,7 +191,7 @@ TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
   ASSERT_NE(sheet, nullptr);
   const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
   FillDialogWith({{"GoodPriceTypeID", "1"}});
-  RightClick(*sheet, "PRICES", "Sukurti naują");
+  RightClick(*sheet, "PRICES", {"Sukurti naują"});
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM goods_prices"), before);
   EXPECT_THAT(calls_, ::testing::Not(Contains(HasSubstr("Orvel_SaveObject 'O0000600'"))));
 }

@@ -41,9 +41,7 @@ class OtherTypesRoadTest : public RunningHost {
                  const std::vector<std::pair<std::string, std::string>>& typed) {
     auto sheet = SheetOf(card);
     ASSERT_NE(sheet, nullptr);
-    for (const auto& [name, text] : typed) {
-      EXPECT_TRUE(sheet->EditText(name, text)) << name << ": " << sheet->LastError();
-    }
+    Fill(*sheet, typed);
     Press(*card, "cmdEnter");
   }
 };

@@ -100,6 +100,14 @@ class RunningHost : public ::testing::Test {
     sheet.ListMouseUp(tab, TabIndex(sheet, tab), 2);
   }
 
+  // Types each text into its field of the sheet; every one must be taken.
+  static void Fill(FieldSheet& sheet,
+                   const std::vector<std::pair<std::string, std::string>>& typed) {
+    for (const auto& [name, text] : typed) {
+      EXPECT_TRUE(sheet.EditText(name, text)) << name << ": " << sheet.LastError();
+    }
+  }
+
   // A click on one of the form's buttons.
   static void Press(Form& form, const char* button) {
     auto* control = dynamic_cast<Button*>(form.FindControl(button));
