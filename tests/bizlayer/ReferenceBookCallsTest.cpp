@@ -46,5 +46,11 @@ TEST_F(ReferenceBookCallsTest, LocationsAreListedWithTheUserFirst) {
               ElementsAre("O00016053 Parduotuvė „Ąžuolas“"));
 }
 
+TEST_F(ReferenceBookCallsTest, TheCardsStructureIsAPropertyOfTheRecord) {
+  EXPECT_THAT(Rows("O0001605", "GetStructure", ""),
+              ElementsAre("ID ID", "Code Kodas", "Name Pavadinimas", "ParentID Grupė",
+                          "GroupFlag Grupė", "Address Adresas"));
+}
+
 }  // namespace
 }  // namespace orvel

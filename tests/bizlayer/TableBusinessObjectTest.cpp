@@ -97,8 +97,21 @@ TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
   EXPECT_EQ(unknown.Text, "O0000300 neturi skaitymo kvietimo GetNothing");
 }
 
-// The host asks the layer for a type's structure by its OID alone.
-TEST_F(TableBusinessObjectTest, AStructureIsGivenByTheTypesOid) {
+// The card's fields and their captions, also asked by the type's OID alone.
+TEST_F(TableBusinessObjectTest, StructureComesFromTheFieldDescriptions) {
+  auto reply = Type("O0000300").RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
+  ASSERT_EQ(reply.Number, 0) << reply.Text;
+  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  std::vector<std::string> rows;
+  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+    rows.push_back(Text(rs->Fields("Name").Value()) + "|" + Text(rs->Fields("Caption").Value()) +
+                   "|" + Text(rs->Fields("xType").Value()) + "|" +
+                   Text(rs->Fields("Visible").Value()));
+  }
+  EXPECT_THAT(rows, ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
+                                "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
+                                "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
+                                "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
   auto byOid = layer_.ServiceCall("Orvel_GetObjectStructureByOID", "O0000300");
   EXPECT_EQ(byOid.Number, 0);
   EXPECT_THAT(Column(*byOid.Value.ObjectAs<Recordset>(), "Name"), Contains("SWIFT"));

@@ -30,6 +30,7 @@
 #include <vector>
 
 #include "currencies/frmCurrencyRate.h"
+#include "currencies/frmCurrencyRates.h"
 #include "firms/frmAccounts.h"
 #include "firms/frmFirmInfo.h"
 #include "firms/frmPreview.h"
@@ -902,6 +903,28 @@ class ModuleViewTest : public ModuleTest {
     ASSERT_TRUE(Adapter("O0000300")->ClickMenu("O00003005", "", "0", "").Value.ObjectAs<Form>());
   }
 };
+
+TEST_F(ModuleViewTest, TheCurrencyRatesWindowLaysOutItsControls) {
+  frmCurrencyRates rates;
+  rates.Show();
+  FormView view(rates);
+  view.show();
+  QApplication::processEvents();
+  Snap(view, "currencyrates");
+  EXPECT_EQ(Str(view.windowTitle()), "Valiutų kursų įrašymas");
+  auto* date = view.findChild<QDateEdit*>("dtpDate.date");
+  ASSERT_NE(date, nullptr);
+  EXPECT_EQ(date->date(), QDate(2026, 11, 23));  // the host's today
+  EXPECT_EQ(qobject_cast<QLabel*>(view.WidgetNamed("lblPeriod"))->buddy(),
+            view.WidgetNamed("dtpDate"));
+  auto* rows = qobject_cast<QTreeWidget*>(view.WidgetNamed("lvwRows"));
+  ASSERT_NE(rows, nullptr);
+  EXPECT_EQ(rows->columnCount(), 6);
+  EXPECT_EQ(Str(rows->headerItem()->text(4)), "Įrašytas kursas");
+  // Its menu is a popup: no bar entry.
+  EXPECT_EQ(view.WidgetNamed("mnuMeniu"), nullptr);
+  EXPECT_EQ(Str(qobject_cast<QPushButton*>(view.WidgetNamed("cmdGo"))->text()), "Užpildyti");
+}
 
 // The module's dialogs as they open, before any record is put in: each
 // shows its caption, and every button tells what it does, by its words or
