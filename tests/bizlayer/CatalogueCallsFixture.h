@@ -67,12 +67,6 @@ class CatalogueCallsFixture {
     return out;
   }
 
-  static std::vector<std::string> FieldNames(Recordset& rs) {
-    std::vector<std::string> out;
-    for (int i = 0; i < rs.Fields().Count(); ++i) out.push_back(rs.Fields().Item(i).Name());
-    return out;
-  }
-
   // Every row of the tables that the catalogues' calls write, as text: equal
   // snapshots mean a call changed nothing.
   std::string Snapshot() {

@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 #include "CatalogueCallsFixture.h"
 #include "bizlayer/SchemaParts.h"
 
@@ -74,11 +72,6 @@ TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndShowsEmptyTypes) 
                                    "O02015002||||||"}));
 }
 
-TEST_F(DepartmentCallsTest, AnOwnRowOfATypeReplacesTheInheritedOnes) {
-  ASSERT_EQ(Save("'O00016152','O02015001','O02016002','',0").Number, 0);
-  EXPECT_EQ(Rows("O00016152")[0], "O02015001|2|2|Prekių pirkimas|O02016002||");
-}
-
 TEST_F(DepartmentCallsTest, ANewRecordHasOnlyEmptyRowsAndCannotTakeTemplates) {
   EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
   auto status = Save("'O0001615','O02015001','O02016001','',0");
@@ -124,11 +117,9 @@ INSTANTIATE_TEST_SUITE_P(
                  777,
                  {"1:1:1:1"}},
         SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, {"1:1:1:1"}},
-        SaveCase{"UnknownType", "'O00016153','O02015009','O02016001','',0", 777, {"1:1:1:1"}},
         SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, {"1:1:1:1"}},
         SaveCase{
             "NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, {"1:1:1:1"}},
-        SaveCase{"MissingID", "'O00016153','O02015001','O02016001',''", 5, {"1:1:1:1"}},
         SaveCase{
             "UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, {"1:1:1:1"}}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -145,40 +136,6 @@ TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
   EXPECT_EQ(Column(*rs, "Preview"), (std::vector<std::string>{"UAB Medis, Kauno filialas",
                                                               "UAB Medis, Vilniaus filialas"}));
   EXPECT_EQ(Column(*rs, "ID"), (std::vector<std::string>{"2", "1"}));
-}
-
-TEST_F(DepartmentCallsTest, ADepartmentKeepsItsBranchThroughTheStandardCalls) {
-  Insert(
-      "INSERT INTO book_departments (Name, ParentID, GroupFlag, FirmBranchID) VALUES (?, 0, 0, ?)",
-      {"Buhalterija", 4});
-  auto rs = Read("O0001604", "Orvel_ReadObject", "'O00016041'");
-  ASSERT_TRUE(rs);
-  EXPECT_EQ(Text(rs->Fields("FirmBranchID").Value()), "4");
-  EXPECT_EQ(Text(rs->Fields("Preview").Value()), "Buhalterija");
-}
-
-TEST(DepartmentSchemaTest, TheSampleBooksAreListedAndTheirMembersInherit) {
-  auto db = std::make_shared<SqliteDatabase>(":memory:");
-  ReferenceDatabase::CreateSchema(*db);
-  ReferenceBookSchema().create(*db);
-  ReferenceBookSchema().seed(*db);
-  BusinessLayer layer(db);
-  auto books = std::dynamic_pointer_cast<Recordset>(
-      layer.BusinessObject("O0001600")->GetCall("Orvel_GetObjectList", "'O0001600'", 0).Object);
-  ASSERT_TRUE(books);
-  std::vector<std::string> oids;
-  for (books->MoveFirst(); !books->IsEOF(); books->MoveNext()) {
-    oids.push_back(ConcatText(books->Fields("OIDR").Value()));
-  }
-  EXPECT_NE(std::find(oids.begin(), oids.end(), "O0001604"), oids.end());
-  EXPECT_NE(std::find(oids.begin(), oids.end(), "O0001615"), oids.end());
-  // The wholesale member inherits the sales group's sales template.
-  auto rs = std::dynamic_pointer_cast<Recordset>(
-      layer.BusinessObject(kDestinations)->GetCall("GetBRTemplates", "O00016152", 0).Object);
-  ASSERT_TRUE(rs);
-  rs->MoveFirst();
-  EXPECT_TRUE(rs->Fields("ID").Value().IsNull());
-  EXPECT_FALSE(rs->Fields("ID2").Value().IsNull());
 }
 
 }  // namespace

@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "CatalogueCallsFixture.h"
-#include "TempDatabase.h"
 #include "bizlayer/SchemaParts.h"
 #include "host/MemoryRecordset.h"
 
@@ -73,9 +72,10 @@ class FirmDetailCallsTest : public CatalogueCallsFixture, public ::testing::Test
   }
 };
 
+// The fields each list answers are held by the contract suite on every
+// engine; here the rows and their order.
 struct ListCase {
   const char* call;
-  std::vector<std::string> fields;
   const char* field;
   std::vector<std::string> values;
 };
@@ -87,46 +87,27 @@ TEST_P(FirmDetailListTest, AnswersTheFirmsRowsWithTheFieldsTheListReads) {
   const ListCase& c = GetParam();
   auto rs = Read(kFirms, c.call, "O00001002");
   ASSERT_NE(rs, nullptr);
-  EXPECT_EQ(FieldNames(*rs), c.fields);
   EXPECT_EQ(Column(*rs, c.field), c.values);
-  auto none = Read(kFirms, c.call, "O00001003");
-  ASSERT_NE(none, nullptr);
-  EXPECT_EQ(none->RecordCount(), 0);
+  EXPECT_EQ(Read(kFirms, c.call, "O00001003")->RecordCount(), 0);
+}
+
+// An account of the list opens as a record of its own type.
+TEST_F(FirmDetailCallsTest, AnAccountOpensAsARecordOfItsOwnType) {
+  EXPECT_EQ(ConcatText(Read("O0000500", "Orvel_ReadObject", "'O00005001'")->Fields("Name").Value()),
+            "LT02");
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Calls, FirmDetailListTest,
-    ::testing::Values(ListCase{"GetAccounts",
-                               {"OIDR", "Number", "BankName", "Currency"},
-                               "BankName",
-                               {"", "Swedbank"}},
-                      ListCase{"GetFirmADDRESSES",
-                               {"OIDR", "AddressType", "Region", "PostCode", "Street", "Phone",
-                                "Fax", "EMail", "FlagMain"},
-                               "AddressType",
-                               {"Buveinės", "Pristatymo"}},
-                      ListCase{"GetFirmCONTACTS",
-                               {"OIDR", "Name", "LastName", "Role", "Phone", "Fax", "EMail", "Note",
-                                "FlagMain"},
-                               "OIDR",
-                               {"O00021001"}},
-                      ListCase{"GetFirmSERVERS", {"OIDR", "Name"}, "Name", {"Rūta Buhalterė"}},
-                      ListCase{"GetFirmActivity", {"OIDR", "Preview"}, "OIDR", {"O00025001"}},
-                      ListCase{"GetFirmBranch",
-                               {"OIDR", "Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"},
-                               "OIDR",
-                               {"O00017001"}},
-                      ListCase{"GetContractsList",
-                               {"OIDR", "OType", "ContractNumber", "DateFrom", "DateTo", "SumA",
-                                "State", "Responsible"},
-                               "ContractNumber",
-                               {"S-2", "S-1"}},
+    ::testing::Values(ListCase{"GetAccounts", "BankName", {"", "Swedbank"}},
+                      ListCase{"GetFirmADDRESSES", "AddressType", {"Buveinės", "Pristatymo"}},
+                      ListCase{"GetFirmCONTACTS", "OIDR", {"O00021001"}},
+                      ListCase{"GetFirmSERVERS", "Name", {"Rūta Buhalterė"}},
+                      ListCase{"GetFirmActivity", "OIDR", {"O00025001"}},
+                      ListCase{"GetFirmBranch", "OIDR", {"O00017001"}},
+                      ListCase{"GetContractsList", "ContractNumber", {"S-2", "S-1"}},
                       // Its own discounts first, then its group's, named by who holds them.
-                      ListCase{"GetDiscounts",
-                               {"OIDR", "DiscountTypeName", "VariantName", "SumFrom", "SumTo",
-                                "Percent", "GoodName", "Valid", "FirmName"},
-                               "FirmName",
-                               {"UAB Alfa", "Tiekėjai"}}),
+                      ListCase{"GetDiscounts", "FirmName", {"UAB Alfa", "Tiekėjai"}}),
     [](const auto& info) { return std::string(info.param.call); });
 
 TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
@@ -145,6 +126,8 @@ struct BadNoteCase {
   int32_t number;
 };
 
+// An unreal day, too few arguments and an unknown firm are refused in the
+// contract suite on every engine.
 class FirmDetailBadNoteTest : public FirmDetailCallsTest,
                               public ::testing::WithParamInterface<BadNoteCase> {};
 
@@ -162,39 +145,15 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadNoteCase{"PriorityZero", "0,'A','20260101',Null,2,1,0", TableBusinessObject::kBadCall},
         BadNoteCase{"PriorityFour", "0,'A','20260101',Null,2,1,4", TableBusinessObject::kBadCall},
-        BadNoteCase{"DayNotReal", "0,'A','20260231',Null,2,1,1", TableBusinessObject::kBadCall},
         BadNoteCase{"DayWithDashes", "0,'A','2026-01-01',Null,2,1,1",
                     TableBusinessObject::kBadCall},
         BadNoteCase{"EndsBeforeItStarts", "0,'A','20260201','20260131',2,1,1",
                     TableBusinessObject::kBadCall},
-        BadNoteCase{"TooFewArguments", "0,'A','20260101',Null,2,1", TableBusinessObject::kBadCall},
-        BadNoteCase{"NoSuchFirm", "0,'A','20260101',Null,99,1,1",
-                    TableBusinessObject::kRecordNotFound},
         BadNoteCase{"NoSuchNote", "7,'A','20260101',Null,2,1,1",
                     TableBusinessObject::kRecordNotFound},
         BadNoteCase{"AnotherFirmsNote", "1,'A','20260101',Null,3,1,1",
                     TableBusinessObject::kRecordNotFound}),
     [](const auto& info) { return std::string(info.param.name); });
-
-TEST(FirmDetailSchemaTest, ASampleFileGivesTheFirstFirmEveryDetail) {
-  TempDatabase file;
-  auto db = ReferenceDatabase::Open(file.Path());
-  BusinessLayer layer(db);
-  auto& firms = *layer.BusinessObject(kFirms);
-  auto first = firms.Query("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0", {});
-  const std::string oidr = "O0000100" + ConcatText(first->Fields().Item(0).Value());
-  for (const char* call : {"GetAccounts", "GetFirmADDRESSES", "GetFirmCONTACTS", "GetFirmSERVERS",
-                           "GetFirmActivity", "GetContractsList", "GetDiscounts"}) {
-    auto reply = firms.GetCall(call, oidr, 0);
-    ASSERT_EQ(reply.Number, 0) << call << ": " << reply.Text;
-    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-    ASSERT_NE(rs, nullptr);
-    EXPECT_GT(rs->RecordCount(), 0) << call;
-  }
-  // An account opens as a record of its own type.
-  auto account = layer.BusinessObject("O0000500")->GetCall("Orvel_ReadObject", "'O00005001'", 0);
-  EXPECT_EQ(account.Number, 0) << account.Text;
-}
 
 }  // namespace
 }  // namespace orvel

@@ -48,23 +48,6 @@ class GoodsDetailCallsTest : public CatalogueCallsFixture, public ::testing::Tes
   }
 };
 
-TEST_F(GoodsDetailCallsTest, MeasuresCarryTheirRatios) {
-  auto rs = Read("O0000200", "GetMeasures", "O00002002");
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00004001"));
-  EXPECT_THAT(Column(*rs, "MeasureName"), ElementsAre("dėžė"));
-  EXPECT_THAT(Column(*rs, "MeasureID"), ElementsAre("2"));
-  EXPECT_THAT(Column(*rs, "Scale"), ElementsAre("10"));
-  EXPECT_THAT(Column(*rs, "Scale2"), ElementsAre("0.1"));
-  EXPECT_THAT(Column(*rs, "Price"), ElementsAre("55.5"));
-}
-
-TEST_F(GoodsDetailCallsTest, MinimumAmountsNameTheirWarehouse) {
-  auto rs = Read("O0000200", "GetMinAmount", "O00002002");
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00007001"));
-  EXPECT_THAT(Column(*rs, "MinAmount"), ElementsAre("5"));
-  EXPECT_THAT(Column(*rs, "Location"), ElementsAre("Centrinis"));
-}
-
 TEST_F(GoodsDetailCallsTest, TemplatesOfTheGroupAreInheritedWithoutARecord) {
   auto rs = Read("O0000200", "GetGoodBRTemplates", "O00002002");
   EXPECT_THAT(Column(*rs, "GoodBRTemplateTypeName"), ElementsAre("Pardavimas", "Pirkimas"));

@@ -4,7 +4,6 @@
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "orvel/Recordset.h"
-#include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/Label.h"
 #include "ui/ListView.h"
@@ -32,7 +31,7 @@ class CatalogueListsRoadTest : public RunningHost {
   void AnswerSettings(std::vector<std::string> boxes) {
     Terminal().SetModalRunner([boxes](Form& dialog) {
       for (const auto& name : boxes) dynamic_cast<CheckBox&>(*dialog.FindControl(name)).SetValue(1);
-      dynamic_cast<Button&>(*dialog.FindControl("cmdOK")).Click();
+      Press(dialog, "cmdOK");
     });
   }
 
@@ -125,9 +124,7 @@ TEST_F(CatalogueListsRoadTest, TheDebtLineWarnsOnlyOfLimitsAFirmHasAndAgreesWith
   ListView* traffic = sheet->TabList("Traffic");
   ASSERT_NE(traffic, nullptr);
   traffic->SetSelectedItem(&traffic->ListItems().Item(1));
-  for (size_t i = 0; i < sheet->Tabs().size(); ++i) {
-    if (sheet->Tabs()[i].key == "Traffic") sheet->OnListDoubleClick(static_cast<int>(i));
-  }
+  sheet->OnListDoubleClick(TabIndex(*sheet, "Traffic"));
   // Past its credit days or not by today's date, the debt stays within its limit.
   EXPECT_THAT(LabelOf(*firm, "lblDebt"),
               ::testing::StartsWith("Skola: 3830,94 Lt (avansas 2650,00 Lt)"));

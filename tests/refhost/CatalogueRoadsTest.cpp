@@ -9,7 +9,6 @@
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/Recordset.h"
 #include "hostkit/LoopbackRateService.h"
-#include "ui/Button.h"
 
 namespace orvel {
 namespace {
@@ -52,7 +51,7 @@ TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
   ASSERT_NE(sheet, nullptr);
   ASSERT_TRUE(sheet->EditText("Code", code));
   if (*c.answer) prompter_.answers = {c.answer};
-  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  Press(*card, "cmdEnter");
 
   EXPECT_THAT(calls_, Contains("GetCall CheckCode 'O000010012','" + code + "'"));
   if (c.duplicate) {
@@ -131,10 +130,10 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
   host_.Windows().ShowWindow(window);
   auto form = std::dynamic_pointer_cast<Form>(window);
   ASSERT_NE(form, nullptr);
-  dynamic_cast<Button*>(form->FindControl("cmdGo"))->Click();
+  Press(*form, "cmdGo");
   EXPECT_EQ(mirror.Calls("getFxRates"), 1);
   EXPECT_THAT(calls_, Contains(std::string("GetCall GetCurrencyList '") + today + "'"));
-  dynamic_cast<Button*>(form->FindControl("cmdWrite"))->Click();
+  Press(*form, "cmdWrite");
 
   const std::string rate =
       "SELECT r.Rate FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"

@@ -5,7 +5,6 @@
 #include "host/Convert.h"
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/Recordset.h"
-#include "ui/Button.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -49,8 +48,8 @@ TEST_F(DepartmentsRoadTest, ADepartmentIsWrittenWithoutItsBranchReReadAndDeleted
   EXPECT_EQ(Control<TextBox>(*card, "txtGroup").Text(), "Administracija");
 
   Control<TextBox>(*card, "txtName").Edit(" Buhalterija ir kasa ");
-  Control<Button>(*card, "cmdCleanFirmBranch").Click();
-  Control<Button>(*card, "cmdWrite").Click();
+  Press(*card, "cmdCleanFirmBranch");
+  Press(*card, "cmdWrite");
   EXPECT_EQ(Stored("SELECT Name FROM book_departments WHERE ID = 3"),
             Variant("Buhalterija ir kasa"));
   EXPECT_TRUE(Stored("SELECT FirmBranchID FROM book_departments WHERE ID = 3").IsNull());
@@ -68,7 +67,7 @@ TEST_F(DepartmentsRoadTest, ABranchIsPickedInTheHostsPickerAndWritten) {
   auto card = OpenCard("O00016043", "T");
   ASSERT_NE(card, nullptr);
   const std::string before = Control<TextBox>(*card, "txtFirmBranch").Tag();
-  Control<Button>(*card, "cmdFirmBranches").Click();  // no answer: cancelled
+  Press(*card, "cmdFirmBranches");  // no answer: cancelled
   EXPECT_EQ(Control<TextBox>(*card, "txtFirmBranch").Tag(), before);
 
   const std::string last =
@@ -76,9 +75,9 @@ TEST_F(DepartmentsRoadTest, ABranchIsPickedInTheHostsPickerAndWritten) {
   const Variant name = Stored("SELECT f.Name || ', ' || b.Name" + last);
   const Variant id = Stored("SELECT b.ID" + last);
   prompter_.answers = {ConcatText(name)};
-  Control<Button>(*card, "cmdFirmBranches").Click();
+  Press(*card, "cmdFirmBranches");
   EXPECT_THAT(calls_, Contains("RecordsetCall DO0001604_GetFirmBranches 0"));
-  Control<Button>(*card, "cmdWrite").Click();
+  Press(*card, "cmdWrite");
   EXPECT_EQ(CLng(Stored("SELECT FirmBranchID FROM book_departments WHERE ID = 3")), CLng(id));
 }
 

@@ -3,7 +3,6 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "ui/Button.h"
 #include "ui/ListView.h"
 
 namespace orvel {
@@ -68,8 +67,7 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
   ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
   ASSERT_NE(sheet, nullptr);
-  int traffic = 0;
-  while (sheet->Tabs()[static_cast<size_t>(traffic)].key != "Traffic") ++traffic;
+  const int traffic = TabIndex(*sheet, "Traffic");
   ListView* list = sheet->TabList("Traffic");
   list->ItemClick(list->ListItems().Item(1));
   sheet->ListDoubleClick(traffic);
@@ -81,10 +79,9 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
     auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
     ASSERT_NE(rows, nullptr);
     historyRows = rows->ListItems().Count();
-    dynamic_cast<Button*>(dialog.FindControl("cmdClose"))->Click();
+    Press(dialog, "cmdClose");
   });
-  prompter_.answers.push_back("Istorija");
-  sheet->ListMouseUp("Traffic", traffic, 2);
+  RightClick(*sheet, "Traffic", {"Istorija"});
   EXPECT_TRUE(dialogs_.empty());
   Terminal().DoEvents();
   EXPECT_EQ(dialogs_, std::vector<std::string>{"Istorija"});

@@ -3,7 +3,6 @@
 
 #include "RunningHost.h"
 #include "host/Convert.h"
-#include "ui/Button.h"
 #include "ui/ImageCombo.h"
 #include "ui/Label.h"
 #include "ui/Menu.h"
@@ -23,13 +22,6 @@ class FirmDetailsRoadTest : public RunningHost {
     RunningHost::SetUp();
     id_ = ConcatText(Stored("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0"));
     oidr_ = "O0000100" + id_;
-  }
-
-  int TabIndex(FieldSheet& sheet, const std::string& key) {
-    for (size_t i = 0; i < sheet.Tabs().size(); ++i) {
-      if (sheet.Tabs()[i].key == key) return static_cast<int>(i);
-    }
-    return -1;
   }
 
   std::string id_;

@@ -5,7 +5,6 @@
 #include "host/Convert.h"
 #include "orvel/OrvelObjectUI.h"
 #include "hostkit/TextDragData.h"
-#include "ui/Button.h"
 
 namespace orvel {
 namespace {
@@ -43,7 +42,7 @@ TEST_F(GoodsRoadTest, AGoodOpensWithItsListsAndAnEditIsWrittenAndReadBack) {
   EXPECT_EQ(first.Key().rfind("O0000600", 0), 0u);
 
   ASSERT_TRUE(sheet->EditText("Name", "Sūris 'Džiugas', 24 mėn."));
-  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  Press(*card, "cmdEnter");
   EXPECT_EQ(Stored("SELECT Name FROM goods WHERE ID = " + id), Variant("Sūris 'Džiugas', 24 mėn."));
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000200','" + oidr + "'"));
 
@@ -101,7 +100,7 @@ TEST_F(GoodsRoadTest, ANewGoodInAGroupTakesItsVatRate) {
   auto sheet = SheetOf(card);
   ASSERT_NE(sheet, nullptr);
   ASSERT_TRUE(sheet->EditText("Name", "Arbata juodoji"));
-  dynamic_cast<Button*>(card->FindControl("cmdEnter"))->Click();
+  Press(*card, "cmdEnter");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O0000200'"));
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID || '|' || VAT || '|' || VatRate FROM goods"
                               " WHERE Name = 'Arbata juodoji'")),

@@ -21,6 +21,7 @@
 #include "refhost/ReferenceObjectManager.h"
 #include "refhost/TerminalUi.h"
 #include "support/Sql.h"
+#include "ui/Button.h"
 #include "ui/Form.h"
 
 namespace orvel {
@@ -84,6 +85,42 @@ class RunningHost : public ::testing::Test {
   }
 
   Variant Stored(const std::string& sql) { return FirstValue(host_.Database(), sql); }
+
+  static int TabIndex(FieldSheet& sheet, const std::string& key) {
+    for (size_t i = 0; i < sheet.Tabs().size(); ++i) {
+      if (sheet.Tabs()[i].key == key) return static_cast<int>(i);
+    }
+    return -1;
+  }
+
+  // A right click on a tab's list, its menu answered with `entries` in turn.
+  void RightClick(FieldSheet& sheet, const std::string& tab,
+                  std::initializer_list<const char*> entries) {
+    for (const char* entry : entries) prompter_.answers.push_back(entry);
+    sheet.ListMouseUp(tab, TabIndex(sheet, tab), 2);
+  }
+
+  // Types each text into its field of the sheet; every one must be taken.
+  static void Fill(FieldSheet& sheet,
+                   const std::vector<std::pair<std::string, std::string>>& typed) {
+    for (const auto& [name, text] : typed) {
+      EXPECT_TRUE(sheet.EditText(name, text)) << name << ": " << sheet.LastError();
+    }
+  }
+
+  // A click on one of the form's buttons.
+  static void Press(Form& form, const char* button) {
+    auto* control = dynamic_cast<Button*>(form.FindControl(button));
+    ASSERT_NE(control, nullptr) << button;
+    control->Click();
+  }
+
+  bool Said(const std::string& text) const {
+    for (const auto& line : prompter_.said) {
+      if (line.find(text) != std::string::npos) return true;
+    }
+    return false;
+  }
 
   TempDatabase file_;
   AnsweringPrompter prompter_;

@@ -1,27 +1,16 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include "host/MemoryRecordset.h"
-#include "orvel/Picture.h"
 #include "orvel/RuntimeError.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
-#include "support/StrictUi.h"
-#include "testhost/ScriptedUi.h"
 #include "support/StubObjectUI.h"
-#include "testhost/TestComponent.h"
-#include "testhost/TestComponentGroup.h"
-#include "testhost/TestComponentRegistry.h"
-#include "testhost/TestEnvironment.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestHost.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestServices.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestUser.h"
-#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
@@ -43,29 +32,19 @@ class TestHostTest : public ::testing::Test {
   std::vector<std::string> made_;
 };
 
-TEST_F(TestHostTest, GetOrvelObjectUI_FirstCallMakesAndWiresAdapter_ThenCaches) {
-  auto manager = host_.Services()->ObjectManager();
-
-  auto first = manager->GetOrvelObjectUI("O0000300");
-  auto second = manager->GetOrvelObjectUI("O0000300");
-
-  ASSERT_NE(first, nullptr);
-  EXPECT_EQ(first, second);
-  EXPECT_THAT(made_, ElementsAre("O0000300"));
-  auto stub = std::static_pointer_cast<StubObjectUI>(first);
-  EXPECT_EQ(stub->oid, "O0000300");
-  EXPECT_EQ(stub->bo, host_.BusinessObject("O0000300"));
-  EXPECT_EQ(stub->services, host_.Services());
-}
-
-TEST_F(TestHostTest, GetOrvelObject_GoesToAdapterOfFirstEightCharacters) {
+// An object goes to the adapter of its OIDR's first eight characters, made
+// and wired once.
+TEST_F(TestHostTest, AnObjectGoesToItsTypesAdapterMadeAndWiredOnce) {
   auto object = host_.ObjectManager()->GetOrvelObject("O00003005");
-
   ASSERT_NE(object, nullptr);
   EXPECT_EQ(object->OIDR(), "O00003005");
-  auto stub =
-      std::static_pointer_cast<StubObjectUI>(host_.ObjectManager()->CachedAdapter("O0000300"));
+  auto stub = std::static_pointer_cast<StubObjectUI>(
+      host_.Services()->ObjectManager()->GetOrvelObjectUI("O0000300"));
+  EXPECT_EQ(stub, host_.ObjectManager()->CachedAdapter("O0000300"));
+  EXPECT_THAT(made_, ElementsAre("O0000300"));
   EXPECT_THAT(stub->asked, ElementsAre("O00003005"));
+  EXPECT_EQ(stub->bo, host_.BusinessObject("O0000300"));
+  EXPECT_EQ(stub->services, host_.Services());
 }
 
 TEST_F(TestHostTest, NoAdapter_OrThrowingSource_GivesNullAndLogsFailure) {
@@ -122,22 +101,6 @@ TEST_F(TestHostTest, Rights_GrantedByDefault_DenyAllThenGrantOne_EachQueryLogged
                           "Allowed CFirms 0", "CanInsert CFirms 0"));
 }
 
-TEST_F(TestHostTest, Environment_SavesAndReadsSettings_SessionAndUserDefaults) {
-  auto env = host_.Services()->Environment();
-
-  EXPECT_EQ(env->GetUserSetting("O0000300", "Preview", "Name"), "Name");
-  env->SaveUserSetting("O0000300", "Preview", "Code");
-
-  EXPECT_EQ(env->GetUserSetting("O0000300", "Preview", "Name"), "Code");
-  EXPECT_THAT(host_.Log().Lines(Channel::Settings),
-              ElementsAre("SaveUserSetting O0000300 Preview Code"));
-  EXPECT_EQ(env->Session()->AppTitle(), "Orvel Apskaita");
-  EXPECT_EQ(env->Session()->OwnFirm()->Fields("OIDR").Value(), Variant("O00001001"));
-  EXPECT_EQ(env->Session()->SettingObject("O00018021"), nullptr);
-  EXPECT_EQ(env->User()->Name(), "Jonas Jonaitis");
-  EXPECT_EQ(env->User()->Rs()->Fields("ID").Value(), Variant(1));
-}
-
 TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
   auto classes = host_.HostClasses();
   classes->QueueGroupSelect("O00003001O00003004", "Bankai", "G");
@@ -166,45 +129,6 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
       ElementsAre("OrvelGroupSelect.Caption Pažymėkite norimą grupę", "OrvelGroupSelect.Show",
                   "OrvelObjectSelect.OType O0000300", "OrvelObjectSelect.Show",
                   "OrvelGroupSelect.Show", "OrvelObjectSelect.Show"));
-}
-
-TEST_F(TestHostTest, Registry_LogsCallsAndKeepsThemInOrder) {
-  auto registry = host_.HostClasses()->NewComponentRegistry();
-  auto group = registry->AddGroup("L00001011", "L00001011", "Įmonės, Bankai, Valiutos, Žinynai",
-                                  "COMLayout");
-  auto component = group->AddComponent("O0000100", "Įmonės", "CFirms");
-  component->SetOType("O0000100");
-  registry->AddObjectType("OrvelCommonUI", "O0000400", "Atsargų matavimo vienetai");
-  registry->AddIcon("C0000300", std::make_shared<Picture>("bank", std::vector<std::string>{}));
-  registry->AddObjectIcon("C0000300", nullptr);
-
-  EXPECT_THAT(
-      host_.Log().Lines(Channel::Registry),
-      ElementsAre("AddGroup L00001011 L00001011 Įmonės, Bankai, Valiutos, Žinynai COMLayout",
-                  "AddComponent O0000100 Įmonės CFirms", "OType O0000100",
-                  "AddObjectType OrvelCommonUI O0000400 Atsargų matavimo vienetai",
-                  "AddIcon C0000300 bank", "AddObjectIcon C0000300 Nothing"));
-  auto kept = host_.HostClasses()->LastRegistry();
-  ASSERT_EQ(kept->Groups().size(), 1u);
-  ASSERT_EQ(kept->Group("L00001011")->Components().size(), 1u);
-  EXPECT_EQ(kept->Groups()[0]->Components()[0]->OType(), "O0000100");
-  EXPECT_EQ(kept->Groups()[0]->Components()[0]->RightKey(), "CFirms");
-  EXPECT_EQ(kept->ObjectTypes()[0].caption, "Atsargų matavimo vienetai");
-  EXPECT_EQ(kept->Icons()[0].picture->Name(), "bank");
-}
-
-TEST(TestHost, BusinessObjects_OnePerOid_SharingTheJournal) {
-  TestHost host;
-  auto banks = host.BusinessObject("O0000300");
-  auto firms = host.BusinessObject("O0000100");
-
-  banks->GetCall("GetBanks", "", 0);
-  firms->ExecCall("Orvel_DeleteObject", "'O00001009'", 0);
-
-  EXPECT_EQ(host.BusinessObject("O0000300"), banks);
-  EXPECT_NE(banks, firms);
-  EXPECT_THAT(host.Log().Lines(Channel::Business),
-              ElementsAre("GetCall GetBanks", "ExecCall Orvel_DeleteObject 'O00001009'"));
 }
 
 }  // namespace

@@ -8,8 +8,8 @@
 namespace orvel {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 class TestWindowManagerTest : public ::testing::Test {
  protected:
@@ -33,29 +33,21 @@ TEST_F(TestWindowManagerTest, ShowWindow_RegistersUnderObjectsOidr_AndShows) {
               ElementsAre("ShowWindow O00003005", "ShowWindow", "IsOpen O00003005"));
 }
 
-TEST_F(TestWindowManagerTest, ShowWindow_SameWindowAgain_KeepsOneEntry) {
+// A window shown again, or re-keyed, keeps its one entry under its new OIDR.
+TEST_F(TestWindowManagerTest, AWindowShownAgainOrRekeyedKeepsOneEntry) {
   auto window = StubWindow::ForRecord("");
   manager_.ShowWindow(window);
   window->OrvelObjectUIO()->SetOIDR("O00003007");
-
   manager_.ShowWindow(window);
-
-  EXPECT_EQ(manager_.Count(), 1u);
   EXPECT_EQ(manager_.Window("O00003007"), window);
   EXPECT_THAT(window->events, ElementsAre("Show", "Show"));
-}
 
-TEST_F(TestWindowManagerTest, Rekey_MovesEntryToWindowsCurrentOidr) {
-  auto window = StubWindow::ForRecord("");
-  manager_.ShowWindow(window);
   window->OrvelObjectUIO()->SetOIDR("O00003008");
-
-  manager_.Rekey("", window);
-
-  EXPECT_FALSE(manager_.IsOpen(""));
+  manager_.Rekey("O00003007", window);
+  EXPECT_FALSE(manager_.IsOpen("O00003007"));
   EXPECT_TRUE(manager_.IsOpen("O00003008"));
   EXPECT_EQ(manager_.Count(), 1u);
-  EXPECT_EQ(log_->Lines(Channel::Window)[1], "Rekey  O00003008");
+  EXPECT_THAT(log_->Lines(Channel::Window), Contains("Rekey O00003007 O00003008"));
 }
 
 TEST_F(TestWindowManagerTest, QueryRemove_ReturnsWindowsCancel_FalseWhenNoneRegistered) {
@@ -109,27 +101,19 @@ INSTANTIATE_TEST_SUITE_P(
                       CloseCase{true, false, false, false, {"Show", "QueryRemove", "Unload"}},
                       CloseCase{true, true, false, true, {"Show", "QueryRemove"}}));
 
-TEST_F(TestWindowManagerTest, RemoveWindow_UnknownOidr_DoesNothing) {
+TEST_F(TestWindowManagerTest, AnUnknownOidrOrNoWindowIsLoggedAndChangesNothing) {
   auto window = StubWindow::ForRecord("O00003005");
   manager_.ShowWindow(window);
-
   manager_.RemoveWindow("O00003006", true);
   manager_.ObjectSaved("O00003005");
-
-  EXPECT_EQ(manager_.Count(), 1u);
-  EXPECT_THAT(manager_.Saved(), ElementsAre("O00003005"));
-  EXPECT_THAT(
-      log_->Lines(Channel::Window),
-      ElementsAre("ShowWindow O00003005", "RemoveWindow O00003006 True", "ObjectSaved O00003005"));
-}
-
-TEST_F(TestWindowManagerTest, NullWindow_IsLoggedAndIgnored) {
   manager_.ShowWindow(nullptr);
   manager_.CloseWindow(nullptr);
   manager_.Rekey("O00003005", nullptr);
 
-  EXPECT_THAT(manager_.OpenWindows(), IsEmpty());
-  EXPECT_EQ(log_->Size(), 3u);
+  EXPECT_EQ(manager_.Count(), 1u);
+  EXPECT_THAT(manager_.Saved(), ElementsAre("O00003005"));
+  EXPECT_EQ(log_->Lines(Channel::Window)[1], "RemoveWindow O00003006 True");
+  EXPECT_EQ(log_->Size(), 6u);
 }
 
 }  // namespace
