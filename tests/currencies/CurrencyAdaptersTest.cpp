@@ -61,26 +61,21 @@ INSTANTIATE_TEST_SUITE_P(
                       MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
                       MenuCase{"", "C", {kNew, kSep, kRates, kSep}}));
 
-TEST_F(CurrencyAdaptersTest, TheRatesEntryBuildsTheDownloadWindowOnANewObject) {
+TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindows) {
   auto result = currencies_->ClickMenu("O00022005", "C", "Valiutų kursų įrašymas", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
   auto window = result.Value.ObjectAs<frmCurrencyRates>();
   ASSERT_NE(window, nullptr);
   EXPECT_FALSE(window->Loaded());
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_NewObject 'O0002200'"});
-}
 
-TEST_F(CurrencyAdaptersTest, CardEntriesBuildTheCurrencyCard) {
-  auto stored = currencies_->ClickMenu("O00022005", "C", "Padėti &ant darbo stalo", "");
-  EXPECT_EQ(stored.Action, OrvelMenuResult::kShowWindow);
-  auto card = stored.Value.ObjectAs<frmCurrency>();
-  ASSERT_NE(card, nullptr);
-  EXPECT_EQ(card->OrvelObjectUIO()->OIDR(), "O00022005");
-
+  auto card = currencies_->ClickMenu("O00022005", "C", "Padėti &ant darbo stalo", "");
+  EXPECT_EQ(card.Action, OrvelMenuResult::kShowWindow);
+  ASSERT_NE(card.Value.ObjectAs<frmCurrency>(), nullptr);
+  EXPECT_EQ(card.Value.ObjectAs<frmCurrency>()->OrvelObjectUIO()->OIDR(), "O00022005");
   auto fresh = currencies_->ClickMenu("O00022005", "C", "&Nauja valiuta", "");
-  auto newCard = fresh.Value.ObjectAs<frmCurrency>();
-  ASSERT_NE(newCard, nullptr);
-  EXPECT_EQ(newCard->OrvelObjectUIO()->OIDR(), "");
+  ASSERT_NE(fresh.Value.ObjectAs<frmCurrency>(), nullptr);
+  EXPECT_EQ(fresh.Value.ObjectAs<frmCurrency>()->OrvelObjectUIO()->OIDR(), "");
 }
 
 TEST_F(CurrencyAdaptersTest, AnUnreadableCurrencyGivesNoWindowAndActionZero) {
@@ -225,9 +220,6 @@ INSTANTIATE_TEST_SUITE_P(
                   {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
                   "Second parameter for SaveDayRate not date!"},
         FaultCase{"CurrencyRates",
-                  {Variant("EUR"), Variant(kDay), Variant(1)},
-                  "Wrong parameters count for CurrencyRates!"},
-        FaultCase{"CurrencyRates",
                   {Variant("EUR"), Variant("2010.12.30")},
                   "Second parameter for CurrencyRates not date!"},
         FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
@@ -236,9 +228,6 @@ INSTANTIATE_TEST_SUITE_P(
                   "Second parameter for SaveDayRate not date!"},
         FaultCase{"SaveDayRate",
                   {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
-                  "Third parameter for SaveDayRate not numeric!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay), Variant::Null()},
                   "Third parameter for SaveDayRate not numeric!"}));
 
 struct SaveCase {
@@ -264,14 +253,13 @@ TEST_P(SaveDayRateTest, TheRateTravelsWithAPointInAnyLocale) {
 
 INSTANTIATE_TEST_SUITE_P(
     Rates, SaveDayRateTest,
-    ::testing::Values(
-        SaveCase{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-        SaveCase{Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-        SaveCase{Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
-        // Unrounded: the bank's 2.75 per 100 units.
-        SaveCase{Locale::Lithuanian(), Variant(2.75 / 100), "'EUR','2010-12-30',0.0275"},
-        SaveCase{Locale::Lithuanian(), Variant(1.0 / 3), "'EUR','2010-12-30',0.333333333333333"},
-        SaveCase{Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}));
+    ::testing::Values(SaveCase{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+                      SaveCase{Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+                      SaveCase{Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
+                      // Unrounded.
+                      SaveCase{Locale::Lithuanian(), Variant(1.0 / 3),
+                               "'EUR','2010-12-30',0.333333333333333"},
+                      SaveCase{Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}));
 
 TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
   auto euro = Euro();

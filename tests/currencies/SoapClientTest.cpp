@@ -7,8 +7,8 @@
 
 #include "currencies/HttpSoapClient.h"
 #include "currencies/RateServiceSettings.h"
-#include "orvel/RuntimeError.h"
 #include "hostkit/LoopbackRateService.h"
+#include "orvel/RuntimeError.h"
 
 namespace orvel {
 namespace {
