@@ -5,7 +5,7 @@
 #include <ostream>
 #include <string>
 
-#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
@@ -26,15 +26,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-
-int32_t ErrorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const RuntimeError& e) {
-    return e.Number();
-  }
-  return 0;
-}
 
 // A user event of one control: `raise` sets the control up with `state`
 // applied (disabling or hiding it), raises the event and returns how often

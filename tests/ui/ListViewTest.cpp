@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 #include "ui/ListView.h"
 #include "ui/RecordingObserver.h"
 
@@ -26,17 +26,6 @@ std::vector<int> Indexes(const ListView& view) {
   std::vector<int> indexes;
   for (const auto& row : view.ListItems()) indexes.push_back(row->Index());
   return indexes;
-}
-
-// Runs `action` and returns the RuntimeError number it threw (0: none).
-int32_t ErrorOf(const std::function<void()>& action, std::string* text = nullptr) {
-  try {
-    action();
-  } catch (const RuntimeError& e) {
-    if (text) *text = e.Text();
-    return e.Number();
-  }
-  return 0;
 }
 
 class ListViewTest : public ::testing::Test {
