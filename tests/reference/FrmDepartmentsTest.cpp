@@ -63,14 +63,6 @@ TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   EXPECT_FALSE(w->cmdParentGroup.Enabled());
 }
 
-TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
-  BO(kDepartments).Table().Remove(1);
-  host_.Ui()->QueueAnswer(vbOK);
-  auto result = Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
-}
-
 // The branches are asked once, at load, with their own call.
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
   auto w =
@@ -170,14 +162,13 @@ TEST_P(DepartmentWriteRuleTest, WriteNeedsTheUpdateRightAChangeAndAName) {
   EXPECT_EQ(w->cmdCancel.Enabled(), c.cancel);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rules, DepartmentWriteRuleTest,
-    ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
-                      WriteRuleCase{"NameEmptied", true, "", false, true},
-                      WriteRuleCase{"BlanksOnly", true, "   ", true, true},
-                      WriteRuleCase{"NoUpdateRight", false, "Kasa", false, false},
-                      WriteRuleCase{"NoUpdateRightNoName", false, "", false, false}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rules, DepartmentWriteRuleTest,
+                         ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
+                                           WriteRuleCase{"NameEmptied", true, "", false, true},
+                                           WriteRuleCase{"BlanksOnly", true, "   ", true, true},
+                                           WriteRuleCase{"NoUpdateRight", false, "Kasa", false,
+                                                         false}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
@@ -280,7 +271,7 @@ TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesSto
   EXPECT_FALSE(w->cmdWrite.Enabled());
 }
 
-TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
+TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
   auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
   BO(kDepartments).FailCallsNamed("Orvel_SaveObject", 9, "Užrakinta");
@@ -289,11 +280,7 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
   EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita Užrakinta\nĮrašymas neatliktas!"});
   EXPECT_EQ(w->txtName.Text(), "Kasa");
   EXPECT_TRUE(w->cmdWrite.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, CancelPutsTheStoredValuesBack) {
-  auto w = Open("O00016042", "0", "T");
-  w->txtName.Edit("Kasa");
+  // Cancel puts the stored values back.
   w->cmdCleanFirmBranch.Click();
   w->cmdCancel.Click();
   EXPECT_EQ(w->txtName.Text(), "Buhalterija");

@@ -6,6 +6,7 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "orvel/Ui.h"
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
 #include "support/ModuleTest.h"
@@ -18,7 +19,6 @@
 #include "ui/ListSubItem.h"
 #include "ui/ListSubItems.h"
 #include "ui/ListView.h"
-#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {

@@ -7,9 +7,9 @@
 #include "adapters/UI0001600.h"
 #include "lists/frmReferenceBookPreview.h"
 #include "module/ClassFactory.h"
+#include "orvel/Ui.h"
 #include "reference/frmReferenceBook.h"
 #include "testhost/TestObjectSelect.h"
-#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {
@@ -44,7 +44,6 @@ TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
 INSTANTIATE_TEST_SUITE_P(
     Table, ReferenceMenuTest,
     ::testing::Values(MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
-                      MenuCase{"O0001600", "", "", ""},
                       MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
                       MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
                       MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
