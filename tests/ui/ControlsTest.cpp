@@ -139,11 +139,8 @@ TEST_P(UserEventTest, ReachesAnEnabledVisibleControl) {
   EXPECT_EQ(GetParam().raise([](Control&) {}), 1);
 }
 
-TEST_P(UserEventTest, DisabledControl_RaisesNothing) {
+TEST_P(UserEventTest, DisabledOrHiddenControl_RaisesNothing) {
   EXPECT_EQ(GetParam().raise([](Control& c) { c.SetEnabled(false); }), 0);
-}
-
-TEST_P(UserEventTest, HiddenControl_RaisesNothing) {
   EXPECT_EQ(GetParam().raise([](Control& c) { c.SetVisible(false); }), 0);
 }
 
@@ -234,6 +231,16 @@ TEST(Controls, Observer_IsToldOfRealChangesOnly) {
 
   EXPECT_THAT(observer.changes, ElementsAre("cmdEnter.Enabled", "cmdEnter.Caption",
                                             "SOPanel.Caption", "txtName.Text", "txtName.Tag"));
+
+  // A menu's observer reaches entries added before and after it was set.
+  observer.changes.clear();
+  Menu popup("mnuNew");
+  Menu& before = popup.Add("mnuA", "A");
+  popup.SetObserver(&observer);
+  Menu& after = popup.Add("mnuB", "B");
+  before.SetEnabled(false);
+  after.SetChecked(true);
+  EXPECT_THAT(observer.changes, ElementsAre("mnuNew.Items", "mnuA.Enabled", "mnuB.Checked"));
 }
 
 TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
@@ -408,17 +415,6 @@ TEST(Menu, FindsEntriesAtAnyDepth_NamesUniqueInTheTree) {
 
   popup.Find("mnuToDesktop")->Click();
   EXPECT_EQ(clicks, 1);
-}
-
-TEST(Menu, ObserverReachesEntriesAddedBeforeAndAfter) {
-  RecordingObserver observer;
-  Menu popup("mnuNew");
-  Menu& before = popup.Add("mnuA", "A");
-  popup.SetObserver(&observer);
-  Menu& after = popup.Add("mnuB", "B");
-  before.SetEnabled(false);
-  after.SetChecked(true);
-  EXPECT_THAT(observer.changes, ElementsAre("mnuNew.Items", "mnuA.Enabled", "mnuB.Checked"));
 }
 
 }  // namespace

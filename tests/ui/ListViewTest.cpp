@@ -52,6 +52,19 @@ TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged_EmptyKe
   EXPECT_EQ(view.ListItems().Count(), 5);
 }
 
+TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
+  ListItem& first = view.ListItems().Item(1);
+  view.ListItems().Add(2, "K", "Įterpta");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
+  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
+  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
+
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
+  EXPECT_EQ(view.ListItems().Count(), 5);
+  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
+}
+
 TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   std::vector<std::string> checked;
   view.OnItemCheck = [&](ListItem& row) {
@@ -69,19 +82,6 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   view.ItemCheck(row);
   EXPECT_TRUE(row.Checked());
   EXPECT_THAT(checked, ElementsAre("O00003002 on", "O00003002 off"));
-}
-
-TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
-  ListItem& first = view.ListItems().Item(1);
-  view.ListItems().Add(2, "K", "Įterpta");
-  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
-  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
-  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
-  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
-
-  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
-  EXPECT_EQ(view.ListItems().Count(), 5);
-  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
 }
 
 TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
