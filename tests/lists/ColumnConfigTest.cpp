@@ -79,17 +79,13 @@ INSTANTIATE_TEST_SUITE_P(
         BadCase{"ShortPrintParams", "Bankai;9;1;1#WZWName;P;0;7,0;0", "print parameters"},
         BadCase{"FontNotNumeric", "Bankai;x;1;1;0;1;1;#WZWName;P;0;7,0;0", "font size"},
         BadCase{"ColumnMissingPosition", "B;9;1;1;0;1;1;#WZWName;P;0;7,0", "five elements"},
-        BadCase{"ColumnTooLong", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;0;1", "five elements"},
-        BadCase{"EmptyPiece", "B;9;1;1;0;1;1;##WZWName;P;0;7,0;0", "five elements"},
         BadCase{"KeyWithoutPrefix", "B;9;1;1;0;1;1;#Name;P;0;7,0;0", "WZW"},
         BadCase{"KeyPrefixOnly", "B;9;1;1;0;1;1;#WZW;P;0;7,0;0", "WZW"},
         BadCase{"AlignOutOfRange", "B;9;1;1;0;1;1;#WZWName;P;3;7,0;0", "alignment"},
         BadCase{"WidthText", "B;9;1;1;0;1;1;#WZWName;P;0;plati;0", "width"},
         BadCase{"WidthTwoCommas", "B;9;1;1;0;1;1;#WZWName;P;0;7,0,1;0", "width"},
-        BadCase{"WidthNegative", "B;9;1;1;0;1;1;#WZWName;P;0;-2;0", "width"},
         BadCase{"PositionText", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;pirma", "position"},
         BadCase{"PositionNegative", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;-1", "position"},
-        BadCase{"PositionHuge", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;99999999999", "position"},
         BadCase{"RepeatedKey", "B;9;1;1;0;1;1;#WZWName;P;0;7,0;0#WZWName;Q;0;2,5;1", "repeated"}),
     [](const auto& info) { return std::string(info.param.name); });
 

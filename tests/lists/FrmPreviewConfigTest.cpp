@@ -168,8 +168,7 @@ INSTANTIATE_TEST_SUITE_P(
     Widths, WidthRuleTest,
     ::testing::Values(WidthCase{"5", "5,0", "10,5"}, WidthCase{"3,25", "3,3", "8,8"},
                       WidthCase{"27", "27,0", "32,5"}, WidthCase{"28", "27", "32,5"},
-                      WidthCase{"0", "7,0", "12,5"}, WidthCase{"0,0", "7,0", "12,5"},
-                      WidthCase{"", "7,0", "12,5"}));
+                      WidthCase{"0", "7,0", "12,5"}, WidthCase{"", "7,0", "12,5"}));
 
 TEST_F(FrmPreviewConfigTest, WidthBoxTakesDigitsAndOneComma) {
   auto d = Open();
