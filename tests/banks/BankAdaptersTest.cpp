@@ -164,25 +164,5 @@ TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {
                              }));
 }
 
-TEST_F(BankAdaptersTest, PropertyFailuresReportTheNumberOnlyWhenAboveZero) {
-  auto bank = banks_->GetOrvelObject("O00003005");
-  ASSERT_NE(bank, nullptr);
-  BO("O0000300").ReplyRead("GetFirms", OrvelBoResult(42, "Nepavyko"));
-  auto result = bank->Properties("Firms", "");
-  EXPECT_EQ(result.Number, 42);
-  EXPECT_EQ(result.Text, "42");
-
-  BO("O0000300").ReplyRead("GetFirms", OrvelBoResult(-1, "Tyliai"));
-  result = bank->Properties("Firms", "");
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
-
-  BO("O0000300").ReplyRead("Orvel_GetObjectStructure", OrvelBoResult(7, "Nėra"));
-  result = bank->Properties("Structure", "");
-  EXPECT_EQ(result.Number, 7);
-  EXPECT_EQ(result.Text, "7");
-  EXPECT_TRUE(result.Value.IsEmpty());
-}
-
 }  // namespace
 }  // namespace orvel

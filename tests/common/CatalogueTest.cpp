@@ -46,13 +46,15 @@ struct FormatCase {
   int decimals;
   bool zeroIfBlank;
   const char* expected;
+  bool invariant = false;  // under the invariant locale rather than the Lithuanian
 };
 
 class FormatDecimalTextTest : public ModuleTest,
                               public ::testing::WithParamInterface<FormatCase> {};
 
-TEST_P(FormatDecimalTextTest, FormatsNumbersWithoutGroupingAndBlankAsZeroWithTwoPlaces) {
+TEST_P(FormatDecimalTextTest, FormatsNumbersInTheUisLocaleWithoutGroupingAndBlankAsZero) {
   const auto& c = GetParam();
+  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
   EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
 }
 
@@ -63,15 +65,9 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, FormatDecimalTextTest,
                                            FormatCase{"1,23456", 4, true, "1,2346"},
                                            FormatCase{"abc", 4, false, ""},
                                            FormatCase{"abc", 4, true, "0,00"},
-                                           FormatCase{"", 0, true, "0,00"}));
-
-class FormatDecimalTextLocaleTest : public ModuleTest {};
-
-TEST_F(FormatDecimalTextLocaleTest, FollowsTheLocaleOfTheUi) {
-  host_.Ui()->SetLocale(Locale::Invariant());
-  EXPECT_EQ(FormatDecimalText("1234.5", 2, false), "1234.50");
-  EXPECT_EQ(FormatDecimalText("x", 2, true), "0.00");
-}
+                                           FormatCase{"", 0, true, "0,00"},
+                                           FormatCase{"1234.5", 2, false, "1234.50", true},
+                                           FormatCase{"x", 2, true, "0.00", true}));
 
 // --- Small routines -----------------------------------------------------
 
