@@ -43,9 +43,19 @@ class FrmBanksTest : public CardTest<frmBanks> {
   std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
 };
 
+// Loading reads the structure and the firms under the hourglass.
 TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
-  auto w = Open("O00003005");
+  auto w = adapter_->ClickMenu("O00003005", "", "0", "").Value.ObjectAs<frmBanks>();
   ASSERT_TRUE(w);
+  host_.Log().Clear();
+  host_.WindowManager()->ShowWindow(w);
+  EXPECT_EQ(BusinessLines(),
+            (std::vector<std::string>{"RecordsetCall Orvel_GetObjectStructure Banks",
+                                      "GetCall GetFirms O00003005"}));
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  EXPECT_NE(std::find(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
+                      vbHourglass),
+            host_.Ui()->MousePointers().end());
   EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
   EXPECT_EQ(ButtonsOf(*w), kClean);
   EXPECT_TRUE(w->Enabled());
@@ -66,22 +76,6 @@ TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
   EXPECT_EQ(Grid(*w).Tabs().size(), 1u);
   EXPECT_EQ(firms.ColumnHeaders().Count(), 1);
   EXPECT_EQ(firms.ListItems().Count(), 2);
-}
-
-TEST_F(FrmBanksTest, LoadingReadsTheStructureAndTheFirmsUnderTheHourglass) {
-  auto result = adapter_->ClickMenu("O00003005", "", "0", "");
-  auto w = result.Value.ObjectAs<frmBanks>();
-  ASSERT_TRUE(w);
-  host_.Log().Clear();
-  host_.WindowManager()->ShowWindow(w);
-  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
-                                 "RecordsetCall Orvel_GetObjectStructure Banks",
-                                 "GetCall GetFirms O00003005",
-                             }));
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  EXPECT_NE(std::find(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
-                      vbHourglass),
-            host_.Ui()->MousePointers().end());
 }
 
 TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {

@@ -32,8 +32,6 @@ constexpr const char* kLargestWords =
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-// ---- PluralForm ----
-
 struct FormCase {
   const char* digits;
   int16_t form;
@@ -58,8 +56,6 @@ INSTANTIATE_TEST_SUITE_P(Triplets, PluralFormTest,
                                          FormCase{"1000000000000000000011", 3}, FormCase{"", 0},
                                          FormCase{"-", 0}, FormCase{"1a", 0}, FormCase{" 1", 0},
                                          FormCase{"1.5", 0}));
-
-// ---- TripletToWords ----
 
 struct TripletCase {
   const char* digits;
@@ -87,8 +83,6 @@ INSTANTIATE_TEST_SUITE_P(All, TripletToWordsTest,
                                          TripletCase{"1000", false, ""}, TripletCase{"", false, ""},
                                          TripletCase{"1x", false, ""},
                                          TripletCase{"213", false, "du šimtai trylika"}));
-
-// ---- AmountToWords ----
 
 struct WordsCase {
   double amount;
@@ -240,8 +234,6 @@ INSTANTIATE_TEST_SUITE_P(BothSeparators, WordsUnderLocaleTest,
                          [](const testing::TestParamInfo<Locale>& info) {
                            return info.param.decimalSeparator == "," ? "Comma" : "Point";
                          });
-
-// ---- SumByWords ----
 
 struct Currency {
   const char* state;

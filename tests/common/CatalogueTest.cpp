@@ -18,8 +18,6 @@
 namespace orvel {
 namespace {
 
-// --- Number boxes -------------------------------------------------------
-
 struct KeyCase {
   int key;
   const char* text;
@@ -69,8 +67,6 @@ INSTANTIATE_TEST_SUITE_P(Catalogue, FormatDecimalTextTest,
                                            FormatCase{"1234.5", 2, false, "1234.50", true},
                                            FormatCase{"x", 2, true, "0.00", true}));
 
-// --- Small routines -----------------------------------------------------
-
 TEST(Catalogue, NullToLongGivesZeroForNullAndConvertsTheRest) {
   EXPECT_EQ(NullToLong(Variant::Null()), 0);
   EXPECT_EQ(NullToLong(Variant()), 0);
@@ -108,8 +104,6 @@ TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
   EXPECT_FALSE(FilterRecordset(nullptr, "Code = 'EUR'"));
   EXPECT_FALSE(FilterRecordset(std::make_shared<MemoryRecordset>(), "Code = 'EUR'"));
 }
-
-// --- Routines that ask the host ------------------------------------------
 
 class CatalogueHostTest : public ModuleTest {
  protected:

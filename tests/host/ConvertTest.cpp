@@ -58,8 +58,6 @@ class LocaleTest : public testing::TestWithParam<std::tuple<Case, LocaleCase>> {
         return std::string(std::get<1>(info.param).name) + std::to_string(info.index);           \
       })
 
-// --- CInt / CLng -------------------------------------------------------------
-
 struct WholeCase {
   Variant value;  // String values are patterns for In()
   int64_t expected;
@@ -106,8 +104,6 @@ ORVEL_LOCALE_CASES(
     WholeCase{"", 0, kMismatch, kMismatch}, WholeCase{"12abc", 0, kMismatch, kMismatch},
     WholeCase{Variant::Null(), 0, kNull, kNull},
     WholeCase{Variant(Variant::Array{}), 0, kMismatch, kMismatch});
-
-// --- CDbl / IsNumeric ----------------------------------------------------------
 
 struct NumericCase {
   const char* text;  // pattern for In()
@@ -181,8 +177,6 @@ INSTANTIATE_TEST_SUITE_P(
                     NonTextCase{Date{45292.25}, false, 45292.25, 0},
                     NonTextCase{Variant(Variant::Array{}), false, 0, kMismatch}));
 
-// --- CStr ----------------------------------------------------------------------
-
 struct CStrCase {
   Variant value;
   const char* expected;  // pattern for In()
@@ -226,8 +220,6 @@ TEST(Convert, CStrAndCDblRoundTripUnderBothLocales) {
   }
 }
 
-// --- CBool ---------------------------------------------------------------------
-
 struct BoolCase {
   Variant value;
   bool expected;
@@ -251,8 +243,6 @@ ORVEL_LOCALE_CASES(ConvertCBool, BoolCase{Variant(), false, 0}, BoolCase{0.0, fa
                    BoolCase{"0{d}0", false, 0}, BoolCase{"2{d}5", true, 0},
                    BoolCase{"yes", false, kMismatch}, BoolCase{Variant::Null(), false, kNull});
 
-// --- CDate ---------------------------------------------------------------------
-
 TEST(Convert, CDateReadsTextNumbersAndRefusesTheRest) {
   for (const LocaleCase& lc : kLocales) {
     EXPECT_EQ(CDate("2024-01-01", lc.locale), Date{45292}) << lc.name;
@@ -267,8 +257,6 @@ TEST(Convert, CDateReadsTextNumbersAndRefusesTheRest) {
     EXPECT_EQ(CDate(CStr(withTime, lc.locale), lc.locale), withTime);
   }
 }
-
-// --- Val -----------------------------------------------------------------------
 
 struct ValCase {
   const char* text;
@@ -296,8 +284,6 @@ INSTANTIATE_TEST_SUITE_P(
 TEST(Convert, ValBeyondADoubleIsAnOverflow) {
   EXPECT_EQ(ErrorOf([] { Val("1e999"); }), kOverflow);
 }
-
-// --- Round and DecimalText ---------------------------------------------------------
 
 struct RoundCase {
   double x;
@@ -332,8 +318,6 @@ TEST(Convert, DecimalsOutsideTheRangeAreAnInvalidCall) {
   EXPECT_EQ(ErrorOf([] { FormatNumber(1.5, 100); }), RuntimeError::kInvalidCall);
   EXPECT_EQ(ErrorOf([] { DecimalText(std::numeric_limits<double>::infinity(), 2); }), kOverflow);
 }
-
-// --- Format --------------------------------------------------------------------
 
 struct FormatCase {
   Variant value;  // String values are patterns for In()
@@ -408,8 +392,6 @@ TEST(Convert, LithuanianGroupsWithNoBreakSpace) {
             "234\xC2\xA0"
             "567,50");
 }
-
-// --- Dates ---------------------------------------------------------------------
 
 struct SerialCase {
   int year, month, day;
@@ -493,8 +475,6 @@ TEST(Convert, ParseDateAcceptsTheLocalesOwnShortForm) {
   EXPECT_EQ(FormatDate(DateSerial(2024, 3, 31), dotted), "31.03.2024");
   EXPECT_EQ(FormatDate(DateSerial(2024, 3, 31), Locale::Lithuanian()), "2024-03-31");
 }
-
-// --- Robustness ----------------------------------------------------------------------
 
 // Random text from the characters number and date readers care about: nothing
 // may crash or throw anything but RuntimeError, and IsNumeric must agree with

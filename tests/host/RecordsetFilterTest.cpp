@@ -42,8 +42,6 @@ std::vector<int> VisibleIds(MemoryRecordset& rs) {
   return ids;
 }
 
-// ---- what each criterion picks ----
-
 struct PickCase {
   const char* criteria;
   std::vector<int> ids;
@@ -108,8 +106,6 @@ INSTANTIATE_TEST_SUITE_P(
                       PickCase{"(ID = 1 OR ID = 2) OR (ID = 5 AND Name LIKE 'S*')", {1, 2, 5}},
                       PickCase{"((ID = 2))", {2}}, PickCase{"(ID=1)OR(ID=4)", {1, 4}},
                       PickCase{"ID = 1 AND(Code='EUR')", {1}}));
-
-// ---- malformed criteria ----
 
 struct BadCase {
   const char* criteria;
@@ -198,8 +194,6 @@ TEST(RecordsetFilterLimits, ValuesThatAreNeitherCriteriaNorZero) {
   }
   EXPECT_EQ(rs.RecordCount(), 6);
 }
-
-// ---- the view a filter leaves ----
 
 TEST(RecordsetFilter, MovesToTheFirstMatchAndCountsOnlyMatches) {
   MemoryRecordset rs = MakeSet();

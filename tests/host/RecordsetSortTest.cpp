@@ -185,8 +185,6 @@ TEST(RecordsetSort, NumbersIncludingInfinitiesAndNaNHaveATotalOrder) {
   EXPECT_THAT(VisibleIds(rs), ElementsAre(0, 8, 5, 1, 4, 6, 7, 2, 3));
 }
 
-// ---- against a plain statement of the order, on many generated rows ----
-
 int Rank(const Variant& v) {
   switch (v.Type()) {
     case VarType::Empty:

@@ -16,8 +16,6 @@ namespace {
 constexpr const char* kLower = "ąčęėįšųūž àéöøþ āćđğłňőřţŷźÿ";
 constexpr const char* kUpper = "ĄČĘĖĮŠŲŪŽ ÀÉÖØÞ ĀĆĐĞŁŇŐŘŢŶŹŸ";
 
-// --- Character counting ------------------------------------------------------
-
 struct SliceCase {
   const char* text;
   int start;   // Mid start; unused by Left/Right
@@ -84,8 +82,6 @@ INSTANTIATE_TEST_SUITE_P(
                         [] { return std::to_string(InStrRev("abc", "b", -2)); }}),
     [](const auto& info) { return info.param.name; });
 
-// --- Searching ---------------------------------------------------------------
-
 struct InStrCase {
   int start;
   const char* text;
@@ -145,8 +141,6 @@ INSTANTIATE_TEST_SUITE_P(
                     InStrRevCase{"abc", "", -1, Compare::Binary, 3},
                     InStrRevCase{"abc", "", 2, Compare::Binary, 2}));
 
-// --- Case mapping ------------------------------------------------------------
-
 TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UCase(kLower), kUpper);
   EXPECT_EQ(LCase(kUpper), kLower);
@@ -163,8 +157,6 @@ TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UpperFirst(""), "");
   EXPECT_EQ(UpperFirst("\xFFz"), "\xFFz");
 }
-
-// --- Comparing ---------------------------------------------------------------
 
 struct CompareCase {
   const char* a;
@@ -240,8 +232,6 @@ TEST(Text, CaseInsensitiveCompareIsConsistentOnArbitraryText) {
   }
 }
 
-// --- Trimming, replacing, splitting -------------------------------------------
-
 TEST(Text, TrimRemovesSpacesOnly) {
   EXPECT_EQ(Trim("  a b  "), "a b");
   EXPECT_EQ(LTrim("  a "), "a ");
@@ -283,8 +273,6 @@ TEST(Text, SplitAndJoinRoundTrip) {
   EXPECT_TRUE(Split("", ",").empty());
   EXPECT_EQ(Join({}, ","), "");
 }
-
-// --- Null-propagating forms ----------------------------------------------------
 
 TEST(Text, NullPropagatesThroughVariantForms) {
   const Variant null = Variant::Null();

@@ -146,8 +146,18 @@ TEST_F(FrmDestinationTest, AnInheritedRowOpensWithItsGroupAndWritesANewRow) {
   EXPECT_EQ(w->RsTemplates()->RecordCount(), 2);
 }
 
-TEST_F(FrmDestinationTest, EditingAnOwnRowSendsItsID) {
+TEST_F(FrmDestinationTest, EditingAnOwnRowSendsItsIDOrOnCancelNothing) {
   auto w = Open();
+  bool saved = true;
+  host_.Ui()->QueueModal([&](Form& form) {
+    auto& d = dynamic_cast<frmTemplate&>(form);
+    d.cmdCancel.Click();
+    saved = d.Saved;
+  });
+  RightClick(*w, kOwnKey, "mnuTemplateEdit");
+  EXPECT_FALSE(saved);
+  EXPECT_TRUE(Saves().empty());
+  EXPECT_EQ(Reads(), 0u) << "a cancel does not redraw";
   host_.Ui()->QueueModal([&](Form& form) {
     auto& d = dynamic_cast<frmTemplate&>(form);
     EXPECT_EQ(d.txtTemplate.Tag(), "O02016002");
@@ -175,20 +185,6 @@ TEST_F(FrmDestinationTest, ANewRowOffersEachTypeOnceAndEndsInZero) {
   RightClick(*w, kInheritedKey, "mnuTemplateNew");
   EXPECT_EQ(offered, (std::vector<std::string>{"O02015001", "O02015002"}));
   EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015002','O02016001','',0"});
-}
-
-TEST_F(FrmDestinationTest, CancelSendsNothingAndDoesNotRedraw) {
-  auto w = Open();
-  bool saved = true;
-  host_.Ui()->QueueModal([&](Form& form) {
-    auto& d = dynamic_cast<frmTemplate&>(form);
-    d.cmdCancel.Click();
-    saved = d.Saved;
-  });
-  RightClick(*w, kOwnKey, "mnuTemplateEdit");
-  EXPECT_FALSE(saved);
-  EXPECT_TRUE(Saves().empty());
-  EXPECT_EQ(Reads(), 0u);
 }
 
 TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {

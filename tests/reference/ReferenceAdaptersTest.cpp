@@ -14,8 +14,6 @@
 namespace orvel {
 namespace {
 
-// ---- menus ----
-
 struct MenuCase {
   const char* oidr;
   const char* otype;
@@ -57,8 +55,6 @@ INSTANTIATE_TEST_SUITE_P(
                       MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
                       MenuCase{"O00016022", "X", "", ""},
                       MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
-
-// ---- the family and the books treated apart ----
 
 struct ClassCase {
   const char* name;
@@ -115,8 +111,6 @@ TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
   EXPECT_EQ(object->OIDR(), kBook);
   EXPECT_NE(std::dynamic_pointer_cast<UIO0001600>(object), nullptr);
 }
-
-// ---- keys ----
 
 TEST_F(ReferenceBookTest, ShowOpensTheListWindowOfTheNode) {
   auto result = Adapter(kBook)->ClickMenu("O00016021", "Group", "5", "");
@@ -277,8 +271,6 @@ TEST_F(ReferenceBookTest, HelpOpensTheReferencePage) {
   EXPECT_EQ(entries[0].args[1], "Žinynai");
   EXPECT_TRUE(entries[0].args[2].ends_with("help\\zinynai.htm")) << entries[0].args[2];
 }
-
-// ---- properties and methods ----
 
 class ReferenceRecordTest : public ReferenceBookTest {
  protected:
