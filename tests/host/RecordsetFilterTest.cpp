@@ -195,7 +195,7 @@ TEST(RecordsetFilterLimits, ValuesThatAreNeitherCriteriaNorZero) {
   EXPECT_EQ(rs.RecordCount(), 6);
 }
 
-TEST(RecordsetFilter, MovesToTheFirstMatchAndCountsOnlyMatches) {
+TEST(RecordsetFilter, MovesToTheFirstMatchCountsOnlyMatchesAndWithNoneHasNoCurrentRecord) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -209,15 +209,14 @@ TEST(RecordsetFilter, MovesToTheFirstMatchAndCountsOnlyMatches) {
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(3));
   rs.MoveNext();
   EXPECT_TRUE(rs.IsEOF());
-}
-
-TEST(RecordsetFilter, NoMatchLeavesBothBofAndEofAndNoCurrentRecord) {
-  MemoryRecordset rs = MakeSet();
-  rs.SetFilter("ID = 99");
-  EXPECT_TRUE(rs.IsBOF());
-  EXPECT_TRUE(rs.IsEOF());
-  EXPECT_EQ(rs.RecordCount(), 0);
-  EXPECT_EQ(ErrorOf([&] { rs.Fields("ID").Value(); }), RuntimeError::kNoCurrentRecord);
+  {
+    MemoryRecordset rs = MakeSet();
+    rs.SetFilter("ID = 99");
+    EXPECT_TRUE(rs.IsBOF());
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_EQ(rs.RecordCount(), 0);
+    EXPECT_EQ(ErrorOf([&] { rs.Fields("ID").Value(); }), RuntimeError::kNoCurrentRecord);
+  }
 }
 
 struct ClearCase {
@@ -253,22 +252,21 @@ TEST(RecordsetFilter, ReportsTheCriteriaAsSetAndReplacesRatherThanNarrows) {
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
 }
 
-TEST(RecordsetFilter, RowsAddedLaterJoinTheViewOnlyWhenTheyMatch) {
+TEST(RecordsetFilter, RowsAddedLaterJoinWhenTheyMatchEditsMoveNoneUntilTheFilterIsSetAgain) {
   MemoryRecordset rs = MakeSet();
   rs.SetFilter("Code = 'EUR'");
   rs.AddRow({7, "eur", "x", 1, Variant::Null(), 0, Variant::Null(), "n"});
   rs.AddRow({8, "LTL", "y", 1, Variant::Null(), 0, Variant::Null(), "n"});
   EXPECT_THAT(VisibleIds(rs), ElementsAre(1, 3, 7));
   EXPECT_EQ(rs.StoredRowCount(), 8u);
-}
-
-TEST(RecordsetFilter, EditsDoNotMoveRowsInOrOutUntilTheFilterIsSetAgain) {
-  MemoryRecordset rs = MakeSet();
-  rs.SetFilter("Code = 'EUR'");
-  rs.Fields("Code").SetValue("LTL");
-  EXPECT_THAT(VisibleIds(rs), ElementsAre(1, 3));
-  rs.SetFilter(rs.Filter());
-  EXPECT_THAT(VisibleIds(rs), ElementsAre(3));
+  {
+    MemoryRecordset rs = MakeSet();
+    rs.SetFilter("Code = 'EUR'");
+    rs.Fields("Code").SetValue("LTL");
+    EXPECT_THAT(VisibleIds(rs), ElementsAre(1, 3));
+    rs.SetFilter(rs.Filter());
+    EXPECT_THAT(VisibleIds(rs), ElementsAre(3));
+  }
 }
 
 TEST(RecordsetFilter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing) {

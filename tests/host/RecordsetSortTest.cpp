@@ -115,7 +115,7 @@ INSTANTIATE_TEST_SUITE_P(
         BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' be atitinkamo ']'"},
         BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "laukta ASC arba DESC"}));
 
-TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
+TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrderAndSortsEmptySets) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -123,6 +123,17 @@ TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(5));
   rs.SetSort("");
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+  {
+    MemoryRecordset empty({"ID"});
+    empty.SetSort("ID DESC");
+    EXPECT_TRUE(empty.IsBOF());
+    EXPECT_TRUE(empty.IsEOF());
+    MemoryRecordset rs = MakeSet();
+    rs.SetFilter("ID = 99");
+    rs.SetSort("Name");
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_EQ(rs.RecordCount(), 0);
+  }
 }
 
 TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
@@ -141,18 +152,6 @@ TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
   rs.SetSort("Name");
   EXPECT_THAT(VisibleIds(rs), ElementsAre(3, 1, 6, 4));
   EXPECT_EQ(rs.RecordCount(), 4);
-}
-
-TEST(RecordsetSort, SortsTheEmptyAndTheFullyFilteredSet) {
-  MemoryRecordset empty({"ID"});
-  empty.SetSort("ID DESC");
-  EXPECT_TRUE(empty.IsBOF());
-  EXPECT_TRUE(empty.IsEOF());
-  MemoryRecordset rs = MakeSet();
-  rs.SetFilter("ID = 99");
-  rs.SetSort("Name");
-  EXPECT_TRUE(rs.IsEOF());
-  EXPECT_EQ(rs.RecordCount(), 0);
 }
 
 TEST(RecordsetSort, TheModulesOwnKeyLists) {

@@ -274,25 +274,24 @@ TEST(Text, SplitAndJoinRoundTrip) {
   EXPECT_EQ(Join({}, ","), "");
 }
 
-TEST(Text, NullPropagatesThroughVariantForms) {
+TEST(Text, VariantFormsPropagateNullReadEmptyAsEmptyTextAndConvertOthers) {
   const Variant null = Variant::Null();
   EXPECT_TRUE(Len(null).IsNull());
   EXPECT_TRUE(Left(null, 2).IsNull());
   EXPECT_TRUE(Mid(null, 1, 2).IsNull());
   EXPECT_TRUE(UCase(null).IsNull());
   EXPECT_TRUE(Trim(null).IsNull());
-}
-
-TEST(Text, VariantFormsReadEmptyAsEmptyTextAndConvertOthers) {
-  const Variant empty;
-  EXPECT_EQ(Len(empty), Variant(0));
-  EXPECT_EQ(UCase(empty), Variant(""));
-  EXPECT_EQ(Len(Variant("šeši")), Variant(4));
-  EXPECT_EQ(Left(Variant("šeši"), 2), Variant("še"));
-  EXPECT_EQ(Mid(Variant(12345), 2, 3), Variant("234"));
-  EXPECT_EQ(UCase(Variant(true)), Variant("TRUE"));
-  EXPECT_EQ(Trim(Variant("  ž ")), Variant("ž"));
-  EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
+  {
+    const Variant empty;
+    EXPECT_EQ(Len(empty), Variant(0));
+    EXPECT_EQ(UCase(empty), Variant(""));
+    EXPECT_EQ(Len(Variant("šeši")), Variant(4));
+    EXPECT_EQ(Left(Variant("šeši"), 2), Variant("še"));
+    EXPECT_EQ(Mid(Variant(12345), 2, 3), Variant("234"));
+    EXPECT_EQ(UCase(Variant(true)), Variant("TRUE"));
+    EXPECT_EQ(Trim(Variant("  ž ")), Variant("ž"));
+    EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
+  }
 }
 
 }  // namespace

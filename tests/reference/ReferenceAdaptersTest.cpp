@@ -304,9 +304,7 @@ INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
                          ::testing::Values(PropertyCase{"ExtPropertiesByOID", "'O00001005'",
                                                         "GetExtPropertiesByOID 'O00001005'"},
                                            // No OIDR stands in for an empty parameter.
-                                           PropertyCase{"Structure", "", "GetStructure "},
-                                           PropertyCase{"FirmBranches", "'O00001005',2",
-                                                        "GetFirmBranches 'O00001005',2"}));
+                                           PropertyCase{"Structure", "", "GetStructure "}));
 
 TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
