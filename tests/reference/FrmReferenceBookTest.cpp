@@ -57,7 +57,7 @@ class FrmReferenceBookTest : public ReferenceBookTest {
   std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
 };
 
-TEST_F(FrmReferenceBookTest, ACardInAGroupShowsTheGroupAndStartsClean) {
+TEST_F(FrmReferenceBookTest, ACardInAGroupShowsTheGroupStartsCleanAndWritesItBack) {
   auto w = Open("O00016022", "T");
   ASSERT_TRUE(w);
   EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
@@ -69,6 +69,19 @@ TEST_F(FrmReferenceBookTest, ACardInAGroupShowsTheGroupAndStartsClean) {
   EXPECT_EQ(ButtonsOf(*w), kClean);
   EXPECT_TRUE(w->cmdGroup.Enabled());
   EXPECT_EQ(Grid(*w).LabelWidth(), frmReferenceBook::kLabelWidth);
+  // An edit enables the write, which stores the group.
+  Grid(*w).EditField("Name", Variant("Vidinis 2"));
+  EXPECT_EQ(ButtonsOf(*w), kDirty);
+  w->cmdWrite.Click();
+  EXPECT_EQ(ButtonsOf(*w), kClean);
+  EXPECT_EQ(BO(kBook).Table().Value(2, "Name"), Variant("Vidinis 2"));
+  EXPECT_EQ(CLng(BO(kBook).Table().Value(2, "ParentID")), 1);
+  auto saves = BO(kBook).Calls("Orvel_SaveObject");
+  ASSERT_EQ(saves.size(), 1u);
+  EXPECT_EQ(saves[0].param, "'O0001602','O00016022'");
+  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00016022"});
+  EXPECT_TRUE(host_.Rights()->SetRights().empty());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 TEST_F(FrmReferenceBookTest, ARecordAtTheTopShowsNoGroupWhateverItIsGiven) {
@@ -89,22 +102,6 @@ TEST_F(FrmReferenceBookTest, AReadOnlyCardTakesNoEditAndOffersNoNewRecord) {
   Grid(*w).EditField("Name", Variant("Kitas"));
   w->txtGroup.SetText("ranka");
   EXPECT_EQ(ButtonsOf(*w), (Buttons{false, false, false}));
-}
-
-TEST_F(FrmReferenceBookTest, AnEditEnablesWriteAndTheWriteStoresTheGroup) {
-  auto w = Open("O00016022", "T");
-  Grid(*w).EditField("Name", Variant("Vidinis 2"));
-  EXPECT_EQ(ButtonsOf(*w), kDirty);
-  w->cmdWrite.Click();
-  EXPECT_EQ(ButtonsOf(*w), kClean);
-  EXPECT_EQ(BO(kBook).Table().Value(2, "Name"), Variant("Vidinis 2"));
-  EXPECT_EQ(CLng(BO(kBook).Table().Value(2, "ParentID")), 1);
-  auto saves = BO(kBook).Calls("Orvel_SaveObject");
-  ASSERT_EQ(saves.size(), 1u);
-  EXPECT_EQ(saves[0].param, "'O0001602','O00016022'");
-  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00016022"});
-  EXPECT_TRUE(host_.Rights()->SetRights().empty());
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 // A failed write keeps the values and the write button; closing then asks.
