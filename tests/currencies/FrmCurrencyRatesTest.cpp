@@ -308,27 +308,16 @@ TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {
   EXPECT_EQ(host_.Ui()->Popups().size(), 5u);
 }
 
-struct LayoutCase {
-  int panel;
-  int nameWidth;
-};
-void PrintTo(const LayoutCase& c, std::ostream* out) { *out << c.panel; }
-
-class RatesLayoutTest : public FrmCurrencyRatesTest,
-                        public ::testing::WithParamInterface<LayoutCase> {};
-
-TEST_P(RatesLayoutTest, TheNameColumnsShareTheRest) {
-  window_->SOPanel_Resize(GetParam().panel);
-  auto& columns = window_->lvwRows.ColumnHeaders();
-  EXPECT_EQ(columns.Item(1).Width(), GetParam().nameWidth);
-  EXPECT_EQ(columns.Item(6).Width(), GetParam().nameWidth);
-  EXPECT_EQ(columns.Item(2).Width(), 800);
-}
-
 // The other columns take 3800 twips, the margins 530.
-INSTANTIATE_TEST_SUITE_P(Widths, RatesLayoutTest,
-                         ::testing::Values(LayoutCase{10001, 2836}, LayoutCase{8330, 2000},
-                                           LayoutCase{2000, 2000}));
+TEST_F(FrmCurrencyRatesTest, TheNameColumnsShareTheRest) {
+  for (const auto& [panel, nameWidth] : {std::pair{10001, 2836}, {8330, 2000}, {2000, 2000}}) {
+    window_->SOPanel_Resize(panel);
+    auto& columns = window_->lvwRows.ColumnHeaders();
+    EXPECT_EQ(columns.Item(1).Width(), nameWidth) << panel;
+    EXPECT_EQ(columns.Item(6).Width(), nameWidth) << panel;
+    EXPECT_EQ(columns.Item(2).Width(), 800) << panel;
+  }
+}
 
 TEST_F(FrmCurrencyRatesTest, CloseDisablesItselfThenAsksTheWindowManager) {
   window_->SSCClose.Click();

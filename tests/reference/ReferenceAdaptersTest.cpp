@@ -281,30 +281,19 @@ class ReferenceRecordTest : public ReferenceBookTest {
   }
 };
 
-struct PropertyCase {
-  const char* name;
-  const char* par;
-  const char* call;  // "<name> <param>"
-};
-
-class ReferencePropertyTest : public ReferenceRecordTest,
-                              public ::testing::WithParamInterface<PropertyCase> {};
-
-TEST_P(ReferencePropertyTest, APropertyIsAGetCallWithTheParameterAsGiven) {
-  const PropertyCase& c = GetParam();
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"});
-  BO(kBook).ReplyRead(std::string("Get") + c.name, rs);
-  auto result = Record("O00016022")->Properties(c.name, c.par);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+// No OIDR stands in for an empty parameter.
+TEST_F(ReferenceRecordTest, APropertyIsAGetCallWithTheParameterAsGiven) {
+  for (const auto& [name, par, call] :
+       {std::tuple{"ExtPropertiesByOID", "'O00001005'", "GetExtPropertiesByOID 'O00001005'"},
+        {"Structure", "", "GetStructure "}}) {
+    BO(kBook).ReplyRead(std::string("Get") + name,
+                        std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"}));
+    auto result = Record("O00016022")->Properties(name, par);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(Calls(kBook), std::vector<std::string>{call});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
-                         ::testing::Values(PropertyCase{"ExtPropertiesByOID", "'O00001005'",
-                                                        "GetExtPropertiesByOID 'O00001005'"},
-                                           // No OIDR stands in for an empty parameter.
-                                           PropertyCase{"Structure", "", "GetStructure "}));
 
 TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
@@ -349,29 +338,20 @@ TEST_F(ReferenceRecordTest, TheCardsAreBuiltWithoutACall) {
   EXPECT_TRUE(Calls(kBook).empty());
 }
 
-struct MethodCase {
-  const char* name;
-  Variant::Array params;
-  const char* call;
-};
-
-class ReferenceMethodTest : public ReferenceRecordTest,
-                            public ::testing::WithParamInterface<MethodCase> {};
-
-TEST_P(ReferenceMethodTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
-  const MethodCase& c = GetParam();
-  Variant::Array params = c.params;
-  auto result = Record("O00016022")->Methods(c.name, params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+// Numbers go with "." and further parameters are dropped.
+TEST_F(ReferenceRecordTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
+  struct {
+    const char* name;
+    Variant::Array params;
+    const char* call;
+  } cases[] = {{"MoveRows", {}, "MoveRows "},
+               {"MoveRows", {Variant("'O00016022',3")}, "MoveRows 'O00016022',3"},
+               {"SetRate", {Variant(1.5), Variant("x")}, "SetRate 1.5"}};
+  for (auto& c : cases) {
+    EXPECT_EQ(Record("O00016022")->Methods(c.name, c.params).Number, 0);
+    EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, ReferenceMethodTest,
-    ::testing::Values(MethodCase{"MoveRows", {}, "MoveRows "},
-                      MethodCase{"MoveRows", {Variant("'O00016022',3")}, "MoveRows 'O00016022',3"},
-                      // Numbers go with "." and further parameters are dropped.
-                      MethodCase{"SetRate", {Variant(1.5), Variant("x")}, "SetRate 1.5"}));
 
 TEST_F(ReferenceRecordTest, OnlyNumber777IsShownToTheUser) {
   Variant::Array none;
