@@ -114,37 +114,23 @@ TEST_F(ListViewTest, Remove_ByIndexAndByKey_RenumbersAndFreesTheKey) {
               ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.ListItems"));
 }
 
-// How the selected row can leave the list.
-struct RemovalCase {
-  const char* name;
-  std::function<void(ListItems&)> remove;
-};
-
-void PrintTo(const RemovalCase& c, std::ostream* os) { *os << c.name; }
-
-class SelectedRowRemovalTest : public ::testing::TestWithParam<RemovalCase> {};
-
-TEST_P(SelectedRowRemovalTest, SelectionGoesWithItsRow) {
-  ListView view("lvw");
-  view.ListItems().Add(0, "a", "A");
-  ListItem& selected = view.ListItems().Add(0, "b", "B");
-  view.ListItems().Add(0, "c", "C");
-  selected.SetSelected(true);
-  RecordingObserver observer;
-  view.SetObserver(&observer);
-
-  GetParam().remove(view.ListItems());
-
-  EXPECT_EQ(view.SelectedItem(), nullptr);
-  EXPECT_EQ(observer.changes.front(), "lvw.SelectedItem");
+// However the selected row leaves the list, the selection goes with it.
+TEST(ListView, SelectionGoesWithItsRow) {
+  const std::function<void(ListItems&)> ways[] = {[](ListItems& rows) { rows.Remove(2); },
+                                                  [](ListItems& rows) { rows.Remove("b"); },
+                                                  [](ListItems& rows) { rows.Clear(); }};
+  for (const auto& remove : ways) {
+    ListView view("lvw");
+    view.ListItems().Add(0, "a", "A");
+    view.ListItems().Add(0, "b", "B").SetSelected(true);
+    view.ListItems().Add(0, "c", "C");
+    RecordingObserver observer;
+    view.SetObserver(&observer);
+    remove(view.ListItems());
+    EXPECT_EQ(view.SelectedItem(), nullptr);
+    EXPECT_EQ(observer.changes.front(), "lvw.SelectedItem");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Ways, SelectedRowRemovalTest,
-    ::testing::Values(RemovalCase{"ByIndex", [](ListItems& rows) { rows.Remove(2); }},
-                      RemovalCase{"ByKey", [](ListItems& rows) { rows.Remove("b"); }},
-                      RemovalCase{"Clear", [](ListItems& rows) { rows.Clear(); }}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_RemovingAnotherKeepsIt) {
   ListItem* seenSelected = nullptr;
@@ -200,43 +186,33 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   EXPECT_TRUE(row.Tag().IsNull());
 }
 
-struct SortCase {
-  const char* name;
-  int sortKey;
-  int sortOrder;
-  std::vector<std::string> keys;
-};
-
-void PrintTo(const SortCase& c, std::ostream* os) { *os << c.name; }
-
-class ListViewSortTest : public ::testing::TestWithParam<SortCase> {};
-
-TEST_P(ListViewSortTest, SortedOrdersRowsAndRenumbers) {
-  ListView view("lvw");
-  auto add = [&](const char* key, const char* text, const char* code) {
-    ListItem& row = view.ListItems().Add(0, key, text);
-    if (*code) row.ListSubItems().Add(0, "", code);
-  };
-  add("k1", "beta", "2");
-  add("k2", "Alfa", "3");
-  add("k3", "ALFA", "1");  // equal to k2 without regard to case: keeps its place
-  add("k4", "gama", "");   // no sub-item: sorts as ""
-
-  view.SetSortKey(GetParam().sortKey);
-  view.SetSortOrder(GetParam().sortOrder);
-  view.SetSorted(true);
-
-  EXPECT_EQ(Keys(view), GetParam().keys);
-  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
-  EXPECT_EQ(view.ListItems().Item(GetParam().keys[0]).Index(), 1);
+// By the text or a sub-item, either way; equal texts without regard to case
+// keep their places, a row without the sub-item sorts as "".
+TEST(ListView, SortedOrdersRowsAndRenumbers) {
+  struct {
+    int sortKey;
+    int sortOrder;
+    std::vector<std::string> keys;
+  } cases[] = {{0, lvwAscending, {"k2", "k3", "k1", "k4"}},
+               {0, lvwDescending, {"k4", "k1", "k2", "k3"}},
+               {1, lvwAscending, {"k4", "k3", "k1", "k2"}}};
+  for (const auto& c : cases) {
+    ListView view("lvw");
+    for (const auto& [key, text, code] : {std::tuple{"k1", "beta", "2"},
+                                          {"k2", "Alfa", "3"},
+                                          {"k3", "ALFA", "1"},
+                                          {"k4", "gama", ""}}) {
+      ListItem& row = view.ListItems().Add(0, key, text);
+      if (*code) row.ListSubItems().Add(0, "", code);
+    }
+    view.SetSortKey(c.sortKey);
+    view.SetSortOrder(c.sortOrder);
+    view.SetSorted(true);
+    EXPECT_EQ(Keys(view), c.keys);
+    EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(view.ListItems().Item(c.keys[0]).Index(), 1);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Columns, ListViewSortTest,
-    ::testing::Values(SortCase{"TextAscending", 0, lvwAscending, {"k2", "k3", "k1", "k4"}},
-                      SortCase{"TextDescending", 0, lvwDescending, {"k4", "k1", "k2", "k3"}},
-                      SortCase{"SubItemAscending", 1, lvwAscending, {"k4", "k3", "k1", "k2"}}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrInsert) {
   ListView view("lvw");
