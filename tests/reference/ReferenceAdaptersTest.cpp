@@ -80,29 +80,18 @@ INSTANTIATE_TEST_SUITE_P(
                       ClassCase{"UI000160", ""}, ClassCase{"UI00016055", ""},
                       ClassCase{"UI00016x5", ""}, ClassCase{"UIO000160-", ""}, ClassCase{"", ""}));
 
-struct ListCase {
-  const char* adapter;
-  const char* oidr;
-  const char* param;  // of Orvel_GetObjectList
-};
-
-class ReferenceListTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<ListCase> {};
-
-TEST_P(ReferenceListTest, TheListCallCarriesTheUserOnlyForLocations) {
-  const ListCase& c = GetParam();
-  Adapter(c.adapter)->GetOrvelObjectList(c.oidr, "Group", "ReadOnly");
-  EXPECT_EQ(Calls(c.adapter),
-            std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
+// A record of the locations ends otherwise than the book: no user.
+TEST_F(ReferenceBookTest, TheListCallCarriesTheUserOnlyForLocations) {
+  for (const auto& [book, oidr, param] : {std::tuple{kBook, "", "'O0001602'"},
+                                          {kBook, "O00016021", "'O00016021'"},
+                                          {kLocations, "", "'u7', 'O0001605'"},
+                                          {kLocations, "O0001605", "'u7', 'O0001605'"},
+                                          {kLocations, "O00016051", "'O00016051'"}}) {
+    ClearCalls();
+    Adapter(book)->GetOrvelObjectList(oidr, "Group", "ReadOnly");
+    EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + param});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Books, ReferenceListTest,
-                         ::testing::Values(ListCase{kBook, "", "'O0001602'"},
-                                           ListCase{kBook, "O00016021", "'O00016021'"},
-                                           ListCase{kLocations, "", "'u7', 'O0001605'"},
-                                           ListCase{kLocations, "O0001605", "'u7', 'O0001605'"},
-                                           // A record of the locations ends otherwise: no user.
-                                           ListCase{kLocations, "O00016051", "'O00016051'"}));
 
 TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
   auto object = Adapter(kBook)->GetOrvelObject("");
