@@ -230,36 +230,23 @@ INSTANTIATE_TEST_SUITE_P(
                   {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
                   "Third parameter for SaveDayRate not numeric!"}));
 
-struct SaveCase {
-  Locale locale;
-  Variant rate;
-  const char* param;
-};
-void PrintTo(const SaveCase& c, std::ostream* out) { *out << c.param; }
-
-class SaveDayRateTest : public CurrencyAdaptersTest,
-                        public ::testing::WithParamInterface<SaveCase> {};
-
-TEST_P(SaveDayRateTest, TheRateTravelsWithAPointInAnyLocale) {
-  host_.Ui()->SetLocale(GetParam().locale);
-  auto euro = Euro();
-  Variant::Array params{Variant("EUR"), Variant(kDay), GetParam().rate};
-  auto result = euro->Methods("SaveDayRate", params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(result.Value, Variant(true));
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{std::string("ExecCall SaveDayRate ") + GetParam().param});
+// Unrounded, and with a point whatever the locale.
+TEST_F(CurrencyAdaptersTest, TheRateTravelsWithAPointInAnyLocale) {
+  for (const auto& [locale, rate, param] :
+       {std::tuple{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        {Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        {Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
+        {Locale::Lithuanian(), Variant(1.0 / 3), "'EUR','2010-12-30',0.333333333333333"},
+        {Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}}) {
+    host_.Ui()->SetLocale(locale);
+    Variant::Array params{Variant("EUR"), Variant(kDay), rate};
+    auto result = Euro()->Methods("SaveDayRate", params);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_EQ(result.Value, Variant(true));
+    EXPECT_EQ(BusinessLines(),
+              std::vector<std::string>{std::string("ExecCall SaveDayRate ") + param});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rates, SaveDayRateTest,
-    ::testing::Values(SaveCase{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-                      SaveCase{Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-                      SaveCase{Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
-                      // Unrounded.
-                      SaveCase{Locale::Lithuanian(), Variant(1.0 / 3),
-                               "'EUR','2010-12-30',0.333333333333333"},
-                      SaveCase{Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}));
 
 TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
   auto euro = Euro();

@@ -236,31 +236,21 @@ TEST_F(FrmReferenceBookPreviewTest, PrintsTheWholeTable) {
   EXPECT_EQ(w->lblStatus.Caption(), "");
 }
 
-struct OrientationCase {
-  const char* widths[2];
-  const char* orientation;
-};
-
-class OrientationTest : public FrmReferenceBookPreviewTest,
-                        public ::testing::WithParamInterface<OrientationCase> {};
-
-TEST_P(OrientationTest, PortraitUpTo17CentimetresLandscapeAbove) {
-  std::string config = std::string("T;9;1;1;0;0;1;#WZWCode;K;0;") + GetParam().widths[0] +
-                       ";0#WZWName;P;0;" + GetParam().widths[1] + ";1#WZWNote;N;0;20,0;999";
-  auto w = Open(config);
-  w->cmdPrint.Click();
-  auto doc = host_.HostClasses()->LastPrintDoc();
-  ASSERT_TRUE(doc);
-  EXPECT_EQ(doc->Lines()[0], GetParam().orientation);
-  EXPECT_EQ(doc->Lines()[3], "UserName ");
-  EXPECT_EQ(doc->Lines()[5], "ExtraFlag True");
+TEST_F(FrmReferenceBookPreviewTest, PrintsPortraitUpTo17CentimetresLandscapeAbove) {
+  for (const auto& [code, name, orientation] : {std::tuple{"8,5", "8,5", "Orientation 1"},
+                                                {"0,1", "16,9", "Orientation 1"},
+                                                {"8,6", "8,5", "Orientation 2"},
+                                                {"27", "0,1", "Orientation 2"}}) {
+    auto w = Open(std::string("T;9;1;1;0;0;1;#WZWCode;K;0;") + code + ";0#WZWName;P;0;" + name +
+                  ";1#WZWNote;N;0;20,0;999");
+    w->cmdPrint.Click();
+    auto doc = host_.HostClasses()->LastPrintDoc();
+    ASSERT_TRUE(doc);
+    EXPECT_EQ(doc->Lines()[0], orientation) << code << " " << name;
+    EXPECT_EQ(doc->Lines()[3], "UserName ");
+    EXPECT_EQ(doc->Lines()[5], "ExtraFlag True");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Widths, OrientationTest,
-                         ::testing::Values(OrientationCase{{"8,5", "8,5"}, "Orientation 1"},
-                                           OrientationCase{{"0,1", "16,9"}, "Orientation 1"},
-                                           OrientationCase{{"8,6", "8,5"}, "Orientation 2"},
-                                           OrientationCase{{"27", "0,1"}, "Orientation 2"}));
 
 // A cancelled choice keeps the list.
 TEST_F(FrmReferenceBookPreviewTest, ChoosingAGroupListsItsMembers) {
