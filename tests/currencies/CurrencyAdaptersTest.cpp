@@ -120,41 +120,31 @@ TEST_F(CurrencyAdaptersTest, AddToDesktopShowsACardEveryTimeWithoutAsking) {
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList 'O0002200'"});
 }
 
-struct ListDateCase {
-  const char* given;
-  const char* sent;
-  bool boxed;
-};
-void PrintTo(const ListDateCase& c, std::ostream* out) { *out << "'" << c.given << "'"; }
-
-class CurrencyListDateTest : public CurrencyAdaptersTest,
-                             public ::testing::WithParamInterface<ListDateCase> {};
-
-TEST_P(CurrencyListDateTest, TheDateIsQuotedOrReplaced) {
-  auto euro = Euro();
-  if (GetParam().boxed) host_.Ui()->QueueAnswer(vbOK);
-  auto result = euro->Properties("CurrencyList", GetParam().given);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{std::string("GetCall GetCurrencyList ") + GetParam().sent});
-  if (GetParam().boxed) {
-    EXPECT_EQ(Boxes(), std::vector<std::string>{
-                           std::string("48 Apskaita 2010 Wrong parameter Date to CurrencyList "
-                                       "properties...\n") +
-                           GetParam().given + " is changed to 1990.01.01"});
-  } else {
-    EXPECT_TRUE(Boxes().empty());
+// A date that is no date is replaced, with a box; there is no lower bound,
+// and the text form is kept.
+TEST_F(CurrencyAdaptersTest, TheCurrencyListsDateIsQuotedOrReplaced) {
+  for (const auto& [given, sent, boxed] : {std::tuple{"", "'1990.01.01'", false},
+                                           {"rytoj", "'1990.01.01'", true},
+                                           {"2010.13.45", "'1990.01.01'", true},
+                                           {"1985.06.01", "'1985.06.01'", false},
+                                           {"2010-12-30", "'2010-12-30'", false}}) {
+    auto euro = Euro();
+    host_.Ui()->ClearBoxes();
+    if (boxed) host_.Ui()->QueueAnswer(vbOK);
+    auto result = euro->Properties("CurrencyList", given);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(BusinessLines(),
+              std::vector<std::string>{std::string("GetCall GetCurrencyList ") + sent});
+    std::vector<std::string> boxes;
+    if (boxed) {
+      boxes.push_back(std::string("48 Apskaita 2010 Wrong parameter Date to CurrencyList "
+                                  "properties...\n") +
+                      given + " is changed to 1990.01.01");
+    }
+    EXPECT_EQ(Boxes(), boxes) << given;
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Dates, CurrencyListDateTest,
-                         ::testing::Values(ListDateCase{"", "'1990.01.01'", false},
-                                           ListDateCase{"rytoj", "'1990.01.01'", true},
-                                           ListDateCase{"2010.13.45", "'1990.01.01'", true},
-                                           // No lower bound, and the text form is kept.
-                                           ListDateCase{"1985.06.01", "'1985.06.01'", false},
-                                           ListDateCase{"2010-12-30", "'2010-12-30'", false}));
 
 TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   auto euro = Euro();
@@ -189,46 +179,33 @@ TEST_F(CurrencyAdaptersTest, BusinessFailuresPassTheirNumberAndText) {
   EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyRates '2010-01-01','2010-01-31'");
 }
 
-struct FaultCase {
-  const char* method;
-  Variant::Array params;
-  const char* text;
-};
-void PrintTo(const FaultCase& c, std::ostream* out) { *out << c.method << ": " << c.text; }
+const Date kDay = DateSerial(2010, 12, 30);
 
-class CurrencyMethodFaultTest : public CurrencyAdaptersTest,
-                                public ::testing::WithParamInterface<FaultCase> {};
-
-TEST_P(CurrencyMethodFaultTest, ArgumentFaultsAreSilent777) {
+TEST_F(CurrencyAdaptersTest, ArgumentFaultsAreSilent777) {
   auto euro = Euro();
-  Variant::Array params = GetParam().params;
-  auto result = euro->Methods(GetParam().method, params);
-  EXPECT_EQ(result.Number, 777);
-  EXPECT_EQ(result.Text, GetParam().text);
-  EXPECT_EQ(result.Value, Variant(false));
+  const auto fault = [](const char* method, Variant::Array params, const char* text) {
+    return std::tuple{method, params, text};
+  };
+  for (auto [method, params, text] :
+       {fault("CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
+              "Second parameter for SaveDayRate not date!"),
+        fault("CurrencyRates", {Variant("EUR"), Variant("2010.12.30")},
+              "Second parameter for CurrencyRates not date!"),
+        fault("SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant(kDay.serial), Variant(1)},
+              "Second parameter for SaveDayRate not date!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
+              "Third parameter for SaveDayRate not numeric!")}) {
+    auto result = euro->Methods(method, params);
+    EXPECT_EQ(result.Number, 777);
+    EXPECT_EQ(result.Text, text);
+    EXPECT_EQ(result.Value, Variant(false));
+  }
   EXPECT_TRUE(Boxes().empty());
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
 }
-
-const Date kDay = DateSerial(2010, 12, 30);
-INSTANTIATE_TEST_SUITE_P(
-    Faults, CurrencyMethodFaultTest,
-    ::testing::Values(
-        FaultCase{"CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
-                  "Second parameter for SaveDayRate not date!"},
-        FaultCase{"CurrencyRates",
-                  {Variant("EUR"), Variant("2010.12.30")},
-                  "Second parameter for CurrencyRates not date!"},
-        FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay.serial), Variant(1)},
-                  "Second parameter for SaveDayRate not date!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
-                  "Third parameter for SaveDayRate not numeric!"}));
 
 // Unrounded, and with a point whatever the locale.
 TEST_F(CurrencyAdaptersTest, TheRateTravelsWithAPointInAnyLocale) {
