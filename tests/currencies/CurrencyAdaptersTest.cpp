@@ -27,39 +27,32 @@ struct MenuCase {
   const char* otype;
   std::vector<std::string> entries;  // "key|caption"
 };
-void PrintTo(const MenuCase& c, std::ostream* out) {
-  *out << "'" << c.oidr << "' '" << c.otype << "'";
-}
-
-class CurrencyMenuTest : public CurrencyAdaptersTest,
-                         public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(CurrencyMenuTest, EntriesAndTheirOrder) {
-  auto menu = currencies_->GetMenu(GetParam().oidr, GetParam().otype, "ignored");
-  ASSERT_TRUE(menu);
-  std::vector<std::string> entries;
-  for (const auto& item : *menu) {
-    entries.push_back(item.Key + "|" + item.Caption);
-    EXPECT_EQ(item.Tag, nullptr);
-    EXPECT_EQ(item.Flags, 0);
-  }
-  EXPECT_EQ(entries, GetParam().entries);
-}
-
 const char* kRates = "Valiutų kursų įrašymas|Valiutų kursų įrašymas";
 const char* kNew = "&Nauja valiuta|&Nauja valiuta";
 const char* kSep = "100|-";
-INSTANTIATE_TEST_SUITE_P(
-    Nodes, CurrencyMenuTest,
-    ::testing::Values(MenuCase{"O0002200", "", {kRates, kNew, kSep}},
-                      MenuCase{"O00022005", "", {kRates, kNew, kSep}},
-                      MenuCase{"O00022005",
-                               "C",
-                               {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
-                                "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
-                      // The bare OID does not compare greater than itself: no record entries.
-                      MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
-                      MenuCase{"", "C", {kNew, kSep, kRates, kSep}}));
+
+TEST_F(CurrencyAdaptersTest, MenuEntriesAndTheirOrder) {
+  for (const MenuCase& c : {MenuCase{"O0002200", "", {kRates, kNew, kSep}},
+                            MenuCase{"O00022005", "", {kRates, kNew, kSep}},
+                            MenuCase{"O00022005",
+                                     "C",
+                                     {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
+                                      "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
+                            // The bare OID does not compare greater than itself: no record entries.
+                            MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
+                            MenuCase{"", "C", {kNew, kSep, kRates, kSep}}}) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.otype);
+    auto menu = currencies_->GetMenu(c.oidr, c.otype, "ignored");
+    ASSERT_TRUE(menu);
+    std::vector<std::string> entries;
+    for (const auto& item : *menu) {
+      entries.push_back(item.Key + "|" + item.Caption);
+      EXPECT_EQ(item.Tag, nullptr);
+      EXPECT_EQ(item.Flags, 0);
+    }
+    EXPECT_EQ(entries, c.entries);
+  }
+}
 
 TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindows) {
   auto result = currencies_->ClickMenu("O00022005", "C", "Valiutų kursų įrašymas", "");

@@ -21,40 +21,35 @@ struct MenuCase {
   const char* keys;  // "" for an empty menu
 };
 
-class ReferenceMenuTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
-  const MenuCase& c = GetParam();
-  std::string oidr = c.oidr;
-  auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
-  ASSERT_TRUE(menu);
-  std::string keys;
-  for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
-  EXPECT_EQ(keys, c.keys);
-  EXPECT_TRUE(Calls(kBook).empty());
-}
-
 // The family's root and an unclassified eight-character node have none; a
 // book is no root (its OID does not end in "00"); only a stored record goes
 // on the desktop; an unknown kind has no menu, not even help; the flags
 // match by case, as the host writes them.
-INSTANTIATE_TEST_SUITE_P(
-    Table, ReferenceMenuTest,
-    ::testing::Values(MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
-                      MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
-                      MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
-                      MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
-                      MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
-                      MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "X", "", ""},
-                      MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
+TEST_F(ReferenceBookTest, EntriesFollowTheNodeKindAndTheSettings) {
+  for (const MenuCase& c : {MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
+                            MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
+                            MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
+                            MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
+                            MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
+                            MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "X", "", ""},
+                            MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}}) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.otype + " " + c.settings);
+    std::string oidr = c.oidr;
+    auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
+    ASSERT_TRUE(menu);
+    std::string keys;
+    for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
+    EXPECT_EQ(keys, c.keys);
+    EXPECT_TRUE(Calls(kBook).empty());
+  }
+}
 
 // "UI"/"UIO" and the family's OID 00016nn, nothing else.
 TEST(ReferenceClass, EveryBookOfTheFamilyIsServedByThePair) {
@@ -122,38 +117,34 @@ struct OpenCase {
   const char* groupName;
 };
 
-class ReferenceOpenTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<OpenCase> {};
-
-TEST_P(ReferenceOpenTest, TheCardStartsInTheRightGroupKindAndFlag) {
-  const OpenCase& c = GetParam();
-  auto adapter = Adapter(kBook);
-  adapter->GetMenu(c.oidr, c.otype, c.settings);
-  auto result = adapter->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<frmReferenceBook>();
-  ASSERT_NE(window, nullptr);
-  auto& object = *window->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), c.opened);
-  EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
-  EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
-  EXPECT_EQ(window->mGroupName, c.groupName);
-  EXPECT_EQ(window->boolReadOnly, std::string(c.settings) == "ReadOnly");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+TEST_F(ReferenceBookTest, TheCardStartsInTheRightGroupKindAndFlag) {
+  for (const OpenCase& c :
+       {OpenCase{"0", "O00016022", "T", "", "O00016022", 1, 0, "Grupė A"},
+        OpenCase{"0", "O00016022", "T", "ReadOnly", "O00016022", 1, 0, "Grupė A"},
+        OpenCase{"0", "O00016023", "T", "", "O00016023", 0, 0, ""},
+        OpenCase{"0", "O00016021", "T", "", "O00016021", 0, 1, ""},
+        OpenCase{"2", kBook, "C", "", kBook, 0, 1, ""},
+        OpenCase{"3", "O00016021", "Group", "", kBook, 1, 1, "Grupė A"},
+        OpenCase{"1", kBook, "C", "", kBook, 0, 0, ""},
+        OpenCase{"1", "O00016021", "Group", "", kBook, 1, 0, "Grupė A"},
+        OpenCase{"1", "O00016022", "T", "", kBook, 1, 0, "Grupė A"},
+        OpenCase{"1", "O00016023", "", "", kBook, 0, 0, ""}}) {
+    SCOPED_TRACE(std::string(c.key) + " " + c.oidr + " " + c.settings);
+    auto adapter = Adapter(kBook);
+    adapter->GetMenu(c.oidr, c.otype, c.settings);
+    auto result = adapter->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+    auto window = result.Value.ObjectAs<frmReferenceBook>();
+    ASSERT_NE(window, nullptr);
+    auto& object = *window->OrvelObjectUIO();
+    EXPECT_EQ(object.OIDR(), c.opened);
+    EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
+    EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
+    EXPECT_EQ(window->mGroupName, c.groupName);
+    EXPECT_EQ(window->boolReadOnly, std::string(c.settings) == "ReadOnly");
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ReferenceOpenTest,
-    ::testing::Values(OpenCase{"0", "O00016022", "T", "", "O00016022", 1, 0, "Grupė A"},
-                      OpenCase{"0", "O00016022", "T", "ReadOnly", "O00016022", 1, 0, "Grupė A"},
-                      OpenCase{"0", "O00016023", "T", "", "O00016023", 0, 0, ""},
-                      OpenCase{"0", "O00016021", "T", "", "O00016021", 0, 1, ""},
-                      OpenCase{"2", kBook, "C", "", kBook, 0, 1, ""},
-                      OpenCase{"3", "O00016021", "Group", "", kBook, 1, 1, "Grupė A"},
-                      OpenCase{"1", kBook, "C", "", kBook, 0, 0, ""},
-                      OpenCase{"1", "O00016021", "Group", "", kBook, 1, 0, "Grupė A"},
-                      OpenCase{"1", "O00016022", "T", "", kBook, 1, 0, "Grupė A"},
-                      OpenCase{"1", "O00016023", "", "", kBook, 0, 0, ""}));
 
 struct GoneCase {
   const char* key;
@@ -162,29 +153,25 @@ struct GoneCase {
   const char* box;
 };
 
-class ReferenceNewGoneTest : public ReferenceBookTest,
-                             public ::testing::WithParamInterface<GoneCase> {};
-
-TEST_P(ReferenceNewGoneTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
-  const GoneCase& c = GetParam();
-  host_.Ui()->QueueAnswer(vbOK);
-  auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(result.Value.IsEmpty());
-  EXPECT_EQ(Boxes(), std::vector<std::string>{std::string("16 ") + c.box});
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
-  EXPECT_EQ(BO(kBook).Calls("Orvel_NewObject").size(), 0u);
+TEST_F(ReferenceBookTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
+  for (const GoneCase& c : {GoneCase{"5", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
+                            GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
+                            GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
+                            GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}}) {
+    SCOPED_TRACE(std::string(c.key) + " " + c.oidr + " " + c.otype);
+    host_.Ui()->ClearBoxes();
+    host_.Ui()->QueueAnswer(vbOK);
+    auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+    EXPECT_TRUE(result.Value.IsEmpty());
+    EXPECT_EQ(Boxes(), std::vector<std::string>{std::string("16 ") + c.box});
+    EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+    EXPECT_EQ(BO(kBook).Calls("Orvel_NewObject").size(), 0u);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ReferenceNewGoneTest,
-    ::testing::Values(GoneCase{"5", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
-                      GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
-                      GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
-                      GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}));
 
 TEST_F(ReferenceBookTest, DeleteAsksYesOrNo) {
   auto adapter = Adapter(kBook);
