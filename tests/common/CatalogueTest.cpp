@@ -47,25 +47,19 @@ struct FormatCase {
   bool invariant = false;  // under the invariant locale rather than the Lithuanian
 };
 
-class FormatDecimalTextTest : public ModuleTest,
-                              public ::testing::WithParamInterface<FormatCase> {};
+using FormatDecimalTextTest = ModuleTest;
 
-TEST_P(FormatDecimalTextTest, FormatsNumbersInTheUisLocaleWithoutGroupingAndBlankAsZero) {
-  const auto& c = GetParam();
-  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-  EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
+TEST_F(FormatDecimalTextTest, FormatsNumbersInTheUisLocaleWithoutGroupingAndBlankAsZero) {
+  for (const FormatCase& c :
+       {FormatCase{"1,5", 2, false, "1,50"}, FormatCase{"1234,5", 2, false, "1234,50"},
+        FormatCase{"2,675", 2, false, "2,68"}, FormatCase{"1,23456", 4, true, "1,2346"},
+        FormatCase{"abc", 4, false, ""}, FormatCase{"abc", 4, true, "0,00"},
+        FormatCase{"", 0, true, "0,00"}, FormatCase{"1234.5", 2, false, "1234.50", true},
+        FormatCase{"x", 2, true, "0.00", true}}) {
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Catalogue, FormatDecimalTextTest,
-                         ::testing::Values(FormatCase{"1,5", 2, false, "1,50"},
-                                           FormatCase{"1234,5", 2, false, "1234,50"},
-                                           FormatCase{"2,675", 2, false, "2,68"},
-                                           FormatCase{"1,23456", 4, true, "1,2346"},
-                                           FormatCase{"abc", 4, false, ""},
-                                           FormatCase{"abc", 4, true, "0,00"},
-                                           FormatCase{"", 0, true, "0,00"},
-                                           FormatCase{"1234.5", 2, false, "1234.50", true},
-                                           FormatCase{"x", 2, true, "0.00", true}));
 
 TEST(Catalogue, NullToLongGivesZeroForNullAndConvertsTheRest) {
   EXPECT_EQ(NullToLong(Variant::Null()), 0);
