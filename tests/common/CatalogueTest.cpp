@@ -18,26 +18,21 @@
 namespace orvel {
 namespace {
 
-struct KeyCase {
-  int key;
-  const char* text;
-  int expected;
-};
-
-class KeyFilterDecimalTest : public ::testing::TestWithParam<KeyCase> {};
-
-TEST_P(KeyFilterDecimalTest, LetsDigitsAndOneDecimalCommaThrough) {
-  EXPECT_EQ(KeyFilterDecimal(GetParam().key, GetParam().text), GetParam().expected)
-      << GetParam().key << " into '" << GetParam().text << "'";
+TEST(Catalogue, KeyFilterDecimalLetsDigitsAndOneDecimalCommaThrough) {
+  for (const auto& [key, text, expected] : {std::tuple<int, const char*, int>{'0', "", '0'},
+                                            {8, "1,5", 8},
+                                            {'.', "15", ','},
+                                            {',', "15", ','},
+                                            {'.', "1,5", 0},
+                                            {'-', "", 0},
+                                            {'a', "", 0},
+                                            {13, "1", 0},
+                                            {'9', "1,5", '9'},
+                                            {',', "1,5", 0},
+                                            {' ', "1", 0}}) {
+    EXPECT_EQ(KeyFilterDecimal(key, text), expected) << key << " into '" << text << "'";
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Catalogue, KeyFilterDecimalTest,
-                         ::testing::Values(KeyCase{'0', "", '0'}, KeyCase{8, "1,5", 8},
-                                           KeyCase{'.', "15", ','}, KeyCase{',', "15", ','},
-                                           KeyCase{'.', "1,5", 0}, KeyCase{'-', "", 0},
-                                           KeyCase{'a', "", 0}, KeyCase{13, "1", 0},
-                                           KeyCase{'9', "1,5", '9'}, KeyCase{',', "1,5", 0},
-                                           KeyCase{' ', "1", 0}));
 
 struct FormatCase {
   const char* text;
