@@ -150,33 +150,25 @@ TEST(Convert, DecimalSeparatorIsTheLocalesOnly) {
   EXPECT_DOUBLE_EQ(CDbl("1\u00A0234,5", Locale::Lithuanian()), 1234.5);
 }
 
-struct NonTextCase {
-  Variant value;
-  bool numeric;
-  double cdbl;
-  int32_t cdblError;
-};
-
-class ConvertNonText : public testing::TestWithParam<NonTextCase> {};
-
-TEST_P(ConvertNonText, EmptyIsZeroNullRefuses) {
-  const NonTextCase& c = GetParam();
-  EXPECT_EQ(IsNumeric(c.value), c.numeric) << Describe(c.value);
-  if (c.cdblError == 0) {
-    EXPECT_DOUBLE_EQ(CDbl(c.value), c.cdbl);
-  } else {
-    EXPECT_EQ(ErrorOf([&] { CDbl(c.value); }), c.cdblError);
+// Empty is zero and numeric, Null and objects are refused.
+TEST(Convert, NonTextValuesEmptyIsZeroNullRefuses) {
+  for (const auto& [value, numeric, cdbl, cdblError] :
+       {std::tuple<Variant, bool, double, int32_t>{Variant(), true, 0, 0},
+        {Variant::Null(), false, 0, kNull},
+        {true, true, -1, 0},
+        {false, true, 0, 0},
+        {Variant(int32_t{-7}), true, -7, 0},
+        {2.25, true, 2.25, 0},
+        {Date{45292.25}, false, 45292.25, 0},
+        {Variant(Variant::Array{}), false, 0, kMismatch}}) {
+    EXPECT_EQ(IsNumeric(value), numeric) << Describe(value);
+    if (cdblError == 0) {
+      EXPECT_DOUBLE_EQ(CDbl(value), cdbl) << Describe(value);
+    } else {
+      EXPECT_EQ(ErrorOf([&] { CDbl(value); }), cdblError) << Describe(value);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConvertNonText,
-    testing::Values(NonTextCase{Variant(), true, 0, 0},
-                    NonTextCase{Variant::Null(), false, 0, kNull}, NonTextCase{true, true, -1, 0},
-                    NonTextCase{false, true, 0, 0}, NonTextCase{Variant(int32_t{-7}), true, -7, 0},
-                    NonTextCase{2.25, true, 2.25, 0},
-                    NonTextCase{Date{45292.25}, false, 45292.25, 0},
-                    NonTextCase{Variant(Variant::Array{}), false, 0, kMismatch}));
 
 struct CStrCase {
   Variant value;
@@ -276,32 +268,28 @@ INSTANTIATE_TEST_SUITE_P(
                     ValCase{"1.2.3", 1.2}, ValCase{"--1", 0}, ValCase{".", 0},
                     ValCase{"1e-999", 0}));
 
-struct RoundCase {
-  double x;
-  int decimals;
-  double round;             // half to even
-  const char* decimalText;  // half away from zero
-};
-
-class ConvertRounding : public testing::TestWithParam<RoundCase> {};
-
-TEST_P(ConvertRounding, RoundIsHalfEvenDecimalTextHalfAway) {
-  const RoundCase& c = GetParam();
-  EXPECT_DOUBLE_EQ(Round(c.x, c.decimals), c.round);
-  EXPECT_EQ(DecimalText(c.x, c.decimals), c.decimalText);
+// Round is half to even, DecimalText half away from zero.
+TEST(Convert, RoundIsHalfEvenDecimalTextHalfAway) {
+  for (const auto& [x, decimals, round, decimalText] :
+       {std::tuple<double, int, double, const char*>{2.5, 0, 2, "3"},
+        {-2.5, 0, -2, "-3"},
+        {0.5, 0, 0, "1"},
+        {2.675, 2, 2.68, "2.68"},
+        {-2.675, 2, -2.68, "-2.68"},
+        {1.005, 2, 1.0, "1.01"},
+        {0.125, 2, 0.12, "0.13"},
+        {1.2251, 2, 1.23, "1.23"},
+        {9.995, 2, 10.0, "10.00"},
+        {-0.001, 2, 0, "0.00"},
+        {1.5, 3, 1.5, "1.500"},
+        {1e-7, 2, 0, "0.00"},
+        {1234.5678, 0, 1235, "1235"},
+        {1e20, 0, 1e20, "100000000000000000000"},
+        {1.0 / 3.0, 20, 1.0 / 3.0, "0.33333333333333300000"}}) {
+    EXPECT_DOUBLE_EQ(Round(x, decimals), round) << x << " " << decimals;
+    EXPECT_EQ(DecimalText(x, decimals), decimalText) << x << " " << decimals;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConvertRounding,
-    testing::Values(RoundCase{2.5, 0, 2, "3"}, RoundCase{-2.5, 0, -2, "-3"},
-                    RoundCase{0.5, 0, 0, "1"}, RoundCase{2.675, 2, 2.68, "2.68"},
-                    RoundCase{-2.675, 2, -2.68, "-2.68"}, RoundCase{1.005, 2, 1.0, "1.01"},
-                    RoundCase{0.125, 2, 0.12, "0.13"}, RoundCase{1.2251, 2, 1.23, "1.23"},
-                    RoundCase{9.995, 2, 10.0, "10.00"}, RoundCase{-0.001, 2, 0, "0.00"},
-                    RoundCase{1.5, 3, 1.5, "1.500"}, RoundCase{1e-7, 2, 0, "0.00"},
-                    RoundCase{1234.5678, 0, 1235, "1235"},
-                    RoundCase{1e20, 0, 1e20, "100000000000000000000"},
-                    RoundCase{1.0 / 3.0, 20, 1.0 / 3.0, "0.33333333333333300000"}));
 
 struct FormatCase {
   Variant value;  // String values are patterns for In()
