@@ -73,30 +73,29 @@ TEST_F(BankAdaptersTest, KeysZeroAndOneBuildTheCardWithoutShowingIt) {
   EXPECT_TRUE(gone.Value.IsNothing());
 }
 
-class BankSelectTest : public BankAdaptersTest,
-                       public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(BankSelectTest, SelectingByTextReplacesTheListWithTheMatches) {
-  auto none = banks_->ClickMenu("O0000300", "", GetParam(), "");
-  EXPECT_EQ(none.Action, OrvelMenuResult::kNothing) << "an empty answer changes nothing";
-  EXPECT_TRUE(none.Value.IsEmpty());
-  EXPECT_TRUE(BusinessLines().empty());
-  host_.HostClasses()->QueueObjectSelect("šiaul");
-  auto result = banks_->ClickMenu("O0000300", "", GetParam(), "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  const auto& value = result.Value.ArrayValue();
-  ASSERT_EQ(value.size(), 2u);
-  auto rs = value[0].ObjectAs<Recordset>();
-  ASSERT_NE(rs, nullptr);
-  EXPECT_EQ(rs->RecordCount(), 1);
-  EXPECT_EQ(value[1], Variant("šiaul"));
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList '','šiaul'"});
-  auto dialog = host_.HostClasses()->LastObjectSelect();
-  EXPECT_FALSE(dialog->MultiSelect());
-  EXPECT_EQ(dialog->OType(), "O0000300");
+// By the menu and by the key chord alike.
+TEST_F(BankAdaptersTest, SelectingByTextReplacesTheListWithTheMatches) {
+  for (const char* key : {"4", "70S2"}) {
+    host_.Log().Clear();
+    auto none = banks_->ClickMenu("O0000300", "", key, "");
+    EXPECT_EQ(none.Action, OrvelMenuResult::kNothing) << "an empty answer changes nothing";
+    EXPECT_TRUE(none.Value.IsEmpty());
+    EXPECT_TRUE(BusinessLines().empty());
+    host_.HostClasses()->QueueObjectSelect("šiaul");
+    auto result = banks_->ClickMenu("O0000300", "", key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList) << key;
+    const auto& value = result.Value.ArrayValue();
+    ASSERT_EQ(value.size(), 2u);
+    auto rs = value[0].ObjectAs<Recordset>();
+    ASSERT_NE(rs, nullptr);
+    EXPECT_EQ(rs->RecordCount(), 1);
+    EXPECT_EQ(value[1], Variant("šiaul"));
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList '','šiaul'"});
+    auto dialog = host_.HostClasses()->LastObjectSelect();
+    EXPECT_FALSE(dialog->MultiSelect());
+    EXPECT_EQ(dialog->OType(), "O0000300");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(MenuAndChord, BankSelectTest, ::testing::Values("4", "70S2"));
 
 TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   host_.Ui()->QueueAnswer(vbCancel);
@@ -162,26 +161,6 @@ TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {
                                  "GetCall GetFirms O00003005",
                                  "GetCall GetFirms 'O00003005',1",
                              }));
-}
-
-TEST_F(BankAdaptersTest, PropertyFailuresReportTheNumberOnlyWhenAboveZero) {
-  auto bank = banks_->GetOrvelObject("O00003005");
-  ASSERT_NE(bank, nullptr);
-  BO("O0000300").ReplyRead("GetFirms", OrvelBoResult(42, "Nepavyko"));
-  auto result = bank->Properties("Firms", "");
-  EXPECT_EQ(result.Number, 42);
-  EXPECT_EQ(result.Text, "42");
-
-  BO("O0000300").ReplyRead("GetFirms", OrvelBoResult(-1, "Tyliai"));
-  result = bank->Properties("Firms", "");
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
-
-  BO("O0000300").ReplyRead("Orvel_GetObjectStructure", OrvelBoResult(7, "Nėra"));
-  result = bank->Properties("Structure", "");
-  EXPECT_EQ(result.Number, 7);
-  EXPECT_EQ(result.Text, "7");
-  EXPECT_TRUE(result.Value.IsEmpty());
 }
 
 }  // namespace

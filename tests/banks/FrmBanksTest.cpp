@@ -6,19 +6,19 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/ModuleTest.h"
-#include "testhost/FakeOrvelGrid.h"
+#include "support/CardTest.h"
 #include "testhost/TestMainForm.h"
 #include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
 
-class FrmBanksTest : public ModuleTest {
+class FrmBanksTest : public CardTest<frmBanks> {
  protected:
+  FrmBanksTest() : CardTest("O0000300") {}
   void SetUp() override {
-    ModuleTest::SetUp();
-    auto& table = BO("O0000300").Table();
+    CardTest::SetUp();
+    auto& table = BO(oid_).Table();
     table.SetFields({"ID", "Name", "Code"});
     table.Seed(
         {{{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
@@ -26,23 +26,9 @@ class FrmBanksTest : public ModuleTest {
     firms->AddRow({Variant("O00001007"), Variant("UAB Medis")});
     firms->AddRow({Variant("O00001009"), Variant("AB Akmuo")});
     firms->AddRow({Variant("O00001007"), Variant("UAB Medis (vėl)")});
-    BO("O0000300").ReplyRead("GetFirms", firms);
-    banks_ = Adapter("O0000300");
+    BO(oid_).ReplyRead("GetFirms", firms);
+    MakeAdapter();
   }
-
-  // Opens a card the way the host does: the menu builds it, the window
-  // manager shows it.
-  std::shared_ptr<frmBanks> Open(const std::string& oidr, const char* key = "0") {
-    auto result = banks_->ClickMenu(oidr, "", key, "");
-    auto window = result.Value.ObjectAs<frmBanks>();
-    EXPECT_NE(window, nullptr);
-    if (window) host_.WindowManager()->ShowWindow(window);
-    host_.Log().Clear();
-    host_.Ui()->ClearBoxes();
-    return window;
-  }
-
-  FakeOrvelGrid& Grid(frmBanks& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
 
   struct Buttons {
     bool enter, cancel, fresh;
@@ -55,21 +41,21 @@ class FrmBanksTest : public ModuleTest {
   static constexpr Buttons kDirty{true, true, false};
 
   std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
-  // "<flags> <title>|<prompt>" of each box shown.
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> out;
-    for (const auto& b : host_.Ui()->Boxes()) {
-      out.push_back(std::to_string(b.flags) + " " + b.title + "|" + b.prompt);
-    }
-    return out;
-  }
-
-  std::shared_ptr<OrvelObjectUI> banks_;
 };
 
+// Loading reads the structure and the firms under the hourglass.
 TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
-  auto w = Open("O00003005");
+  auto w = adapter_->ClickMenu("O00003005", "", "0", "").Value.ObjectAs<frmBanks>();
   ASSERT_TRUE(w);
+  host_.Log().Clear();
+  host_.WindowManager()->ShowWindow(w);
+  EXPECT_EQ(BusinessLines(),
+            (std::vector<std::string>{"RecordsetCall Orvel_GetObjectStructure Banks",
+                                      "GetCall GetFirms O00003005"}));
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  EXPECT_NE(std::find(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
+                      vbHourglass),
+            host_.Ui()->MousePointers().end());
   EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
   EXPECT_EQ(ButtonsOf(*w), kClean);
   EXPECT_TRUE(w->Enabled());
@@ -85,30 +71,11 @@ TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
   EXPECT_EQ(firms.ListItems().Item(1).Tag(), Variant("O00001007"));
   EXPECT_EQ(firms.ListItems().Item(1).SmallIcon(), "C0000100");
   EXPECT_EQ(firms.ListItems().Item(2).Key(), "O00001009");
-}
-
-TEST_F(FrmBanksTest, LoadingReadsTheStructureAndTheFirmsUnderTheHourglass) {
-  auto result = banks_->ClickMenu("O00003005", "", "0", "");
-  auto w = result.Value.ObjectAs<frmBanks>();
-  ASSERT_TRUE(w);
-  host_.Log().Clear();
-  host_.WindowManager()->ShowWindow(w);
-  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
-                                 "RecordsetCall Orvel_GetObjectStructure Banks",
-                                 "GetCall GetFirms O00003005",
-                             }));
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  EXPECT_NE(std::find(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
-                      vbHourglass),
-            host_.Ui()->MousePointers().end());
-}
-
-TEST_F(FrmBanksTest, ASecondInitFormAddsNoTabAndNoColumn) {
-  auto w = Open("O00003005");
+  // A second InitForm adds no tab and no column.
   w->InitForm();
   EXPECT_EQ(Grid(*w).Tabs().size(), 1u);
-  EXPECT_EQ(Grid(*w).TabList("Firms").ColumnHeaders().Count(), 1);
-  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 2);
+  EXPECT_EQ(firms.ColumnHeaders().Count(), 1);
+  EXPECT_EQ(firms.ListItems().Count(), 2);
 }
 
 TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
@@ -117,7 +84,7 @@ TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
   EXPECT_EQ(ButtonsOf(*w), kDirty);
   w->cmdEnter.Click();
   EXPECT_EQ(ButtonsOf(*w), kClean);
-  EXPECT_EQ(BO("O0000300").Table().Value(5, "Name"), Variant("Šiaulių bankas AB"));
+  EXPECT_EQ(BO(oid_).Table().Value(5, "Name"), Variant("Šiaulių bankas AB"));
   EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00003005"});
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_EQ(BusinessLines().front(), "ExecArrayCall Orvel_SaveObject 'O0000300','O00003005'");
@@ -126,10 +93,10 @@ TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
 TEST_F(FrmBanksTest, AFailedWriteSaysSoAndStaysDirty) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
-  BO("O0000300").FailCallsNamed("Orvel_SaveObject", 17, "Kodas kartojasi");
+  BO(oid_).FailCallsNamed("Orvel_SaveObject", 17, "Kodas kartojasi");
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Orvel Apskaita|Klaida!\n\nKodas kartojasi"});
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Orvel Apskaita Klaida!\n\nKodas kartojasi"});
   EXPECT_EQ(ButtonsOf(*w), kDirty);
   EXPECT_TRUE(WindowLines().empty());
 }
@@ -137,7 +104,7 @@ TEST_F(FrmBanksTest, AFailedWriteSaysSoAndStaysDirty) {
 TEST_F(FrmBanksTest, AWriteRefusedWith60000ReReadsTheRecord) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
-  BO("O0000300").FailCallsNamed("Orvel_SaveObject", 60000, "Įrašą pakeitė kitas vartotojas");
+  BO(oid_).FailCallsNamed("Orvel_SaveObject", 60000, "Įrašą pakeitė kitas vartotojas");
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdEnter_Click();
   EXPECT_EQ(host_.Ui()->Boxes().size(), 1u);
@@ -155,10 +122,10 @@ TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
   EXPECT_EQ(ButtonsOf(*w), kClean);
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
 
-  BO("O0000300").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
+  BO(oid_).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Orvel Apskaita|Įrašas nerastas: O00003005"});
+  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Orvel Apskaita Įrašas nerastas: O00003005"});
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 True");
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
 }
@@ -171,7 +138,7 @@ TEST_F(FrmBanksTest, NewMovesTheWindowToANewRecordAndRekeysIt) {
   w->SSCNew_Click();
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00003005");
   EXPECT_EQ(Boxes(), std::vector<std::string>{
-                         "52 Orvel Apskaita|Banko kortelė\n\nUždaryti be išsaugojimo?"});
+                         "52 Orvel Apskaita Banko kortelė\n\nUždaryti be išsaugojimo?"});
   w->cmdCancel_Click();
   host_.Log().Clear();
   w->SSCNew_Click();
@@ -228,14 +195,14 @@ TEST_F(FrmBanksTest, ARightClickOnCloseDeletesTheBankAfterAsking) {
   auto w = Open("O00003005");
   host_.Ui()->QueueAnswer(vbCancel);
   w->SSCClose_MouseUp(2);
-  EXPECT_TRUE(BO("O0000300").Table().Contains(5));
+  EXPECT_TRUE(BO(oid_).Table().Contains(5));
   w->SSCClose_MouseUp(1);  // a left button does nothing
   EXPECT_EQ(Boxes(), std::vector<std::string>{
-                         "49 Orvel Apskaita|Ar tikrai norite panaikinti?\nŠiaulių bankas"});
+                         "49 Orvel Apskaita Ar tikrai norite panaikinti?\nŠiaulių bankas"});
 
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
-  EXPECT_FALSE(BO("O0000300").Table().Contains(5));
+  EXPECT_FALSE(BO(oid_).Table().Contains(5));
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 False");
 }
 

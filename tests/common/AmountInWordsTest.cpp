@@ -14,8 +14,9 @@
 
 #include "AmountReading.h"
 #include "common/AmountInWords.h"
-#include "orvel/Locale.h"
 #include "host/MemoryRecordset.h"
+#include "host/Text.h"
+#include "orvel/Locale.h"
 #include "orvel/RuntimeError.h"
 
 namespace orvel {
@@ -30,8 +31,6 @@ constexpr const char* kLargestWords =
     "devyni";
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
-
-// ---- PluralForm ----
 
 struct FormCase {
   const char* digits;
@@ -48,20 +47,15 @@ TEST_P(PluralFormTest, GivesTheFormTheNounTakes) {
 // Text keeping the amount's minus sign: every negative number is "at most 9".
 // Beyond a 16-bit integer the last digits still decide; text that is not a
 // whole number asks for no form.
-INSTANTIATE_TEST_SUITE_P(
-    Triplets, PluralFormTest,
-    testing::Values(FormCase{"001", 1}, FormCase{"011", 3}, FormCase{"010", 3}, FormCase{"102", 2},
-                    FormCase{"000", 0}, FormCase{"0", 0}, FormCase{"1", 1}, FormCase{"9", 2},
-                    FormCase{"19", 3}, FormCase{"20", 3}, FormCase{"21", 1}, FormCase{"111", 3},
-                    FormCase{"121", 1}, FormCase{"-0", 0}, FormCase{"-1", 2}, FormCase{"-11", 2},
-                    FormCase{"32768", 2}, FormCase{"1000000000000000000011", 3}, FormCase{"", 0},
-                    FormCase{"-", 0}, FormCase{"1a", 0}, FormCase{" 1", 0}, FormCase{"1.5", 0},
-                    FormCase{"021", 1}, FormCase{"100", 3}, FormCase{"101", 1}, FormCase{"00", 0},
-                    FormCase{"05", 2}, FormCase{"10", 3}, FormCase{"999", 2}, FormCase{"-5", 2},
-                    FormCase{"-99999", 2}, FormCase{"1234567891", 1},
-                    FormCase{"99999999999999999999", 2}));
-
-// ---- TripletToWords ----
+INSTANTIATE_TEST_SUITE_P(Triplets, PluralFormTest,
+                         testing::Values(FormCase{"001", 1}, FormCase{"011", 3}, FormCase{"010", 3},
+                                         FormCase{"102", 2}, FormCase{"000", 0}, FormCase{"1", 1},
+                                         FormCase{"9", 2}, FormCase{"05", 2}, FormCase{"21", 1},
+                                         FormCase{"111", 3}, FormCase{"-0", 0}, FormCase{"-1", 2},
+                                         FormCase{"-11", 2}, FormCase{"32768", 2},
+                                         FormCase{"1000000000000000000011", 3}, FormCase{"", 0},
+                                         FormCase{"-", 0}, FormCase{"1a", 0}, FormCase{" 1", 0},
+                                         FormCase{"1.5", 0}));
 
 struct TripletCase {
   const char* digits;
@@ -77,19 +71,18 @@ TEST_P(TripletToWordsTest, SpellsTheNumber) {
 }
 
 // More than three digits, or no digits, has no words.
-INSTANTIATE_TEST_SUITE_P(
-    All, TripletToWordsTest,
-    testing::Values(
-        TripletCase{"000", true, ""}, TripletCase{"007", true, "septynios"},
-        TripletCase{"012", true, "dvylika"}, TripletCase{"051", true, "penkiasdešimt viena"},
-        TripletCase{"100", true, "vienas šimtas"}, TripletCase{"205", true, "du šimtai penkios"},
-        TripletCase{"310", false, "trys šimtai dešimt"}, TripletCase{"-5", false, "penki"},
-        TripletCase{"1000", false, ""}, TripletCase{"", false, ""}, TripletCase{"1x", false, ""},
-        TripletCase{"0", false, ""}, TripletCase{"7", false, "septyni"},
-        TripletCase{"010", false, "dešimt"}, TripletCase{"200", false, "du šimtai"},
-        TripletCase{"213", false, "du šimtai trylika"}));
-
-// ---- AmountToWords ----
+INSTANTIATE_TEST_SUITE_P(All, TripletToWordsTest,
+                         testing::Values(TripletCase{"000", true, ""},
+                                         TripletCase{"007", true, "septynios"},
+                                         TripletCase{"012", true, "dvylika"},
+                                         TripletCase{"051", true, "penkiasdešimt viena"},
+                                         TripletCase{"100", true, "vienas šimtas"},
+                                         TripletCase{"205", true, "du šimtai penkios"},
+                                         TripletCase{"310", false, "trys šimtai dešimt"},
+                                         TripletCase{"-5", false, "penki"},
+                                         TripletCase{"1000", false, ""}, TripletCase{"", false, ""},
+                                         TripletCase{"1x", false, ""},
+                                         TripletCase{"213", false, "du šimtai trylika"}));
 
 struct WordsCase {
   double amount;
@@ -122,23 +115,21 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(
         WordsCase{21.02, kM, kCents, "Dvidešimt vienas Lt 02 ct"},
         WordsCase{2, kF, kCents, "Dvi Lt 00 ct"},
-        WordsCase{21, kF, kCents, "Dvidešimt viena Lt 00 ct"},
-        WordsCase{14, kF, kCents, "Keturiolika Lt 00 ct"},
         WordsCase{99, kF, kNoCents, "Devyniasdešimt devynios"},
         WordsCase{6, kF, kNoCents, "Šešios"}, WordsCase{16, kM, kCents, "Šešiolika Lt 00 ct"},
+        WordsCase{40, kM, kCents, "Keturiasdešimt Lt 00 ct"},
         WordsCase{101, kF, kCents, "Vienas šimtas viena Lt 00 ct"},
         WordsCase{111, kM, kCents, "Vienas šimtas vienuolika Lt 00 ct"},
-        WordsCase{302, kF, kCents, "Trys šimtai dvi Lt 00 ct"},
         WordsCase{1001, kF, kCents, "Vienas tūkstantis viena Lt 00 ct"},
         WordsCase{2002, kF, kCents, "Du tūkstančiai dvi Lt 00 ct"},
+        WordsCase{6000, kM, kCents, "Šeši tūkstančiai Lt 00 ct"},
         WordsCase{11000, kM, kCents, "Vienuolika tūkstančių Lt 00 ct"},
         WordsCase{21000, kF, kCents, "Dvidešimt vienas tūkstantis Lt 00 ct"},
-        WordsCase{101000, kM, kCents, "Vienas šimtas vienas tūkstantis Lt 00 ct"},
+        WordsCase{100000, kM, kCents, "Vienas šimtas tūkstančių Lt 00 ct"},
+        WordsCase{1000000, kM, kCents, "Vienas milijonas Lt 00 ct"},
         WordsCase{2002000, kM, kCents, "Du milijonai du tūkstančiai Lt 00 ct"},
         WordsCase{12000000, kM, kNoCents, "Dvylika milijonų"},
         WordsCase{1001000001, kF, kCents, "Vienas milijardas vienas milijonas viena Lt 00 ct"},
-        WordsCase{21000000021.0, kF, kCents,
-                  "Dvidešimt vienas milijardas dvidešimt viena Lt 00 ct"},
         WordsCase{999999999999.99, kM, kCents,
                   "Devyni šimtai devyniasdešimt devyni milijardai devyni šimtai devyniasdešimt "
                   "devyni milijonai devyni šimtai devyniasdešimt devyni tūkstančiai devyni šimtai "
@@ -149,38 +140,18 @@ INSTANTIATE_TEST_SUITE_P(
 // carry may reach a new triplet.
 INSTANTIATE_TEST_SUITE_P(
     ZeroSignAndRounding, AmountToWordsTest,
-    testing::Values(
-        WordsCase{0.0, kF, kNoCents, "Nulis Lt 00 ct"},
-        WordsCase{-0.0, kM, kNoCents, "Nulis Lt 00 ct"},
-        WordsCase{0.001, kM, kCents, "Nulis Lt 00 ct"}, WordsCase{0.001, kM, kNoCents, "Nulis"},
-        WordsCase{0.10, kM, kCents, "Nulis Lt 10 ct"},
-        WordsCase{-21.5, kF, kCents, "Dvidešimt viena Lt 50 ct"},
-        WordsCase{2.675, kM, kCents, "Du Lt 68 ct"}, WordsCase{-2.675, kM, kCents, "Du Lt 68 ct"},
-        WordsCase{1.005, kM, kCents, "Vienas Lt 01 ct"},
-        WordsCase{0.995, kM, kCents, "Vienas Lt 00 ct"},
-        WordsCase{999.999, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
-        WordsCase{1, kM, kCents, "Vienas Lt 00 ct"}, WordsCase{1, kF, kCents, "Viena Lt 00 ct"},
-        WordsCase{8, kM, kCents, "Aštuoni Lt 00 ct"}, WordsCase{10, kM, kCents, "Dešimt Lt 00 ct"},
-        WordsCase{40, kM, kCents, "Keturiasdešimt Lt 00 ct"},
-        WordsCase{6, kM, kCents, "Šeši Lt 00 ct"},
-        WordsCase{60, kM, kCents, "Šešiasdešimt Lt 00 ct"},
-        WordsCase{6000, kM, kCents, "Šeši tūkstančiai Lt 00 ct"},
-        WordsCase{100, kF, kCents, "Vienas šimtas Lt 00 ct"},
-        WordsCase{110, kM, kCents, "Vienas šimtas dešimt Lt 00 ct"},
-        WordsCase{200, kM, kCents, "Du šimtai Lt 00 ct"},
-        WordsCase{999, kM, kCents, "Devyni šimtai devyniasdešimt devyni Lt 00 ct"},
-        WordsCase{1000, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
-        WordsCase{2000, kM, kCents, "Du tūkstančiai Lt 00 ct"},
-        WordsCase{10000, kM, kCents, "Dešimt tūkstančių Lt 00 ct"},
-        WordsCase{100000, kM, kCents, "Vienas šimtas tūkstančių Lt 00 ct"},
-        WordsCase{1234.5, kM, kCents, "Vienas tūkstantis du šimtai trisdešimt keturi Lt 50 ct"},
-        WordsCase{1000000, kM, kCents, "Vienas milijonas Lt 00 ct"},
-        WordsCase{1000001, kF, kCents, "Vienas milijonas viena Lt 00 ct"},
-        WordsCase{1000000000, kM, kCents, "Vienas milijardas Lt 00 ct"},
-        WordsCase{0.0, kM, kCents, "Nulis Lt 00 ct"},
-        WordsCase{-0.001, kM, kCents, "Nulis Lt 00 ct"}, WordsCase{5, kM, kNoCents, "Penki"},
-        WordsCase{-5, kM, kCents, "Penki Lt 00 ct"}, WordsCase{0.125, kM, kCents, "Nulis Lt 13 ct"},
-        WordsCase{-999999999999.994, kM, kNoCents, kLargestWords}));
+    testing::Values(WordsCase{0.0, kF, kNoCents, "Nulis Lt 00 ct"},
+                    WordsCase{-0.0, kM, kNoCents, "Nulis Lt 00 ct"},
+                    WordsCase{0.001, kM, kCents, "Nulis Lt 00 ct"},
+                    WordsCase{0.001, kM, kNoCents, "Nulis"},
+                    WordsCase{0.10, kM, kCents, "Nulis Lt 10 ct"},
+                    WordsCase{-21.5, kF, kCents, "Dvidešimt viena Lt 50 ct"},
+                    WordsCase{2.675, kM, kCents, "Du Lt 68 ct"},
+                    WordsCase{-2.675, kM, kCents, "Du Lt 68 ct"},
+                    WordsCase{1.005, kM, kCents, "Vienas Lt 01 ct"},
+                    WordsCase{0.995, kM, kCents, "Vienas Lt 00 ct"},
+                    WordsCase{999.999, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
+                    WordsCase{-999999999999.994, kM, kNoCents, kLargestWords}));
 
 struct NoWordsCase {
   double amount;
@@ -203,11 +174,9 @@ TEST_P(AmountWithoutWordsTest, FailsWithAReason) {
 INSTANTIATE_TEST_SUITE_P(
     All, AmountWithoutWordsTest,
     testing::Values(NoWordsCase{-1e12, "per didelė"}, NoWordsCase{999999999999.995, "per didelė"},
-                    NoWordsCase{1e15, "per didelė"},
                     NoWordsCase{std::numeric_limits<double>::max(), "per didelė"},
                     NoWordsCase{kNaN, "baigtinis"}, NoWordsCase{-kInf, "baigtinis"},
-                    NoWordsCase{1e12, "per didelė"}, NoWordsCase{1234567890123.45, "per didelė"},
-                    NoWordsCase{1e300, "per didelė"}, NoWordsCase{kInf, "baigtinis"}));
+                    NoWordsCase{kInf, "baigtinis"}));
 
 // Words come only from the tables: whatever the amount, no digit of the
 // amount, no table slot "0", no doubled or stray blank reaches the words.
@@ -266,8 +235,6 @@ INSTANTIATE_TEST_SUITE_P(BothSeparators, WordsUnderLocaleTest,
                            return info.param.decimalSeparator == "," ? "Comma" : "Point";
                          });
 
-// ---- SumByWords ----
-
 struct Currency {
   const char* state;
   Variant gender;
@@ -324,47 +291,26 @@ INSTANTIATE_TEST_SUITE_P(
         SumCase{"AmountAsLocaleText", {"21,02"}, "Dvidešimt vienas Vokietijos euras 02 centai"},
         SumCase{"OneHundredEleven", {111}, "Vienas šimtas vienuolika Vokietijos eurų 00 centų"},
         SumCase{"ThousandAndOne", {1001}, "Vienas tūkstantis vienas Vokietijos euras 00 centų"},
-        SumCase{"Integer", {21}, "Dvidešimt vienas Vokietijos euras 00 centų"},
-        SumCase{"Five", {5, false}, "Penki"},
+        SumCase{"Cents00", {3.00}, "Trys Vokietijos eurai 00 centų"},
         SumCase{"Cents01", {3.01}, "Trys Vokietijos eurai 01 centas"},
-        SumCase{"Cents09", {3.09}, "Trys Vokietijos eurai 09 centai"},
+        SumCase{"Cents02", {3.02}, "Trys Vokietijos eurai 02 centai"},
+        SumCase{"Cents10", {3.10}, "Trys Vokietijos eurai 10 centų"},
         SumCase{"Cents11", {3.11}, "Trys Vokietijos eurai 11 centų"},
         SumCase{"Cents21", {3.21}, "Trys Vokietijos eurai 21 centas"},
-        SumCase{"Cents30", {3.30}, "Trys Vokietijos eurai 30 centų"},
+        SumCase{"Cents22", {3.22}, "Trys Vokietijos eurai 22 centai"},
         SumCase{"FlagAsText", {21.02, "False"}, "Dvidešimt vienas"},
         SumCase{"ExplicitTrue", {5, true}, "Penki Vokietijos eurai 00 centų"},
         SumCase{"ExactZero", {0, false}, "Nulis Vokietijos eurų 00 centų"},
         SumCase{"AlmostZero", {0.001, false}, "Nulis"},
         SumCase{"EmptyAmount", {Variant()}, "Nulis Vokietijos eurų 00 centų"},
+        SumCase{"MinusOne", {-1}, "Vienas Vokietijos eurai 00 centų"},
         SumCase{"MinusEleven", {-11}, "Vienuolika Vokietijos eurai 00 centų"},
         SumCase{"MinusHalf", {-0.50}, "Nulis Vokietijos eurų 50 centų"},
         SumCase{"MinusHundredOne", {-101}, "Vienas šimtas vienas Vokietijos euras 00 centų"},
-        SumCase{"FemOne", {1}, "Viena Švedijos krona 00 erių", &kKrona},
         SumCase{"FemTwo", {2.02}, "Dvi Švedijos kronos 02 erės", &kKrona},
         SumCase{
             "FemThousandAndOne", {1001}, "Vienas tūkstantis viena Švedijos krona 00 erių", &kKrona},
-        SumCase{"GenderTrue", {32}, "Trisdešimt dvi Švedijos kronos 00 erių", &kKronaTrue},
-        SumCase{"Thousand", {1000}, "Vienas tūkstantis Vokietijos eurų 00 centų"},
-        SumCase{"Largest",
-                {999999999999.99},
-                "Devyni šimtai devyniasdešimt devyni milijardai devyni šimtai devyniasdešimt "
-                "devyni milijonai devyni šimtai devyniasdešimt devyni tūkstančiai devyni šimtai "
-                "devyniasdešimt devyni Vokietijos eurai 99 centai"},
-        SumCase{"Cents00", {3.00}, "Trys Vokietijos eurai 00 centų"},
-        SumCase{"Cents02", {3.02}, "Trys Vokietijos eurai 02 centai"},
-        SumCase{"Cents10", {3.10}, "Trys Vokietijos eurai 10 centų"},
-        SumCase{"Cents19", {3.19}, "Trys Vokietijos eurai 19 centų"},
-        SumCase{"Cents20", {3.20}, "Trys Vokietijos eurai 20 centų"},
-        SumCase{"Cents22", {3.22}, "Trys Vokietijos eurai 22 centai"},
-        SumCase{"MinusOne", {-1}, "Vienas Vokietijos eurai 00 centų"},
-        SumCase{"MinusTwentyOne", {-21}, "Dvidešimt vienas Vokietijos eurai 00 centų"},
-        SumCase{"MinusHundred", {-100}, "Vienas šimtas Vokietijos eurų 00 centų"},
-        SumCase{"Minus1234",
-                {-1234},
-                "Vienas tūkstantis du šimtai trisdešimt keturi Vokietijos eurai 00 "
-                "centų"},
-        SumCase{"TwentyOne", {21.01}, "Dvidešimt viena Švedijos krona 01 erė", &kKrona},
-        SumCase{"HundredFive", {105}, "Vienas šimtas penkios Švedijos kronos 00 erių", &kKrona}),
+        SumCase{"GenderTrue", {32}, "Trisdešimt dvi Švedijos kronos 00 erių", &kKronaTrue}),
     SumCaseName);
 
 struct SumFailureCase {
@@ -388,25 +334,22 @@ TEST_P(SumByWordsFailureTest, ReportsWithoutWords) {
 
 INSTANTIATE_TEST_SUITE_P(
     All, SumByWordsFailureTest,
-    testing::Values(
-        SumFailureCase{"NoAmount", {}, 777, "SumByWords: nenurodyta suma !"},
-        SumFailureCase{"RoundsUpOutOfRange",
-                       {999999999999.995, false},
-                       RuntimeError::kSubscript,
-                       "per didelė"},
-        SumFailureCase{"Infinity", {kInf}, RuntimeError::kSubscript, "baigtinis"},
-        SumFailureCase{"NaN", {kNaN}, RuntimeError::kSubscript, "baigtinis"},
-        SumFailureCase{"TrillionHasNoWords", {1e12}, RuntimeError::kSubscript, "per didelė"},
-        SumFailureCase{"NegativeTrillion", {-1e12}, RuntimeError::kSubscript, "per didelė"},
-        SumFailureCase{"TextAmount",
-                       {"abc"},
-                       RuntimeError::kTypeMismatch,
-                       "SumByWords: suma „abc“ nėra skaičius !"},
-        SumFailureCase{"NullAmount", {Variant::Null()}, RuntimeError::kInvalidUseOfNull, "Null"},
-        SumFailureCase{"BadCentsFlag",
-                       {21.02, "gal"},
-                       RuntimeError::kTypeMismatch,
-                       "antrasis parametras „gal“"}),
+    testing::Values(SumFailureCase{"NoAmount", {}, 777, "SumByWords: nenurodyta suma !"},
+                    SumFailureCase{"RoundsUpOutOfRange",
+                                   {999999999999.995, false},
+                                   RuntimeError::kSubscript,
+                                   "per didelė"},
+                    SumFailureCase{"Infinity", {kInf}, RuntimeError::kSubscript, "baigtinis"},
+                    SumFailureCase{"TextAmount",
+                                   {"abc"},
+                                   RuntimeError::kTypeMismatch,
+                                   "SumByWords: suma „abc“ nėra skaičius !"},
+                    SumFailureCase{
+                        "NullAmount", {Variant::Null()}, RuntimeError::kInvalidUseOfNull, "Null"},
+                    SumFailureCase{"BadCentsFlag",
+                                   {21.02, "gal"},
+                                   RuntimeError::kTypeMismatch,
+                                   "antrasis parametras „gal“"}),
     [](const testing::TestParamInfo<SumFailureCase>& info) { return info.param.name; });
 
 // A missing field is named; a Null gender is an error while a Null text
@@ -444,23 +387,10 @@ TEST(SumByWordsRecord, MissingNullAndAbsentRecordFieldsAreNamed) {
 // either separator, signs and zeros; lines the quick way refuses must be
 // ones it is not meant to take.
 TEST(PlainAmount, GivesTheWordsOfTheGeneralWay) {
-  std::vector<std::string> lines{"0",
-                                 "-0",
-                                 "0,00",
-                                 "000",
-                                 "007",
-                                 "007.5",
-                                 "0.05",
-                                 "-0.5",
-                                 "12.3",
-                                 "12,30",
-                                 "100000",
-                                 "1000000",
-                                 "1001",
-                                 "21.02",
-                                 "999999999999.99",
-                                 "-999999999999,99",
-                                 "000000000000000000001.5"};
+  std::vector<std::string> lines = Split(
+      "0 -0 0,00 000 007 007.5 0.05 -0.5 12.3 12,30 100000 1000000 1001 21.02 999999999999.99 "
+      "-999999999999,99 000000000000000000001.5",
+      " ");
   std::mt19937_64 gen(2811);
   for (int k = 0; k < 200000; ++k) {
     const int digits = 1 + static_cast<int>(gen() % 12);

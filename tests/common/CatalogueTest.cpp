@@ -18,62 +18,43 @@
 namespace orvel {
 namespace {
 
-// --- Number boxes -------------------------------------------------------
-
-struct KeyCase {
-  int key;
-  const char* text;
-  int expected;
-};
-
-class KeyFilterDecimalTest : public ::testing::TestWithParam<KeyCase> {};
-
-TEST_P(KeyFilterDecimalTest, LetsDigitsAndOneDecimalCommaThrough) {
-  EXPECT_EQ(KeyFilterDecimal(GetParam().key, GetParam().text), GetParam().expected)
-      << GetParam().key << " into '" << GetParam().text << "'";
+TEST(Catalogue, KeyFilterDecimalLetsDigitsAndOneDecimalCommaThrough) {
+  for (const auto& [key, text, expected] : {std::tuple<int, const char*, int>{'0', "", '0'},
+                                            {8, "1,5", 8},
+                                            {'.', "15", ','},
+                                            {',', "15", ','},
+                                            {'.', "1,5", 0},
+                                            {'-', "", 0},
+                                            {'a', "", 0},
+                                            {13, "1", 0},
+                                            {'9', "1,5", '9'},
+                                            {',', "1,5", 0},
+                                            {' ', "1", 0}}) {
+    EXPECT_EQ(KeyFilterDecimal(key, text), expected) << key << " into '" << text << "'";
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Catalogue, KeyFilterDecimalTest,
-                         ::testing::Values(KeyCase{'0', "", '0'}, KeyCase{8, "1,5", 8},
-                                           KeyCase{'.', "15", ','}, KeyCase{',', "15", ','},
-                                           KeyCase{'.', "1,5", 0}, KeyCase{'-', "", 0},
-                                           KeyCase{'a', "", 0}, KeyCase{13, "1", 0},
-                                           KeyCase{'9', "1,5", '9'}, KeyCase{',', "1,5", 0},
-                                           KeyCase{' ', "1", 0}));
 
 struct FormatCase {
   const char* text;
   int decimals;
   bool zeroIfBlank;
   const char* expected;
+  bool invariant = false;  // under the invariant locale rather than the Lithuanian
 };
 
-class FormatDecimalTextTest : public ModuleTest,
-                              public ::testing::WithParamInterface<FormatCase> {};
+using FormatDecimalTextTest = ModuleTest;
 
-TEST_P(FormatDecimalTextTest, FormatsNumbersWithoutGroupingAndBlankAsZeroWithTwoPlaces) {
-  const auto& c = GetParam();
-  EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
+TEST_F(FormatDecimalTextTest, FormatsNumbersInTheUisLocaleWithoutGroupingAndBlankAsZero) {
+  for (const FormatCase& c :
+       {FormatCase{"1,5", 2, false, "1,50"}, FormatCase{"1234,5", 2, false, "1234,50"},
+        FormatCase{"2,675", 2, false, "2,68"}, FormatCase{"1,23456", 4, true, "1,2346"},
+        FormatCase{"abc", 4, false, ""}, FormatCase{"abc", 4, true, "0,00"},
+        FormatCase{"", 0, true, "0,00"}, FormatCase{"1234.5", 2, false, "1234.50", true},
+        FormatCase{"x", 2, true, "0.00", true}}) {
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    EXPECT_EQ(FormatDecimalText(c.text, c.decimals, c.zeroIfBlank), c.expected) << c.text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Catalogue, FormatDecimalTextTest,
-                         ::testing::Values(FormatCase{"1,5", 2, false, "1,50"},
-                                           FormatCase{"1234,5", 2, false, "1234,50"},
-                                           FormatCase{"2,675", 2, false, "2,68"},
-                                           FormatCase{"1,23456", 4, true, "1,2346"},
-                                           FormatCase{"abc", 4, false, ""},
-                                           FormatCase{"abc", 4, true, "0,00"},
-                                           FormatCase{"", 0, true, "0,00"}));
-
-class FormatDecimalTextLocaleTest : public ModuleTest {};
-
-TEST_F(FormatDecimalTextLocaleTest, FollowsTheLocaleOfTheUi) {
-  host_.Ui()->SetLocale(Locale::Invariant());
-  EXPECT_EQ(FormatDecimalText("1234.5", 2, false), "1234.50");
-  EXPECT_EQ(FormatDecimalText("x", 2, true), "0.00");
-}
-
-// --- Small routines -----------------------------------------------------
 
 TEST(Catalogue, NullToLongGivesZeroForNullAndConvertsTheRest) {
   EXPECT_EQ(NullToLong(Variant::Null()), 0);
@@ -112,8 +93,6 @@ TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
   EXPECT_FALSE(FilterRecordset(nullptr, "Code = 'EUR'"));
   EXPECT_FALSE(FilterRecordset(std::make_shared<MemoryRecordset>(), "Code = 'EUR'"));
 }
-
-// --- Routines that ask the host ------------------------------------------
 
 class CatalogueHostTest : public ModuleTest {
  protected:

@@ -27,60 +27,48 @@ struct MenuCase {
   const char* otype;
   std::vector<std::string> entries;  // "key|caption"
 };
-void PrintTo(const MenuCase& c, std::ostream* out) {
-  *out << "'" << c.oidr << "' '" << c.otype << "'";
-}
-
-class CurrencyMenuTest : public CurrencyAdaptersTest,
-                         public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(CurrencyMenuTest, EntriesAndTheirOrder) {
-  auto menu = currencies_->GetMenu(GetParam().oidr, GetParam().otype, "ignored");
-  ASSERT_TRUE(menu);
-  std::vector<std::string> entries;
-  for (const auto& item : *menu) {
-    entries.push_back(item.Key + "|" + item.Caption);
-    EXPECT_EQ(item.Tag, nullptr);
-    EXPECT_EQ(item.Flags, 0);
-  }
-  EXPECT_EQ(entries, GetParam().entries);
-}
-
 const char* kRates = "Valiutų kursų įrašymas|Valiutų kursų įrašymas";
 const char* kNew = "&Nauja valiuta|&Nauja valiuta";
 const char* kSep = "100|-";
-INSTANTIATE_TEST_SUITE_P(
-    Nodes, CurrencyMenuTest,
-    ::testing::Values(MenuCase{"O0002200", "", {kRates, kNew, kSep}},
-                      MenuCase{"O00022005", "", {kRates, kNew, kSep}},
-                      MenuCase{"O00022005",
-                               "C",
-                               {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
-                                "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
-                      // The bare OID does not compare greater than itself: no record entries.
-                      MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
-                      MenuCase{"", "C", {kNew, kSep, kRates, kSep}}));
 
-TEST_F(CurrencyAdaptersTest, TheRatesEntryBuildsTheDownloadWindowOnANewObject) {
+TEST_F(CurrencyAdaptersTest, MenuEntriesAndTheirOrder) {
+  for (const MenuCase& c : {MenuCase{"O0002200", "", {kRates, kNew, kSep}},
+                            MenuCase{"O00022005", "", {kRates, kNew, kSep}},
+                            MenuCase{"O00022005",
+                                     "C",
+                                     {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
+                                      "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
+                            // The bare OID does not compare greater than itself: no record entries.
+                            MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
+                            MenuCase{"", "C", {kNew, kSep, kRates, kSep}}}) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.otype);
+    auto menu = currencies_->GetMenu(c.oidr, c.otype, "ignored");
+    ASSERT_TRUE(menu);
+    std::vector<std::string> entries;
+    for (const auto& item : *menu) {
+      entries.push_back(item.Key + "|" + item.Caption);
+      EXPECT_EQ(item.Tag, nullptr);
+      EXPECT_EQ(item.Flags, 0);
+    }
+    EXPECT_EQ(entries, c.entries);
+  }
+}
+
+TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindows) {
   auto result = currencies_->ClickMenu("O00022005", "C", "Valiutų kursų įrašymas", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
   auto window = result.Value.ObjectAs<frmCurrencyRates>();
   ASSERT_NE(window, nullptr);
   EXPECT_FALSE(window->Loaded());
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_NewObject 'O0002200'"});
-}
 
-TEST_F(CurrencyAdaptersTest, CardEntriesBuildTheCurrencyCard) {
-  auto stored = currencies_->ClickMenu("O00022005", "C", "Padėti &ant darbo stalo", "");
-  EXPECT_EQ(stored.Action, OrvelMenuResult::kShowWindow);
-  auto card = stored.Value.ObjectAs<frmCurrency>();
-  ASSERT_NE(card, nullptr);
-  EXPECT_EQ(card->OrvelObjectUIO()->OIDR(), "O00022005");
-
+  auto card = currencies_->ClickMenu("O00022005", "C", "Padėti &ant darbo stalo", "");
+  EXPECT_EQ(card.Action, OrvelMenuResult::kShowWindow);
+  ASSERT_NE(card.Value.ObjectAs<frmCurrency>(), nullptr);
+  EXPECT_EQ(card.Value.ObjectAs<frmCurrency>()->OrvelObjectUIO()->OIDR(), "O00022005");
   auto fresh = currencies_->ClickMenu("O00022005", "C", "&Nauja valiuta", "");
-  auto newCard = fresh.Value.ObjectAs<frmCurrency>();
-  ASSERT_NE(newCard, nullptr);
-  EXPECT_EQ(newCard->OrvelObjectUIO()->OIDR(), "");
+  ASSERT_NE(fresh.Value.ObjectAs<frmCurrency>(), nullptr);
+  EXPECT_EQ(fresh.Value.ObjectAs<frmCurrency>()->OrvelObjectUIO()->OIDR(), "");
 }
 
 TEST_F(CurrencyAdaptersTest, AnUnreadableCurrencyGivesNoWindowAndActionZero) {
@@ -125,41 +113,31 @@ TEST_F(CurrencyAdaptersTest, AddToDesktopShowsACardEveryTimeWithoutAsking) {
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList 'O0002200'"});
 }
 
-struct ListDateCase {
-  const char* given;
-  const char* sent;
-  bool boxed;
-};
-void PrintTo(const ListDateCase& c, std::ostream* out) { *out << "'" << c.given << "'"; }
-
-class CurrencyListDateTest : public CurrencyAdaptersTest,
-                             public ::testing::WithParamInterface<ListDateCase> {};
-
-TEST_P(CurrencyListDateTest, TheDateIsQuotedOrReplaced) {
-  auto euro = Euro();
-  if (GetParam().boxed) host_.Ui()->QueueAnswer(vbOK);
-  auto result = euro->Properties("CurrencyList", GetParam().given);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{std::string("GetCall GetCurrencyList ") + GetParam().sent});
-  if (GetParam().boxed) {
-    EXPECT_EQ(Boxes(), std::vector<std::string>{
-                           std::string("48 Apskaita 2010 Wrong parameter Date to CurrencyList "
-                                       "properties...\n") +
-                           GetParam().given + " is changed to 1990.01.01"});
-  } else {
-    EXPECT_TRUE(Boxes().empty());
+// A date that is no date is replaced, with a box; there is no lower bound,
+// and the text form is kept.
+TEST_F(CurrencyAdaptersTest, TheCurrencyListsDateIsQuotedOrReplaced) {
+  for (const auto& [given, sent, boxed] : {std::tuple{"", "'1990.01.01'", false},
+                                           {"rytoj", "'1990.01.01'", true},
+                                           {"2010.13.45", "'1990.01.01'", true},
+                                           {"1985.06.01", "'1985.06.01'", false},
+                                           {"2010-12-30", "'2010-12-30'", false}}) {
+    auto euro = Euro();
+    host_.Ui()->ClearBoxes();
+    if (boxed) host_.Ui()->QueueAnswer(vbOK);
+    auto result = euro->Properties("CurrencyList", given);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(BusinessLines(),
+              std::vector<std::string>{std::string("GetCall GetCurrencyList ") + sent});
+    std::vector<std::string> boxes;
+    if (boxed) {
+      boxes.push_back(std::string("48 Apskaita 2010 Wrong parameter Date to CurrencyList "
+                                  "properties...\n") +
+                      given + " is changed to 1990.01.01");
+    }
+    EXPECT_EQ(Boxes(), boxes) << given;
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Dates, CurrencyListDateTest,
-                         ::testing::Values(ListDateCase{"", "'1990.01.01'", false},
-                                           ListDateCase{"rytoj", "'1990.01.01'", true},
-                                           ListDateCase{"2010.13.45", "'1990.01.01'", true},
-                                           // No lower bound, and the text form is kept.
-                                           ListDateCase{"1985.06.01", "'1985.06.01'", false},
-                                           ListDateCase{"2010-12-30", "'2010-12-30'", false}));
 
 TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   auto euro = Euro();
@@ -194,84 +172,51 @@ TEST_F(CurrencyAdaptersTest, BusinessFailuresPassTheirNumberAndText) {
   EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyRates '2010-01-01','2010-01-31'");
 }
 
-struct FaultCase {
-  const char* method;
-  Variant::Array params;
-  const char* text;
-};
-void PrintTo(const FaultCase& c, std::ostream* out) { *out << c.method << ": " << c.text; }
+const Date kDay = DateSerial(2010, 12, 30);
 
-class CurrencyMethodFaultTest : public CurrencyAdaptersTest,
-                                public ::testing::WithParamInterface<FaultCase> {};
-
-TEST_P(CurrencyMethodFaultTest, ArgumentFaultsAreSilent777) {
+TEST_F(CurrencyAdaptersTest, ArgumentFaultsAreSilent777) {
   auto euro = Euro();
-  Variant::Array params = GetParam().params;
-  auto result = euro->Methods(GetParam().method, params);
-  EXPECT_EQ(result.Number, 777);
-  EXPECT_EQ(result.Text, GetParam().text);
-  EXPECT_EQ(result.Value, Variant(false));
+  const auto fault = [](const char* method, Variant::Array params, const char* text) {
+    return std::tuple{method, params, text};
+  };
+  for (auto [method, params, text] :
+       {fault("CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
+              "Second parameter for SaveDayRate not date!"),
+        fault("CurrencyRates", {Variant("EUR"), Variant("2010.12.30")},
+              "Second parameter for CurrencyRates not date!"),
+        fault("SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant(kDay.serial), Variant(1)},
+              "Second parameter for SaveDayRate not date!"),
+        fault("SaveDayRate", {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
+              "Third parameter for SaveDayRate not numeric!")}) {
+    auto result = euro->Methods(method, params);
+    EXPECT_EQ(result.Number, 777);
+    EXPECT_EQ(result.Text, text);
+    EXPECT_EQ(result.Value, Variant(false));
+  }
   EXPECT_TRUE(Boxes().empty());
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
 }
 
-const Date kDay = DateSerial(2010, 12, 30);
-INSTANTIATE_TEST_SUITE_P(
-    Faults, CurrencyMethodFaultTest,
-    ::testing::Values(
-        FaultCase{"CurrencyRates", {Variant("EUR")}, "Wrong parameters count for CurrencyRates!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant("2004.05.01"), Variant(1)},
-                  "Second parameter for SaveDayRate not date!"},
-        FaultCase{"CurrencyRates",
-                  {Variant("EUR"), Variant(kDay), Variant(1)},
-                  "Wrong parameters count for CurrencyRates!"},
-        FaultCase{"CurrencyRates",
-                  {Variant("EUR"), Variant("2010.12.30")},
-                  "Second parameter for CurrencyRates not date!"},
-        FaultCase{"SaveDayRate", {}, "Wrong parameters count for SaveDayRate!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay.serial), Variant(1)},
-                  "Second parameter for SaveDayRate not date!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay), Variant("3.45.6")},
-                  "Third parameter for SaveDayRate not numeric!"},
-        FaultCase{"SaveDayRate",
-                  {Variant("EUR"), Variant(kDay), Variant::Null()},
-                  "Third parameter for SaveDayRate not numeric!"}));
-
-struct SaveCase {
-  Locale locale;
-  Variant rate;
-  const char* param;
-};
-void PrintTo(const SaveCase& c, std::ostream* out) { *out << c.param; }
-
-class SaveDayRateTest : public CurrencyAdaptersTest,
-                        public ::testing::WithParamInterface<SaveCase> {};
-
-TEST_P(SaveDayRateTest, TheRateTravelsWithAPointInAnyLocale) {
-  host_.Ui()->SetLocale(GetParam().locale);
-  auto euro = Euro();
-  Variant::Array params{Variant("EUR"), Variant(kDay), GetParam().rate};
-  auto result = euro->Methods("SaveDayRate", params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(result.Value, Variant(true));
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{std::string("ExecCall SaveDayRate ") + GetParam().param});
+// Unrounded, and with a point whatever the locale.
+TEST_F(CurrencyAdaptersTest, TheRateTravelsWithAPointInAnyLocale) {
+  for (const auto& [locale, rate, param] :
+       {std::tuple{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        {Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
+        {Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
+        {Locale::Lithuanian(), Variant(1.0 / 3), "'EUR','2010-12-30',0.333333333333333"},
+        {Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}}) {
+    host_.Ui()->SetLocale(locale);
+    Variant::Array params{Variant("EUR"), Variant(kDay), rate};
+    auto result = Euro()->Methods("SaveDayRate", params);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_EQ(result.Value, Variant(true));
+    EXPECT_EQ(BusinessLines(),
+              std::vector<std::string>{std::string("ExecCall SaveDayRate ") + param});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rates, SaveDayRateTest,
-    ::testing::Values(
-        SaveCase{Locale::Lithuanian(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-        SaveCase{Locale::Invariant(), Variant(3.4528), "'EUR','2010-12-30',3.4528"},
-        SaveCase{Locale::Lithuanian(), Variant("3,45"), "'EUR','2010-12-30',3.45"},
-        // Unrounded: the bank's 2.75 per 100 units.
-        SaveCase{Locale::Lithuanian(), Variant(2.75 / 100), "'EUR','2010-12-30',0.0275"},
-        SaveCase{Locale::Lithuanian(), Variant(1.0 / 3), "'EUR','2010-12-30',0.333333333333333"},
-        SaveCase{Locale::Lithuanian(), Variant(int32_t{4}), "'EUR','2010-12-30',4"}));
 
 TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
   auto euro = Euro();

@@ -88,6 +88,13 @@ TEST_F(FrmCurrencyTest, TheHistoryAsksForThePeriodInQuotes) {
   EXPECT_EQ(BusinessLines(),
             std::vector<std::string>{"GetCall GetCurrencyRates '2026-11-03','2026-11-23'"});
   EXPECT_EQ(w->lvwRates.ListItems().Count(), 2) << "the period is the business layer's to apply";
+  // The period's dates pull each other.
+  w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 12, 5)));
+  EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 12, 5)));
+  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 2)));
+  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
+  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 9)));
+  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
 }
 
 TEST_F(FrmCurrencyTest, AFixedRateShowsFourDecimalsAndClearingItFloatsTheCurrency) {
@@ -215,16 +222,6 @@ TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
 }
 
-TEST_F(FrmCurrencyTest, ThePeriodDatesPullEachOther) {
-  auto w = Open("O00022005");
-  w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 12, 5)));
-  EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 12, 5)));
-  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 2)));
-  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
-  w->dtpDateTo.SetValue(Variant(DateSerial(2026, 1, 9)));
-  EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 1, 2)));
-}
-
 TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
   auto w = Open("O00022008");
   EXPECT_EQ(w->txtFixedRate.KeyPress('.'), 0) << "the text has a comma already";
@@ -279,6 +276,15 @@ TEST_F(FrmCurrencyRateTest, TheDialogShowsTheStoredRateOfTheDay) {
   dialog_.txtDayRate.GotFocus();
   EXPECT_EQ(dialog_.txtDayRate.SelStart(), 0);
   EXPECT_EQ(dialog_.txtDayRate.SelLength(), 10);
+  // The rate box takes a point as a comma, once.
+  dialog_.txtDayRate.Edit("3");
+  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), ',');
+  dialog_.txtDayRate.Edit("3,1");
+  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), 0);
+  dialog_.txtDayRate.LostFocus();
+  EXPECT_EQ(dialog_.txtDayRate.Text(), "3,10000000");
+  dialog_.cmdExit.Click();
+  EXPECT_FALSE(dialog_.Loaded());
 }
 
 TEST_F(FrmCurrencyRateTest, NoRateOfTheDayShowsZeroAndRefusesToSaveIt) {
@@ -306,27 +312,12 @@ TEST_F(FrmCurrencyRateTest, ASavedRateKeepsTheDialogOpenForAnotherDay) {
   dialog_.pickerDate.SetValue(Variant(DateSerial(2010, 12, 31)));
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-31'"});
   EXPECT_FALSE(dialog_.cmdWrite.Enabled());
-}
-
-TEST_F(FrmCurrencyRateTest, AFailedSaveClosesTheDialogWithoutAWord) {
-  Load("EUR");
+  // A failed save closes the dialog without a word.
   BO(kOid).ReplyAction("SaveDayRate", OrvelStatus{60, "Užrakinta"});
-  dialog_.txtDayRate.Edit("3,5");
+  dialog_.txtDayRate.Edit("3,6");
   dialog_.cmdWrite.Click();
   EXPECT_FALSE(dialog_.Loaded());
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmCurrencyRateTest, TheRateBoxTakesAPointAsAComma) {
-  Load("EUR");
-  dialog_.txtDayRate.Edit("3");
-  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), ',');
-  dialog_.txtDayRate.Edit("3,1");
-  EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), 0);
-  dialog_.txtDayRate.LostFocus();
-  EXPECT_EQ(dialog_.txtDayRate.Text(), "3,10000000");
-  dialog_.cmdExit.Click();
-  EXPECT_FALSE(dialog_.Loaded());
 }
 
 }  // namespace

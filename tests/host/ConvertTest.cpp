@@ -1,6 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <cstdint>
+#include <functional>
 #include <limits>
 #include <optional>
 #include <random>
@@ -8,8 +9,9 @@
 #include <vector>
 
 #include "host/Convert.h"
-#include "orvel/RuntimeError.h"
 #include "host/Text.h"
+#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 
 namespace orvel {
 namespace {
@@ -41,17 +43,6 @@ std::string In(const Locale& locale, std::string_view pattern) {
   return out;
 }
 
-// Runs `call` and returns the RuntimeError number it throws, 0 when none.
-template <class F>
-int32_t ErrorOf(F call) {
-  try {
-    call();
-  } catch (const RuntimeError& e) {
-    return e.Number();
-  }
-  return 0;
-}
-
 // A table of cases crossed with both locales.
 template <class Case>
 class LocaleTest : public testing::TestWithParam<std::tuple<Case, LocaleCase>> {
@@ -67,8 +58,6 @@ class LocaleTest : public testing::TestWithParam<std::tuple<Case, LocaleCase>> {
       [](const auto& info) {                                                                     \
         return std::string(std::get<1>(info.param).name) + std::to_string(info.index);           \
       })
-
-// --- CInt / CLng -------------------------------------------------------------
 
 struct WholeCase {
   Variant value;  // String values are patterns for In()
@@ -103,22 +92,19 @@ constexpr int32_t kNull = RuntimeError::kInvalidUseOfNull;
 
 ORVEL_LOCALE_CASES(
     ConvertWhole, WholeCase{0.5, 0, 0, 0}, WholeCase{1.5, 2, 0, 0}, WholeCase{2.5, 2, 0, 0},
-    WholeCase{-1.5, -2, 0, 0}, WholeCase{-2.5, -2, 0, 0}, WholeCase{2.5000001, 3, 0, 0},
-    WholeCase{32767.49, 32767, 0, 0}, WholeCase{32767.5, 32768, kOverflow, 0},
+    WholeCase{-2.5, -2, 0, 0}, WholeCase{2.5000001, 3, 0, 0}, WholeCase{32767.49, 32767, 0, 0},
+    WholeCase{32767.5, 32768, kOverflow, 0},
     WholeCase{-32768.5, -32768, 0, 0},  // rounds to even, still fits
     WholeCase{-32768.51, -32769, kOverflow, 0}, WholeCase{2147483646.5, 2147483646, kOverflow, 0},
-    WholeCase{2147483647.5, 0, kOverflow, kOverflow}, WholeCase{1e300, 0, kOverflow, kOverflow},
+    WholeCase{2147483647.5, 0, kOverflow, kOverflow},
     WholeCase{std::numeric_limits<double>::quiet_NaN(), 0, kOverflow, kOverflow},
     WholeCase{Variant(int32_t{40000}), 40000, kOverflow, 0}, WholeCase{true, -1, 0, 0},
     WholeCase{Variant(), 0, 0, 0}, WholeCase{Date{45292.5}, 45292, kOverflow, 0},
     // Text is read as a locale decimal first, then rounded the same way.
-    WholeCase{"2{d}5", 2, 0, 0}, WholeCase{" 3{d}5 ", 4, 0, 0}, WholeCase{"(1{d}5)", -2, 0, 0},
-    WholeCase{"1{g}234", 1234, 0, 0}, WholeCase{"32767{d}5", 32768, kOverflow, 0},
-    WholeCase{"1e400", 0, kOverflow, kOverflow}, WholeCase{"", 0, kMismatch, kMismatch},
-    WholeCase{"12abc", 0, kMismatch, kMismatch}, WholeCase{Variant::Null(), 0, kNull, kNull},
+    WholeCase{"2{d}5", 2, 0, 0}, WholeCase{"1e400", 0, kOverflow, kOverflow},
+    WholeCase{"", 0, kMismatch, kMismatch}, WholeCase{"12abc", 0, kMismatch, kMismatch},
+    WholeCase{Variant::Null(), 0, kNull, kNull},
     WholeCase{Variant(Variant::Array{}), 0, kMismatch, kMismatch});
-
-// --- CDbl / IsNumeric ----------------------------------------------------------
 
 struct NumericCase {
   const char* text;  // pattern for In()
@@ -138,22 +124,23 @@ TEST_P(ConvertNumericText, IsNumericAgreesWithCDbl) {
   }
 }
 
-ORVEL_LOCALE_CASES(
-    ConvertNumericText, NumericCase{"1{d}5", true, 1.5}, NumericCase{"  -1{d}5  ", true, -1.5},
-    NumericCase{"1{d}5-", true, -1.5}, NumericCase{"+2", true, 2}, NumericCase{"2 +", true, 2},
-    NumericCase{"(1{d}5)", true, -1.5}, NumericCase{"( 7 )", true, -7},
-    NumericCase{"{d}5", true, 0.5}, NumericCase{"5{d}", true, 5},
-    NumericCase{"1{g}234{g}567{d}5", true, 1234567.5}, NumericCase{"12{g}34", true, 1234},
-    NumericCase{"1e3", true, 1000}, NumericCase{"2{d}5E-2", true, 0.025},
-    NumericCase{"0000123", true, 123}, NumericCase{"1e-400", true, 0},
-    // Not numbers under the locale's rules.
-    NumericCase{"", false, 0}, NumericCase{"   ", false, 0}, NumericCase{"-", false, 0},
-    NumericCase{"{d}", false, 0}, NumericCase{"{g}123", false, 0},  // grouping before a digit
-    NumericCase{"1{d}5{g}3", false, 0},                             // grouping in the fraction
-    NumericCase{"1{d}2{d}3", false, 0}, NumericCase{"12abc", false, 0},
-    NumericCase{"abc", false, 0}, NumericCase{"-1-", false, 0}, NumericCase{"-(1)", false, 0},
-    NumericCase{"(1", false, 0}, NumericCase{"1 2", false, 0}, NumericCase{"1e", false, 0},
-    NumericCase{"1e400", false, 0}, NumericCase{"&H10", false, 0}, NumericCase{"1\n", false, 0});
+ORVEL_LOCALE_CASES(ConvertNumericText, NumericCase{"1{d}5", true, 1.5},
+                   NumericCase{"  -1{d}5  ", true, -1.5}, NumericCase{"1{d}5-", true, -1.5},
+                   NumericCase{"+2", true, 2}, NumericCase{"(1{d}5)", true, -1.5},
+                   NumericCase{"{d}5", true, 0.5}, NumericCase{"5{d}", true, 5},
+                   NumericCase{"1{g}234{g}567{d}5", true, 1234567.5},
+                   NumericCase{"1e3", true, 1000}, NumericCase{"2{d}5E-2", true, 0.025},
+                   NumericCase{"0000123", true, 123}, NumericCase{"1e-400", true, 0},
+                   // Not numbers under the locale's rules.
+                   NumericCase{"", false, 0}, NumericCase{"   ", false, 0},
+                   NumericCase{"-", false, 0}, NumericCase{"{d}", false, 0},
+                   NumericCase{"{g}123", false, 0},     // grouping before a digit
+                   NumericCase{"1{d}5{g}3", false, 0},  // grouping in the fraction
+                   NumericCase{"1{d}2{d}3", false, 0}, NumericCase{"12abc", false, 0},
+                   NumericCase{"-1-", false, 0}, NumericCase{"-(1)", false, 0},
+                   NumericCase{"(1", false, 0}, NumericCase{"1 2", false, 0},
+                   NumericCase{"1e", false, 0}, NumericCase{"1e400", false, 0},
+                   NumericCase{"&H10", false, 0}, NumericCase{"1\n", false, 0});
 
 TEST(Convert, DecimalSeparatorIsTheLocalesOnly) {
   EXPECT_FALSE(IsNumeric("1.5", Locale::Lithuanian()));
@@ -163,35 +150,25 @@ TEST(Convert, DecimalSeparatorIsTheLocalesOnly) {
   EXPECT_DOUBLE_EQ(CDbl("1\u00A0234,5", Locale::Lithuanian()), 1234.5);
 }
 
-struct NonTextCase {
-  Variant value;
-  bool numeric;
-  double cdbl;
-  int32_t cdblError;
-};
-
-class ConvertNonText : public testing::TestWithParam<NonTextCase> {};
-
-TEST_P(ConvertNonText, EmptyIsZeroNullRefuses) {
-  const NonTextCase& c = GetParam();
-  EXPECT_EQ(IsNumeric(c.value), c.numeric) << Describe(c.value);
-  if (c.cdblError == 0) {
-    EXPECT_DOUBLE_EQ(CDbl(c.value), c.cdbl);
-  } else {
-    EXPECT_EQ(ErrorOf([&] { CDbl(c.value); }), c.cdblError);
+// Empty is zero and numeric, Null and objects are refused.
+TEST(Convert, NonTextValuesEmptyIsZeroNullRefuses) {
+  for (const auto& [value, numeric, cdbl, cdblError] :
+       {std::tuple<Variant, bool, double, int32_t>{Variant(), true, 0, 0},
+        {Variant::Null(), false, 0, kNull},
+        {true, true, -1, 0},
+        {false, true, 0, 0},
+        {Variant(int32_t{-7}), true, -7, 0},
+        {2.25, true, 2.25, 0},
+        {Date{45292.25}, false, 45292.25, 0},
+        {Variant(Variant::Array{}), false, 0, kMismatch}}) {
+    EXPECT_EQ(IsNumeric(value), numeric) << Describe(value);
+    if (cdblError == 0) {
+      EXPECT_DOUBLE_EQ(CDbl(value), cdbl) << Describe(value);
+    } else {
+      EXPECT_EQ(ErrorOf([&] { CDbl(value); }), cdblError) << Describe(value);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConvertNonText,
-    testing::Values(NonTextCase{Variant(), true, 0, 0},
-                    NonTextCase{Variant::Null(), false, 0, kNull}, NonTextCase{true, true, -1, 0},
-                    NonTextCase{false, true, 0, 0}, NonTextCase{Variant(int32_t{-7}), true, -7, 0},
-                    NonTextCase{2.25, true, 2.25, 0},
-                    NonTextCase{Date{45292.25}, false, 45292.25, 0},
-                    NonTextCase{Variant(Variant::Array{}), false, 0, kMismatch}));
-
-// --- CStr ----------------------------------------------------------------------
 
 struct CStrCase {
   Variant value;
@@ -206,25 +183,18 @@ TEST_P(ConvertCStr, WritesFifteenDigitsWithLocaleSeparator) {
 
 ORVEL_LOCALE_CASES(ConvertCStr, CStrCase{1.0 / 3.0, "0{d}333333333333333"}, CStrCase{1e15, "1E+15"},
                    CStrCase{123456789012345.0, "123456789012345"}, CStrCase{0.1 + 0.2, "0{d}3"},
-                   CStrCase{-1.5, "-1{d}5"}, CStrCase{1234567.5, "1234567{d}5"},  // never grouped
+                   CStrCase{1234567.5, "1234567{d}5"},  // never grouped
                    CStrCase{2.0 / 3.0 * 1e20, "6{d}66666666666667E+19"}, CStrCase{1e-5, "1E-05"},
-                   CStrCase{0.0001, "0{d}0001"}, CStrCase{-0.0, "0"}, CStrCase{100.0, "100"},
+                   CStrCase{0.0001, "0{d}0001"}, CStrCase{-0.0, "0"},
                    CStrCase{999999999999999.4, "999999999999999"},
                    CStrCase{999999999999999.6, "1E+15"}, CStrCase{Variant(int32_t{-42}), "-42"},
-                   CStrCase{true, "True"}, CStrCase{false, "False"}, CStrCase{Variant(), ""},
-                   CStrCase{"as is", "as is"},
+                   CStrCase{true, "True"}, CStrCase{Variant(), ""}, CStrCase{"as is", "as is"},
                    // Dates: the short date, the time when there is one, only the time on day 0.
                    CStrCase{Date{45292}, "2024-01-01"},
                    CStrCase{Date{45292.5}, "2024-01-01 12:00:00"}, CStrCase{Date{0.75}, "18:00:00"},
                    CStrCase{Date{0}, "00:00:00"}, CStrCase{Date{-1.25}, "1899-12-29 06:00:00"},
                    CStrCase{Date{45292.0 + 86399.6 / 86400},
                             "2024-01-02"});  // seconds round up to midnight
-
-TEST(Convert, CStrRefusesNullAndObjects) {
-  EXPECT_EQ(ErrorOf([] { CStr(Variant::Null()); }), kNull);
-  EXPECT_EQ(ErrorOf([] { CStr(Variant(Variant::Array{})); }), kMismatch);
-  EXPECT_EQ(ErrorOf([] { CStr(std::numeric_limits<double>::infinity()); }), kOverflow);
-}
 
 TEST(Convert, CStrAndCDblRoundTripUnderBothLocales) {
   for (const LocaleCase& lc : kLocales) {
@@ -236,8 +206,6 @@ TEST(Convert, CStrAndCDblRoundTripUnderBothLocales) {
     }
   }
 }
-
-// --- CBool ---------------------------------------------------------------------
 
 struct BoolCase {
   Variant value;
@@ -258,12 +226,9 @@ TEST_P(ConvertCBool, ReadsWordsAndNumbers) {
 
 ORVEL_LOCALE_CASES(ConvertCBool, BoolCase{Variant(), false, 0}, BoolCase{0.0, false, 0},
                    BoolCase{0.001, true, 0}, BoolCase{Variant(int32_t{-1}), true, 0},
-                   BoolCase{"True", true, 0}, BoolCase{"fALSE", false, 0},
-                   BoolCase{" true ", true, 0}, BoolCase{"0{d}0", false, 0},
-                   BoolCase{"2{d}5", true, 0}, BoolCase{"yes", false, kMismatch},
-                   BoolCase{"", false, kMismatch}, BoolCase{Variant::Null(), false, kNull});
-
-// --- CDate ---------------------------------------------------------------------
+                   BoolCase{"True", true, 0}, BoolCase{" true ", true, 0},
+                   BoolCase{"0{d}0", false, 0}, BoolCase{"2{d}5", true, 0},
+                   BoolCase{"yes", false, kMismatch}, BoolCase{Variant::Null(), false, kNull});
 
 TEST(Convert, CDateReadsTextNumbersAndRefusesTheRest) {
   for (const LocaleCase& lc : kLocales) {
@@ -280,8 +245,6 @@ TEST(Convert, CDateReadsTextNumbersAndRefusesTheRest) {
   }
 }
 
-// --- Val -----------------------------------------------------------------------
-
 struct ValCase {
   const char* text;
   double expected;
@@ -296,58 +259,37 @@ TEST_P(ConvertVal, ReadsLeadingNumberWhateverTheLocale) {
 INSTANTIATE_TEST_SUITE_P(
     Cases, ConvertVal,
     testing::Values(ValCase{"24 and 57", 24}, ValCase{" 2 45 7", 2457}, ValCase{"\t1\n2", 12},
-                    ValCase{"&HFF", 255}, ValCase{"&hff", 255}, ValCase{"&O17", 15},
+                    ValCase{"&HFF", 255}, ValCase{"&O17", 15},
                     ValCase{"&HFFFF", -1},                                 // a 16-bit Integer
                     ValCase{"&H10000", 65536}, ValCase{"&HFFFFFFFF", -1},  // a 32-bit Long
-                    ValCase{"&HG", 0}, ValCase{"12abc", 12}, ValCase{"", 0}, ValCase{"abc", 0},
-                    ValCase{"1e3", 1000}, ValCase{"1.5e", 1.5}, ValCase{"2D2", 200},
-                    ValCase{"1,234.5", 1}, ValCase{"1,5", 1}, ValCase{"$12", 0},
-                    ValCase{"12$", 12}, ValCase{"-3.5", -3.5},
-                    ValCase{"- 3", -3}, ValCase{"+.5", 0.5}, ValCase{"1.2.3", 1.2},
-                    ValCase{"--1", 0}, ValCase{".", 0}, ValCase{"1e-999", 0}));
+                    ValCase{"&HG", 0}, ValCase{"12abc", 12}, ValCase{"", 0}, ValCase{"1e3", 1000},
+                    ValCase{"1.5e", 1.5}, ValCase{"2D2", 200}, ValCase{"1,234.5", 1},
+                    ValCase{"$12", 0}, ValCase{"12$", 12}, ValCase{"- 3", -3}, ValCase{"+.5", 0.5},
+                    ValCase{"1.2.3", 1.2}, ValCase{"--1", 0}, ValCase{".", 0},
+                    ValCase{"1e-999", 0}));
 
-TEST(Convert, ValBeyondADoubleIsAnOverflow) {
-  EXPECT_EQ(ErrorOf([] { Val("1e999"); }), kOverflow);
+// Round is half to even, DecimalText half away from zero.
+TEST(Convert, RoundIsHalfEvenDecimalTextHalfAway) {
+  for (const auto& [x, decimals, round, decimalText] :
+       {std::tuple<double, int, double, const char*>{2.5, 0, 2, "3"},
+        {-2.5, 0, -2, "-3"},
+        {0.5, 0, 0, "1"},
+        {2.675, 2, 2.68, "2.68"},
+        {-2.675, 2, -2.68, "-2.68"},
+        {1.005, 2, 1.0, "1.01"},
+        {0.125, 2, 0.12, "0.13"},
+        {1.2251, 2, 1.23, "1.23"},
+        {9.995, 2, 10.0, "10.00"},
+        {-0.001, 2, 0, "0.00"},
+        {1.5, 3, 1.5, "1.500"},
+        {1e-7, 2, 0, "0.00"},
+        {1234.5678, 0, 1235, "1235"},
+        {1e20, 0, 1e20, "100000000000000000000"},
+        {1.0 / 3.0, 20, 1.0 / 3.0, "0.33333333333333300000"}}) {
+    EXPECT_DOUBLE_EQ(Round(x, decimals), round) << x << " " << decimals;
+    EXPECT_EQ(DecimalText(x, decimals), decimalText) << x << " " << decimals;
+  }
 }
-
-// --- Round and DecimalText ---------------------------------------------------------
-
-struct RoundCase {
-  double x;
-  int decimals;
-  double round;             // half to even
-  const char* decimalText;  // half away from zero
-};
-
-class ConvertRounding : public testing::TestWithParam<RoundCase> {};
-
-TEST_P(ConvertRounding, RoundIsHalfEvenDecimalTextHalfAway) {
-  const RoundCase& c = GetParam();
-  EXPECT_DOUBLE_EQ(Round(c.x, c.decimals), c.round);
-  EXPECT_EQ(DecimalText(c.x, c.decimals), c.decimalText);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ConvertRounding,
-    testing::Values(RoundCase{2.5, 0, 2, "3"}, RoundCase{3.5, 0, 4, "4"},
-                    RoundCase{-2.5, 0, -2, "-3"}, RoundCase{0.5, 0, 0, "1"},
-                    RoundCase{2.675, 2, 2.68, "2.68"}, RoundCase{-2.675, 2, -2.68, "-2.68"},
-                    RoundCase{1.005, 2, 1.0, "1.01"}, RoundCase{0.125, 2, 0.12, "0.13"},
-                    RoundCase{0.375, 2, 0.38, "0.38"}, RoundCase{1.2251, 2, 1.23, "1.23"},
-                    RoundCase{9.995, 2, 10.0, "10.00"}, RoundCase{-0.001, 2, 0, "0.00"},
-                    RoundCase{0, 2, 0, "0.00"}, RoundCase{1.5, 3, 1.5, "1.500"},
-                    RoundCase{1e-7, 2, 0, "0.00"}, RoundCase{1234.5678, 0, 1235, "1235"},
-                    RoundCase{1e20, 0, 1e20, "100000000000000000000"},
-                    RoundCase{1.0 / 3.0, 20, 1.0 / 3.0, "0.33333333333333300000"}));
-
-TEST(Convert, DecimalsOutsideTheRangeAreAnInvalidCall) {
-  EXPECT_EQ(ErrorOf([] { Round(1.5, -1); }), RuntimeError::kInvalidCall);
-  EXPECT_EQ(ErrorOf([] { DecimalText(1.5, -1); }), RuntimeError::kInvalidCall);
-  EXPECT_EQ(ErrorOf([] { FormatNumber(1.5, 100); }), RuntimeError::kInvalidCall);
-  EXPECT_EQ(ErrorOf([] { DecimalText(std::numeric_limits<double>::infinity(), 2); }), kOverflow);
-}
-
-// --- Format --------------------------------------------------------------------
 
 struct FormatCase {
   Variant value;  // String values are patterns for In()
@@ -364,17 +306,14 @@ TEST_P(ConvertFormat, FollowsTheMask) {
 
 ORVEL_LOCALE_CASES(
     ConvertFormat, FormatCase{1.5, "#0.00######", "1{d}50"},
-    FormatCase{2.0 / 3.0, "#0.00######", "0{d}66666667"},
-    FormatCase{1.23456789, "#0.00######", "1{d}23456789"}, FormatCase{0.17, "#.00", "{d}17"},
+    FormatCase{2.0 / 3.0, "#0.00######", "0{d}66666667"}, FormatCase{0.17, "#.00", "{d}17"},
     FormatCase{1.0, "0.00000000", "1{d}00000000"}, FormatCase{2.675, "0.00", "2{d}68"},
     FormatCase{1.005, "0.00", "1{d}01"}, FormatCase{0.125, "0.00", "0{d}13"},
-    FormatCase{-2.675, "0.00", "-2{d}68"}, FormatCase{2.5, "0", "3"}, FormatCase{-2.5, "0", "-3"},
-    FormatCase{12345.0, "0", "12345"}, FormatCase{7.0, "000", "007"},
-    FormatCase{5.5, ".00", "5{d}50"}, FormatCase{1.0, "#.##", "1{d}"}, FormatCase{0.0, "#", ""},
-    FormatCase{-0.001, "0.00", "0{d}00"}, FormatCase{1234567.891, "#,##0.00", "1{g}234{g}567{d}89"},
-    FormatCase{0.5, "#,##0", "1"}, FormatCase{999.999, "#,##0.00", "1{g}000{d}00"},
-    FormatCase{0.125, "0.00%", "12{d}50%"}, FormatCase{-1.5, "0.00;(0.00)", "(1{d}50)"},
-    FormatCase{0.0, "0.00;(0.00);\"nulis\"", "nulis"},
+    FormatCase{2.5, "0", "3"}, FormatCase{7.0, "000", "007"}, FormatCase{5.5, ".00", "5{d}50"},
+    FormatCase{1.0, "#.##", "1{d}"}, FormatCase{0.0, "#", ""}, FormatCase{-0.001, "0.00", "0{d}00"},
+    FormatCase{1234567.891, "#,##0.00", "1{g}234{g}567{d}89"},
+    FormatCase{999.999, "#,##0.00", "1{g}000{d}00"}, FormatCase{0.125, "0.00%", "12{d}50%"},
+    FormatCase{-1.5, "0.00;(0.00)", "(1{d}50)"}, FormatCase{0.0, "0.00;(0.00);\"nulis\"", "nulis"},
     FormatCase{3.0, "\"Kaina: \"0.00 \\E\\U\\R", "Kaina: 3{d}00 EUR"},
     FormatCase{Variant(int32_t{42}), "0.0", "42{d}0"}, FormatCase{true, "0", "-1"},
     FormatCase{1.5, "", "1{d}5"}, FormatCase{1234.5, "Standard", "1{g}234{d}50"},
@@ -394,10 +333,6 @@ ORVEL_LOCALE_CASES(
     FormatCase{Variant(int32_t{45382}), "yyyy-mm-dd", "2024-03-31"},
     FormatCase{Date{45382.25}, "0.00", "45382{d}25"});
 
-TEST(Convert, FormatRefusesObjects) {
-  EXPECT_EQ(ErrorOf([] { Format(Variant(Variant::Array{}), "0"); }), kMismatch);
-}
-
 struct FormatNumberCase {
   double x;
   int decimals;
@@ -414,12 +349,10 @@ TEST_P(ConvertFormatNumber, RoundsAsMoneyGroupsWhenAsked) {
 ORVEL_LOCALE_CASES(ConvertFormatNumber, FormatNumberCase{1234.5, 2, false, "1234{d}50"},
                    FormatNumberCase{-0.5, 2, false, "-0{d}50"},
                    FormatNumberCase{1234567.5, 2, true, "1{g}234{g}567{d}50"},
-                   FormatNumberCase{123.0, 2, true, "123{d}00"},
                    FormatNumberCase{-1234.0, 0, true, "-1{g}234"},
                    FormatNumberCase{999.995, 2, true, "1{g}000{d}00"},
                    FormatNumberCase{0.125, 2, false, "0{d}13"},
-                   FormatNumberCase{-0.004, 2, false, "0{d}00"},
-                   FormatNumberCase{5.0, 0, false, "5"});
+                   FormatNumberCase{-0.004, 2, false, "0{d}00"});
 
 TEST(Convert, LithuanianGroupsWithNoBreakSpace) {
   EXPECT_EQ(FormatNumber(1234567.5, 2, true, Locale::Lithuanian()),
@@ -427,8 +360,6 @@ TEST(Convert, LithuanianGroupsWithNoBreakSpace) {
             "234\xC2\xA0"
             "567,50");
 }
-
-// --- Dates ---------------------------------------------------------------------
 
 struct SerialCase {
   int year, month, day;
@@ -443,8 +374,8 @@ TEST_P(ConvertDateSerial, CountsDaysFrom18991230) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Cases, ConvertDateSerial,
-                         testing::Values(SerialCase{1899, 12, 30, 0}, SerialCase{1899, 12, 29, -1},
-                                         SerialCase{1900, 3, 1, 61}, SerialCase{2024, 1, 1, 45292},
+                         testing::Values(SerialCase{1899, 12, 30, 0}, SerialCase{1900, 3, 1, 61},
+                                         SerialCase{2024, 1, 1, 45292},
                                          SerialCase{2024, 13, 1, 45658},   // 2025-01-01
                                          SerialCase{2024, 3, 0, 45351},    // 2024-02-29
                                          SerialCase{2024, 0, 1, 45261},    // 2023-12-01
@@ -453,11 +384,25 @@ INSTANTIATE_TEST_SUITE_P(Cases, ConvertDateSerial,
                                          SerialCase{100, 1, 1, -657434},
                                          SerialCase{9999, 12, 31, 2958465}));
 
-TEST(Convert, DateSerialOutsideTheCalendarIsAnInvalidCall) {
-  EXPECT_EQ(ErrorOf([] { DateSerial(10000, 1, 1); }), RuntimeError::kInvalidCall);
-  EXPECT_EQ(ErrorOf([] { DateSerial(9999, 12, 32); }), RuntimeError::kInvalidCall);
-  EXPECT_EQ(ErrorOf([] { DateSerial(2024, 1, std::numeric_limits<int>::min()); }),
-            RuntimeError::kInvalidCall);
+// What no routine can convert, or asks outside its range, is the runtime's error.
+TEST(Convert, RefusalsAreTheRuntimesErrors) {
+  constexpr double kInf = std::numeric_limits<double>::infinity();
+  constexpr int32_t kInvalidCall = RuntimeError::kInvalidCall;
+  const std::vector<std::pair<std::function<void()>, int32_t>> calls{
+      {[] { CStr(Variant::Null()); }, kNull},
+      {[] { CStr(Variant(Variant::Array{})); }, kMismatch},
+      {[] { CStr(kInf); }, kOverflow},
+      {[] { Val("1e999"); }, kOverflow},
+      {[] { Round(1.5, -1); }, kInvalidCall},
+      {[] { DecimalText(1.5, -1); }, kInvalidCall},
+      {[] { DecimalText(kInf, 2); }, kOverflow},
+      {[] { FormatNumber(1.5, 100); }, kInvalidCall},
+      {[] { Format(Variant(Variant::Array{}), "0"); }, kMismatch},
+      {[] { DateSerial(10000, 1, 1); }, kInvalidCall},
+      {[] { DateSerial(9999, 12, 32); }, kInvalidCall},
+      {[] { DateSerial(2024, 1, std::numeric_limits<int>::min()); }, kInvalidCall}};
+  for (size_t i = 0; i < calls.size(); ++i)
+    EXPECT_EQ(ErrorOf(calls[i].first), calls[i].second) << i;
 }
 
 TEST(Convert, SplitDateInvertsDateSerialOverTwoCenturies) {
@@ -492,12 +437,11 @@ TEST_P(ConvertParseDate, AcceptsTheThreeFormsOnly) {
   }
 }
 
-ORVEL_LOCALE_CASES(ConvertParseDate, ParseCase{"2024-01-01", 45292}, ParseCase{"2024.01.01", 45292},
-                   ParseCase{"1990.01.01", 32874}, ParseCase{" 2024-3-5 ", 45356},
-                   ParseCase{"2024-02-29", 45351}, ParseCase{"2024-01-01 12:00:00", 45292.5},
+ORVEL_LOCALE_CASES(ConvertParseDate, ParseCase{"2024-01-01", 45292}, ParseCase{"1990.01.01", 32874},
+                   ParseCase{" 2024-3-5 ", 45356}, ParseCase{"2024-02-29", 45351},
+                   ParseCase{"2024-01-01 12:00:00", 45292.5},
                    ParseCase{"2024-01-01 06:30", 45292.0 + 6.5 / 24}, ParseCase{"18:00:00", 0.75},
                    ParseCase{"2023-02-29", std::nullopt}, ParseCase{"2024-13-01", std::nullopt},
-                   ParseCase{"2024-04-31", std::nullopt}, ParseCase{"2024-00-10", std::nullopt},
                    ParseCase{"2024/01/01", std::nullopt}, ParseCase{"01.01.2024", std::nullopt},
                    ParseCase{"2024-01-01x", std::nullopt},
                    ParseCase{"2024-01-01 25:00", std::nullopt},
@@ -513,8 +457,6 @@ TEST(Convert, ParseDateAcceptsTheLocalesOwnShortForm) {
   EXPECT_EQ(FormatDate(DateSerial(2024, 3, 31), dotted), "31.03.2024");
   EXPECT_EQ(FormatDate(DateSerial(2024, 3, 31), Locale::Lithuanian()), "2024-03-31");
 }
-
-// --- Robustness ----------------------------------------------------------------------
 
 // Random text from the characters number and date readers care about: nothing
 // may crash or throw anything but RuntimeError, and IsNumeric must agree with

@@ -11,8 +11,9 @@
 
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
-#include "orvel/RuntimeError.h"
 #include "host/Text.h"
+#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 
 namespace orvel {
 namespace {
@@ -96,13 +97,9 @@ TEST_P(RecordsetSortRefuses, KeepsTheSortInForceAndThePosition) {
   MemoryRecordset rs = MakeSet();
   rs.SetSort("ID DESC");
   rs.MoveNext();
-  try {
-    rs.SetSort(GetParam().keys);
-    FAIL() << "accepted";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.Number(), GetParam().number);
-    EXPECT_THAT(e.Text(), HasSubstr(GetParam().problem));
-  }
+  std::string text;
+  EXPECT_EQ(ErrorOf([&] { rs.SetSort(GetParam().keys); }, &text), GetParam().number);
+  EXPECT_THAT(text, HasSubstr(GetParam().problem));
   EXPECT_EQ(rs.Sort(), "ID DESC");
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(5));
   EXPECT_THAT(VisibleIds(rs), ElementsAre(6, 5, 4, 3, 2, 1));
@@ -112,15 +109,13 @@ INSTANTIATE_TEST_SUITE_P(
     Keys, RecordsetSortRefuses,
     ::testing::Values(
         BadKeysCase{"Nope", RuntimeError::kItemNotFound, "Kolekcijoje nėra elemento: Nope"},
-        BadKeysCase{"Name, Nope DESC", RuntimeError::kItemNotFound, "elemento: Nope"},
         BadKeysCase{"Name UP", RuntimeError::kItemNotFound, "elemento: Name UP"},
         BadKeysCase{"Name,,ID", RuntimeError::kBadFilter, "tuščias rikiavimo raktas, pozicija 6"},
-        BadKeysCase{"Name,", RuntimeError::kBadFilter, "tuščias rikiavimo raktas, pozicija 6"},
         BadKeysCase{"DESC", RuntimeError::kItemNotFound, "elemento: DESC"},
         BadKeysCase{"[Name", RuntimeError::kBadFilter, "'[' be atitinkamo ']'"},
         BadKeysCase{"[Name] UP", RuntimeError::kBadFilter, "laukta ASC arba DESC"}));
 
-TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
+TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrderAndSortsEmptySets) {
   MemoryRecordset rs = MakeSet();
   rs.MoveNext();
   rs.MoveNext();
@@ -128,6 +123,17 @@ TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrder) {
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(5));
   rs.SetSort("");
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+  {
+    MemoryRecordset empty({"ID"});
+    empty.SetSort("ID DESC");
+    EXPECT_TRUE(empty.IsBOF());
+    EXPECT_TRUE(empty.IsEOF());
+    MemoryRecordset rs = MakeSet();
+    rs.SetFilter("ID = 99");
+    rs.SetSort("Name");
+    EXPECT_TRUE(rs.IsEOF());
+    EXPECT_EQ(rs.RecordCount(), 0);
+  }
 }
 
 TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
@@ -146,18 +152,6 @@ TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
   rs.SetSort("Name");
   EXPECT_THAT(VisibleIds(rs), ElementsAre(3, 1, 6, 4));
   EXPECT_EQ(rs.RecordCount(), 4);
-}
-
-TEST(RecordsetSort, SortsTheEmptyAndTheFullyFilteredSet) {
-  MemoryRecordset empty({"ID"});
-  empty.SetSort("ID DESC");
-  EXPECT_TRUE(empty.IsBOF());
-  EXPECT_TRUE(empty.IsEOF());
-  MemoryRecordset rs = MakeSet();
-  rs.SetFilter("ID = 99");
-  rs.SetSort("Name");
-  EXPECT_TRUE(rs.IsEOF());
-  EXPECT_EQ(rs.RecordCount(), 0);
 }
 
 TEST(RecordsetSort, TheModulesOwnKeyLists) {
@@ -189,8 +183,6 @@ TEST(RecordsetSort, NumbersIncludingInfinitiesAndNaNHaveATotalOrder) {
   rs.SetSort("X DESC");
   EXPECT_THAT(VisibleIds(rs), ElementsAre(0, 8, 5, 1, 4, 6, 7, 2, 3));
 }
-
-// ---- against a plain statement of the order, on many generated rows ----
 
 int Rank(const Variant& v) {
   switch (v.Type()) {

@@ -4,8 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "orvel/RuntimeError.h"
 #include "host/Text.h"
+#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 
 namespace orvel {
 namespace {
@@ -14,8 +15,6 @@ namespace {
 // in lower and upper case. Every position counts one character.
 constexpr const char* kLower = "ąčęėįšųūž àéöøþ āćđğłňőřţŷźÿ";
 constexpr const char* kUpper = "ĄČĘĖĮŠŲŪŽ ÀÉÖØÞ ĀĆĐĞŁŇŐŘŢŶŹŸ";
-
-// --- Character counting ------------------------------------------------------
 
 struct SliceCase {
   const char* text;
@@ -65,13 +64,9 @@ struct InvalidCallCase {
 class TextInvalidCall : public testing::TestWithParam<InvalidCallCase> {};
 
 TEST_P(TextInvalidCall, ThrowsInvalidCallWithText) {
-  try {
-    GetParam().call();
-    FAIL() << "no error";
-  } catch (const RuntimeError& e) {
-    EXPECT_EQ(e.Number(), RuntimeError::kInvalidCall);
-    EXPECT_NE(e.Text().find("Neteisingas procedūros kvietimas"), std::string::npos) << e.Text();
-  }
+  std::string text;
+  EXPECT_EQ(ErrorOf(GetParam().call, &text), RuntimeError::kInvalidCall);
+  EXPECT_NE(text.find("Neteisingas procedūros kvietimas"), std::string::npos) << text;
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -86,8 +81,6 @@ INSTANTIATE_TEST_SUITE_P(
         InvalidCallCase{"InStrRevBelowMinusOne",
                         [] { return std::to_string(InStrRev("abc", "b", -2)); }}),
     [](const auto& info) { return info.param.name; });
-
-// --- Searching ---------------------------------------------------------------
 
 struct InStrCase {
   int start;
@@ -119,36 +112,25 @@ INSTANTIATE_TEST_SUITE_P(
         InStrCase{1, "é", "\xC3", Compare::Binary, 0},
         InStrCase{1, "x\xC3y", "\xC3", Compare::Binary, 2}));
 
-struct InStrRevCase {
-  const char* text;
-  const char* match;
-  int start;
-  Compare compare;
-  int expected;
-};
-
-class TextInStrRev : public testing::TestWithParam<InStrRevCase> {};
-
-TEST_P(TextInStrRev, MatchEndsAtOrBeforeStart) {
-  const InStrRevCase& c = GetParam();
-  EXPECT_EQ(InStrRev(c.text, c.match, c.start, c.compare), c.expected);
+// The match ends at or before the start; a start beyond the length finds nothing.
+TEST(Text, InStrRevMatchEndsAtOrBeforeStart) {
+  constexpr Compare kBinary = Compare::Binary, kText = Compare::Text;
+  for (const auto& [text, match, start, compare, expected] :
+       {std::tuple{"abcd", "bc", 2, kBinary, 0},
+        {"abcd", "bc", 3, kBinary, 2},
+        {"abcd", "Ab", -1, kText, 1},
+        {"abcd", "Ab", -1, kBinary, 0},
+        {"abcd", "b", 5, kBinary, 0},
+        {"a.b.c", ".", -1, kBinary, 4},
+        {"a.b.c", ".", 3, kBinary, 2},
+        {"ąžuolas.ąžuolas", "Ž", -1, kText, 10},
+        {"", "a", -1, kBinary, 0},
+        {"abc", "", -1, kBinary, 3},
+        {"abc", "", 2, kBinary, 2}}) {
+    EXPECT_EQ(InStrRev(text, match, start, compare), expected)
+        << text << " " << match << " " << start;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextInStrRev,
-    testing::Values(InStrRevCase{"abcd", "bc", 2, Compare::Binary, 0},
-                    InStrRevCase{"abcd", "bc", 3, Compare::Binary, 2},
-                    InStrRevCase{"abcd", "Ab", -1, Compare::Text, 1},
-                    InStrRevCase{"abcd", "Ab", -1, Compare::Binary, 0},
-                    InStrRevCase{"abcd", "b", 5, Compare::Binary, 0},  // start beyond the length
-                    InStrRevCase{"a.b.c", ".", -1, Compare::Binary, 4},
-                    InStrRevCase{"a.b.c", ".", 3, Compare::Binary, 2},
-                    InStrRevCase{"ąžuolas.ąžuolas", "Ž", -1, Compare::Text, 10},
-                    InStrRevCase{"", "a", -1, Compare::Binary, 0},
-                    InStrRevCase{"abc", "", -1, Compare::Binary, 3},
-                    InStrRevCase{"abc", "", 2, Compare::Binary, 2}));
-
-// --- Case mapping ------------------------------------------------------------
 
 TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UCase(kLower), kUpper);
@@ -166,8 +148,6 @@ TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UpperFirst(""), "");
   EXPECT_EQ(UpperFirst("\xFFz"), "\xFFz");
 }
-
-// --- Comparing ---------------------------------------------------------------
 
 struct CompareCase {
   const char* a;
@@ -243,8 +223,6 @@ TEST(Text, CaseInsensitiveCompareIsConsistentOnArbitraryText) {
   }
 }
 
-// --- Trimming, replacing, splitting -------------------------------------------
-
 TEST(Text, TrimRemovesSpacesOnly) {
   EXPECT_EQ(Trim("  a b  "), "a b");
   EXPECT_EQ(LTrim("  a "), "a ");
@@ -254,28 +232,18 @@ TEST(Text, TrimRemovesSpacesOnly) {
   EXPECT_EQ(Trim("\u00A0a\u00A0"), "\u00A0a\u00A0");
 }
 
-struct ReplaceCase {
-  const char* text;
-  const char* find;
-  const char* with;
-  const char* expected;
-};
-
-class TextReplace : public testing::TestWithParam<ReplaceCase> {};
-
-TEST_P(TextReplace, ReplacesEveryOccurrenceLeftToRight) {
-  const ReplaceCase& c = GetParam();
-  EXPECT_EQ(Replace(c.text, c.find, c.with), c.expected);
+// Every occurrence, left to right, comparing bytes as they are.
+TEST(Text, ReplaceReplacesEveryOccurrenceLeftToRight) {
+  for (const auto& [text, find, with, expected] : {std::tuple{"a,b,,c", ",", ";", "a;b;;c"},
+                                                   {"aaa", "aa", "b", "ba"},
+                                                   {"O'Malley", "'", "''", "O''Malley"},
+                                                   {"abc", "", "x", "abc"},
+                                                   {"ąčą", "ą", "", "č"},
+                                                   {"abc", "B", "x", "abc"},
+                                                   {"é", "\xC3", "x", "é"}}) {
+    EXPECT_EQ(Replace(text, find, with), expected) << text << " " << find;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, TextReplace,
-                         testing::Values(ReplaceCase{"a,b,,c", ",", ";", "a;b;;c"},
-                                         ReplaceCase{"aaa", "aa", "b", "ba"},
-                                         ReplaceCase{"O'Malley", "'", "''", "O''Malley"},
-                                         ReplaceCase{"abc", "", "x", "abc"},
-                                         ReplaceCase{"ąčą", "ą", "", "č"},
-                                         ReplaceCase{"abc", "B", "x", "abc"},  // binary compare
-                                         ReplaceCase{"é", "\xC3", "x", "é"}));
 
 TEST(Text, SplitAndJoinRoundTrip) {
   const std::vector<std::string> parts = Split("a;;b;", ";");
@@ -287,27 +255,24 @@ TEST(Text, SplitAndJoinRoundTrip) {
   EXPECT_EQ(Join({}, ","), "");
 }
 
-// --- Null-propagating forms ----------------------------------------------------
-
-TEST(Text, NullPropagatesThroughVariantForms) {
+TEST(Text, VariantFormsPropagateNullReadEmptyAsEmptyTextAndConvertOthers) {
   const Variant null = Variant::Null();
   EXPECT_TRUE(Len(null).IsNull());
   EXPECT_TRUE(Left(null, 2).IsNull());
   EXPECT_TRUE(Mid(null, 1, 2).IsNull());
   EXPECT_TRUE(UCase(null).IsNull());
   EXPECT_TRUE(Trim(null).IsNull());
-}
-
-TEST(Text, VariantFormsReadEmptyAsEmptyTextAndConvertOthers) {
-  const Variant empty;
-  EXPECT_EQ(Len(empty), Variant(0));
-  EXPECT_EQ(UCase(empty), Variant(""));
-  EXPECT_EQ(Len(Variant("šeši")), Variant(4));
-  EXPECT_EQ(Left(Variant("šeši"), 2), Variant("še"));
-  EXPECT_EQ(Mid(Variant(12345), 2, 3), Variant("234"));
-  EXPECT_EQ(UCase(Variant(true)), Variant("TRUE"));
-  EXPECT_EQ(Trim(Variant("  ž ")), Variant("ž"));
-  EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
+  {
+    const Variant empty;
+    EXPECT_EQ(Len(empty), Variant(0));
+    EXPECT_EQ(UCase(empty), Variant(""));
+    EXPECT_EQ(Len(Variant("šeši")), Variant(4));
+    EXPECT_EQ(Left(Variant("šeši"), 2), Variant("še"));
+    EXPECT_EQ(Mid(Variant(12345), 2, 3), Variant("234"));
+    EXPECT_EQ(UCase(Variant(true)), Variant("TRUE"));
+    EXPECT_EQ(Trim(Variant("  ž ")), Variant("ž"));
+    EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
+  }
 }
 
 }  // namespace

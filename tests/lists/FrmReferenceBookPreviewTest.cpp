@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include "host/Text.h"
 #include "lists/ListedType.h"
 #include "lists/frmPreviewConfig.h"
 #include "lists/frmReferenceBookPreview.h"
@@ -131,14 +132,8 @@ TEST_F(FrmReferenceBookPreviewTest, DefaultColumnsComeFromTheTypesStructure) {
   EXPECT_EQ(w->lblStatus.Caption(), "");
   EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmReferenceBookPreviewTest, CallsTheHostWithTheTypesIdentifiers) {
-  auto w = Open();
-  EXPECT_EQ(HostLines(), (std::vector<std::string>{
-                             "Call Orvel_GetGroupPreviewField O0000900",
-                             "Call Orvel_GetObjectStructureByOID O0000900",
-                         }));
+  EXPECT_EQ(HostLines(), (std::vector<std::string>{"Call Orvel_GetGroupPreviewField O0000900",
+                                                   "Call Orvel_GetObjectStructureByOID O0000900"}));
   EXPECT_EQ(type_->listCalls, (std::vector<std::string>{"||", "O00009001||", "O00009002||"}));
 }
 
@@ -196,29 +191,26 @@ TEST_F(FrmReferenceBookPreviewTest, AStoredConfigurationIsUsed) {
   EXPECT_EQ(Rows(*w)[0], "*Grupė| ");
 }
 
-class MalformedConfigTest : public FrmReferenceBookPreviewTest,
-                            public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(MalformedConfigTest, FallsBackToTheDefaultAndSaysSo) {
-  host_.Ui()->QueueAnswer(vbOK);
-  auto w = Open(GetParam());
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  const auto& box = host_.Ui()->Boxes()[0];
-  EXPECT_EQ(box.prompt, "Netinkami sąrašo stulpelių parametrai. Rodomi numatytieji stulpeliai.");
-  EXPECT_FALSE(w->ConfigError().empty());
-  EXPECT_EQ(box.flags, 48);
-  EXPECT_EQ(box.title, "Orvel Apskaita");
-  EXPECT_EQ(w->Config(), kDefault);
-  EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
-  EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
+TEST_F(FrmReferenceBookPreviewTest, AMalformedConfigurationFallsBackToTheDefaultAndSaysSo) {
+  for (const char* config :
+       {"#", "Mano;9", "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0",
+        "Mano;9;1;1;0;1;1;#WZWName;V;0;platus;0", "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;x",
+        "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;0#WZWName;W;0;1;1",
+        "Mano;devyni;1;1;0;1;1;#WZWName;V;0;5,0;0"}) {
+    host_.Ui()->ClearBoxes();
+    host_.Ui()->QueueAnswer(vbOK);
+    auto w = Open(config);
+    ASSERT_EQ(host_.Ui()->Boxes().size(), 1u) << config;
+    const auto& box = host_.Ui()->Boxes()[0];
+    EXPECT_EQ(std::to_string(box.flags) + " " + box.title + "|" + box.prompt,
+              "48 Orvel Apskaita|Netinkami sąrašo stulpelių parametrai. Rodomi numatytieji "
+              "stulpeliai.");
+    EXPECT_FALSE(w->ConfigError().empty()) << config;
+    EXPECT_EQ(w->Config(), kDefault);
+    EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
+    EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Strings, MalformedConfigTest,
-                         ::testing::Values("#", "Mano;9", "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0",
-                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;platus;0",
-                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;x",
-                                           "Mano;9;1;1;0;1;1;#WZWName;V;0;5,0;0#WZWName;W;0;1;1",
-                                           "Mano;devyni;1;1;0;1;1;#WZWName;V;0;5,0;0"));
 
 TEST_F(FrmReferenceBookPreviewTest, PrintsTheWholeTable) {
   host_.User()->SetName("Jonas Jonaitis");
@@ -229,66 +221,33 @@ TEST_F(FrmReferenceBookPreviewTest, PrintsTheWholeTable) {
   w->cmdPrint.Click();
   auto doc = host_.HostClasses()->LastPrintDoc();
   ASSERT_TRUE(doc);
-  EXPECT_EQ(doc->Lines(), (std::vector<std::string>{"Orientation 1",
-                                                    "FontSize 10",
-                                                    "PrintMode 1",
-                                                    "UserName Jonas Jonaitis",
-                                                    "DateMode 2",
-                                                    "ExtraFlag False",
-                                                    "Section Text",
-                                                    "Text Bold 12 Center Sąrašas",
-                                                    "Text Plain 0 Left  ",
-                                                    "Text Plain 10 Left Grupė",
-                                                    "Text Plain 0 Left  ",
-                                                    "Section Table",
-                                                    "VerticalLines True",
-                                                    "HorizontalLines False",
-                                                    "Column Kodas 2,5 Left",
-                                                    "Column Pavadinimas 9,5 Center",
-                                                    "Column Suma 2,5 Right",
-                                                    "Row",
-                                                    "Cell 0 Bold G2",
-                                                    "Cell 1 Bold Pogrupis",
-                                                    "Row",
-                                                    "Cell 0 Plain C",
-                                                    "Cell 1 Plain           Gama",
-                                                    "Cell 2 Plain 0",
-                                                    "Row",
-                                                    "Cell 0 Plain B",
-                                                    "Cell 1 Plain Beta",
-                                                    "Cell 2 Plain 3",
-                                                    "Section Text",
-                                                    "Text Plain 0 Left  ",
-                                                    "Text Plain 0 Left Parengė buhalterija",
-                                                    "Print False"}));
+  EXPECT_EQ(Join(doc->Lines(), "|"),
+            "Orientation 1|FontSize 10|PrintMode 1|UserName Jonas Jonaitis|DateMode 2|"
+            "ExtraFlag False|Section Text|Text Bold 12 Center Sąrašas|Text Plain 0 Left  |"
+            "Text Plain 10 Left Grupė|Text Plain 0 Left  |Section Table|VerticalLines True|"
+            "HorizontalLines False|Column Kodas 2,5 Left|Column Pavadinimas 9,5 Center|"
+            "Column Suma 2,5 Right|Row|Cell 0 Bold G2|Cell 1 Bold Pogrupis|Row|Cell 0 Plain C|"
+            "Cell 1 Plain           Gama|Cell 2 Plain 0|Row|Cell 0 Plain B|Cell 1 Plain Beta|"
+            "Cell 2 Plain 3|Section Text|Text Plain 0 Left  |"
+            "Text Plain 0 Left Parengė buhalterija|Print False");
   EXPECT_EQ(w->lblStatus.Caption(), "");
 }
 
-struct OrientationCase {
-  const char* widths[2];
-  const char* orientation;
-};
-
-class OrientationTest : public FrmReferenceBookPreviewTest,
-                        public ::testing::WithParamInterface<OrientationCase> {};
-
-TEST_P(OrientationTest, PortraitUpTo17CentimetresLandscapeAbove) {
-  std::string config = std::string("T;9;1;1;0;0;1;#WZWCode;K;0;") + GetParam().widths[0] +
-                       ";0#WZWName;P;0;" + GetParam().widths[1] + ";1#WZWNote;N;0;20,0;999";
-  auto w = Open(config);
-  w->cmdPrint.Click();
-  auto doc = host_.HostClasses()->LastPrintDoc();
-  ASSERT_TRUE(doc);
-  EXPECT_EQ(doc->Lines()[0], GetParam().orientation);
-  EXPECT_EQ(doc->Lines()[3], "UserName ");
-  EXPECT_EQ(doc->Lines()[5], "ExtraFlag True");
+TEST_F(FrmReferenceBookPreviewTest, PrintsPortraitUpTo17CentimetresLandscapeAbove) {
+  for (const auto& [code, name, orientation] : {std::tuple{"8,5", "8,5", "Orientation 1"},
+                                                {"0,1", "16,9", "Orientation 1"},
+                                                {"8,6", "8,5", "Orientation 2"},
+                                                {"27", "0,1", "Orientation 2"}}) {
+    auto w = Open(std::string("T;9;1;1;0;0;1;#WZWCode;K;0;") + code + ";0#WZWName;P;0;" + name +
+                  ";1#WZWNote;N;0;20,0;999");
+    w->cmdPrint.Click();
+    auto doc = host_.HostClasses()->LastPrintDoc();
+    ASSERT_TRUE(doc);
+    EXPECT_EQ(doc->Lines()[0], orientation) << code << " " << name;
+    EXPECT_EQ(doc->Lines()[3], "UserName ");
+    EXPECT_EQ(doc->Lines()[5], "ExtraFlag True");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Widths, OrientationTest,
-                         ::testing::Values(OrientationCase{{"8,5", "8,5"}, "Orientation 1"},
-                                           OrientationCase{{"0,1", "16,9"}, "Orientation 1"},
-                                           OrientationCase{{"8,6", "8,5"}, "Orientation 2"},
-                                           OrientationCase{{"27", "0,1"}, "Orientation 2"}));
 
 // A cancelled choice keeps the list.
 TEST_F(FrmReferenceBookPreviewTest, ChoosingAGroupListsItsMembers) {

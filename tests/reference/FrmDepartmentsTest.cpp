@@ -5,13 +5,12 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "orvel/Ui.h"
 #include "reference/frmDepartments.h"
-#include "support/ModuleTest.h"
+#include "support/CardTest.h"
 #include "testhost/TestRights.h"
-#include "testhost/TestSession.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
-#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {
@@ -21,11 +20,11 @@ constexpr const char* kDepartments = "O0001604";
 // A group "Administracija" (1) holding "Buhalterija" (2, branch 11), and
 // "Sandėlis" (3) at the top whose branch 99 is gone. The suite has two
 // branches, 11 and 12.
-class FrmDepartmentsTest : public ModuleTest {
+class FrmDepartmentsTest : public CardTest<frmDepartments> {
  protected:
+  FrmDepartmentsTest() : CardTest(kDepartments) {}
   void SetUp() override {
-    ModuleTest::SetUp();
-    host_.Session()->SetAppTitle("Apskaita");
+    CardTest::SetUp();
     auto& table = BO(kDepartments).Table();
     table.SetFields({"ID", "Code", "Name", "ParentID", "GroupFlag", "FirmBranchID"});
     table.SetDefault("ParentID", Variant(0));
@@ -39,6 +38,7 @@ class FrmDepartmentsTest : public ModuleTest {
     BO(kDepartments)
         .ReplyRead("DO0001604_GetFirmBranches",
                    Branches({{11, "UAB Medis, Kaunas"}, {12, "UAB Medis, Vilnius"}}));
+    MakeAdapter();
   }
 
   static std::shared_ptr<MemoryRecordset> Branches(
@@ -48,39 +48,12 @@ class FrmDepartmentsTest : public ModuleTest {
     if (!rows.empty()) rs->MoveFirst();
     return rs;
   }
-
-  // The card as the host opens it from the tree: "0" a record, "1" a new
-  // entry beside or under the node, "2"/"3" a new group.
-  std::shared_ptr<frmDepartments> Open(const std::string& oidr, const std::string& otype,
-                                       const std::string& key = "0",
-                                       const std::string& settings = "") {
-    auto adapter = Adapter(kDepartments);
-    adapter->GetMenu(oidr, otype, settings);
-    auto window = adapter->ClickMenu(oidr, otype, key, "").Value.ObjectAs<frmDepartments>();
-    EXPECT_NE(window, nullptr) << oidr << " " << key;
-    if (!window) return nullptr;
-    host_.WindowManager()->ShowWindow(window);
-    BO(kDepartments).ClearCalls();
-    host_.Log().Clear();
-    return window;
-  }
-
-  Variant Stored(int32_t id, const char* field) {
-    return BO(kDepartments).Table().Value(id, field);
-  }
-
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> out;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      out.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return out;
-  }
 };
 
 // The tree opens a department under the rules of every reference record.
 TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
-  auto w = Open("O00016042", "T", "0", "ReadOnly");
+  adapter_->GetMenu("O00016042", "T", "ReadOnly");
+  auto w = Open("O00016042", "0", "T");
   ASSERT_TRUE(w);
   EXPECT_TRUE(w->boolReadOnly);
   w->txtName.Edit("Kasa");
@@ -88,14 +61,6 @@ TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   EXPECT_FALSE(w->cmdCancel.Enabled());
   EXPECT_FALSE(w->SSCNew.Enabled());
   EXPECT_FALSE(w->cmdParentGroup.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, ADepartmentWhoseGroupIsGoneOpensNoCard) {
-  BO(kDepartments).Table().Remove(1);
-  host_.Ui()->QueueAnswer(vbOK);
-  auto result = Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Grupė panaikinta!"});
 }
 
 // The branches are asked once, at load, with their own call.
@@ -123,7 +88,7 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
 }
 
 TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
-  auto w = Open("O00016043", "T");
+  auto w = Open("O00016043", "0", "T");
   ASSERT_TRUE(w);
   EXPECT_EQ(w->txtFirmBranch.Text(), "");
   EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
@@ -150,7 +115,7 @@ class DepartmentCaptionTest : public FrmDepartmentsTest,
 
 TEST_P(DepartmentCaptionTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
   const auto& c = GetParam();
-  auto w = Open(c.oidr, c.otype, c.key);
+  auto w = Open(c.oidr, c.key, c.otype);
   ASSERT_TRUE(w);
   EXPECT_EQ(w->SOPanel.Caption(), c.heading);
   EXPECT_EQ(w->lblGroup.Caption(), c.groupLabel);
@@ -189,7 +154,7 @@ class DepartmentWriteRuleTest : public FrmDepartmentsTest,
 TEST_P(DepartmentWriteRuleTest, WriteNeedsTheUpdateRightAChangeAndAName) {
   const auto& c = GetParam();
   if (!c.canUpdate) host_.Rights()->Deny("CReference", TestRights::Right::Update);
-  auto w = Open("O00016042", "T");
+  auto w = Open("O00016042", "0", "T");
   ASSERT_TRUE(w);
   w->txtName.Edit(c.typed);
   EXPECT_TRUE(w->Changed());
@@ -197,19 +162,18 @@ TEST_P(DepartmentWriteRuleTest, WriteNeedsTheUpdateRightAChangeAndAName) {
   EXPECT_EQ(w->cmdCancel.Enabled(), c.cancel);
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Rules, DepartmentWriteRuleTest,
-    ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
-                      WriteRuleCase{"NameEmptied", true, "", false, true},
-                      WriteRuleCase{"BlanksOnly", true, "   ", true, true},
-                      WriteRuleCase{"NoUpdateRight", false, "Kasa", false, false},
-                      WriteRuleCase{"NoUpdateRightNoName", false, "", false, false}),
-    [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(Rules, DepartmentWriteRuleTest,
+                         ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
+                                           WriteRuleCase{"NameEmptied", true, "", false, true},
+                                           WriteRuleCase{"BlanksOnly", true, "   ", true, true},
+                                           WriteRuleCase{"NoUpdateRight", false, "Kasa", false,
+                                                         false}),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
     BO(kDepartments).ReplyRead("DO0001604_GetFirmBranches", reply);
-    auto w = Open("O00016042", "T");
+    auto w = Open("O00016042", "0", "T");
     ASSERT_TRUE(w);
     EXPECT_FALSE(w->HasBranches());
     EXPECT_FALSE(w->cmdFirmBranches.Enabled());
@@ -220,7 +184,7 @@ TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
 }
 
 TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
-  auto w = Open("O00016043", "T");
+  auto w = Open("O00016043", "0", "T");
   std::string asked;
   host_.ObjectManager()->OnCall("OrvelGroupSelect", [&](const std::string& param) {
     asked = param;
@@ -239,7 +203,7 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
 }
 
 TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
-  auto w = Open("O00016042", "T");
+  auto w = Open("O00016042", "0", "T");
   host_.ObjectManager()->ReplyToCall("OrvelGroupSelect", OrvelResult{7, "Nėra sąrašo", Variant()});
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdFirmBranches.Click();
@@ -251,7 +215,7 @@ TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
 // Blanks around the name are trimmed; a write keeps the branch until it is
 // cleared, and a cleared one is written as none.
 TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
-  auto w = Open("O00016042", "T");
+  auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("  Kasa  ");
   w->cmdWrite.Click();
   EXPECT_EQ(Stored(2, "Name"), Variant("Kasa"));
@@ -268,7 +232,7 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptie
   BO(kDepartments)
       .Table()
       .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
-  auto w = Open("O00016042", "T");
+  auto w = Open("O00016042", "0", "T");
   w->cmdParentGroup.Click();  // cancelled: nothing changes
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
   EXPECT_FALSE(w->Changed());
@@ -292,7 +256,7 @@ TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptie
 }
 
 TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesStored) {
-  auto w = Open("O00016041", "Group", "1");
+  auto w = Open("O00016041", "1", "Group");
   ASSERT_TRUE(w);
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
   w->txtName.Edit("Kasa");
@@ -307,8 +271,8 @@ TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesSto
   EXPECT_FALSE(w->cmdWrite.Enabled());
 }
 
-TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
-  auto w = Open("O00016042", "T");
+TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
+  auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
   BO(kDepartments).FailCallsNamed("Orvel_SaveObject", 9, "Užrakinta");
   host_.Ui()->QueueAnswer(vbOK);
@@ -316,11 +280,7 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStays) {
   EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita Užrakinta\nĮrašymas neatliktas!"});
   EXPECT_EQ(w->txtName.Text(), "Kasa");
   EXPECT_TRUE(w->cmdWrite.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, CancelPutsTheStoredValuesBack) {
-  auto w = Open("O00016042", "T");
-  w->txtName.Edit("Kasa");
+  // Cancel puts the stored values back.
   w->cmdCleanFirmBranch.Click();
   w->cmdCancel.Click();
   EXPECT_EQ(w->txtName.Text(), "Buhalterija");
@@ -329,7 +289,7 @@ TEST_F(FrmDepartmentsTest, CancelPutsTheStoredValuesBack) {
 }
 
 TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
-  auto w = Open("O00016041", "Group");
+  auto w = Open("O00016041", "0", "Group");
   w->SSCNew.Click();
   EXPECT_TRUE(w->IsNew());
   EXPECT_TRUE(w->IsGroup());
@@ -341,7 +301,7 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
 }
 
 TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
-  auto w = Open("O00016042", "T");
+  auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
   host_.Ui()->QueueAnswer(vbNo);
   w->SSCNew.Click();
@@ -359,13 +319,13 @@ TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeep
 
 TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
   host_.Rights()->Deny("CReference", TestRights::Right::Delete);
-  auto w = Open("O00016043", "T");
+  auto w = Open("O00016043", "0", "T");
   w->SSCClose.MouseUp(vbRightButton);
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_TRUE(BO(kDepartments).Table().Contains(3));
 
   host_.Rights()->Grant("CReference", TestRights::Right::Delete);
-  auto other = Open("O00016042", "T");
+  auto other = Open("O00016042", "0", "T");
   host_.Ui()->QueueAnswer(vbYes);
   other->SSCClose.MouseUp(vbRightButton);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"52 Apskaita Ar tikrai norite panaikinti?\n\n"

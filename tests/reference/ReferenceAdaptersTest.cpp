@@ -7,14 +7,12 @@
 #include "adapters/UI0001600.h"
 #include "lists/frmReferenceBookPreview.h"
 #include "module/ClassFactory.h"
+#include "orvel/Ui.h"
 #include "reference/frmReferenceBook.h"
 #include "testhost/TestObjectSelect.h"
-#include "orvel/Ui.h"
 
 namespace orvel {
 namespace {
-
-// ---- menus ----
 
 struct MenuCase {
   const char* oidr;
@@ -23,91 +21,69 @@ struct MenuCase {
   const char* keys;  // "" for an empty menu
 };
 
-class ReferenceMenuTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(ReferenceMenuTest, EntriesFollowTheNodeKindAndTheSettings) {
-  const MenuCase& c = GetParam();
-  std::string oidr = c.oidr;
-  auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
-  ASSERT_TRUE(menu);
-  std::string keys;
-  for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
-  EXPECT_EQ(keys, c.keys);
-  EXPECT_TRUE(Calls(kBook).empty());
-}
-
 // The family's root and an unclassified eight-character node have none; a
 // book is no root (its OID does not end in "00"); only a stored record goes
 // on the desktop; an unknown kind has no menu, not even help; the flags
 // match by case, as the host writes them.
-INSTANTIATE_TEST_SUITE_P(
-    Table, ReferenceMenuTest,
-    ::testing::Values(MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
-                      MenuCase{"O0001600", "", "", ""},
-                      MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
-                      MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
-                      MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
-                      MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
-                      MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
-                      MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
-                      MenuCase{"O00016022", "X", "", ""},
-                      MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}));
-
-// ---- the family and the books treated apart ----
-
-struct ClassCase {
-  const char* name;
-  const char* made;  // "UI", "UIO" or "" for none
-};
-
-class ReferenceClassTest : public ::testing::TestWithParam<ClassCase> {};
-
-TEST_P(ReferenceClassTest, EveryBookOfTheFamilyIsServedByThePair) {
-  const ClassCase& c = GetParam();
-  auto object = ClassFactory::Create(c.name);
-  std::string made = std::dynamic_pointer_cast<UIO0001600>(object)  ? "UIO"
-                     : std::dynamic_pointer_cast<UI0001600>(object) ? "UI"
-                                                                    : "";
-  EXPECT_EQ(made, c.made);
+TEST_F(ReferenceBookTest, EntriesFollowTheNodeKindAndTheSettings) {
+  for (const MenuCase& c : {MenuCase{"O0001600", "C", "", ""}, MenuCase{"O0001602", "", "", ""},
+                            MenuCase{"O00016021", "Group", "GroupsDisabled", "0 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "T", "", "0 1 6 4 100 7 100"},
+                            MenuCase{"O0001602", "T", "", "1 6 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "", "2 5 1 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "x;ReadOnly", "5 4 100 7 100"},
+                            MenuCase{"O0001602", "C", "GroupsDisabled", "5 1 4 100 7 100"},
+                            MenuCase{"O00016021", "Group", "", "0 3 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016021", "Group", "ReadOnly", "0 5 4 100 7 100"},
+                            MenuCase{"O00016022", "", "", "0 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "T", "ReadOnly,GroupsDisabled", "0 4 100 7 100"},
+                            MenuCase{"O0001602", "Group", "", "3 5 1 6 4 100 7 100"},
+                            MenuCase{"O00016022", "X", "", ""},
+                            MenuCase{"O00016022", "T", "readonly", "0 1 6 4 100 7 100"}}) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.otype + " " + c.settings);
+    std::string oidr = c.oidr;
+    auto menu = Adapter(oidr.substr(0, 8))->GetMenu(oidr, c.otype, c.settings);
+    ASSERT_TRUE(menu);
+    std::string keys;
+    for (const auto& item : *menu) keys += (keys.empty() ? "" : " ") + item.Key;
+    EXPECT_EQ(keys, c.keys);
+    EXPECT_TRUE(Calls(kBook).empty());
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Names, ReferenceClassTest,
-    ::testing::Values(ClassCase{"UI0001600", "UI"}, ClassCase{"UIO0001600", "UIO"},
-                      ClassCase{"UI0001605", "UI"}, ClassCase{"UIO0001615", "UIO"},
-                      ClassCase{"UI0001699", "UI"}, ClassCase{"UI0001700", ""},
-                      ClassCase{"UI000160", ""}, ClassCase{"UI00016055", ""},
-                      ClassCase{"UI00016x5", ""}, ClassCase{"UIO000160-", ""}, ClassCase{"", ""}));
-
-struct ListCase {
-  const char* adapter;
-  const char* oidr;
-  const char* param;  // of Orvel_GetObjectList
-};
-
-class ReferenceListTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<ListCase> {};
-
-TEST_P(ReferenceListTest, TheListCallCarriesTheUserOnlyForLocations) {
-  const ListCase& c = GetParam();
-  Adapter(c.adapter)->GetOrvelObjectList(c.oidr, "Group", "ReadOnly");
-  EXPECT_EQ(Calls(c.adapter),
-            std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
+// "UI"/"UIO" and the family's OID 00016nn, nothing else.
+TEST(ReferenceClass, EveryBookOfTheFamilyIsServedByThePair) {
+  for (const auto& [name, made] : {std::pair{"UI0001600", "UI"},
+                                   {"UIO0001600", "UIO"},
+                                   {"UI0001605", "UI"},
+                                   {"UIO0001615", "UIO"},
+                                   {"UI0001699", "UI"},
+                                   {"UI0001700", ""},
+                                   {"UI000160", ""},
+                                   {"UI00016055", ""},
+                                   {"UI00016x5", ""},
+                                   {"UIO000160-", ""},
+                                   {"", ""}}) {
+    auto object = ClassFactory::Create(name);
+    std::string kind = std::dynamic_pointer_cast<UIO0001600>(object)  ? "UIO"
+                       : std::dynamic_pointer_cast<UI0001600>(object) ? "UI"
+                                                                      : "";
+    EXPECT_EQ(kind, made) << name;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Books, ReferenceListTest,
-                         ::testing::Values(ListCase{kBook, "", "'O0001602'"},
-                                           ListCase{kBook, "O00016021", "'O00016021'"},
-                                           ListCase{kLocations, "", "'u7', 'O0001605'"},
-                                           ListCase{kLocations, "O0001605", "'u7', 'O0001605'"},
-                                           // A record of the locations ends otherwise: no user.
-                                           ListCase{kLocations, "O00016051", "'O00016051'"}));
+// A record of the locations ends otherwise than the book: no user.
+TEST_F(ReferenceBookTest, TheListCallCarriesTheUserOnlyForLocations) {
+  for (const auto& [book, oidr, param] : {std::tuple{kBook, "", "'O0001602'"},
+                                          {kBook, "O00016021", "'O00016021'"},
+                                          {kLocations, "", "'u7', 'O0001605'"},
+                                          {kLocations, "O0001605", "'u7', 'O0001605'"},
+                                          {kLocations, "O00016051", "'O00016051'"}}) {
+    ClearCalls();
+    Adapter(book)->GetOrvelObjectList(oidr, "Group", "ReadOnly");
+    EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + param});
+  }
+}
 
 TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
   auto object = Adapter(kBook)->GetOrvelObject("");
@@ -116,8 +92,6 @@ TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
   EXPECT_EQ(object->OIDR(), kBook);
   EXPECT_NE(std::dynamic_pointer_cast<UIO0001600>(object), nullptr);
 }
-
-// ---- keys ----
 
 TEST_F(ReferenceBookTest, ShowOpensTheListWindowOfTheNode) {
   auto result = Adapter(kBook)->ClickMenu("O00016021", "Group", "5", "");
@@ -143,38 +117,34 @@ struct OpenCase {
   const char* groupName;
 };
 
-class ReferenceOpenTest : public ReferenceBookTest,
-                          public ::testing::WithParamInterface<OpenCase> {};
-
-TEST_P(ReferenceOpenTest, TheCardStartsInTheRightGroupKindAndFlag) {
-  const OpenCase& c = GetParam();
-  auto adapter = Adapter(kBook);
-  adapter->GetMenu(c.oidr, c.otype, c.settings);
-  auto result = adapter->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<frmReferenceBook>();
-  ASSERT_NE(window, nullptr);
-  auto& object = *window->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), c.opened);
-  EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
-  EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
-  EXPECT_EQ(window->mGroupName, c.groupName);
-  EXPECT_EQ(window->boolReadOnly, std::string(c.settings) == "ReadOnly");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+TEST_F(ReferenceBookTest, TheCardStartsInTheRightGroupKindAndFlag) {
+  for (const OpenCase& c :
+       {OpenCase{"0", "O00016022", "T", "", "O00016022", 1, 0, "Grupė A"},
+        OpenCase{"0", "O00016022", "T", "ReadOnly", "O00016022", 1, 0, "Grupė A"},
+        OpenCase{"0", "O00016023", "T", "", "O00016023", 0, 0, ""},
+        OpenCase{"0", "O00016021", "T", "", "O00016021", 0, 1, ""},
+        OpenCase{"2", kBook, "C", "", kBook, 0, 1, ""},
+        OpenCase{"3", "O00016021", "Group", "", kBook, 1, 1, "Grupė A"},
+        OpenCase{"1", kBook, "C", "", kBook, 0, 0, ""},
+        OpenCase{"1", "O00016021", "Group", "", kBook, 1, 0, "Grupė A"},
+        OpenCase{"1", "O00016022", "T", "", kBook, 1, 0, "Grupė A"},
+        OpenCase{"1", "O00016023", "", "", kBook, 0, 0, ""}}) {
+    SCOPED_TRACE(std::string(c.key) + " " + c.oidr + " " + c.settings);
+    auto adapter = Adapter(kBook);
+    adapter->GetMenu(c.oidr, c.otype, c.settings);
+    auto result = adapter->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+    auto window = result.Value.ObjectAs<frmReferenceBook>();
+    ASSERT_NE(window, nullptr);
+    auto& object = *window->OrvelObjectUIO();
+    EXPECT_EQ(object.OIDR(), c.opened);
+    EXPECT_EQ(CLng(object.Fields("ParentID").Value()), c.parentId);
+    EXPECT_EQ(CLng(object.Fields("GroupFlag").Value()), c.groupFlag);
+    EXPECT_EQ(window->mGroupName, c.groupName);
+    EXPECT_EQ(window->boolReadOnly, std::string(c.settings) == "ReadOnly");
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ReferenceOpenTest,
-    ::testing::Values(OpenCase{"0", "O00016022", "T", "", "O00016022", 1, 0, "Grupė A"},
-                      OpenCase{"0", "O00016022", "T", "ReadOnly", "O00016022", 1, 0, "Grupė A"},
-                      OpenCase{"0", "O00016023", "T", "", "O00016023", 0, 0, ""},
-                      OpenCase{"0", "O00016021", "T", "", "O00016021", 0, 1, ""},
-                      OpenCase{"2", kBook, "C", "", kBook, 0, 1, ""},
-                      OpenCase{"3", "O00016021", "Group", "", kBook, 1, 1, "Grupė A"},
-                      OpenCase{"1", kBook, "C", "", kBook, 0, 0, ""},
-                      OpenCase{"1", "O00016021", "Group", "", kBook, 1, 0, "Grupė A"},
-                      OpenCase{"1", "O00016022", "T", "", kBook, 1, 0, "Grupė A"},
-                      OpenCase{"1", "O00016023", "", "", kBook, 0, 0, ""}));
 
 struct GoneCase {
   const char* key;
@@ -183,29 +153,25 @@ struct GoneCase {
   const char* box;
 };
 
-class ReferenceNewGoneTest : public ReferenceBookTest,
-                             public ::testing::WithParamInterface<GoneCase> {};
-
-TEST_P(ReferenceNewGoneTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
-  const GoneCase& c = GetParam();
-  host_.Ui()->QueueAnswer(vbOK);
-  auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(result.Value.IsEmpty());
-  EXPECT_EQ(Boxes(), std::vector<std::string>{std::string("16 ") + c.box});
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
-  EXPECT_EQ(BO(kBook).Calls("Orvel_NewObject").size(), 0u);
+TEST_F(ReferenceBookTest, NoWindowWhenTheRecordOrItsGroupIsGone) {
+  for (const GoneCase& c : {GoneCase{"5", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
+                            GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
+                            GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
+                            GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
+                            GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}}) {
+    SCOPED_TRACE(std::string(c.key) + " " + c.oidr + " " + c.otype);
+    host_.Ui()->ClearBoxes();
+    host_.Ui()->QueueAnswer(vbOK);
+    auto result = Adapter(kBook)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
+    EXPECT_TRUE(result.Value.IsEmpty());
+    EXPECT_EQ(Boxes(), std::vector<std::string>{std::string("16 ") + c.box});
+    EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
+    EXPECT_EQ(BO(kBook).Calls("Orvel_NewObject").size(), 0u);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ReferenceNewGoneTest,
-    ::testing::Values(GoneCase{"5", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"0", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"0", "O00016024", "T", "Grupė panaikinta!"},
-                      GoneCase{"3", "O00016028", "Group", "Grupė panaikinta!"},
-                      GoneCase{"1", "O00016028", "Group", "Grupė panaikinta!"},
-                      GoneCase{"1", "O00016028", "T", "Objektas panaikintas !"},
-                      GoneCase{"1", "O00016024", "T", "Grupė panaikinta!"}));
 
 TEST_F(ReferenceBookTest, DeleteAsksYesOrNo) {
   auto adapter = Adapter(kBook);
@@ -279,8 +245,6 @@ TEST_F(ReferenceBookTest, HelpOpensTheReferencePage) {
   EXPECT_TRUE(entries[0].args[2].ends_with("help\\zinynai.htm")) << entries[0].args[2];
 }
 
-// ---- properties and methods ----
-
 class ReferenceRecordTest : public ReferenceBookTest {
  protected:
   std::shared_ptr<OrvelObjectUIO> Record(const char* oidr) {
@@ -290,32 +254,19 @@ class ReferenceRecordTest : public ReferenceBookTest {
   }
 };
 
-struct PropertyCase {
-  const char* name;
-  const char* par;
-  const char* call;  // "<name> <param>"
-};
-
-class ReferencePropertyTest : public ReferenceRecordTest,
-                              public ::testing::WithParamInterface<PropertyCase> {};
-
-TEST_P(ReferencePropertyTest, APropertyIsAGetCallWithTheParameterAsGiven) {
-  const PropertyCase& c = GetParam();
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"});
-  BO(kBook).ReplyRead(std::string("Get") + c.name, rs);
-  auto result = Record("O00016022")->Properties(c.name, c.par);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+// No OIDR stands in for an empty parameter.
+TEST_F(ReferenceRecordTest, APropertyIsAGetCallWithTheParameterAsGiven) {
+  for (const auto& [name, par, call] :
+       {std::tuple{"ExtPropertiesByOID", "'O00001005'", "GetExtPropertiesByOID 'O00001005'"},
+        {"Structure", "", "GetStructure "}}) {
+    BO(kBook).ReplyRead(std::string("Get") + name,
+                        std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"}));
+    auto result = Record("O00016022")->Properties(name, par);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(Calls(kBook), std::vector<std::string>{call});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Names, ReferencePropertyTest,
-                         ::testing::Values(PropertyCase{"ExtPropertiesByOID", "'O00001005'",
-                                                        "GetExtPropertiesByOID 'O00001005'"},
-                                           // No OIDR stands in for an empty parameter.
-                                           PropertyCase{"Structure", "", "GetStructure "},
-                                           PropertyCase{"FirmBranches", "'O00001005',2",
-                                                        "GetFirmBranches 'O00001005',2"}));
 
 TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
@@ -360,29 +311,20 @@ TEST_F(ReferenceRecordTest, TheCardsAreBuiltWithoutACall) {
   EXPECT_TRUE(Calls(kBook).empty());
 }
 
-struct MethodCase {
-  const char* name;
-  Variant::Array params;
-  const char* call;
-};
-
-class ReferenceMethodTest : public ReferenceRecordTest,
-                            public ::testing::WithParamInterface<MethodCase> {};
-
-TEST_P(ReferenceMethodTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
-  const MethodCase& c = GetParam();
-  Variant::Array params = c.params;
-  auto result = Record("O00016022")->Methods(c.name, params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+// Numbers go with "." and further parameters are dropped.
+TEST_F(ReferenceRecordTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
+  struct {
+    const char* name;
+    Variant::Array params;
+    const char* call;
+  } cases[] = {{"MoveRows", {}, "MoveRows "},
+               {"MoveRows", {Variant("'O00016022',3")}, "MoveRows 'O00016022',3"},
+               {"SetRate", {Variant(1.5), Variant("x")}, "SetRate 1.5"}};
+  for (auto& c : cases) {
+    EXPECT_EQ(Record("O00016022")->Methods(c.name, c.params).Number, 0);
+    EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, ReferenceMethodTest,
-    ::testing::Values(MethodCase{"MoveRows", {}, "MoveRows "},
-                      MethodCase{"MoveRows", {Variant("'O00016022',3")}, "MoveRows 'O00016022',3"},
-                      // Numbers go with "." and further parameters are dropped.
-                      MethodCase{"SetRate", {Variant(1.5), Variant("x")}, "SetRate 1.5"}));
 
 TEST_F(ReferenceRecordTest, OnlyNumber777IsShownToTheUser) {
   Variant::Array none;

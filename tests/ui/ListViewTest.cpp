@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "orvel/RuntimeError.h"
+#include "support/RuntimeErrors.h"
 #include "ui/ListView.h"
 #include "ui/RecordingObserver.h"
 
@@ -26,17 +26,6 @@ std::vector<int> Indexes(const ListView& view) {
   std::vector<int> indexes;
   for (const auto& row : view.ListItems()) indexes.push_back(row->Index());
   return indexes;
-}
-
-// Runs `action` and returns the RuntimeError number it threw (0: none).
-int32_t ErrorOf(const std::function<void()>& action, std::string* text = nullptr) {
-  try {
-    action();
-  } catch (const RuntimeError& e) {
-    if (text) *text = e.Text();
-    return e.Number();
-  }
-  return 0;
 }
 
 class ListViewTest : public ::testing::Test {
@@ -63,6 +52,19 @@ TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged_EmptyKe
   EXPECT_EQ(view.ListItems().Count(), 5);
 }
 
+TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
+  ListItem& first = view.ListItems().Item(1);
+  view.ListItems().Add(2, "K", "Įterpta");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
+  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
+  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
+
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
+  EXPECT_EQ(view.ListItems().Count(), 5);
+  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
+}
+
 TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   std::vector<std::string> checked;
   view.OnItemCheck = [&](ListItem& row) {
@@ -80,19 +82,6 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   view.ItemCheck(row);
   EXPECT_TRUE(row.Checked());
   EXPECT_THAT(checked, ElementsAre("O00003002 on", "O00003002 off"));
-}
-
-TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
-  ListItem& first = view.ListItems().Item(1);
-  view.ListItems().Add(2, "K", "Įterpta");
-  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
-  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
-  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
-  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
-
-  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
-  EXPECT_EQ(view.ListItems().Count(), 5);
-  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
 }
 
 TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
@@ -125,37 +114,23 @@ TEST_F(ListViewTest, Remove_ByIndexAndByKey_RenumbersAndFreesTheKey) {
               ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.ListItems"));
 }
 
-// How the selected row can leave the list.
-struct RemovalCase {
-  const char* name;
-  std::function<void(ListItems&)> remove;
-};
-
-void PrintTo(const RemovalCase& c, std::ostream* os) { *os << c.name; }
-
-class SelectedRowRemovalTest : public ::testing::TestWithParam<RemovalCase> {};
-
-TEST_P(SelectedRowRemovalTest, SelectionGoesWithItsRow) {
-  ListView view("lvw");
-  view.ListItems().Add(0, "a", "A");
-  ListItem& selected = view.ListItems().Add(0, "b", "B");
-  view.ListItems().Add(0, "c", "C");
-  selected.SetSelected(true);
-  RecordingObserver observer;
-  view.SetObserver(&observer);
-
-  GetParam().remove(view.ListItems());
-
-  EXPECT_EQ(view.SelectedItem(), nullptr);
-  EXPECT_EQ(observer.changes.front(), "lvw.SelectedItem");
+// However the selected row leaves the list, the selection goes with it.
+TEST(ListView, SelectionGoesWithItsRow) {
+  const std::function<void(ListItems&)> ways[] = {[](ListItems& rows) { rows.Remove(2); },
+                                                  [](ListItems& rows) { rows.Remove("b"); },
+                                                  [](ListItems& rows) { rows.Clear(); }};
+  for (const auto& remove : ways) {
+    ListView view("lvw");
+    view.ListItems().Add(0, "a", "A");
+    view.ListItems().Add(0, "b", "B").SetSelected(true);
+    view.ListItems().Add(0, "c", "C");
+    RecordingObserver observer;
+    view.SetObserver(&observer);
+    remove(view.ListItems());
+    EXPECT_EQ(view.SelectedItem(), nullptr);
+    EXPECT_EQ(observer.changes.front(), "lvw.SelectedItem");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Ways, SelectedRowRemovalTest,
-    ::testing::Values(RemovalCase{"ByIndex", [](ListItems& rows) { rows.Remove(2); }},
-                      RemovalCase{"ByKey", [](ListItems& rows) { rows.Remove("b"); }},
-                      RemovalCase{"Clear", [](ListItems& rows) { rows.Clear(); }}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_RemovingAnotherKeepsIt) {
   ListItem* seenSelected = nullptr;
@@ -211,43 +186,33 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   EXPECT_TRUE(row.Tag().IsNull());
 }
 
-struct SortCase {
-  const char* name;
-  int sortKey;
-  int sortOrder;
-  std::vector<std::string> keys;
-};
-
-void PrintTo(const SortCase& c, std::ostream* os) { *os << c.name; }
-
-class ListViewSortTest : public ::testing::TestWithParam<SortCase> {};
-
-TEST_P(ListViewSortTest, SortedOrdersRowsAndRenumbers) {
-  ListView view("lvw");
-  auto add = [&](const char* key, const char* text, const char* code) {
-    ListItem& row = view.ListItems().Add(0, key, text);
-    if (*code) row.ListSubItems().Add(0, "", code);
-  };
-  add("k1", "beta", "2");
-  add("k2", "Alfa", "3");
-  add("k3", "ALFA", "1");  // equal to k2 without regard to case: keeps its place
-  add("k4", "gama", "");   // no sub-item: sorts as ""
-
-  view.SetSortKey(GetParam().sortKey);
-  view.SetSortOrder(GetParam().sortOrder);
-  view.SetSorted(true);
-
-  EXPECT_EQ(Keys(view), GetParam().keys);
-  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
-  EXPECT_EQ(view.ListItems().Item(GetParam().keys[0]).Index(), 1);
+// By the text or a sub-item, either way; equal texts without regard to case
+// keep their places, a row without the sub-item sorts as "".
+TEST(ListView, SortedOrdersRowsAndRenumbers) {
+  struct {
+    int sortKey;
+    int sortOrder;
+    std::vector<std::string> keys;
+  } cases[] = {{0, lvwAscending, {"k2", "k3", "k1", "k4"}},
+               {0, lvwDescending, {"k4", "k1", "k2", "k3"}},
+               {1, lvwAscending, {"k4", "k3", "k1", "k2"}}};
+  for (const auto& c : cases) {
+    ListView view("lvw");
+    for (const auto& [key, text, code] : {std::tuple{"k1", "beta", "2"},
+                                          {"k2", "Alfa", "3"},
+                                          {"k3", "ALFA", "1"},
+                                          {"k4", "gama", ""}}) {
+      ListItem& row = view.ListItems().Add(0, key, text);
+      if (*code) row.ListSubItems().Add(0, "", code);
+    }
+    view.SetSortKey(c.sortKey);
+    view.SetSortOrder(c.sortOrder);
+    view.SetSorted(true);
+    EXPECT_EQ(Keys(view), c.keys);
+    EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
+    EXPECT_EQ(view.ListItems().Item(c.keys[0]).Index(), 1);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Columns, ListViewSortTest,
-    ::testing::Values(SortCase{"TextAscending", 0, lvwAscending, {"k2", "k3", "k1", "k4"}},
-                      SortCase{"TextDescending", 0, lvwDescending, {"k4", "k1", "k2", "k3"}},
-                      SortCase{"SubItemAscending", 1, lvwAscending, {"k4", "k3", "k1", "k2"}}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrInsert) {
   ListView view("lvw");
