@@ -165,7 +165,7 @@ TEST(Convert, NonTextValuesEmptyIsZeroNullRefuses) {
     if (cdblError == 0) {
       EXPECT_DOUBLE_EQ(CDbl(value), cdbl) << Describe(value);
     } else {
-      EXPECT_EQ(ErrorOf([&] { CDbl(value); }), cdblError) << Describe(value);
+      EXPECT_EQ(ErrorOf([&v = value] { CDbl(v); }), cdblError) << Describe(value);
     }
   }
 }
