@@ -16,15 +16,16 @@
 #include <unistd.h>
 
 #include <cerrno>
-#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <exception>
+#include <iostream>
 #include <string>
 #include <string_view>
 
 #include "BigDatabase.h"
+#include "host/ProgressLine.h"
 
 namespace {
 
@@ -32,35 +33,6 @@ constexpr const char* kUsage =
     "Naudojimas: orvel-bigdb [--goods N] [--firms N] [--documents N] [--group-goods N]\n"
     "                        [--firm-documents N] [--good-movements N] [--seed N]\n"
     "                        --out FAILAS|postgresql://vartotojas@serveris:prievadas/duomenų_bazė\n";
-
-// The percent done, once the fill has run a second: on a terminal one line
-// written over, elsewhere a line at every tenth.
-class ProgressLine {
- public:
-  ProgressLine() : start_(std::chrono::steady_clock::now()), terminal_(isatty(STDERR_FILENO)) {}
-
-  void operator()(double done) {
-    const int percent = static_cast<int>(done * 100);
-    if (percent == shown_) return;
-    if (std::chrono::steady_clock::now() - start_ < std::chrono::seconds(1)) return;
-    if (terminal_) {
-      std::fprintf(stderr, "\rPildoma duomenų bazė: %3d %%", percent);
-      shown_ = percent;
-    } else if (percent / 10 != shown_ / 10) {
-      std::fprintf(stderr, "Pildoma duomenų bazė: %d %%\n", percent);
-      shown_ = percent;
-    }
-  }
-
-  void End() {
-    if (terminal_ && shown_ >= 0) std::fputc('\n', stderr);
-  }
-
- private:
-  std::chrono::steady_clock::time_point start_;
-  bool terminal_;
-  int shown_ = -1;
-};
 
 bool Count(const char* text, int64_t& value) {
   char* end = nullptr;
@@ -111,14 +83,20 @@ int main(int argc, char** argv) {
   if (size.groupGoods >= size.goods) size.groupGoods = size.goods / 2;
   if (size.firmDocuments > size.documents) size.firmDocuments = size.documents / 2;
 
-  ProgressLine progress;
-  const auto start = std::chrono::steady_clock::now();
+  // The percent done: on a terminal one line written over, elsewhere a line
+  // at every tenth.
+  orvel::ProgressLine progress(std::cerr, isatty(STDERR_FILENO), 10);
+  const auto percentText = [](int percent) {
+    return "Pildoma duomenų bazė: " + std::to_string(percent) + " %";
+  };
   try {
     const orvel::bigdb::Made made =
-        orvel::bigdb::Make(out, size, [&](double done) { progress(done); });
-    progress.End();
-    const double seconds =
-        std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+        orvel::bigdb::Make(out, size, [&](double done) {
+          const int percent = static_cast<int>(done * 100);
+          progress.Show(percent, percentText(percent));
+        });
+    progress.Finish(percentText(100));
+    const double seconds = progress.Seconds();
     std::printf(
         "%s: pridėta %lld prekių ir grupių, %lld firmų, %lld dokumentų, %lld eilučių per %.1f s\n"
         "didelė grupė O0000200%lld, judri firma O0000100%lld, judri prekė O0000200%lld\n",
@@ -127,7 +105,7 @@ int main(int argc, char** argv) {
         static_cast<long long>(made.bigGroupId), static_cast<long long>(made.busyFirmId),
         static_cast<long long>(made.busyGoodId));
   } catch (const std::exception& e) {
-    progress.End();
+    progress.Finish("");
     std::fprintf(stderr, "orvel-bigdb: %s\n", e.what());
     return 1;
   }

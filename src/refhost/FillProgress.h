@@ -1,9 +1,9 @@
 #pragma once
 
-#include <chrono>
 #include <cstdint>
-#include <functional>
 #include <ostream>
+
+#include "host/ProgressLine.h"
 
 namespace orvel {
 
@@ -14,20 +14,15 @@ namespace orvel {
 // a read under a second shows nothing.
 class FillProgress {
  public:
-  using Clock = std::function<std::chrono::steady_clock::time_point()>;
-
-  FillProgress(std::ostream& out, bool terminal, Clock clock = std::chrono::steady_clock::now);
+  FillProgress(std::ostream& out, bool terminal,
+               ProgressLine::Clock clock = std::chrono::steady_clock::now);
 
   // The layer's fill observer: 0 as a read starts, the rows so far, and the
   // count with `done`.
   void operator()(int64_t rows, bool done);
 
  private:
-  std::ostream& out_;
-  bool terminal_;
-  Clock clock_;
-  std::chrono::steady_clock::time_point start_;
-  int64_t shown_ = -1;  // the rows last written; -1 for none in this read
+  ProgressLine line_;
 };
 
 }  // namespace orvel
