@@ -106,9 +106,7 @@ class Filler {
 // starts only on an empty one.
 bool HoldsAnOffice(const std::string& url) {
   PgDatabase server(url);
-  auto found = server.Prepare(
-      "SELECT COUNT(*) FROM information_schema.tables WHERE table_name = 'schema_parts'");
-  return found.Step() && found.Column(0).NumberValue() > 0;
+  return ReferenceDatabase::KeepsAnOffice(server);
 }
 
 }  // namespace

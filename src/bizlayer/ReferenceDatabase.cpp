@@ -674,6 +674,10 @@ void DescribeCatalogue(Database& db, const CatalogueTable& catalogue) {
   }
 }
 
+bool ReferenceDatabase::KeepsAnOffice(Database& db) {
+  return TableExists(db, "schema_parts");
+}
+
 std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
   if (PgDatabase::IsUrl(path)) {
     auto server = std::make_shared<PgDatabase>(path);
@@ -681,7 +685,7 @@ std::shared_ptr<Database> ReferenceDatabase::Open(const std::string& path) {
     // the other waits for it and finds it made.
     server->Exec("SELECT pg_advisory_lock(730101)");
     try {
-      if (!TableExists(*server, "schema_parts")) {
+      if (!KeepsAnOffice(*server)) {
         MakeOffice(*server);
         // The login that makes the office is its first bookkeeper, with every right.
         GrantEverything(*server, server->User());
@@ -768,7 +772,7 @@ std::vector<std::string> ColumnNames(Database& db, const std::string& table) {
 }  // namespace
 
 int64_t ReferenceDatabase::CopyOffice(Database& from, Database& to) {
-  if (TableExists(to, "schema_parts")) {
+  if (KeepsAnOffice(to)) {
     throw DatabaseError(-1, "Į " + to.Path() + " kopijuoti negalima: ten jau yra duomenų bazė");
   }
   Transaction transaction(to);

@@ -47,6 +47,9 @@ class ReferenceDatabase {
   // both are made in an older file when it is opened.
   static constexpr int kSchemaVersion = 3;
 
+  // Whether the database keeps an office already (its record of schema parts).
+  static bool KeepsAnOffice(Database& db);
+
   // Makes an empty database a new office's: the whole schema and the sample
   // data, in one transaction.
   static void MakeOffice(Database& db);
