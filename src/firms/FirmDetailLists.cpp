@@ -353,13 +353,60 @@ void frmFirms::LoadGoods(bool more) {
 
 // ---- the detail lists ----
 
-void frmFirms::LoadPlainList(int tab, const PlainList& shape) {
+// A detail list whose rows show the fields as they stand: the tab it fills,
+// the firm's property that reads it, its columns, the field of each column
+// ("FlagMain" shows "Taip" on the main record), whether a row keeps its OIDR
+// as the Tag that opens it, and what EditDetail opens on it (none where the
+// tab has its own editor or none at all).
+struct frmFirms::DetailListShape {
+  int16_t frmFirms::*tab;
+  const char* property;
+  std::vector<Column> columns;
+  std::vector<const char*> fields;
+  bool tagged;
+  const DetailKind* editor;
+};
+
+// In the order of DetailList.
+const std::vector<frmFirms::DetailListShape>& frmFirms::DetailLists() {
+  static const std::vector<DetailListShape> lists{
+      {&frmFirms::InfoTab, "FirmParameters",
+       {{"Parametro tipas", 2000}, {"Reikšmė", 4000}},
+       {"ParameterTypeName", "Value"}, false, &kParameter},
+      {&frmFirms::AddressesTab, "FirmADDRESSES",
+       {{"Tipas", 2000}, {"Regionas", 1000}, {"Indeksas", 1000}, {"Gatvė", 2000},
+        {"Telefonas", 1000}, {"Faksas", 1000}, {"El. paštas", 1500}, {"Pagrindinis", 1500}},
+       {"AddressType", "Region", "PostCode", "Street", "Phone", "Fax", "EMail", "FlagMain"},
+       false, &kAddress},
+      {&frmFirms::ContactsTab, "FirmCONTACTS",
+       {{"Vardas", 1000}, {"Pavarde", 1000}, {"Pareigos", 2000}, {"Telefonas", 1000},
+        {"Faksas", 1000}, {"El. paštas", 1500}, {"Pastaba", 1500}, {"Pagrindinis", 1500}},
+       {"Name", "LastName", "Role", "Phone", "Fax", "EMail", "Note", "FlagMain"}, false,
+       &kContact},
+      {&frmFirms::ServersTab, "FirmSERVERS", {{"Vadybininkas", 3000}}, {"Name"}, false,
+       &kManager},
+      {&frmFirms::ActivityTab, "FirmActivity", {{"Veiklos pavadinimas", 5000}}, {"Preview"},
+       true, &kActivity},
+      {&frmFirms::AccountsTab, "Accounts", {{"Numeris", 2000}, {"Bankas", 4000}},
+       {"Number", "BankName"}, false, nullptr},
+      {&frmFirms::BranchTab, "FirmBranch",
+       {{"Pavadinimas", 2000}, {"Kodas", 1000}, {"Regionas", 1000}, {"Gatvė", 2000},
+        {"Telefonas", 1000}, {"Faksas", 1000}, {"El. paštas", 1500}},
+       {"Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"}, true, nullptr},
+  };
+  return lists;
+}
+
+void frmFirms::LoadDetail(DetailList which) {
+  LoadDetail(DetailLists().at(static_cast<size_t>(which)));
+}
+
+void frmFirms::LoadDetail(const DetailListShape& shape) {
+  const int tab = this->*shape.tab;
   if (tab == 0) return;
   Quietly([&] {
     ListView& list = List(tab);
-    std::vector<Column> columns;
-    for (const auto& [caption, width] : shape.columns) columns.push_back({caption, width});
-    PrepareList(list, columns);
+    PrepareList(list, shape.columns);
     if (OIDR().size() < 9) return;
     auto rs = RecordsOf(Uio().Properties(shape.property, ""));
     if (!rs) return;
@@ -378,68 +425,12 @@ void frmFirms::LoadPlainList(int tab, const PlainList& shape) {
   });
 }
 
-void frmFirms::LoadAccounts() {
-  LoadPlainList(AccountsTab, {{{"Numeris", 2000}, {"Bankas", 4000}},
-                              "Accounts",
-                              {"Number", "BankName"}});
-}
-
-void frmFirms::LoadAddresses() {
-  LoadPlainList(AddressesTab,
-                {{{"Tipas", 2000},
-                  {"Regionas", 1000},
-                  {"Indeksas", 1000},
-                  {"Gatvė", 2000},
-                  {"Telefonas", 1000},
-                  {"Faksas", 1000},
-                  {"El. paštas", 1500},
-                  {"Pagrindinis", 1500}},
-                 "FirmADDRESSES",
-                 {"AddressType", "Region", "PostCode", "Street", "Phone", "Fax", "EMail",
-                  "FlagMain"}});
-}
-
-void frmFirms::LoadContacts() {
-  LoadPlainList(ContactsTab,
-                {{{"Vardas", 1000},
-                  {"Pavarde", 1000},
-                  {"Pareigos", 2000},
-                  {"Telefonas", 1000},
-                  {"Faksas", 1000},
-                  {"El. paštas", 1500},
-                  {"Pastaba", 1500},
-                  {"Pagrindinis", 1500}},
-                 "FirmCONTACTS",
-                 {"Name", "LastName", "Role", "Phone", "Fax", "EMail", "Note", "FlagMain"}});
-}
-
-void frmFirms::LoadBranches() {
-  LoadPlainList(BranchTab,
-                {{{"Pavadinimas", 2000},
-                  {"Kodas", 1000},
-                  {"Regionas", 1000},
-                  {"Gatvė", 2000},
-                  {"Telefonas", 1000},
-                  {"Faksas", 1000},
-                  {"El. paštas", 1500}},
-                 "FirmBranch",
-                 {"Name", "Code", "Region", "Street", "Tel", "Fax", "EMail"},
-                 true});
-}
-
-void frmFirms::LoadManagers() {
-  LoadPlainList(ServersTab, {{{"Vadybininkas", 3000}}, "FirmSERVERS", {"Name"}});
-}
-
-void frmFirms::LoadActivity() {
-  LoadPlainList(ActivityTab,
-                {{{"Veiklos pavadinimas", 5000}}, "FirmActivity", {"Preview"}, true});
-}
-
-void frmFirms::LoadParameters() {
-  LoadPlainList(InfoTab, {{{"Parametro tipas", 2000}, {"Reikšmė", 4000}},
-                          "FirmParameters",
-                          {"ParameterTypeName", "Value"}});
+const frmFirms::DetailListShape* frmFirms::EditedOn(int tab) const {
+  if (tab == 0) return nullptr;
+  for (const auto& shape : DetailLists()) {
+    if (shape.editor && this->*shape.tab == tab) return &shape;
+  }
+  return nullptr;
 }
 
 void frmFirms::LoadFirmInfo() {
@@ -535,38 +526,15 @@ void frmFirms::LoadFirmsList() {
 // ---- editing a row ----
 
 void frmFirms::ReloadDetail(int tab) {
-  if (tab == 0) return;
-  if (tab == InfoTab) {
-    LoadParameters();
-  } else if (tab == AddressesTab) {
-    LoadAddresses();
-  } else if (tab == ContactsTab) {
-    LoadContacts();
-  } else if (tab == ServersTab) {
-    LoadManagers();
-  } else if (tab == ActivityTab) {
-    LoadActivity();
-  }
+  if (const DetailListShape* shape = EditedOn(tab)) LoadDetail(*shape);
 }
 
 void frmFirms::EditDetail(bool isNew) {
   if (isNew && RefuseUnsaved()) return;
   const int tab = CurrentTab;
-  const DetailKind* kind = nullptr;
-  if (tab == 0) return;
-  if (tab == InfoTab) {
-    kind = &kParameter;
-  } else if (tab == AddressesTab) {
-    kind = &kAddress;
-  } else if (tab == ContactsTab) {
-    kind = &kContact;
-  } else if (tab == ServersTab) {
-    kind = &kManager;
-  } else if (tab == ActivityTab) {
-    kind = &kActivity;
-  } else {
-    return;
-  }
+  const DetailListShape* shape = EditedOn(tab);
+  if (!shape) return;
+  const DetailKind* kind = shape->editor;
   std::string oidr;
   if (!isNew) {
     ListItem* row = Selected(tab);
@@ -601,7 +569,7 @@ void frmFirms::EditAccount(bool isNew) {
   dialog.OrvelGrid->SetObjectUIO(account);
   dialog.OrvelGrid->FillFields();
   dialog.ShowModal(Platform::Ui());
-  if (dialog.Saved) LoadAccounts();
+  if (dialog.Saved) LoadDetail(DetailList::Accounts);
 }
 
 void frmFirms::EditFirmInfo(bool isNew) {

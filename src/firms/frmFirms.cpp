@@ -218,15 +218,15 @@ void frmFirms::ReadCard() {
   if (IsGroup) {
     LoadFirmsList();
   } else {
-    LoadBranches();
-    LoadAddresses();
-    LoadContacts();
-    LoadManagers();
+    LoadDetail(DetailList::Branches);
+    LoadDetail(DetailList::Addresses);
+    LoadDetail(DetailList::Contacts);
+    LoadDetail(DetailList::Managers);
     if (Rights().CanRead("CContracts", 0)) LoadContracts(false);
     LoadFirmInfo();
     LoadTraffic(false);
-    if (Rights().Allowed("CFirmsAC", 0)) LoadAccounts();
-    LoadActivity();
+    if (Rights().Allowed("CFirmsAC", 0)) LoadDetail(DetailList::Accounts);
+    LoadDetail(DetailList::Activity);
   }
   // Added outside the guard above. After cmdCancel the other tabs are kept
   // and the counter still stands at 1, so Discounts comes again at number 2
@@ -593,7 +593,7 @@ void frmFirms::mnuAccountsDelete_Click() {
   if (!row) return;
   if (!ConfirmDelete("Ar tikrai norite panaikinti?", vbYesNo, MsgTitle, true)) return;
   DeleteThrough("O0000500", row->Key());
-  LoadAccounts();
+  LoadDetail(DetailList::Accounts);
 }
 
 void frmFirms::mnuFirmParametersNew_Click() {

@@ -127,16 +127,14 @@ class frmFirms : public GroupedCard {
   // as it got. The documents and the contracts are read only when asked
   // (`more`): until then they show the "more" placeholder row.
   virtual void LoadFirmsList();
-  virtual void LoadBranches();
-  virtual void LoadAddresses();
-  virtual void LoadContacts();
-  virtual void LoadManagers();
+  // The lists whose rows show the record's fields as they stand. The
+  // parameters go into the note tab's list; no menu reaches them.
+  enum class DetailList { Parameters, Addresses, Contacts, Managers, Activity, Accounts, Branches };
+  void LoadDetail(DetailList which);
   virtual void LoadContracts(bool more);
   // Also the line lblInfo over the tabs, from the first note.
   virtual void LoadFirmInfo();
   virtual void LoadTraffic(bool more);
-  virtual void LoadAccounts();
-  virtual void LoadActivity();
   virtual void LoadDiscounts();
   virtual void LoadGoods(bool more);
   // The editors, by the tab the user is on (CurrentTab). Each refuses a new
@@ -177,19 +175,11 @@ class frmFirms : public GroupedCard {
   void mnuFirmDelete_Click();
   // The lists' panel below the note line when it is shown, over it when not.
   void PlaceNoteLine();
-  // The firm's parameters, into the note tab's list; no menu reaches it.
-  virtual void LoadParameters();
-  // A detail list whose rows show the fields as they stand: its columns
-  // (caption, width in twips), the property that reads it, the field of
-  // each column ("FlagMain" shows "Taip" on the main record), and whether a
-  // row keeps its OIDR as the Tag that opens it.
-  struct PlainList {
-    std::vector<std::pair<const char*, int>> columns;
-    const char* property;
-    std::vector<const char*> fields;
-    bool tagged = false;
-  };
-  void LoadPlainList(int tab, const PlainList& shape);
+  struct DetailListShape;
+  static const std::vector<DetailListShape>& DetailLists();
+  void LoadDetail(const DetailListShape& shape);
+  // The detail list whose editor EditDetail opens on `tab`; null for none.
+  const DetailListShape* EditedOn(int tab) const;
   // Reloads the list of a detail tab after its dialog saved.
   virtual void ReloadDetail(int tab);
   // "'<OIDR>','<from>','<to>'" of the documents list, by Period: its own

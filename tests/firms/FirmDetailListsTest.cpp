@@ -97,12 +97,12 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   auto w = Open(kFirm);
   const std::string tab = c.tab;
   // The window read the short lists on opening; they are read again here.
-  if (tab == "Accounts") w->LoadAccounts();
-  if (tab == "FirmAddresses") w->LoadAddresses();
-  if (tab == "FirmContacts") w->LoadContacts();
-  if (tab == "FirmBRANCH") w->LoadBranches();
-  if (tab == "FirmServers") w->LoadManagers();
-  if (tab == "FirmActivity") w->LoadActivity();
+  if (tab == "Accounts") w->LoadDetail(frmFirms::DetailList::Accounts);
+  if (tab == "FirmAddresses") w->LoadDetail(frmFirms::DetailList::Addresses);
+  if (tab == "FirmContacts") w->LoadDetail(frmFirms::DetailList::Contacts);
+  if (tab == "FirmBRANCH") w->LoadDetail(frmFirms::DetailList::Branches);
+  if (tab == "FirmServers") w->LoadDetail(frmFirms::DetailList::Managers);
+  if (tab == "FirmActivity") w->LoadDetail(frmFirms::DetailList::Activity);
   if (tab == "FirmInfo") w->LoadFirmInfo();
   if (tab == "Discounts") w->LoadDiscounts();
   if (tab == "Traffic") w->LoadTraffic(true);
@@ -201,12 +201,12 @@ TEST_F(FirmDetailListsTest, FirmsOfAGroupShowIconsAndAFirmsColumns) {
 
 TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndNoDiscountColumns) {
   auto w = Open("O00001001", "1");
-  w->LoadAccounts();
-  w->LoadAddresses();
-  w->LoadContacts();
-  w->LoadManagers();
+  w->LoadDetail(frmFirms::DetailList::Accounts);
+  w->LoadDetail(frmFirms::DetailList::Addresses);
+  w->LoadDetail(frmFirms::DetailList::Contacts);
+  w->LoadDetail(frmFirms::DetailList::Managers);
   w->LoadFirmInfo();
-  w->LoadActivity();
+  w->LoadDetail(frmFirms::DetailList::Activity);
   w->LoadDiscounts();
   EXPECT_THAT(BO("O0000100").Calls(), IsEmpty());
   EXPECT_EQ(Tab(*w, "FirmAddresses").ColumnHeaders().Count(), 8);
@@ -217,7 +217,7 @@ TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndNoDiscountColumns) {
 TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
   BO("O0000100").FailCallsNamed("GetFirmCONTACTS", 5, "Serveris nepasiekiamas");
   auto w = Open(kFirm);
-  w->LoadContacts();
+  w->LoadDetail(frmFirms::DetailList::Contacts);
   EXPECT_EQ(Tab(*w, "FirmContacts").ListItems().Count(), 0);
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
 }
