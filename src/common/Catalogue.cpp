@@ -1,5 +1,6 @@
 #include "common/Catalogue.h"
 
+#include "common/ModuleState.h"
 #include "common/Platform.h"
 #include "host/Convert.h"
 #include "host/Dictionary.h"
@@ -25,10 +26,7 @@ namespace orvel {
 
 namespace {
 
-std::shared_ptr<OrvelServices>& Stored() {
-  static std::shared_ptr<OrvelServices> services;
-  return services;
-}
+std::shared_ptr<OrvelServices>& Stored() { return TheModuleState().services; }
 
 constexpr int kKeyBackspace = 8;
 constexpr int kKeyComma = 44;

@@ -15,7 +15,7 @@ class Recordset;
 class TextBox;
 class Variant;
 
-// The module-wide reference to the host's services. The first adapter that
+// The host's services, in the module's state (ModuleState). The first adapter that
 // receives one stores it; later ones leave it as it is. Every form and routine
 // reads it from here.
 std::shared_ptr<OrvelServices> OrvelS();

@@ -1,22 +1,12 @@
 #include "common/DetailDialog.h"
 
-#include <utility>
-
 #include "common/Catalogue.h"
+#include "common/ModuleState.h"
 #include "common/Platform.h"
 #include "common/frmGoodProperty.h"
 #include "orvel/Ui.h"
 
 namespace orvel {
-
-namespace {
-
-std::shared_ptr<DetailDialog>& Installed() {
-  static std::shared_ptr<DetailDialog> installed;
-  return installed;
-}
-
-}  // namespace
 
 DetailDialog::~DetailDialog() = default;
 
@@ -35,12 +25,12 @@ bool DetailDialog::Edit(const std::shared_ptr<OrvelObjectUIO>& detail, const std
 
 DetailDialog& CurrentDetailDialog() {
   static DetailDialog sheet;
-  auto& installed = Installed();
+  auto installed = TheModuleState().Piece<DetailDialog>();
   return installed ? *installed : sheet;
 }
 
 std::shared_ptr<DetailDialog> InstallDetailDialog(std::shared_ptr<DetailDialog> dialog) {
-  return std::exchange(Installed(), std::move(dialog));
+  return TheModuleState().SetPiece(std::move(dialog));
 }
 
 }  // namespace orvel

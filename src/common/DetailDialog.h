@@ -21,7 +21,7 @@ class DetailDialog {
 
 // The dialog in force.
 DetailDialog& CurrentDetailDialog();
-// Installs `dialog` for the whole module; null puts back the field sheet.
+// Installs `dialog` in the module's state; null puts back the field sheet.
 // Returns the one it replaced (null for the field sheet).
 std::shared_ptr<DetailDialog> InstallDetailDialog(std::shared_ptr<DetailDialog> dialog);
 

@@ -1,6 +1,7 @@
 #include "common/Platform.h"
 
 #include "common/BusyPointer.h"
+#include "common/ModuleState.h"
 #include "orvel/OrvelHostClasses.h"
 #include "orvel/RuntimeError.h"
 #include "orvel/Ui.h"
@@ -8,25 +9,19 @@
 namespace orvel {
 
 namespace {
-struct Lent {
-  std::shared_ptr<OrvelHostClasses> classes;
-  std::shared_ptr<orvel::Ui> ui;
-};
-
-Lent& Held() {
-  static Lent lent;
-  return lent;
-}
+ModuleState& Held() { return TheModuleState(); }
 }  // namespace
 
 void Platform::Attach(std::shared_ptr<OrvelHostClasses> classes, std::shared_ptr<orvel::Ui> ui) {
-  Held() = Lent{std::move(classes), std::move(ui)};
+  Held().classes = std::move(classes);
+  Held().ui = std::move(ui);
   SetLocaleSource(Held().ui);
 }
 
 void Platform::Detach() {
   SetLocaleSource(nullptr);
-  Held() = Lent{};
+  Held().classes.reset();
+  Held().ui.reset();
 }
 
 bool Platform::Attached() { return Held().classes && Held().ui; }

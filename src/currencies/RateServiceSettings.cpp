@@ -2,6 +2,8 @@
 
 #include <cstdlib>
 
+#include "common/ModuleState.h"
+
 namespace orvel {
 
 namespace {
@@ -13,9 +15,17 @@ struct Overrides {
   std::optional<std::chrono::milliseconds> timeout;
 };
 
-Overrides& Held() {
-  static Overrides overrides;
-  return overrides;
+// What the process set, kept in the module's state; a change replaces it whole.
+Overrides Held() {
+  auto set = TheModuleState().Piece<Overrides>();
+  return set ? *set : Overrides{};
+}
+
+template <class F>
+void Change(F&& change) {
+  Overrides overrides = Held();
+  change(overrides);
+  TheModuleState().SetPiece(std::make_shared<Overrides>(std::move(overrides)));
 }
 
 }  // namespace
@@ -25,8 +35,8 @@ namespace {
 // without a trailing "/".
 std::string AddressOr(const char* fallback) {
   std::string address = fallback;
-  if (Held().address) {
-    address = *Held().address;
+  if (const auto set = Held().address) {
+    address = *set;
   } else if (const char* variable = std::getenv(RateServiceSettings::kAddressVariable);
              variable && *variable) {
     address = variable;
@@ -41,7 +51,7 @@ std::string RateServiceSettings::Address() { return AddressOr(kDefaultAddress); 
 std::string RateServiceSettings::FxRatesAddress() { return AddressOr(kFxRatesAddress); }
 
 void RateServiceSettings::SetAddress(std::optional<std::string> address) {
-  Held().address = std::move(address);
+  Change([&](Overrides& overrides) { overrides.address = std::move(address); });
 }
 
 std::chrono::milliseconds RateServiceSettings::Timeout() {
@@ -49,7 +59,7 @@ std::chrono::milliseconds RateServiceSettings::Timeout() {
 }
 
 void RateServiceSettings::SetTimeout(std::optional<std::chrono::milliseconds> timeout) {
-  Held().timeout = timeout;
+  Change([&](Overrides& overrides) { overrides.timeout = timeout; });
 }
 
 }  // namespace orvel

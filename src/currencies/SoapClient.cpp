@@ -1,24 +1,16 @@
 #include "currencies/SoapClient.h"
 
+#include "common/ModuleState.h"
 #include "currencies/HttpSoapClient.h"
 #include "currencies/RateServiceSettings.h"
 #include "orvel/RuntimeError.h"
 
 namespace orvel {
 
-namespace {
-
-SoapClient::Factory& HeldFactory() {
-  static SoapClient::Factory factory;
-  return factory;
-}
-
-}  // namespace
-
 std::unique_ptr<SoapClient> SoapClient::Create() {
   std::unique_ptr<SoapClient> client;
-  if (HeldFactory()) {
-    client = HeldFactory()();
+  if (auto factory = TheModuleState().Piece<Factory>()) {
+    client = (*factory)();
   } else {
     client = std::make_unique<HttpSoapClient>(RateServiceSettings::Timeout());
   }
@@ -26,6 +18,8 @@ std::unique_ptr<SoapClient> SoapClient::Create() {
   return client;
 }
 
-void SoapClient::SetFactory(Factory factory) { HeldFactory() = std::move(factory); }
+void SoapClient::SetFactory(Factory factory) {
+  TheModuleState().SetPiece(factory ? std::make_shared<Factory>(std::move(factory)) : nullptr);
+}
 
 }  // namespace orvel

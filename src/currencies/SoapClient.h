@@ -20,8 +20,8 @@ namespace orvel {
 // that is not XML, an operation the WSDL does not name) throw RuntimeError
 // with kServiceFailure and a text that tells which.
 //
-// The client is made through Create, which asks the factory set for the
-// process (tests and the demo set one; the default is HttpSoapClient with
+// The client is made through Create, which asks the factory set in the
+// module's state (tests and the demo set one; the default is HttpSoapClient with
 // the timeout of RateServiceSettings). A factory that cannot make a client
 // returns null or throws: the window tells the user the client is missing.
 class SoapClient {

@@ -1,9 +1,8 @@
 #include "goods/GoodsDialogs.h"
 
-#include <utility>
-
 #include "common/Catalogue.h"
 #include "common/DetailDialog.h"
+#include "common/ModuleState.h"
 #include "common/Platform.h"
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
@@ -20,10 +19,6 @@ GoodsDialogs& Idle() {
   return idle;
 }
 
-std::shared_ptr<GoodsDialogs>& Installed() {
-  static std::shared_ptr<GoodsDialogs> installed;
-  return installed;
-}
 
 }  // namespace
 
@@ -68,12 +63,12 @@ void GoodsDialogs::ShowGoodsHistory(const std::shared_ptr<OrvelObjectUIO>& good,
 }
 
 GoodsDialogs& CurrentGoodsDialogs() {
-  auto& installed = Installed();
+  auto installed = TheModuleState().Piece<GoodsDialogs>();
   return installed ? *installed : Idle();
 }
 
 std::shared_ptr<GoodsDialogs> InstallGoodsDialogs(std::shared_ptr<GoodsDialogs> dialogs) {
-  return std::exchange(Installed(), std::move(dialogs));
+  return TheModuleState().SetPiece(std::move(dialogs));
 }
 
 }  // namespace orvel

@@ -41,7 +41,7 @@ class GoodsDialogs {
 
 // The dialogs in force.
 GoodsDialogs& CurrentGoodsDialogs();
-// Installs `dialogs` for the whole module; null puts back the module's own.
+// Installs `dialogs` in the module's state; null puts back the module's own.
 // Returns the ones it replaced (null for the module's own).
 std::shared_ptr<GoodsDialogs> InstallGoodsDialogs(std::shared_ptr<GoodsDialogs> dialogs);
 

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "common/Catalogue.h"
+#include "common/ModuleState.h"
 #include "common/Platform.h"
 #include "orvel/OrvelObjectUI.h"
 #include "module/ClassFactory.h"
@@ -21,7 +22,7 @@ namespace orvel {
 
 // A test with the module attached to a fresh in-memory host: the host's
 // classes and Ui lent, adapters made by the module's class factory, and the
-// module-wide services reference cleared before and after.
+// module's state (services, dialogs, rate service) put back as it was after.
 class ModuleTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -45,6 +46,7 @@ class ModuleTest : public ::testing::Test {
   MemoryBusinessObject& BO(const std::string& oid) { return *host_.BusinessObject(oid); }
   std::vector<std::string> BusinessLines() { return host_.Log().Lines(Channel::Business); }
 
+  ModuleState::Scope state_;  // first made, last gone: restores what the test set
   TestHost host_;
 };
 
