@@ -59,6 +59,7 @@
 
 #ifdef ORVEL_BENCH_WINDOWS
 #include <QApplication>
+#include <QScrollBar>
 #include <QTreeWidget>
 
 #include "qthost/MainWindow.h"
@@ -376,6 +377,33 @@ void BM_TreeFirstScreen(benchmark::State& state) {
   }
 }
 BENCHMARK(BM_TreeFirstScreen)->Unit(benchmark::kMillisecond)->MinTime(1.0);
+
+// The group read afresh and scrolled to its last member: the tree shows a
+// page at a time as the scroll bar reaches the end, until every member is in.
+void BM_TreeScrollToEnd(benchmark::State& state) {
+  if (!g_windows || !g_windows->group) {
+    state.SkipWithError("the big group's node is not in the tree");
+    return;
+  }
+  MainWindow& window = *g_windows->window;
+  QTreeWidgetItem* group = g_windows->group;
+  QScrollBar* bar = window.Tree()->verticalScrollBar();
+  for (auto _ : state) {
+    window.LoadMembers(group);
+    group->setExpanded(true);
+    window.Tree()->scrollToItem(group);
+    state.counters["first"] = group->childCount();
+    int pages = 0;
+    for (int before = -1; group->childCount() != before; ++pages) {
+      before = group->childCount();
+      bar->setValue(bar->maximum());
+    }
+    window.Tree()->viewport()->repaint();
+    state.counters["shown"] = group->childCount();
+    state.counters["scrolls"] = pages;
+  }
+}
+BENCHMARK(BM_TreeScrollToEnd)->Unit(benchmark::kMillisecond)->Iterations(3);
 #endif
 
 // Whole runs of orvel-host to its first prompt, in milliseconds of wall time.
@@ -445,6 +473,7 @@ int main(int argc, char** argv) {
       {"BM_GroupList", "BM_GroupSelect", "group list (layer) / SELECT", 1.5},
       {"BM_GroupListModule", "BM_GroupSelect", "group list (module) / SELECT", 1.5},
       {"BM_TreeFirstScreen", "BM_GroupSelect", "group's first screen in the tree / SELECT", 1.5},
+      {"BM_TreeScrollToEnd", "BM_GroupSelect", "group scrolled to its end in the tree / SELECT", 3},
       {"BM_FirmDocuments", "BM_FirmDocumentsSelect", "firm's documents / SELECT", 2},
       {"BM_GoodTraffic", "BM_GoodTrafficSelect", "good's traffic / SELECTs", 2},
       {"BM_Search", "BM_SearchIndexed", "search / indexed SELECT", 2},
