@@ -1,5 +1,7 @@
 #include "qthost/MainWindow.h"
 
+#include <algorithm>
+
 #include <QAction>
 #include <QCloseEvent>
 #include <QDropEvent>
@@ -190,6 +192,8 @@ MainWindow::MainWindow(ReferenceHost& host, QtUi& ui, QtPrompter& prompter,
   tree->setDragDropMode(QAbstractItemView::DragDrop);
   tree_ = tree;
   tree_->setHeaderHidden(true);
+  // Every row is one line with a small icon: the tree need not measure each.
+  tree_->setUniformRowHeights(true);
   tree_->setContextMenuPolicy(Qt::CustomContextMenu);
   tree_->setMinimumWidth(260);
   tree_->installEventFilter(this);
@@ -417,14 +421,25 @@ void MainWindow::ShowMoreMembers(QTreeWidgetItem* node) {
   if (unshown == unshown_.end()) return;
   const MemberRows rows = unshown->second;
   Recordset& rs = *rows.rs;
+  // A page's items are made apart and added at once: the tree lays itself
+  // out once a page, not once an item. Each layout walks every row shown, so
+  // a page is as long as what is shown already (kMembersPage at least): a
+  // list scrolled to its end is laid out a few times, not once per 200 rows.
+  const int pageSize = std::max(kMembersPage, node->childCount());
+  QList<QTreeWidgetItem*> page;
+  const auto addPage = [&] {
+    node->addChildren(page);
+    page.clear();
+  };
   try {
-    for (int shown = 0; shown < kMembersPage && !rs.IsEOF(); rs.MoveNext()) {
+    for (int shown = 0; shown < pageSize && !rs.IsEOF(); rs.MoveNext()) {
       const std::string oidr = FieldText(rs, "OIDR");
       if (oidr.empty()) continue;
       const bool holds = HoldsMembers(rs, oidr);
       std::string otype = FieldText(rs, "OType");
       if (otype.empty()) otype = holds ? "Group" : rows.entries ? "T" : "C";
-      auto* child = new QTreeWidgetItem(node, {Q(FieldText(rs, "Preview"))});
+      auto* child = new QTreeWidgetItem(QStringList{Q(FieldText(rs, "Preview"))});
+      page.append(child);
       child->setData(0, kOidrRole, Q(oidr));
       child->setData(0, kOTypeRole, Q(otype));
       child->setData(0, kKindRole, kMemberNode);
@@ -434,8 +449,10 @@ void MainWindow::ShowMoreMembers(QTreeWidgetItem* node) {
       if (holds) child->setChildIndicatorPolicy(QTreeWidgetItem::ShowIndicator);
       ++shown;
     }
+    addPage();
     if (rs.IsEOF()) unshown_.erase(node);
   } catch (const std::exception& e) {
+    addPage();
     unshown_.erase(node);
     ShowFailure(e.what());
   }

@@ -41,10 +41,11 @@ struct OrvelMenuResult;
 // form's caption, else by its heading panel and record name, else by the
 // node it was opened from.
 //
-// A node's members are read at once but shown a page at a time: the next
-// page comes as the last member shown scrolls into view, so that a group of
-// 200,000 goods opens as quickly as its first screen is read, and the
-// hourglass shows while a node's members are read.
+// A node's members are read at once but shown a page at a time (each page as
+// long as what is shown already): the next page comes as the last member
+// shown scrolls into view, so that a group of 200,000 goods opens as quickly
+// as its first screen is read, and the hourglass shows while a node's
+// members are read.
 class MainWindow : public QMainWindow {
  public:
   // Node kinds in the tree.
