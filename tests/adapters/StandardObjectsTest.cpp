@@ -35,7 +35,6 @@ TEST_F(StandardObjectsTest, SavingAnEditedRecordSendsItAndReadsItBack) {
   ASSERT_NE(object, nullptr);
   object->Fields("Name").SetValue(Variant("kilogramai"));
   EXPECT_EQ(object->Fields("name").UnderlyingValue(), Variant("kilogramas"));
-
   auto status = object->Save(nullptr, nullptr);
   ASSERT_EQ(status.Number, 0) << status.Text;
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
@@ -64,7 +63,6 @@ TEST_F(StandardObjectsTest, ANewRecordStartsFromDefaultsAndTakesItsOidrWhenSaved
   EXPECT_EQ(object->OIDR(), "");
   EXPECT_TRUE(object->Fields("ID").Value().IsEmpty());
   EXPECT_EQ(object->Fields("Ratio").Value(), Variant(1.0));
-
   object->Fields("Name").SetValue(Variant("litras"));
   ASSERT_EQ(object->Save(nullptr, nullptr).Number, 0);
   EXPECT_EQ(object->OIDR(), "O00004003");
@@ -110,14 +108,12 @@ TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
   EXPECT_NE(object->Save(nullptr, nullptr).Number, 0);
   EXPECT_EQ(object->OIDR(), "");
   host_.Log().Clear();
-
   UIO0000400 unread;
   unread.SetUI(adapter_);
   auto status = unread.Save(nullptr, nullptr);
   EXPECT_NE(status.Number, 0);
   EXPECT_FALSE(status.Text.empty());
   EXPECT_TRUE(BusinessLines().empty());
-
   UIO0000400 orphan;
   orphan.SetOIDR("O00004001");
   status = orphan.Read();
@@ -153,14 +149,12 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   object->SetOIDR("O00004001");
   ASSERT_EQ(object->Read().Number, 0);
   host_.Log().Clear();
-
   auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"A"});
   BO("O0000400").ReplyRead("GetHistory", rs);
   auto result = object->Properties("History", "");
   EXPECT_EQ(result.Number, 0);
   EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
   object->Properties("History", "'O00004001',5");
-
   BO("O0000400").ReplyRead("GetBroken", OrvelBoResult(42, "Sugedo"));
   result = object->Properties("Broken", "");
   EXPECT_EQ(result.Number, 42);
@@ -169,12 +163,10 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   result = object->Properties("Quiet", "");
   EXPECT_EQ(result.Number, 0);
   EXPECT_TRUE(result.Value.IsEmpty());
-
   Variant::Array params{Variant("'O00004001',1")};
   EXPECT_EQ(object->Methods("Recalculate", params).Number, 0);
   Variant::Array none;
   EXPECT_EQ(object->Methods("Touch", none).Number, 0);
-
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
                                  "GetCall GetHistory O00004001",
                                  "GetCall GetHistory 'O00004001',5",

@@ -59,23 +59,19 @@ TEST_F(ModuleLibraryTest, RegistersAndServesARecordThroughTheLoadedLibrary) {
     host.SetAdapterSource([module](const std::string& oid) {
       return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));
     });
-
     auto header = std::dynamic_pointer_cast<OrvelHeader>(module->CreateObject("DLLHeader"));
     ASSERT_NE(header, nullptr);
     EXPECT_EQ(header->DllInicialize().Number, 0);
     EXPECT_EQ(host.HostClasses()->LastRegistry()->ObjectTypes().size(), 15u);
-
     auto security =
         std::dynamic_pointer_cast<OrvelHeaderSecurity>(module->CreateObject("SecurityHeader"));
     ASSERT_NE(security, nullptr);
     EXPECT_EQ(security->GetComponentList().size(), 14u);
-
     host.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
     auto object = host.ObjectManager()->GetOrvelObject("O00004001");
     ASSERT_NE(object, nullptr);
     EXPECT_EQ(object->Preview(), "kg");
     EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
-
     module->Detach();
   }
 }

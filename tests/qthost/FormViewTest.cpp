@@ -259,7 +259,6 @@ TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
   EXPECT_EQ(Str(Tree()->headerItem()->text(2)), "Likutis");
   EXPECT_EQ(Str(Tree()->topLevelItem(0)->text(1)), "Pirkėjų įsiskolinimas");
   EXPECT_EQ(Tree()->columnWidth(1), 3600 / 15);
-
   // A label and the input after it make one form row; a lone label spans.
   for (const char* field : {"txtCode", "cmbKind", "dtpDate"}) {
     QLabel* buddyOf = nullptr;

@@ -67,7 +67,6 @@ TEST_F(FakeOrvelGridTest, Tabs_KeptInOrderWithTheirLists_UntilClearTabs) {
   grid.AddTab("Accounts", "Sąskaitos");
   firms.ListItems().Add(0, "O00001001", "UAB Ąžuolas");
   grid.SetLabelWidth(2000);
-
   ASSERT_EQ(grid.Tabs().size(), 2u);
   EXPECT_EQ(grid.Tabs()[0].caption, "Įmonės");
   EXPECT_EQ(&grid.TabList("Firms"), &firms);  // the list stays where the form keeps it
@@ -75,7 +74,6 @@ TEST_F(FakeOrvelGridTest, Tabs_KeptInOrderWithTheirLists_UntilClearTabs) {
   grid.FillFields();
   EXPECT_THAT(object->calls, ElementsAre("Properties Structure ''"));
   EXPECT_THAT(FieldNames(), ElementsAre("Name", "SWIFT"));
-
   grid.ClearTabs();
   EXPECT_TRUE(grid.Tabs().empty());
   EXPECT_THAT(FieldNames(), IsEmpty());

@@ -45,7 +45,6 @@ TEST_F(MemoryBusinessObjectTest, ASavedFieldUnknownToTheTypeIsKeptAndEveryCallJo
   EXPECT_EQ(ReadSet(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0))->Fields("Swift").Value(),
             Variant("AGBLLT2X"));
   bo_.ExecCall("Orvel_DeleteObject", "'O00003001'", 0);
-
   EXPECT_THAT(log_->Lines(Channel::Business),
               ElementsAre("ExecArrayCall Orvel_SaveObject 'O0000300',''",
                           "GetCall Orvel_ReadObject 'O00003001'",
@@ -112,7 +111,6 @@ TEST_F(MemoryBusinessObjectTest, ScriptsOverrideCallsAndAScriptedSetIsHandedOutF
   auto first = ReadSet(bo_.GetCall("GetFirms", "", 0));
   first->Fields("Name").SetValue(Variant("changed"));
   EXPECT_EQ(ReadSet(bo_.GetCall("GetFirms", "", 0))->Fields("Name").Value(), Variant("UAB Medis"));
-
   bo_.ReplyRead("Orvel_ReadObject", OrvelBoResult(91, "Užrakinta"));
   std::string seenParam;
   bo_.OnAction("Orvel_SaveObject", [&](const std::string& param, Variant::Array& args) {
@@ -125,7 +123,6 @@ TEST_F(MemoryBusinessObjectTest, ScriptsOverrideCallsAndAScriptedSetIsHandedOutF
     if (param != "'EUR'") throw RuntimeError(RuntimeError::kInvalidCall, "bad currency");
     return OrvelBoResult(0, "ok");
   });
-
   EXPECT_EQ(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0).Text, "Užrakinta");
   Variant::Array args;
   EXPECT_EQ(bo_.ExecArrayCall("Orvel_SaveObject", "'O0000300',''", args).Number, 0);
@@ -136,7 +133,6 @@ TEST_F(MemoryBusinessObjectTest, ScriptsOverrideCallsAndAScriptedSetIsHandedOutF
   OrvelBoResult thrown = bo_.GetCall("GetRate", "'USD'", 0);
   EXPECT_EQ(thrown.Number, RuntimeError::kInvalidCall);
   EXPECT_EQ(thrown.Text, "GetRate: bad currency");
-
   bo_.ClearScripts();
   EXPECT_EQ(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0).Number, 3021);
 }
@@ -151,7 +147,6 @@ TEST_F(MemoryBusinessObjectTest, AFailedCallStoresNothingAndIsJournalled) {
   EXPECT_EQ(Save("'O0000300',''", rs).Number, 0);
   EXPECT_EQ(bo_.Table().Ids(), std::vector<int32_t>{1});
   EXPECT_EQ(bo_.Calls().size(), 4u);
-
   bo_.FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003001");
   for (int i = 0; i < 2; ++i) {
     OrvelBoResult failed = bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0);
@@ -176,7 +171,6 @@ TEST(MemoryTable, SeedsChosenIdsPreviewsByItsRuleAndKeepsValuesByNameAcrossNewFi
   EXPECT_EQ(table.IdOf("O0000200979"), 979);
   EXPECT_EQ(table.IdOf("O00002000979"), std::nullopt);
   EXPECT_EQ(table.IdOf("O0000300979"), std::nullopt);
-
   table.SetFields({"Code", "Rate", "Name"});
   EXPECT_EQ(table.FieldNames(), (std::vector<std::string>{"ID", "Code", "Rate", "Name"}));
   EXPECT_EQ(table.Value(978, "code"), Variant("EUR"));

@@ -59,13 +59,11 @@ TEST_F(TestHostTest, CallsAndCommands_LoggedAndScriptedPerName) {
     return OrvelResult{0, "", Variant(param.substr(0, param.find(';')))};
   });
   Variant::Array help{Variant("Bankai"), Variant("C:\\Orvel\\Orvel.chm")};
-
   OrvelResult old = manager->Call("GetOldPeriod", "");
   OrvelResult group = manager->Call("OrvelGroupSelect", "GetGroups(3);;Pasirinkite");
   OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
   OrvelResult command = manager->ExecCommand("ShowHelp", help);
   manager->AddToDesktop("O00003005");
-
   EXPECT_EQ(old.Value, Variant(Date{46000}));
   EXPECT_EQ(group.Value, Variant("GetGroups(3)"));
   EXPECT_EQ(unscripted.Number, 0);
@@ -96,7 +94,6 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
   auto classes = host_.HostClasses();
   classes->QueueGroupSelect("O00003001O00003004", "Bankai", "G");
   classes->QueueObjectSelect("seb", 1, 2);
-
   auto group = classes->NewGroupSelect();
   group->SetCaption("Pažymėkite norimą grupę");
   group->Show();
@@ -105,7 +102,6 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
   std::string text = search->Show();
   auto cancelled = classes->NewGroupSelect();
   cancelled->Show();
-
   EXPECT_EQ(group->ResultOIDR(), "O00003001O00003004");
   EXPECT_EQ(group->ResultName(), "Bankai");
   EXPECT_EQ(group->ResultOType(), "G");
