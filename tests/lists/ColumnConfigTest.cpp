@@ -75,17 +75,15 @@ TEST(ColumnConfigTest, AMalformedStringIsRefusedWithAReason) {
   }
 }
 
-TEST(ColumnConfigTest, ReadsWhatParseColumnConfigLeavesInTheDictionaries) {
+// What ParseColumnConfig leaves in the dictionaries reads back the same;
+// half-filled dictionaries give blanks and hidden columns.
+TEST(ColumnConfigTest, ReadsTheDictionaries_HalfFilledGiveBlanksAndHiddenColumns) {
   Dictionary print;
   Dictionary columns;
   ParseColumnConfig(kBanks, print, columns);
-  ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);
-  EXPECT_EQ(config.Build(), kBanks);
-}
-
-TEST(ColumnConfigTest, HalfFilledDictionariesGiveBlanksAndHiddenColumns) {
-  Dictionary print;
-  Dictionary columns;
+  EXPECT_EQ(ColumnConfig::FromDictionaries(print, columns).Build(), kBanks);
+  print.RemoveAll();
+  columns.RemoveAll();
   print.Add("JPrintParams", Variant(Variant::Array{Variant("T"), Variant("9")}));
   columns.Add("WZWName", Variant(Variant::Array{Variant("WZWName"), Variant("P")}));
   ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);

@@ -325,7 +325,8 @@ INSTANTIATE_TEST_SUITE_P(
         {"Locked", [](F& f) { f.txtCode.SetLocked(true); }, "txtCode", "readOnly", true},
         {"MaxLength", [](F& f) { f.txtCode.SetMaxLength(6); }, "txtCode", "maxLength", 6},
         {"ButtonCaption", [](F& f) { f.cmdOK.SetCaption("Įrašyti"); }, "cmdOK", "text", "Įrašyti"},
-        {"LabelCaption", [](F& f) { f.lblNote.SetCaption("Įrašyta"); }, "lblNote", "text", "Įrašyta"},
+        {"LabelCaption", [](F& f) { f.lblNote.SetCaption("Įrašyta"); }, "lblNote", "text",
+         "Įrašyta"},
         {"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); }, "", "", {},
          [](T& t) {
            return t.Find<QLabel>("lblNote")->palette().color(QPalette::WindowText) == Qt::red;
@@ -345,7 +346,8 @@ INSTANTIATE_TEST_SUITE_P(
          "placeholderText", "Litas"},
         {"ImageComboRows", [](F& f) { f.imgCurrency.ComboItems().Add("GBP", "Svaras"); },
          "imgCurrency", "count", 3},
-        {"ComboText", [](F& f) { f.cmbSearch.SetText("Kita"); }, "cmbSearch", "currentText", "Kita"},
+        {"ComboText", [](F& f) { f.cmbSearch.SetText("Kita"); }, "cmbSearch", "currentText",
+         "Kita"},
         {"ComboRows", [](F& f) { f.cmbKind.AddItem("Nebalansinės"); }, "cmbKind", "count", 4},
         {"Date", [](F& f) { f.dtpDate.SetValue(Variant(DateSerial(2027, 1, 31))); }, "dtpDate.date",
          "date", QDate(2027, 1, 31)},

@@ -179,60 +179,45 @@ ModalDriver::Step Pick(const QString& text) {
 
 // ---- message boxes --------------------------------------------------------
 
-struct BoxCase {
-  int32_t flags;
-  std::vector<QString> buttons;
-  QMessageBox::Icon icon;
-  QString press;  // "" closes the box with Esc
-  int32_t result;
-};
-
-class MsgBoxTest : public ::testing::TestWithParam<BoxCase> {};
-
-TEST_P(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
-  const auto& c = GetParam();
+// Each box shows the buttons and icon of its flags, its title and text, and
+// answers the button pressed ("" closes it with Esc).
+TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
+  const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
+  const QString ok = QString::fromUtf8("Gerai"), cancel = QString::fromUtf8("Atšaukti");
+  const QString yes = QString::fromUtf8("Taip"), no = QString::fromUtf8("Ne");
+  const struct {
+    int32_t flags;
+    std::vector<QString> buttons;
+    QMessageBox::Icon icon;
+    QString press;
+    int32_t result;
+  } cases[] = {
+      {vbOKOnly, {ok}, QMessageBox::NoIcon, ok, vbOK},
+      {vbOKOnly + vbInformation, {ok}, QMessageBox::Information, "", vbOK},
+      {vbOKCancel + vbExclamation, {ok, cancel}, QMessageBox::Warning, ok, vbOK},
+      {vbOKCancel + vbCritical, {ok, cancel}, QMessageBox::Critical, "", vbCancel},
+      {vbYesNoCancel + vbQuestion, {yes, no, cancel}, QMessageBox::Question, no, vbNo},
+      {vbYesNo + vbQuestion, {yes, no}, QMessageBox::Question, yes, vbYes},
+      {vbYesNo + vbExclamation, {yes, no}, QMessageBox::Warning, "", vbNo}};
   QtUi ui;
-  ModalDriver driver;
-  std::vector<QString> shown;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  QString title, text;
-  driver.Then([&](QWidget& widget) {
-    auto* box = qobject_cast<QMessageBox*>(&widget);
-    ASSERT_NE(box, nullptr);
-    for (auto* button : box->buttons()) shown.push_back(button->text());
-    icon = box->icon();
-    title = box->windowTitle();
-    text = box->text();
-    if (c.press.isEmpty()) {
-      Key(widget, Qt::Key_Escape);
-    } else {
-      Press(c.press)(widget);
-    }
-  });
-  EXPECT_EQ(ui.MsgBox("Ar tikrai norite panaikinti?\nAB Šiaulių bankas", c.flags, "Orvel Apskaita"),
-            c.result);
-  EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
-  EXPECT_EQ(icon, c.icon);
-  EXPECT_EQ(title, QString::fromUtf8("Orvel Apskaita"));
-  EXPECT_EQ(text, QString::fromUtf8("Ar tikrai norite panaikinti?\nAB Šiaulių bankas"));
-  EXPECT_TRUE(driver.AllDone());
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.flags);
+    ModalDriver driver;
+    std::vector<QString> shown;
+    QMessageBox* box = nullptr;
+    driver.Then([&](QWidget& widget) {
+      box = qobject_cast<QMessageBox*>(&widget);
+      for (auto* button : box->buttons()) shown.push_back(button->text());
+      EXPECT_EQ(box->icon(), c.icon);
+      EXPECT_EQ(box->windowTitle(), QString::fromUtf8("Orvel Apskaita"));
+      EXPECT_EQ(box->text(), QString::fromUtf8(kQuestion));
+      c.press.isEmpty() ? Key(widget, Qt::Key_Escape) : Press(c.press)(widget);
+    });
+    EXPECT_EQ(ui.MsgBox(kQuestion, c.flags, "Orvel Apskaita"), c.result);
+    EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
+    EXPECT_TRUE(driver.AllDone());
+  }
 }
-
-const QString kOk = QString::fromUtf8("Gerai");
-const QString kCancel = QString::fromUtf8("Atšaukti");
-const QString kYes = QString::fromUtf8("Taip");
-const QString kNo = QString::fromUtf8("Ne");
-
-INSTANTIATE_TEST_SUITE_P(
-    Flags, MsgBoxTest,
-    ::testing::Values(
-        BoxCase{vbOKOnly, {kOk}, QMessageBox::NoIcon, kOk, vbOK},
-        BoxCase{vbOKOnly + vbInformation, {kOk}, QMessageBox::Information, "", vbOK},
-        BoxCase{vbOKCancel + vbExclamation, {kOk, kCancel}, QMessageBox::Warning, kOk, vbOK},
-        BoxCase{vbOKCancel + vbCritical, {kOk, kCancel}, QMessageBox::Critical, "", vbCancel},
-        BoxCase{vbYesNoCancel + vbQuestion, {kYes, kNo, kCancel}, QMessageBox::Question, kNo, vbNo},
-        BoxCase{vbYesNo + vbQuestion, {kYes, kNo}, QMessageBox::Question, kYes, vbYes},
-        BoxCase{vbYesNo + vbExclamation, {kYes, kNo}, QMessageBox::Warning, "", vbNo}));
 
 TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
   QtUi ui;
@@ -305,47 +290,35 @@ struct PopupMenu {
   std::vector<std::string> clicks;
 };
 
-struct PopupCase {
-  std::vector<QString> path;  // empty: dismissed
-  std::vector<std::string> clicks;
-};
-
-class PopupMenuTest : public ::testing::TestWithParam<PopupCase> {};
-
-TEST_P(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
-  const auto& c = GetParam();
+// The entries shown (the hidden one left out, the disabled one greyed); the
+// pick, down a submenu too, raises its Click and nothing else; a dismissed
+// menu raises none.
+TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
+  const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
+      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
   QtUi ui;
-  PopupMenu popup;
-  ModalDriver driver;
-  std::vector<QString> entries;
-  std::vector<bool> enabled;
-  driver.Then([&](QWidget& widget) {
-    auto* menu = qobject_cast<QMenu*>(&widget);
-    ASSERT_NE(menu, nullptr);
-    for (QAction* action : menu->actions()) {
-      entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
-      enabled.push_back(action->isEnabled());
-    }
-    if (c.path.empty()) {
-      Key(widget, Qt::Key_Escape);
-    } else {
-      Pick(c.path[0])(widget);
-    }
-  });
-  for (size_t i = 1; i < c.path.size(); ++i) driver.Then(Pick(c.path[i]));
-  ui.PopupMenu(popup.root);
-  EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
-                                                             QString::fromUtf8("Išjungtas")}));
-  EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
-  EXPECT_EQ(popup.clicks, c.clicks);
-  EXPECT_TRUE(driver.AllDone());
-  EXPECT_THAT(driver.unexpected, IsEmpty());
+  for (const auto& [path, clicks] : cases) {
+    PopupMenu popup;
+    ModalDriver driver;
+    std::vector<QString> entries;
+    std::vector<bool> enabled;
+    driver.Then([&, &path = path](QWidget& widget) {
+      for (QAction* action : qobject_cast<QMenu*>(&widget)->actions()) {
+        entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
+        enabled.push_back(action->isEnabled());
+      }
+      path.empty() ? Key(widget, Qt::Key_Escape) : Pick(path[0])(widget);
+    });
+    for (size_t i = 1; i < path.size(); ++i) driver.Then(Pick(path[i]));
+    ui.PopupMenu(popup.root);
+    EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
+                                                               QString::fromUtf8("Išjungtas")}));
+    EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
+    EXPECT_EQ(popup.clicks, clicks);
+    EXPECT_TRUE(driver.AllDone());
+    EXPECT_THAT(driver.unexpected, IsEmpty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Picks, PopupMenuTest,
-                         ::testing::Values(PopupCase{{"Atidaryti"}, {"mnuOpen"}},
-                                           PopupCase{{"Naujas", "Kopija"}, {"mnuCopy"}},
-                                           PopupCase{{}, {}}));
 
 // ---- modal forms ----------------------------------------------------------
 
@@ -375,52 +348,44 @@ class ModalForm : public Form {
   void Form_Unload() override { ++unloads; }
 };
 
-struct ModalCase {
-  const char* name;
-  int refusals;
-  std::vector<const char*> actions;  // a button's caption, or "close" for the frame
-  bool loaded;                       // afterwards
-  int unloads;
-};
-
-class ShowModalTest : public ::testing::TestWithParam<ModalCase> {};
-
-TEST_P(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
-  const auto& c = GetParam();
+// ShowModal returns once the form is hidden or unloaded, by its buttons or
+// the frame's close; a close the form refuses leaves it up until hidden.
+TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
+  const struct {
+    int refusals;
+    std::vector<const char*> actions;  // a button's caption, or "close" for the frame
+    bool loaded;                       // afterwards
+    int unloads;
+  } cases[] = {{0, {"Paslėpti"}, true, 0},
+               {0, {"Uždaryti"}, false, 1},
+               {0, {"close"}, false, 1},
+               {1, {"close", "Paslėpti"}, true, 0}};
   QtUi ui;
-  ModalForm form;
-  form.refusals = c.refusals;
-  ModalDriver driver;
-  QString title;
-  driver.Then([&](QWidget& dialog) {
-    title = dialog.windowTitle();
-    ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
-    for (const char* action : c.actions) {
-      if (std::string(action) == "close") {
-        dialog.close();
-      } else if (QAbstractButton* button = ButtonIn(dialog, QString::fromUtf8(action))) {
-        button->click();
-      } else {
-        ADD_FAILURE() << "no button " << action;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.actions.front());
+    ModalForm form;
+    form.refusals = c.refusals;
+    ModalDriver driver;
+    QString title;
+    driver.Then([&](QWidget& dialog) {
+      title = dialog.windowTitle();
+      ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
+      for (const char* action : c.actions) {
+        if (std::string(action) == "close") {
+          dialog.close();
+        } else {
+          ButtonIn(dialog, QString::fromUtf8(action))->click();
+        }
       }
-    }
-  });
-  form.ShowModal(ui);
-  EXPECT_EQ(title, QString::fromUtf8("Langas"));
-  EXPECT_FALSE(form.Visible());
-  EXPECT_EQ(form.Loaded(), c.loaded);
-  EXPECT_EQ(form.unloads, c.unloads);
-  EXPECT_TRUE(driver.AllDone());
+    });
+    form.ShowModal(ui);
+    EXPECT_EQ(title, QString::fromUtf8("Langas"));
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(form.Loaded(), c.loaded);
+    EXPECT_EQ(form.unloads, c.unloads);
+    EXPECT_TRUE(driver.AllDone());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Endings, ShowModalTest,
-    ::testing::Values(ModalCase{"hidden", 0, {"Paslėpti"}, true, 0},
-                      ModalCase{"unloaded", 0, {"Uždaryti"}, false, 1},
-                      ModalCase{"frame_closed", 0, {"close"}, false, 1},
-                      // The form refuses the frame's close and stays; hidden later.
-                      ModalCase{"close_refused", 1, {"close", "Paslėpti"}, true, 0}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // ---- the printout ---------------------------------------------------------
 
