@@ -138,8 +138,10 @@ TEST_F(FrmPreviewConfigTest, PrintParametersComeFromTheControls) {
   EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Bankai;9;1;0;0;0;1;Pabaiga");
 }
 
-// A width is formatted, capped at 27 or, when zero or empty, restored.
-TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored) {
+// A width is formatted, capped at 27 or, when zero or empty, restored. The
+// box filters keys as every decimal box does (KeyFilterDecimal's table):
+// what it types is the routine's answer on its own text.
+TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored_KeysFilteredOnItsOwnText) {
   for (const auto& [typed, shown, total] : {std::tuple{"5", "5,0", "10,5"},
                                             {"3,25", "3,3", "8,8"},
                                             {"27", "27,0", "32,5"},
@@ -156,11 +158,6 @@ TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored) {
               std::string::npos)
         << d->NewConfig;
   }
-}
-
-// The box filters keys as every decimal box does (KeyFilterDecimal's table):
-// what it types is the routine's answer on its own text.
-TEST_F(FrmPreviewConfigTest, WidthBoxFiltersKeysOnItsOwnText) {
   auto d = Open();
   d->txtWidth.SetText("1");
   EXPECT_EQ(d->txtWidth.KeyPress('.'), ',');

@@ -13,7 +13,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using Op = MemoryBusinessObject::Op;
 
 class MemoryBusinessObjectTest : public ::testing::Test {
  protected:
@@ -49,10 +48,8 @@ TEST_F(MemoryBusinessObjectTest, ASavedFieldUnknownToTheTypeIsKeptAndEveryCallJo
               ElementsAre("ExecArrayCall Orvel_SaveObject 'O0000300',''",
                           "GetCall Orvel_ReadObject 'O00003001'",
                           "ExecCall Orvel_DeleteObject 'O00003001'"));
-  const auto& save = bo_.Calls()[0];
-  EXPECT_EQ(save.op, Op::ExecArrayCall);
-  ASSERT_EQ(save.array.size(), 3u);
-  EXPECT_EQ(save.array[0].ObjectAs<Recordset>(), rs);
+  ASSERT_EQ(bo_.Calls()[0].array.size(), 3u);
+  EXPECT_EQ(bo_.Calls()[0].array[0].ObjectAs<Recordset>(), rs);
   EXPECT_EQ(log_->Entries()[0].values.size(), 3u);
   EXPECT_EQ(bo_.Calls("Orvel_DeleteObject").size(), 1u);
 }

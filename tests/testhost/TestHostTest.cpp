@@ -53,22 +53,19 @@ TEST_F(TestHostTest, AnObjectGoesToItsTypesAdapterMadeAndWiredOnce) {
 
 TEST_F(TestHostTest, CallsAndCommands_LoggedAndScriptedPerName) {
   auto manager = host_.ObjectManager();
-  OrvelResult period{0, "", Variant(Date{46000})};
-  manager->ReplyToCall("GetOldPeriod", period);
+  manager->ReplyToCall("GetOldPeriod", OrvelResult{0, "", Variant(Date{46000})});
   manager->OnCall("OrvelGroupSelect", [](const std::string& param) {
     return OrvelResult{0, "", Variant(param.substr(0, param.find(';')))};
   });
-  Variant::Array help{Variant("Bankai"), Variant("C:\\Orvel\\Orvel.chm")};
-  OrvelResult old = manager->Call("GetOldPeriod", "");
-  OrvelResult group = manager->Call("OrvelGroupSelect", "GetGroups(3);;Pasirinkite");
+  EXPECT_EQ(manager->Call("GetOldPeriod", "").Value, Variant(Date{46000}));
+  EXPECT_EQ(manager->Call("OrvelGroupSelect", "GetGroups(3);;Pasirinkite").Value,
+            Variant("GetGroups(3)"));
   OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
-  OrvelResult command = manager->ExecCommand("ShowHelp", help);
-  manager->AddToDesktop("O00003005");
-  EXPECT_EQ(old.Value, Variant(Date{46000}));
-  EXPECT_EQ(group.Value, Variant("GetGroups(3)"));
   EXPECT_EQ(unscripted.Number, 0);
   EXPECT_TRUE(unscripted.Value.IsEmpty());
-  EXPECT_EQ(command.Number, 0);
+  Variant::Array help{Variant("Bankai"), Variant("C:\\Orvel\\Orvel.chm")};
+  EXPECT_EQ(manager->ExecCommand("ShowHelp", help).Number, 0);
+  manager->AddToDesktop("O00003005");
   EXPECT_THAT(
       host_.Log().Lines(Channel::Host),
       ElementsAre("Call GetOldPeriod", "Call OrvelGroupSelect GetGroups(3);;Pasirinkite",

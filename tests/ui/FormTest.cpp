@@ -81,15 +81,13 @@ TEST(Form, LifeCycle_LoadOnceRefusedUnloadHideAndLoadAgain) {
   form.Show();
   EXPECT_TRUE(form.Visible());
   EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload", "Load"));
-}
-
-TEST(Form, UnloadedByItsOwnFormLoad_IsNotShown) {
-  frmProbe form;
-  form.unloadInLoad = true;
-  form.Show();
-  EXPECT_FALSE(form.Loaded());
-  EXPECT_FALSE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "Unload"));
+  // A form its own Form_Load unloads is not shown.
+  frmProbe unloading;
+  unloading.unloadInLoad = true;
+  unloading.Show();
+  EXPECT_FALSE(unloading.Loaded());
+  EXPECT_FALSE(unloading.Visible());
+  EXPECT_THAT(unloading.events, ElementsAre("Load", "QueryUnload", "Unload"));
 }
 
 // Controls are kept once each in registration order.
