@@ -35,7 +35,6 @@ TEST_F(StandardObjectsTest, SavingAnEditedRecordSendsItAndReadsItBack) {
   ASSERT_NE(object, nullptr);
   object->Fields("Name").SetValue(Variant("kilogramai"));
   EXPECT_EQ(object->Fields("name").UnderlyingValue(), Variant("kilogramas"));
-
   auto status = object->Save(nullptr, nullptr);
   ASSERT_EQ(status.Number, 0) << status.Text;
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
@@ -58,66 +57,53 @@ TEST_F(StandardObjectsTest, SavingAnEditedRecordSendsItAndReadsItBack) {
   EXPECT_TRUE(calls[1].array[2].IsNothing());
 }
 
+// The type itself, a zero ninth character or no OIDR ask for a new record,
+// which takes its OIDR when saved; a save that returns no ID is a failure.
 TEST_F(StandardObjectsTest, ANewRecordStartsFromDefaultsAndTakesItsOidrWhenSaved) {
+  for (const char* oidr : {"O0000400", "O00004000", "O000040001"}) {
+    host_.Log().Clear();
+    ASSERT_NE(adapter_->GetOrvelObject(oidr), nullptr) << oidr;
+    EXPECT_EQ(BusinessLines().front(), "GetCall Orvel_NewObject 'O0000400'") << oidr;
+  }
   auto object = adapter_->GetOrvelObject("");
-  ASSERT_NE(object, nullptr);
   EXPECT_EQ(object->OIDR(), "");
   EXPECT_TRUE(object->Fields("ID").Value().IsEmpty());
   EXPECT_EQ(object->Fields("Ratio").Value(), Variant(1.0));
-
   object->Fields("Name").SetValue(Variant("litras"));
+  BO("O0000400").ReplyAction("Orvel_SaveObject", OrvelStatus{});
+  EXPECT_NE(object->Save(nullptr, nullptr).Number, 0);
+  EXPECT_EQ(object->OIDR(), "");
+  BO("O0000400").ClearScripts();
+  host_.Log().Clear();
   ASSERT_EQ(object->Save(nullptr, nullptr).Number, 0);
   EXPECT_EQ(object->OIDR(), "O00004003");
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
-                                 "GetCall Orvel_NewObject 'O0000400'",
                                  "ExecArrayCall Orvel_SaveObject 'O0000400',''",
                                  "GetCall Orvel_ReadObject 'O00004003'",
                              }));
   EXPECT_EQ(BO("O0000400").Table().Value(3, "Name"), Variant("litras"));
 }
 
-TEST_F(StandardObjectsTest, TheTypeItselfAndAZeroNinthCharacterAskForANewRecord) {
-  for (const char* oidr : {"O0000400", "O00004000", "O000040001"}) {
-    host_.Log().Clear();
-    auto object = adapter_->GetOrvelObject(oidr);
-    ASSERT_NE(object, nullptr) << oidr;
-    EXPECT_EQ(BusinessLines().front(), "GetCall Orvel_NewObject 'O0000400'") << oidr;
-  }
-}
-
-TEST_F(StandardObjectsTest, AFailedSaveIsReportedAndChangesNothing) {
+// A refused save changes nothing and the edit stays until cancelled; a save
+// without a record and an object without a business object fail clearly.
+TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
   auto object = adapter_->GetOrvelObject("O00004002");
-  ASSERT_NE(object, nullptr);
   object->Fields("Name").SetValue(Variant("mylia"));
   BO("O0000400").FailCallsNamed("Orvel_SaveObject", 60000, "Užimta");
   auto status = object->Save(nullptr, nullptr);
   EXPECT_EQ(status.Number, 60000);
   EXPECT_EQ(status.Text, "Užimta");
   EXPECT_EQ(BO("O0000400").Table().Value(2, "Name"), Variant("metras"));
-  // The edit stays in the window's record until it is cancelled.
   EXPECT_EQ(object->Fields("Name").Value(), Variant("mylia"));
   object->CancelUpdate();
   EXPECT_EQ(object->Fields("Name").Value(), Variant("metras"));
-}
-
-// A new record whose save returns no ID is a failure, not a new blank; a save
-// without a record and an object without a business object fail clearly
-// instead of crashing.
-TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
-  auto object = adapter_->GetOrvelObject("");
-  ASSERT_NE(object, nullptr);
-  BO("O0000400").ReplyAction("Orvel_SaveObject", OrvelStatus{});
-  EXPECT_NE(object->Save(nullptr, nullptr).Number, 0);
-  EXPECT_EQ(object->OIDR(), "");
   host_.Log().Clear();
-
   UIO0000400 unread;
   unread.SetUI(adapter_);
-  auto status = unread.Save(nullptr, nullptr);
+  status = unread.Save(nullptr, nullptr);
   EXPECT_NE(status.Number, 0);
   EXPECT_FALSE(status.Text.empty());
   EXPECT_TRUE(BusinessLines().empty());
-
   UIO0000400 orphan;
   orphan.SetOIDR("O00004001");
   status = orphan.Read();
@@ -153,14 +139,12 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   object->SetOIDR("O00004001");
   ASSERT_EQ(object->Read().Number, 0);
   host_.Log().Clear();
-
   auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"A"});
   BO("O0000400").ReplyRead("GetHistory", rs);
   auto result = object->Properties("History", "");
   EXPECT_EQ(result.Number, 0);
   EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
   object->Properties("History", "'O00004001',5");
-
   BO("O0000400").ReplyRead("GetBroken", OrvelBoResult(42, "Sugedo"));
   result = object->Properties("Broken", "");
   EXPECT_EQ(result.Number, 42);
@@ -169,12 +153,10 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   result = object->Properties("Quiet", "");
   EXPECT_EQ(result.Number, 0);
   EXPECT_TRUE(result.Value.IsEmpty());
-
   Variant::Array params{Variant("'O00004001',1")};
   EXPECT_EQ(object->Methods("Recalculate", params).Number, 0);
   Variant::Array none;
   EXPECT_EQ(object->Methods("Touch", none).Number, 0);
-
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
                                  "GetCall GetHistory O00004001",
                                  "GetCall GetHistory 'O00004001',5",
@@ -202,18 +184,18 @@ class SmallAdapterTest : public ModuleTest, public ::testing::WithParamInterface
   }
 };
 
-TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowOnlyItsTypeAndIconTable) {
+// No menu, key or window, only the type and its icon table; properties and
+// methods answer zero without a business call.
+TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowAndAnswersZeroWithoutABusinessCall) {
   auto adapter = Adapter(Oid());
   EXPECT_EQ(adapter->OID(), Oid());
   EXPECT_FALSE(adapter->OName().empty());
   auto table = adapter->GetIconsTable();
-  if (GetParam().iconItem) {
-    ASSERT_NE(table, nullptr);
-    EXPECT_EQ(table->Count(), 1);
+  ASSERT_EQ(table != nullptr, GetParam().iconItem != nullptr);
+  if (table) {
     EXPECT_EQ(table->Item("C"), GetParam().iconItem);
+    EXPECT_EQ(table->Count(), 1);
     EXPECT_EQ(adapter->GetIconsTable(), table) << "the adapter's own table, not a copy";
-  } else {
-    EXPECT_EQ(table, nullptr);
   }
   EXPECT_EQ(adapter->GetMenu(Oid(), "", ""), std::nullopt);
   EXPECT_EQ(adapter->GetMenu(Oidr(1), "C", ""), std::nullopt);
@@ -226,30 +208,7 @@ TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowOnlyItsTypeAndIconTable) {
   EXPECT_TRUE(adapter->DragOK(Oidr(1), "x", "y"));
   EXPECT_FALSE(adapter->DropOK(Oidr(1)));
   EXPECT_TRUE(BusinessLines().empty());
-}
-
-TEST_P(SmallAdapterTest, ReadsTheRecordIntoANewInstanceAdapterThatMarshalsOnlyChanges) {
-  auto object = Adapter(Oid())->GetOrvelObject(Oidr(2));
-  ASSERT_NE(object, nullptr);
-  EXPECT_EQ(object->OIDR(), Oidr(2));
-  EXPECT_EQ(object->OID(), Oid());
-  EXPECT_EQ(object->Preview(), "antras");
-  EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
-  EXPECT_EQ(object->UI(), Adapter(Oid()));
-  EXPECT_EQ(object->BO(), host_.BusinessObject(Oid()));
-  EXPECT_EQ(object->GetGUID(), "");
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{"GetCall Orvel_ReadObject '" + Oidr(2) + "'"});
-  // A record that fails to read gives no object, and the text is dropped.
-  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(9)), nullptr);
-  BO(Oid()).FailCallsNamed("Orvel_ReadObject", 17, "Nepavyko");
-  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(1)), nullptr);
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_P(SmallAdapterTest, PropertiesAndMethodsAnswerZeroWithoutABusinessCall) {
-  auto object = Adapter(Oid())->GetOrvelObject(Oidr(1));
-  ASSERT_NE(object, nullptr);
+  auto object = adapter->GetOrvelObject(Oidr(1));
   host_.Log().Clear();
   for (const char* name : {"GetObjectForm", "Structure", "Firms"}) {
     auto result = object->Properties(name, "");
@@ -264,19 +223,34 @@ TEST_P(SmallAdapterTest, PropertiesAndMethodsAnswerZeroWithoutABusinessCall) {
   EXPECT_TRUE(BusinessLines().empty());
 }
 
-// The list hands only the OIDR inward whatever type and settings say; a
-// delete is forwarded and its number is the result.
-TEST_P(SmallAdapterTest, ListAndDeleteGoToTheBusinessObject) {
-  auto rs = Adapter(Oid())->GetOrvelObjectList(Oid(), "C", "1,0,1");
-  ASSERT_NE(rs, nullptr);
-  EXPECT_EQ(rs->RecordCount(), 2);
+// A record is read into a new instance adapter that marshals only changes; one
+// that fails to read gives no object, and the text is dropped. The list hands
+// only the OIDR inward whatever type and settings say; a delete is forwarded
+// and its number is the result.
+TEST_P(SmallAdapterTest, ReadsListsAndDeletesThroughTheBusinessObject) {
+  auto object = Adapter(Oid())->GetOrvelObject(Oidr(2));
+  ASSERT_NE(object, nullptr);
+  EXPECT_EQ(object->OIDR(), Oidr(2));
+  EXPECT_EQ(object->OID(), Oid());
+  EXPECT_EQ(object->Preview(), "antras");
+  EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
+  EXPECT_EQ(object->UI(), Adapter(Oid()));
+  EXPECT_EQ(object->BO(), host_.BusinessObject(Oid()));
+  EXPECT_EQ(object->GetGUID(), "");
+  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(9)), nullptr);
+  EXPECT_EQ(Adapter(Oid())->GetOrvelObjectList(Oid(), "C", "1,0,1")->RecordCount(), 2);
   EXPECT_EQ(Adapter(Oid())->DeleteOrvelObject(Oidr(1)), 0);
   EXPECT_FALSE(BO(Oid()).Table().Contains(1));
   EXPECT_NE(Adapter(Oid())->DeleteOrvelObject(Oidr(1)), 0);
   EXPECT_EQ(BusinessLines(),
-            (std::vector<std::string>{"GetCall Orvel_GetObjectList '" + Oid() + "'",
+            (std::vector<std::string>{"GetCall Orvel_ReadObject '" + Oidr(2) + "'",
+                                      "GetCall Orvel_ReadObject '" + Oidr(9) + "'",
+                                      "GetCall Orvel_GetObjectList '" + Oid() + "'",
                                       "ExecCall Orvel_DeleteObject '" + Oidr(1) + "'",
                                       "ExecCall Orvel_DeleteObject '" + Oidr(1) + "'"}));
+  BO(Oid()).FailCallsNamed("Orvel_ReadObject", 17, "Nepavyko");
+  EXPECT_EQ(Adapter(Oid())->GetOrvelObject(Oidr(2)), nullptr);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 INSTANTIATE_TEST_SUITE_P(TenPairs, SmallAdapterTest,

@@ -29,7 +29,9 @@ TEST(ColumnConfigTest, ParsesPrintParametersAndColumns) {
   EXPECT_DOUBLE_EQ(config->ShownWidth(), 9.5);
 }
 
-TEST(ColumnConfigTest, BuildGivesBackTheParsedString) {
+// A built string reads back the same; separators are kept out of captions
+// and the footer.
+TEST(ColumnConfigTest, BuildGivesBackTheParsedString_SeparatorsKeptOut) {
   for (const std::string text :
        {kBanks, "Sąrašas;12;0;0;1;2;0;Parengė buhalterė", ";9;1;1;0;1;1;#WZWName;;1;27;999",
         "Prekės;6;1;0;0;0;0;#WZWPrice;Kaina;1;2.5;0"}) {
@@ -40,11 +42,7 @@ TEST(ColumnConfigTest, BuildGivesBackTheParsedString) {
     ASSERT_TRUE(again) << text;
     EXPECT_EQ(again->Build(), text);
   }
-}
-
-TEST(ColumnConfigTest, BuildKeepsSeparatorsOutOfCaptionsAndFooter) {
   auto config = ColumnConfig::Parse(kBanks);
-  ASSERT_TRUE(config);
   config->printParams[ColumnConfig::kFooter] = "A#B;C";
   config->columns[0].caption = "Kodas;#";
   auto again = ColumnConfig::Parse(config->Build());
@@ -75,17 +73,15 @@ TEST(ColumnConfigTest, AMalformedStringIsRefusedWithAReason) {
   }
 }
 
-TEST(ColumnConfigTest, ReadsWhatParseColumnConfigLeavesInTheDictionaries) {
+// What ParseColumnConfig leaves in the dictionaries reads back the same;
+// half-filled dictionaries give blanks and hidden columns.
+TEST(ColumnConfigTest, ReadsTheDictionaries_HalfFilledGiveBlanksAndHiddenColumns) {
   Dictionary print;
   Dictionary columns;
   ParseColumnConfig(kBanks, print, columns);
-  ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);
-  EXPECT_EQ(config.Build(), kBanks);
-}
-
-TEST(ColumnConfigTest, HalfFilledDictionariesGiveBlanksAndHiddenColumns) {
-  Dictionary print;
-  Dictionary columns;
+  EXPECT_EQ(ColumnConfig::FromDictionaries(print, columns).Build(), kBanks);
+  print.RemoveAll();
+  columns.RemoveAll();
   print.Add("JPrintParams", Variant(Variant::Array{Variant("T"), Variant("9")}));
   columns.Add("WZWName", Variant(Variant::Array{Variant("WZWName"), Variant("P")}));
   ColumnConfig config = ColumnConfig::FromDictionaries(print, columns);

@@ -71,6 +71,14 @@ TEST_F(FrmPreviewConfigTest, ShowsShownColumnsByPositionThenHiddenOnes) {
   EXPECT_EQ(d->txtFooter.Text(), "Pabaiga");
   EXPECT_EQ(d->txtRegName.Text(), "Bankai");
   EXPECT_EQ(d->lblTotalWidth.Caption(), "12,5");
+  // OK without changes accepts the same string, the shown columns in order.
+  d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
+  EXPECT_EQ(d->NewConfig,
+            "Bankai;9;1;0;0;2;1;Pabaiga#WZWName;Pavadinimas;0;7,0;0#WZWCode;Kodas;0;2,5;1"
+            "#WZWCity;Miestas;0;3,0;2#WZWNote;Pastaba;2;4,0;999");
+  EXPECT_FALSE(d->Loaded());
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
@@ -82,17 +90,6 @@ TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
     auto d = Open(config);
     EXPECT_EQ(d->lvwColumns.ColumnHeaders().Item(1).Width(), count >= 16 ? 3700 : 4000) << count;
   }
-}
-
-TEST_F(FrmPreviewConfigTest, OkWithoutChangesAcceptsTheSameString) {
-  auto d = Open();
-  d->cmdOK.Click();
-  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
-  EXPECT_EQ(d->NewConfig,
-            "Bankai;9;1;0;0;2;1;Pabaiga#WZWName;Pavadinimas;0;7,0;0#WZWCode;Kodas;0;2,5;1"
-            "#WZWCity;Miestas;0;3,0;2#WZWNote;Pastaba;2;4,0;999");
-  EXPECT_FALSE(d->Loaded());
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
@@ -134,17 +131,17 @@ TEST_F(FrmPreviewConfigTest, PrintParametersComeFromTheControls) {
   EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
   EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Mūsų bankai;12;0;1;1;1;1;");
   EXPECT_EQ(d->PrintDict.Item("JRegName"), Variant("Bankai2"));
-}
-
-TEST_F(FrmPreviewConfigTest, DateOffWritesNoDateWhateverTheTime) {
-  auto d = Open();
+  // Date off writes no date whatever the time.
+  d = Open();
   d->chbDate.Click();
   d->cmdOK.Click();
   EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Bankai;9;1;0;0;0;1;Pabaiga");
 }
 
-// A width is formatted, capped at 27 or, when zero or empty, restored.
-TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored) {
+// A width is formatted, capped at 27 or, when zero or empty, restored. The
+// box filters keys as every decimal box does (KeyFilterDecimal's table):
+// what it types is the routine's answer on its own text.
+TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored_KeysFilteredOnItsOwnText) {
   for (const auto& [typed, shown, total] : {std::tuple{"5", "5,0", "10,5"},
                                             {"3,25", "3,3", "8,8"},
                                             {"27", "27,0", "32,5"},
@@ -161,11 +158,6 @@ TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored) {
               std::string::npos)
         << d->NewConfig;
   }
-}
-
-// The box filters keys as every decimal box does (KeyFilterDecimal's table):
-// what it types is the routine's answer on its own text.
-TEST_F(FrmPreviewConfigTest, WidthBoxFiltersKeysOnItsOwnText) {
   auto d = Open();
   d->txtWidth.SetText("1");
   EXPECT_EQ(d->txtWidth.KeyPress('.'), ',');

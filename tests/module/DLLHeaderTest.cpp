@@ -1,6 +1,6 @@
 // What the module registers with the host: its group, its components, its
 // object types and icons, in the order the host shows them; the rights
-// header's components; the classes the module makes by name.
+// header's components.
 #include <gtest/gtest.h>
 
 #include "orvel/OrvelHostClasses.h"
@@ -66,13 +66,9 @@ TEST_F(DLLHeaderTest, RegistersTheGroupItsComponentsTypesAndIconsInOrder) {
             "GoodNA GOODNA|GEXIST GEXIST|Service SERVICE|ServiceNA SERVICENA");
   EXPECT_EQ(Registered("AddIcon"), "L00001011 C0000100|" + objectIcons);
   EXPECT_EQ(lines[lines.size() - 14].rfind("AddObjectIcon ServiceNA", 0), 0u);
-}
-
-TEST_F(DLLHeaderTest, UsesANewRegistryEachTimeAndKeepsNothing) {
-  ASSERT_EQ(DLLHeader().DllInicialize().Number, 0);
+  // Registering again uses a new registry and keeps nothing of the first.
   auto first = host_.HostClasses()->LastRegistry();
-  DLLHeader header;
-  ASSERT_EQ(header.DllInicialize().Number, 0);
+  ASSERT_EQ(DLLHeader().DllInicialize().Number, 0);
   EXPECT_NE(host_.HostClasses()->LastRegistry(), first);
   EXPECT_EQ(host_.HostClasses()->LastRegistry()->ObjectTypes().size(), 15u);
 }
@@ -144,17 +140,6 @@ TEST(SecurityHeader, ListsTheComponentsUnderTheirParentsAtEachCall) {
             "/CFirmsCode/CFirmsCH/CFirmsAC CBanks CCurrency CReference");
   EXPECT_EQ(rows[8], (SecurityRow{"CFirms", "CFirmsCode", "Įmomės kodo įvedimo kartojimas", 2}));
   EXPECT_EQ(rows[13], (SecurityRow{"", "CReference", "Žyninai", 2}));
-}
-
-TEST(ClassFactory, CreatesTheHeadersAndTheListWindowByTheirExactNames) {
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeader>(ClassFactory::Create("DLLHeader")), nullptr);
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelHeaderSecurity>(ClassFactory::Create("SecurityHeader")),
-            nullptr);
-  EXPECT_NE(std::dynamic_pointer_cast<OrvelWindow>(ClassFactory::Create("frmReferenceBookPreview")),
-            nullptr);
-  for (const char* unknown : {"UI9999999", "dllheader", ""}) {
-    EXPECT_EQ(ClassFactory::Create(unknown), nullptr) << unknown;
-  }
 }
 
 }  // namespace

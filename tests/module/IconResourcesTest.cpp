@@ -19,7 +19,6 @@ TEST_P(IconResourceTest, LoadsByNameWithoutRegardToCase) {
   std::string upper = GetParam();
   for (auto& c : upper) c = static_cast<char>(std::toupper(static_cast<unsigned char>(c)));
   EXPECT_EQ(picture->Name(), upper);
-
   // Header, one row per colour, sixteen rows of sixteen pixels, each pixel a
   // colour of the table.
   const auto& xpm = picture->Xpm();

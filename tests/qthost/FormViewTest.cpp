@@ -10,7 +10,6 @@
 #include <QComboBox>
 #include <QDateEdit>
 #include <QDir>
-#include <QFormLayout>
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
@@ -18,7 +17,6 @@
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
-#include <QRadioButton>
 #include <QSignalSpy>
 #include <QTabWidget>
 #include <QTableWidget>
@@ -235,8 +233,6 @@ class FormViewTest : public ::testing::Test {
   QPoint RowPoint(int row) const {
     return Tree()->visualItemRect(Tree()->topLevelItem(row)).center();
   }
-  QAction* Action(const char* name) const { return view_->findChild<QAction*>(name); }
-  QWidget* View() const { return view_.get(); }
   LedgerForm& Ledger() { return form_; }
   template <class Found>
   Found* Find(const char* name) const {
@@ -256,23 +252,16 @@ TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
   EXPECT_EQ(Str(As<QCheckBox>("chkActive")->text()), "Naudojama");
   EXPECT_EQ(Str(As<QComboBox>("cmbKind")->itemText(2)), "Pajamos");
   EXPECT_EQ(view_->findChild<QDateEdit*>("dtpDate.date")->date(), QDate(2026, 11, 23));
-  EXPECT_TRUE(As<QRadioButton>("optDebit")->isChecked());
   ASSERT_EQ(Tree()->topLevelItemCount(), 3);
   EXPECT_EQ(Str(Tree()->headerItem()->text(2)), "Likutis");
   EXPECT_EQ(Str(Tree()->topLevelItem(0)->text(1)), "Pirkėjų įsiskolinimas");
   EXPECT_EQ(Tree()->columnWidth(1), 3600 / 15);
-
   // A label and the input after it make one form row; a lone label spans.
-  for (const char* field : {"txtCode", "cmbKind", "dtpDate"}) {
-    QLabel* buddyOf = nullptr;
-    for (QLabel* label : view_->findChildren<QLabel*>()) {
-      if (label->buddy() == W(field)) buddyOf = label;
-    }
-    ASSERT_NE(buddyOf, nullptr) << field;
-  }
+  for (const auto& [label, field] :
+       {std::pair{"lblCode", "txtCode"}, {"lblKind", "cmbKind"}, {"lblDate", "dtpDate"}})
+    EXPECT_EQ(As<QLabel>(label)->buddy(), W(field)) << field;
   // The bar holds the visible menu only; the popup has no entry.
-  auto* bar = view_->findChild<QMenuBar*>();
-  ASSERT_NE(bar, nullptr);
+  auto* bar = Find<QMenuBar>("");
   ASSERT_EQ(bar->actions().size(), 2);
   EXPECT_TRUE(bar->actions()[0]->isVisible());
   EXPECT_EQ(Str(bar->actions()[0]->text()), "Failas");
@@ -289,129 +278,120 @@ TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
 
 // --- the model changed: the widget shows it ---------------------------------
 
+// The change, then the widget (by object name, "" for the window) and the Qt
+// property that shows it, or a probe where no property does.
 struct Mirroring {
   const char* name;
   std::function<void(LedgerForm&)> change;
-  std::function<bool(FormViewTest&)> shows;
+  const char* object;
+  const char* property;
+  QVariant value;
+  std::function<bool(FormViewTest&)> probe = nullptr;
 };
 
 class FormViewMirrorTest : public FormViewTest, public ::testing::WithParamInterface<Mirroring> {};
 
 TEST_P(FormViewMirrorTest, AModelChangeShowsInTheWidget) {
-  ASSERT_FALSE(GetParam().shows(*this)) << "shown before the change";
-  GetParam().change(form_);
+  const Mirroring& row = GetParam();
+  auto shows = [&] {
+    if (row.probe) return row.probe(*this);
+    QObject* object = *row.object ? view_->findChild<QObject*>(row.object) : view_.get();
+    return object && object->property(row.property) == row.value;
+  };
+  ASSERT_FALSE(shows()) << "shown before the change";
+  row.change(form_);
   QApplication::processEvents();
-  EXPECT_TRUE(GetParam().shows(*this));
+  EXPECT_TRUE(shows());
 }
 
 using F = LedgerForm;
 using T = FormViewTest;
+QTreeWidgetItem* Row(T& t, int index) { return t.Tree()->topLevelItem(index); }
+
 INSTANTIATE_TEST_SUITE_P(
     Properties, FormViewMirrorTest,
     ::testing::ValuesIn(std::vector<Mirroring>{
-        {"FormCaption", [](F& f) { f.SetCaption("Sąskaita 2410"); },
-         [](T& t) { return t.View()->windowTitle() == "Sąskaita 2410"; }},
-        {"FormEnabled", [](F& f) { f.SetEnabled(false); },
-         [](T& t) { return !t.View()->isEnabled(); }},
-        {"Text", [](F& f) { f.txtCode.SetText("ŽŪ-1"); },
-         [](T& t) { return t.Find<QLineEdit>("txtCode")->text() == "ŽŪ-1"; }},
-        {"Locked", [](F& f) { f.txtCode.SetLocked(true); },
-         [](T& t) { return t.Find<QLineEdit>("txtCode")->isReadOnly(); }},
-        {"MaxLength", [](F& f) { f.txtCode.SetMaxLength(6); },
-         [](T& t) { return t.Find<QLineEdit>("txtCode")->maxLength() == 6; }},
-        {"ButtonCaption", [](F& f) { f.cmdOK.SetCaption("Įrašyti"); },
-         [](T& t) { return t.Find<QPushButton>("cmdOK")->text() == "Įrašyti"; }},
-        {"LabelCaption", [](F& f) { f.lblNote.SetCaption("Įrašyta"); },
-         [](T& t) { return t.Find<QLabel>("lblNote")->text() == "Įrašyta"; }},
-        {"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); },
+        {"FormCaption", [](F& f) { f.SetCaption("Sąskaita 2410"); }, "", "windowTitle",
+         "Sąskaita 2410"},
+        {"FormEnabled", [](F& f) { f.SetEnabled(false); }, "", "enabled", false},
+        {"Text", [](F& f) { f.txtCode.SetText("ŽŪ-1"); }, "txtCode", "text", "ŽŪ-1"},
+        {"Locked", [](F& f) { f.txtCode.SetLocked(true); }, "txtCode", "readOnly", true},
+        {"MaxLength", [](F& f) { f.txtCode.SetMaxLength(6); }, "txtCode", "maxLength", 6},
+        {"ButtonCaption", [](F& f) { f.cmdOK.SetCaption("Įrašyti"); }, "cmdOK", "text", "Įrašyti"},
+        {"LabelCaption", [](F& f) { f.lblNote.SetCaption("Įrašyta"); }, "lblNote", "text",
+         "Įrašyta"},
+        {"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); }, "", "", {},
          [](T& t) {
            return t.Find<QLabel>("lblNote")->palette().color(QPalette::WindowText) == Qt::red;
          }},
-        {"PanelCaption", [](F& f) { f.SOPanel.SetCaption("Nauja sąskaita"); },
-         [](T& t) { return t.Find<QLabel>("SOPanel")->text() == "Nauja sąskaita"; }},
-        {"PanelToolTip", [](F& f) { f.SOPanel.SetToolTipText("Plano eilutė"); },
-         [](T& t) { return t.Find<QLabel>("SOPanel")->toolTip() == "Plano eilutė"; }},
-        {"CheckGrayed", [](F& f) { f.chkActive.SetValue(vbGrayed); },
+        {"PanelCaption", [](F& f) { f.SOPanel.SetCaption("Nauja"); }, "SOPanel", "text", "Nauja"},
+        {"PanelToolTip", [](F& f) { f.SOPanel.SetToolTipText("Eilutė"); }, "SOPanel", "toolTip",
+         "Eilutė"},
+        {"CheckGrayed", [](F& f) { f.chkActive.SetValue(vbGrayed); }, "", "", {},
          [](T& t) { return t.Find<QCheckBox>("chkActive")->checkState() == Qt::PartiallyChecked; }},
-        {"OptionGroup", [](F& f) { f.optCredit.SetValue(true); },
-         [](T& t) {
-           return t.Find<QRadioButton>("optCredit")->isChecked() &&
-                  !t.Find<QRadioButton>("optDebit")->isChecked();
-         }},
-        {"ComboPick", [](F& f) { f.cmbKind.SetListIndex(1); },
-         [](T& t) { return t.Find<QComboBox>("cmbKind")->currentText() == "Pasyvai"; }},
+        {"OptionPicked", [](F& f) { f.optCredit.SetValue(true); }, "optCredit", "checked", true},
+        {"OptionGroup", [](F& f) { f.optCredit.SetValue(true); }, "optDebit", "checked", false},
+        {"ComboPick", [](F& f) { f.cmbKind.SetListIndex(1); }, "cmbKind", "currentText", "Pasyvai"},
         {"ImageComboPick",
          [](F& f) { f.imgCurrency.SetSelectedItem(&f.imgCurrency.ComboItems().Item(2)); },
-         [](T& t) { return t.Find<QComboBox>("imgCurrency")->currentText() == "JAV doleris"; }},
-        {"ImageComboText", [](F& f) { f.imgCurrency.SetText("Litas"); },
-         [](T& t) {
-           auto* combo = t.Find<QComboBox>("imgCurrency");
-           return combo->currentIndex() == -1 && combo->placeholderText() == "Litas";
-         }},
+         "imgCurrency", "currentText", "JAV doleris"},
+        {"ImageComboText", [](F& f) { f.imgCurrency.SetText("Litas"); }, "imgCurrency",
+         "placeholderText", "Litas"},
         {"ImageComboRows", [](F& f) { f.imgCurrency.ComboItems().Add("GBP", "Svaras"); },
-         [](T& t) { return t.Find<QComboBox>("imgCurrency")->count() == 3; }},
-        {"ComboText", [](F& f) { f.cmbSearch.SetText("Kita"); },
-         [](T& t) { return t.Find<QComboBox>("cmbSearch")->currentText() == "Kita"; }},
-        {"ComboRows", [](F& f) { f.cmbKind.AddItem("Nebalansinės"); },
-         [](T& t) { return t.Find<QComboBox>("cmbKind")->count() == 4; }},
-        {"Date", [](F& f) { f.dtpDate.SetValue(Variant(DateSerial(2027, 1, 31))); },
-         [](T& t) { return t.Find<QDateEdit>("dtpDate.date")->date() == QDate(2027, 1, 31); }},
+         "imgCurrency", "count", 3},
+        {"ComboText", [](F& f) { f.cmbSearch.SetText("Kita"); }, "cmbSearch", "currentText",
+         "Kita"},
+        {"ComboRows", [](F& f) { f.cmbKind.AddItem("Nebalansinės"); }, "cmbKind", "count", 4},
+        {"Date", [](F& f) { f.dtpDate.SetValue(Variant(DateSerial(2027, 1, 31))); }, "dtpDate.date",
+         "date", QDate(2027, 1, 31)},
         {"DateUnticked",
          [](F& f) {
            f.dtpDate.SetCheckBox(true);
            f.dtpDate.SetValue(Variant::Null());
          },
+         "", "", {},
          [](T& t) {
            auto* tick = t.Find<QCheckBox>("dtpDate.tick");
            return tick->isVisible() && !tick->isChecked() &&
                   !t.Find<QDateEdit>("dtpDate.date")->isEnabled();
          }},
-        {"ListRowAdded", [](F& f) { f.AddRow("K4", "6110", "Sąnaudos", "0,00"); },
-         [](T& t) { return t.Tree()->topLevelItemCount() == 4; }},
+        {"ListRowAdded", [](F& f) { f.AddRow("K4", "6110", "Sąnaudos", "0,00"); }, "lvwAccounts",
+         "topLevelItemCount", 4},
         {"ListSubItem",
          [](F& f) { f.lvwAccounts.ListItems().Item(2).ListSubItems().Item(2).SetText("900,00"); },
-         [](T& t) { return t.Tree()->topLevelItem(1)->text(2) == "900,00"; }},
-        {"ListBold", [](F& f) { f.lvwAccounts.ListItems().Item(3).SetBold(true); },
-         [](T& t) { return t.Tree()->topLevelItem(2)->font(0).bold(); }},
-        {"ListColumn", [](F& f) { f.lvwAccounts.ColumnHeaders().Item(3).SetText("Suma"); },
-         [](T& t) { return t.Tree()->headerItem()->text(2) == "Suma"; }},
+         "", "", {}, [](T& t) { return Row(t, 1)->text(2) == "900,00"; }},
+        {"ListBold", [](F& f) { f.lvwAccounts.ListItems().Item(3).SetBold(true); }, "", "", {},
+         [](T& t) { return Row(t, 2)->font(0).bold(); }},
+        {"ListColumn", [](F& f) { f.lvwAccounts.ColumnHeaders().Item(3).SetText("Suma"); }, "", "",
+         {}, [](T& t) { return t.Tree()->headerItem()->text(2) == "Suma"; }},
         {"ListSelection",
-         [](F& f) { f.lvwAccounts.SetSelectedItem(&f.lvwAccounts.ListItems().Item(2)); },
-         [](T& t) {
-           return t.Tree()->currentItem() == t.Tree()->topLevelItem(1) &&
-                  t.Tree()->topLevelItem(1)->isSelected();
-         }},
+         [](F& f) { f.lvwAccounts.SetSelectedItem(&f.lvwAccounts.ListItems().Item(2)); }, "", "",
+         {}, [](T& t) { return t.Tree()->currentItem() == Row(t, 1) && Row(t, 1)->isSelected(); }},
         {"ListSorted",
          [](F& f) {
            f.lvwAccounts.SetSortKey(1);
            f.lvwAccounts.SetSorted(true);
          },
-         [](T& t) { return t.Tree()->topLevelItem(0)->text(1) == "Pinigai banke"; }},
+         "", "", {}, [](T& t) { return Row(t, 0)->text(1) == "Pinigai banke"; }},
         {"ListChecks",
          [](F& f) {
            f.lvwAccounts.SetCheckboxes(true);
            f.lvwAccounts.ListItems().Item(1).SetChecked(true);
          },
-         [](T& t) { return t.Tree()->topLevelItem(0)->checkState(0) == Qt::Checked; }},
-        {"Disabled", [](F& f) { f.cmdOK.SetEnabled(false); },
-         [](T& t) { return !t.Find<QPushButton>("cmdOK")->isEnabled(); }},
-        {"Hidden", [](F& f) { f.txtCode.SetVisible(false); },
-         [](T& t) { return t.Find<QLineEdit>("txtCode")->isHidden(); }},
-        {"MenuCaption", [](F& f) { f.mnuSave.SetCaption("Įrašyti viską"); },
-         [](T& t) { return t.Find<QAction>("mnuSave")->text() == "Įrašyti viską"; }},
-        {"MenuDisabled", [](F& f) { f.mnuSave.SetEnabled(false); },
-         [](T& t) { return !t.Find<QAction>("mnuSave")->isEnabled(); }},
-        {"MenuEntryAdded", [](F& f) { f.mnuFile.Add("mnuExport", "Eksportuoti"); },
-         [](T& t) { return t.Find<QAction>("mnuExport") != nullptr; }},
-        {"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); },
+         "", "", {}, [](T& t) { return Row(t, 0)->checkState(0) == Qt::Checked; }},
+        {"Disabled", [](F& f) { f.cmdOK.SetEnabled(false); }, "cmdOK", "enabled", false},
+        {"Hidden", [](F& f) { f.txtCode.SetVisible(false); }, "txtCode", "visible", false},
+        {"MenuCaption", [](F& f) { f.mnuSave.SetCaption("Viską"); }, "mnuSave", "text", "Viską"},
+        {"MenuDisabled", [](F& f) { f.mnuSave.SetEnabled(false); }, "mnuSave", "enabled", false},
+        {"MenuEntryAdded", [](F& f) { f.mnuFile.Add("mnuExport", "Eksportuoti"); }, "mnuExport",
+         "text", "Eksportuoti"},
+        {"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); }, "", "", {},
          [](T& t) {
            return t.W("mnuPopup") != nullptr && t.Find<QMenuBar>("")->actions()[1]->isVisible();
          }},
-        {"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); },
-         [](T& t) {
-           auto* timer = t.Find<QTimer>("tmrRefresh");
-           return timer->isActive() && timer->interval() == 500;
-         }}}),
+        {"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "interval", 500},
+        {"TimerActive", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "active",
+         true}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // --- the user acts: the model's event is raised -----------------------------
@@ -475,61 +455,59 @@ void DoubleClick(QWidget* widget, QPoint at) {
 
 using E = FormViewTest;
 using Lines = std::vector<std::string>;
+void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
+
 INSTANTIATE_TEST_SUITE_P(
     Actions, FormViewEventTest,
     ::testing::ValuesIn(std::vector<UserAction>{
-        {"ButtonClick", "cmdOK", [](E& t) { QTest::mouseClick(t.W("cmdOK"), Qt::LeftButton); },
-         Lines{"cmdOK.Click"}},
+        {"ButtonClick", "cmdOK", [](E& t) { Click(t.W("cmdOK")); }, {"cmdOK.Click"}},
         {"ButtonRightClick", "cmdCancel",
          [](E& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); },
-         Lines{"cmdCancel.MouseUp 2"}},
+         {"cmdCancel.MouseUp 2"}},
         {"Typing", "txtCode", [](E& t) { QTest::keyClicks(t.W("txtCode"), "ab"); },
-         Lines{"txtCode.KeyPress 65", "txtCode.Change A", "txtCode.KeyPress 66",
-               "txtCode.Change AB"}},
-        {"Check", "chkActive", [](E& t) { ClickBox(t.W("chkActive")); },
-         Lines{"chkActive.Click 1"}},
-        {"Option", "optCredit", [](E& t) { ClickBox(t.W("optCredit")); }, Lines{"optCredit.Click"}},
+         {"txtCode.KeyPress 65", "txtCode.Change A", "txtCode.KeyPress 66", "txtCode.Change AB"}},
+        {"Check", "chkActive", [](E& t) { ClickBox(t.W("chkActive")); }, {"chkActive.Click 1"}},
+        {"Option", "optCredit", [](E& t) { ClickBox(t.W("optCredit")); }, {"optCredit.Click"}},
         {"ComboTyping", "cmbSearch",
-         [](E& t) { TypeText(t.View()->findChild<QLineEdit*>("cmbSearch.edit"), "Šv"); },
-         Lines{"cmbSearch.Change Š", "cmbSearch.Change Šv"}},
+         [](E& t) { TypeText(t.Find<QLineEdit>("cmbSearch.edit"), "Šv"); },
+         {"cmbSearch.Change Š", "cmbSearch.Change Šv"}},
         {"ImageComboPick", "imgCurrency",
          [](E& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); },
-         Lines{"imgCurrency.Click JAV doleris"}},
+         {"imgCurrency.Click JAV doleris"}},
         {"ComboPick", "cmbKind", [](E& t) { emit t.As<QComboBox>("cmbKind")->activated(2); },
-         Lines{"cmbKind.Click Pajamos"}},
+         {"cmbKind.Click Pajamos"}},
         {"DatePick", "dtpDate",
          [](E& t) { t.Find<QDateEdit>("dtpDate.date")->setDate(QDate(2026, 12, 31)); },
-         Lines{"dtpDate.Change 2026-12-31"}},
+         {"dtpDate.Change 2026-12-31"}},
         {"ListRowClick", "lvwAccounts",
          [](E& t) { QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1)); },
-         Lines{"lvwAccounts.ItemClick K2"}},
+         {"lvwAccounts.ItemClick K2"}},
         {"ListRightClick", "lvwAccounts",
          [](E& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); },
-         Lines{"lvwAccounts.MouseUp 2 K3"}},
+         {"lvwAccounts.MouseUp 2 K3"}},
+        // A double click lands on the row its first click selected.
         {"ListDoubleClick", "lvwAccounts",
          [](E& t) {
-           // A double click lands on the row its first click selected.
-           auto& list = t.Ledger().lvwAccounts;
-           list.SetSelectedItem(&list.ListItems().Item(1));
+           t.Ledger().lvwAccounts.SetSelectedItem(&t.Ledger().lvwAccounts.ListItems().Item(1));
            DoubleClick(t.Tree()->viewport(), t.RowPoint(0));
          },
-         Lines{"lvwAccounts.DblClick"}},
+         {"lvwAccounts.DblClick"}},
+        // What the list shows afterwards is the model's tick.
         {"ListTick", "lvwAccounts",
          [](E& t) {
            t.Ledger().lvwAccounts.SetCheckboxes(true);
            t.Tree()->topLevelItem(2)->setCheckState(0, Qt::Checked);
            QApplication::processEvents();
-           // What the list shows afterwards is the model's tick.
            EXPECT_EQ(t.Tree()->topLevelItem(2)->checkState(0) == Qt::Checked,
                      t.Ledger().lvwAccounts.ListItems().Item(3).Checked());
          },
-         Lines{"lvwAccounts.ItemCheck K3 1"}},
+         {"lvwAccounts.ItemCheck K3 1"}},
         {"ListF5", "lvwAccounts", [](E& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); },
-         Lines{"lvwAccounts.KeyDown 116"}},
+         {"lvwAccounts.KeyDown 116"}},
         {"ListColumnClick", "lvwAccounts", [](E& t) { emit t.Tree()->header()->sectionClicked(2); },
-         Lines{"lvwAccounts.ColumnClick 3"}},
-        {"MenuEntry", "mnuSave", [](E& t) { t.Action("mnuSave")->trigger(); },
-         Lines{"mnuSave.Click"}}}),
+         {"lvwAccounts.ColumnClick 3"}},
+        {"MenuEntry", "mnuSave", [](E& t) { t.Find<QAction>("mnuSave")->trigger(); },
+         {"mnuSave.Click"}}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // --- keys, focus, closing, failures -----------------------------------------
@@ -548,6 +526,8 @@ TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
   EXPECT_EQ(form_.txtCode.Text(), "AB2");
 }
 
+// A click on the button, or Tab, neither moves the focus nor clicks; once
+// the code is there the focus moves and the click happens.
 TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
   QApplication::setActiveWindow(view_.get());
   ASSERT_TRUE(QTest::qWaitForWindowActive(view_.get()));
@@ -555,68 +535,56 @@ TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
   W("txtCode")->setFocus();
   QApplication::processEvents();
   ASSERT_EQ(form_.ActiveControl(), &form_.txtCode);
-
-  // A click on the button does not move the focus, nor click.
-  QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
-  QApplication::processEvents();
-  EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
-  EXPECT_EQ(QApplication::focusWidget(), W("txtCode"));
-  EXPECT_EQ(form_.log, Lines{"txtCode.Validate cancelled"});
-
-  // Nor does Tab.
-  form_.log.clear();
-  QTest::keyClick(W("txtCode"), Qt::Key_Tab);
-  QApplication::processEvents();
-  EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
-  EXPECT_EQ(QApplication::focusWidget(), W("txtCode"));
-  EXPECT_EQ(form_.log, Lines{"txtCode.Validate cancelled"});
-
-  // Once the code is there the focus moves and the click happens.
-  form_.log.clear();
+  for (const auto& leave : std::vector<std::function<void()>>{
+           [&] { Click(W("cmdOK")); }, [&] { QTest::keyClick(W("txtCode"), Qt::Key_Tab); }}) {
+    form_.log.clear();
+    leave();
+    QApplication::processEvents();
+    EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
+    EXPECT_EQ(QApplication::focusWidget(), W("txtCode"));
+    EXPECT_EQ(form_.log, Lines{"txtCode.Validate cancelled"});
+  }
   QTest::keyClicks(W("txtCode"), "x");
-  QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
+  Click(W("cmdOK"));
   QApplication::processEvents();
   EXPECT_EQ(form_.ActiveControl(), &form_.cmdOK);
   EXPECT_EQ(form_.log.back(), "cmdOK.Click");
 }
 
-TEST_F(FormViewTest, ClosingAsksTheFormAndACancelKeepsTheWindow) {
+// Closing asks the form, and a cancel keeps the window; the view says the
+// form went once, though both Visible and Loaded changed, and once for each
+// hiding by the module after a showing.
+TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
   QSignalSpy hidden(view_.get(), &FormView::formHidden);
   form_.cancelUnload = true;
   EXPECT_FALSE(view_->close());
   EXPECT_TRUE(form_.Loaded());
   EXPECT_EQ(hidden.count(), 0);
-
   form_.cancelUnload = false;
   EXPECT_TRUE(view_->close());
   EXPECT_FALSE(form_.Loaded());
-  EXPECT_EQ(hidden.count(), 1);  // once, though both Visible and Loaded changed
-}
-
-TEST_F(FormViewTest, AFormHiddenByTheModuleSaysSoOnceAndAgainAfterShowing) {
-  QSignalSpy hidden(view_.get(), &FormView::formHidden);
-  form_.Hide();
-  form_.Hide();
   EXPECT_EQ(hidden.count(), 1);
   form_.Show();
-  form_.Unload();
+  form_.Hide();
+  form_.Hide();
   EXPECT_EQ(hidden.count(), 2);
+  form_.Show();
+  form_.Unload();
+  EXPECT_EQ(hidden.count(), 3);
 }
 
-TEST_F(FormViewTest, AFailureInAHandlerIsShownAndNotThrownIntoQt) {
+// A failure in a handler is shown, not thrown into Qt; an enabled timer
+// ticks its control until disabled.
+TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) {
   form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
   QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
   auto* failure = view_->findChild<QLabel*>("failure");
   ASSERT_NE(failure, nullptr);
   EXPECT_TRUE(failure->isVisible());
   EXPECT_NE(Str(failure->text()).find("Sąskaita užimta"), std::string::npos);
-}
-
-TEST_F(FormViewTest, AnEnabledTimerTicksItsControl) {
   form_.tmrRefresh.SetInterval(5);
   for (int waited = 0; waited < 2000 && form_.log.empty(); waited += 10) QTest::qWait(10);
-  ASSERT_FALSE(form_.log.empty());
-  EXPECT_EQ(form_.log.front(), "tmrRefresh.Timer");
+  EXPECT_EQ(form_.log, Lines{"tmrRefresh.Timer"});
   form_.tmrRefresh.SetEnabled(false);
   EXPECT_FALSE(view_->findChild<QTimer*>("tmrRefresh")->isActive());
 }
@@ -684,53 +652,31 @@ class CardButtonsForm : public Form {
   Button cmdFirmBranches{"cmdFirmBranches"};
 };
 
-struct PictureCase {
-  const char* name;
-  bool pictured;
-};
-
-class ButtonPictureTest : public ::testing::TestWithParam<PictureCase> {};
-
-TEST_P(ButtonPictureTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
-  CardButtonsForm form;
-  FormView view(form);
-  auto* button = qobject_cast<QAbstractButton*>(view.WidgetNamed(GetParam().name));
-  ASSERT_NE(button, nullptr);
-  EXPECT_EQ(!button->icon().isNull(), GetParam().pictured);
-  const std::string text = Str(button->text());
-  if (GetParam().pictured) {
-    EXPECT_EQ(text, "");
-  } else {
-    EXPECT_TRUE(text == "…" || text == "...") << text;
-  }
-  EXPECT_LE(button->maximumWidth(), 40);
-}
-
-INSTANTIATE_TEST_SUITE_P(Buttons, ButtonPictureTest,
-                         ::testing::Values(PictureCase{"SSCNew", true},
-                                           PictureCase{"SSCClose", true},
-                                           PictureCase{"cmdParentGroupClean", true},
-                                           PictureCase{"cmdUp", true},
-                                           PictureCase{"cmdDown", true},
-                                           PictureCase{"cmdParentGroup", false},
-                                           PictureCase{"cmdFirmBranches", false},
-                                           PictureCase{"cmdGroup", false}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST(FormViewLayoutTest, AFieldsPickerAndClearingButtonSitBesideIt) {
+// The pictured buttons show no text, the pickers their dots; the group's
+// picker, its clearing button and its label sit on the field's line.
+TEST(FormViewCardButtonsTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
   CardButtonsForm form;
   FormView view(form);
   view.show();
   QApplication::processEvents();
+  for (const auto& [name, pictured] :
+       {std::pair{"SSCNew", true}, {"SSCClose", true}, {"cmdParentGroupClean", true},
+        {"cmdUp", true}, {"cmdDown", true}, {"cmdParentGroup", false},
+        {"cmdFirmBranches", false}, {"cmdGroup", false}}) {
+    auto* button = qobject_cast<QAbstractButton*>(view.WidgetNamed(name));
+    ASSERT_NE(button, nullptr) << name;
+    EXPECT_EQ(!button->icon().isNull(), pictured) << name;
+    const std::string text = Str(button->text());
+    EXPECT_TRUE(pictured ? text.empty() : text == "…" || text == "...") << name << " " << text;
+    EXPECT_LE(button->maximumWidth(), 40) << name;
+  }
   auto centreY = [&](const char* name) {
     QWidget* widget = view.WidgetNamed(name);
-    return widget ? widget->mapTo(&view, widget->rect().center()).y() : -1;
+    return widget->mapTo(&view, widget->rect().center()).y();
   };
   const int field = centreY("txtGroup");
-  ASSERT_GE(field, 0);
-  EXPECT_NEAR(centreY("cmdParentGroup"), field, 3);
-  EXPECT_NEAR(centreY("cmdParentGroupClean"), field, 3);
-  EXPECT_NEAR(centreY("lblGroup"), field, 3);
+  for (const char* beside : {"cmdParentGroup", "cmdParentGroupClean", "lblGroup"})
+    EXPECT_NEAR(centreY(beside), field, 3) << beside;
   EXPECT_GT(centreY("cmdWrite"), field + 10);
 }
 
@@ -810,7 +756,7 @@ class FieldSheetViewTest : public ::testing::Test {
   std::unique_ptr<FieldSheetView> view_;
 };
 
-TEST_F(FieldSheetViewTest, ShowsTheVisibleFieldsAndTheTabs) {
+TEST_F(FieldSheetViewTest, ShowsTheFieldsAndTheTabsWhoseListsRaiseEvents_RebuildsOnNewOnes) {
   Snap(*view_, "fieldsheet");
   ASSERT_EQ(Table()->rowCount(), 3);
   EXPECT_EQ(Str(Table()->item(0, 0)->text()), "Pavadinimas");
@@ -820,75 +766,54 @@ TEST_F(FieldSheetViewTest, ShowsTheVisibleFieldsAndTheTabs) {
   EXPECT_FALSE(Table()->item(0, 0)->flags() & Qt::ItemIsEditable);
   ASSERT_EQ(view_->TabWidget()->count(), 2);
   EXPECT_EQ(Str(view_->TabWidget()->tabText(0)), "Eilutės");
-  ASSERT_NE(view_->TabTree("Lines"), nullptr);
-  EXPECT_EQ(Str(view_->TabTree("Lines")->topLevelItem(1)->text(0)), "Kasos išlaidų orderis");
   EXPECT_EQ(view_->TabTree("Nope"), nullptr);
-}
-
-struct SheetEdit {
-  const char* name;
-  int row;
-  const char* typed;
-  bool taken;
-  const char* shown;  // the cell afterwards
-};
-
-class FieldSheetEditTest : public FieldSheetViewTest,
-                           public ::testing::WithParamInterface<SheetEdit> {};
-
-TEST_P(FieldSheetEditTest, AnEditGoesThroughEditTextAndARefusalIsShown) {
-  const SheetEdit& edit = GetParam();
-  Type(edit.row, edit.typed);
-  EXPECT_EQ(Str(Table()->item(edit.row, 1)->text()), edit.shown);
-  EXPECT_EQ(log_,
-            edit.taken ? std::vector<std::string>{"FieldChanged"} : std::vector<std::string>{});
-  EXPECT_EQ(view_->ErrorLine()->isVisible(), !edit.taken);
-  if (!edit.taken) {
-    EXPECT_EQ(Str(view_->ErrorLine()->text()), sheet_.LastError());
-    EXPECT_NE(sheet_.LastError().find("Eilės nr."), std::string::npos);
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Edits, FieldSheetEditTest,
-                         ::testing::Values(SheetEdit{"Text", 0, "Kasa Nr. 2 – Šiauliai", true,
-                                                     "Kasa Nr. 2 – Šiauliai"},
-                                           SheetEdit{"Number", 1, "15", true, "15"},
-                                           SheetEdit{"NumberRefused", 1, "penki", false, "12"},
-                                           SheetEdit{"Date", 2, "2026-02-01", true, "2026-02-01"},
-                                           SheetEdit{"Emptied", 1, "", true, ""}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-TEST_F(FieldSheetViewTest, ARefusalIsClearedByTheNextGoodEdit) {
-  Type(1, "x");
-  ASSERT_TRUE(view_->ErrorLine()->isVisible());
-  Snap(*view_, "fieldsheet-refused");
-  Type(1, "7");
-  EXPECT_FALSE(view_->ErrorLine()->isVisible());
-}
-
-TEST_F(FieldSheetViewTest, TabListsRaiseTheGridsListEvents) {
   QTreeWidget* tree = view_->TabTree("Lines");
+  EXPECT_EQ(Str(tree->topLevelItem(1)->text(0)), "Kasos išlaidų orderis");
   const QPoint second = tree->visualItemRect(tree->topLevelItem(1)).center();
   RightClick(tree->viewport(), second);
   DoubleClick(tree->viewport(), second);
   EXPECT_EQ(log_, (std::vector<std::string>{"ListMouseUp Lines 0 2 D2", "ListDoubleClick 0"}));
-}
-
-TEST_F(FieldSheetViewTest, TheSheetRebuildsOnNewTabsAndFields) {
+  // The sheet rebuilds on new tabs and fields; a disabled sheet takes no edit.
   sheet_.ClearTabs();
   QApplication::processEvents();
   EXPECT_EQ(view_->TabWidget()->count(), 0);
   EXPECT_EQ(Table()->rowCount(), 0);
-  ListView& again = sheet_.AddTab("Again", "Vėl");
-  again.ListItems().Add(0, "", "Eilutė");
+  sheet_.AddTab("Again", "Vėl").ListItems().Add(0, "", "Eilutė");
   sheet_.FillFields();
   QApplication::processEvents();
   EXPECT_EQ(view_->TabWidget()->count(), 1);
   EXPECT_EQ(Str(view_->TabTree("Again")->topLevelItem(0)->text(0)), "Eilutė");
   EXPECT_EQ(Table()->rowCount(), 3);
-  // A disabled sheet takes no edit.
   sheet_.SetEnabled(false);
   EXPECT_FALSE(view_->isEnabled());
+}
+
+// Edits one after another: each goes through EditText; a refusal is shown
+// under the sheet, keeps the cell's value and is cleared by the next good edit.
+TEST_F(FieldSheetViewTest, AnEditGoesThroughEditTextAndARefusalIsShownUntilTheNext) {
+  const struct {
+    int row;
+    const char* typed;
+    bool taken;
+    const char* shown;  // the cell afterwards
+  } edits[] = {{0, "Kasa Nr. 2 – Šiauliai", true, "Kasa Nr. 2 – Šiauliai"},
+               {1, "15", true, "15"},
+               {1, "penki", false, "15"},
+               {2, "2026-02-01", true, "2026-02-01"},
+               {1, "", true, ""}};
+  for (const auto& edit : edits) {
+    SCOPED_TRACE(edit.typed);
+    log_.clear();
+    Type(edit.row, edit.typed);
+    EXPECT_EQ(Str(Table()->item(edit.row, 1)->text()), edit.shown);
+    EXPECT_EQ(log_, edit.taken ? std::vector<std::string>{"FieldChanged"}
+                               : std::vector<std::string>{});
+    EXPECT_EQ(view_->ErrorLine()->isVisible(), !edit.taken);
+    if (edit.taken) continue;
+    Snap(*view_, "fieldsheet-refused");
+    EXPECT_EQ(Str(view_->ErrorLine()->text()), sheet_.LastError());
+    EXPECT_NE(sheet_.LastError().find("Eilės nr."), std::string::npos);
+  }
 }
 
 // --- a window of the module -------------------------------------------------
@@ -903,28 +828,6 @@ class ModuleViewTest : public ModuleTest {
     ASSERT_TRUE(Adapter("O0000300")->ClickMenu("O00003005", "", "0", "").Value.ObjectAs<Form>());
   }
 };
-
-TEST_F(ModuleViewTest, TheCurrencyRatesWindowLaysOutItsControls) {
-  frmCurrencyRates rates;
-  rates.Show();
-  FormView view(rates);
-  view.show();
-  QApplication::processEvents();
-  Snap(view, "currencyrates");
-  EXPECT_EQ(Str(view.windowTitle()), "Valiutų kursų įrašymas");
-  auto* date = view.findChild<QDateEdit*>("dtpDate.date");
-  ASSERT_NE(date, nullptr);
-  EXPECT_EQ(date->date(), QDate(2026, 11, 23));  // the host's today
-  EXPECT_EQ(qobject_cast<QLabel*>(view.WidgetNamed("lblPeriod"))->buddy(),
-            view.WidgetNamed("dtpDate"));
-  auto* rows = qobject_cast<QTreeWidget*>(view.WidgetNamed("lvwRows"));
-  ASSERT_NE(rows, nullptr);
-  EXPECT_EQ(rows->columnCount(), 6);
-  EXPECT_EQ(Str(rows->headerItem()->text(4)), "Įrašytas kursas");
-  // Its menu is a popup: no bar entry.
-  EXPECT_EQ(view.WidgetNamed("mnuMeniu"), nullptr);
-  EXPECT_EQ(Str(qobject_cast<QPushButton*>(view.WidgetNamed("cmdGo"))->text()), "Užpildyti");
-}
 
 // The module's dialogs as they open, before any record is put in: each
 // shows its caption, and every button tells what it does, by its words or
@@ -954,7 +857,8 @@ DialogCase Dialog(const char* name) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Dialogs, DialogViewTest,
-                         ::testing::Values(Dialog<frmPreview>("preview"),
+                         ::testing::Values(Dialog<frmCurrencyRates>("currency_rates"),
+                                           Dialog<frmPreview>("preview"),
                                            Dialog<frmFirmInfo>("firm_info"),
                                            Dialog<frmAccounts>("account"),
                                            Dialog<frmCurrencyRate>("currency_rate"),

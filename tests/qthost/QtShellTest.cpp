@@ -179,60 +179,45 @@ ModalDriver::Step Pick(const QString& text) {
 
 // ---- message boxes --------------------------------------------------------
 
-struct BoxCase {
-  int32_t flags;
-  std::vector<QString> buttons;
-  QMessageBox::Icon icon;
-  QString press;  // "" closes the box with Esc
-  int32_t result;
-};
-
-class MsgBoxTest : public ::testing::TestWithParam<BoxCase> {};
-
-TEST_P(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
-  const auto& c = GetParam();
+// Each box shows the buttons and icon of its flags, its title and text, and
+// answers the button pressed ("" closes it with Esc).
+TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
+  const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
+  const QString ok = QString::fromUtf8("Gerai"), cancel = QString::fromUtf8("Atšaukti");
+  const QString yes = QString::fromUtf8("Taip"), no = QString::fromUtf8("Ne");
+  const struct {
+    int32_t flags;
+    std::vector<QString> buttons;
+    QMessageBox::Icon icon;
+    QString press;
+    int32_t result;
+  } cases[] = {
+      {vbOKOnly, {ok}, QMessageBox::NoIcon, ok, vbOK},
+      {vbOKOnly + vbInformation, {ok}, QMessageBox::Information, "", vbOK},
+      {vbOKCancel + vbExclamation, {ok, cancel}, QMessageBox::Warning, ok, vbOK},
+      {vbOKCancel + vbCritical, {ok, cancel}, QMessageBox::Critical, "", vbCancel},
+      {vbYesNoCancel + vbQuestion, {yes, no, cancel}, QMessageBox::Question, no, vbNo},
+      {vbYesNo + vbQuestion, {yes, no}, QMessageBox::Question, yes, vbYes},
+      {vbYesNo + vbExclamation, {yes, no}, QMessageBox::Warning, "", vbNo}};
   QtUi ui;
-  ModalDriver driver;
-  std::vector<QString> shown;
-  QMessageBox::Icon icon = QMessageBox::NoIcon;
-  QString title, text;
-  driver.Then([&](QWidget& widget) {
-    auto* box = qobject_cast<QMessageBox*>(&widget);
-    ASSERT_NE(box, nullptr);
-    for (auto* button : box->buttons()) shown.push_back(button->text());
-    icon = box->icon();
-    title = box->windowTitle();
-    text = box->text();
-    if (c.press.isEmpty()) {
-      Key(widget, Qt::Key_Escape);
-    } else {
-      Press(c.press)(widget);
-    }
-  });
-  EXPECT_EQ(ui.MsgBox("Ar tikrai norite panaikinti?\nAB Šiaulių bankas", c.flags, "Orvel Apskaita"),
-            c.result);
-  EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
-  EXPECT_EQ(icon, c.icon);
-  EXPECT_EQ(title, QString::fromUtf8("Orvel Apskaita"));
-  EXPECT_EQ(text, QString::fromUtf8("Ar tikrai norite panaikinti?\nAB Šiaulių bankas"));
-  EXPECT_TRUE(driver.AllDone());
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.flags);
+    ModalDriver driver;
+    std::vector<QString> shown;
+    QMessageBox* box = nullptr;
+    driver.Then([&](QWidget& widget) {
+      box = qobject_cast<QMessageBox*>(&widget);
+      for (auto* button : box->buttons()) shown.push_back(button->text());
+      EXPECT_EQ(box->icon(), c.icon);
+      EXPECT_EQ(box->windowTitle(), QString::fromUtf8("Orvel Apskaita"));
+      EXPECT_EQ(box->text(), QString::fromUtf8(kQuestion));
+      c.press.isEmpty() ? Key(widget, Qt::Key_Escape) : Press(c.press)(widget);
+    });
+    EXPECT_EQ(ui.MsgBox(kQuestion, c.flags, "Orvel Apskaita"), c.result);
+    EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
+    EXPECT_TRUE(driver.AllDone());
+  }
 }
-
-const QString kOk = QString::fromUtf8("Gerai");
-const QString kCancel = QString::fromUtf8("Atšaukti");
-const QString kYes = QString::fromUtf8("Taip");
-const QString kNo = QString::fromUtf8("Ne");
-
-INSTANTIATE_TEST_SUITE_P(
-    Flags, MsgBoxTest,
-    ::testing::Values(
-        BoxCase{vbOKOnly, {kOk}, QMessageBox::NoIcon, kOk, vbOK},
-        BoxCase{vbOKOnly + vbInformation, {kOk}, QMessageBox::Information, "", vbOK},
-        BoxCase{vbOKCancel + vbExclamation, {kOk, kCancel}, QMessageBox::Warning, kOk, vbOK},
-        BoxCase{vbOKCancel + vbCritical, {kOk, kCancel}, QMessageBox::Critical, "", vbCancel},
-        BoxCase{vbYesNoCancel + vbQuestion, {kYes, kNo, kCancel}, QMessageBox::Question, kNo, vbNo},
-        BoxCase{vbYesNo + vbQuestion, {kYes, kNo}, QMessageBox::Question, kYes, vbYes},
-        BoxCase{vbYesNo + vbExclamation, {kYes, kNo}, QMessageBox::Warning, "", vbNo}));
 
 TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
   QtUi ui;
@@ -252,50 +237,36 @@ TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
 
 // ---- the host's pickers ---------------------------------------------------
 
-struct ChoiceCase {
-  int row;  // -1: cancelled
-  int picked;
-};
-
-class QtPrompterTest : public ::testing::TestWithParam<ChoiceCase> {};
-
-TEST_P(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken) {
-  QtPrompter prompter;
-  ModalDriver driver;
-  QStringList listed;
-  driver.Then([&](QWidget& dialog) {
-    auto* list = dialog.findChild<QListView*>();
-    ASSERT_NE(list, nullptr);
-    for (int i = 0; i < list->model()->rowCount(); ++i)
-      listed << list->model()->index(i, 0).data().toString();
-    if (GetParam().row < 0) {
-      Press(QString::fromUtf8("Atšaukti"))(dialog);
-      return;
-    }
-    list->setCurrentIndex(list->model()->index(GetParam().row, 0));
-    Press(QString::fromUtf8("Gerai"))(dialog);
-  });
-  int picked = prompter.Choose("Grupė", {"Centrinis sandėlis", "Kauno sandėlis", "Parduotuvės"});
-  EXPECT_EQ(picked, GetParam().picked);
-  EXPECT_EQ(listed,
-            QStringList({QString::fromUtf8("Centrinis sandėlis"),
-                         QString::fromUtf8("Kauno sandėlis"), QString::fromUtf8("Parduotuvės")}));
-}
-
-INSTANTIATE_TEST_SUITE_P(Rows, QtPrompterTest,
-                         ::testing::Values(ChoiceCase{1, 1}, ChoiceCase{-1, -1}));
-
-TEST(QtPrompterSayTest, WhatIsSaidGoesToTheStatusBarAndTheLog) {
+// The choices are listed and the row taken is the answer, -1 when cancelled;
+// nothing is chosen from no choices, and no dialog comes up for it. What is
+// said goes to the status bar on one line and to the log as it is.
+TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarAndLog) {
   std::ostringstream log;
   QtPrompter prompter(&log);
+  for (int row : {1, -1}) {
+    ModalDriver driver;
+    QStringList listed;
+    driver.Then([&](QWidget& dialog) {
+      auto* list = dialog.findChild<QListView*>();
+      ASSERT_NE(list, nullptr);
+      for (int i = 0; i < list->model()->rowCount(); ++i)
+        listed << list->model()->index(i, 0).data().toString();
+      if (row >= 0) list->setCurrentIndex(list->model()->index(row, 0));
+      Press(QString::fromUtf8(row < 0 ? "Atšaukti" : "Gerai"))(dialog);
+    });
+    EXPECT_EQ(prompter.Choose("Grupė", {"Centrinis sandėlis", "Kauno sandėlis", "Parduotuvės"}),
+              row);
+    EXPECT_EQ(listed, QStringList({QString::fromUtf8("Centrinis sandėlis"),
+                                   QString::fromUtf8("Kauno sandėlis"),
+                                   QString::fromUtf8("Parduotuvės")}));
+  }
+  EXPECT_EQ(prompter.Choose("Grupė", {}), -1);
   QStatusBar bar;
   prompter.SetStatusBar(&bar);
   prompter.Say("Spaudinys įrašytas:\n/tmp/a.pdf");
   EXPECT_EQ(bar.currentMessage(), QString::fromUtf8("Spaudinys įrašytas: /tmp/a.pdf"));
   EXPECT_EQ(log.str(), "Spaudinys įrašytas:\n/tmp/a.pdf\n");
   EXPECT_EQ(prompter.Said().size(), 1u);
-  // Nothing is chosen from no choices, and no dialog comes up for it.
-  EXPECT_EQ(prompter.Choose("Grupė", {}), -1);
 }
 
 // ---- popup menus ----------------------------------------------------------
@@ -319,48 +290,35 @@ struct PopupMenu {
   std::vector<std::string> clicks;
 };
 
-struct PopupCase {
-  std::vector<QString> path;  // empty: dismissed
-  std::vector<std::string> clicks;
-};
-
-class PopupMenuTest : public ::testing::TestWithParam<PopupCase> {};
-
-TEST_P(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
-  const auto& c = GetParam();
+// The entries shown (the hidden one left out, the disabled one greyed); the
+// pick, down a submenu too, raises its Click and nothing else; a dismissed
+// menu raises none.
+TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
+  const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
+      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
   QtUi ui;
-  PopupMenu popup;
-  ModalDriver driver;
-  std::vector<QString> entries;
-  std::vector<bool> enabled;
-  driver.Then([&](QWidget& widget) {
-    auto* menu = qobject_cast<QMenu*>(&widget);
-    ASSERT_NE(menu, nullptr);
-    for (QAction* action : menu->actions()) {
-      entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
-      enabled.push_back(action->isEnabled());
-    }
-    if (c.path.empty()) {
-      Key(widget, Qt::Key_Escape);
-    } else {
-      Pick(c.path[0])(widget);
-    }
-  });
-  for (size_t i = 1; i < c.path.size(); ++i) driver.Then(Pick(c.path[i]));
-  ui.PopupMenu(popup.root);
-
-  EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
-                                                             QString::fromUtf8("Išjungtas")}));
-  EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
-  EXPECT_EQ(popup.clicks, c.clicks);
-  EXPECT_TRUE(driver.AllDone());
-  EXPECT_THAT(driver.unexpected, IsEmpty());
+  for (const auto& [path, clicks] : cases) {
+    PopupMenu popup;
+    ModalDriver driver;
+    std::vector<QString> entries;
+    std::vector<bool> enabled;
+    driver.Then([&, &path = path](QWidget& widget) {
+      for (QAction* action : qobject_cast<QMenu*>(&widget)->actions()) {
+        entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
+        enabled.push_back(action->isEnabled());
+      }
+      path.empty() ? Key(widget, Qt::Key_Escape) : Pick(path[0])(widget);
+    });
+    for (size_t i = 1; i < path.size(); ++i) driver.Then(Pick(path[i]));
+    ui.PopupMenu(popup.root);
+    EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
+                                                               QString::fromUtf8("Išjungtas")}));
+    EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
+    EXPECT_EQ(popup.clicks, clicks);
+    EXPECT_TRUE(driver.AllDone());
+    EXPECT_THAT(driver.unexpected, IsEmpty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Picks, PopupMenuTest,
-                         ::testing::Values(PopupCase{{"Atidaryti"}, {"mnuOpen"}},
-                                           PopupCase{{"Naujas", "Kopija"}, {"mnuCopy"}},
-                                           PopupCase{{}, {}}));
 
 // ---- modal forms ----------------------------------------------------------
 
@@ -390,56 +348,44 @@ class ModalForm : public Form {
   void Form_Unload() override { ++unloads; }
 };
 
-struct ModalCase {
-  const char* name;
-  int refusals;
-  std::vector<const char*> actions;  // a button's caption, or "close" for the frame
-  bool loaded;                       // afterwards
-  int unloads;
-};
-
-class ShowModalTest : public ::testing::TestWithParam<ModalCase> {};
-
-TEST_P(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
-  const auto& c = GetParam();
+// ShowModal returns once the form is hidden or unloaded, by its buttons or
+// the frame's close; a close the form refuses leaves it up until hidden.
+TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
+  const struct {
+    int refusals;
+    std::vector<const char*> actions;  // a button's caption, or "close" for the frame
+    bool loaded;                       // afterwards
+    int unloads;
+  } cases[] = {{0, {"Paslėpti"}, true, 0},
+               {0, {"Uždaryti"}, false, 1},
+               {0, {"close"}, false, 1},
+               {1, {"close", "Paslėpti"}, true, 0}};
   QtUi ui;
-  ModalForm form;
-  form.refusals = c.refusals;
-  ModalDriver driver;
-  QString title;
-  driver.Then([&](QWidget& dialog) {
-    title = dialog.windowTitle();
-    ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
-    for (const char* action : c.actions) {
-      if (std::string(action) == "close") {
-        dialog.close();
-      } else if (QAbstractButton* button = ButtonIn(dialog, QString::fromUtf8(action))) {
-        button->click();
-      } else {
-        ADD_FAILURE() << "no button " << action;
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.actions.front());
+    ModalForm form;
+    form.refusals = c.refusals;
+    ModalDriver driver;
+    QString title;
+    driver.Then([&](QWidget& dialog) {
+      title = dialog.windowTitle();
+      ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
+      for (const char* action : c.actions) {
+        if (std::string(action) == "close") {
+          dialog.close();
+        } else {
+          ButtonIn(dialog, QString::fromUtf8(action))->click();
+        }
       }
-    }
-  });
-  form.ShowModal(ui);
-  EXPECT_EQ(title, QString::fromUtf8("Langas"));
-  EXPECT_FALSE(form.Visible());
-  EXPECT_EQ(form.Loaded(), c.loaded);
-  EXPECT_EQ(form.unloads, c.unloads);
-  EXPECT_TRUE(driver.AllDone());
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Endings, ShowModalTest,
-    ::testing::Values(ModalCase{"hidden", 0, {"Paslėpti"}, true, 0},
-                      ModalCase{"unloaded", 0, {"Uždaryti"}, false, 1},
-                      ModalCase{"frame closed", 0, {"close"}, false, 1},
-                      // The form refuses the frame's close and stays; hidden later.
-                      ModalCase{"close refused", 1, {"close", "Paslėpti"}, true, 0}),
-    [](const auto& info) {
-      std::string name = info.param.name;
-      for (auto& ch : name) ch = ch == ' ' ? '_' : ch;
-      return name;
     });
+    form.ShowModal(ui);
+    EXPECT_EQ(title, QString::fromUtf8("Langas"));
+    EXPECT_FALSE(form.Visible());
+    EXPECT_EQ(form.Loaded(), c.loaded);
+    EXPECT_EQ(form.unloads, c.unloads);
+    EXPECT_TRUE(driver.AllDone());
+  }
+}
 
 // ---- the printout ---------------------------------------------------------
 
@@ -469,51 +415,33 @@ QByteArray ReadAll(const std::string& path) {
   return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
 }
 
-struct PdfCase {
-  int rows;
-  int32_t orientation;
-  const char* mediaBox;  // A4 in points, as the orientation turns it
-  bool manyPages;
-};
-
-class PdfPrintTest : public ::testing::TestWithParam<PdfCase> {};
-
-TEST_P(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
-  const auto& c = GetParam();
-  QTemporaryDir folder;
-  PdfPrint printout((folder.path() + "/spaudiniai").toStdString());
-  bool previewed = true;
-  PrintDocument doc([&](const PrintDocument::Content& content, bool preview) {
-    previewed = preview;
-    EXPECT_FALSE(printout.WritePdf(content).empty());
-  });
-  FillDocument(doc, c.rows, c.orientation);
-  doc.Print(false);
-  EXPECT_FALSE(previewed);
-  const std::string path = printout.LastFile();
-  ASSERT_FALSE(path.empty());
-  EXPECT_EQ(path.rfind(printout.Folder(), 0), 0u);
-  QByteArray pdf = ReadAll(path);
-  ASSERT_GT(pdf.size(), 1000);
-  EXPECT_TRUE(pdf.startsWith("%PDF-"));
-  EXPECT_TRUE(pdf.contains(c.mediaBox))
-      << c.mediaBox << " in " << pdf.mid(pdf.indexOf("/MediaBox"), 40).toStdString();
-  // Every page carries its box: one page for a short table, several for a long one.
-  const auto count = pdf.count("/MediaBox");
-  if (c.manyPages) {
-    EXPECT_GT(count, 1);
-  } else {
-    EXPECT_EQ(count, 1);
+// Every page carries its box, A4 in points as the orientation turns it: one
+// page for a short table, several for a long one.
+TEST(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
+  const char* portrait = "/MediaBox [0 0 595.000000 842.000000]";
+  for (const auto& [rows, orientation, mediaBox] :
+       {std::tuple{6, OrvelPrintDoc::kPortrait, portrait},
+        {6, OrvelPrintDoc::kLandscape, "/MediaBox [0 0 842.000000 595.000000]"},
+        {150, OrvelPrintDoc::kPortrait, portrait}}) {
+    QTemporaryDir folder;
+    PdfPrint printout((folder.path() + "/spaudiniai").toStdString());
+    bool previewed = true;
+    PrintDocument doc([&](const PrintDocument::Content& content, bool preview) {
+      previewed = preview;
+      EXPECT_FALSE(printout.WritePdf(content).empty());
+    });
+    FillDocument(doc, rows, orientation);
+    doc.Print(false);
+    EXPECT_FALSE(previewed);
+    const std::string path = printout.LastFile();
+    EXPECT_EQ(path.rfind(printout.Folder(), 0), 0u);
+    QByteArray pdf = ReadAll(path);
+    EXPECT_TRUE(pdf.startsWith("%PDF-"));
+    EXPECT_TRUE(pdf.contains(mediaBox)) << pdf.mid(pdf.indexOf("/MediaBox"), 40).toStdString();
+    const auto count = pdf.count("/MediaBox");
+    EXPECT_TRUE(rows > 100 ? count > 1 : count == 1) << count;
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Documents, PdfPrintTest,
-                         ::testing::Values(PdfCase{6, OrvelPrintDoc::kPortrait,
-                                                   "/MediaBox [0 0 595.000000 842.000000]", false},
-                                           PdfCase{6, OrvelPrintDoc::kLandscape,
-                                                   "/MediaBox [0 0 842.000000 595.000000]", false},
-                                           PdfCase{150, OrvelPrintDoc::kPortrait,
-                                                   "/MediaBox [0 0 595.000000 842.000000]", true}));
 
 TEST(PdfPrintPreviewTest, ThePreviewShowsThePagesOfTheSamePainting) {
   QTemporaryDir folder;
@@ -586,6 +514,18 @@ class ShellTest : public ::testing::Test {
     return sub ? sub->findChild<FormView*>() : nullptr;
   }
 
+  // The view of the window a member's menu key opens.
+  FormView* Open(const std::string& oidr, const std::string& key) {
+    QTreeWidgetItem* node = Node(oidr);
+    if (!node || !window_->ClickNode(node, key)) return nullptr;
+    Settle();
+    return ActiveView();
+  }
+
+  QTableWidget* FieldTable(FormView* view) {
+    return view->findChild<FieldSheetView*>()->FieldTable();
+  }
+
   Variant Stored(const std::string& sql) { return FirstValue(host_.Database(), sql); }
 
   bool Called(const std::string& call) const {
@@ -620,7 +560,6 @@ TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   EXPECT_THAT(registered, Contains("Bankai"));
   // Nothing is read before a node is opened.
   EXPECT_THAT(calls_, IsEmpty());
-
   QTreeWidgetItem* banks = window_->NodeOf("O0000300");
   ASSERT_NE(banks, nullptr);
   banks->setExpanded(true);
@@ -657,18 +596,24 @@ TEST_F(ShellTest, ALongListIsShownAPageAtATimeAsItIsScrolled) {
   EXPECT_EQ(banks->childCount(), 456);
 }
 
+// Enter on a member opens its card once; its menu's entry does too.
 TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
   QTreeWidgetItem* bank = Node("O00003001");
   ASSERT_NE(bank, nullptr);
+  window_->Tree()->setCurrentItem(bank);
+  Key(*window_->Tree(), Qt::Key_Return);
+  Key(*window_->Tree(), Qt::Key_Return);
   driver_.Then(Pick(QString::fromUtf8("Padėti ant darbo stalo")));
   MenuOf(bank);
   ASSERT_TRUE(driver_.AllDone());
+  EXPECT_EQ(window_->Area()->subWindowList().size(), 1);
   FormView* view = ActiveView();
   ASSERT_NE(view, nullptr);
   Form& card = view->ViewedForm();
   // Kept here: the host lets the window go once it is closed.
   ASSERT_EQ(host_.Windows().OpenWindows().size(), 1u);
   auto held = host_.Windows().OpenWindows()[0].window;
+  EXPECT_EQ(WindowRegistry::KeyOf(held), "O00003001");
   // The card has no caption of its own: its heading and the bank's name
   // make the title.
   const std::string name = ConcatText(Stored("SELECT Name FROM banks WHERE ID = 1"));
@@ -676,10 +621,7 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
   EXPECT_THAT(title, HasSubstr("Banko kortelė"));
   EXPECT_THAT(title, HasSubstr(name));
   EXPECT_EQ(window_->WindowsMenu()->actions().back()->text().toStdString(), title);
-
-  auto* sheet = view->findChild<FieldSheetView*>();
-  ASSERT_NE(sheet, nullptr);
-  QTableWidget* table = sheet->FieldTable();
+  QTableWidget* table = FieldTable(view);
   int swift = -1;
   bool nameShown = false;
   for (int row = 0; row < table->rowCount(); ++row) {
@@ -698,36 +640,70 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
   EXPECT_TRUE(Called("ExecArrayCall Orvel_SaveObject 'O0000300','O00003001'"));
   EXPECT_EQ(Stored("SELECT SWIFT FROM banks WHERE ID = 1"), Variant("CBVILT2XXXX"));
   EXPECT_EQ(table->item(swift, 1)->text(), "CBVILT2XXXX");
-
-  // The frame's close button closes the window through the host.
-  window_->Area()->activeSubWindow()->close();
+  // The card's own close button closes its sub-window through the host.
+  qobject_cast<QAbstractButton*>(view->WidgetNamed("SSCClose"))->click();
   Settle();
   EXPECT_TRUE(host_.Windows().OpenWindows().empty());
+  EXPECT_TRUE(window_->Area()->subWindowList().isEmpty());
   EXPECT_FALSE(card.Loaded());
+  EXPECT_EQ(window_->WindowsMenu()->actions().size(), 3);  // the two layouts and a separator
 }
 
-TEST_F(ShellTest, EnterOnAMemberOpensItsCardOnce) {
-  QTreeWidgetItem* bank = Node("O00003003");
-  ASSERT_NE(bank, nullptr);
-  window_->Tree()->setCurrentItem(bank);
-  Key(*window_->Tree(), Qt::Key_Return);
-  Key(*window_->Tree(), Qt::Key_Return);
-  Settle();
-  EXPECT_EQ(window_->Area()->subWindowList().size(), 1);
-  FormView* view = ActiveView();
+// Closing the frame of a card with edits not written asks; "Ne" keeps the
+// window open with its edit, "Taip" closes it without writing.
+TEST_F(ShellTest, ClosingACardWithEditsAsksFirst) {
+  FormView* view = Open("O00003002", "0");
   ASSERT_NE(view, nullptr);
-  EXPECT_EQ(WindowRegistry::KeyOf(host_.Windows().OpenWindows().at(0).window), "O00003003");
+  FieldTable(view)->item(0, 1)->setText(QString::fromUtf8("Bankas be įrašo"));
+  for (const auto& [answer, closed] : {std::pair{"Ne", false}, {"Taip", true}}) {
+    QString question;
+    driver_.Then([&, answer = answer](QWidget& box) {
+      question = qobject_cast<QMessageBox*>(&box)->text();
+      Press(QString::fromUtf8(answer))(box);
+    });
+    window_->Area()->activeSubWindow()->close();
+    Settle();
+    EXPECT_TRUE(driver_.AllDone());
+    EXPECT_TRUE(question.contains(QString::fromUtf8("Uždaryti be išsaugojimo?")));
+    EXPECT_EQ(host_.Windows().OpenWindows().empty(), closed);
+    EXPECT_EQ(window_->Area()->subWindowList().isEmpty(), closed);
+  }
+  EXPECT_NE(Stored("SELECT Name FROM banks WHERE ID = 2"), Variant("Bankas be įrašo"));
 }
 
-TEST_F(ShellTest, CtrlFOnTheBanksAsksForATextAndReplacesTheMembers) {
-  QTreeWidgetItem* banks = Node("O0000300");
-  ASSERT_NE(banks, nullptr);
-  banks->setExpanded(true);
+// Letters alone search the tree, they are no chord.
+TEST(ChordTest, KeysBecomeTheModulesChords) {
+  const std::tuple<int, Qt::KeyboardModifiers, const char*> cases[] = {
+      {Qt::Key_F5, Qt::NoModifier, "116S0"},
+      {Qt::Key_F, Qt::ControlModifier, "70S2"},
+      {Qt::Key_R, Qt::ControlModifier, "82S2"},
+      {Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
+      {Qt::Key_F1, Qt::AltModifier, "112S4"},
+      {Qt::Key_F, Qt::NoModifier, ""},
+      {Qt::Key_F, Qt::ShiftModifier, ""},
+      {Qt::Key_Return, Qt::ControlModifier, ""}};
+  for (const auto& [key, modifiers, chord] : cases)
+    EXPECT_EQ(MainWindow::ChordOf(key, modifiers), chord) << key;
+}
+
+// Deleting from a member's menu asks; a cancel keeps the node and the record.
+// Ctrl+F on the banks asks for a text and replaces the members.
+TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers) {
+  QTreeWidgetItem* bank = Node("O00003006");
+  ASSERT_NE(bank, nullptr);
+  QTreeWidgetItem* banks = bank->parent();
+  for (const auto& [answer, removed] : {std::pair{"Atšaukti", false}, {"Gerai", true}}) {
+    driver_.Then(Pick(QString::fromUtf8("Panaikinti")));
+    driver_.Then(Press(QString::fromUtf8(answer)));
+    MenuOf(bank);
+    EXPECT_TRUE(driver_.AllDone());
+    EXPECT_EQ(banks->childCount(), removed ? 5 : 6);
+    EXPECT_EQ(window_->NodeOf("O00003006") == nullptr, removed);
+    EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(removed ? 0 : 1));
+  }
   window_->Tree()->setCurrentItem(banks);
   driver_.Then([](QWidget& dialog) {
-    auto* line = dialog.findChild<QLineEdit*>();
-    ASSERT_NE(line, nullptr);
-    line->setText(QString::fromUtf8("Šiaulių"));
+    dialog.findChild<QLineEdit*>()->setText(QString::fromUtf8("Šiaulių"));
     Press(QString::fromUtf8("Gerai"))(dialog);
   });
   Key(*window_->Tree(), Qt::Key_F, Qt::ControlModifier);
@@ -736,160 +712,43 @@ TEST_F(ShellTest, CtrlFOnTheBanksAsksForATextAndReplacesTheMembers) {
   EXPECT_EQ(Captions(banks), std::vector<std::string>{"AB Šiaulių bankas"});
 }
 
-// Closing the frame of a card with edits not written asks; "Ne" keeps the
-// window open with its edit, "Taip" closes it without writing.
-struct CloseCase {
-  const char* answer;
-  bool closed;
-};
-
-class ShellCloseTest : public ShellTest, public ::testing::WithParamInterface<CloseCase> {};
-
-TEST_P(ShellCloseTest, ClosingACardWithEditsAsksFirst) {
-  QTreeWidgetItem* bank = Node("O00003002");
-  ASSERT_NE(bank, nullptr);
-  ASSERT_TRUE(window_->ClickNode(bank, "0"));
-  FormView* view = ActiveView();
-  ASSERT_NE(view, nullptr);
-  QTableWidget* table = view->findChild<FieldSheetView*>()->FieldTable();
-  ASSERT_NE(table->item(0, 1), nullptr);
-  table->item(0, 1)->setText(QString::fromUtf8("Bankas be įrašo"));
-  QString question;
-  driver_.Then([&](QWidget& box) {
-    question = qobject_cast<QMessageBox*>(&box)->text();
-    Press(QString::fromUtf8(GetParam().answer))(box);
-  });
-  window_->Area()->activeSubWindow()->close();
-  Settle();
-  EXPECT_TRUE(driver_.AllDone());
-  EXPECT_TRUE(question.contains(QString::fromUtf8("Uždaryti be išsaugojimo?")));
-  EXPECT_EQ(host_.Windows().OpenWindows().empty(), GetParam().closed);
-  EXPECT_EQ(window_->Area()->subWindowList().isEmpty(), GetParam().closed);
-  EXPECT_NE(Stored("SELECT Name FROM banks WHERE ID = 2"), Variant("Bankas be įrašo"));
-}
-
-INSTANTIATE_TEST_SUITE_P(Answers, ShellCloseTest,
-                         ::testing::Values(CloseCase{"Taip", true}, CloseCase{"Ne", false}));
-
-TEST_F(ShellTest, TheCardsOwnCloseButtonClosesItsSubWindow) {
-  QTreeWidgetItem* bank = Node("O00003004");
-  ASSERT_NE(bank, nullptr);
-  ASSERT_TRUE(window_->ClickNode(bank, "0"));
-  FormView* view = ActiveView();
-  ASSERT_NE(view, nullptr);
-  auto* close = qobject_cast<QAbstractButton*>(view->WidgetNamed("SSCClose"));
-  ASSERT_NE(close, nullptr);
-  close->click();
-  Settle();
-  EXPECT_TRUE(host_.Windows().OpenWindows().empty());
-  EXPECT_TRUE(window_->Area()->subWindowList().isEmpty());
-  EXPECT_EQ(window_->WindowsMenu()->actions().size(), 3);  // the two layouts and a separator
-}
-
-struct ChordCase {
-  int key;
-  Qt::KeyboardModifiers modifiers;
-  const char* chord;
-};
-
-class ChordTest : public ::testing::TestWithParam<ChordCase> {};
-
-TEST_P(ChordTest, KeysBecomeTheModulesChords) {
-  EXPECT_EQ(MainWindow::ChordOf(GetParam().key, GetParam().modifiers), GetParam().chord);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Keys, ChordTest,
-    ::testing::Values(ChordCase{Qt::Key_F5, Qt::NoModifier, "116S0"},
-                      ChordCase{Qt::Key_F, Qt::ControlModifier, "70S2"},
-                      ChordCase{Qt::Key_R, Qt::ControlModifier, "82S2"},
-                      ChordCase{Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
-                      ChordCase{Qt::Key_F1, Qt::AltModifier, "112S4"},
-                      // Letters alone search the tree, they are no chord.
-                      ChordCase{Qt::Key_F, Qt::NoModifier, ""},
-                      ChordCase{Qt::Key_F, Qt::ShiftModifier, ""},
-                      ChordCase{Qt::Key_Return, Qt::ControlModifier, ""}));
-
-struct DeleteCase {
-  const char* answer;
-  bool removed;
-};
-
-class ShellDeleteTest : public ShellTest, public ::testing::WithParamInterface<DeleteCase> {};
-
-TEST_P(ShellDeleteTest, DeletingFromTheMenuAsksAndDropsTheNode) {
-  QTreeWidgetItem* bank = Node("O00003006");
-  ASSERT_NE(bank, nullptr);
-  QTreeWidgetItem* banks = bank->parent();
-  driver_.Then(Pick(QString::fromUtf8("Panaikinti")));
-  driver_.Then(Press(QString::fromUtf8(GetParam().answer)));
-  MenuOf(bank);
-  EXPECT_TRUE(driver_.AllDone());
-  EXPECT_EQ(banks->childCount(), GetParam().removed ? 5 : 6);
-  EXPECT_EQ(window_->NodeOf("O00003006") == nullptr, GetParam().removed);
-  EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(GetParam().removed ? 0 : 1));
-}
-
-INSTANTIATE_TEST_SUITE_P(Answers, ShellDeleteTest,
-                         ::testing::Values(DeleteCase{"Gerai", true},
-                                           DeleteCase{"Atšaukti", false}));
-
+// The column dialog runs modally over it, every button telling what it does
+// by its words or its picture, and Cancel leaves it.
 TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
-  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
-  ASSERT_NE(banks, nullptr);
   auto list = std::dynamic_pointer_cast<OrvelWindow>(
       host_.Module().CreateObject("frmReferenceBookPreview"));
-  ASSERT_NE(list, nullptr);
-  list->SetOrvelObjectUIO(banks->GetOrvelObject("O0000300"));
+  list->SetOrvelObjectUIO(host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObject("O0000300"));
   host_.Windows().ShowWindow(list);
   Settle();
-  auto form = std::dynamic_pointer_cast<Form>(list);
-  ASSERT_NE(form, nullptr);
-  QMdiSubWindow* sub = window_->SubWindowOf(*form);
+  QMdiSubWindow* sub = window_->SubWindowOf(*std::dynamic_pointer_cast<Form>(list));
   ASSERT_NE(sub, nullptr);
   auto* view = sub->findChild<FormView*>();
-  ASSERT_NE(view, nullptr);
   auto* rows = qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRec"));
-  ASSERT_NE(rows, nullptr);
   ASSERT_EQ(rows->topLevelItemCount(), 6);
   EXPECT_GE(rows->columnCount(), 3);
   EXPECT_EQ(rows->topLevelItem(0)->text(0).toStdString(),
             ConcatText(Stored("SELECT Name FROM banks ORDER BY Name LIMIT 1")));
   sub->showMaximized();
   Shot(*window_, "banks-list");
-
-  // The column dialog runs modally over it, and Cancel leaves it.
   QString dialogTitle;
   driver_.Then([&](QWidget& dialog) {
     dialogTitle = dialog.windowTitle();
     auto* config = dialog.findChild<FormView*>();
-    ASSERT_NE(config, nullptr);
     Settle();
     Shot(dialog, "column-dialog");
-    // Every button tells what it does: by its words or by its picture.
-    for (const char* name : {"cmdUp", "cmdDown"}) {
-      auto* arrow = qobject_cast<QAbstractButton*>(config->WidgetNamed(name));
-      ASSERT_NE(arrow, nullptr) << name;
-      EXPECT_FALSE(arrow->icon().isNull()) << name;
-    }
-    auto* ok = qobject_cast<QAbstractButton*>(config->WidgetNamed("cmdOK"));
-    ASSERT_NE(ok, nullptr);
-    EXPECT_EQ(ok->text(), QString::fromUtf8("Gerai"));
-    auto* cancel = qobject_cast<QAbstractButton*>(config->WidgetNamed("cmdCancel"));
-    ASSERT_NE(cancel, nullptr);
-    EXPECT_EQ(cancel->text(), QString::fromUtf8("Atšaukti"));
-    cancel->click();
+    auto button = [&](const char* name) {
+      return qobject_cast<QAbstractButton*>(config->WidgetNamed(name));
+    };
+    EXPECT_FALSE(button("cmdUp")->icon().isNull());
+    EXPECT_FALSE(button("cmdDown")->icon().isNull());
+    EXPECT_EQ(button("cmdOK")->text(), QString::fromUtf8("Gerai"));
+    EXPECT_EQ(button("cmdCancel")->text(), QString::fromUtf8("Atšaukti"));
+    button("cmdCancel")->click();
   });
-  auto* configure = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdConfig"));
-  ASSERT_NE(configure, nullptr);
-  configure->click();
+  qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdConfig"))->click();
   EXPECT_TRUE(driver_.AllDone());
   EXPECT_EQ(dialogTitle.trimmed(), QString::fromUtf8("Vaizdo parametrai"));
-
-  auto* print = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdPrint"));
-  ASSERT_NE(print, nullptr);
-  print->click();
-  ASSERT_FALSE(printout_.LastFile().empty());
+  qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdPrint"))->click();
   EXPECT_TRUE(ReadAll(printout_.LastFile()).startsWith("%PDF-"));
 }
 
@@ -948,17 +807,11 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
   EXPECT_TRUE(window_->TypeLetsGo(firm));
   EXPECT_FALSE(window_->TypeTakesDrop(target));
   ASSERT_EQ(DraggedText(*window_->Tree(), firm).toStdString(), firmOidr);
-
   ASSERT_TRUE(window_->ClickNode(target, "0"));
   Settle();
-  FormView* view = ActiveView();
-  ASSERT_NE(view, nullptr);
-  auto* sheet = view->findChild<FieldSheetView*>();
-  ASSERT_NE(sheet, nullptr);
-  QTreeWidget* list = sheet->TabTree("Firms");
+  QTreeWidget* list = ActiveView()->findChild<FieldSheetView*>()->TabTree("Firms");
   ASSERT_NE(list, nullptr);
   const int listed = list->topLevelItemCount();
-
   EXPECT_FALSE(DragOnto(*list->viewport(), "O00003001", true));
   EXPECT_EQ(list->topLevelItemCount(), listed);
   ASSERT_TRUE(DragOnto(*list->viewport(), QString::fromStdString(firmOidr), true));
@@ -972,17 +825,9 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
 // The currency card shows its data or its rate history by the tab picked;
 // the frames of the other tab go with everything they hold.
 TEST_F(ShellTest, TheCurrencyCardsTabsShowTheirFramesAndTheRates) {
-  QTreeWidgetItem* currencies = window_->NodeOf("O0002200");
-  ASSERT_NE(currencies, nullptr);
-  currencies->setExpanded(true);
-  QTreeWidgetItem* dollar = window_->NodeOf("O00022002");
-  ASSERT_NE(dollar, nullptr);
-  ASSERT_TRUE(window_->ClickNode(dollar, "Padėti &ant darbo stalo"));
-  Settle();
-  FormView* view = ActiveView();
+  FormView* view = Open("O00022002", "Padėti &ant darbo stalo");
   ASSERT_NE(view, nullptr);
   auto* tabs = qobject_cast<QTabBar*>(view->WidgetNamed("TabStrip"));
-  ASSERT_NE(tabs, nullptr);
   ASSERT_EQ(tabs->count(), 2);
   EXPECT_EQ(tabs->tabText(1), QString::fromUtf8("Valiutos kursai"));
   auto shown = [&](const char* name) {
@@ -992,16 +837,13 @@ TEST_F(ShellTest, TheCurrencyCardsTabsShowTheirFramesAndTheRates) {
   EXPECT_TRUE(shown("txtCode"));
   EXPECT_FALSE(shown("lvwRates"));
   EXPECT_FALSE(shown("dtpDateFrom"));
-
   QTest::mouseClick(tabs, Qt::LeftButton, {}, tabs->tabRect(1).center());
   Settle();
   EXPECT_EQ(tabs->currentIndex(), 1);
   EXPECT_FALSE(shown("txtCode"));
   EXPECT_TRUE(shown("lvwRates"));
   EXPECT_TRUE(shown("dtpDateFrom"));
-  auto* rates = qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRates"));
-  ASSERT_NE(rates, nullptr);
-  EXPECT_GT(rates->topLevelItemCount(), 0);
+  EXPECT_GT(qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRates"))->topLevelItemCount(), 0);
   Shot(*window_, "currency-rates-tab");
 }
 

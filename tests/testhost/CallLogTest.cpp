@@ -25,7 +25,6 @@ TEST(CallLog, Echo_PrintsTheChosenChannelsOneLineEach) {
   log.Add(Channel::Window, "ShowWindow", {"O00003005"});
   log.SetEcho(nullptr);
   log.Add(Channel::Window, "ShowWindow", {"O00003006"});
-
   EXPECT_EQ(out.str(),
             "Business: ExecCall Orvel_DeleteObject 'O00003005'\n"
             "Message: MsgBox 48 Orvel Apskaita Pirma eilutė\\r\\nantra\n"

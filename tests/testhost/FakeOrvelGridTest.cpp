@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include <memory>
-#include <ostream>
 #include <string>
 #include <vector>
 
@@ -68,7 +67,6 @@ TEST_F(FakeOrvelGridTest, Tabs_KeptInOrderWithTheirLists_UntilClearTabs) {
   grid.AddTab("Accounts", "Sąskaitos");
   firms.ListItems().Add(0, "O00001001", "UAB Ąžuolas");
   grid.SetLabelWidth(2000);
-
   ASSERT_EQ(grid.Tabs().size(), 2u);
   EXPECT_EQ(grid.Tabs()[0].caption, "Įmonės");
   EXPECT_EQ(&grid.TabList("Firms"), &firms);  // the list stays where the form keeps it
@@ -76,7 +74,6 @@ TEST_F(FakeOrvelGridTest, Tabs_KeptInOrderWithTheirLists_UntilClearTabs) {
   grid.FillFields();
   EXPECT_THAT(object->calls, ElementsAre("Properties Structure ''"));
   EXPECT_THAT(FieldNames(), ElementsAre("Name", "SWIFT"));
-
   grid.ClearTabs();
   EXPECT_TRUE(grid.Tabs().empty());
   EXPECT_THAT(FieldNames(), IsEmpty());
@@ -103,40 +100,21 @@ TEST_F(FakeOrvelGridTest, EditsAreWrittenAndTypedCellsCommittedBeforeTheSave) {
   EXPECT_FALSE(grid.HasPendingEdit());
 }
 
-struct SaveCase {
-  const char* name;
-  OrvelStatus reply;
-  bool throws;
-  int32_t number;
-  std::string lastError;
-};
-
-void PrintTo(const SaveCase& c, std::ostream* os) { *os << c.name; }
-
-class FakeOrvelGridSaveTest : public FakeOrvelGridTest,
-                              public ::testing::WithParamInterface<SaveCase> {};
-
-TEST_P(FakeOrvelGridSaveTest, SaveObject_ReturnsTheNumber_KeepsTheText) {
-  object->saveReply = GetParam().reply;
-  object->throwOnSave = GetParam().throws;
-  EXPECT_EQ(grid.SaveObject(), GetParam().number);
-  EXPECT_EQ(grid.LastError(), GetParam().lastError);
+// A refused or throwing save: the Number is the result, the text kept until
+// the next save.
+TEST_F(FakeOrvelGridTest, SaveObject_ReturnsTheNumber_KeepsTheText) {
+  object->saveReply = {60000, "Įrašą pakeitė kitas vartotojas"};
+  EXPECT_EQ(grid.SaveObject(), 60000);
+  EXPECT_EQ(grid.LastError(), "Įrašą pakeitė kitas vartotojas");
+  object->throwOnSave = true;
+  EXPECT_EQ(grid.SaveObject(), 13);
+  EXPECT_EQ(grid.LastError(), "Type mismatch");
   EXPECT_EQ(grid.Operations().back(), "SaveObject");
-
   object->saveReply = {};
   object->throwOnSave = false;
   EXPECT_EQ(grid.SaveObject(), 0);
-  EXPECT_EQ(grid.LastError(), "");  // the text belongs to the last save
+  EXPECT_EQ(grid.LastError(), "");
 }
-
-INSTANTIATE_TEST_SUITE_P(Replies, FakeOrvelGridSaveTest,
-                         ::testing::Values(SaveCase{"Refused",
-                                                    {60000, "Įrašą pakeitė kitas vartotojas"},
-                                                    false,
-                                                    60000,
-                                                    "Įrašą pakeitė kitas vartotojas"},
-                                           SaveCase{"ObjectThrew", {}, true, 13, "Type mismatch"}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST(FakeOrvelGrid, WithoutObject_SaveAndFillFailQuietly) {
   FakeOrvelGrid grid;
@@ -146,20 +124,9 @@ TEST(FakeOrvelGrid, WithoutObject_SaveAndFillFailQuietly) {
   EXPECT_EQ(grid.LastError(), "Laukų lapui nepriskirtas objektas");
 }
 
-TEST_F(FakeOrvelGridTest, DisabledGrid_TakesNoEditsAndRaisesNoEvents) {
-  grid.AddTab("Firms", "Įmonės");
-  int mouseUps = 0;
-  grid.OnListMouseUp = [&](const std::string&, int, int, int) { ++mouseUps; };
-  grid.SetEnabled(false);
-
-  EXPECT_FALSE(grid.EditField("Name", Variant("x")));
-  grid.ClickList(0, 2);
-  EXPECT_EQ(object->record_->Fields("Name").Value(), Variant("SEB"));
-  EXPECT_EQ(fieldChanges, 0);
-  EXPECT_EQ(mouseUps, 0);
-}
-
-TEST_F(FakeOrvelGridTest, ListEvents_CarryTheTabKeyAndIndex) {
+// List events carry the tab's key and index; a disabled grid takes no edit
+// and raises nothing.
+TEST_F(FakeOrvelGridTest, ListEvents_CarryTheTabKeyAndIndex_NoneWhenDisabled) {
   grid.AddTab("Firms", "Įmonės");
   grid.AddTab("Accounts", "Sąskaitos");
   std::vector<std::string> seen;
@@ -169,11 +136,15 @@ TEST_F(FakeOrvelGridTest, ListEvents_CarryTheTabKeyAndIndex) {
   };
   grid.OnListDoubleClick = [&](int index) { seen.push_back("dbl " + std::to_string(index)); };
   grid.OnListDragOver = [](std::shared_ptr<Object>, int& effect) { effect = 0; };
-
   grid.ClickList(1, 2, 1);
   grid.DoubleClickList(0);
   EXPECT_EQ(grid.ListDragOver(nullptr, 1), 0);
   EXPECT_THROW(grid.ClickList(2, 1), RuntimeError);
+  grid.SetEnabled(false);
+  EXPECT_FALSE(grid.EditField("Name", Variant("x")));
+  grid.ClickList(0, 2);
+  EXPECT_EQ(object->record_->Fields("Name").Value(), Variant("SEB"));
+  EXPECT_EQ(fieldChanges, 0);
   EXPECT_THAT(seen, ElementsAre("Accounts 1 2 1", "dbl 0"));
 }
 

@@ -15,28 +15,19 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-struct DefaultCase {
-  int32_t flags;
-  int32_t answer;
-};
-
-class ScriptedUiDefaultTest : public ::testing::TestWithParam<DefaultCase> {};
-
-TEST_P(ScriptedUiDefaultTest, Allowed_EmptyQueue_AnswersFirstButton) {
-  auto log = std::make_shared<CallLog>();
-  ScriptedUi ui(log);
-  ui.AllowUnscripted();
-  EXPECT_EQ(ui.MsgBox("Tekstas", GetParam().flags, "Orvel Apskaita"), GetParam().answer);
-  EXPECT_EQ(log->Lines(Channel::Message)[0],
-            "MsgBox " + std::to_string(GetParam().flags) + " Orvel Apskaita Tekstas");
-  EXPECT_EQ(ui.Boxes()[0].answer, GetParam().answer);
+TEST(ScriptedUiDefaultTest, Allowed_EmptyQueue_AnswersFirstButton) {
+  for (const auto& [flags, answer] : std::vector<std::pair<int32_t, int32_t>>{
+           {vbOKOnly, vbOK}, {vbOKCancel + vbExclamation, vbOK}, {vbYesNo + vbQuestion, vbYes},
+           {vbYesNoCancel + vbExclamation, vbYes}}) {
+    auto log = std::make_shared<CallLog>();
+    ScriptedUi ui(log);
+    ui.AllowUnscripted();
+    EXPECT_EQ(ui.MsgBox("Tekstas", flags, "Orvel Apskaita"), answer);
+    EXPECT_EQ(log->Lines(Channel::Message)[0],
+              "MsgBox " + std::to_string(flags) + " Orvel Apskaita Tekstas");
+    EXPECT_EQ(ui.Boxes()[0].answer, answer);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Flags, ScriptedUiDefaultTest,
-                         ::testing::Values(DefaultCase{vbOKOnly, vbOK},
-                                           DefaultCase{vbOKCancel + vbExclamation, vbOK},
-                                           DefaultCase{vbYesNo + vbQuestion, vbYes},
-                                           DefaultCase{vbYesNoCancel + vbExclamation, vbYes}));
 
 // The complaints of a strict Ui, caught instead of failing the test.
 class ScriptedUiStrictTest : public ::testing::Test {
@@ -76,22 +67,19 @@ TEST_F(ScriptedUiStrictTest, UnansweredBoxOrPopup_AndLeftoverAnswers_AreComplain
 // A dialog whose OK button unloads it, as the module's dialogs do.
 class frmDialog : public Form {
  public:
-  explicit frmDialog(std::string name = "frmAccounts") : Form(std::move(name)) {
+  explicit frmDialog(std::string name) : Form(std::move(name)) {
     Register(cmdEnter);
-    cmdEnter.OnClick = [this] { cmdEnter_Click(); };
-  }
-  void cmdEnter_Click() {
-    Saved = true;
-    Unload();
+    cmdEnter.OnClick = [this] {
+      Saved = true;
+      Unload();
+    };
   }
   Button cmdEnter{"cmdEnter"};
   bool Saved = false;
-  int loads = 0;
   bool unloadInLoad = false;
 
  protected:
   void Form_Load() override {
-    ++loads;
     if (unloadInLoad) Unload();
   }
 };
@@ -102,45 +90,31 @@ class ScriptedUiFormsTest : public ::testing::Test {
   ScriptedUi ui{log};
 };
 
-TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheScriptOnTheShownForm) {
-  frmDialog dialog;
-  bool shownWhenScripted = false;
-  ui.QueueModal([&](Form& form) {
-    shownWhenScripted = form.Loaded() && form.Visible();
-    dialog.cmdEnter.Click();
-  });
-
-  dialog.ShowModal(ui);
-
-  EXPECT_TRUE(shownWhenScripted);
-  EXPECT_TRUE(dialog.Saved);
-  EXPECT_FALSE(dialog.Loaded());
-  EXPECT_EQ(ui.PendingModalScripts(), 0u);
-  EXPECT_THAT(log->Lines(Channel::Window), ElementsAre("ShowModal frmAccounts"));
-}
-
-TEST_F(ScriptedUiFormsTest, ShowModal_NestedDialogTakesTheNextScript) {
+// Each dialog takes the next script on the shown form, a nested one too.
+TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheNextScriptOnTheShownForm) {
   frmDialog outer("frmFirmInfo");
   frmDialog inner("frmAccounts");
   std::vector<std::string> order;
   ui.QueueModal([&](Form& form) {
-    order.push_back(form.Name());
+    order.push_back(form.Name() + (form.Loaded() && form.Visible() ? " shown" : ""));
     inner.ShowModal(ui);
     outer.cmdEnter.Click();
   });
   ui.QueueModal([&](Form& form) { order.push_back(form.Name()); });
-
   outer.ShowModal(ui);
-
-  EXPECT_THAT(order, ElementsAre("frmFirmInfo", "frmAccounts"));
+  EXPECT_THAT(order, ElementsAre("frmFirmInfo shown", "frmAccounts"));
   EXPECT_TRUE(outer.Saved);
+  EXPECT_FALSE(outer.Loaded());
   EXPECT_FALSE(inner.Visible());
+  EXPECT_EQ(ui.PendingModalScripts(), 0u);
+  EXPECT_THAT(log->Lines(Channel::Window),
+              ElementsAre("ShowModal frmFirmInfo", "ShowModal frmAccounts"));
 }
 
 // A form its Form_Load unloads leaves the script for the next; without a
 // script the user closes the dialog.
 TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued) {
-  frmDialog dialog;
+  frmDialog dialog("frmAccounts");
   dialog.unloadInLoad = true;
   ui.QueueModal([](Form&) {});
   dialog.ShowModal(ui);
@@ -156,37 +130,31 @@ TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued
 class ScriptedUiPopupTest : public ScriptedUiFormsTest {
  protected:
   ScriptedUiPopupTest() {
-    popup.SetVisible(false);
-    popup.Add("mnuOpen", "Atidaryti").OnClick = [this] { clicks.push_back("mnuOpen"); };
-    popup.Add("mnuToDesktop", "Į darbalaukį").OnClick = [this] {
-      clicks.push_back("mnuToDesktop");
-    };
-    popup.Add("mnuDelete", "Naikinti").OnClick = [this] { clicks.push_back("mnuDelete"); };
+    for (const char* name : {"mnuOpen", "mnuToDesktop", "mnuDelete"})
+      popup.Add(name, name).OnClick = [this, name] { clicks.push_back(name); };
   }
   Menu popup{"mnuList"};
   std::vector<std::string> clicks;
 };
 
-TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntry_BeforeReturning) {
+// A queued entry is clicked before PopupMenu returns; a closed menu ("") or
+// a hidden or disabled entry picks nothing.
+TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntryIfItIsShownAndEnabled) {
   ui.QueuePopupPick("mnuToDesktop");
   ui.PopupMenu(popup);
   EXPECT_THAT(clicks, ElementsAre("mnuToDesktop"));
   EXPECT_THAT(log->Lines(Channel::Window), ElementsAre("PopupMenu mnuList"));
-  ASSERT_EQ(ui.Popups().size(), 1u);
   EXPECT_EQ(ui.Popups()[0].picked, "mnuToDesktop");
   EXPECT_THAT(ui.Popups()[0].shown, ElementsAre("mnuOpen", "mnuToDesktop", "mnuDelete"));
-}
-
-TEST_F(ScriptedUiPopupTest, AClosedMenuOrAHiddenOrDisabledEntryPicksNothing) {
   popup.Find("mnuDelete")->SetVisible(false);
   popup.Find("mnuOpen")->SetEnabled(false);
   for (const char* pick : {"", "mnuDelete", "mnuOpen"}) {
     ui.QueuePopupPick(pick);
     ui.PopupMenu(popup);
   }
-  EXPECT_THAT(clicks, IsEmpty());
-  EXPECT_EQ(ui.Popups()[0].picked, "");
-  EXPECT_THAT(ui.Popups()[0].shown, ElementsAre("mnuOpen", "mnuToDesktop"));
+  EXPECT_THAT(clicks, ElementsAre("mnuToDesktop"));
+  EXPECT_EQ(ui.Popups()[1].picked, "");
+  EXPECT_THAT(ui.Popups()[1].shown, ElementsAre("mnuOpen", "mnuToDesktop"));
   EXPECT_EQ(ui.PendingPopupPicks(), 0u);
 }
 

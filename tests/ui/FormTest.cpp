@@ -81,28 +81,21 @@ TEST(Form, LifeCycle_LoadOnceRefusedUnloadHideAndLoadAgain) {
   form.Show();
   EXPECT_TRUE(form.Visible());
   EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload", "Load"));
+  // A form its own Form_Load unloads is not shown.
+  frmProbe unloading;
+  unloading.unloadInLoad = true;
+  unloading.Show();
+  EXPECT_FALSE(unloading.Loaded());
+  EXPECT_FALSE(unloading.Visible());
+  EXPECT_THAT(unloading.events, ElementsAre("Load", "QueryUnload", "Unload"));
 }
 
-TEST(Form, UnloadedByItsOwnFormLoad_IsNotShown) {
+// Controls are kept once each in registration order.
+TEST(Form, Observer_FollowsTheLifeCycle_ControlsFoundByName) {
   frmProbe form;
-  form.unloadInLoad = true;
-  form.Show();
-  EXPECT_FALSE(form.Loaded());
-  EXPECT_FALSE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "Unload"));
-}
-
-TEST(Form, Controls_InRegistrationOrder_FoundByName) {
-  frmProbe form;
-  ASSERT_EQ(form.Controls().size(), 2u);
-  EXPECT_EQ(form.Controls()[0], &form.txtName);
-  EXPECT_EQ(form.Controls()[1], &form.cmdEnter);
+  EXPECT_EQ(form.Controls(), (std::vector<Control*>{&form.txtName, &form.cmdEnter}));
   EXPECT_EQ(form.FindControl("cmdEnter"), &form.cmdEnter);
   EXPECT_EQ(form.FindControl("cmdNone"), nullptr);
-}
-
-TEST(Form, Observer_FollowsTheLifeCycle) {
-  frmProbe form;
   RecordingFormObserver observer;
   form.SetObserver(&observer);
   form.SetCaption("Bankai");
@@ -138,18 +131,9 @@ class FocusProbe : public frmProbe {
   TextBox txtHidden{"txtHidden"};
 };
 
-TEST(Form, SetFocus_ValidatesThenMovesTheFocus) {
-  FocusProbe form;
-  ASSERT_TRUE(form.SetFocus(form.txtName));
-  form.txtName.SetText("UAB");
-  EXPECT_TRUE(form.SetFocus(form.txtCode));
-  EXPECT_EQ(form.ActiveControl(), &form.txtCode);
-  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate", "txtName.LostFocus",
-                                       "txtCode.GotFocus"));
-}
-
-// A cancelled Validate keeps the focus; a hidden or foreign control takes none.
-TEST(Form, SetFocus_RefusedByValidateOrByTheControl) {
+// A hidden or foreign control takes no focus; a cancelled Validate keeps it,
+// a passed one lets it move on.
+TEST(Form, SetFocus_ValidatesThenMovesTheFocus_RefusedByValidateOrByTheControl) {
   FocusProbe form;
   TextBox stranger{"txtStranger"};
   EXPECT_FALSE(form.SetFocus(form.txtHidden));
@@ -158,7 +142,11 @@ TEST(Form, SetFocus_RefusedByValidateOrByTheControl) {
   ASSERT_TRUE(form.SetFocus(form.txtName));
   EXPECT_FALSE(form.SetFocus(form.txtCode));
   EXPECT_EQ(form.ActiveControl(), &form.txtName);
-  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate"));
+  form.txtName.SetText("UAB");
+  EXPECT_TRUE(form.SetFocus(form.txtCode));
+  EXPECT_EQ(form.ActiveControl(), &form.txtCode);
+  EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate", "txtName.Validate",
+                                       "txtName.LostFocus", "txtCode.GotFocus"));
 }
 
 TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {

@@ -40,29 +40,25 @@ class ListViewTest : public ::testing::Test {
   RecordingObserver observer;
 };
 
-TEST_F(ListViewTest, Add_DuplicateKey_Throws35602_AndLeavesListUnchanged_EmptyKeysMayRepeat) {
+// A repeated key is refused and changes nothing (empty keys may repeat); an
+// index inserts and renumbers, rows keeping their address, one past the end
+// appends and further is refused.
+TEST_F(ListViewTest, Add_KeysUniqueIndexInsertsAndRenumbers) {
   std::string text;
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(1, "O00003002", "Kitas"); }, &text), 35602);
   EXPECT_EQ(text, "Raktas kolekcijoje nėra unikalus");
-  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "O00003002", "O00003003"));
   EXPECT_EQ(view.ListItems().Item("O00003002").Text(), "Swedbank");
   EXPECT_THAT(observer.changes, IsEmpty());
-  view.ListItems().Add(0, "", "Be rakto");
-  view.ListItems().Add(0, "", "Be rakto");
-  EXPECT_EQ(view.ListItems().Count(), 5);
-}
-
-TEST_F(ListViewTest, Add_AtIndex_InsertsAndRenumbers_PastEndThrows35600) {
   ListItem& first = view.ListItems().Item(1);
-  view.ListItems().Add(2, "K", "Įterpta");
-  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "K", "O00003002", "O00003003"));
-  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4));
-  view.ListItems().Add(5, "L", "Paskutinė");  // Count()+1 appends
-  EXPECT_EQ(view.ListItems().Item(5).Key(), "L");
-
-  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(7, "M", "Per toli"); }), 35600);
-  EXPECT_EQ(view.ListItems().Count(), 5);
-  EXPECT_EQ(&view.ListItems().Item(1), &first);  // rows keep their address
+  view.ListItems().Add(2, "", "Be rakto");
+  view.ListItems().Add(2, "", "Be rakto");
+  EXPECT_THAT(Keys(view), ElementsAre("O00003001", "", "", "O00003002", "O00003003"));
+  EXPECT_THAT(Indexes(view), ElementsAre(1, 2, 3, 4, 5));
+  view.ListItems().Add(6, "L", "Paskutinė");
+  EXPECT_EQ(view.ListItems().Item(6).Key(), "L");
+  EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(8, "M", "Per toli"); }), 35600);
+  EXPECT_EQ(view.ListItems().Count(), 6);
+  EXPECT_EQ(&view.ListItems().Item(1), &first);
 }
 
 TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
@@ -73,7 +69,6 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   ListItem& row = view.ListItems().Item(2);
   view.ItemCheck(row);  // no check boxes shown: nothing
   EXPECT_FALSE(row.Checked());
-
   view.SetCheckboxes(true);
   view.ItemCheck(row);
   view.ItemCheck(row);
@@ -84,7 +79,9 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   EXPECT_THAT(checked, ElementsAre("O00003002 on", "O00003002 off"));
 }
 
-TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
+// Items are one-based, a bad index or key refused; removing by either
+// renumbers and frees the key.
+TEST_F(ListViewTest, Item_IsOneBased_RemoveByIndexAndByKeyRenumbersAndFreesTheKey) {
   EXPECT_EQ(view.ListItems().Item(1).Text(), "SEB");
   EXPECT_EQ(view.ListItems().Item(3).Text(), "Luminor");
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(0); }), 35600);
@@ -94,18 +91,13 @@ TEST_F(ListViewTest, Item_IsOneBased_BadIndexOrKeyThrows) {
   EXPECT_EQ(text, "Elementas nerastas");
   EXPECT_EQ(view.ListItems().Find("O00003009"), nullptr);
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(""); }), 35601);
-}
-
-TEST_F(ListViewTest, Remove_ByIndexAndByKey_RenumbersAndFreesTheKey) {
   ListItem& last = view.ListItems().Item("O00003003");
   view.ListItems().Remove(1);
   EXPECT_THAT(Keys(view), ElementsAre("O00003002", "O00003003"));
   EXPECT_EQ(last.Index(), 2);
-
   view.ListItems().Remove("O00003002");
   EXPECT_THAT(Keys(view), ElementsAre("O00003003"));
   EXPECT_EQ(&view.ListItems().Item(1), &last);
-
   view.ListItems().Add(0, "O00003002", "Vėl");  // the key is free again
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Remove(3); }), 35600);
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Remove("nėra"); }), 35601);
@@ -132,33 +124,24 @@ TEST(ListView, SelectionGoesWithItsRow) {
   }
 }
 
-TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_RemovingAnotherKeepsIt) {
-  ListItem* seenSelected = nullptr;
-  ListItem* clicked = nullptr;
-  view.OnItemClick = [&](ListItem& row) {
-    clicked = &row;
-    seenSelected = view.SelectedItem();
-  };
+// The click selects the row before the handler runs; removing another row
+// keeps it; a row of another view is refused.
+TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_ARowOfAnotherViewIsRefused) {
+  std::vector<ListItem*> seen;
+  view.OnItemClick = [&](ListItem& row) { seen = {&row, view.SelectedItem()}; };
+  ListView other("lvwOther");
+  ListItem& foreign = other.ListItems().Add(0, "x", "X");
+  view.ItemClick(foreign);
+  EXPECT_TRUE(seen.empty());
+  EXPECT_EQ(ErrorOf([&] { view.SetSelectedItem(&foreign); }), 380);
+  EXPECT_EQ(view.SelectedItem(), nullptr);
   ListItem& row = view.ListItems().Item(2);
   view.ItemClick(row);
-  EXPECT_EQ(clicked, &row);
-  EXPECT_EQ(seenSelected, &row);
+  EXPECT_EQ(seen, (std::vector<ListItem*>{&row, &row}));
   view.ListItems().Remove(1);
   EXPECT_EQ(view.SelectedItem(), &row);
   EXPECT_TRUE(row.Selected());
   EXPECT_FALSE(view.ListItems().Item(2).Selected());
-}
-
-TEST_F(ListViewTest, RowOfAnotherView_IsRefused) {
-  ListView other("lvwOther");
-  ListItem& foreign = other.ListItems().Add(0, "x", "X");
-  int clicks = 0;
-  view.OnItemClick = [&](ListItem&) { ++clicks; };
-
-  view.ItemClick(foreign);
-  EXPECT_EQ(clicks, 0);
-  EXPECT_EQ(ErrorOf([&] { view.SetSelectedItem(&foreign); }), 380);
-  EXPECT_EQ(view.SelectedItem(), nullptr);
 }
 
 TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
@@ -166,7 +149,6 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   row.ListSubItems().Add(0, "Code", "CBVILT2X");
   ListSubItem& amount = row.ListSubItems().Add(0, "Amount", "12,50");
   view.ListItems().Item(2).ListSubItems().Add(0, "Code", "HABALT22");  // another row: fine
-
   EXPECT_EQ(&row.ListSubItems().Item("Amount"), &amount);
   EXPECT_EQ(row.ListSubItems().Item(1).Text(), "CBVILT2X");
   EXPECT_EQ(amount.Index(), 2);
@@ -174,7 +156,6 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item("Nėra"); }), 35601);
   EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item(3); }), 35600);
   EXPECT_EQ(row.ListSubItems().Count(), 2);
-
   amount.SetTag(Variant::Null());
   amount.SetBold(true);
   EXPECT_TRUE(amount.Tag().IsNull());
@@ -220,18 +201,15 @@ TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrIns
   EXPECT_EQ(ErrorOf([&] { view.SetSortKey(-1); }), 380);
   EXPECT_EQ(view.SortOrder(), lvwAscending);
   EXPECT_EQ(view.SortKey(), 0);
-
   auto& columns = view.ColumnHeaders();
   columns.Add(0, "Name", "Pavadinimas", 3000, lvwColumnLeft);
   columns.Add(0, "Amount", "Suma", 1200, lvwColumnRight);
   ColumnHeader& code = columns.Add(1, "Code", "Kodas", 900, lvwColumnLeft);
-
   EXPECT_EQ(columns.Count(), 3);
   EXPECT_EQ(code.Index(), 1);
   EXPECT_EQ(columns.Item(2).Text(), "Pavadinimas");
   EXPECT_EQ(columns.Item("Amount").Alignment(), lvwColumnRight);
   EXPECT_EQ(columns.Item("Amount").Index(), 3);
-
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", 100, 3); }), 380);
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", -1, lvwColumnLeft); }), 380);
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "Code", "Dar", 100, lvwColumnLeft); }), 35602);
