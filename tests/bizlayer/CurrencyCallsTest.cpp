@@ -63,37 +63,35 @@ INSTANTIATE_TEST_SUITE_P(Currencies, CurrencyListTest,
                                            ListCase{"'2026-11-22'", "LTL", "3.4528"},
                                            ListCase{"'2026-11-22'", "GBP", ""}));
 
-TEST_F(CurrencyCallsTest, TheListCarriesTheFieldsTheRatesWindowReads) {
-  auto rs = Read("O0002200", "GetCurrencyList", "'2026-11-22'");
-  EXPECT_THAT(Column(*rs, "Code"), ElementsAre("EUR", "GBP", "LTL", "USD"));
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00022001", "O00022004", "O00022003", "O00022002"));
-  EXPECT_THAT(Column(*rs, "BaseCurrency"), ElementsAre("1", "0", "0", "0"));
-  EXPECT_THAT(Column(*rs, "FixedRate"), ElementsAre("1", "0", "3.4528", "0"));
-  EXPECT_THAT(Column(*rs, "State"),
-              ElementsAre("Europos Sąjungos", "Didžiosios Britanijos", "Lietuvos", "JAV"));
-  EXPECT_THAT(Column(*rs, "OneCurr"), ElementsAre("euras", "svaras", "litas", "doleris"));
-}
+class CurrencyReadTest : public CurrencyCallsTest,
+                         public ::testing::WithParamInterface<ReadCase> {};
 
-TEST_F(CurrencyCallsTest, ByCodeFindsTheCodeHoweverItIsWritten) {
-  for (const char* param : {"USD", "usd", "'USD'", " USD"}) {
-    EXPECT_THAT(Column(*Read("O0002200", "GetCurrencyByCode", param), "OIDR"),
-                ElementsAre("O00022002"))
-        << param;
-  }
-  // No such code is an empty set: the currency object then tells the user.
-  EXPECT_EQ(Read("O0002200", "GetCurrencyByCode", "XYZ")->RecordCount(), 0);
-  EXPECT_EQ(Read("O0002200", "GetCurrencyByCode", "")->RecordCount(), 0);
-}
+TEST_P(CurrencyReadTest, AnswersTheRowsInOrder) { ExpectRead("O0002200", GetParam()); }
 
-TEST_F(CurrencyCallsTest, RatesOfAPeriodByCodeAndDay) {
-  auto rs = Read("O0002200", "GetCurrencyRates", "'2026-11-01','2026-11-30'");
-  EXPECT_THAT(Column(*rs, "Code"), ElementsAre("USD", "USD"));
-  EXPECT_THAT(Column(*rs, "Rate"), ElementsAre("1.05", "1.06"));
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("DateD").Value(), Variant(DateSerial(2026, 11, 20)));
-  EXPECT_EQ(Read("O0002200", "GetCurrencyRates", "'2026-11-21','2026-11-21'")->RecordCount(), 0);
-  EXPECT_EQ(Read("O0002200", "GetCurrencyRates", "'2026-11-30','2026-11-01'")->RecordCount(), 0);
-}
+INSTANTIATE_TEST_SUITE_P(
+    Currencies, CurrencyReadTest,
+    ::testing::Values(
+        // The fields the rates window reads.
+        ReadCase{"GetCurrencyList", "'2026-11-22'",
+                 {{"Code", {"EUR", "GBP", "LTL", "USD"}},
+                  {"OIDR", {"O00022001", "O00022004", "O00022003", "O00022002"}},
+                  {"BaseCurrency", {"1", "0", "0", "0"}}, {"FixedRate", {"1", "0", "3.4528", "0"}},
+                  {"State", {"Europos Sąjungos", "Didžiosios Britanijos", "Lietuvos", "JAV"}},
+                  {"OneCurr", {"euras", "svaras", "litas", "doleris"}}}},
+        // A code however it is written; no such code is an empty set, which
+        // the currency object then tells the user.
+        ReadCase{"GetCurrencyByCode", "USD", {{"OIDR", {"O00022002"}}}},
+        ReadCase{"GetCurrencyByCode", "usd", {{"OIDR", {"O00022002"}}}},
+        ReadCase{"GetCurrencyByCode", "'USD'", {{"OIDR", {"O00022002"}}}},
+        ReadCase{"GetCurrencyByCode", " USD", {{"OIDR", {"O00022002"}}}},
+        ReadCase{"GetCurrencyByCode", "XYZ", {{"OIDR", {}}}},
+        ReadCase{"GetCurrencyByCode", "", {{"OIDR", {}}}},
+        // The rates of a period by code and day.
+        ReadCase{"GetCurrencyRates", "'2026-11-01','2026-11-30'",
+                 {{"Code", {"USD", "USD"}}, {"Rate", {"1.05", "1.06"}},
+                  {"DateD", {"2026-11-20", "2026-11-22"}}}},
+        ReadCase{"GetCurrencyRates", "'2026-11-21','2026-11-21'", {{"Code", {}}}},
+        ReadCase{"GetCurrencyRates", "'2026-11-30','2026-11-01'", {{"Code", {}}}}));
 
 TEST_F(CurrencyCallsTest, SaveDayRateAddsADayAndOverwritesAnExistingOne) {
   auto status = Type("O0002200").ExecCall("SaveDayRate", "'USD','2026-11-23',1.0825", 0);

@@ -64,65 +64,6 @@ class GoodsCallsTest : public CatalogueCallsFixture, public ::testing::Test {
   }
 };
 
-// "GetStructuredCode" with the ParentID text the module sends.
-struct StructuredCase {
-  const char* param;
-  const char* parentCode;  // "" for Null
-  const char* maxCode;     // nullptr for Null: an empty group
-};
-
-class StructuredCodeTest : public GoodsCallsTest,
-                           public ::testing::WithParamInterface<StructuredCase> {};
-
-TEST_P(StructuredCodeTest, AnswersTheParentCodeAndTheHighestCodeUnderIt) {
-  const auto& c = GetParam();
-  auto rs = Read("O0000200", "GetStructuredCode", c.param);
-  ASSERT_NE(rs, nullptr);
-  ASSERT_EQ(rs->RecordCount(), 1);
-  rs->MoveFirst();
-  EXPECT_EQ(ConcatText(rs->Fields("PARENTCODE").Value()), c.parentCode);
-  if (c.maxCode) {
-    EXPECT_EQ(ConcatText(rs->Fields("MAXCODE").Value()), c.maxCode);
-  } else {
-    EXPECT_TRUE(rs->Fields("MAXCODE").Value().IsNull());
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Goods, StructuredCodeTest,
-                         ::testing::Values(StructuredCase{"1", "12", "1208"},
-                                           StructuredCase{"4", "1208", "120801"},
-                                           StructuredCase{"0", "", "13"},
-                                           StructuredCase{"", "", "13"},
-                                           StructuredCase{"7", "13", nullptr}));
-
-// A group's list gives each good its tax rate as a whole percent, whether
-// its price holds the tax, what is left in its open lots (nothing for a good
-// never bought) and its place in the tree: the group card's columns and its
-// drop come from these. VAT is Null for the general rate (21 %); the rate in
-// force (VatRate) and VAT follow each other.
-TEST_F(GoodsCallsTest, AGroupsListCarriesTheTaxRatePriceKindRestAndPlace) {
-  Insert("UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3)", {});
-  Insert("UPDATE goods SET VatRate = 9.0 WHERE ID = 4", {});
-  Insert("UPDATE goods SET VAT = 5 WHERE ID = 3", {});
-  auto list = Read("O0000200", "Orvel_GetObjectList", "'O00002001'");
-  ASSERT_NE(list, nullptr);
-  EXPECT_THAT(Column(*list, "Preview"), ElementsAre("Pieno produktai", "Pienas", "Sūris 'Džiugas'"));
-  EXPECT_THAT(Column(*list, "VAT"), ElementsAre("9", "5", ""));
-  EXPECT_THAT(Column(*list, "PriceWithVAT"), ElementsAre("False", "True", "False"));
-  EXPECT_THAT(Column(*list, "Rest"), ElementsAre("", "", "4"));
-  EXPECT_THAT(Column(*list, "OwnCode"), ElementsAre("/1/4/", "/1/3/", "/1/2/"));
-  EXPECT_EQ(Text(One("SELECT VatRate FROM goods WHERE ID = 3")), "5");
-  auto card = Read("O0000200", "Orvel_ReadObject", "'O00002005'");
-  ASSERT_NE(card, nullptr);
-  EXPECT_EQ(Text(card->Fields("OwnCode").Value()), "/1/4/5/");
-  // A new record carries the fields the card primes from its group.
-  auto fresh = Read("O0000200", "Orvel_NewObject", "'O0000200'");
-  ASSERT_NE(fresh, nullptr);
-  EXPECT_TRUE(fresh->Fields("VAT").Value().IsNull());
-  EXPECT_EQ(Text(fresh->Fields("AmountPrecision").Value()), "2");
-  EXPECT_EQ(Text(fresh->Fields("PriceWithVAT").Value()), "False");
-}
-
 // The group changes with the argument as the price and guarantee dialogs
 // build it; the prices of goods 2, 3 and 5 after it.
 struct GroupChangeCase {
@@ -188,6 +129,30 @@ TEST_P(GoodsReadTest, AnswersTheRowsInOrder) { ExpectRead("O0000200", GetParam()
 INSTANTIATE_TEST_SUITE_P(
     Goods, GoodsReadTest,
     ::testing::Values(
+        // The ParentID text the module sends: the parent's code and the
+        // highest code under it ("" for an empty group).
+        ReadCase{"GetStructuredCode", "1", {{"PARENTCODE", {"12"}}, {"MAXCODE", {"1208"}}}},
+        ReadCase{"GetStructuredCode", "4", {{"PARENTCODE", {"1208"}}, {"MAXCODE", {"120801"}}}},
+        ReadCase{"GetStructuredCode", "0", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
+        ReadCase{"GetStructuredCode", "", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
+        ReadCase{"GetStructuredCode", "7", {{"PARENTCODE", {"13"}}, {"MAXCODE", {""}}}},
+        // A group's list gives each good its tax rate as a whole percent,
+        // whether its price holds the tax, what is left in its open lots
+        // (nothing for a good never bought) and its place in the tree: the
+        // group card's columns and its drop come from these. VAT is Null for
+        // the general rate (21 %); the rate in force (VatRate) and VAT follow
+        // each other.
+        ReadCase{"Orvel_GetObjectList", "'O00002001'",
+                 {{"Preview", {"Pieno produktai", "Pienas", "Sūris 'Džiugas'"}},
+                  {"VAT", {"9", "5", ""}}, {"PriceWithVAT", {"False", "True", "False"}},
+                  {"Rest", {"", "", "4"}}, {"OwnCode", {"/1/4/", "/1/3/", "/1/2/"}},
+                  {"VatRate", {"9", "5", "21"}}},
+                 "UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3);"
+                 " UPDATE goods SET VatRate = 9.0 WHERE ID = 4; UPDATE goods SET VAT = 5 WHERE ID = 3"},
+        ReadCase{"Orvel_ReadObject", "'O00002005'", {{"OwnCode", {"/1/4/5/"}}}},
+        // A new record carries the fields the card primes from its group.
+        ReadCase{"Orvel_NewObject", "'O0000200'",
+                 {{"VAT", {""}}, {"AmountPrecision", {"2"}}, {"PriceWithVAT", {"False"}}}},
         ReadCase{"GetVatFactor", "O00002002", {{"Value", {"21"}}}},
         ReadCase{"GetVatFactor", "O00002002", {{"Value", {"9"}}},
                  "UPDATE settings SET Value = '9' WHERE Name = 'VatFactor'"},

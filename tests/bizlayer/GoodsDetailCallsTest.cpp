@@ -48,29 +48,28 @@ class GoodsDetailCallsTest : public CatalogueCallsFixture, public ::testing::Tes
   }
 };
 
-TEST_F(GoodsDetailCallsTest, TemplatesOfTheGroupAreInheritedWithoutARecord) {
-  auto rs = Read("O0000200", "GetGoodBRTemplates", "O00002002");
-  EXPECT_THAT(Column(*rs, "GoodBRTemplateTypeName"), ElementsAre("Pardavimas", "Pirkimas"));
-  EXPECT_THAT(Column(*rs, "GoodBRTemplateTypeOIDR"), ElementsAre("O00008002", "O00008001"));
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("", "O00008001"));
-  EXPECT_THAT(Column(*rs, "ID"), ElementsAre("", "1"));
-  EXPECT_THAT(Column(*rs, "ID2"), ElementsAre("2", ""));
-  EXPECT_THAT(Column(*rs, "BRTemplateName"), ElementsAre("Paslaugos", "Prekės"));
-}
+class GoodsDetailReadTest : public GoodsDetailCallsTest,
+                            public ::testing::WithParamInterface<ReadCase> {};
 
-TEST_F(GoodsDetailCallsTest, DiscountsOfTheGroupFollowTheGoodsOwn) {
-  auto rs = Read("O0000200", "GetDiscounts", "O00002002");
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10006001", "O10006002"));
-  EXPECT_THAT(Column(*rs, "GoodName"), ElementsAre("", "Kanceliarija"));
-  EXPECT_THAT(Column(*rs, "Valid"), ElementsAre("True", "False"));
-  EXPECT_THAT(Column(*rs, "Percent"), ElementsAre("5", "3"));
-}
+TEST_P(GoodsDetailReadTest, AnswersTheRowsInOrder) { ExpectRead("O0000200", GetParam()); }
 
-TEST_F(GoodsDetailCallsTest, AGoodWithoutDetailsGetsEmptyLists) {
-  for (const char* call : {"GetMeasures", "GetMinAmount", "GetGoodBRTemplates", "GetDiscounts"}) {
-    EXPECT_EQ(Read("O0000200", call, "O00002003")->RecordCount(), 0) << call;
-  }
-}
+INSTANTIATE_TEST_SUITE_P(
+    Goods, GoodsDetailReadTest,
+    ::testing::Values(
+        // The group's templates are inherited without a record of the good's.
+        ReadCase{"GetGoodBRTemplates", "O00002002",
+                 {{"GoodBRTemplateTypeName", {"Pardavimas", "Pirkimas"}},
+                  {"GoodBRTemplateTypeOIDR", {"O00008002", "O00008001"}}, {"OIDR", {"", "O00008001"}},
+                  {"ID", {"", "1"}}, {"ID2", {"2", ""}}, {"BRTemplateName", {"Paslaugos", "Prekės"}}}},
+        // The group's discounts follow the good's own.
+        ReadCase{"GetDiscounts", "O00002002",
+                 {{"OIDR", {"O10006001", "O10006002"}}, {"GoodName", {"", "Kanceliarija"}},
+                  {"Valid", {"True", "False"}}, {"Percent", {"5", "3"}}}},
+        // A good without details gets empty lists.
+        ReadCase{"GetMeasures", "O00002003", {{"OIDR", {}}}},
+        ReadCase{"GetMinAmount", "O00002003", {{"OIDR", {}}}},
+        ReadCase{"GetGoodBRTemplates", "O00002003", {{"OIDR", {}}}},
+        ReadCase{"GetDiscounts", "O00002003", {{"OIDR", {}}}}));
 
 }  // namespace
 }  // namespace orvel
