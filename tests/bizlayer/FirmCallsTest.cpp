@@ -123,20 +123,16 @@ INSTANTIATE_TEST_SUITE_P(
     Firms, FirmListTest,
     ::testing::Values(
         // Groups first and always, whatever their own Active says.
-        ListCase{"'O0000100','',1,0,1", {"5", "1", "4"}},
-        ListCase{"'O00001001','',1,0,1", {"2"}},
-        ListCase{"'O00001001','',0,1,1", {"3"}},
-        ListCase{"'O00001001','',1,1,0", {"3", "2"}},
+        ListCase{"'O0000100','',1,0,1", {"5", "1", "4"}}, ListCase{"'O00001001','',1,0,1", {"2"}},
+        ListCase{"'O00001001','',0,1,1", {"3"}}, ListCase{"'O00001001','',1,1,0", {"3", "2"}},
         ListCase{"'O00001001','',1,1,2", {"2", "3"}},
         // Neither asked for: those in use, as the settings dialog shows it.
         ListCase{"'O00001001','',0,0,1", {"2"}},
         // The settings dialog's own list: every level.
         ListCase{"'','',1,0,2", {"5", "1", "2", "4"}},
         // A search finds records in and out of use.
-        ListCase{"'','ko',0,0", {"3"}},
-        ListCase{"'','a',0,1", {"4"}},
-        ListCase{"'','23',1,0", {"2"}},
-        ListCase{"'','23',1,1", {}},
+        ListCase{"'','ko',0,0", {"3"}}, ListCase{"'','a',0,1", {"4"}},
+        ListCase{"'','23',1,0", {"2"}}, ListCase{"'','23',1,1", {}},
         ListCase{"'','55',1,1", {"4"}}));
 
 class FirmReadTest : public FirmCallsTest, public ::testing::WithParamInterface<ReadCase> {};

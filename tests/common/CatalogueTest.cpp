@@ -20,15 +20,9 @@ namespace {
 
 TEST(Catalogue, KeyFilterDecimalLetsDigitsAndOneDecimalCommaThrough) {
   for (const auto& [key, text, expected] : {std::tuple<int, const char*, int>{'0', "", '0'},
-                                            {8, "1,5", 8},
-                                            {'.', "15", ','},
-                                            {',', "15", ','},
-                                            {'.', "1,5", 0},
-                                            {'-', "", 0},
-                                            {'a', "", 0},
-                                            {13, "1", 0},
-                                            {'9', "1,5", '9'},
-                                            {',', "1,5", 0},
+                                            {8, "1,5", 8}, {'.', "15", ','}, {',', "15", ','},
+                                            {'.', "1,5", 0}, {'-', "", 0}, {'a', "", 0},
+                                            {13, "1", 0}, {'9', "1,5", '9'}, {',', "1,5", 0},
                                             {' ', "1", 0}}) {
     EXPECT_EQ(KeyFilterDecimal(key, text), expected) << key << " into '" << text << "'";
   }
@@ -103,8 +97,7 @@ class CatalogueHostTest : public ModuleTest {
     table.Seed({{{"Name", Variant("kilogramas")},
                  {"CreatedByUser", Variant("Ona")},
                  {"CreationDate", Variant(DateSerial(2024, 3, 1))},
-                 {"UpdatedByUser", Variant::Null()},
-                 {"UpdateDate", Variant::Null()}},
+                 {"UpdatedByUser", Variant::Null()}, {"UpdateDate", Variant::Null()}},
                 {{"Name", Variant("metras")},
                  {"CreatedByUser", Variant("Ona")},
                  {"CreationDate", Variant(DateSerial(2024, 3, 1))},
