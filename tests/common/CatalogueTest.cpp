@@ -169,32 +169,6 @@ TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions
                        "paslaugų"}));
 }
 
-TEST_F(CatalogueHostTest, AskCloseWithoutSavingIsTrueOnlyOnYes) {
-  host_.Ui()->QueueAnswer(vbNo);
-  EXPECT_FALSE(AskCloseWithoutSaving("Padalinys"));
-  host_.Ui()->QueueAnswer(vbYes);
-  EXPECT_TRUE(AskCloseWithoutSaving("Padalinys"));
-  const auto& box = host_.Ui()->Boxes().back();
-  EXPECT_EQ(box.prompt, "Padalinys\n\nUždaryti be išsaugojimo?");
-  EXPECT_EQ(box.flags, 52);
-  EXPECT_EQ(box.title, "Orvel Apskaita");
-}
-
-TEST_F(CatalogueHostTest, DeleteObjectAskedDeletesOnYesAndClosesTheWindow) {
-  auto object = Object("O00004001");
-  ASSERT_NE(object, nullptr);
-  host_.Ui()->QueueAnswer(vbNo);
-  DeleteObjectAsked(*object);
-  EXPECT_TRUE(BO("O0000400").Table().Contains(1));
-
-  host_.Ui()->QueueAnswer(vbYes);
-  DeleteObjectAsked(*object);
-  EXPECT_FALSE(BO("O0000400").Table().Contains(1));
-  EXPECT_EQ(host_.Ui()->Boxes().back().prompt, "Ar tikrai norite panaikinti?\n\nkilogramas");
-  EXPECT_EQ(host_.Ui()->Boxes().back().flags, 52);
-  EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "RemoveWindow O00004001 False");
-}
-
 TEST_F(CatalogueHostTest, ShowReferenceShowsTheObjectOrClearsTheBox) {
   TextBox box("txtGroup");
   EXPECT_EQ(ShowReference("O00004002", &box), "metras");

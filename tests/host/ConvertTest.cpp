@@ -343,13 +343,6 @@ ORVEL_LOCALE_CASES(ConvertFormatNumber, FormatNumberCase{1234.5, 2, false, "1234
                    FormatNumberCase{0.125, 2, false, "0{d}13"},
                    FormatNumberCase{-0.004, 2, false, "0{d}00"});
 
-TEST(Convert, LithuanianGroupsWithNoBreakSpace) {
-  EXPECT_EQ(FormatNumber(1234567.5, 2, true, Locale::Lithuanian()),
-            "1\xC2\xA0"
-            "234\xC2\xA0"
-            "567,50");
-}
-
 struct SerialCase {
   int year, month, day;
   double serial;

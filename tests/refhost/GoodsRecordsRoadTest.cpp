@@ -69,9 +69,8 @@ class GoodsRecordsRoadCaseTest : public GoodsRecordsRoadTest,
 TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   const RoadCase& c = GetParam();
   auto card = OpenCard(oidr_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ListView* list = sheet->TabList(c.tab);
   ASSERT_NE(list, nullptr);
   const int before = list->ListItems().Count();
@@ -136,9 +135,8 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
   const Variant unit = Stored("SELECT m.Name FROM measures m JOIN goods_measures gm"
                               " ON gm.MeasureID = m.ID WHERE gm.ID = " + row);
   auto card = OpenCard("O0000200" + id_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ListView* list = sheet->TabList("Measures");
   ASSERT_NE(list, nullptr);
   ListItem* item = list->ListItems().Find("O0000400" + row);
@@ -161,9 +159,8 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
 // The dialog does not write a price without its amount, and says nothing.
 TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
   auto card = OpenCard(oidr_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
   FillDialogWith({{"GoodPriceTypeID", "1"}});
   RightClick(*sheet, "PRICES", {"Sukurti naują"});

@@ -109,9 +109,8 @@ TEST_P(TemplateRowTest, ARowIsWrittenOnlyWithARealTemplate) {
              " WHERE m.GroupFlag = 0 AND t.GoodBRTemplateTypeID = 1"));
   const std::string templateId = ConcatText(Stored(c.templateId));
   auto card = OpenCard("O0000200" + good, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   bool leftOpen = true;
   Terminal().SetModalRunner([&](Form& dialog) {
     auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
@@ -156,9 +155,8 @@ class DiscountRoadTest : public OtherTypesRoadTest {
 
 TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
   auto firmCard = OpenCard("O0000100" + firm_);
-  ASSERT_NE(firmCard, nullptr);
   auto sheet = SheetOf(firmCard);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(firmCard && sheet);
 
   RightClick(*sheet, "Discounts", "", {"Sukurti naują"});
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O1000600'"));
