@@ -13,7 +13,6 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 using FieldValues = std::vector<std::pair<std::string, Variant>>;
 
@@ -88,72 +87,10 @@ class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Tes
 
 // ---- new, read back, changed, deleted ------------------------------------
 
-// Minimum amounts and measure rows are added, listed, changed and deleted on
-// the road tests over the sample database; prices and templates here.
-
-struct RoundTripCase {
-  const char* name;
-  const char* oid;
-  const char* listCall;
-  FieldValues fields;   // besides GoodID
-  const char* preview;
-  const char* listField;
-  const char* listValue;
-  FieldValues change;
-  const char* changedPreview;
-  const char* changedListValue;
-};
-
-class GoodsRecordRoundTripTest : public GoodsRecordCallsTest,
-                                 public ::testing::WithParamInterface<RoundTripCase> {};
-
-TEST_P(GoodsRecordRoundTripTest, ANewRecordIsSavedReadChangedAndDeleted) {
-  const RoundTripCase& c = GetParam();
-  FieldValues fields = c.fields;
-  fields.emplace_back("GoodID", Variant(2));
-  const std::string oidr = Made(c.oid, fields);
-  ASSERT_FALSE(oidr.empty());
-  auto record = Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'");
-  ASSERT_NE(record, nullptr);
-  EXPECT_EQ(ConcatText(record->Fields("OIDR").Value()), oidr);
-  EXPECT_EQ(ConcatText(record->Fields("Preview").Value()), c.preview);
-  EXPECT_EQ(record->Fields("GoodID").Value().NumberValue(), 2);
-  for (const auto& [name, value] : c.fields) {
-    EXPECT_EQ(Text(record->Fields(name).Value()), Text(value)) << name;
-  }
-  auto list = Read("O0000200", c.listCall, "O00002002");
-  EXPECT_THAT(Column(*list, "OIDR"), ElementsAre(oidr));
-  EXPECT_THAT(Column(*list, c.listField), ElementsAre(c.listValue));
-  EXPECT_EQ(Read("O0000200", c.listCall, "O00002003")->RecordCount(), 0);
-  for (const auto& [name, value] : c.change) record->Fields(name).SetValue(value);
-  OrvelStatus status = Save(c.oid, oidr, record);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_EQ(ConcatText(Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'")->Fields("Preview").Value()),
-            c.changedPreview);
-  EXPECT_THAT(Column(*Read("O0000200", c.listCall, "O00002002"), c.listField),
-              ElementsAre(c.changedListValue));
-  status = Type(c.oid).ExecCall("Orvel_DeleteObject", "'" + oidr + "'", 0);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_THAT(Column(*Read("O0000200", c.listCall, "O00002002"), "OIDR"), IsEmpty());
-  EXPECT_EQ(Type(c.oid).GetCall("Orvel_ReadObject", "'" + oidr + "'", 0).Number,
-            TableBusinessObject::kRecordNotFound);
-}
+// Prices, minimum amounts, measure and template rows are added, listed,
+// changed and deleted on the road tests over the sample database.
 
 const Variant k0(0), k1(1), k2(2);
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, GoodsRecordRoundTripTest,
-    ::testing::Values(
-        RoundTripCase{"Price", "O0000600", "GetPrices",
-                      {{"GoodPriceTypeID", k2}, {"Price", Variant(12.5)}}, "Didmeninė", "Preview",
-                      "Didmeninė",
-                      {{"GoodPriceTypeID", Variant(4)}, {"Price", Variant(9.99)}}, "Klientų 'VIP'",
-                      "Klientų 'VIP'"},
-        RoundTripCase{"Template", "O0000800", "GetGoodBRTemplates",
-                      {{"GoodBRTemplateTypeID", k2}, {"BRTemplateID", k1}}, "Pardavimas",
-                      "BRTemplateName", "Prekės", {{"BRTemplateID", k2}}, "Pardavimas",
-                      "Paslaugos"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(GoodsRecordCallsTest, ADeletedGoodTakesItsRecordsAlong) {
   for (int good : {2, 3}) {
