@@ -4,6 +4,7 @@
 
 #include <cstdio>
 #include <memory>
+#include <ostream>
 #include <string>
 #include <vector>
 
@@ -16,6 +17,16 @@
 #include "support/Sql.h"
 
 namespace orvel {
+
+// A read call as the module sends it and, for each field named, its value on
+// every row in order as text ("" for Null); `setup` is SQL run first.
+struct ReadCase {
+  const char* call;
+  const char* param;
+  std::vector<std::pair<const char*, std::vector<std::string>>> columns;
+  const char* setup = nullptr;
+};
+inline void PrintTo(const ReadCase& c, std::ostream* os) { *os << c.call << " " << c.param; }
 
 // An empty reference schema in memory with its business layer; each test
 // puts in the few rows its calls read.
@@ -65,6 +76,15 @@ class CatalogueCallsFixture {
     std::vector<std::string> out;
     for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) out.push_back(Text(rs.Fields(field).Value()));
     return out;
+  }
+
+  void ExpectRead(const std::string& oid, const ReadCase& c) {
+    if (c.setup) db_->Exec(c.setup);
+    auto rs = Read(oid, c.call, c.param);
+    ASSERT_NE(rs, nullptr);
+    for (const auto& [field, values] : c.columns) {
+      EXPECT_EQ(Column(*rs, field), values) << c.call << " [" << c.param << "] " << field;
+    }
   }
 
   // Every row of the tables that the catalogues' calls write, as text: equal

@@ -96,32 +96,26 @@ TEST_P(SaveTemplatesTest, OneMethodAddsChangesAndDeletes) {
   EXPECT_EQ(Attached(), c.attached);
 }
 
+// What a refused call leaves: the group's one row.
+const std::vector<std::string> kKept{"1:1:1:1"};
+
 INSTANTIATE_TEST_SUITE_P(
     Params, SaveTemplatesTest,
     ::testing::Values(
-        SaveCase{"NewRow",
-                 "'O00016153','O02015002','O02016002','O10002001',0",
-                 0,
+        SaveCase{"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0,
                  {"1:1:1:1", "3:2:2:1"}},
-        SaveCase{"NewRowWithoutGroup",
-                 "'O00016153','O02015001','O02016001','',0",
-                 0,
+        SaveCase{"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0,
                  {"1:1:1:1", "3:1:1:"}},
         SaveCase{"Update", "'O00016151','O02015001','O02016002','',1", 0, {"1:1:2:"}},
         SaveCase{"Delete", "'O00016151','O02015001','','',1", 0, {}},
         SaveCase{"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, {"1:1:1:1"}},
-        SaveCase{
-            "GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, {"1:1:1:1"}},
-        SaveCase{"SameTypeAndGroupTwice",
-                 "'O00016151','O02015001','O02016002','O10002001',0",
-                 777,
-                 {"1:1:1:1"}},
-        SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, {"1:1:1:1"}},
-        SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, {"1:1:1:1"}},
-        SaveCase{
-            "NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, {"1:1:1:1"}},
-        SaveCase{
-            "UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, {"1:1:1:1"}}),
+        SaveCase{"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
+        SaveCase{"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777,
+                 kKept},
+        SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
+        SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
+        SaveCase{"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
+        SaveCase{"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}),
     [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {

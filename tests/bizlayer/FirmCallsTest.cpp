@@ -123,44 +123,58 @@ INSTANTIATE_TEST_SUITE_P(
     Firms, FirmListTest,
     ::testing::Values(
         // Groups first and always, whatever their own Active says.
-        ListCase{"'O0000100','',1,0,1", {"5", "1", "4"}},
-        ListCase{"'O00001001','',1,0,1", {"2"}},
-        ListCase{"'O00001001','',0,1,1", {"3"}},
-        ListCase{"'O00001001','',1,1,0", {"3", "2"}},
+        ListCase{"'O0000100','',1,0,1", {"5", "1", "4"}}, ListCase{"'O00001001','',1,0,1", {"2"}},
+        ListCase{"'O00001001','',0,1,1", {"3"}}, ListCase{"'O00001001','',1,1,0", {"3", "2"}},
         ListCase{"'O00001001','',1,1,2", {"2", "3"}},
         // Neither asked for: those in use, as the settings dialog shows it.
         ListCase{"'O00001001','',0,0,1", {"2"}},
         // The settings dialog's own list: every level.
         ListCase{"'','',1,0,2", {"5", "1", "2", "4"}},
         // A search finds records in and out of use.
-        ListCase{"'','ko',0,0", {"3"}},
-        ListCase{"'','a',0,1", {"4"}},
-        ListCase{"'','23',1,0", {"2"}},
-        ListCase{"'','23',1,1", {}},
+        ListCase{"'','ko',0,0", {"3"}}, ListCase{"'','a',0,1", {"4"}},
+        ListCase{"'','23',1,0", {"2"}}, ListCase{"'','23',1,1", {}},
         ListCase{"'','55',1,1", {"4"}}));
 
-TEST_F(FirmCallsTest, TypeAndRegionOfTheTopOrAGroupWithoutThemGiveNothingToCopy) {
-  EXPECT_EQ(Read("O0000100", "GetTypeAndRegion", "0")->RecordCount(), 0);
-  auto rs = Read("O0000100", "GetTypeAndRegion", "5");
-  ASSERT_EQ(rs->RecordCount(), 1);
-  EXPECT_TRUE(rs->Fields("FirmTypeId").Value().IsNull());
-}
+class FirmReadTest : public FirmCallsTest, public ::testing::WithParamInterface<ReadCase> {};
 
-TEST_F(FirmCallsTest, NotesInForceComeFirstThenByPriority) {
-  const char* note =
-      "INSERT INTO firm_info (FirmID, Info, DateFrom, DateTo, UserName, Priority)"
-      " VALUES (2, ?, ?, ?, 'admin', ?)";
-  Insert(note, {"Sena pastaba", DateSerial(2020, 1, 1), Variant::Null(), 1});
-  Insert(note, {"Pasibaigusi", DateSerial(2019, 1, 1), DateSerial(2020, 1, 1), 3});
-  Insert(note, {"O'Brien skambino", DateSerial(2021, 1, 1), DateSerial(2999, 1, 1), 2});
-  auto all = Read("O0000100", "GetFirmInfo", "'O00001002',0");
-  EXPECT_THAT(Column(*all, "Info"), ElementsAre("O'Brien skambino", "Sena pastaba", "Pasibaigusi"));
-  all->MoveFirst();
-  EXPECT_EQ(all->Fields("DateTo").Value(), Variant(DateSerial(2999, 1, 1)));
-  EXPECT_THAT(Column(*Read("O0000100", "GetFirmInfo", "'O00001002',1"), "Info"),
-              ElementsAre("Sena pastaba"));
-  EXPECT_EQ(Read("O0000100", "GetFirmInfo", "'O00001004',0")->RecordCount(), 0);
-}
+TEST_P(FirmReadTest, AnswersTheRowsInOrder) { ExpectRead("O0000100", GetParam()); }
+
+// Firm 2's notes: one in force, one ended, one in force with a higher
+// priority and an end ahead.
+const char* kNotes =
+    "INSERT INTO firm_info (FirmID, Info, DateFrom, DateTo, UserName, Priority) VALUES"
+    " (2, 'Sena pastaba', '2020-01-01', NULL, 'admin', 1),"
+    " (2, 'Pasibaigusi', '2019-01-01', '2020-01-01', 'admin', 3),"
+    " (2, 'O''Brien skambino', '2021-01-01', '2999-01-01', 'admin', 2)";
+
+INSTANTIATE_TEST_SUITE_P(
+    Firms, FirmReadTest,
+    ::testing::Values(
+        // The top, or a group without a type and region, gives nothing to copy.
+        ReadCase{"GetTypeAndRegion", "0", {{"FirmTypeId", {}}}},
+        ReadCase{"GetTypeAndRegion", "5", {{"FirmTypeId", {""}}}},
+        // Notes in force come first, then by priority.
+        ReadCase{"GetFirmInfo", "'O00001002',0",
+                 {{"Info", {"O'Brien skambino", "Sena pastaba", "Pasibaigusi"}},
+                  {"DateTo", {"2999-01-01", "", "2020-01-01"}}}, kNotes},
+        ReadCase{"GetFirmInfo", "'O00001002',1", {{"Info", {"Sena pastaba"}}}, kNotes},
+        ReadCase{"GetFirmInfo", "'O00001004',0", {{"Info", {}}}, kNotes},
+        ReadCase{"GetFirms", "O00001001",
+                 {{"Preview", {"O'Brien ir Ko", "UAB Alfa"}}, {"OIDR", {"O00001003", "O00001002"}}}},
+        ReadCase{"GetFirms", "O0000100", {{"Preview", {"Pirkėjai", "Tiekėjai", "AB Beta"}}}},
+        // The period's documents oldest first; the default end of an open
+        // period, and the dotted form of a date.
+        ReadCase{"GetTraffic", "'O00001002','2020-01-01','2020-02-29'",
+                 {{"Number", {"PSF1", "AVG1"}}, {"OIDR", {"O10001001", "O10003003"}},
+                  {"Date", {"2020-01-15", "2020-02-01"}}, {"Debt", {"150", "20"}}}},
+        ReadCase{"GetTraffic", "'O00001002','2020.01.01','9999-12-31'",
+                 {{"Number", {"PSF1", "AVG1", "PIR1", "PSF2"}}}},
+        // Goods found through the firm's document lines.
+        ReadCase{"GetFindGoods", "'O00001002','DUONA'",
+                 {{"GoodName", {"Duona balta", "Duona balta"}}, {"Number", {"PSF2", "PSF1"}},
+                  {"OIDR", {"O00002001", "O00002001"}}}},
+        ReadCase{"GetFindGoods", "'O00001002',''", {{"Number", {"PSF2", "PIR1", "PSF1"}}}},
+        ReadCase{"GetFindGoods", "'O00001004','Duona'", {{"Number", {}}}}));
 
 TEST_F(FirmCallsTest, DeleteFirmInfoRemovesOneNote) {
   const char* note = "INSERT INTO firm_info (FirmID, Info) VALUES (2, ?)";
@@ -170,35 +184,6 @@ TEST_F(FirmCallsTest, DeleteFirmInfoRemovesOneNote) {
   EXPECT_EQ(status.Number, 0) << status.Text;
   EXPECT_THAT(Column(*Read("O0000100", "GetFirmInfo", "'O00001002',0"), "Info"),
               ElementsAre("antra"));
-}
-
-TEST_F(FirmCallsTest, GroupMembersAndTheTopLevel) {
-  auto members = Read("O0000100", "GetFirms", "O00001001");
-  EXPECT_THAT(Column(*members, "Preview"), ElementsAre("O'Brien ir Ko", "UAB Alfa"));
-  EXPECT_THAT(Column(*members, "OIDR"), ElementsAre("O00001003", "O00001002"));
-  EXPECT_THAT(Column(*Read("O0000100", "GetFirms", "O0000100"), "Preview"),
-              ElementsAre("Pirkėjai", "Tiekėjai", "AB Beta"));
-}
-
-TEST_F(FirmCallsTest, TrafficIsThePeriodsDocumentsOldestFirst) {
-  auto rs = Read("O0000100", "GetTraffic", "'O00001002','2020-01-01','2020-02-29'");
-  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF1", "AVG1"));
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10001001", "O10003003"));
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2020, 1, 15)));
-  EXPECT_EQ(CDbl(rs->Fields("Debt").Value()), 150.0);
-  // The default end of an open period, and the dotted form of a date.
-  EXPECT_EQ(Read("O0000100", "GetTraffic", "'O00001002','2020.01.01','9999-12-31'")->RecordCount(),
-            4);
-}
-
-TEST_F(FirmCallsTest, FindGoodsLooksThroughTheFirmsDocumentLines) {
-  auto rs = Read("O0000100", "GetFindGoods", "'O00001002','DUONA'");
-  EXPECT_THAT(Column(*rs, "GoodName"), ElementsAre("Duona balta", "Duona balta"));
-  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF2", "PSF1"));
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O00002001", "O00002001"));
-  EXPECT_EQ(Read("O0000100", "GetFindGoods", "'O00001002',''")->RecordCount(), 3);
-  EXPECT_EQ(Read("O0000100", "GetFindGoods", "'O00001004','Duona'")->RecordCount(), 0);
 }
 
 TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {

@@ -140,19 +140,18 @@ TEST_P(FirmDetailBadNoteTest, IsRefusedAndChangesNothing) {
   EXPECT_EQ(Notes(), before);
 }
 
+constexpr int32_t kBadCall = TableBusinessObject::kBadCall;
+constexpr int32_t kNotFound = TableBusinessObject::kRecordNotFound;
+
 INSTANTIATE_TEST_SUITE_P(
     Cases, FirmDetailBadNoteTest,
     ::testing::Values(
-        BadNoteCase{"PriorityZero", "0,'A','20260101',Null,2,1,0", TableBusinessObject::kBadCall},
-        BadNoteCase{"PriorityFour", "0,'A','20260101',Null,2,1,4", TableBusinessObject::kBadCall},
-        BadNoteCase{"DayWithDashes", "0,'A','2026-01-01',Null,2,1,1",
-                    TableBusinessObject::kBadCall},
-        BadNoteCase{"EndsBeforeItStarts", "0,'A','20260201','20260131',2,1,1",
-                    TableBusinessObject::kBadCall},
-        BadNoteCase{"NoSuchNote", "7,'A','20260101',Null,2,1,1",
-                    TableBusinessObject::kRecordNotFound},
-        BadNoteCase{"AnotherFirmsNote", "1,'A','20260101',Null,3,1,1",
-                    TableBusinessObject::kRecordNotFound}),
+        BadNoteCase{"PriorityZero", "0,'A','20260101',Null,2,1,0", kBadCall},
+        BadNoteCase{"PriorityFour", "0,'A','20260101',Null,2,1,4", kBadCall},
+        BadNoteCase{"DayWithDashes", "0,'A','2026-01-01',Null,2,1,1", kBadCall},
+        BadNoteCase{"EndsBeforeItStarts", "0,'A','20260201','20260131',2,1,1", kBadCall},
+        BadNoteCase{"NoSuchNote", "7,'A','20260101',Null,2,1,1", kNotFound},
+        BadNoteCase{"AnotherFirmsNote", "1,'A','20260101',Null,3,1,1", kNotFound}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace

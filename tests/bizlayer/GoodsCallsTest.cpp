@@ -64,87 +64,6 @@ class GoodsCallsTest : public CatalogueCallsFixture, public ::testing::Test {
   }
 };
 
-// "GetStructuredCode" with the ParentID text the module sends.
-struct StructuredCase {
-  const char* param;
-  const char* parentCode;  // "" for Null
-  const char* maxCode;     // nullptr for Null: an empty group
-};
-
-class StructuredCodeTest : public GoodsCallsTest,
-                           public ::testing::WithParamInterface<StructuredCase> {};
-
-TEST_P(StructuredCodeTest, AnswersTheParentCodeAndTheHighestCodeUnderIt) {
-  const auto& c = GetParam();
-  auto rs = Read("O0000200", "GetStructuredCode", c.param);
-  ASSERT_NE(rs, nullptr);
-  ASSERT_EQ(rs->RecordCount(), 1);
-  rs->MoveFirst();
-  EXPECT_EQ(ConcatText(rs->Fields("PARENTCODE").Value()), c.parentCode);
-  if (c.maxCode) {
-    EXPECT_EQ(ConcatText(rs->Fields("MAXCODE").Value()), c.maxCode);
-  } else {
-    EXPECT_TRUE(rs->Fields("MAXCODE").Value().IsNull());
-  }
-}
-
-INSTANTIATE_TEST_SUITE_P(Goods, StructuredCodeTest,
-                         ::testing::Values(StructuredCase{"1", "12", "1208"},
-                                           StructuredCase{"4", "1208", "120801"},
-                                           StructuredCase{"0", "", "13"},
-                                           StructuredCase{"", "", "13"},
-                                           StructuredCase{"7", "13", nullptr}));
-
-// A group's list gives each good its tax rate as a whole percent, whether
-// its price holds the tax, what is left in its open lots (nothing for a good
-// never bought) and its place in the tree: the group card's columns and its
-// drop come from these. VAT is Null for the general rate (21 %); the rate in
-// force (VatRate) and VAT follow each other.
-TEST_F(GoodsCallsTest, AGroupsListCarriesTheTaxRatePriceKindRestAndPlace) {
-  Insert("UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3)", {});
-  Insert("UPDATE goods SET VatRate = 9.0 WHERE ID = 4", {});
-  Insert("UPDATE goods SET VAT = 5 WHERE ID = 3", {});
-  auto list = Read("O0000200", "Orvel_GetObjectList", "'O00002001'");
-  ASSERT_NE(list, nullptr);
-  EXPECT_THAT(Column(*list, "Preview"), ElementsAre("Pieno produktai", "Pienas", "Sūris 'Džiugas'"));
-  EXPECT_THAT(Column(*list, "VAT"), ElementsAre("9", "5", ""));
-  EXPECT_THAT(Column(*list, "PriceWithVAT"), ElementsAre("False", "True", "False"));
-  EXPECT_THAT(Column(*list, "Rest"), ElementsAre("", "", "4"));
-  EXPECT_THAT(Column(*list, "OwnCode"), ElementsAre("/1/4/", "/1/3/", "/1/2/"));
-  EXPECT_EQ(Text(One("SELECT VatRate FROM goods WHERE ID = 3")), "5");
-  auto card = Read("O0000200", "Orvel_ReadObject", "'O00002005'");
-  ASSERT_NE(card, nullptr);
-  EXPECT_EQ(Text(card->Fields("OwnCode").Value()), "/1/4/5/");
-  // A new record carries the fields the card primes from its group.
-  auto fresh = Read("O0000200", "Orvel_NewObject", "'O0000200'");
-  ASSERT_NE(fresh, nullptr);
-  EXPECT_TRUE(fresh->Fields("VAT").Value().IsNull());
-  EXPECT_EQ(Text(fresh->Fields("AmountPrecision").Value()), "2");
-  EXPECT_EQ(Text(fresh->Fields("PriceWithVAT").Value()), "False");
-}
-
-TEST_F(GoodsCallsTest, VatFactorIsTheDatabaseDefault) {
-  auto rs = Read("O0000200", "GetVatFactor", "O00002002");
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("Value").Value(), Variant(21));
-  Insert("UPDATE settings SET Value = '9' WHERE Name = 'VatFactor'", {});
-  rs = Read("O0000200", "GetVatFactor", "O00002002");
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("Value").Value(), Variant(9));
-}
-
-TEST_F(GoodsCallsTest, UsedInDocumentsCountsTheLinesOfAGoodOrAGroup) {
-  auto used = [&](const std::string& oidr) {
-    auto rs = Read("O0000200", "GetGoodIsUsedInDocuments", oidr);
-    rs->MoveFirst();
-    return Text(rs->Fields().Item(0).Value());
-  };
-  EXPECT_EQ(used("O00002002"), "3");
-  EXPECT_EQ(used("O00002003"), "0");
-  EXPECT_EQ(used("O00002001"), "4");
-  EXPECT_EQ(used(""), "0");
-}
-
 // The group changes with the argument as the price and guarantee dialogs
 // build it; the prices of goods 2, 3 and 5 after it.
 struct GroupChangeCase {
@@ -203,59 +122,78 @@ TEST_F(GoodsCallsTest, CopyGoodKeepsTheFieldsAndPricesButNotTheCodes) {
   EXPECT_THAT(Column(*prices, "OIDR")[0].rfind("O0000600", 0), 0u);
 }
 
-TEST_F(GoodsCallsTest, RestsListTheOpenLotsThenTheirTotal) {
-  auto rs = Read("O0000200", "GetRests", "O00002002");
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10002002", "O0000000"));
-  EXPECT_THAT(Column(*rs, "Rest"), ElementsAre("4", "4"));
-  EXPECT_THAT(Column(*rs, "Reserved"), ElementsAre("1", "1"));
-  EXPECT_THAT(Column(*rs, "Measure"), ElementsAre("vnt.", "vnt."));
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2026, 2, 10)));
-  EXPECT_EQ(ConcatText(rs->Fields("Addressee").Value()), "UAB Tiekėjas");
-  EXPECT_EQ(Text(rs->Fields("PriceSale").Value()), "10");
-  EXPECT_EQ(Read("O0000200", "GetRests", "O00002003")->RecordCount(), 0);
-}
+class GoodsReadTest : public GoodsCallsTest, public ::testing::WithParamInterface<ReadCase> {};
 
-TEST_F(GoodsCallsTest, HistoryEndsWithWhatIsLeft) {
-  auto rs = Read("O0000200", "GetGoodHistory", "3");  // from the sale's line
-  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PIR1", "PIR2", "PSF1", ""));
-  EXPECT_THAT(Column(*rs, "Sign"), ElementsAre("0", "0", "1", "2"));
-  EXPECT_THAT(Column(*rs, "Amount"), ElementsAre("10", "6", "12", "4"));
-  EXPECT_THAT(Column(*rs, "Suma"), ElementsAre("80", "51", "120", ""));
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("Date").Value(), Variant(DateSerial(2026, 1, 10)));
-}
+TEST_P(GoodsReadTest, AnswersTheRowsInOrder) { ExpectRead("O0000200", GetParam()); }
 
-TEST_F(GoodsCallsTest, TrafficOfAPeriodNewestFirstThenWhatCameInLessWhatWentOut) {
-  auto rs = Read("O0000200", "GetTraffic", "'O00002002','2026-02-01','9999-12-31'");
-  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PSF1", "PIR2", ""));
-  EXPECT_THAT(Column(*rs, "OIDR"), ElementsAre("O10001003", "O10002002", "O0000000"));
-  EXPECT_THAT(Column(*rs, "Sign"), ElementsAre("1", "0", "2"));
-  EXPECT_THAT(Column(*rs, "PurchaseID"), ElementsAre("0", "2", ""));
-  EXPECT_THAT(Column(*rs, "Amount"), ElementsAre("12", "6", "-6"));
-  // The sale costs the average purchase price: (10 x 8 + 6 x 8.5) / 16.
-  EXPECT_THAT(Column(*rs, "Cost"), ElementsAre("98.25", "51", ""));
-  EXPECT_THAT(Column(*rs, "SourcerName"), ElementsAre("", "UAB Tiekėjas", ""));
-  // A sale taken from a lot stands under it and costs the lot's price.
-  Insert("UPDATE document_lines SET PurchaseLineID = 2 WHERE ID = 3", {});
-  rs = Read("O0000200", "GetTraffic", "'O00002002','2026-02-01','9999-12-31'");
-  EXPECT_THAT(Column(*rs, "PurchaseID"), ElementsAre("2", "2", ""));
-  EXPECT_THAT(Column(*rs, "Cost"), ElementsAre("102", "51", ""));
-  rs->MoveFirst();
-  EXPECT_EQ(rs->Fields("PurchDate").Value(), Variant(DateSerial(2026, 2, 10)));
-  EXPECT_EQ(Read("O0000200", "GetTraffic", "'O00002003','2026-01-01','2026-12-31'")->RecordCount(),
-            0);
-}
-
-TEST_F(GoodsCallsTest, FindGoodsSearchesSerialNumbersUnderTheRecord) {
-  auto rs = Read("O0000200", "GetFindGoods", "'O00002002','SN''");
-  EXPECT_THAT(Column(*rs, "SN"), ElementsAre("SN'01", "SN'01"));
-  EXPECT_THAT(Column(*rs, "Number"), ElementsAre("PIR2", "PSF1"));
-  EXPECT_THAT(Column(*Read("O0000200", "GetFindGoods", "'O00002001','SN'"), "SN"),
-              ElementsAre("SN'01", "SN'01", "SN-77"));
-  EXPECT_THAT(Column(*Read("O0000200", "GetFindGoods", "'O00002004','SN'"), "GName"),
-              ElementsAre("Jogurtas"));
-}
+INSTANTIATE_TEST_SUITE_P(
+    Goods, GoodsReadTest,
+    ::testing::Values(
+        // The ParentID text the module sends: the parent's code and the
+        // highest code under it ("" for an empty group).
+        ReadCase{"GetStructuredCode", "1", {{"PARENTCODE", {"12"}}, {"MAXCODE", {"1208"}}}},
+        ReadCase{"GetStructuredCode", "4", {{"PARENTCODE", {"1208"}}, {"MAXCODE", {"120801"}}}},
+        ReadCase{"GetStructuredCode", "0", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
+        ReadCase{"GetStructuredCode", "", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
+        ReadCase{"GetStructuredCode", "7", {{"PARENTCODE", {"13"}}, {"MAXCODE", {""}}}},
+        // A group's list gives each good its tax rate as a whole percent,
+        // whether its price holds the tax, what is left in its open lots
+        // (nothing for a good never bought) and its place in the tree: the
+        // group card's columns and its drop come from these. VAT is Null for
+        // the general rate (21 %); the rate in force (VatRate) and VAT follow
+        // each other.
+        ReadCase{"Orvel_GetObjectList", "'O00002001'",
+                 {{"Preview", {"Pieno produktai", "Pienas", "Sūris 'Džiugas'"}},
+                  {"VAT", {"9", "5", ""}}, {"PriceWithVAT", {"False", "True", "False"}},
+                  {"Rest", {"", "", "4"}}, {"OwnCode", {"/1/4/", "/1/3/", "/1/2/"}},
+                  {"VatRate", {"9", "5", "21"}}},
+                 "UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3);"
+                 " UPDATE goods SET VatRate = 9.0 WHERE ID = 4; UPDATE goods SET VAT = 5 WHERE ID = 3"},
+        ReadCase{"Orvel_ReadObject", "'O00002005'", {{"OwnCode", {"/1/4/5/"}}}},
+        // A new record carries the fields the card primes from its group.
+        ReadCase{"Orvel_NewObject", "'O0000200'",
+                 {{"VAT", {""}}, {"AmountPrecision", {"2"}}, {"PriceWithVAT", {"False"}}}},
+        ReadCase{"GetVatFactor", "O00002002", {{"Value", {"21"}}}},
+        ReadCase{"GetVatFactor", "O00002002", {{"Value", {"9"}}},
+                 "UPDATE settings SET Value = '9' WHERE Name = 'VatFactor'"},
+        // The lines of a good or a group.
+        ReadCase{"GetGoodIsUsedInDocuments", "O00002002", {{"Used", {"3"}}}},
+        ReadCase{"GetGoodIsUsedInDocuments", "O00002003", {{"Used", {"0"}}}},
+        ReadCase{"GetGoodIsUsedInDocuments", "O00002001", {{"Used", {"4"}}}},
+        ReadCase{"GetGoodIsUsedInDocuments", "", {{"Used", {"0"}}}},
+        // The open lots, then their total.
+        ReadCase{"GetRests", "O00002002",
+                 {{"OIDR", {"O10002002", "O0000000"}}, {"Rest", {"4", "4"}},
+                  {"Reserved", {"1", "1"}}, {"Measure", {"vnt.", "vnt."}},
+                  {"Date", {"2026-02-10", ""}}, {"Addressee", {"UAB Tiekėjas", ""}},
+                  {"PriceSale", {"10", ""}}}},
+        ReadCase{"GetRests", "O00002003", {{"OIDR", {}}}},
+        // The history, from the sale's line, ends with what is left.
+        ReadCase{"GetGoodHistory", "3",
+                 {{"Number", {"PIR1", "PIR2", "PSF1", ""}}, {"Sign", {"0", "0", "1", "2"}},
+                  {"Amount", {"10", "6", "12", "4"}}, {"Suma", {"80", "51", "120", ""}},
+                  {"Date", {"2026-01-10", "2026-02-10", "2026-03-01", ""}}}},
+        // A period's traffic newest first, then what came in less what went
+        // out; the sale costs the average purchase price: (10 x 8 + 6 x 8.5) / 16.
+        ReadCase{"GetTraffic", "'O00002002','2026-02-01','9999-12-31'",
+                 {{"Number", {"PSF1", "PIR2", ""}}, {"OIDR", {"O10001003", "O10002002", "O0000000"}},
+                  {"Sign", {"1", "0", "2"}}, {"PurchaseID", {"0", "2", ""}},
+                  {"Amount", {"12", "6", "-6"}}, {"Cost", {"98.25", "51", ""}},
+                  {"SourcerName", {"", "UAB Tiekėjas", ""}}}},
+        // A sale taken from a lot stands under it and costs the lot's price.
+        ReadCase{"GetTraffic", "'O00002002','2026-02-01','9999-12-31'",
+                 {{"PurchaseID", {"2", "2", ""}}, {"Cost", {"102", "51", ""}},
+                  {"PurchDate", {"2026-02-10", "2026-02-10", ""}}},
+                 "UPDATE document_lines SET PurchaseLineID = 2 WHERE ID = 3"},
+        ReadCase{"GetTraffic", "'O00002003','2026-01-01','2026-12-31'", {{"OIDR", {}}}},
+        // Serial numbers under the record.
+        ReadCase{"GetFindGoods", "'O00002002','SN''",
+                 {{"SN", {"SN'01", "SN'01"}}, {"Number", {"PIR2", "PSF1"}}}},
+        ReadCase{"GetFindGoods", "'O00002001','SN'", {{"SN", {"SN'01", "SN'01", "SN-77"}}}},
+        ReadCase{"GetFindGoods", "'O00002004','SN'", {{"GName", {"Jogurtas"}}}},
+        // A list row says whether the good is kept by serial numbers.
+        ReadCase{"Orvel_GetObjectList", "'O00002001','',1,1,1,'',0,1,0",
+                 {{"WithItems", {"False", "False", "True"}}}, "UPDATE goods SET WithItems = (ID = 2)"}));
 
 // The list call as the catalogue sends it: the settings <Active>,<NotActive>,
 // <Code>,'<warehouse>',<ByWarehouse>,<ByCode>,<WithRest>, or a search with
@@ -313,13 +251,6 @@ INSTANTIATE_TEST_SUITE_P(
         GoodsListCase{"'','PRIST',0,1,1,'',0,0,0", {"9 ServiceNA"}},
         GoodsListCase{"'','120',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "5 GEXIST", "3 GoodNA"}},
         GoodsListCase{"'','08',1,0,1,'',0,1,0", {"4 Group", "5 GEXIST"}}));
-
-TEST_F(GoodsCallsTest, AListRowSaysWhetherTheGoodIsKeptBySerialNumbers) {
-  Insert("UPDATE goods SET WithItems = (ID = 2)", {});
-  EXPECT_THAT(Column(*Read("O0000200", "Orvel_GetObjectList", "'O00002001','',1,1,1,'',0,1,0"),
-                     "WithItems"),
-              ElementsAre("False", "False", "True"));
-}
 
 // List settings that cannot be read: the call's Number and text.
 struct ListRefusalCase {

@@ -1,24 +1,18 @@
 // A good's prices, minimum amounts and template rows as records of their own:
 // opened, saved, changed and deleted through the standard object calls with
 // the parameter strings the goods card's adapter sends, and seen in the
-// good's detail lists; a file of the previous version keeps its rows.
+// good's detail lists.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "CatalogueCallsFixture.h"
-#include "TempDatabase.h"
-#include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/SchemaParts.h"
-#include "bizlayer/Database.h"
-#include "host/MemoryRecordset.h"
 
 namespace orvel {
 namespace {
 
-using ::testing::Contains;
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
-using ::testing::IsEmpty;
 
 using FieldValues = std::vector<std::pair<std::string, Variant>>;
 
@@ -93,89 +87,10 @@ class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Tes
 
 // ---- new, read back, changed, deleted ------------------------------------
 
-// Minimum amounts and measure rows are added, listed, changed and deleted on
-// the road tests over the sample database; prices and templates here.
+// Prices, minimum amounts, measure and template rows are added, listed,
+// changed and deleted on the road tests over the sample database.
 
-struct RoundTripCase {
-  const char* name;
-  const char* oid;
-  const char* listCall;
-  FieldValues fields;   // besides GoodID
-  const char* preview;
-  const char* listField;
-  const char* listValue;
-  FieldValues change;
-  const char* changedPreview;
-  const char* changedListValue;
-};
-
-class GoodsRecordRoundTripTest : public GoodsRecordCallsTest,
-                                 public ::testing::WithParamInterface<RoundTripCase> {};
-
-TEST_P(GoodsRecordRoundTripTest, ANewRecordIsSavedReadChangedAndDeleted) {
-  const RoundTripCase& c = GetParam();
-  FieldValues fields = c.fields;
-  fields.emplace_back("GoodID", Variant(2));
-  const std::string oidr = Made(c.oid, fields);
-  ASSERT_FALSE(oidr.empty());
-
-  auto record = Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'");
-  ASSERT_NE(record, nullptr);
-  EXPECT_EQ(ConcatText(record->Fields("OIDR").Value()), oidr);
-  EXPECT_EQ(ConcatText(record->Fields("Preview").Value()), c.preview);
-  EXPECT_EQ(record->Fields("GoodID").Value().NumberValue(), 2);
-  for (const auto& [name, value] : c.fields) {
-    EXPECT_EQ(Text(record->Fields(name).Value()), Text(value)) << name;
-  }
-  auto list = Read("O0000200", c.listCall, "O00002002");
-  ASSERT_NE(list, nullptr);
-  EXPECT_THAT(Column(*list, "OIDR"), ElementsAre(oidr));
-  EXPECT_THAT(Column(*list, c.listField), ElementsAre(c.listValue));
-  auto other = Read("O0000200", c.listCall, "O00002003");
-  ASSERT_NE(other, nullptr);
-  EXPECT_EQ(other->RecordCount(), 0);
-
-  for (const auto& [name, value] : c.change) record->Fields(name).SetValue(value);
-  OrvelStatus status = Save(c.oid, oidr, record);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  auto changed = Read(c.oid, "Orvel_ReadObject", "'" + oidr + "'");
-  ASSERT_NE(changed, nullptr);
-  EXPECT_EQ(ConcatText(changed->Fields("Preview").Value()), c.changedPreview);
-  list = Read("O0000200", c.listCall, "O00002002");
-  EXPECT_THAT(Column(*list, c.listField), ElementsAre(c.changedListValue));
-
-  status = Type(c.oid).ExecCall("Orvel_DeleteObject", "'" + oidr + "'", 0);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  list = Read("O0000200", c.listCall, "O00002002");
-  EXPECT_THAT(Column(*list, "OIDR"), IsEmpty());
-  EXPECT_EQ(Type(c.oid).GetCall("Orvel_ReadObject", "'" + oidr + "'", 0).Number,
-            TableBusinessObject::kRecordNotFound);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, GoodsRecordRoundTripTest,
-    ::testing::Values(RoundTripCase{"Price",
-                                    "O0000600",
-                                    "GetPrices",
-                                    {{"GoodPriceTypeID", Variant(2)}, {"Price", Variant(12.5)}},
-                                    "Didmeninė",
-                                    "Preview",
-                                    "Didmeninė",
-                                    {{"GoodPriceTypeID", Variant(4)}, {"Price", Variant(9.99)}},
-                                    "Klientų 'VIP'",
-                                    "Klientų 'VIP'"},
-                      RoundTripCase{
-                          "Template",
-                          "O0000800",
-                          "GetGoodBRTemplates",
-                          {{"GoodBRTemplateTypeID", Variant(2)}, {"BRTemplateID", Variant(1)}},
-                          "Pardavimas",
-                          "BRTemplateName",
-                          "Prekės",
-                          {{"BRTemplateID", Variant(2)}},
-                          "Pardavimas",
-                          "Paslaugos"}),
-    [](const auto& info) { return std::string(info.param.name); });
+const Variant k0(0), k1(1), k2(2);
 
 TEST_F(GoodsRecordCallsTest, ADeletedGoodTakesItsRecordsAlong) {
   for (int good : {2, 3}) {
@@ -250,9 +165,7 @@ TEST_F(GoodsRecordCallsTest, APriceWrittenByNameGetsItsTypesId) {
 // ---- refused records -----------------------------------------------------
 
 struct RefusedCase {
-  const char* name;
   const char* oid;
-  const char* table;
   FieldValues fields;
   const char* reason;
 };
@@ -267,69 +180,35 @@ TEST_P(GoodsRecordRefusedTest, ABadRecordIsToldAndNothingIsWritten) {
   EXPECT_EQ(Create(c.oid, c.fields, &status), "");
   EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
   EXPECT_THAT(status.Text, HasSubstr(c.reason));
-  EXPECT_EQ(Rows(c.table), 0);
+  for (const char* table :
+       {"goods_prices", "goods_min_amounts", "goods_templates", "goods_measures"}) {
+    EXPECT_EQ(Rows(table), 0) << table;
+  }
   EXPECT_EQ(Snapshot(), before);
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Cases, GoodsRecordRefusedTest,
     ::testing::Values(
-        RefusedCase{"PriceWithoutGood",
-                    "O0000600",
-                    "goods_prices",
-                    {{"GoodPriceTypeID", Variant(1)}, {"Price", Variant(1)}},
+        RefusedCase{"O0000600", {{"GoodPriceTypeID", k1}, {"Price", k1}}, "Nenurodyta prekė"},
+        RefusedCase{"O0000600", {{"GoodID", Variant(99)}, {"GoodPriceTypeID", k1}},
                     "Nenurodyta prekė"},
-        RefusedCase{"PriceOfAnUnknownGood",
-                    "O0000600",
-                    "goods_prices",
-                    {{"GoodID", Variant(99)}, {"GoodPriceTypeID", Variant(1)}},
-                    "Nenurodyta prekė"},
-        RefusedCase{"UnknownPriceType",
-                    "O0000600",
-                    "goods_prices",
-                    {{"GoodID", Variant(2)}, {"GoodPriceTypeID", Variant(99)}},
+        RefusedCase{"O0000600", {{"GoodID", k2}, {"GoodPriceTypeID", Variant(99)}},
                     "Nėra tokio kainos tipo"},
-        RefusedCase{"WarehouseGroup",
-                    "O0000700",
-                    "goods_min_amounts",
-                    {{"GoodID", Variant(2)}, {"LocationID", Variant(2)}, {"MinAmount", Variant(1)}},
+        RefusedCase{"O0000700", {{"GoodID", k2}, {"LocationID", k2}, {"MinAmount", k1}},
                     "Nėra tokio sandėlio"},
-        RefusedCase{"UnknownTemplateType",
-                    "O0000800",
-                    "goods_templates",
-                    {{"GoodID", Variant(2)}, {"GoodBRTemplateTypeID", Variant(7)}},
+        RefusedCase{"O0000800", {{"GoodID", k2}, {"GoodBRTemplateTypeID", Variant(7)}},
                     "Nėra tokio šablono tipo"},
-        RefusedCase{"UnknownTemplate",
-                    "O0000800",
-                    "goods_templates",
-                    {{"GoodID", Variant(2)},
-                     {"GoodBRTemplateTypeID", Variant(1)},
-                     {"BRTemplateID", Variant(9)}},
+        RefusedCase{"O0000800",
+                    {{"GoodID", k2}, {"GoodBRTemplateTypeID", k1}, {"BRTemplateID", Variant(9)}},
                     "Nėra tokio šablono"},
-        RefusedCase{"MeasureOfAGroup",
-                    "O0000400",
-                    "goods_measures",
-                    {{"GoodID", Variant(1)}, {"MeasureID", Variant(2)}},
-                    "Nenurodyta prekė"},
-        RefusedCase{"UnknownUnit",
-                    "O0000400",
-                    "goods_measures",
-                    {{"GoodID", Variant(2)}, {"MeasureID", Variant(9)}},
+        RefusedCase{"O0000400", {{"GoodID", k1}, {"MeasureID", k2}}, "Nenurodyta prekė"},
+        RefusedCase{"O0000400", {{"GoodID", k2}, {"MeasureID", Variant(9)}},
                     "Nėra tokio matavimo vieneto"},
-        RefusedCase{"TheGoodsOwnUnit",
-                    "O0000400",
-                    "goods_measures",
-                    {{"GoodID", Variant(2)}, {"MeasureID", Variant(1)}},
+        RefusedCase{"O0000400", {{"GoodID", k2}, {"MeasureID", k1}},
                     "Šis matavimo vienetas prekei jau nurodytas"},
-        RefusedCase{"NoRatio",
-                    "O0000400",
-                    "goods_measures",
-                    {{"GoodID", Variant(2)},
-                     {"MeasureID", Variant(2)},
-                     {"Scale", Variant(0)},
-                     {"Scale2", Variant(0)}},
-                    "Santykis turi būti didesnis už nulį"}),
-    [](const auto& info) { return std::string(info.param.name); });
+        RefusedCase{"O0000400", {{"GoodID", k2}, {"MeasureID", k2}, {"Scale", k0}, {"Scale2", k0}},
+                    "Santykis turi būti didesnis už nulį"}));
 
 TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
   const std::string oidr = Made(
@@ -341,149 +220,6 @@ TEST_F(GoodsRecordCallsTest, AChangeToAnUnknownTypeKeepsTheRecordAsItWas) {
   EXPECT_EQ(Save("O0000600", oidr, record).Number, TableBusinessObject::kDatabaseError);
   EXPECT_EQ(Text(One("SELECT GoodPriceTypeID || '|' || Price || '|' || Name FROM goods_prices")),
             "1|7.0|Mažmeninė");
-}
-
-// ---- a file of the previous version --------------------------------------
-
-// The file as the previous version made it: prices a call table with NOT
-// NULL columns and foreign keys, minimum amounts and templates from the
-// goods-details part, none of the three described, every part before this
-// one made.
-void MakePreviousVersionFile(const std::string& path) {
-  SqliteDatabase db(path);
-  Transaction transaction(db);
-  ReferenceDatabase::CreateSchema(db);
-  db.Exec(
-      "DROP TABLE goods_prices; DROP TABLE goods_min_amounts; DROP TABLE goods_templates;"
-      "DROP VIEW document_invoices; DROP VIEW document_advances_received;"
-      "DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
-      "DELETE FROM field_descriptions WHERE StructureName IN ('GoodPrices', 'GoodMinAmounts',"
-      " 'GoodBRTemplates');"
-      "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
-      " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
-      " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
-  ReferenceDatabase::SeedSampleData(db);
-  // Units a flat table of names and codes, a good's measure rows made by the
-  // goods-details part, the good without the rate the card writes.
-  db.Exec(
-      "CREATE TABLE old_measures (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Code TEXT);"
-      "INSERT INTO old_measures SELECT ID, Name, Code FROM measures; DROP TABLE measures;"
-      "ALTER TABLE old_measures RENAME TO measures; DROP TABLE goods_measures;"
-      "ALTER TABLE goods DROP COLUMN VAT; ALTER TABLE goods DROP COLUMN PriceWithVAT;"
-      "ALTER TABLE goods DROP COLUMN AmountPrecision;"
-      "DELETE FROM field_descriptions WHERE StructureName IN ('Measures', 'GoodMeasures');");
-  db.Exec("CREATE TABLE schema_parts (Name TEXT PRIMARY KEY)");
-  for (const auto& part : SchemaParts()) {
-    if (part.name == "goods-detail-records") break;
-    if (part.create) part.create(db);
-    if (part.seed) part.seed(db);
-    auto made = db.Prepare("INSERT INTO schema_parts (Name) VALUES (?)");
-    made.Bind(1, Variant(part.name));
-    made.Run();
-  }
-  // A kept price type with an apostrophe, and a deleted last price whose ID
-  // must not be given again.
-  db.Exec(
-      "UPDATE goods_prices SET PriceType = 'Klientų ''VIP''' WHERE ID = 2;"
-      "INSERT INTO goods_prices (GoodID, PriceType, Currency, Price) SELECT GoodID, 'Laikina',"
-      " 'EUR', 1 FROM goods_prices WHERE ID = 1;"
-      "DELETE FROM goods_prices WHERE PriceType = 'Laikina';"
-      "PRAGMA user_version = " +
-      std::to_string(ReferenceDatabase::kSchemaVersion));
-  transaction.Commit();
-}
-
-TEST(GoodsRecordMigration, APreviousVersionFileKeepsItsRowsAndOpensTheRecords) {
-  TempDatabase file;
-  MakePreviousVersionFile(file.Path());
-  std::string prices;
-  std::string amounts;
-  double lastId = 0;
-  {
-    SqliteDatabase old(file.Path());
-    prices = RowsText(old,
-                  "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
-                  " ORDER BY ID");
-    amounts = RowsText(old, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts");
-    lastId = FirstValue(old, "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'").NumberValue();
-    ASSERT_GT(lastId, FirstValue(old, "SELECT MAX(ID) FROM goods_prices").NumberValue());
-  }
-  ASSERT_FALSE(amounts.empty());
-
-  auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(RowsText(*db,
-                 "SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices"
-                 " ORDER BY ID"),
-            prices);
-  EXPECT_EQ(RowsText(*db, "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts"), amounts);
-  EXPECT_EQ(FirstValue(*db,
-                "SELECT COUNT(*) FROM goods_prices WHERE GoodPriceTypeID IS NULL"
-                " OR Name IS NULL OR Name <> PriceType"),
-            Variant(0));
-  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM goods_prices WHERE ID = 2"), Variant("Klientų 'VIP'"));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM goods_min_amounts WHERE Name IS NULL"), Variant(0));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts WHERE Name = 'goods-detail-records'"),
-            Variant(1));
-
-  BusinessLayer layer(db);
-  layer.SetUserName("admin");
-  const std::string good = "O0000200" + ConcatText(FirstValue(*db,
-                                                       "SELECT GoodID FROM goods_prices"
-                                                       " WHERE ID = 2"));
-  auto list = layer.BusinessObject("O0000200")->GetCall("GetPrices", good, 0);
-  ASSERT_EQ(list.Number, 0) << list.Text;
-  auto listed = std::dynamic_pointer_cast<Recordset>(list.Object);
-  std::vector<std::string> keys;
-  for (listed->MoveFirst(); !listed->IsEOF(); listed->MoveNext()) {
-    keys.push_back(ConcatText(listed->Fields("OIDR").Value()));
-  }
-  EXPECT_THAT(keys, Contains("O00006002"));
-
-  // A price as the card writes it is taken under the old constraints, and
-  // takes an ID never given before.
-  auto prices600 = layer.BusinessObject("O0000600");
-  auto structure = prices600->RecordsetCall("Orvel_GetObjectStructure", "GoodPrices", 0);
-  ASSERT_EQ(structure.Number, 0);
-  EXPECT_EQ(std::dynamic_pointer_cast<Recordset>(structure.Object)->RecordCount(), 8);
-  auto fresh = std::dynamic_pointer_cast<Recordset>(
-      prices600->GetCall("Orvel_NewObject", "'O0000600'", 0).Object);
-  ASSERT_NE(fresh, nullptr);
-  fresh->Fields("GoodID").SetValue(Variant(CLng(Variant(good.substr(8)))));
-  fresh->Fields("GoodPriceTypeID").SetValue(Variant(1));
-  fresh->Fields("Price").SetValue(Variant(2.5));
-  Variant::Array array{Variant(fresh), Variant(std::shared_ptr<Recordset>()),
-                       Variant(std::shared_ptr<Recordset>())};
-  auto saved = prices600->ExecArrayCall("Orvel_SaveObject", "'O0000600',''", array);
-  ASSERT_EQ(saved.Number, 0) << saved.Text;
-  EXPECT_GT(fresh->Fields("ID").Value().NumberValue(), lastId);
-  EXPECT_EQ(ConcatText(FirstValue(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC")),
-            "Mažmeninė");
-  auto read = prices600->GetCall("Orvel_ReadObject", "'O00006002'", 0);
-  EXPECT_EQ(read.Number, 0) << read.Text;
-
-  // The units became the book, their IDs kept; the measure rows its records.
-  EXPECT_EQ(FirstValue(*db, "SELECT ID || '|' || Name || '|' || MeasureType FROM measures"
-                     " WHERE Code = 'pak.'"),
-            Variant("7|pakuotė|1"));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'"),
-            Variant(1));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
-                     " OR AmountPrecision IS NULL"),
-            Variant(0));
-  const std::string measured =
-      "O0000200" + ConcatText(FirstValue(*db, "SELECT MIN(GoodID) FROM goods_measures"));
-  auto measures = layer.BusinessObject("O0000200")->GetCall("GetMeasures", measured, 0);
-  ASSERT_EQ(measures.Number, 0) << measures.Text;
-  auto rows = std::dynamic_pointer_cast<Recordset>(measures.Object);
-  ASSERT_EQ(rows->RecordCount(), 1);
-  rows->MoveFirst();
-  const std::string row = ConcatText(rows->Fields("OIDR").Value());
-  auto record = layer.BusinessObject("O0000400")->GetCall("Orvel_ReadObject", "'" + row + "'", 0);
-  ASSERT_EQ(record.Number, 0) << record.Text;
-  auto fields = std::dynamic_pointer_cast<Recordset>(record.Object);
-  EXPECT_EQ(ConcatText(fields->Fields("Preview").Value()),
-            ConcatText(rows->Fields("MeasureName").Value()));
-  EXPECT_EQ("O0000200" + ConcatText(fields->Fields("GoodID").Value()), measured);
 }
 
 }  // namespace

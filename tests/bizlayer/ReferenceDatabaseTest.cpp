@@ -3,10 +3,13 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <functional>
+
 #include "TempDatabase.h"
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/ReferenceDatabase.h"
 #include "bizlayer/SchemaPart.h"
+#include "bizlayer/SchemaParts.h"
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
@@ -42,108 +45,207 @@ TEST(ReferenceDatabase, FirstOpenCreatesTheSampleDataOnce) {
   EXPECT_EQ(FirstValue(*again, "PRAGMA journal_mode"), Variant("wal"));
 }
 
-TEST(ReferenceDatabase, AFirstVersionFileIsBroughtUpToDateAndKeepsItsRecords) {
+// A file of an earlier version, made from a file of today by `make`: once
+// opened it is of today's version, the queries of `kept` answer what they
+// answered before, and each query of `after` answers its value.
+struct OldFileCase {
+  const char* name;
+  std::function<void(const std::string& path)> make;
+  std::vector<const char*> kept;
+  std::vector<std::pair<const char*, Variant>> after;
+};
+
+// Today's file with `sql` run on it: back to an earlier shape.
+std::function<void(const std::string&)> Downgraded(const char* sql) {
+  return [sql](const std::string& path) { ReferenceDatabase::Open(path)->Exec(sql); };
+}
+
+// Version 3 knew no schema parts; the file as it made it, with its records.
+void MakeThirdVersionFile(const std::string& path) {
+  SqliteDatabase db(path);
+  Transaction transaction(db);
+  ReferenceDatabase::CreateSchema(db);
+  ReferenceDatabase::SeedSampleData(db);
+  db.Exec("UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3; PRAGMA user_version = 3;");
+  transaction.Commit();
+}
+
+// The file as the version before the goods' records made it: prices a call
+// table with NOT NULL columns and foreign keys, minimum amounts and templates
+// from the goods-details part, none of the three described, units a flat
+// table of names and codes, the good without the rate the card writes, every
+// part before the records made.
+void MakeFileBeforeGoodsRecords(const std::string& path) {
+  SqliteDatabase db(path);
+  Transaction transaction(db);
+  ReferenceDatabase::CreateSchema(db);
+  db.Exec(
+      "DROP TABLE goods_prices; DROP TABLE goods_min_amounts; DROP TABLE goods_templates;"
+      "DROP VIEW document_invoices; DROP VIEW document_advances_received;"
+      "DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
+      "DELETE FROM field_descriptions WHERE StructureName IN ('GoodPrices', 'GoodMinAmounts',"
+      " 'GoodBRTemplates');"
+      "CREATE TABLE goods_prices (ID INTEGER PRIMARY KEY AUTOINCREMENT,"
+      " GoodID INTEGER NOT NULL REFERENCES goods(ID) ON DELETE CASCADE, PriceType TEXT NOT NULL,"
+      " Currency TEXT NOT NULL, Price REAL NOT NULL, FirmID INTEGER REFERENCES firms(ID));");
+  ReferenceDatabase::SeedSampleData(db);
+  db.Exec(
+      "CREATE TABLE old_measures (ID INTEGER PRIMARY KEY AUTOINCREMENT, Name TEXT, Code TEXT);"
+      "INSERT INTO old_measures SELECT ID, Name, Code FROM measures; DROP TABLE measures;"
+      "ALTER TABLE old_measures RENAME TO measures; DROP TABLE goods_measures;"
+      "ALTER TABLE goods DROP COLUMN VAT; ALTER TABLE goods DROP COLUMN PriceWithVAT;"
+      "ALTER TABLE goods DROP COLUMN AmountPrecision;"
+      "DELETE FROM field_descriptions WHERE StructureName IN ('Measures', 'GoodMeasures');"
+      "CREATE TABLE schema_parts (Name TEXT PRIMARY KEY)");
+  for (const auto& part : SchemaParts()) {
+    if (part.name == "goods-detail-records") break;
+    if (part.create) part.create(db);
+    if (part.seed) part.seed(db);
+    auto made = db.Prepare("INSERT INTO schema_parts (Name) VALUES (?)");
+    made.Bind(1, Variant(part.name));
+    made.Run();
+  }
+  // A kept price type with an apostrophe, and a deleted last price whose ID
+  // must not be given again.
+  db.Exec(
+      "UPDATE goods_prices SET PriceType = 'Klientų ''VIP''' WHERE ID = 2;"
+      "INSERT INTO goods_prices (GoodID, PriceType, Currency, Price) SELECT GoodID, 'Laikina',"
+      " 'EUR', 1 FROM goods_prices WHERE ID = 1;"
+      "DELETE FROM goods_prices WHERE PriceType = 'Laikina';"
+      "PRAGMA user_version = " +
+      std::to_string(ReferenceDatabase::kSchemaVersion));
+  transaction.Commit();
+}
+
+class OldFileTest : public ::testing::TestWithParam<OldFileCase> {};
+
+TEST_P(OldFileTest, IsBroughtUpToDateAndKeepsItsRecords) {
   TempDatabase file;
+  GetParam().make(file.Path());
+  std::vector<std::string> before;
   {
-    auto db = ReferenceDatabase::Open(file.Path());
-    // Back to the shape the first version wrote.
-    db->Exec(
-        "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name IN"
-        " ('goods-records-follow-their-good', 'goods-measure-rows-and-units-book');"
-        " DROP TRIGGER goods_vat_update; DROP TRIGGER goods_vat_rate_update;"
-        " DROP VIEW document_invoices; DROP VIEW document_advances_received;"
-        " DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
-        " DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
-        " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
-        " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
-        " ALTER TABLE goods DROP COLUMN WithRest; ALTER TABLE goods DROP COLUMN Garanty;"
-        " DELETE FROM field_descriptions WHERE Name IN ('CreditDays', 'WithRest', 'Garanty');"
-        " UPDATE firms SET Name = 'Išlikusi O''Brien' WHERE ID = 9; PRAGMA user_version = 1;");
+    SqliteDatabase old(file.Path());
+    for (const char* sql : GetParam().kept) before.push_back(RowsText(old, sql));
   }
   auto db = ReferenceDatabase::Open(file.Path());
   EXPECT_EQ(FirstValue(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
-  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM firms WHERE ID = 9"), Variant("Išlikusi O'Brien"));
-  EXPECT_GT(FirstValue(*db, "SELECT COUNT(*) FROM documents").NumberValue(), 300);
-  EXPECT_EQ(FirstValue(*db,
-                "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Goods'"
-                " AND Name IN ('WithRest', 'Garanty')"),
-            Variant(2));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'"),
-            Variant(1));
-  BusinessLayer layer(db);
-  auto firm = layer.BusinessObject("O0000100")->GetCall("Orvel_ReadObject", "'O00001009'", 0);
-  EXPECT_EQ(firm.Number, 0) << firm.Text;
-  auto debt = layer.BusinessObject("O0000100")->GetCall("GetFirmDebt", "O00001009", 0);
-  EXPECT_EQ(debt.Number, 0) << debt.Text;
+  for (size_t i = 0; i < before.size(); ++i) {
+    EXPECT_FALSE(before[i].empty()) << GetParam().kept[i];
+    EXPECT_EQ(RowsText(*db, GetParam().kept[i]), before[i]) << GetParam().kept[i];
+  }
+  for (const auto& [sql, value] : GetParam().after) EXPECT_EQ(FirstValue(*db, sql), value) << sql;
 }
 
-// A file made before goods were kept by serial numbers and before debts
-// carried their direction in Sign alone.
-TEST(ReferenceDatabase, AnOlderFileGainsSerialGoodsAndDebtsBySign) {
-  TempDatabase file;
-  {
-    auto db = ReferenceDatabase::Open(file.Path());
-    db->Exec(
-        "ALTER TABLE goods DROP COLUMN WithItems; UPDATE documents SET Debt = -Debt WHERE Sign < 0;"
-        " DELETE FROM field_descriptions WHERE Name = 'WithItems'; DELETE FROM schema_parts WHERE"
-        " Name IN ('goods-with-items', 'document-debts-by-sign');");
-  }
-  auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM documents WHERE Debt < 0"), Variant(0));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM field_descriptions WHERE Name = 'WithItems'"), Variant(1));
-  EXPECT_EQ(FirstValue(*db,
-                "SELECT COUNT(*) FROM goods WHERE WithItems = 1 AND ID NOT IN (SELECT GoodID FROM"
-                " document_lines WHERE SerialNo IS NOT NULL)"),
-            Variant(0));
-  EXPECT_GT(FirstValue(*db, "SELECT COUNT(*) FROM goods WHERE WithItems = 1").NumberValue(), 10);
-}
+const Variant kParts(static_cast<int32_t>(SchemaParts().size()));
 
-TEST(ReferenceDatabase, ASecondVersionFileGainsTheReferenceBooks) {
-  TempDatabase file;
-  {
-    auto db = ReferenceDatabase::Open(file.Path());
-    db->Exec(
-        "DROP TABLE reference_books; DROP TABLE book_firm_types; DROP TABLE book_payment_terms;"
-        " DROP TABLE book_locations; DELETE FROM field_descriptions WHERE StructureName IN"
-        " ('ReferenceBooks', 'FirmTypes', 'PaymentTerms', 'Locations');"
-        " UPDATE banks SET Name = 'Išlikęs bankas' WHERE ID = 2; PRAGMA user_version = 2;");
-  }
-  auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(FirstValue(*db, "PRAGMA user_version"), Variant(ReferenceDatabase::kSchemaVersion));
-  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 2"), Variant("Išlikęs bankas"));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books"), Variant(3));
-  EXPECT_EQ(FirstValue(*db, "SELECT Name FROM book_payment_terms WHERE Code = '30'"),
-            Variant("Per 30 dienų"));
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'"),
-            Variant(6));
-}
+INSTANTIATE_TEST_SUITE_P(
+    Versions, OldFileTest,
+    ::testing::Values(
+        OldFileCase{
+            "First",
+            Downgraded(
+                "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name IN"
+                " ('goods-records-follow-their-good', 'goods-measure-rows-and-units-book');"
+                " DROP TRIGGER goods_vat_update; DROP TRIGGER goods_vat_rate_update;"
+                " DROP VIEW document_invoices; DROP VIEW document_advances_received;"
+                " DROP VIEW document_advances_paid; DROP VIEW document_contracts;"
+                " DROP TABLE goods_prices; DROP TABLE firm_branches; DROP TABLE firm_info;"
+                " DROP TABLE document_lines; DROP TABLE documents; DROP TABLE regions;"
+                " DROP TABLE settings; ALTER TABLE firms DROP COLUMN CreditDays;"
+                " ALTER TABLE goods DROP COLUMN WithRest; ALTER TABLE goods DROP COLUMN Garanty;"
+                " DELETE FROM field_descriptions WHERE Name IN ('CreditDays', 'WithRest',"
+                " 'Garanty'); UPDATE firms SET Name = 'Išlikusi O''Brien' WHERE ID = 9;"
+                " PRAGMA user_version = 1;"),
+            {"SELECT ID, Name FROM firms"},
+            {{"SELECT COUNT(*) > 300 FROM documents", Variant(1)},
+             {"SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Goods'"
+              " AND Name IN ('WithRest', 'Garanty')", Variant(2)},
+             {"SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'",
+              Variant(1)}}},
+        // Before goods were kept by serial numbers and debts carried their
+        // direction in Sign alone.
+        OldFileCase{
+            "SerialGoodsAndDebtsBySign",
+            Downgraded(
+                "ALTER TABLE goods DROP COLUMN WithItems; UPDATE documents SET Debt = -Debt WHERE"
+                " Sign < 0; DELETE FROM field_descriptions WHERE Name = 'WithItems'; DELETE FROM"
+                " schema_parts WHERE Name IN ('goods-with-items', 'document-debts-by-sign');"),
+            {},
+            {{"SELECT COUNT(*) FROM documents WHERE Debt < 0", Variant(0)},
+             {"SELECT COUNT(*) FROM field_descriptions WHERE Name = 'WithItems'", Variant(1)},
+             {"SELECT COUNT(*) FROM goods WHERE WithItems = 1 AND ID NOT IN (SELECT GoodID FROM"
+              " document_lines WHERE SerialNo IS NOT NULL)", Variant(0)},
+             {"SELECT COUNT(*) > 10 FROM goods WHERE WithItems = 1", Variant(1)}}},
+        OldFileCase{
+            "Second",
+            Downgraded(
+                "DROP TABLE reference_books; DROP TABLE book_firm_types; DROP TABLE"
+                " book_payment_terms; DROP TABLE book_locations; DELETE FROM field_descriptions"
+                " WHERE StructureName IN ('ReferenceBooks', 'FirmTypes', 'PaymentTerms',"
+                " 'Locations'); UPDATE banks SET Name = 'Išlikęs bankas' WHERE ID = 2;"
+                " PRAGMA user_version = 2;"),
+            {"SELECT ID, Name FROM banks"},
+            {{"SELECT COUNT(*) FROM reference_books", Variant(3)},
+             {"SELECT Name FROM book_payment_terms WHERE Code = '30'", Variant("Per 30 dienų")},
+             {"SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'",
+              Variant(6)}}},
+        // Every part is made once and named, so a second opening writes nothing.
+        OldFileCase{"Third", MakeThirdVersionFile, {"SELECT ID, Name FROM banks"},
+                    {{"SELECT COUNT(*) FROM schema_parts", kParts},
+                     {"SELECT COUNT(*) FROM reference_books", Variant(6)}}},
+        // The prices keep their rows, IDs and sequence; the units become the
+        // book, their IDs kept, the measure rows its records.
+        OldFileCase{
+            "BeforeGoodsRecords", MakeFileBeforeGoodsRecords,
+            {"SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices ORDER BY ID",
+             "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts",
+             "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'"},
+            {{"SELECT COUNT(*) FROM goods_prices WHERE GoodPriceTypeID IS NULL OR Name IS NULL"
+              " OR Name <> PriceType", Variant(0)},
+             {"SELECT Name FROM goods_prices WHERE ID = 2", Variant("Klientų 'VIP'")},
+             {"SELECT COUNT(*) FROM goods_min_amounts WHERE Name IS NULL", Variant(0)},
+             {"SELECT COUNT(*) FROM schema_parts WHERE Name = 'goods-detail-records'", Variant(1)},
+             {"SELECT ID || '|' || Name || '|' || MeasureType FROM measures WHERE Code = 'pak.'",
+              Variant("7|pakuotė|1")},
+             {"SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'", Variant(1)},
+             {"SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
+              " OR AmountPrecision IS NULL", Variant(0)}}}),
+    [](const auto& info) { return std::string(info.param.name); });
 
-// A file of version 3 knows no schema parts: opening it makes every part once
-// and keeps its records; the parts' names are then kept, so a second opening
-// writes nothing.
-TEST(ReferenceDatabase, AThirdVersionFileGainsTheSchemaParts) {
+// Opened again, an up-to-date file is left as it is.
+TEST(ReferenceDatabase, ASecondOpeningWritesNothing) {
   TempDatabase file;
-  {
-    // The file as version 3 made it: its schema and sample data, no parts.
-    SqliteDatabase db(file.Path());
-    Transaction transaction(db);
-    ReferenceDatabase::CreateSchema(db);
-    ReferenceDatabase::SeedSampleData(db);
-    db.Exec("UPDATE banks SET Name = 'Išlikęs' WHERE ID = 3; PRAGMA user_version = 3;");
-    transaction.Commit();
-  }
-  {
-    auto db = ReferenceDatabase::Open(file.Path());
-    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts"),
-              Variant(static_cast<int32_t>(SchemaParts().size())));
-    EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Išlikęs"));
-    EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM reference_books"), Variant(6));
-    db->Exec("UPDATE banks SET Name = 'Vėl išlikęs' WHERE ID = 3");
-  }
+  MakeThirdVersionFile(file.Path());
+  ReferenceDatabase::Open(file.Path())->Exec("UPDATE banks SET Name = 'Vėl išlikęs' WHERE ID = 3");
   auto db = ReferenceDatabase::Open(file.Path());
-  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts"),
-            Variant(static_cast<int32_t>(SchemaParts().size())));
+  EXPECT_EQ(FirstValue(*db, "SELECT COUNT(*) FROM schema_parts"), kParts);
   EXPECT_EQ(FirstValue(*db, "SELECT Name FROM banks WHERE ID = 3"), Variant("Vėl išlikęs"));
+}
+
+// A file of the version before the goods' records takes a price as the card
+// writes it, under the old constraints, with an ID never given before.
+TEST(ReferenceDatabase, AFileBeforeGoodsRecordsTakesANewPrice) {
+  TempDatabase file;
+  MakeFileBeforeGoodsRecords(file.Path());
+  auto db = ReferenceDatabase::Open(file.Path());
+  BusinessLayer layer(db);
+  layer.SetUserName("admin");
+  const double lastId =
+      FirstValue(*db, "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'").NumberValue();
+  auto prices = layer.BusinessObject("O0000600");
+  auto fresh = std::dynamic_pointer_cast<Recordset>(
+      prices->GetCall("Orvel_NewObject", "'O0000600'", 0).Object);
+  ASSERT_NE(fresh, nullptr);
+  fresh->Fields("GoodID").SetValue(FirstValue(*db, "SELECT GoodID FROM goods_prices WHERE ID = 2"));
+  fresh->Fields("GoodPriceTypeID").SetValue(Variant(1));
+  fresh->Fields("Price").SetValue(Variant(2.5));
+  Variant::Array array{Variant(fresh), Variant(std::shared_ptr<Recordset>()),
+                       Variant(std::shared_ptr<Recordset>())};
+  auto saved = prices->ExecArrayCall("Orvel_SaveObject", "'O0000600',''", array);
+  ASSERT_EQ(saved.Number, 0) << saved.Text;
+  EXPECT_GT(fresh->Fields("ID").Value().NumberValue(), lastId);
+  EXPECT_EQ(FirstValue(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC"),
+            Variant("Mažmeninė"));
 }
 
 TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {

@@ -1,5 +1,6 @@
 #include <gtest/gtest.h>
 
+#include <optional>
 #include <tuple>
 
 #include "ScratchDatabase.h"
@@ -12,7 +13,7 @@ namespace {
 struct RoundTrip {
   const char* column;  // a column of the probe table
   Variant stored;
-  Variant read;
+  std::optional<Variant> read;  // when not what was stored
 };
 
 void PrintTo(const RoundTrip& c, std::ostream* out) { *out << c.column << " " << Describe(c.stored); }
@@ -38,7 +39,7 @@ TEST_P(RoundTripTest, ValueReadsBackByDeclaredType) {
   EXPECT_EQ(db->Changes(), 1);
   auto select = db->Prepare(std::string("SELECT ") + c.column + " FROM probe");
   ASSERT_TRUE(select.Step());
-  EXPECT_EQ(select.Column(0), c.read) << Describe(select.Column(0));
+  EXPECT_EQ(select.Column(0), c.read.value_or(c.stored)) << Describe(select.Column(0));
 }
 
 Date At(int y, int m, int d, int seconds = 0) {
@@ -58,22 +59,14 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Combine(
         ::testing::ValuesIn(Engines()),
         ::testing::Values(
-            RoundTrip{"i", Variant(42), Variant(42)},
-            RoundTrip{"i", Variant(int64_t{5000000000}), Variant(5000000000.0)},
-            RoundTrip{"i", Variant(), Variant::Null()},
-            RoundTrip{"i", Variant::Null(), Variant::Null()},
-            RoundTrip{"r", Variant(3.4528), Variant(3.4528)},
-            RoundTrip{"r", Variant(7), Variant(7.0)},
-            RoundTrip{"t", Variant("O'Brien"), Variant("O'Brien")},
-            RoundTrip{"t", Variant("x'; DROP TABLE firms; --"),
-                      Variant("x'; DROP TABLE firms; --")},
-            RoundTrip{"t", Variant("UAB „Šiaulių duona“ ?"), Variant("UAB „Šiaulių duona“ ?")},
-            RoundTrip{"t", Variant(""), Variant("")},
-            RoundTrip{"d", Variant(At(2026, 11, 23)), Variant(At(2026, 11, 23))},
-            RoundTrip{"d", Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7)),
-                      Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7))},
-            RoundTrip{"b", Variant(true), Variant(true)},
-            RoundTrip{"b", Variant(false), Variant(false)})),
+            RoundTrip{"i", Variant(42)}, RoundTrip{"i", Variant(int64_t{5000000000}), Variant(5e9)},
+            RoundTrip{"i", Variant(), Variant::Null()}, RoundTrip{"i", Variant::Null()},
+            RoundTrip{"r", Variant(3.4528)}, RoundTrip{"r", Variant(7), Variant(7.0)},
+            RoundTrip{"t", Variant("O'Brien")}, RoundTrip{"t", Variant("x'; DROP TABLE firms; --")},
+            RoundTrip{"t", Variant("UAB „Šiaulių duona“ ?")}, RoundTrip{"t", Variant("")},
+            RoundTrip{"d", Variant(At(2026, 11, 23))},
+            RoundTrip{"d", Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7))},
+            RoundTrip{"b", Variant(true)}, RoundTrip{"b", Variant(false)})),
     [](const auto& info) {
       return std::string(std::get<0>(info.param)->name) + "_" + std::to_string(info.index);
     });

@@ -31,35 +31,8 @@ class TableBusinessObjectTest : public CatalogueCallsFixture, public ::testing::
     return Read(oidr.substr(0, 8), "Orvel_ReadObject", "'" + oidr + "'");
   }
 
-  std::vector<std::string> Previews(const std::string& oid, const std::string& param) {
-    auto reply = Type(oid).GetCall("Orvel_GetObjectList", param, 0);
-    EXPECT_EQ(reply.Number, 0) << reply.Text;
-    std::vector<std::string> out;
-    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      out.push_back(ConcatText(rs->Fields("OIDR").Value()) + " " +
-                    ConcatText(rs->Fields("Preview").Value()));
-    }
-    return out;
-  }
-
   int Count(const std::string& table) { return CLng(One("SELECT COUNT(*) FROM " + table)); }
 };
-
-TEST_F(TableBusinessObjectTest, ApostrophesAndSqlInNamesAreStoredAsTheyStand) {
-  for (const char* name : {"O'Brien", "x'; DROP TABLE firms; --", "Jonas \"Jonukas\" O''Neil"}) {
-    std::string oidr = Create("O0000100", {{"Name", Variant(name)}});
-    auto rs = Record(oidr);
-    ASSERT_NE(rs, nullptr) << name;
-    EXPECT_EQ(rs->Fields("Name").Value(), Variant(name));
-    EXPECT_EQ(rs->Fields("CreatedByUser").Value(), Variant("rūta"));
-    EXPECT_EQ(rs->Fields("CreationDate").Value().Type(), VarType::Date);
-  }
-  EXPECT_EQ(Count("firms"), 3);
-  EXPECT_THAT(Previews("O0000100", "'O0000100','O'Brien'"), ElementsAre("O00001001 O'Brien"));
-  EXPECT_THAT(Previews("O0000100", "'O0000100','; DROP'"),
-              ElementsAre("O00001002 x'; DROP TABLE firms; --"));
-}
 
 // A grouped record names the groups above it, top first, each followed by
 // "\\"; the card shows that path before its group's name.

@@ -20,15 +20,9 @@ namespace {
 
 TEST(Catalogue, KeyFilterDecimalLetsDigitsAndOneDecimalCommaThrough) {
   for (const auto& [key, text, expected] : {std::tuple<int, const char*, int>{'0', "", '0'},
-                                            {8, "1,5", 8},
-                                            {'.', "15", ','},
-                                            {',', "15", ','},
-                                            {'.', "1,5", 0},
-                                            {'-', "", 0},
-                                            {'a', "", 0},
-                                            {13, "1", 0},
-                                            {'9', "1,5", '9'},
-                                            {',', "1,5", 0},
+                                            {8, "1,5", 8}, {'.', "15", ','}, {',', "15", ','},
+                                            {'.', "1,5", 0}, {'-', "", 0}, {'a', "", 0},
+                                            {13, "1", 0}, {'9', "1,5", '9'}, {',', "1,5", 0},
                                             {' ', "1", 0}}) {
     EXPECT_EQ(KeyFilterDecimal(key, text), expected) << key << " into '" << text << "'";
   }
@@ -103,8 +97,7 @@ class CatalogueHostTest : public ModuleTest {
     table.Seed({{{"Name", Variant("kilogramas")},
                  {"CreatedByUser", Variant("Ona")},
                  {"CreationDate", Variant(DateSerial(2024, 3, 1))},
-                 {"UpdatedByUser", Variant::Null()},
-                 {"UpdateDate", Variant::Null()}},
+                 {"UpdatedByUser", Variant::Null()}, {"UpdateDate", Variant::Null()}},
                 {{"Name", Variant("metras")},
                  {"CreatedByUser", Variant("Ona")},
                  {"CreationDate", Variant(DateSerial(2024, 3, 1))},
@@ -174,32 +167,6 @@ TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions
                        "16 Mano apskaita|Klaida!\nNėra laukų",
                        "16 Orvel Apskaita|Klaida!\nPagrindinė programa dar nepateikė modulio "
                        "paslaugų"}));
-}
-
-TEST_F(CatalogueHostTest, AskCloseWithoutSavingIsTrueOnlyOnYes) {
-  host_.Ui()->QueueAnswer(vbNo);
-  EXPECT_FALSE(AskCloseWithoutSaving("Padalinys"));
-  host_.Ui()->QueueAnswer(vbYes);
-  EXPECT_TRUE(AskCloseWithoutSaving("Padalinys"));
-  const auto& box = host_.Ui()->Boxes().back();
-  EXPECT_EQ(box.prompt, "Padalinys\n\nUždaryti be išsaugojimo?");
-  EXPECT_EQ(box.flags, 52);
-  EXPECT_EQ(box.title, "Orvel Apskaita");
-}
-
-TEST_F(CatalogueHostTest, DeleteObjectAskedDeletesOnYesAndClosesTheWindow) {
-  auto object = Object("O00004001");
-  ASSERT_NE(object, nullptr);
-  host_.Ui()->QueueAnswer(vbNo);
-  DeleteObjectAsked(*object);
-  EXPECT_TRUE(BO("O0000400").Table().Contains(1));
-
-  host_.Ui()->QueueAnswer(vbYes);
-  DeleteObjectAsked(*object);
-  EXPECT_FALSE(BO("O0000400").Table().Contains(1));
-  EXPECT_EQ(host_.Ui()->Boxes().back().prompt, "Ar tikrai norite panaikinti?\n\nkilogramas");
-  EXPECT_EQ(host_.Ui()->Boxes().back().flags, 52);
-  EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "RemoveWindow O00004001 False");
 }
 
 TEST_F(CatalogueHostTest, ShowReferenceShowsTheObjectOrClearsTheBox) {

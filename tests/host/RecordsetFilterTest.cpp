@@ -8,7 +8,6 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "host/RecordsetCriteria.h"
-#include "host/Text.h"
 #include "orvel/RuntimeError.h"
 #include "support/RuntimeErrors.h"
 
@@ -274,29 +273,6 @@ TEST(RecordsetFilter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing)
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
   rs.SetFilter("X > 1");
   EXPECT_THAT(VisibleIds(rs), ElementsAre(2, 3));  // NaN is not greater, infinity is
-}
-
-TEST(RecordsetFilter, EqualityAgreesWithTheTextCompareOnAwkwardText) {
-  // Letters whose cases differ in length (ſ, ı, İ against s, i), a letter
-  // split into its bytes, and texts that are prefixes of one another.
-  const std::vector<std::string> pieces{"s", "S", "ſ",    "i",    "I", "ı", "İ",
-                                        "š", "Š", "\xc5", "\xbf", "a", ""};
-  std::vector<std::string> texts;
-  for (const auto& x : pieces) {
-    for (const auto& y : pieces) texts.push_back(x + y);
-  }
-  MemoryRecordset rs({"ID", "T"});
-  for (size_t i = 0; i < texts.size(); ++i) rs.AddRow({static_cast<int>(i), texts[i]});
-  for (const std::string& wanted : texts) {
-    for (const char* op : {" = ", " <> "}) {
-      rs.SetFilter("T" + std::string(op) + "'" + wanted + "'");
-      std::vector<int> expected;
-      for (size_t i = 0; i < texts.size(); ++i) {
-        if (TextEquals(texts[i], wanted) == (op[1] == '=')) expected.push_back(static_cast<int>(i));
-      }
-      ASSERT_EQ(VisibleIds(rs), expected) << op << wanted;
-    }
-  }
 }
 
 TEST(RecordsetFilter, GroupedClausesOverManyRowsAgreeWithRowByRowEvaluation) {

@@ -46,9 +46,8 @@ TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
   const std::string code =
       c.duplicate ? ConcatText(Stored("SELECT Code FROM firms WHERE ID = 13")) : "O'Kodas-1";
   auto card = OpenCard("O000010012");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ASSERT_TRUE(sheet->EditText("Code", code));
   if (*c.answer) prompter_.answers = {c.answer};
   Press(*card, "cmdEnter");

@@ -64,9 +64,8 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
       " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " +
       good + ")");
   auto card = OpenCard("O0000200" + good);
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   const int traffic = TabIndex(*sheet, "Traffic");
   ListView* list = sheet->TabList("Traffic");
   list->ItemClick(list->ListItems().Item(1));

@@ -30,9 +30,8 @@ class FirmDetailsRoadTest : public RunningHost {
 
 TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
   auto card = OpenCard(oidr_);
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   for (const char* tab :
        {"Accounts", "FirmAddresses", "FirmContacts", "FirmServers", "FirmActivity", "Discounts"}) {
     ListView* list = sheet->TabList(tab);

@@ -69,9 +69,8 @@ class GoodsRecordsRoadCaseTest : public GoodsRecordsRoadTest,
 TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   const RoadCase& c = GetParam();
   auto card = OpenCard(oidr_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ListView* list = sheet->TabList(c.tab);
   ASSERT_NE(list, nullptr);
   const int before = list->ListItems().Count();
@@ -110,48 +109,23 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
 // data. The small adapter of prices answers no "Structure" property: the
 // field sheet takes the types from the business layer, so a price typed with
 // the decimal comma is stored as a number.
-INSTANTIATE_TEST_SUITE_P(Records, GoodsRecordsRoadCaseTest,
-                         ::testing::Values(RoadCase{"Price",
-                                                    "SELECT MIN(GoodID) FROM goods_prices",
-                                                    "PRICES",
-                                                    "O0000600",
-                                                    "goods_prices",
-                                                    "Kainos",
-                                                    {{"GoodPriceTypeID", "3"}, {"Price", "12,35"}},
-                                                    "PriceType || '|' || Currency || '|' || Price",
-                                                    "Sutartinė|EUR|12.35",
-                                                    "Sutartinė",
-                                                    2,
-                                                    "12,35"},
-                                           RoadCase{"MinAmount",
-                                                    "SELECT MIN(GoodID) FROM goods_min_amounts",
-                                                    "MinAmount",
-                                                    "O0000700",
-                                                    "goods_min_amounts",
-                                                    "Minimalus kiekis",
-                                                    {{"LocationId", "2"}, {"MinAmount", "7"}},
-                                                    "Name || '|' || MinAmount",
-                                                    "Kauno sandėlis|7.0",
-                                                    "7",
-                                                    1,
-                                                    "Kauno sandėlis"},
-                                           // Unit 9 is "tona"; the ratio left 0
-                                           // is written as the other's inverse.
-                                           RoadCase{"Measure",
-                                                    "SELECT MIN(GoodID) FROM goods_measures",
-                                                    "Measures",
-                                                    "O0000400",
-                                                    "goods_measures",
-                                                    "Matavimo vienetas",
-                                                    {{"MeasureID", "9"},
-                                                     {"Scale", "1000"},
-                                                     {"Scale2", "0"}},
-                                                    "Name || '|' || Scale || '|' || Scale2",
-                                                    "tona|1000.0|0.001",
-                                                    "tona",
-                                                    2,
-                                                    "1000"}),
-                         [](const auto& info) { return std::string(info.param.name); });
+INSTANTIATE_TEST_SUITE_P(
+    Records, GoodsRecordsRoadCaseTest,
+    ::testing::Values(
+        RoadCase{"Price", "SELECT MIN(GoodID) FROM goods_prices", "PRICES", "O0000600",
+                 "goods_prices", "Kainos", {{"GoodPriceTypeID", "3"}, {"Price", "12,35"}},
+                 "PriceType || '|' || Currency || '|' || Price", "Sutartinė|EUR|12.35",
+                 "Sutartinė", 2, "12,35"},
+        RoadCase{"MinAmount", "SELECT MIN(GoodID) FROM goods_min_amounts", "MinAmount",
+                 "O0000700", "goods_min_amounts", "Minimalus kiekis",
+                 {{"LocationId", "2"}, {"MinAmount", "7"}}, "Name || '|' || MinAmount",
+                 "Kauno sandėlis|7.0", "7", 1, "Kauno sandėlis"},
+        // Unit 9 is "tona"; the ratio left 0 is written as the other's inverse.
+        RoadCase{"Measure", "SELECT MIN(GoodID) FROM goods_measures", "Measures", "O0000400",
+                 "goods_measures", "Matavimo vienetas",
+                 {{"MeasureID", "9"}, {"Scale", "1000"}, {"Scale2", "0"}},
+                 "Name || '|' || Scale || '|' || Scale2", "tona|1000.0|0.001", "tona", 2, "1000"}),
+    [](const auto& info) { return std::string(info.param.name); });
 
 // "Redaguoti" on a good's measure row opens that row, and the change is
 // written to it; the unit it names stays as it was.
@@ -161,9 +135,8 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
   const Variant unit = Stored("SELECT m.Name FROM measures m JOIN goods_measures gm"
                               " ON gm.MeasureID = m.ID WHERE gm.ID = " + row);
   auto card = OpenCard("O0000200" + id_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ListView* list = sheet->TabList("Measures");
   ASSERT_NE(list, nullptr);
   ListItem* item = list->ListItems().Find("O0000400" + row);
@@ -186,9 +159,8 @@ TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
 // The dialog does not write a price without its amount, and says nothing.
 TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
   auto card = OpenCard(oidr_, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
   FillDialogWith({{"GoodPriceTypeID", "1"}});
   RightClick(*sheet, "PRICES", {"Sukurti naują"});

@@ -26,9 +26,8 @@ TEST_F(GoodsRoadTest, AGoodOpensWithItsListsAndAnEditIsWrittenAndReadBack) {
   const std::string oidr = PricedGood();
   const std::string id = oidr.substr(8);
   auto card = OpenCard(oidr, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   EXPECT_EQ(sheet->Text("Name"), ConcatText(Stored("SELECT Name FROM goods WHERE ID = " + id)));
   EXPECT_THAT(calls_, Contains("GetCall GetPrices " + oidr));
 
@@ -72,9 +71,8 @@ TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
       Stored("SELECT MAX(ID) FROM goods WHERE GroupFlag = 1 AND ID <> (SELECT ParentID FROM goods"
              " WHERE ID = " + good + ")"));
   auto card = OpenCard("O0000200" + group, "Group");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   EXPECT_NE(sheet->ListDragOver(std::make_shared<TextDragData>("O0000200" + good), 1), 0);
   sheet->ListDragDrop(std::make_shared<TextDragData>("O0000200" + good));
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM goods WHERE ID = " + good)), group);

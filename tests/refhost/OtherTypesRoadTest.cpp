@@ -65,16 +65,13 @@ TEST_P(TypeNameTest, TheHostNamesTheTypesItServes) {
 
 INSTANTIATE_TEST_SUITE_P(
     Types, TypeNameTest,
-    ::testing::Values(NameCase{"O0001605", 0, "Sandėliai"},
-                      NameCase{"O0001604", 0, "Įmonės padaliniai"},
-                      NameCase{"O0201600", 0, "Atsargų šablonai"},
-                      NameCase{"O1000200", 0, "Dokumentų grupės"},
-                      NameCase{"O1000600", 0, "Nuolaidos"},
-                      NameCase{"O1000100", 0, "Dokumentai"},
-                      NameCase{"O1000300", 0, "Gauti avansai"},
-                      NameCase{"O1000400", 0, "Sumokėti avansai"},
-                      NameCase{"O1001000", 0, "Sutartys"},
-                      NameCase{"O0009900", 5, "Nežinomas objekto tipas: O0009900"}));
+    ::testing::Values(
+        NameCase{"O0001605", 0, "Sandėliai"}, NameCase{"O0001604", 0, "Įmonės padaliniai"},
+        NameCase{"O0201600", 0, "Atsargų šablonai"}, NameCase{"O1000200", 0, "Dokumentų grupės"},
+        NameCase{"O1000600", 0, "Nuolaidos"}, NameCase{"O1000100", 0, "Dokumentai"},
+        NameCase{"O1000300", 0, "Gauti avansai"}, NameCase{"O1000400", 0, "Sumokėti avansai"},
+        NameCase{"O1001000", 0, "Sutartys"},
+        NameCase{"O0009900", 5, "Nežinomas objekto tipas: O0009900"}));
 
 // A book's record card is headed by the book's name, which the module's own
 // table does not hold.
@@ -109,9 +106,8 @@ TEST_P(TemplateRowTest, ARowIsWrittenOnlyWithARealTemplate) {
              " WHERE m.GroupFlag = 0 AND t.GoodBRTemplateTypeID = 1"));
   const std::string templateId = ConcatText(Stored(c.templateId));
   auto card = OpenCard("O0000200" + good, "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   bool leftOpen = true;
   Terminal().SetModalRunner([&](Form& dialog) {
     auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
@@ -156,9 +152,8 @@ class DiscountRoadTest : public OtherTypesRoadTest {
 
 TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
   auto firmCard = OpenCard("O0000100" + firm_);
-  ASSERT_NE(firmCard, nullptr);
   auto sheet = SheetOf(firmCard);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(firmCard && sheet);
 
   RightClick(*sheet, "Discounts", "", {"Sukurti naują"});
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O1000600'"));
@@ -228,12 +223,9 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         BadDiscount{"NoType", true, {{"Percent", "5"}}, "Nenurodytas nuolaidos tipas"},
         BadDiscount{"NoFirm", false, {{"DiscountTypeName", "Akcija"}}, "Nenurodyta įmonė"},
-        BadDiscount{"PercentAbove100",
-                    true,
-                    {{"DiscountTypeName", "Akcija"}, {"Percent", "150"}},
+        BadDiscount{"PercentAbove100", true, {{"DiscountTypeName", "Akcija"}, {"Percent", "150"}},
                     "Nuolaidos procentas turi būti nuo 0 iki 100"},
-        BadDiscount{"SumToBelowSumFrom",
-                    true,
+        BadDiscount{"SumToBelowSumFrom", true,
                     {{"DiscountTypeName", "Akcija"}, {"SumFrom", "100"}, {"SumTo", "50"}},
                     "Suma iki mažesnė už sumą nuo"}),
     [](const auto& info) { return std::string(info.param.name); });

@@ -35,9 +35,8 @@ TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
 
 TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {
   auto card = OpenCard("O00003003", "C");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   EXPECT_EQ(sheet->Text("Name"), "AB Šiaulių bankas");
   ASSERT_TRUE(sheet->EditText("SWIFT", "CBSBLT26XXX"));
   Press(*card, "cmdEnter");
@@ -63,9 +62,8 @@ TEST_F(ReferenceHostTest, AReferenceBookRecordIsEditedOnItsCard) {
   EXPECT_EQ(books->RecordCount(), 6);
 
   auto card = OpenCard("O00016053", "T");
-  ASSERT_NE(card, nullptr);
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   EXPECT_EQ(sheet->Text("Name"), "Parduotuvės");
   ASSERT_TRUE(sheet->EditText("Name", "Parduotuvės ir kioskai"));
   Press(*card, "cmdEnter");
