@@ -17,6 +17,7 @@
 #include "host/Text.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
@@ -116,8 +117,6 @@ class AdaptersTest : public ModuleTest {
   std::shared_ptr<RecordingDialogs> dialogs_;
 };
 
-// ---- what the two catalogues share ----
-
 struct Catalogue {
   const char* oid;
   const char* rights;  // the class whose Delete right guards deletion
@@ -191,8 +190,6 @@ TEST_P(CatalogueTest, ParentIsTheGroupObjectOrNothingAtTheTop) {
 }
 
 INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::Values(kFirms, kGoods));
-
-// ---- menus ----
 
 struct MenuCase {
   const char* name;
@@ -277,9 +274,7 @@ INSTANTIATE_TEST_SUITE_P(
         MenuCase{"GoodWithoutDelete", "O00002002", "GoodNA", "D",
                  "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
                  "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- new records, and records that are gone ----
+    ByName());
 
 struct CreateCase {
   const char* name;
@@ -334,7 +329,7 @@ INSTANTIATE_TEST_SUITE_P(
         CreateCase{"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
         CreateCase{"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
         CreateCase{"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct NoWindowCase {
   const char* name;
@@ -375,9 +370,7 @@ INSTANTIATE_TEST_SUITE_P(
                      "Įmonių grupė panaikinta!"},
         NoWindowCase{"GoneGood", "O00002009", "C", "0", true, kShow, ""},
         NoWindowCase{"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- lists and their settings ----
+    ByName());
 
 struct ListCase {
   const char* name;
@@ -427,7 +420,7 @@ INSTANTIATE_TEST_SUITE_P(
         ListCase{"GoodsChord", "O00002001", "70S2", "",
                  "GetCall Orvel_GetObjectList '','šil',1,2,1,'',0,1,0",
                  "GetCall Orvel_GetObjectList '','',1,0,1,'',0,1,0"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct StoredCase {
   const char* group;
@@ -527,8 +520,6 @@ TEST_F(AdaptersTest, ASecondFirmServicesSetReReadsTitleAndSettingsThroughTheStor
   EXPECT_EQ(own.PreviewSettings(), "1,1,0");
 }
 
-// ---- the goods' own keys ----
-
 TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
   host_.User()->SetId("7");
   BO("O0000200").OnRead("CopyGood", [&](const std::string&) {
@@ -554,8 +545,6 @@ TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsOnTheGroup) {
   goods->ClickMenu("O00002009", "CGroup", "9", "");  // gone: no dialog
   EXPECT_EQ(dialogs_->opened, (Lines{"ChangePrices O00002001", "AddGuarantee O00002003"}));
 }
-
-// ---- tree operations ----
 
 TEST_F(AdaptersTest, FirmsDragAlwaysAndDropNever) {
   auto firms = Of("O0000100");
@@ -583,8 +572,6 @@ TEST_F(AdaptersTest, AddToDesktopShowsOneWindowPerRecord) {
   host_.Rights()->Deny("CFirms", Right::Read);
   EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
 }
-
-// ---- the objects: read, properties ----
 
 TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
   auto fresh = Object("O0000100");
@@ -705,8 +692,6 @@ TEST_F(AdaptersTest, GetObjectFormBuildsAFirmWindowOnThisObject) {
   EXPECT_EQ(window->OrvelObjectUIO(), firm);
   EXPECT_FALSE(window->Loaded());
 }
-
-// ---- the objects: methods ----
 
 struct MethodCase {
   const char* oidr;

@@ -6,6 +6,7 @@
 
 #include "firms/FirmCardFixture.h"
 #include "orvel/OrvelShowObject.h"
+#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -18,8 +19,6 @@ const char* const kUsedCall = "GetCall GetFirmIsUsedInDocuments O00001002";
 const char* const kSaveCall = "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'";
 // The object reads itself again after a write.
 const char* const kReread = "GetCall Orvel_ReadObject 'O00001002'";
-
-// ---- a firm used in documents ----
 
 struct UsedCase {
   const char* name;
@@ -68,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
                       UsedCase{"CountAsText", false, false, Variant("2"), false, false},
                       // An answer without a record tells of no documents.
                       UsedCase{"NoRecordIsNotUsed", false, false, Variant(), true, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
   UsedInDocuments(Variant("daug"));
@@ -96,8 +95,6 @@ TEST_F(FirmCardTest, TheRuleAlsoRunsForANewRecord) {
   EXPECT_EQ(Stored(5, "Name"), Variant());
   EXPECT_EQ(BusinessLines()[0], "GetCall GetFirmIsUsedInDocuments");
 }
-
-// ---- the duplicate code ----
 
 struct DuplicateCase {
   const char* name;
@@ -138,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A host answering Yes to an OK box still cannot write it.
         DuplicateCase{"NoRightEvenOnYes", false, vbYes, "48 Apskaita Įmonės kodas kartojasi!",
                       false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct CodeCase {
   const char* name;
@@ -176,9 +173,7 @@ INSTANTIATE_TEST_SUITE_P(Codes, FirmCardCodeTest,
                                                     "GetCall CheckCode 'O00001002',' 12 '"},
                                            CodeCase{"Number", "O00001003", Variant(144523896),
                                                     "GetCall CheckCode 'O00001003','144523896'"}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- failures ----
+                         ByName());
 
 struct FailureCase {
   const char* name;
@@ -227,9 +222,7 @@ INSTANTIATE_TEST_SUITE_P(
                       // Changed by someone else meanwhile: the record is read again.
                       FailureCase{"ChangedMeanwhile", "Orvel_SaveObject", 60000, true, kWriteFailed,
                                   false, false, true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- success ----
+    ByName());
 
 class ShowHostSpy : public OrvelShowObject {
  public:
@@ -288,8 +281,6 @@ TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   EXPECT_EQ(spy->unloads, 0);
   EXPECT_EQ(w->ShowHost, spy);
 }
-
-// ---- cancel ----
 
 TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
   auto w = Open("O00001001", "1");

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "firms/FirmCardFixture.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "ui/ControlConstants.h"
 
@@ -101,7 +102,7 @@ INSTANTIATE_TEST_SUITE_P(
                  "Skola: 1234.50 Lt (Viršytas kredito apribojimas !,1000.25)"
                  "(.50Lt.  Viršytas kredito terminas ! )",
                  true, "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FirmDebtTest, AFailedOrEmptyAnswerShowsZeroAndNoMessage) {
   BO("O0000100").FailCallsNamed("GetFirmDebt", 5, "Nepavyko");

@@ -5,6 +5,7 @@
 #include "common/DetailDialog.h"
 #include "firms/frmAccounts.h"
 #include "host/Text.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestMainForm.h"
@@ -78,8 +79,6 @@ class FirmDetailListsTest : public FirmCardTest {
   }
 };
 
-// ---- every loader ----
-
 struct LoaderCase {
   const char* tab;
   const char* call;
@@ -94,8 +93,8 @@ class LoaderTest : public FirmDetailListsTest, public ::testing::WithParamInterf
 TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   const LoaderCase& c = GetParam();
   Reply(c.call, c.fields, c.rows);
-  auto w = Open(kFirm);
   const std::string tab = c.tab;
+  auto w = Open(tab == "Firms" ? "O00001001" : kFirm);
   // The window read the short lists on opening; they are read again here.
   if (tab == "Accounts") w->LoadAccounts();
   if (tab == "FirmAddresses") w->LoadAddresses();
@@ -106,7 +105,8 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   if (tab == "FirmInfo") w->LoadFirmInfo();
   if (tab == "Discounts") w->LoadDiscounts();
   if (tab == "Traffic") w->LoadTraffic(true);
-  if (tab == "FirmContracts") w->LoadContracts(true);
+  if (tab == "FirmContracts") w->mnuContractRefresh.Click();
+  if (tab == "Firms") w->LoadFirmsList();
   if (tab == "GOODS") {
     host_.HostClasses()->QueueObjectSelect("cukr");
     w->LoadGoods(true);
@@ -114,12 +114,17 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   const char* expected = tab == "Traffic"    ? "'O00001002','2026-11-23','9999-12-31'"
                          : tab == "GOODS"    ? "'O00001002','cukr'"
                          : tab == "FirmInfo" ? "'O00001002',0"
+                         : tab == "Firms"    ? "O00001001"
                                              : kFirm;
   Lines sent = Calls(c.call);
   ASSERT_FALSE(sent.empty()) << c.call;
   EXPECT_EQ(sent.back(), expected);
   EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
   EXPECT_EQ(Join(RowsOf(Tab(*w, c.tab)), "\n"), c.shown);
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  if (tab == "Firms") {
+    EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -166,13 +171,23 @@ INSTANTIATE_TEST_SUITE_P(
             "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
             "O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | "
             "; ; ;100,00*||"},
+        // Contracts total without a sign.
         LoaderCase{"FirmContracts", "GetContractsList",
                    "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-                   "O10010003|O1001000|S-1|@2026-01-01|~|1000|Galioja|Rūta",
+                   "O10010003|O1001000|S-1|@2026-01-01|~|-200|Galioja|Rūta\n"
+                   "O10010002|O1001000|S-2|~|~|50.255|~|~",
                    "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė 1200|"
                    "Vadybininkas 2000",
-                   "O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000\n| | ; "
-                   ";1000,00*;;||"},
+                   "O10010003|S-1|2026-01-01;;-200,00;Galioja;Rūta|O10010003|O1001000\n"
+                   "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||"},
+        LoaderCase{"Firms", "GetFirms",
+                   "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
+                   "O00001004|Vietiniai|1|~|~|~|~|~|~\nO00001002|UAB Šilas|0|#302245871|Ąžuolų g. "
+                   "2|Vilnius|8 5|~|J. Jonaitis",
+                   "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
+                   "Faksas 1000|Direktorius 3000",
+                   "O00001004|Vietiniai||O00001004|stdClose\nO00001002|UAB Šilas|302245871;Ąžuolų "
+                   "g. 2;Vilnius;8 5;;J. Jonaitis|O00001002|C0000100"},
         LoaderCase{"GOODS", "GetFindGoods",
                    "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
                    "O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009",
@@ -180,24 +195,6 @@ INSTANTIATE_TEST_SUITE_P(
                    "Kiekis 2000 R",
                    "O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}),
     [](const auto& info) { return std::string(info.param.tab); });
-
-TEST_F(FirmDetailListsTest, FirmsOfAGroupShowIconsAndAFirmsColumns) {
-  Reply("GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
-        {"O00001004|Vietiniai|1|~|~|~|~|~|~",
-         "O00001002|UAB Šilas|0|#302245871|Ąžuolų g. 2|Vilnius|8 5|~|J. Jonaitis"});
-  auto w = Open("O00001001");
-  w->LoadFirmsList();
-  EXPECT_THAT(Calls("GetFirms"), ElementsAre("O00001001"));
-  EXPECT_EQ(Columns(Tab(*w, "Firms")),
-            "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
-            "Faksas 1000|Direktorius 3000");
-  EXPECT_THAT(RowsOf(Tab(*w, "Firms")),
-              ElementsAre("O00001004|Vietiniai||O00001004|stdClose",
-                          "O00001002|UAB Šilas|302245871;Ąžuolų g. 2;Vilnius;8 5;;J. Jonaitis|"
-                          "O00001002|C0000100"));
-  EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-}
 
 TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndNoDiscountColumns) {
   auto w = Open("O00001001", "1");
@@ -221,8 +218,6 @@ TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
   EXPECT_EQ(Tab(*w, "FirmContacts").ListItems().Count(), 0);
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
 }
-
-// ---- the deferred documents and contracts ----
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
   Reply("GetTraffic", kDocs, {"O10001001|O1000100|PVM sąskaita|PSF1|@2026-03-01|10|10|1|1"});
@@ -302,7 +297,7 @@ INSTANTIATE_TEST_SUITE_P(
         TrafficCase{"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
                     "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
         TrafficCase{"NoDocumentsNoTotal", "", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct PeriodCase {
   const char* name;
@@ -330,7 +325,7 @@ INSTANTIATE_TEST_SUITE_P(
                    {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
                    "'O00001002','2026-10-24','9999-12-31'"},
         PeriodCase{"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   const Variant::Array year{DayOf(2026, 1, 1), DayOf(2026, 12, 31), Variant(0), Variant(true),
@@ -348,19 +343,6 @@ TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   EXPECT_THAT(Calls("GetTraffic"), ElementsAre("'O00001002','2026-07-01','2026-12-31'"));
 }
 
-TEST_F(FirmDetailListsTest, ContractsRefreshFromTheirMenuAndTotalWithoutSign) {
-  Reply("GetContractsList", "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-        {"O10010001|O1001000|S-1|~|~|-200|~|~", "O10010002|O1001000|S-2|~|~|50.255|~|~"});
-  auto w = Open(kFirm);
-  w->mnuContractRefresh.Click();
-  EXPECT_THAT(Calls("GetContractsList"), ElementsAre(kFirm));
-  EXPECT_THAT(RowsOf(Tab(*w, "FirmContracts")),
-              ElementsAre("O10010001|S-1|;;-200,00;;|O10010001|O1001000",
-                          "O10010002|S-2|;;50,26;;|O10010002|O1001000", "| | ; ;149,75*;;||"));
-}
-
-// ---- goods bought ----
-
 TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
   auto w = Open(kFirm);
   w->CurrentTab = w->GoodsTab;
@@ -372,8 +354,6 @@ TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
   EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
   EXPECT_EQ(search->OType(), "O0000200");
 }
-
-// ---- the note line ----
 
 constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
 
@@ -415,7 +395,7 @@ INSTANTIATE_TEST_SUITE_P(
                      vbRed},
         NoteLineCase{"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
                      vbBlue}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   Reply("GetFirmInfo", kNotes, {"4|A|@2026-01-01|~|admin|3"});
@@ -430,8 +410,6 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   EXPECT_FALSE(w->lblInfo.Visible());
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
 }
-
-// ---- discounts in words ----
 
 struct DiscountCase {
   const char* name;
@@ -466,9 +444,7 @@ INSTANTIATE_TEST_SUITE_P(
         DiscountCase{"InheritedNotValid", "~|~|~|Statyba|false", "",
                      "Paveldeta iš grupės:Statyba(negalioja)"},
         DiscountCase{"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- editing rows ----
+    ByName());
 
 // The detail dialog, scripted: it notes what it was given and answers.
 class ScriptedDetailDialogs : public DetailDialog {

@@ -9,6 +9,7 @@
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -31,9 +32,8 @@ class RecordingFirms : public frmFirms {
 // The firm card's catalogue (see FirmCardTest).
 class FrmFirmsTest : public FirmCardTest {
  protected:
-  template <class W = RecordingFirms>
-  std::shared_ptr<W> OpenOwn(const std::string& oidr) {
-    auto window = std::make_shared<W>();
+  std::shared_ptr<RecordingFirms> OpenOwn(const std::string& oidr) {
+    auto window = std::make_shared<RecordingFirms>();
     window->SetOrvelObjectUIO(adapter_->GetOrvelObject(oidr));
     window->Load();
     return window;
@@ -45,8 +45,6 @@ class FrmFirmsTest : public FirmCardTest {
   }
 };
 
-// ---- tabs ----
-
 struct TabCase {
   const char* name;
   const char* oidr;
@@ -56,6 +54,7 @@ struct TabCase {
   int exist;         // CheckBranch's answer
   const char* tabs;  // tab keys, by blanks
   int16_t goodsTab, discountsTab;
+  const char* caption;
 };
 
 class FrmFirmsTabTest : public FrmFirmsTest, public ::testing::WithParamInterface<TabCase> {};
@@ -68,6 +67,7 @@ TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
   auto w = Open(c.oidr, c.key);
   ASSERT_TRUE(w);
   EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
+  EXPECT_EQ(w->SOPanel.Caption(), c.caption);
   EXPECT_EQ(w->GoodsTab, c.goodsTab);
   EXPECT_EQ(w->DiscountsTab, c.discountsTab);
   EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
@@ -82,22 +82,25 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
                               "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
                               "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
-                              3, 11},
+                              3, 11, "Įmonės kortelė"},
                       TabCase{"NoContracts", "O00001002", "0", false, true, 1,
                               "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
                               "FirmServers FirmInfo FirmActivity Discounts",
-                              2, 10},
+                              2, 10, "Įmonės kortelė"},
                       TabCase{"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
                               "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
                               "FirmInfo FirmActivity Discounts",
-                              3, 9},
+                              3, 9, "Įmonės kortelė"},
                       // A new firm has no branches to show, whatever the check says.
                       TabCase{"NewFirm", "O00001001", "1", true, true, 1,
                               "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
                               "FirmServers FirmInfo FirmActivity Discounts",
-                              3, 10},
-                      TabCase{"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2}),
-    [](const auto& info) { return std::string(info.param.name); });
+                              3, 10, "Nauja įmonė"},
+                      TabCase{"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2,
+                              "Įmonių grupė"},
+                      TabCase{"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
+                              "Nauja įmonių grupė"}),
+    ByName());
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
   HasBranches();
@@ -130,28 +133,6 @@ TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
   EXPECT_ANY_THROW(w->List(11));
   EXPECT_NO_THROW(w->List(10));
 }
-
-// ---- captions and edit state ----
-
-struct CaptionCase {
-  const char* oidr;
-  const char* key;
-  const char* caption;
-};
-
-class FrmFirmsCaptionTest : public FrmFirmsTest,
-                            public ::testing::WithParamInterface<CaptionCase> {};
-
-TEST_P(FrmFirmsCaptionTest, HeadingTellsNewOrStoredGroupOrFirm) {
-  auto w = Open(GetParam().oidr, GetParam().key);
-  EXPECT_EQ(w->SOPanel.Caption(), GetParam().caption);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsCaptionTest,
-                         ::testing::Values(CaptionCase{"O00001002", "0", "Įmonės kortelė"},
-                                           CaptionCase{"O00001001", "0", "Įmonių grupė"},
-                                           CaptionCase{"O00001001", "1", "Nauja įmonė"},
-                                           CaptionCase{"O00001001", "3", "Nauja įmonių grupė"}));
 
 TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   auto w = Open("O00001002");
@@ -211,8 +192,6 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   EXPECT_FALSE(cancel);
   EXPECT_FALSE(w->SSCClose.Enabled());
 }
-
-// ---- popup menus ----
 
 struct PopupCase {
   const char* name;
@@ -296,7 +275,7 @@ INSTANTIATE_TEST_SUITE_P(
         PopupCase{"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
                   "!mnuContractToDeskTop mnuContractRefresh"},
         PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
@@ -315,8 +294,6 @@ TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   EXPECT_FALSE(w->mnuToDesktop.Enabled());
   EXPECT_FALSE(w->mnuFirmDelete.Enabled());
 }
-
-// ---- deferred dialogs ----
 
 class FrmFirmsModalTest
     : public FrmFirmsTest,
@@ -352,8 +329,6 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   EXPECT_TRUE(w->opened.empty());
 }
 
-// ---- drag and drop ----
-
 struct DragCase {
   const char* window;
   const char* text;
@@ -375,31 +350,22 @@ INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
                                            DragCase{"O00001002", "O00001003", 0},
                                            DragCase{"new", "O00001003", 0}));
 
+// A firm dropped on a group is listed there and moves, unless the group lists
+// it already or is the firm's own descendant.
 TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
-  auto w = Open("O00001001");
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
-  ListView& list = Grid(*w).TabList("Firms");
-  ASSERT_NE(list.ListItems().Find("O00001003"), nullptr);
-  EXPECT_EQ(list.ListItems().Item("O00001003").Text(), "AB Vėjas");
-  EXPECT_EQ(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value(), Variant(1));
+  for (const auto& [group, listed, dragged, parent, shown] :
+       {std::tuple{"O00001004", "O00001003", "O00001003", Variant::Null(), "O00001003"},
+        {"O00001004", "", "O00001001", Variant::Null(), ""},
+        {"O00001001", "", "O00001003", Variant(1), "AB Vėjas"}}) {
+    SCOPED_TRACE(std::string(group) + " " + dragged);
+    auto w = Open(group);
+    if (*listed) SelectRow(*w, "Firms", listed);
+    Grid(*w).ListDragDrop(std::make_shared<TextDragData>(dragged));
+    EXPECT_EQ(adapter_->GetOrvelObject(dragged)->Fields("ParentID").Value(), parent);
+    ListItem* row = Grid(*w).TabList("Firms").ListItems().Find(dragged);
+    EXPECT_EQ(row ? row->Text() : "", shown);
+  }
 }
-
-TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
-  auto w = Open("O00001004");
-  SelectRow(*w, "Firms", "O00001003");
-  host_.Log().Clear();
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
-  EXPECT_TRUE(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
-}
-
-TEST_F(FrmFirmsTest, AGroupCannotMoveUnderItsOwnDescendant) {
-  auto w = Open("O00001004");
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001001"));
-  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
-  EXPECT_TRUE(adapter_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
-}
-
-// ---- new from current ----
 
 class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterface<bool> {};
 

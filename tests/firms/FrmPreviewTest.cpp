@@ -4,6 +4,7 @@
 
 #include "firms/frmPreview.h"
 #include "orvel/OrvelServices.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestServices.h"
@@ -85,7 +86,7 @@ INSTANTIATE_TEST_SUITE_P(
         AcceptCase{"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
         // Built before the box is put right: two zeros leave the dialog.
         AcceptCase{"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FrmPreviewTest, BothClearedShowsActiveCheckedAfterOk) {
   Open("1,0,0");

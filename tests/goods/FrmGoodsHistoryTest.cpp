@@ -13,6 +13,7 @@
 #include "orvel/ImageList.h"
 #include "orvel/OrvelMainForm.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/StubObjectUI.h"
 #include "support/TextRecords.h"
@@ -182,8 +183,6 @@ TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheySt
   EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
 }
 
-// ---- the currency rule and the formats ----
-
 struct MoneyCase {
   const char* name;
   const char* money;  // CurrencyRate, CODE, Price and Suma
@@ -227,9 +226,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "||EUR|4||"},
         MoneyCase{"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR",
                   "6.90|34.50|EUR|3.45|2.00|10.00", true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- bold rows ----
+    ByName());
 
 class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
                                 public ::testing::WithParamInterface<const char*> {};
@@ -244,8 +241,6 @@ TEST_P(FrmGoodsHistoryBoldTest, OnlySignsZeroAndTwoAreBold) {
 
 INSTANTIATE_TEST_SUITE_P(Signs, FrmGoodsHistoryBoldTest,
                          ::testing::Values("0", "2", "2.0", "1", "-2", "3", "~"));
-
-// ---- icons ----
 
 TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
   auto rs = TextRecords(kFields, {Movement(), Movement("OType=O9999900"), Movement("OType=~"),
@@ -268,8 +263,6 @@ TEST_F(FrmGoodsHistoryTest, AnImageListThatCannotTellTakesEveryKey) {
   auto w = Open();
   EXPECT_EQ(w->lswHistory.ListItems().Item(1).SmallIcon(), "O9999900");
 }
-
-// ---- a record that cannot be shown ----
 
 // A record whose price is no number, after a good one; a set that lacks the
 // history's fields.
@@ -305,8 +298,6 @@ TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
-// ---- popup, desktop, close ----
-
 TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenCloseUnloads) {
   Reply({Movement(), Movement("OIDR=O00120016")});
   auto w = Open();
@@ -326,8 +317,6 @@ TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenClos
   w->cmdClose.Click();
   EXPECT_FALSE(w->Loaded());
 }
-
-// ---- the goods dialogs open it ----
 
 // Dialogs that refine another entry only.
 class SettingsOnlyDialogs : public GoodsDialogs {

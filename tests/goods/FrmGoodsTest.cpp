@@ -14,6 +14,7 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
@@ -100,8 +101,6 @@ class FrmGoodsTest : public CardTest<frmGoods> {
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
 };
 
-// ---- tabs ----
-
 struct TabCase {
   const char* name;
   const char* oidr;
@@ -148,7 +147,7 @@ INSTANTIATE_TEST_SUITE_P(
         TabCase{"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3,
                 0, 4, 5},
         TabCase{"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 // Setting the record builds the window at once; its load builds it again.
 TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
@@ -175,8 +174,6 @@ TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
                                                    "MinAmount", "Discounts", "BRTemplates"}));
   EXPECT_EQ(w->RestsTab, 4);
 }
-
-// ---- start-up ----
 
 TEST_F(FrmGoodsTest, ANewGoodInAGroupInheritsAndIsPrimed) {
   auto w = Open("O00002001", "1", "CGroup");
@@ -243,8 +240,6 @@ TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
   EXPECT_FALSE(other->cmdEnter.Enabled());
 }
 
-// ---- popup menus ----
-
 struct PopupCase {
   const char* name;
   const char* oidr;
@@ -291,7 +286,7 @@ INSTANTIATE_TEST_SUITE_P(
                   "mnuToDesktop mmuBlank mnuRefresh"},
         PopupCase{"GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "",
                   "mmuBlank mnuRefresh"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
   auto fresh = Open("O00002001", "1", "CGroup");
@@ -341,7 +336,7 @@ INSTANTIATE_TEST_SUITE_P(
         MainMenuCase{"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false,
                      false, true, false},
         MainMenuCase{"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
@@ -365,8 +360,6 @@ TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   EXPECT_EQ(w->ran, (std::vector<std::string>{"EditRow 100", "EditDiscount 101"}));
   EXPECT_EQ(w->MenuAction, "");
 }
-
-// ---- double clicks and refreshes ----
 
 struct DoubleClickCase {
   const char* name;
@@ -399,9 +392,7 @@ INSTANTIATE_TEST_SUITE_P(
         DoubleClickCase{"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
         DoubleClickCase{"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
         DoubleClickCase{"GroupGoods", "O00002001", "Goods", "O00002002", {}}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- history, desktop, delete ----
+    ByName());
 
 TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto dialogs = std::make_shared<HistoryDialogs>();
@@ -448,8 +439,6 @@ TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
   EXPECT_TRUE(host_.Log().Lines(Channel::Business).empty());
 }
 
-// ---- drag and drop ----
-
 struct DropCase {
   const char* name;
   const char* target;
@@ -486,9 +475,7 @@ INSTANTIATE_TEST_SUITE_P(
                       DropCase{"TopLevelGood", "O00002001", "O00002004", 1, false},
                       DropCase{"OntoAGood", "O00002002", "O00002005", 0, false},
                       DropCase{"AnotherType", "O00002001", "O00001002", 0, false}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- closing, deleting, the parent group ----
+    ByName());
 
 TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");
@@ -524,8 +511,6 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(0));
   EXPECT_EQ(w->txtGroup.Text(), "");
 }
-
-// ---- the shared VAT rate ----
 
 TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
   BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));

@@ -10,6 +10,7 @@
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
 #include "orvel/Locale.h"
+#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -66,9 +67,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, GoodsVatLineTest,
                                      Variant("brangu"), Variant(), Variant(), ""},
                              VatCase{"NullPriceLeavesOnlyTheCreator", "O00002003", Variant::Null(),
                                      Variant(), Variant(), ""}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- the save ----
+                         ByName());
 
 struct MeasureCase {
   const char* name;
@@ -108,7 +107,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   "16 Apskaita Klaida!\nMatavimo vienetas 9 neperskaitytas"},
                       // A group has no measure to check.
                       MeasureCase{"Group", "O00002001", Variant::Null(), Variant(), true, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodsCardTest, AnEmptyNameWritesNothingAndSaysNothing) {
   auto w = Open("O00002002");
@@ -159,7 +158,7 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(RenameCase{"UsedWithoutRight", false, 3, "Duona", {kUsed, kSave, kRead}},
                       RenameCase{"NotUsed", false, 0, "Ruginė duona", {kUsed, kSave, kRead}},
                       RenameCase{"RightNeedsNoQuestion", true, 3, "Ruginė duona", {kSave, kRead}}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   BO("O0000200").FailCallsNamed("Orvel_SaveObject", 547, "Pažeistas ryšys");
@@ -208,8 +207,6 @@ TEST_F(GoodsCardTest, CancelOnANewRecordDoesNothing) {
   EXPECT_TRUE(BO("O0000200").Calls().empty());
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
 }
-
-// ---- the row editors ----
 
 class RecordingDialogs : public GoodsDialogs {
  public:

@@ -6,6 +6,7 @@
 
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "ui/ListItem.h"
 #include "ui/ListSubItem.h"
@@ -113,7 +114,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PeriodCase{"DaysBack", PeriodOf("2026-01-01", "2026-06-30", 30, false),
                                  "'O00002002','2026-10-24','9999-12-31'"},
                       PeriodCase{"NoPeriod", Variant(), "'O00002002','2026-11-23','9999-12-31'"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodsListsTest, ByDateNewestFirstWithTheSummaryLast) {
   auto w = Open("O00002002");
@@ -200,8 +201,6 @@ TEST_F(GoodsListsTest, AnEmptyAnswerLeavesColumnsAndNoRows) {
   EXPECT_EQ(host_.Ui()->GetMousePointer(), 0);
 }
 
-// ---- rests ----
-
 struct RestCase {
   const char* name;
   Variant rest;
@@ -244,7 +243,7 @@ INSTANTIATE_TEST_SUITE_P(
                       RestCase{"HalfIsNotShown", Variant(10), Variant(0.5), "0", "10"},
                       RestCase{"Reserved", Variant(10), Variant(2), "0", "10/2"},
                       RestCase{"PartlySold", Variant(7.3), Variant::Null(), "2,7", "7,3"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 }  // namespace
 }  // namespace orvel

@@ -14,6 +14,7 @@
 #include "goods/frmGoodPreview.h"
 #include "goods/frmPriceChange.h"
 #include "host/Convert.h"
+#include "support/CaseName.h"
 #include "support/StubObjectUIO.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
@@ -22,8 +23,6 @@
 
 namespace orvel {
 namespace {
-
-// ---- price change and warranty ----
 
 enum class Kind { Price, Garanty };
 
@@ -104,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
         GroupChangeCase{"WarrantyMonths", Kind::Garanty, "12", false, true, "12", "1,1,12"},
         GroupChangeCase{"WarrantyHasNoSign", Kind::Garanty, "-6.5", false, false, "6,5",
                         "1,0,6.5"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
@@ -187,8 +186,6 @@ TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
   EXPECT_EQ(garanty.cmdEnter.Caption(), "Įrašyti");
 }
 
-// ---- list settings ----
-
 class GoodPreviewTest : public GoodsCardTest {
  protected:
   void SetUp() override {
@@ -266,7 +263,7 @@ INSTANTIATE_TEST_SUITE_P(
                       PreviewLoadCase{"ShortWarehouseKeepsTheText", "1,1,1,'O0001605',1,1,0",
                                       "111101", "Visi sandeliai", "O0001605"},
                       PreviewLoadCase{"TooFewFields", "1,0,1", "101001", "Visi sandeliai", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodPreviewTest, NeitherActiveNorInactiveMeansActive) {
   EXPECT_EQ(Edit("1,0,0,'',0,0,0",
@@ -344,9 +341,7 @@ INSTANTIATE_TEST_SUITE_P(Cases, GoodPreviewLocationTest,
                                            LocationCase{"Root", "O0001605", "Sandėliai", "", ""},
                                            LocationCase{"Warehouse", "O00016052", "Vilnius",
                                                         "Vilnius", "O00016052"}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- the detail record sheet ----
+                         ByName());
 
 class GoodPropertyTest : public GoodsCardTest {
  protected:
@@ -438,7 +433,7 @@ INSTANTIATE_TEST_SUITE_P(
         PropertyCase{"TemplateWithoutType", "O0000800", "BRTemplateID=2", false, kBadTemplate},
         // Other records (the firm's details) are written as they stand.
         PropertyCase{"OtherKind", "O0002000", "", true, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
   EXPECT_FALSE(EditNew("O0000400", "MeasureID=1;Scale=0;Scale2=0"));
@@ -479,7 +474,7 @@ INSTANTIATE_TEST_SUITE_P(
         FailedWriteCase{"Duplicate", 2627,
                         "16 Apskaita Klaida!\n\nPanašus įrašas jau yra duomenų bazėje!"},
         FailedWriteCase{"Other", 2601, "16 Apskaita Klaida!\n\nUNIQUE constraint failed"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodPropertyTest, TheSheetIsCaptionedFilledAndCancelSavesNothing) {
   EXPECT_FALSE(EditNew("O0000600", "GoodPriceTypeID=1;Price=2", 0, /*cancel=*/true));

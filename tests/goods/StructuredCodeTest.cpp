@@ -8,6 +8,7 @@
 #include "goods/StructuredCode.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestSession.h"
@@ -59,9 +60,7 @@ INSTANTIATE_TEST_SUITE_P(
         CodeCase{"HighestShorterThanParent", Variant("123"), Variant("45"), "123???"},
         CodeCase{"TopLevelBeyondInteger", kNull, Variant("2147483647"), "???"},
         CodeCase{"TopLevelFarBeyondInteger", kNull, Variant("99999999999"), "???"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- the method on the good ----
+    ByName());
 
 // Group 1 (code "12") with good 2 in it; the structured-code setting is on.
 class GenerateCodeTest : public ModuleTest {
@@ -130,7 +129,7 @@ INSTANTIATE_TEST_SUITE_P(
                       GenerateCase{"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
                       GenerateCase{"NoRecord", "", 0, Variant("???"), "???"},
                       GenerateCase{"FailedRead", "!", 17, Variant(), "old"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 class GenerateCodeOffTest : public GenerateCodeTest,
                             public ::testing::WithParamInterface<Variant> {};

@@ -8,6 +8,7 @@
 #include "orvel/Ui.h"
 #include "reference/frmDepartments.h"
 #include "support/CardTest.h"
+#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
@@ -138,7 +139,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   "Aukštesnė grupė", "Grupės pavadinimas", true},
                       CaptionCase{"NewEntry", "O00016041", "Group", "1", " Naujas padalinys",
                                   "Grupė", "Pavadinimas", true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct WriteRuleCase {
   const char* name;
@@ -168,7 +169,7 @@ INSTANTIATE_TEST_SUITE_P(Rules, DepartmentWriteRuleTest,
                                            WriteRuleCase{"BlanksOnly", true, "   ", true, true},
                                            WriteRuleCase{"NoUpdateRight", false, "Kasa", false,
                                                          false}),
-                         [](const auto& info) { return std::string(info.param.name); });
+                         ByName());
 
 TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
