@@ -121,7 +121,9 @@ TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
   EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
 }
 
-TEST_F(GroupChangeTest, CancelSendsNothing) {
+// Cancel sends nothing. The business status comes back in the result's
+// Value, so a refused change closes the dialog like a done one, silently.
+TEST_F(GroupChangeTest, CancelOrARefusedChangeClosesTheDialogSilently) {
   for (Kind kind : {Kind::Price, Kind::Garanty}) {
     Run(kind, [&](GroupChangeDialog& dialog) {
       Type(Box(dialog), "4");
@@ -131,12 +133,6 @@ TEST_F(GroupChangeTest, CancelSendsNothing) {
   }
   EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
   EXPECT_TRUE(Sent("UpdateGaranty").empty());
-  EXPECT_TRUE(Boxes().empty());
-}
-
-// The business status comes back in the result's Value, so a refused change
-// closes the dialog like a done one; only a failed call is shown.
-TEST_F(GroupChangeTest, ARefusedChangeClosesTheDialogSilently) {
   BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
     Type(Box(dialog), "150");
@@ -173,17 +169,6 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   host_.Ui()->QueueAnswer(vbOK);
   dialog.cmdEnter.Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
-}
-
-TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
-  frmPriceChange price;
-  frmGaranty garanty;
-  EXPECT_EQ(price.Caption(), "Pardavimo kainų keitimas");
-  EXPECT_EQ(price.chkWithSubGroups.Caption(), "Keisti ir pogrupiuose");
-  EXPECT_EQ(price.OptDown.Caption(), "Mažinti");
-  EXPECT_EQ(garanty.Caption(), "Garantijos pridėjimas");
-  EXPECT_EQ(garanty.Label1.Caption(), "Garantija, mėn:");
-  EXPECT_EQ(garanty.cmdEnter.Caption(), "Įrašyti");
 }
 
 class GoodPreviewTest : public GoodsCardTest {
@@ -265,47 +250,53 @@ INSTANTIATE_TEST_SUITE_P(
                       PreviewLoadCase{"TooFewFields", "1,0,1", "101001", "Visi sandeliai", ""}),
     ByName());
 
-TEST_F(GoodPreviewTest, NeitherActiveNorInactiveMeansActive) {
-  EXPECT_EQ(Edit("1,0,0,'',0,0,0",
-                 [](frmGoodPreview& d) {
-                   d.chkActive.Click();
-                   d.cmdOK.Click();
-                 }),
-            "1,0,0,'',0,0,0");
-}
-
-TEST_F(GoodPreviewTest, WithoutByLocationTheWarehouseIsDropped) {
-  EXPECT_EQ(Edit("1,0,1,'O00016051',1,1,0",
-                 [](frmGoodPreview& d) {
-                   d.chkByLocation.Click();
-                   EXPECT_FALSE(d.cmdLocation.Enabled());
-                   d.cmdOK.Click();
-                   EXPECT_EQ(d.txtLocation.Text(), "");
-                 }),
-            "1,0,1,'',0,1,0");
-}
-
-TEST_F(GoodPreviewTest, SaveStoresTheSettingsForTheUser) {
-  std::string after = Edit("1,0,1,'',0,1,0", [](frmGoodPreview& d) {
-    d.OptByName.Click();
-    d.chkOnlyWithRest.Click();
-    d.cmdSave.Click();
-  });
-  EXPECT_EQ(after, "1,0,1,'',0,0,1");
-  EXPECT_EQ(host_.Environment()->StoredSetting("O0000200", "Preview"), "1,0,1,'',0,0,1");
-}
-
-TEST_F(GoodPreviewTest, CancelConfirmsNothing) {
-  bool confirmed = true;
-  std::string after = Edit(
-      "1,0,1,'',0,1,0",
-      [](frmGoodPreview& d) {
-        d.chkCode.Click();
-        d.cmdCancel.Click();
-      },
-      &confirmed);
-  EXPECT_FALSE(confirmed);
-  EXPECT_EQ(after, "1,0,1,'',0,1,0");
+// Neither active nor inactive means active; without the location the
+// warehouse is dropped; Save stores the settings for the user; Cancel
+// confirms nothing.
+TEST_F(GoodPreviewTest, TheButtonsConfirmStoreOrDropTheEdits) {
+  struct Case {
+    const char* settings;
+    std::function<void(frmGoodPreview&)> user;
+    const char* after;
+    bool confirmed;
+    const char* stored;  // null: nothing stored
+  };
+  const Case cases[] = {{"1,0,0,'',0,0,0",
+                         [](frmGoodPreview& d) {
+                           d.chkActive.Click();
+                           d.cmdOK.Click();
+                         },
+                         "1,0,0,'',0,0,0", true, nullptr},
+                        {"1,0,1,'O00016051',1,1,0",
+                         [](frmGoodPreview& d) {
+                           d.chkByLocation.Click();
+                           EXPECT_FALSE(d.cmdLocation.Enabled());
+                           d.cmdOK.Click();
+                           EXPECT_EQ(d.txtLocation.Text(), "");
+                         },
+                         "1,0,1,'',0,1,0", true, nullptr},
+                        {"1,0,1,'',0,1,0",
+                         [](frmGoodPreview& d) {
+                           d.chkCode.Click();
+                           d.cmdCancel.Click();
+                         },
+                         "1,0,1,'',0,1,0", false, nullptr},
+                        {"1,0,1,'',0,1,0",
+                         [](frmGoodPreview& d) {
+                           d.OptByName.Click();
+                           d.chkOnlyWithRest.Click();
+                           d.cmdSave.Click();
+                         },
+                         "1,0,1,'',0,0,1", true, "1,0,1,'',0,0,1"}};
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.settings);
+    bool confirmed = !c.confirmed;
+    EXPECT_EQ(Edit(c.settings, c.user, &confirmed), c.after);
+    EXPECT_EQ(confirmed, c.confirmed);
+    auto stored = host_.Environment()->StoredSetting("O0000200", "Preview");
+    EXPECT_EQ(stored.has_value(), c.stored != nullptr);
+    if (c.stored) EXPECT_EQ(*stored, c.stored);
+  }
 }
 
 struct LocationCase {
@@ -435,20 +426,18 @@ INSTANTIATE_TEST_SUITE_P(
         PropertyCase{"OtherKind", "O0002000", "", true, ""}),
     ByName());
 
+// As an unreadable ratio is.
 TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
   EXPECT_FALSE(EditNew("O0000400", "MeasureID=1;Scale=0;Scale2=0"));
   EXPECT_EQ(Rows("O0000400"), 0u);
   EXPECT_EQ(std::count(grid.begin(), grid.end(), "RefreshField Scale"), 1);
   EXPECT_TRUE(Boxes().empty());
 
-  EXPECT_TRUE(EditNew("O0000400", "MeasureID=1;Scale=0;Scale2=0", 2));
-  ASSERT_EQ(Rows("O0000400"), 1u);
-  EXPECT_EQ(BO("O0000400").Table().Value(1, "Scale"), Variant(1));
-}
-
-TEST_F(GoodPropertyTest, AnUnreadableRatioIsSetToOne) {
-  EXPECT_TRUE(EditNew("O0000400", "MeasureID=1;Scale=~", 2));
-  EXPECT_EQ(BO("O0000400").Table().Value(1, "Scale"), Variant(1));
+  for (const char* fields : {"MeasureID=1;Scale=0;Scale2=0", "MeasureID=1;Scale=~"}) {
+    EXPECT_TRUE(EditNew("O0000400", fields, 2));
+    EXPECT_EQ(BO("O0000400").Table().Value(BO("O0000400").Table().Ids().back(), "Scale"),
+              Variant(1));
+  }
 }
 
 struct FailedWriteCase {
