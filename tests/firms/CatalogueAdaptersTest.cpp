@@ -199,27 +199,6 @@ struct MenuCase {
   const char* lines;   // "key caption" of each entry, joined by "|"
 };
 
-class MenuTest : public AdaptersTest, public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(MenuTest, EntriesFollowKindAndRights) {
-  const MenuCase& c = GetParam();
-  const std::string oid = std::string(c.oidr).substr(0, 8);
-  const std::string denied = c.denied;
-  if (denied.find('D') != std::string::npos) {
-    host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
-  }
-  if (denied.find('P') != std::string::npos) host_.Rights()->Deny("CGoodsPT", Right::Read);
-  auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
-  ASSERT_TRUE(menu);
-  Lines lines;
-  for (const auto& item : *menu) {
-    lines.push_back(item.Key + " " + item.Caption);
-    EXPECT_EQ(item.Tag, nullptr);
-    EXPECT_EQ(item.Flags, 0);
-  }
-  EXPECT_EQ(Join(lines, "|"), c.lines);
-}
-
 constexpr const char* kFirmRoot =
     "2 Sukurti naują &grupę|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|7 Pagalba|100 -";
 constexpr const char* kFirmFolder =
@@ -232,49 +211,67 @@ constexpr const char* kGoodsFolder =
     "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
     "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|100 -|5 &Atrinkti|"
     "6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
+
 constexpr const char* kGood =
     "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|100 -|"
     "5 &Atrinkti|6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, MenuTest,
-    ::testing::Values(
-        MenuCase{"FirmRoot", "O0000100", "", "", kFirmRoot},
-        MenuCase{"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
-        MenuCase{"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
-        // Two separators in a row stand where the delete entry would be.
-        MenuCase{"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
-                 "7 Pagalba|100 -"},
-        MenuCase{"FirmC", "O00001002", "C", "",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
-                 "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
-        MenuCase{"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
-                 "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
-        // "FirmNA" is neither "C" nor "Firm": the group entries show.
-        MenuCase{"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
-        MenuCase{"GoodsRoot", "O0000200", "", "", kGoodsRoot},
-        // The root never offers the price dialogs nor deletion.
-        MenuCase{"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
-        MenuCase{"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
-        MenuCase{"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
-        MenuCase{"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
-        MenuCase{"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
-                 "7 &Panaikinti|100 -|8 Pagalba|100 -"},
-        MenuCase{"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
-                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
-        MenuCase{"Good", "O00002002", "C", "", kGood},
-        MenuCase{"Service", "O00002004", "Service", "P", kGood},
-        MenuCase{"GoodWithoutDelete", "O00002002", "GoodNA", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
-                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
-    ByName());
+TEST_F(AdaptersTest, EntriesFollowKindAndRights) {
+  for (const MenuCase& c : std::initializer_list<MenuCase>{
+           {"FirmRoot", "O0000100", "", "", kFirmRoot},
+           {"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
+           {"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
+           // Two separators in a row stand where the delete entry would be.
+           {"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
+            "7 Pagalba|100 -"},
+           {"FirmC", "O00001002", "C", "",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+            "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
+           {"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+            "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
+           // "FirmNA" is neither "C" nor "Firm": the group entries show.
+           {"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
+           {"GoodsRoot", "O0000200", "", "", kGoodsRoot},
+           // The root never offers the price dialogs nor deletion.
+           {"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
+           {"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
+           {"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
+           {"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
+           {"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
+            "7 &Panaikinti|100 -|8 Pagalba|100 -"},
+           {"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
+            "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
+           {"Good", "O00002002", "C", "", kGood},
+           {"Service", "O00002004", "Service", "P", kGood},
+           {"GoodWithoutDelete", "O00002002", "GoodNA", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
+            "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const std::string oid = std::string(c.oidr).substr(0, 8);
+    const std::string denied = c.denied;
+    if (denied.find('D') != std::string::npos) {
+      host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
+    }
+    if (denied.find('P') != std::string::npos) host_.Rights()->Deny("CGoodsPT", Right::Read);
+    auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
+    ASSERT_TRUE(menu);
+    Lines lines;
+    for (const auto& item : *menu) {
+      lines.push_back(item.Key + " " + item.Caption);
+      EXPECT_EQ(item.Tag, nullptr);
+      EXPECT_EQ(item.Flags, 0);
+    }
+    EXPECT_EQ(Join(lines, "|"), c.lines);
+  }
+}
 
 struct CreateCase {
   const char* name;
@@ -285,51 +282,46 @@ struct CreateCase {
   Variant groupFlag;
 };
 
-class CreateTest : public AdaptersTest, public ::testing::WithParamInterface<CreateCase> {};
-
-TEST_P(CreateTest, NewRecordGetsParentAndGroupFlag) {
-  const CreateCase& c = GetParam();
-  const bool goods = std::string(c.oidr).substr(0, 8) == "O0000200";
-  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<GroupedCard>();
-  ASSERT_NE(window, nullptr);
-  auto object = window->OrvelObjectUIO();
-  EXPECT_EQ(object->OIDR(), "");
-  EXPECT_EQ(object->Fields("ParentID").Value(), c.parentId);
-  EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
-  // Every new record starts active, and a good kept in rests.
-  EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
-  if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
-  EXPECT_FALSE(window->Loaded());
-}
-
 const Variant kNull = Variant::Null();
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CreateTest,
-    ::testing::Values(
-        CreateCase{"FirmInGroup", "O00001001", "CGroup", "1", Variant(1), Variant(0)},
-        CreateCase{"FirmBesideFirm", "O00001002", "C", "1", Variant(1), Variant(0)},
-        CreateCase{"GroupBesideGroup", "O00001001", "CGroup", "2", kNull, Variant(1)},
-        CreateCase{"GroupBesideFirmInGroup", "O00001002", "C", "2", Variant(1), Variant(1)},
-        // Val of a Null parent joined to "" is 0, written back as Null.
-        CreateCase{"GroupBesideTopFirm", "O00001003", "C", "2", kNull, Variant(1)},
-        CreateCase{"SubgroupOfGroup", "O00001001", "CGroup", "3", Variant(1), Variant(1)},
-        // Not offered on a firm; it makes a group beside the firm.
-        CreateCase{"SubgroupKeyOnFirm", "O00001002", "C", "3", Variant(1), Variant(1)},
-        CreateCase{"FirmGroupAtRoot", "O0000100", "", "2", kNull, Variant(1)},
-        CreateCase{"GoodInGroup", "O00002001", "CGroup", "1", Variant(1), Variant(0)},
-        CreateCase{"GoodBesideGood", "O00002002", "C", "1", Variant(1), Variant(0)},
-        // Key 2 makes a sibling of the node, key 3 a child.
-        CreateCase{"SiblingOfSubgroup", "O00002003", "CGroup", "2", Variant(1), Variant(1)},
-        CreateCase{"ChildOfSubgroup", "O00002003", "CGroup", "3", Variant(3), Variant(1)},
-        CreateCase{"SiblingOfTopGroup", "O00002001", "CGroup", "2", Variant(0), Variant(1)},
-        // On a good, 3 takes the good's own parent, as 1 does.
-        CreateCase{"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
-        CreateCase{"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
-        CreateCase{"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}),
-    ByName());
+TEST_F(AdaptersTest, NewRecordGetsParentAndGroupFlag) {
+  for (const CreateCase& c : std::initializer_list<CreateCase>{
+           {"FirmInGroup", "O00001001", "CGroup", "1", Variant(1), Variant(0)},
+           {"FirmBesideFirm", "O00001002", "C", "1", Variant(1), Variant(0)},
+           {"GroupBesideGroup", "O00001001", "CGroup", "2", kNull, Variant(1)},
+           {"GroupBesideFirmInGroup", "O00001002", "C", "2", Variant(1), Variant(1)},
+           // Val of a Null parent joined to "" is 0, written back as Null.
+           {"GroupBesideTopFirm", "O00001003", "C", "2", kNull, Variant(1)},
+           {"SubgroupOfGroup", "O00001001", "CGroup", "3", Variant(1), Variant(1)},
+           // Not offered on a firm; it makes a group beside the firm.
+           {"SubgroupKeyOnFirm", "O00001002", "C", "3", Variant(1), Variant(1)},
+           {"FirmGroupAtRoot", "O0000100", "", "2", kNull, Variant(1)},
+           {"GoodInGroup", "O00002001", "CGroup", "1", Variant(1), Variant(0)},
+           {"GoodBesideGood", "O00002002", "C", "1", Variant(1), Variant(0)},
+           // Key 2 makes a sibling of the node, key 3 a child.
+           {"SiblingOfSubgroup", "O00002003", "CGroup", "2", Variant(1), Variant(1)},
+           {"ChildOfSubgroup", "O00002003", "CGroup", "3", Variant(3), Variant(1)},
+           {"SiblingOfTopGroup", "O00002001", "CGroup", "2", Variant(0), Variant(1)},
+           // On a good, 3 takes the good's own parent, as 1 does.
+           {"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
+           {"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
+           {"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}}) {
+    SCOPED_TRACE(c.name);
+    const bool goods = std::string(c.oidr).substr(0, 8) == "O0000200";
+    auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+    auto window = result.Value.ObjectAs<GroupedCard>();
+    ASSERT_NE(window, nullptr);
+    auto object = window->OrvelObjectUIO();
+    EXPECT_EQ(object->OIDR(), "");
+    EXPECT_EQ(object->Fields("ParentID").Value(), c.parentId);
+    EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
+    // Every new record starts active, and a good kept in rests.
+    EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
+    if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
+    EXPECT_FALSE(window->Loaded());
+  }
+}
 
 struct NoWindowCase {
   const char* name;
@@ -341,36 +333,32 @@ struct NoWindowCase {
   const char* box;  // "" for none
 };
 
-class NoWindowTest : public AdaptersTest, public ::testing::WithParamInterface<NoWindowCase> {};
-
-TEST_P(NoWindowTest, AGoneRecordOrNoReadRightGivesNoWindow) {
-  const NoWindowCase& c = GetParam();
-  if (!c.readRight) host_.Rights()->Deny("CFirms", Right::Read);
-  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, c.action);
-  EXPECT_EQ(result.Value.ObjectAs<GroupedCard>(), nullptr);
-  EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
-}
-
 constexpr int kShow = OrvelMenuResult::kShowWindow;
 constexpr int kNone = OrvelMenuResult::kNothing;
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NoWindowTest,
-    ::testing::Values(
-        NoWindowCase{"FirmWithoutReadRight", "O00001002", "C", "0", false, kShow, ""},
-        NoWindowCase{"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, kNone, ""},
-        // The window builder is given no type, so it names a firm even for a group.
-        NoWindowCase{"GoneFirm", "O00001009", "CGroup", "0", true, kShow, "Įmonė panaikinta!"},
-        NoWindowCase{"NewUnderGoneFirm", "O00001009", "C", "1", true, kNone, "Įmonė panaikinta!"},
-        NoWindowCase{"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, kNone,
-                     "Įmonių grupė panaikinta!"},
-        NoWindowCase{"NewUnderGoneUntyped", "O00001009", "", "1", true, kNone,
-                     "Įmonių grupė panaikinta!"},
-        NoWindowCase{"GoneGood", "O00002009", "C", "0", true, kShow, ""},
-        NoWindowCase{"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}),
-    ByName());
+TEST_F(AdaptersTest, AGoneRecordOrNoReadRightGivesNoWindow) {
+  for (const NoWindowCase& c : std::initializer_list<NoWindowCase>{
+           {"FirmWithoutReadRight", "O00001002", "C", "0", false, kShow, ""},
+           {"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, kNone, ""},
+           // The window builder is given no type, so it names a firm even for a group.
+           {"GoneFirm", "O00001009", "CGroup", "0", true, kShow, "Įmonė panaikinta!"},
+           {"NewUnderGoneFirm", "O00001009", "C", "1", true, kNone, "Įmonė panaikinta!"},
+           {"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, kNone,
+            "Įmonių grupė panaikinta!"},
+           {"NewUnderGoneUntyped", "O00001009", "", "1", true, kNone, "Įmonių grupė panaikinta!"},
+           {"GoneGood", "O00002009", "C", "0", true, kShow, ""},
+           {"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    host_.Ui()->ClearBoxes();
+    if (!c.readRight) host_.Rights()->Deny("CFirms", Right::Read);
+    if (*c.box) host_.Ui()->QueueAnswer(vbOK);
+    auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, c.action);
+    EXPECT_EQ(result.Value.ObjectAs<GroupedCard>(), nullptr);
+    EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
+  }
+}
 
 struct ListCase {
   const char* name;

@@ -144,36 +144,31 @@ struct CodeCase {
   const char* check;  // the CheckCode call, "" when none is made
 };
 
-class FirmCardCodeTest : public FirmCardTest, public ::testing::WithParamInterface<CodeCase> {};
-
-TEST_P(FirmCardCodeTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
-  const CodeCase& c = GetParam();
-  CodeRepeats();  // any check made would stop the write
-  host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-  auto w = Open(c.oidr);
-  Grid(*w).EditField("Code", c.code);
-  if (*c.check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
-  w->cmdEnter_Click();
-  const auto lines = BusinessLines();
-  ASSERT_FALSE(lines.empty());
-  if (std::string(c.check).empty()) {
-    EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
-    EXPECT_EQ(Stored(static_cast<int32_t>(c.oidr[8] - '0'), "Code"), c.code);
-  } else {
-    EXPECT_EQ(lines, std::vector<std::string>{c.check});
+TEST_F(FirmCardTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
+  for (const CodeCase& c : std::initializer_list<CodeCase>{
+           {"Blanks", "O00001002", Variant("   "), ""},
+           {"Null", "O00001002", Variant::Null(), ""},
+           {"GroupsAreNotChecked", "O00001001", Variant("302245871"), ""},
+           {"BlanksKept", "O00001002", Variant(" 12 "), "GetCall CheckCode 'O00001002',' 12 '"},
+           {"Number", "O00001003", Variant(144523896),
+            "GetCall CheckCode 'O00001003','144523896'"}}) {
+    SCOPED_TRACE(c.name);
+    CodeRepeats();  // any check made would stop the write
+    host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    auto w = Open(c.oidr);
+    Grid(*w).EditField("Code", c.code);
+    if (*c.check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
+    w->cmdEnter_Click();
+    const auto lines = BusinessLines();
+    ASSERT_FALSE(lines.empty());
+    if (std::string(c.check).empty()) {
+      EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
+      EXPECT_EQ(Stored(static_cast<int32_t>(c.oidr[8] - '0'), "Code"), c.code);
+    } else {
+      EXPECT_EQ(lines, std::vector<std::string>{c.check});
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Codes, FirmCardCodeTest,
-                         ::testing::Values(CodeCase{"Blanks", "O00001002", Variant("   "), ""},
-                                           CodeCase{"Null", "O00001002", Variant::Null(), ""},
-                                           CodeCase{"GroupsAreNotChecked", "O00001001",
-                                                    Variant("302245871"), ""},
-                                           CodeCase{"BlanksKept", "O00001002", Variant(" 12 "),
-                                                    "GetCall CheckCode 'O00001002',' 12 '"},
-                                           CodeCase{"Number", "O00001003", Variant(144523896),
-                                                    "GetCall CheckCode 'O00001003','144523896'"}),
-                         ByName());
 
 struct FailureCase {
   const char* name;

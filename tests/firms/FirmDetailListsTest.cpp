@@ -249,55 +249,50 @@ struct TrafficCase {
   const char* shown;
 };
 
-class TrafficTest : public FirmDetailListsTest,
-                    public ::testing::WithParamInterface<TrafficCase> {};
-
-TEST_P(TrafficTest, RowsTotalsAndTagsByRight) {
-  if (*GetParam().denied) host_.Rights()->Deny(GetParam().denied, TestRights::Right::Allowed);
-  Reply("GetTraffic", kDocs, GetParam().rows);
-  auto w = Open(kFirm);
-  w->LoadTraffic(true);
-  EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), GetParam().shown);
+TEST_F(FirmDetailListsTest, RowsTotalsAndTagsByRight) {
+  for (const TrafficCase& c : std::initializer_list<TrafficCase>{
+           // What the firm owes and what we owe it cancel out: the total is 0.00.
+           {"DebtsCancelOut",
+            "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
+            "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+            "",
+            "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
+            "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
+            "O10002003|O1000200\n| | ; ; ;0,00*||"},
+           // A sign of -1 turns a debt around before it is added.
+           {"SignTurnsTheDebt",
+            "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
+            "2026-03-01|30|30|1|1",
+            "",
+            "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
+            "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
+           // Document groups answer to their lock right, the others to the
+           // operation right; a row without the right shows but has no Tag.
+           {"RightsByDocumentKind",
+            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
+            "02|1|1|1|7",
+            "CDocumentGroupLock7",
+            "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
+            "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
+           // A repeated OIDR adds no row: its columns go into the row before.
+           {"RepeatedOidrWritesIntoThePreviousRow",
+            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
+            "09|2|2|1|1",
+            "",
+            "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
+            "O1000100\n| | ; ; ;3,00*||"},
+           // The business layer's summary row names no record: it is not opened.
+           {"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
+            "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+           {"NoDocumentsNoTotal", "", "", ""}}) {
+    SCOPED_TRACE(c.name);
+    if (*c.denied) host_.Rights()->Deny(c.denied, TestRights::Right::Allowed);
+    Reply("GetTraffic", kDocs, c.rows);
+    auto w = Open(kFirm);
+    w->LoadTraffic(true);
+    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), c.shown);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TrafficTest,
-    ::testing::Values(
-        // What the firm owes and what we owe it cancel out: the total is 0.00.
-        TrafficCase{"DebtsCancelOut",
-                    "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
-                    "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
-                    "",
-                    "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
-                    "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
-                    "O10002003|O1000200\n| | ; ; ;0,00*||"},
-        // A sign of -1 turns a debt around before it is added.
-        TrafficCase{"SignTurnsTheDebt",
-                    "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
-                    "2026-03-01|30|30|1|1",
-                    "",
-                    "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
-                    "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
-        // Document groups answer to their lock right, the others to the
-        // operation right; a row without the right shows but has no Tag.
-        TrafficCase{"RightsByDocumentKind",
-                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
-                    "02|1|1|1|7",
-                    "CDocumentGroupLock7",
-                    "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
-                    "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
-        // A repeated OIDR adds no row: its columns go into the row before.
-        TrafficCase{"RepeatedOidrWritesIntoThePreviousRow",
-                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
-                    "09|2|2|1|1",
-                    "",
-                    "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-                    "O1000100\n| | ; ; ;3,00*||"},
-        // The business layer's summary row names no record: it is not opened.
-        TrafficCase{"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
-                    "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
-        TrafficCase{"NoDocumentsNoTotal", "", "", ""}),
-    ByName());
 
 struct PeriodCase {
   const char* name;
@@ -305,27 +300,22 @@ struct PeriodCase {
   const char* params;
 };
 
-class TrafficPeriodTest : public FirmDetailListsTest,
-                          public ::testing::WithParamInterface<PeriodCase> {};
-
-TEST_P(TrafficPeriodTest, ThePeriodGivesTheDays) {
-  Period("GetOldPeriod", GetParam().period);
-  auto w = Open(kFirm);
-  w->LoadTraffic(true);
-  EXPECT_THAT(Calls("GetTraffic"), ElementsAre(GetParam().params));
+TEST_F(FirmDetailListsTest, ThePeriodGivesTheDays) {
+  for (const PeriodCase& c : std::initializer_list<PeriodCase>{
+           {"OwnDates",
+            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
+            "'O00001002','2026-01-01','2026-06-30'"},
+           {"DaysBackFromToday",
+            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
+            "'O00001002','2026-10-24','9999-12-31'"},
+           {"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}}) {
+    SCOPED_TRACE(c.name);
+    Period("GetOldPeriod", c.period);
+    auto w = Open(kFirm);
+    w->LoadTraffic(true);
+    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(c.params));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Periods, TrafficPeriodTest,
-    ::testing::Values(
-        PeriodCase{"OwnDates",
-                   {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
-                   "'O00001002','2026-01-01','2026-06-30'"},
-        PeriodCase{"DaysBackFromToday",
-                   {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
-                   "'O00001002','2026-10-24','9999-12-31'"},
-        PeriodCase{"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}),
-    ByName());
 
 TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   const Variant::Array year{DayOf(2026, 1, 1), DayOf(2026, 12, 31), Variant(0), Variant(true),
@@ -364,38 +354,30 @@ struct NoteLineCase {
   int32_t color;
 };
 
-class NoteLineTest : public FirmDetailListsTest,
-                     public ::testing::WithParamInterface<NoteLineCase> {};
-
-TEST_P(NoteLineTest, TheFirstNoteInForceIsShownInItsColour) {
-  const NoteLineCase& c = GetParam();
-  Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
-  auto w = Open(kFirm);
-  EXPECT_EQ(w->lblInfo.Visible(), c.shown);
-  EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
-  if (c.shown) {
-    EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
-    EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
+  for (const NoteLineCase& c : std::initializer_list<NoteLineCase>{
+           {"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
+           {"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
+           {"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
+           {"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
+            vbBlue}}) {
+    SCOPED_TRACE(c.name);
+    Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
+    auto w = Open(kFirm);
+    EXPECT_EQ(w->lblInfo.Visible(), c.shown);
+    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
+    if (c.shown) {
+      EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
+      EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+    }
+    // Every note stays in the list, coloured by its priority.
+    ListView& list = Tab(*w, "FirmInfo");
+    ASSERT_EQ(list.ListItems().Count(), 2);
+    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
+    EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
+    EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
-  // Every note stays in the list, coloured by its priority.
-  ListView& list = Tab(*w, "FirmInfo");
-  ASSERT_EQ(list.ListItems().Count(), 2);
-  EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
-  EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
-  EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NoteLineTest,
-    ::testing::Values(
-        NoteLineCase{"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
-        NoteLineCase{"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true,
-                     vbBlue},
-        NoteLineCase{"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true,
-                     vbRed},
-        NoteLineCase{"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
-                     vbBlue}),
-    ByName());
 
 TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   Reply("GetFirmInfo", kNotes, {"4|A|@2026-01-01|~|admin|3"});
@@ -418,33 +400,27 @@ struct DiscountCase {
   const char* origin;
 };
 
-class DiscountWordsTest : public FirmDetailListsTest,
-                          public ::testing::WithParamInterface<DiscountCase> {};
-
-TEST_P(DiscountWordsTest, VariantAndOrigin) {
-  const DiscountCase& c = GetParam();
-  Reply("GetDiscounts",
-        "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
-        {std::string("O10006001|N|5|Tiekėjai|") + c.row});
-  auto w = Open(kFirm);
-  const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
-  EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
-  EXPECT_EQ(row.ListSubItems().Item(2).Text(), "5%");
-  EXPECT_EQ(row.ListSubItems().Item(3).Text(), c.origin);
-  EXPECT_EQ(row.ListSubItems().Item(4).Text(), "Tiekėjai");
+TEST_F(FirmDetailListsTest, VariantAndOrigin) {
+  for (const DiscountCase& c : std::initializer_list<DiscountCase>{
+           {"NoVariant", "~|100|200|~|true", "", ""},
+           {"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
+           {"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
+           {"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
+           {"InheritedNotValid", "~|~|~|Statyba|false", "",
+            "Paveldeta iš grupės:Statyba(negalioja)"},
+           {"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}}) {
+    SCOPED_TRACE(c.name);
+    Reply("GetDiscounts",
+          "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
+          {std::string("O10006001|N|5|Tiekėjai|") + c.row});
+    auto w = Open(kFirm);
+    const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
+    EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
+    EXPECT_EQ(row.ListSubItems().Item(2).Text(), "5%");
+    EXPECT_EQ(row.ListSubItems().Item(3).Text(), c.origin);
+    EXPECT_EQ(row.ListSubItems().Item(4).Text(), "Tiekėjai");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, DiscountWordsTest,
-    ::testing::Values(
-        DiscountCase{"NoVariant", "~|100|200|~|true", "", ""},
-        DiscountCase{"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
-        DiscountCase{"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
-        DiscountCase{"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
-        DiscountCase{"InheritedNotValid", "~|~|~|Statyba|false", "",
-                     "Paveldeta iš grupės:Statyba(negalioja)"},
-        DiscountCase{"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}),
-    ByName());
 
 // The detail dialog, scripted: it notes what it was given and answers.
 class ScriptedDetailDialogs : public DetailDialog {

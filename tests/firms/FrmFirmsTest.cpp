@@ -57,50 +57,46 @@ struct TabCase {
   const char* caption;
 };
 
-class FrmFirmsTabTest : public FrmFirmsTest, public ::testing::WithParamInterface<TabCase> {};
-
-TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
-  const TabCase& c = GetParam();
-  if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
-  if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-  HasBranches(c.exist);
-  auto w = Open(c.oidr, c.key);
-  ASSERT_TRUE(w);
-  EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
-  EXPECT_EQ(w->SOPanel.Caption(), c.caption);
-  EXPECT_EQ(w->GoodsTab, c.goodsTab);
-  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
-  EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
-  for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
-    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
+  for (const TabCase& c : std::initializer_list<TabCase>{
+           {"FirmWithEveryTab", "O00001002", "0", true, true, 1,
+            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+            "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
+            3, 11, "Įmonės kortelė"},
+           {"NoContracts", "O00001002", "0", false, true, 1,
+            "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
+            "FirmServers FirmInfo FirmActivity Discounts",
+            2, 10, "Įmonės kortelė"},
+           {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
+            "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
+            "FirmInfo FirmActivity Discounts",
+            3, 9, "Įmonės kortelė"},
+           // A new firm has no branches to show, whatever the check says.
+           {"NewFirm", "O00001001", "1", true, true, 1,
+            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+            "FirmServers FirmInfo FirmActivity Discounts",
+            3, 10, "Nauja įmonė"},
+           {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
+           {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
+            "Nauja įmonių grupė"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
+    if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
+    HasBranches(c.exist);
+    auto w = Open(c.oidr, c.key);
+    ASSERT_TRUE(w);
+    EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
+    EXPECT_EQ(w->SOPanel.Caption(), c.caption);
+    EXPECT_EQ(w->GoodsTab, c.goodsTab);
+    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
+    for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
+      EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+    }
+    EXPECT_FALSE(w->HasListHandle(0));
   }
-  EXPECT_FALSE(w->HasListHandle(0));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmFirmsTabTest,
-    ::testing::Values(TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
-                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-                              "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
-                              3, 11, "Įmonės kortelė"},
-                      TabCase{"NoContracts", "O00001002", "0", false, true, 1,
-                              "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
-                              "FirmServers FirmInfo FirmActivity Discounts",
-                              2, 10, "Įmonės kortelė"},
-                      TabCase{"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
-                              "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
-                              "FirmInfo FirmActivity Discounts",
-                              3, 9, "Įmonės kortelė"},
-                      // A new firm has no branches to show, whatever the check says.
-                      TabCase{"NewFirm", "O00001001", "1", true, true, 1,
-                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-                              "FirmServers FirmInfo FirmActivity Discounts",
-                              3, 10, "Nauja įmonė"},
-                      TabCase{"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2,
-                              "Įmonių grupė"},
-                      TabCase{"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
-                              "Nauja įmonių grupė"}),
-    ByName());
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
   HasBranches();

@@ -191,42 +191,35 @@ struct MoneyCase {
   bool invariant = false;
 };
 
-class FrmGoodsHistoryMoneyTest : public FrmGoodsHistoryTest,
-                                 public ::testing::WithParamInterface<MoneyCase> {};
-
-TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
-  const MoneyCase& c = GetParam();
-  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-  Reply({Movement(c.money)});
-  auto w = Open();
-  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
-  auto cells = Cells(w->lswHistory.ListItems().Item(1));
-  std::string money = cells[6];
-  for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
-  EXPECT_EQ(money, c.cells);
+TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
+  for (const MoneyCase& c : std::initializer_list<MoneyCase>{
+           {"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
+           {"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
+           {"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
+            "6,90|34,50|EUR|3,45|2,00|10,00"},
+           {"TheCodeComparesExactly", "CurrencyRate=2.0;CODE=ltl;Price=1.0;Suma=1.0",
+            "2,00|2,00|ltl|2|1,00|1,00"},
+           {"PriceKeepsUpToEightDecimals", "Price=0.12345678;Suma=0.125",
+            "0,12345678|0,13| | | | "},
+           {"PriceRoundsItsNinthDecimal", "Price=0.66666666666666663;Suma=-2.675",
+            "0,66666667|-2,68| | | | "},
+           {"TheProductRoundsAsItReads",
+            "CurrencyRate=0.5;CODE=USD;Price=1.23456789;Suma=1234567.5",
+            "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
+           {"NullFiguresShowNothing", "CurrencyRate=4.0;CODE=EUR;Price=~;Suma=~", "||EUR|4||"},
+           {"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR", "6.90|34.50|EUR|3.45|2.00|10.00",
+            true}}) {
+    SCOPED_TRACE(c.name);
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    Reply({Movement(c.money)});
+    auto w = Open();
+    ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+    auto cells = Cells(w->lswHistory.ListItems().Item(1));
+    std::string money = cells[6];
+    for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
+    EXPECT_EQ(money, c.cells);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsHistoryMoneyTest,
-    ::testing::Values(
-        MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
-        MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
-        MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
-                  "6,90|34,50|EUR|3,45|2,00|10,00"},
-        MoneyCase{"TheCodeComparesExactly", "CurrencyRate=2.0;CODE=ltl;Price=1.0;Suma=1.0",
-                  "2,00|2,00|ltl|2|1,00|1,00"},
-        MoneyCase{"PriceKeepsUpToEightDecimals", "Price=0.12345678;Suma=0.125",
-                  "0,12345678|0,13| | | | "},
-        MoneyCase{"PriceRoundsItsNinthDecimal", "Price=0.66666666666666663;Suma=-2.675",
-                  "0,66666667|-2,68| | | | "},
-        MoneyCase{"TheProductRoundsAsItReads",
-                  "CurrencyRate=0.5;CODE=USD;Price=1.23456789;Suma=1234567.5",
-                  "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
-        MoneyCase{"NullFiguresShowNothing", "CurrencyRate=4.0;CODE=EUR;Price=~;Suma=~",
-                  "||EUR|4||"},
-        MoneyCase{"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR",
-                  "6.90|34.50|EUR|3.45|2.00|10.00", true}),
-    ByName());
 
 class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
                                 public ::testing::WithParamInterface<const char*> {};

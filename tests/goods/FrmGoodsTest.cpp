@@ -110,44 +110,39 @@ struct TabCase {
   int16_t pricesTab, restsTab, discountsTab, templatesTab;
 };
 
-class FrmGoodsTabTest : public FrmGoodsTest, public ::testing::WithParamInterface<TabCase> {};
-
-TEST_P(FrmGoodsTabTest, TabsFollowKindFlagsAndRights) {
-  const TabCase& c = GetParam();
-  for (const auto& key : Words(c.denied)) host_.Rights()->Deny(key, Right::Allowed);
-  auto w = Open(c.oidr, c.key, "CGroup");
-  ASSERT_TRUE(w);
-  EXPECT_EQ(TabKeys(*w), Words(c.tabs));
-  EXPECT_EQ(w->PricesTab, c.pricesTab);
-  EXPECT_EQ(w->RestsTab, c.restsTab);
-  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
-  EXPECT_EQ(w->TemplatesTab, c.templatesTab);
-  for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
-    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+TEST_F(FrmGoodsTest, TabsFollowKindFlagsAndRights) {
+  for (const TabCase& c : std::initializer_list<TabCase>{
+           {"GoodWithRests", "O00002002", "0", "",
+            "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", 3, 4, 6, 7},
+           // Without the price right the rests move up to where prices stood.
+           {"NoPriceRight", "O00002002", "0", "CGoodsPT",
+            "Traffic Measures Rests MinAmount Discounts BRTemplates", 0, 3, 5, 6},
+           {"NoMinimumRight", "O00002002", "0", "CGoodsMIN CGoodsBR",
+            "Traffic Measures PRICES Rests Discounts", 3, 4, 5, 0},
+           {"SerialsWithoutRests", "O00002004", "0", "",
+            "Traffic Measures PRICES SN Discounts BRTemplates", 3, 0, 5, 6},
+           {"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", 0, 0, 2, 3},
+           {"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", 0, 0, 2, 0},
+           // A new good keeps rests on saving, but gets its rest tabs only then.
+           {"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3, 0,
+            4, 5},
+           {"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    for (const auto& key : Words(c.denied)) host_.Rights()->Deny(key, Right::Allowed);
+    auto w = Open(c.oidr, c.key, "CGroup");
+    ASSERT_TRUE(w);
+    EXPECT_EQ(TabKeys(*w), Words(c.tabs));
+    EXPECT_EQ(w->PricesTab, c.pricesTab);
+    EXPECT_EQ(w->RestsTab, c.restsTab);
+    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(w->TemplatesTab, c.templatesTab);
+    for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
+      EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+    }
+    EXPECT_FALSE(w->HasList(0));
   }
-  EXPECT_FALSE(w->HasList(0));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsTabTest,
-    ::testing::Values(
-        TabCase{"GoodWithRests", "O00002002", "0", "",
-                "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", 3, 4, 6, 7},
-        // Without the price right the rests move up to where prices stood.
-        TabCase{"NoPriceRight", "O00002002", "0", "CGoodsPT",
-                "Traffic Measures Rests MinAmount Discounts BRTemplates", 0, 3, 5, 6},
-        TabCase{"NoMinimumRight", "O00002002", "0", "CGoodsMIN CGoodsBR",
-                "Traffic Measures PRICES Rests Discounts", 3, 4, 5, 0},
-        TabCase{"SerialsWithoutRests", "O00002004", "0", "",
-                "Traffic Measures PRICES SN Discounts BRTemplates", 3, 0, 5, 6},
-        TabCase{"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", 0, 0, 2, 3},
-        TabCase{"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", 0, 0, 2,
-                0},
-        // A new good keeps rests on saving, but gets its rest tabs only then.
-        TabCase{"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3,
-                0, 4, 5},
-        TabCase{"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}),
-    ByName());
 
 // Setting the record builds the window at once; its load builds it again.
 TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
@@ -369,30 +364,24 @@ struct DoubleClickCase {
   std::vector<std::string> ran;
 };
 
-class FrmGoodsDoubleClickTest : public FrmGoodsTest,
-                                public ::testing::WithParamInterface<DoubleClickCase> {};
-
-TEST_P(FrmGoodsDoubleClickTest, OpensOrLoadsByTabAndRow) {
-  const DoubleClickCase& c = GetParam();
-  auto w = OpenOwn(c.oidr);
-  w->ran.clear();
-  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
-  Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
-  EXPECT_EQ(w->ran, c.ran);
+TEST_F(FrmGoodsTest, OpensOrLoadsByTabAndRow) {
+  for (const DoubleClickCase& c : std::initializer_list<DoubleClickCase>{
+           {"TrafficMore", "O00002002", "Traffic", "more", {"Traffic+"}},
+           {"RestsMore", "O00002002", "Rests", "more", {"LoadRests"}},
+           {"MeasureRow", "O00002002", "Measures", "O00004002", {"EditRow 101"}},
+           {"DiscountRow", "O00002002", "Discounts", "O10006001", {"EditDiscount 101"}},
+           {"SerialRow", "O00002004", "SN", "AB123", {}},
+           {"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
+           {"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
+           {"GroupGoods", "O00002001", "Goods", "O00002002", {}}}) {
+    SCOPED_TRACE(c.name);
+    auto w = OpenOwn(c.oidr);
+    w->ran.clear();
+    if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
+    Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
+    EXPECT_EQ(w->ran, c.ran);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsDoubleClickTest,
-    ::testing::Values(
-        DoubleClickCase{"TrafficMore", "O00002002", "Traffic", "more", {"Traffic+"}},
-        DoubleClickCase{"RestsMore", "O00002002", "Rests", "more", {"LoadRests"}},
-        DoubleClickCase{"MeasureRow", "O00002002", "Measures", "O00004002", {"EditRow 101"}},
-        DoubleClickCase{"DiscountRow", "O00002002", "Discounts", "O10006001", {"EditDiscount 101"}},
-        DoubleClickCase{"SerialRow", "O00002004", "SN", "AB123", {}},
-        DoubleClickCase{"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
-        DoubleClickCase{"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
-        DoubleClickCase{"GroupGoods", "O00002001", "Goods", "O00002002", {}}),
-    ByName());
 
 TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto dialogs = std::make_shared<HistoryDialogs>();
@@ -447,35 +436,31 @@ struct DropCase {
   bool moved;  // the dragged record now under the target
 };
 
-class FrmGoodsDropTest : public FrmGoodsTest, public ::testing::WithParamInterface<DropCase> {};
-
-TEST_P(FrmGoodsDropTest, TakesOnlyWhatMayMoveIntoTheGroup) {
-  const DropCase& c = GetParam();
-  auto w = Open(c.target);
-  auto data = std::make_shared<TextDragData>(c.dragged);
-  EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
-  Grid(*w).ListDragDrop(data);
-  auto& table = BO("O0000200").Table();
-  auto target = *table.IdOf(c.target);
-  auto dragged = table.IdOf(c.dragged);
-  const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
-  EXPECT_EQ(under, c.moved);
-  if (c.moved) {
-    EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
+TEST_F(FrmGoodsTest, TakesOnlyWhatMayMoveIntoTheGroup) {
+  for (const DropCase& c : std::initializer_list<DropCase>{
+           {"GoodFromAnotherGroup", "O00002001", "O00002005", 1, true},
+           {"GroupIntoAnotherGroup", "O00002003", "O00002002", 1, true},
+           // Group 1 would go into its own branch.
+           {"GroupIntoItsOwnBranch", "O00002003", "O00002001", 1, false},
+           // A record at the top cannot be dragged.
+           {"TopLevelGood", "O00002001", "O00002004", 1, false},
+           {"OntoAGood", "O00002002", "O00002005", 0, false},
+           {"AnotherType", "O00002001", "O00001002", 0, false}}) {
+    SCOPED_TRACE(c.name);
+    auto w = Open(c.target);
+    auto data = std::make_shared<TextDragData>(c.dragged);
+    EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
+    Grid(*w).ListDragDrop(data);
+    auto& table = BO("O0000200").Table();
+    auto target = *table.IdOf(c.target);
+    auto dragged = table.IdOf(c.dragged);
+    const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
+    EXPECT_EQ(under, c.moved);
+    if (c.moved) {
+      EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsDropTest,
-    ::testing::Values(DropCase{"GoodFromAnotherGroup", "O00002001", "O00002005", 1, true},
-                      DropCase{"GroupIntoAnotherGroup", "O00002003", "O00002002", 1, true},
-                      // Group 1 would go into its own branch.
-                      DropCase{"GroupIntoItsOwnBranch", "O00002003", "O00002001", 1, false},
-                      // A record at the top cannot be dragged.
-                      DropCase{"TopLevelGood", "O00002001", "O00002004", 1, false},
-                      DropCase{"OntoAGood", "O00002002", "O00002005", 0, false},
-                      DropCase{"AnotherType", "O00002001", "O00001002", 0, false}),
-    ByName());
 
 TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");

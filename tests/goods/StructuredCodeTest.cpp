@@ -104,32 +104,27 @@ struct GenerateCase {
   const char* code;  // the record's code afterwards
 };
 
-class GenerateCodeCaseTest : public GenerateCodeTest,
-                             public ::testing::WithParamInterface<GenerateCase> {};
-
-TEST_P(GenerateCodeCaseTest, WritesTheProposalIntoCodeAndReturnsIt) {
-  const GenerateCase& c = GetParam();
-  if (c.codes == std::string("!")) {
-    BO("O0000200").ReplyRead("GetStructuredCode", OrvelBoResult(17, "nėra ryšio"));
-  } else {
-    BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", c.codes));
+TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
+  for (const GenerateCase& c :
+       std::initializer_list<GenerateCase>{{"Proposed", "#12|#1207", 0, Variant("1208"), "1208"},
+                                           // Nothing to work with: the code stays and is returned.
+                                           {"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
+                                           {"NoRecord", "", 0, Variant("???"), "???"},
+                                           {"FailedRead", "!", 17, Variant(), "old"}}) {
+    SCOPED_TRACE(c.name);
+    if (c.codes == std::string("!")) {
+      BO("O0000200").ReplyRead("GetStructuredCode", OrvelBoResult(17, "nėra ryšio"));
+    } else {
+      BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", c.codes));
+    }
+    auto good = NewGoodIn(Variant(1));
+    auto result = Generate(*good, "generateUNICALstructuredcode");
+    EXPECT_EQ(result.Number, c.number);
+    EXPECT_EQ(result.Value, c.value);
+    EXPECT_EQ(good->Fields("Code").Value(), Variant(c.code));
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetStructuredCode 1"});
   }
-  auto good = NewGoodIn(Variant(1));
-  auto result = Generate(*good, "generateUNICALstructuredcode");
-  EXPECT_EQ(result.Number, c.number);
-  EXPECT_EQ(result.Value, c.value);
-  EXPECT_EQ(good->Fields("Code").Value(), Variant(c.code));
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetStructuredCode 1"});
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GenerateCodeCaseTest,
-    ::testing::Values(GenerateCase{"Proposed", "#12|#1207", 0, Variant("1208"), "1208"},
-                      // Nothing to work with: the code stays and is returned.
-                      GenerateCase{"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
-                      GenerateCase{"NoRecord", "", 0, Variant("???"), "???"},
-                      GenerateCase{"FailedRead", "!", 17, Variant(), "old"}),
-    ByName());
 
 class GenerateCodeOffTest : public GenerateCodeTest,
                             public ::testing::WithParamInterface<Variant> {};

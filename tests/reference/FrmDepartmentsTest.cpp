@@ -105,33 +105,26 @@ struct CaptionCase {
   bool isNew;
 };
 
-class DepartmentCaptionTest : public FrmDepartmentsTest,
-                              public ::testing::WithParamInterface<CaptionCase> {};
-
 // A new card offers neither a cancel nor another new record.
-TEST_P(DepartmentCaptionTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
-  const auto& c = GetParam();
-  auto w = Open(c.oidr, c.key, c.otype);
-  ASSERT_TRUE(w);
-  EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
-            c.captions);
-  EXPECT_EQ(w->IsNew(), c.isNew);
-  EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
-  w->txtName.Edit("Kitas");
-  EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
+TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
+  for (const CaptionCase& c : std::initializer_list<CaptionCase>{
+           {"StoredGroup", "O00016041", "Group", "0",
+            " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", false},
+           {"StoredEntry", "O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas", false},
+           {"NewGroup", "O00016041", "Group", "3",
+            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", true},
+           {"NewEntry", "O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas", true}}) {
+    SCOPED_TRACE(c.name);
+    auto w = Open(c.oidr, c.key, c.otype);
+    ASSERT_TRUE(w);
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
+              c.captions);
+    EXPECT_EQ(w->IsNew(), c.isNew);
+    EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
+    w->txtName.Edit("Kitas");
+    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, DepartmentCaptionTest,
-    ::testing::Values(
-        CaptionCase{"StoredGroup", "O00016041", "Group", "0",
-                    " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", false},
-        CaptionCase{"StoredEntry", "O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas", false},
-        CaptionCase{"NewGroup", "O00016041", "Group", "3",
-                    " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", true},
-        CaptionCase{"NewEntry", "O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas",
-                    true}),
-    ByName());
 
 // Write needs the update right, a change and a name (blanks count); Cancel
 // only the right and a change.
