@@ -108,10 +108,11 @@ TEST_F(FirmDebtTest, AFailedOrEmptyAnswerShowsZeroAndNoMessage) {
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
 }
 
-TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
+// Missing limit fields keep their former values; once red, the line stays red.
+TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValuesAndTheLineStaysRed) {
   auto w = OpenWithDebt("Sum240=100;Limit=50;LimitTerm=5.0");
   w->lblDebt.Click();
-  ASSERT_EQ(w->Limit, 50);
+  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
   BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
   w->lblDebt.Click();
   EXPECT_EQ(w->Limit, 50);
@@ -120,13 +121,7 @@ TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
   EXPECT_EQ(w->lblDebt.Caption(),
             "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
             "(5,00Lt.  Viršytas kredito terminas ! )");
-}
-
-TEST_F(FirmDebtTest, OnceRedTheLineStaysRed) {
-  auto w = OpenWithDebt("Sum240=100;Limit=10");
-  w->lblDebt.Click();
-  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
-  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10"));
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10;LimitTerm=0"));
   w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
   EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
@@ -147,40 +142,26 @@ TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
 
 // A session without an own firm, or with one that cannot be read, is not
 // this firm's.
-class FirmDebtOwnFirmTest : public FirmDebtTest, public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FirmDebtOwnFirmTest, AnUnreadableOwnFirmIsNotThisOne) {
-  if (GetParam()) {
-    host_.Session()->SetOwnFirm(nullptr);
-  } else {
-    host_.Session()->SetOwnFirm(std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"}));
+TEST_F(FirmDebtTest, AnUnreadableOwnFirmIsNotThisOne) {
+  for (auto own : {std::shared_ptr<MemoryRecordset>(),
+                   std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"})}) {
+    host_.Session()->SetOwnFirm(own);
+    auto w = OpenWithDebt("Sum240=3;Limit=1000000");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
   }
-  auto w = OpenWithDebt("Sum240=3;Limit=1000000");
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
 }
 
-INSTANTIATE_TEST_SUITE_P(NoneOrUnreadable, FirmDebtOwnFirmTest, ::testing::Bool());
-
-struct NoLineCase {
-  const char* oidr;
-  const char* key;
-};
-
-class FirmDebtNoLineTest : public FirmDebtTest, public ::testing::WithParamInterface<NoLineCase> {};
-
-TEST_P(FirmDebtNoLineTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
-  auto w = Open(GetParam().oidr, GetParam().key);
-  ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "");
-  EXPECT_TRUE(BusinessLines().empty());
+TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
+  for (const char* key : {"0", "1"}) {
+    auto w = Open("O00001001", key);
+    ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "");
+    EXPECT_TRUE(BusinessLines().empty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Records, FirmDebtNoLineTest,
-                         ::testing::Values(NoLineCase{"O00001001", "0"},
-                                           NoLineCase{"O00001001", "1"}));
 
 TEST_F(FirmDebtTest, AClickShowsTheHourglassWhileItReads) {
   auto w = OpenWithDebt("Sum240=1;Limit=1000000");
