@@ -15,6 +15,7 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
 #include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
@@ -170,37 +171,6 @@ TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
   EXPECT_EQ(w->RestsTab, 4);
 }
 
-TEST_F(FrmGoodsTest, ANewGoodInAGroupInheritsAndIsPrimed) {
-  auto w = Open("O00002001", "1", "CGroup");
-  ASSERT_TRUE(w);
-  auto object = w->OrvelObjectUIO();
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekė");
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_FALSE(w->IsRoot);
-  EXPECT_FALSE(w->WithRest);
-  EXPECT_EQ(w->ParentID, 1);
-  EXPECT_EQ(w->RecordKey, "O0000200");
-  EXPECT_EQ(object->Fields("VAT").Value(), Variant(21));
-  EXPECT_EQ(object->Fields("PriceWithVAT").Value(), Variant(true));
-  EXPECT_EQ(object->Fields("AmountPrecision").Value(), Variant(2));
-  EXPECT_EQ(object->Fields("MeasureID").Value(), Variant(1));
-  EXPECT_EQ(w->txtGroup.Text(), "Prekės\\Maistas");
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_FALSE(w->cmdEnter.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
-}
-
-TEST_F(FrmGoodsTest, ANewGroupAtTheRootTakesNeitherVatNorPriceBasis) {
-  auto w = Open("O0000200", "2");
-  ASSERT_TRUE(w);
-  auto object = w->OrvelObjectUIO();
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekių grupė");
-  EXPECT_TRUE(w->IsRoot);
-  EXPECT_TRUE(object->Fields("VAT").Value().IsNull());
-  EXPECT_TRUE(object->Fields("PriceWithVAT").Value().IsNull());
-  EXPECT_EQ(w->txtGroup.Text(), "");
-}
-
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
   host_.Session()->SetSettingObject("O00018021",
                                     TextRecords("StructuredCode PriceWithVAT", "true|false"));
@@ -214,13 +184,32 @@ TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
   EXPECT_FALSE(w->cmdEnter.Enabled());
 }
 
-TEST_F(FrmGoodsTest, AStoredRecordIsNotGivenACode) {
-  auto w = Open("O00002002");
-  EXPECT_EQ(w->SOPanel.Caption(), "Prekės kortelė");
-  EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_TRUE(w->WithRest);
-  EXPECT_EQ(w->RecordKey, "O00002002");
+// A new good in a group inherits the group's VAT and price basis and is
+// primed; a new group at the root takes neither; a stored record is not given
+// a code. The state: "heading|IsNew IsRoot WithRest|ParentID|RecordKey|group
+// line|" New, Write and Cancel on, then VAT, PriceWithVAT, AmountPrecision
+// and MeasureID.
+TEST_F(FrmGoodsTest, ANewRecordInheritsAndIsPrimedAStoredOneIsNot) {
+  for (const auto& [oidr, key, otype, state] :
+       {std::tuple{"O00002001", "1", "CGroup",
+                   "Nauja prekė|100|1|O0000200|Prekės\\Maistas|000|21 True 2 1"},
+        {"O0000200", "2", "", "Nauja prekių grupė|110|0|O0000200||000|  2 1"},
+        {"O00002002", "0", "", "Prekės kortelė|001|1|O00002002|Prekės\\Maistas|100|   "}}) {
+    SCOPED_TRACE(oidr);
+    auto w = Open(oidr, key, otype);
+    ASSERT_TRUE(w);
+    auto& object = *w->OrvelObjectUIO();
+    std::vector<std::string> fields;
+    for (const char* field : {"VAT", "PriceWithVAT", "AmountPrecision", "MeasureID"}) {
+      fields.push_back(ConcatText(object.Fields(field).Value()));
+    }
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + std::to_string(w->IsNew) + std::to_string(w->IsRoot) +
+                  std::to_string(w->WithRest) + "|" + std::to_string(w->ParentID) + "|" +
+                  w->RecordKey + "|" + w->txtGroup.Text() + "|" +
+                  OnOff({&w->SSCNew, &w->cmdEnter, &w->cmdCancel}) + "|" + Join(fields, " "),
+              state);
+    if (*key == '0') EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
+  }
 }
 
 TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
