@@ -10,6 +10,7 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -145,32 +146,22 @@ TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   EXPECT_EQ(top->txtGroup.Text(), "");
 }
 
-struct EditCase {
-  const char* key;
-  Right right;
-  bool granted;
-  bool enabled;
-};
-
-class FrmFirmsEditStateTest : public FrmFirmsTest,
-                              public ::testing::WithParamInterface<EditCase> {};
-
-TEST_P(FrmFirmsEditStateTest, AChangeEnablesWriteOnlyWithTheRight) {
-  const EditCase& c = GetParam();
-  if (!c.granted) host_.Rights()->Deny("CFirms", c.right);
-  auto w = Open(std::string(c.key) == "0" ? "O00001002" : "O00001001", c.key);
-  Grid(*w).EditField("Name", Variant("X"));
-  EXPECT_EQ(w->cmdEnter.Enabled(), c.enabled);
-  EXPECT_EQ(w->cmdCancel.Enabled(), c.enabled);
+// A stored firm needs the update right, a new one the insert right.
+TEST_F(FrmFirmsTest, AChangeEnablesWriteOnlyWithTheRight) {
+  for (const auto& [key, right, granted, enabled] : {std::tuple{"0", Right::Update, true, "11"},
+                                                     {"0", Right::Update, false, "00"},
+                                                     {"0", Right::Insert, false, "11"},
+                                                     {"1", Right::Insert, true, "11"},
+                                                     {"1", Right::Insert, false, "00"},
+                                                     {"1", Right::Update, false, "11"}}) {
+    SCOPED_TRACE(std::string(key) + (granted ? "" : " denied"));
+    host_.Rights()->GrantAll();
+    if (!granted) host_.Rights()->Deny("CFirms", right);
+    auto w = Open(*key == '0' ? "O00001002" : "O00001001", key);
+    Grid(*w).EditField("Name", Variant("X"));
+    EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), enabled);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsEditStateTest,
-                         ::testing::Values(EditCase{"0", Right::Update, true, true},
-                                           EditCase{"0", Right::Update, false, false},
-                                           EditCase{"0", Right::Insert, false, true},
-                                           EditCase{"1", Right::Insert, true, true},
-                                           EditCase{"1", Right::Insert, false, false},
-                                           EditCase{"1", Right::Update, false, true}));
 
 TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   auto w = Open("O00001002");
@@ -291,30 +282,23 @@ TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   EXPECT_FALSE(w->mnuFirmDelete.Enabled());
 }
 
-class FrmFirmsModalTest
-    : public FrmFirmsTest,
-      public ::testing::WithParamInterface<std::tuple<const char*, const char*>> {};
-
-TEST_P(FrmFirmsModalTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
-  auto [entry, editor] = GetParam();
-  auto w = OpenOwn("O00001002");
-  static_cast<Menu*>(w->mnuFirmParameters.Find(entry) ? &w->mnuFirmParameters : &w->mnuFirmInfo)
-      ->Find(entry)
-      ->Click();
-  EXPECT_TRUE(w->timerModal.Enabled());
-  EXPECT_TRUE(w->opened.empty());
-  w->timerModal.Tick();
-  EXPECT_FALSE(w->timerModal.Enabled());
-  EXPECT_EQ(w->opened, std::vector<std::string>{editor});
-  w->timerModal.Tick();
-  EXPECT_EQ(w->opened.size(), 1u);
+TEST_F(FrmFirmsTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
+  for (const auto& [entry, editor] : {std::pair{"mnuFirmParametersNew", "NewDetail"},
+                                      {"mnuFirmParametersEdit", "EditDetail"},
+                                      {"mnuFirmInfoAdd", "NewInfo"},
+                                      {"mnuFirmInfoEdit", "EditInfo"}}) {
+    auto w = OpenOwn("O00001002");
+    Menu& menu = w->mnuFirmParameters.Find(entry) ? w->mnuFirmParameters : w->mnuFirmInfo;
+    menu.Find(entry)->Click();
+    EXPECT_TRUE(w->timerModal.Enabled());
+    EXPECT_TRUE(w->opened.empty());
+    w->timerModal.Tick();
+    EXPECT_FALSE(w->timerModal.Enabled());
+    EXPECT_EQ(w->opened, std::vector<std::string>{editor});
+    w->timerModal.Tick();
+    EXPECT_EQ(w->opened.size(), 1u);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Entries, FrmFirmsModalTest,
-                         ::testing::Values(std::make_tuple("mnuFirmParametersNew", "NewDetail"),
-                                           std::make_tuple("mnuFirmParametersEdit", "EditDetail"),
-                                           std::make_tuple("mnuFirmInfoAdd", "NewInfo"),
-                                           std::make_tuple("mnuFirmInfoEdit", "EditInfo")));
 
 TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   auto w = OpenOwn("O00001002");
@@ -325,26 +309,15 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   EXPECT_TRUE(w->opened.empty());
 }
 
-struct DragCase {
-  const char* window;
-  const char* text;
-  int effect;
-};
-
-class FrmFirmsDragOverTest : public FrmFirmsTest, public ::testing::WithParamInterface<DragCase> {};
-
-TEST_P(FrmFirmsDragOverTest, OnlyASavedGroupAcceptsFirms) {
-  const DragCase& c = GetParam();
-  auto w = Open(c.window, std::string(c.window) == "new" ? "2" : "0");
-  if (std::string(c.window) == "new") w = Open("O0000100", "2");
-  EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(c.text), 1), c.effect);
+TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
+  for (const auto& [window, text, effect] : {std::tuple{"O00001001", "O00001003", 1},
+                                             {"O00001001", "O00003005", 0},
+                                             {"O00001002", "O00001003", 0},
+                                             {"O0000100", "O00001003", 0}}) {
+    auto w = Open(window, window == std::string("O0000100") ? "2" : "0");
+    EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(text), 1), effect) << window;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
-                         ::testing::Values(DragCase{"O00001001", "O00001003", 1},
-                                           DragCase{"O00001001", "O00003005", 0},
-                                           DragCase{"O00001002", "O00001003", 0},
-                                           DragCase{"new", "O00001003", 0}));
 
 // A firm dropped on a group is listed there and moves, unless the group lists
 // it already or is the firm's own descendant.
