@@ -213,19 +213,14 @@ TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
   }
 }
 
-class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
-                                public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(FrmGoodsHistoryBoldTest, OnlySignsZeroAndTwoAreBold) {
-  Reply({Movement(std::string("Sign=") + GetParam())});
-  auto w = Open();
-  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
-  const std::string sign = GetParam();
-  EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2');
+TEST_F(FrmGoodsHistoryTest, OnlySignsZeroAndTwoAreBold) {
+  for (const std::string sign : {"0", "2", "2.0", "1", "-2", "3", "~"}) {
+    Reply({Movement("Sign=" + sign)});
+    auto w = Open();
+    ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+    EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2') << sign;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Signs, FrmGoodsHistoryBoldTest,
-                         ::testing::Values("0", "2", "2.0", "1", "-2", "3", "~"));
 
 TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
   auto rs = TextRecords(kFields, {Movement(), Movement("OType=O9999900"), Movement("OType=~"),
@@ -251,28 +246,27 @@ TEST_F(FrmGoodsHistoryTest, AnImageListThatCannotTellTakesEveryKey) {
 
 // A record whose price is no number, after a good one; a set that lacks the
 // history's fields.
-class FrmGoodsHistoryBadSetTest : public FrmGoodsHistoryTest,
-                                  public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
-  if (GetParam()) {
-    Reply({Movement(), Movement("Price=abc"), Movement()});
-  } else {
-    BO("O0000200").ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
-  }
-  host_.Ui()->QueueAnswer(vbOK);
-  auto w = Open();
-  EXPECT_EQ(w->lswHistory.ListItems().Count(), GetParam() ? 1 : 0);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
-            GetParam() ? "Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
+TEST_F(FrmGoodsHistoryTest, IsReportedAndKeepsTheWholeRowsBefore) {
+  for (const bool badPrice : {true, false}) {
+    host_.Ui()->ClearBoxes();
+    if (badPrice) {
+      Reply({Movement(), Movement("Price=abc"), Movement()});
+    } else {
+      BO("O0000200")
+          .ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
+    }
+    host_.Ui()->QueueAnswer(vbOK);
+    auto w = Open();
+    EXPECT_EQ(w->lswHistory.ListItems().Count(), badPrice ? 1 : 0);
+    ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+    EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
+              badPrice ? "Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
                        : "Klaida!\nKolekcijoje nėra elemento: OType");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
-  EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
-  EXPECT_TRUE(w->Visible());
+    EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
+    EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
+    EXPECT_TRUE(w->Visible());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sets, FrmGoodsHistoryBadSetTest, ::testing::Bool());
 
 TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
   auto w = std::make_unique<frmGoodsHistory>();
@@ -309,25 +303,22 @@ class SettingsOnlyDialogs : public GoodsDialogs {
   bool EditListSettings(std::string&) override { return true; }
 };
 
-class FrmGoodsHistorySeamTest : public FrmGoodsHistoryTest,
-                                public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmGoodsHistorySeamTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
-  if (GetParam()) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
+TEST_F(FrmGoodsHistoryTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
   Reply({Movement(), Movement()});
-  int shownRows = -1;
-  host_.Ui()->QueueModal([&](Form& form) {
-    shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();
-  });
-  host_.Log().Clear();
-  CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
-  EXPECT_EQ(host_.Log().Lines(Channel::Window),
-            std::vector<std::string>{"ShowModal frmGoodsHistory"});
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
-  EXPECT_EQ(shownRows, 2);
+  for (const bool installed : {false, true}) {
+    if (installed) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
+    int shownRows = -1;
+    host_.Ui()->QueueModal([&](Form& form) {
+      shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();
+    });
+    host_.Log().Clear();
+    CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
+    EXPECT_EQ(host_.Log().Lines(Channel::Window),
+              std::vector<std::string>{"ShowModal frmGoodsHistory"});
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
+    EXPECT_EQ(shownRows, 2);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Dialogs, FrmGoodsHistorySeamTest, ::testing::Bool());
 
 }  // namespace
 }  // namespace orvel
