@@ -111,25 +111,23 @@ TEST_F(FrmCurrencyTest, AFixedRateShowsFourDecimalsAndClearingItFloatsTheCurrenc
   EXPECT_EQ(w->txtFixedRate.Text(), "0,0000") << "checking leaves the text as it is";
 }
 
-class CardEditTest : public FrmCurrencyTest, public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(CardEditTest, EveryTextEditMarksTheCard) {
-  auto w = Open("O00022005");
-  auto* box = dynamic_cast<TextBox*>(w->FindControl(GetParam()));
-  ASSERT_NE(box, nullptr);
-  w->chkFixedRate.SetEnabled(true);
-  box->SetEnabled(true);
-  ASSERT_TRUE(box->Edit("1"));
-  EXPECT_TRUE(w->Changed());
-  EXPECT_EQ(ButtonsOf(*w), "1001");
-  w->TabStrip_Click("Rates");
-  EXPECT_EQ(ButtonsOf(*w), "0101") << "cmdWrite only on Data";
+TEST_F(FrmCurrencyTest, EveryTextEditMarksTheCard) {
+  for (const char* name : {"txtCode", "txtState", "txtOneCurr", "txtTwoCurr", "txtTenCurr",
+                           "txtOneSmall", "txtTwoSmall", "txtTenSmall", "txtFixedRate"}) {
+    SCOPED_TRACE(name);
+    auto w = Open("O00022005");
+    auto* box = dynamic_cast<TextBox*>(w->FindControl(name));
+    ASSERT_NE(box, nullptr);
+    w->chkFixedRate.SetEnabled(true);
+    box->SetEnabled(true);
+    ASSERT_TRUE(box->Edit("1"));
+    EXPECT_TRUE(w->Changed());
+    EXPECT_EQ(ButtonsOf(*w), "1001");
+    w->TabStrip_Click("Rates");
+    EXPECT_EQ(ButtonsOf(*w), "0101") << "cmdWrite only on Data";
+    w->Unload();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Boxes, CardEditTest,
-                         ::testing::Values("txtCode", "txtState", "txtOneCurr", "txtTwoCurr",
-                                           "txtTenCurr", "txtOneSmall", "txtTwoSmall",
-                                           "txtTenSmall", "txtFixedRate"));
 
 TEST_F(FrmCurrencyTest, AGenderPickAloneLeavesTheCardUnchanged) {
   auto w = Open("O00022005");
