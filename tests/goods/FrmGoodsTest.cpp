@@ -234,43 +234,38 @@ struct PopupCase {
   const char* shown;  // menu entries, by blanks
 };
 
-class FrmGoodsPopupTest : public FrmGoodsTest, public ::testing::WithParamInterface<PopupCase> {};
-
-TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
-  const PopupCase& c = GetParam();
-  auto w = Open(c.oidr);
-  ASSERT_TRUE(w);
-  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(LastPopup().menu, "mnuPopUp");
-  EXPECT_EQ(LastPopup().shown, Words(c.shown));
+TEST_F(FrmGoodsTest, ShowsTheEntriesOfTheTabAndRow) {
+  for (const PopupCase& c : std::initializer_list<PopupCase>{
+           {"TrafficSaleRow", "O00002002", "Traffic", "15_3", "O00120015", "SALE",
+            "mnuToDesktop mnuHistory mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
+           // Without rests a sale row has no history.
+           {"TrafficSaleRowWithoutRests", "O00002004", "Traffic", "15_3", "O00120015", "SALE",
+            "mnuToDesktop mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
+           {"TrafficMoreRow", "O00002002", "Traffic", "more", "", "",
+            "mnuByPurch mnuPreview mmuBlank mnuRefresh"},
+           {"TrafficRowWithoutTag", "O00002002", "Traffic", "17_1", "", "SALE",
+            "mnuHistory mnuByPurch mnuPreview mmuBlank mnuRefresh"},
+           {"RestsRow", "O00002002", "Rests", "O000160512", "O000160512", "",
+            "mnuToDesktop mmuBlank mnuRefresh"},
+           {"RestsSummaryRow", "O00002002", "Rests", "O0000000", "", "", "mmuBlank mnuRefresh"},
+           {"SerialRow", "O00002004", "SN", "AB123", "", "",
+            "mnuToDesktop mnuPreview mmuBlank mnuRefresh"},
+           {"GroupGoodsRow", "O00002001", "Goods", "O00002002", "O00002002", "",
+            "mnuToDesktop mmuBlank mnuRefresh"},
+           {"GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "", "mmuBlank mnuRefresh"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const size_t shown = host_.Ui()->Popups().size();
+    auto w = Open(c.oidr);
+    ASSERT_TRUE(w);
+    if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+    host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
+    ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
+    EXPECT_EQ(LastPopup().menu, "mnuPopUp");
+    EXPECT_EQ(LastPopup().shown, Words(c.shown));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsPopupTest,
-    ::testing::Values(
-        PopupCase{"TrafficSaleRow", "O00002002", "Traffic", "15_3", "O00120015", "SALE",
-                  "mnuToDesktop mnuHistory mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
-        // Without rests a sale row has no history.
-        PopupCase{"TrafficSaleRowWithoutRests", "O00002004", "Traffic", "15_3", "O00120015", "SALE",
-                  "mnuToDesktop mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
-        PopupCase{"TrafficMoreRow", "O00002002", "Traffic", "more", "", "",
-                  "mnuByPurch mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"TrafficRowWithoutTag", "O00002002", "Traffic", "17_1", "", "SALE",
-                  "mnuHistory mnuByPurch mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"RestsRow", "O00002002", "Rests", "O000160512", "O000160512", "",
-                  "mnuToDesktop mmuBlank mnuRefresh"},
-        PopupCase{"RestsSummaryRow", "O00002002", "Rests", "O0000000", "", "",
-                  "mmuBlank mnuRefresh"},
-        PopupCase{"SerialRow", "O00002004", "SN", "AB123", "", "",
-                  "mnuToDesktop mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"GroupGoodsRow", "O00002001", "Goods", "O00002002", "O00002002", "",
-                  "mnuToDesktop mmuBlank mnuRefresh"},
-        PopupCase{"GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "",
-                  "mmuBlank mnuRefresh"}),
-    ByName());
 
 TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
   auto fresh = Open("O00002001", "1", "CGroup");
@@ -289,38 +284,32 @@ struct MainMenuCase {
   bool newOn, editOn, deleteOn;
 };
 
-class FrmGoodsMainMenuTest : public FrmGoodsTest,
-                             public ::testing::WithParamInterface<MainMenuCase> {};
-
-TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
-  const MainMenuCase& c = GetParam();
-  if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
-  auto w = Open("O00002002");
-  if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(LastPopup().menu, "mnuMain");
-  EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
-  EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
-  EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+TEST_F(FrmGoodsTest, EnablesTheRowEntriesByTabRowAndRight) {
+  for (const MainMenuCase& c : std::initializer_list<MainMenuCase>{
+           {"MeasureRow", "Measures", true, Variant(), true, true, true, true},
+           {"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
+           // The template entries never make a new row; inherited rows (no tag)
+           // cannot be deleted here.
+           {"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true, true},
+           {"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true, false},
+           {"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false, false,
+            true, false},
+           {"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const size_t shown = host_.Ui()->Popups().size();
+    if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
+    auto w = Open("O00002002");
+    if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
+    host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
+    ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
+    EXPECT_EQ(LastPopup().menu, "mnuMain");
+    EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
+    EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
+    EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsMainMenuTest,
-    ::testing::Values(
-        MainMenuCase{"MeasureRow", "Measures", true, Variant(), true, true, true, true},
-        MainMenuCase{"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
-        // The template entries never make a new row; inherited rows (no tag)
-        // cannot be deleted here.
-        MainMenuCase{"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true,
-                     true},
-        MainMenuCase{"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true,
-                     false},
-        MainMenuCase{"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false,
-                     false, true, false},
-        MainMenuCase{"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}),
-    ByName());
 
 TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
