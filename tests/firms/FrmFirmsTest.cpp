@@ -190,79 +190,68 @@ struct PopupCase {
   const char* shown;  // the entries shown, by blanks; "!" marks one disabled
 };
 
-class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterface<PopupCase> {};
-
-TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
-  const PopupCase& c = GetParam();
-  HasBranches();
-  auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
-                                std::string(c.tab) != "Discounts"
-                            ? "1"
-                            : "0");
-  if (c.select) SelectRow(*w, c.tab, "row", c.tag);
-  const int index = TabIndex(*w, c.tab);
-  if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(index, 2);
-  EXPECT_EQ(w->CurrentTab, index + 1);
-  const auto& popups = host_.Ui()->Popups();
-  if (std::string(c.menu).empty()) {
-    EXPECT_TRUE(popups.empty());
-    return;
+TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
+  for (const PopupCase& c : std::initializer_list<PopupCase>{
+           {"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
+            "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
+           // Delete is hidden, not disabled, so Edit stays enabled.
+           {"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
+            "mnuAccountsNew mnuAccountsEdit"},
+           {"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
+            "!mnuAccountsNew mnuAccountsEdit"},
+           {"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
+            "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
+           {"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
+            "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
+           {"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
+            "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
+           {"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
+            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
+           {"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
+            "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
+           {"ContactsSelected", "O00001002", "FirmContacts", true, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+           {"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
+           {"ServersNewFirm", "O00001001", "FirmServers", true, Variant(), "mnuFirmParameters",
+            "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+           {"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
+           {"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
+            "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
+           {"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
+            "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
+            "mnuDiscountRefresh"},
+           {"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
+            "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
+           {"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
+            "!mnuContractToDeskTop mnuContractRefresh"},
+           {"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}}) {
+    SCOPED_TRACE(c.name);
+    const size_t before = host_.Ui()->Popups().size();
+    HasBranches();
+    auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
+                                  std::string(c.tab) != "Discounts"
+                              ? "1"
+                              : "0");
+    if (c.select) SelectRow(*w, c.tab, "row", c.tag);
+    const int index = TabIndex(*w, c.tab);
+    if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(index, 2);
+    EXPECT_EQ(w->CurrentTab, index + 1);
+    const auto& popups = host_.Ui()->Popups();
+    ASSERT_EQ(popups.size(), before + (*c.menu ? 1 : 0));
+    if (!*c.menu) continue;
+    EXPECT_EQ(popups.back().menu, c.menu);
+    Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
+    ASSERT_NE(menu, nullptr);
+    std::vector<std::string> shown;
+    for (const auto& name : popups.back().shown) {
+      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
+    }
+    EXPECT_EQ(Join(shown, " "), c.shown);
   }
-  ASSERT_EQ(popups.size(), 1u);
-  EXPECT_EQ(popups[0].menu, c.menu);
-  Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
-  ASSERT_NE(menu, nullptr);
-  std::vector<std::string> shown;
-  for (const auto& name : popups[0].shown) {
-    shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
-  }
-  EXPECT_EQ(Join(shown, " "), c.shown);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tabs, FrmFirmsPopupTest,
-    ::testing::Values(
-        PopupCase{"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
-        // Delete is hidden, not disabled, so Edit stays enabled.
-        PopupCase{"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit"},
-        PopupCase{"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
-                  "!mnuAccountsNew mnuAccountsEdit"},
-        PopupCase{"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
-                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
-        PopupCase{"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
-                  "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
-        PopupCase{"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
-                  "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
-        PopupCase{"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
-                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
-        PopupCase{"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
-                  "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
-        PopupCase{"ContactsSelected", "O00001002", "FirmContacts", true, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-        PopupCase{"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-        PopupCase{"ServersNewFirm", "O00001001", "FirmServers", true, Variant(),
-                  "mnuFirmParameters",
-                  "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-        PopupCase{"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-        PopupCase{"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
-                  "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
-        PopupCase{"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
-                  "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
-                  "mnuDiscountRefresh"},
-        PopupCase{"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
-                  "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
-        PopupCase{"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
-                  "!mnuContractToDeskTop mnuContractRefresh"},
-        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}),
-    ByName());
 
 TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
