@@ -138,6 +138,7 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
             "M.vnt. 700|Kaina 1000 R|Suma 1000 R|Sandėlis 2000|Valiuta 700|Kursas 1000|"
             "Kaina val. 1440|Suma val. 1440");
   EXPECT_EQ(w->Caption(), "Istorija");
+  EXPECT_EQ(w->cmdClose.Caption(), "Uždaryti");
   EXPECT_EQ(w->Width, 14360);
   EXPECT_EQ(w->lswHistory.SmallIcons(), mainForm_->images);
   EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));

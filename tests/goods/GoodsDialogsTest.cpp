@@ -165,6 +165,17 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
 }
 
+TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
+  frmPriceChange price;
+  frmGaranty garanty;
+  EXPECT_EQ(price.Caption(), "Pardavimo kainų keitimas");
+  EXPECT_EQ(price.chkWithSubGroups.Caption(), "Keisti ir pogrupiuose");
+  EXPECT_EQ(price.OptDown.Caption(), "Mažinti");
+  EXPECT_EQ(garanty.Caption(), "Garantijos pridėjimas");
+  EXPECT_EQ(garanty.Label1.Caption(), "Garantija, mėn:");
+  EXPECT_EQ(garanty.cmdEnter.Caption(), "Įrašyti");
+}
+
 class GoodPreviewTest : public GoodsCardTest {
  protected:
   void SetUp() override {
