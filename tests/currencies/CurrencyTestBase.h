@@ -8,6 +8,7 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/TestSession.h"
 
 namespace orvel {
@@ -28,29 +29,17 @@ class CurrencyTestBase : public ModuleTest {
     auto& table = BO(kOid).Table();
     table.SetFields({"ID", "Code", "State", "FixedRate", "GenderCurr", "OneCurr", "TwoCurr",
                      "TenCurr", "GenderSmall", "OneSmall", "TwoSmall", "TenSmall"});
+    for (const char* gender : {"GenderCurr", "GenderSmall"}) table.SetDefault(gender, Variant(0));
+    table.SetDefault("OneSmall", Variant("centas"));
+    table.SetDefault("TwoSmall", Variant("centai"));
+    table.SetDefault("TenSmall", Variant("centų"));
     table.SetPreviewRule(
         [](const MemoryTable::FieldReader& field) { return ConcatText(field("Code")); });
-    table.Seed({Row(5, "EUR", "Europos", 0.0, "euras", "eurai", "eurų"),
-                Row(6, "USD", "JAV", 0.0, "doleris", "doleriai", "dolerių"),
-                Row(7, "LTL", "Lietuvos", 0.0, "litas", "litai", "litų"),
-                Row(8, "DKK", "Danijos", 0.4631, "krona", "kronos", "kronų")});
+    table.Seed(SeedRows(
+        "ID Code State FixedRate OneCurr TwoCurr TenCurr",
+        {"5|EUR|Europos|0.0|euras|eurai|eurų", "6|USD|JAV|0.0|doleris|doleriai|dolerių",
+         "7|LTL|Lietuvos|0.0|litas|litai|litų", "8|DKK|Danijos|0.4631|krona|kronos|kronų"}));
     currencies_ = Adapter(kOid);
-  }
-
-  static MemoryTable::Row Row(int id, const char* code, const char* state, double fixed,
-                              const char* one, const char* two, const char* ten) {
-    return {{"ID", Variant(id)},
-            {"Code", Variant(code)},
-            {"State", Variant(state)},
-            {"FixedRate", Variant(fixed)},
-            {"GenderCurr", Variant(int32_t{0})},
-            {"OneCurr", Variant(one)},
-            {"TwoCurr", Variant(two)},
-            {"TenCurr", Variant(ten)},
-            {"GenderSmall", Variant(int32_t{0})},
-            {"OneSmall", Variant("centas")},
-            {"TwoSmall", Variant("centai")},
-            {"TenSmall", Variant("centų")}};
   }
 
   // The stored currencies as "GetCurrencyList" gives them: code, OIDR,

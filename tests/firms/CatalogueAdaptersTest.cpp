@@ -17,6 +17,7 @@
 #include "host/Text.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
@@ -116,8 +117,6 @@ class AdaptersTest : public ModuleTest {
   std::shared_ptr<RecordingDialogs> dialogs_;
 };
 
-// ---- what the two catalogues share ----
-
 struct Catalogue {
   const char* oid;
   const char* rights;  // the class whose Delete right guards deletion
@@ -192,8 +191,6 @@ TEST_P(CatalogueTest, ParentIsTheGroupObjectOrNothingAtTheTop) {
 
 INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::Values(kFirms, kGoods));
 
-// ---- menus ----
-
 struct MenuCase {
   const char* name;
   const char* oidr;
@@ -201,27 +198,6 @@ struct MenuCase {
   const char* denied;  // "D" the delete right, "P" the goods' price right
   const char* lines;   // "key caption" of each entry, joined by "|"
 };
-
-class MenuTest : public AdaptersTest, public ::testing::WithParamInterface<MenuCase> {};
-
-TEST_P(MenuTest, EntriesFollowKindAndRights) {
-  const MenuCase& c = GetParam();
-  const std::string oid = std::string(c.oidr).substr(0, 8);
-  const std::string denied = c.denied;
-  if (denied.find('D') != std::string::npos) {
-    host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
-  }
-  if (denied.find('P') != std::string::npos) host_.Rights()->Deny("CGoodsPT", Right::Read);
-  auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
-  ASSERT_TRUE(menu);
-  Lines lines;
-  for (const auto& item : *menu) {
-    lines.push_back(item.Key + " " + item.Caption);
-    EXPECT_EQ(item.Tag, nullptr);
-    EXPECT_EQ(item.Flags, 0);
-  }
-  EXPECT_EQ(Join(lines, "|"), c.lines);
-}
 
 constexpr const char* kFirmRoot =
     "2 Sukurti naują &grupę|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|7 Pagalba|100 -";
@@ -235,51 +211,67 @@ constexpr const char* kGoodsFolder =
     "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
     "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|100 -|5 &Atrinkti|"
     "6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
+
 constexpr const char* kGood =
     "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|100 -|"
     "5 &Atrinkti|6 P&eržiūros nustatymai|100 -|7 &Panaikinti|100 -|8 Pagalba|100 -";
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, MenuTest,
-    ::testing::Values(
-        MenuCase{"FirmRoot", "O0000100", "", "", kFirmRoot},
-        MenuCase{"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
-        MenuCase{"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
-        // Two separators in a row stand where the delete entry would be.
-        MenuCase{"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
-                 "7 Pagalba|100 -"},
-        MenuCase{"FirmC", "O00001002", "C", "",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
-                 "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
-        MenuCase{"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
-                 "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
-        // "FirmNA" is neither "C" nor "Firm": the group entries show.
-        MenuCase{"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
-        MenuCase{"GoodsRoot", "O0000200", "", "", kGoodsRoot},
-        // The root never offers the price dialogs nor deletion.
-        MenuCase{"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
-        MenuCase{"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
-        MenuCase{"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
-        MenuCase{"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
-        MenuCase{"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
-                 "7 &Panaikinti|100 -|8 Pagalba|100 -"},
-        MenuCase{"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
-                 "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
-                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
-        MenuCase{"Good", "O00002002", "C", "", kGood},
-        MenuCase{"Service", "O00002004", "Service", "P", kGood},
-        MenuCase{"GoodWithoutDelete", "O00002002", "GoodNA", "D",
-                 "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
-                 "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- new records, and records that are gone ----
+TEST_F(AdaptersTest, EntriesFollowKindAndRights) {
+  for (const MenuCase& c : std::initializer_list<MenuCase>{
+           {"FirmRoot", "O0000100", "", "", kFirmRoot},
+           {"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
+           {"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
+           // Two separators in a row stand where the delete entry would be.
+           {"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|100 -|"
+            "7 Pagalba|100 -"},
+           {"FirmC", "O00001002", "C", "",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+            "5 P&eržiūros nustatymai|100 -|6 &Panaikinti|100 -|7 Pagalba|100 -"},
+           {"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują įmonę|100 -|4 &Atrinkti|"
+            "5 P&eržiūros nustatymai|100 -|100 -|7 Pagalba|100 -"},
+           // "FirmNA" is neither "C" nor "Firm": the group entries show.
+           {"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
+           {"GoodsRoot", "O0000200", "", "", kGoodsRoot},
+           // The root never offers the price dialogs nor deletion.
+           {"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
+           {"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
+           {"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
+           {"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
+           {"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|"
+            "7 &Panaikinti|100 -|8 Pagalba|100 -"},
+           {"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|2 Sukurti naują &grupę|"
+            "3 Sukurti p&ogrupį|100 -|9 Kainų keitimas|100 -|10 Garantijos pridėjimas|"
+            "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"},
+           {"Good", "O00002002", "C", "", kGood},
+           {"Service", "O00002004", "Service", "P", kGood},
+           {"GoodWithoutDelete", "O00002002", "GoodNA", "D",
+            "0 Padėti &ant darbo stalo|100 -|1 Pridėti &naują prekę|100 -|4 &Kopijuoti|"
+            "100 -|5 &Atrinkti|6 P&eržiūros nustatymai|100 -|100 -|8 Pagalba|100 -"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const std::string oid = std::string(c.oidr).substr(0, 8);
+    const std::string denied = c.denied;
+    if (denied.find('D') != std::string::npos) {
+      host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
+    }
+    if (denied.find('P') != std::string::npos) host_.Rights()->Deny("CGoodsPT", Right::Read);
+    auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
+    ASSERT_TRUE(menu);
+    Lines lines;
+    for (const auto& item : *menu) {
+      lines.push_back(item.Key + " " + item.Caption);
+      EXPECT_EQ(item.Tag, nullptr);
+      EXPECT_EQ(item.Flags, 0);
+    }
+    EXPECT_EQ(Join(lines, "|"), c.lines);
+  }
+}
 
 struct CreateCase {
   const char* name;
@@ -290,51 +282,46 @@ struct CreateCase {
   Variant groupFlag;
 };
 
-class CreateTest : public AdaptersTest, public ::testing::WithParamInterface<CreateCase> {};
-
-TEST_P(CreateTest, NewRecordGetsParentAndGroupFlag) {
-  const CreateCase& c = GetParam();
-  const bool goods = std::string(c.oidr).substr(0, 8) == "O0000200";
-  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
-  auto window = result.Value.ObjectAs<GroupedCard>();
-  ASSERT_NE(window, nullptr);
-  auto object = window->OrvelObjectUIO();
-  EXPECT_EQ(object->OIDR(), "");
-  EXPECT_EQ(object->Fields("ParentID").Value(), c.parentId);
-  EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
-  // Every new record starts active, and a good kept in rests.
-  EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
-  if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
-  EXPECT_FALSE(window->Loaded());
-}
-
 const Variant kNull = Variant::Null();
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, CreateTest,
-    ::testing::Values(
-        CreateCase{"FirmInGroup", "O00001001", "CGroup", "1", Variant(1), Variant(0)},
-        CreateCase{"FirmBesideFirm", "O00001002", "C", "1", Variant(1), Variant(0)},
-        CreateCase{"GroupBesideGroup", "O00001001", "CGroup", "2", kNull, Variant(1)},
-        CreateCase{"GroupBesideFirmInGroup", "O00001002", "C", "2", Variant(1), Variant(1)},
-        // Val of a Null parent joined to "" is 0, written back as Null.
-        CreateCase{"GroupBesideTopFirm", "O00001003", "C", "2", kNull, Variant(1)},
-        CreateCase{"SubgroupOfGroup", "O00001001", "CGroup", "3", Variant(1), Variant(1)},
-        // Not offered on a firm; it makes a group beside the firm.
-        CreateCase{"SubgroupKeyOnFirm", "O00001002", "C", "3", Variant(1), Variant(1)},
-        CreateCase{"FirmGroupAtRoot", "O0000100", "", "2", kNull, Variant(1)},
-        CreateCase{"GoodInGroup", "O00002001", "CGroup", "1", Variant(1), Variant(0)},
-        CreateCase{"GoodBesideGood", "O00002002", "C", "1", Variant(1), Variant(0)},
-        // Key 2 makes a sibling of the node, key 3 a child.
-        CreateCase{"SiblingOfSubgroup", "O00002003", "CGroup", "2", Variant(1), Variant(1)},
-        CreateCase{"ChildOfSubgroup", "O00002003", "CGroup", "3", Variant(3), Variant(1)},
-        CreateCase{"SiblingOfTopGroup", "O00002001", "CGroup", "2", Variant(0), Variant(1)},
-        // On a good, 3 takes the good's own parent, as 1 does.
-        CreateCase{"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
-        CreateCase{"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
-        CreateCase{"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}),
-    [](const auto& info) { return std::string(info.param.name); });
+TEST_F(AdaptersTest, NewRecordGetsParentAndGroupFlag) {
+  for (const CreateCase& c : std::initializer_list<CreateCase>{
+           {"FirmInGroup", "O00001001", "CGroup", "1", Variant(1), Variant(0)},
+           {"FirmBesideFirm", "O00001002", "C", "1", Variant(1), Variant(0)},
+           {"GroupBesideGroup", "O00001001", "CGroup", "2", kNull, Variant(1)},
+           {"GroupBesideFirmInGroup", "O00001002", "C", "2", Variant(1), Variant(1)},
+           // Val of a Null parent joined to "" is 0, written back as Null.
+           {"GroupBesideTopFirm", "O00001003", "C", "2", kNull, Variant(1)},
+           {"SubgroupOfGroup", "O00001001", "CGroup", "3", Variant(1), Variant(1)},
+           // Not offered on a firm; it makes a group beside the firm.
+           {"SubgroupKeyOnFirm", "O00001002", "C", "3", Variant(1), Variant(1)},
+           {"FirmGroupAtRoot", "O0000100", "", "2", kNull, Variant(1)},
+           {"GoodInGroup", "O00002001", "CGroup", "1", Variant(1), Variant(0)},
+           {"GoodBesideGood", "O00002002", "C", "1", Variant(1), Variant(0)},
+           // Key 2 makes a sibling of the node, key 3 a child.
+           {"SiblingOfSubgroup", "O00002003", "CGroup", "2", Variant(1), Variant(1)},
+           {"ChildOfSubgroup", "O00002003", "CGroup", "3", Variant(3), Variant(1)},
+           {"SiblingOfTopGroup", "O00002001", "CGroup", "2", Variant(0), Variant(1)},
+           // On a good, 3 takes the good's own parent, as 1 does.
+           {"SubgroupKeyOnGood", "O00002002", "C", "3", Variant(1), Variant(1)},
+           {"GoodBesideTopGood", "O00002004", "C", "1", Variant(0), Variant(0)},
+           {"GoodsGroupAtRoot", "O0000200", "", "2", Variant(0), Variant(1)}}) {
+    SCOPED_TRACE(c.name);
+    const bool goods = std::string(c.oidr).substr(0, 8) == "O0000200";
+    auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+    auto window = result.Value.ObjectAs<GroupedCard>();
+    ASSERT_NE(window, nullptr);
+    auto object = window->OrvelObjectUIO();
+    EXPECT_EQ(object->OIDR(), "");
+    EXPECT_EQ(object->Fields("ParentID").Value(), c.parentId);
+    EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
+    // Every new record starts active, and a good kept in rests.
+    EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
+    if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
+    EXPECT_FALSE(window->Loaded());
+  }
+}
 
 struct NoWindowCase {
   const char* name;
@@ -346,38 +333,32 @@ struct NoWindowCase {
   const char* box;  // "" for none
 };
 
-class NoWindowTest : public AdaptersTest, public ::testing::WithParamInterface<NoWindowCase> {};
-
-TEST_P(NoWindowTest, AGoneRecordOrNoReadRightGivesNoWindow) {
-  const NoWindowCase& c = GetParam();
-  if (!c.readRight) host_.Rights()->Deny("CFirms", Right::Read);
-  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-  auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
-  EXPECT_EQ(result.Action, c.action);
-  EXPECT_EQ(result.Value.ObjectAs<GroupedCard>(), nullptr);
-  EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
-}
-
 constexpr int kShow = OrvelMenuResult::kShowWindow;
 constexpr int kNone = OrvelMenuResult::kNothing;
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NoWindowTest,
-    ::testing::Values(
-        NoWindowCase{"FirmWithoutReadRight", "O00001002", "C", "0", false, kShow, ""},
-        NoWindowCase{"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, kNone, ""},
-        // The window builder is given no type, so it names a firm even for a group.
-        NoWindowCase{"GoneFirm", "O00001009", "CGroup", "0", true, kShow, "Įmonė panaikinta!"},
-        NoWindowCase{"NewUnderGoneFirm", "O00001009", "C", "1", true, kNone, "Įmonė panaikinta!"},
-        NoWindowCase{"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, kNone,
-                     "Įmonių grupė panaikinta!"},
-        NoWindowCase{"NewUnderGoneUntyped", "O00001009", "", "1", true, kNone,
-                     "Įmonių grupė panaikinta!"},
-        NoWindowCase{"GoneGood", "O00002009", "C", "0", true, kShow, ""},
-        NoWindowCase{"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- lists and their settings ----
+TEST_F(AdaptersTest, AGoneRecordOrNoReadRightGivesNoWindow) {
+  for (const NoWindowCase& c : std::initializer_list<NoWindowCase>{
+           {"FirmWithoutReadRight", "O00001002", "C", "0", false, kShow, ""},
+           {"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, kNone, ""},
+           // The window builder is given no type, so it names a firm even for a group.
+           {"GoneFirm", "O00001009", "CGroup", "0", true, kShow, "Įmonė panaikinta!"},
+           {"NewUnderGoneFirm", "O00001009", "C", "1", true, kNone, "Įmonė panaikinta!"},
+           {"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, kNone,
+            "Įmonių grupė panaikinta!"},
+           {"NewUnderGoneUntyped", "O00001009", "", "1", true, kNone, "Įmonių grupė panaikinta!"},
+           {"GoneGood", "O00002009", "C", "0", true, kShow, ""},
+           {"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, kNone, ""}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    host_.Ui()->ClearBoxes();
+    if (!c.readRight) host_.Rights()->Deny("CFirms", Right::Read);
+    if (*c.box) host_.Ui()->QueueAnswer(vbOK);
+    auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+    EXPECT_EQ(result.Action, c.action);
+    EXPECT_EQ(result.Value.ObjectAs<GroupedCard>(), nullptr);
+    EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
+  }
+}
 
 struct ListCase {
   const char* name;
@@ -427,7 +408,7 @@ INSTANTIATE_TEST_SUITE_P(
         ListCase{"GoodsChord", "O00002001", "70S2", "",
                  "GetCall Orvel_GetObjectList '','šil',1,2,1,'',0,1,0",
                  "GetCall Orvel_GetObjectList '','',1,0,1,'',0,1,0"}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct StoredCase {
   const char* group;
@@ -527,8 +508,6 @@ TEST_F(AdaptersTest, ASecondFirmServicesSetReReadsTitleAndSettingsThroughTheStor
   EXPECT_EQ(own.PreviewSettings(), "1,1,0");
 }
 
-// ---- the goods' own keys ----
-
 TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
   host_.User()->SetId("7");
   BO("O0000200").OnRead("CopyGood", [&](const std::string&) {
@@ -554,8 +533,6 @@ TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsOnTheGroup) {
   goods->ClickMenu("O00002009", "CGroup", "9", "");  // gone: no dialog
   EXPECT_EQ(dialogs_->opened, (Lines{"ChangePrices O00002001", "AddGuarantee O00002003"}));
 }
-
-// ---- tree operations ----
 
 TEST_F(AdaptersTest, FirmsDragAlwaysAndDropNever) {
   auto firms = Of("O0000100");
@@ -584,8 +561,6 @@ TEST_F(AdaptersTest, AddToDesktopShowsOneWindowPerRecord) {
   EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
 }
 
-// ---- the objects: read, properties ----
-
 TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
   auto fresh = Object("O0000100");
   EXPECT_EQ(fresh->Fields("Active").Value(), Variant(true));
@@ -595,97 +570,122 @@ TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
   EXPECT_EQ(saved->RsFields()->MarshalOptions(), 1);
 }
 
-struct PropertyCase {
+// A record's property (no arguments) or method (`args`), with the business
+// layer's answer scripted: "" its own, "<call> <fields>=<row>" records,
+// "<call> !<n>" failure n "neleista". The call sent and "<Number>[ <Text>]|
+// <Value>|<parameter afterwards>"; a record set shows as "rs".
+struct CallCase {
   const char* oidr;
   const char* name;
-  const char* par;
-  const char* line;
-  const char* parAfter = nullptr;  // the caller's parameter afterwards; null: unchanged
+  const char* reply;
+  bool method;
+  Variant::Array args;  // a method's arguments; a property's one parameter
+  const char* line;     // "" for no call
+  const char* result;
 };
 
-class PropertyTest : public AdaptersTest, public ::testing::WithParamInterface<PropertyCase> {};
-
-TEST_P(PropertyTest, SendsItsCallAndParameterString) {
-  const PropertyCase& c = GetParam();
-  auto object = Object(c.oidr);
-  std::string par = c.par;
-  auto result = object->Properties(c.name, par);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(BusinessLines(), Lines{c.line});
-  EXPECT_EQ(par, c.parAfter ? c.parAfter : c.par);
-  // A good's list properties hand back the business layer's records.
-  if (c.oidr[5] == '2') EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
+TEST_F(AdaptersTest, PropertiesAndMethodsSendTheirCallAndParameterString) {
+  host_.User()->SetId("42");
+  const auto P = [](const char* oidr, const char* name, const char* par, const char* reply,
+                    const char* line, const char* result) {
+    return CallCase{oidr, name, reply, false, {Variant(par)}, line, result};
+  };
+  const auto M = [](const char* oidr, const char* name, Variant::Array args, const char* reply,
+                    const char* line, const char* result) {
+    return CallCase{oidr, name, reply, true, std::move(args), line, result};
+  };
+  const CallCase cases[] = {
+      P("O00001002", "firms", "", "", "GetCall Getfirms O00001002", "0|rs|"),
+      P("O00001002", "FirmInfo", "", "", "GetCall GetFirmInfo 'O00001002',0", "0|rs|0"),
+      P("O00001002", "FirmInfo", "7", "", "GetCall GetFirmInfo 'O00001002',7", "0|rs|7"),
+      P("O00001002", "CHECKCODE", "123", "", "GetCall CheckCode 'O00001002','123'", "0|False|123"),
+      P("O00001002", "CheckBranch", "x", "", "GetCall CheckBranch 'O00001002'", "0|False|x"),
+      P("O00001002", "Traffic", "", "", "GetCall GetTraffic O00001002", "0|rs|"),
+      P("O00001002", "TypeAndRegion", "1", "", "GetCall GetTypeAndRegion 1", "0|rs|1"),
+      P("O00001002", "FirmParameters", "'O00001002',3", "",
+        "GetCall GetFirmParameters 'O00001002',3", "0|rs|'O00001002',3"),
+      P("O00002002", "Goods", "'O00002001',1", "", "GetCall GetGoods 'O00002001',1",
+        "0|rs|'O00002001',1"),
+      P("O00002002", "FindGoods", "", "", "GetCall GetFindGoods 'O00002002',''", "0|rs|"),
+      P("O00002002", "Traffic", "'O00002002',1,0", "", "GetCall GetTraffic 'O00002002',1,0",
+        "0|rs|'O00002002',1,0"),
+      P("O00002002", "Prices", "", "", "GetCall GetPrices O00002002", "0|rs|"),
+      P("O00002002", "MinAmount", "", "", "GetCall GetMinAmount O00002002", "0|rs|"),
+      P("O00002002", "Measures", "", "", "GetCall GetMeasures O00002002", "0|rs|"),
+      P("O00002002", "Discounts", "", "", "GetCall GetDiscounts O00002002", "0|rs|"),
+      P("O00002002", "GoodBRTemplates", "", "", "GetCall GetGoodBRTemplates O00002002", "0|rs|"),
+      // Names compare exactly: another spelling is another business call.
+      P("O00002002", "goods", "", "", "GetCall Getgoods O00002002", "0|rs|"),
+      P("O00002002", "parent", "", "", "GetCall Getparent O00002002", "0|rs|"),
+      // The checks read Exist above zero.
+      P("O00001002", "CheckCode", "1", "CheckCode Exist=2", "GetCall CheckCode 'O00001002','1'",
+        "0|True|1"),
+      P("O00001002", "CheckBranch", "", "CheckBranch Exist=0", "GetCall CheckBranch 'O00001002'",
+        "0|False|"),
+      P("O00001002", "checkbranch", "", "CheckBranch Exist=1", "GetCall CheckBranch 'O00001002'",
+        "0|True|"),
+      P("O00001002", "SaldoByAccountCode", "'2410'", "GetSaldoByAccountCode Saldo=125.5",
+        "GetCall GetSaldoByAccountCode '2410'", "0|125,5|'2410'"),
+      // A failure passes its number and text and keeps the property's value.
+      P("O00001002", "CheckBranch", "1", "CheckBranch !-7", "GetCall CheckBranch 'O00001002'",
+        "-7 neleista|False|1"),
+      P("O00001002", "SaldoByAccountCode", "1", "GetSaldoByAccountCode !12",
+        "GetCall GetSaldoByAccountCode 1", "12 neleista|0|1"),
+      P("O00001002", "CheckCode", "1", "CheckCode !3", "GetCall CheckCode 'O00001002','1'",
+        "3 neleista|Empty|1"),
+      P("O00001002", "Traffic", "1", "GetTraffic !4", "GetCall GetTraffic 1",
+        "4 neleista|Nothing|1"),
+      P("O00002002", "Rests", "1", "GetRests !4", "GetCall GetRests 1", "4 neleista|Empty|1"),
+      // An answer without records is no value either.
+      P("O00002002", "Prices", "1", "GetPrices !0", "GetCall GetPrices 1", "0 neleista|Empty|1"),
+      // A method sends only its first argument.
+      M("O00001002", "DeleteFirmInfo", {Variant("12")}, "", "ExecCall DeleteFirmInfo 12",
+        "0|Empty|"),
+      M("O00001002", "AddUpdateFirmInfo", {Variant(5), Variant("dropped")}, "",
+        "ExecCall AddUpdateFirmInfo 5", "0|Empty|"),
+      M("O00001002", "Anything", {}, "", "ExecCall Anything", "0|Empty|"),
+      M("O00001002", "DeleteFirmInfo", {Variant("1")}, "DeleteFirmInfo !9",
+        "ExecCall DeleteFirmInfo 1", "9 neleista|Empty|"),
+      // The goods know their own methods only.
+      M("O00002002", "SetTypeAndRegion", {Variant("x")}, "", "", "0|Empty|"),
+      // Without its argument a goods method is a bounds error and no call.
+      M("O00002002", "CopyGood", {}, "", "", "9 CopyGood: trūksta argumento|Empty|"),
+      M("O00002002", "UpdateGoodsPrice", {}, "", "",
+        "9 UpdateGoodsPrice: trūksta argumento|Empty|"),
+      M("O00002002", "UpdateGaranty", {}, "", "", "9 UpdateGaranty: trūksta argumento|Empty|"),
+      // The copy's reference, or the failure.
+      M("O0000200", "copygood", {Variant("O00002002")}, "CopyGood OIDR=O000020012",
+        "GetCall CopyGood 'O00002002','42'", "0|O000020012|"),
+      M("O0000200", "CopyGood", {Variant("O00002002")}, "CopyGood !3",
+        "GetCall CopyGood 'O00002002','42'", "3 neleista|Empty|")};
+  for (CallCase c : cases) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.name);
+    const std::string oid = std::string(c.oidr).substr(0, 8);
+    auto object = Object(c.oidr);
+    BO(oid).ClearScripts();
+    const auto reply = Split(c.reply, " ");
+    if (reply.size() == 2 && reply[1][0] == '!') {
+      const int32_t number = std::stoi(reply[1].substr(1));
+      BO(oid).ReplyRead(reply[0], OrvelBoResult(number, "neleista"));
+      BO(oid).ReplyAction(reply[0], OrvelStatus{number, "neleista"});
+    } else if (reply.size() == 2) {
+      const auto eq = reply[1].find('=');
+      BO(oid).ReplyRead(reply[0],
+                        TextRecords(reply[1].substr(0, eq), Lines{reply[1].substr(eq + 1)}));
+    }
+    std::string par = c.method ? "" : CStr(c.args[0]);
+    auto r = c.method ? object->Methods(c.name, c.args) : object->Properties(c.name, par);
+    const Variant& v = r.Value;
+    const std::string value = v.ObjectAs<Recordset>() ? "rs"
+                              : v.IsNothing()         ? "Nothing"
+                              : v.IsEmpty()           ? "Empty"
+                                                      : ConcatText(v);
+    EXPECT_EQ(
+        std::to_string(r.Number) + (r.Text.empty() ? "" : " " + r.Text) + "|" + value + "|" + par,
+        c.result);
+    EXPECT_EQ(BusinessLines(), *c.line ? Lines{c.line} : Lines{});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, PropertyTest,
-    ::testing::Values(
-        PropertyCase{"O00001002", "firms", "", "GetCall Getfirms O00001002"},
-        PropertyCase{"O00001002", "FirmInfo", "", "GetCall GetFirmInfo 'O00001002',0", "0"},
-        PropertyCase{"O00001002", "FirmInfo", "7", "GetCall GetFirmInfo 'O00001002',7"},
-        PropertyCase{"O00001002", "CHECKCODE", "123", "GetCall CheckCode 'O00001002','123'"},
-        PropertyCase{"O00001002", "CheckBranch", "x", "GetCall CheckBranch 'O00001002'"},
-        PropertyCase{"O00001002", "SaldoByAccountCode", "'2410'",
-                     "GetCall GetSaldoByAccountCode '2410'"},
-        PropertyCase{"O00001002", "Traffic", "", "GetCall GetTraffic O00001002"},
-        PropertyCase{"O00001002", "TypeAndRegion", "1", "GetCall GetTypeAndRegion 1"},
-        PropertyCase{"O00001002", "FirmParameters", "'O00001002',3",
-                     "GetCall GetFirmParameters 'O00001002',3"},
-        PropertyCase{"O00002002", "Goods", "'O00002001',1", "GetCall GetGoods 'O00002001',1"},
-        PropertyCase{"O00002002", "FindGoods", "", "GetCall GetFindGoods 'O00002002',''"},
-        PropertyCase{"O00002002", "Traffic", "'O00002002',1,0",
-                     "GetCall GetTraffic 'O00002002',1,0"},
-        PropertyCase{"O00002002", "Prices", "", "GetCall GetPrices O00002002"},
-        PropertyCase{"O00002002", "MinAmount", "", "GetCall GetMinAmount O00002002"},
-        PropertyCase{"O00002002", "Measures", "", "GetCall GetMeasures O00002002"},
-        PropertyCase{"O00002002", "Discounts", "", "GetCall GetDiscounts O00002002"},
-        PropertyCase{"O00002002", "GoodBRTemplates", "", "GetCall GetGoodBRTemplates O00002002"},
-        // Names compare exactly: another spelling is another business call.
-        PropertyCase{"O00002002", "goods", "", "GetCall Getgoods O00002002"},
-        PropertyCase{"O00002002", "parent", "", "GetCall Getparent O00002002"}));
-
-TEST_F(AdaptersTest, FirmCheckPropertiesReadExistAboveZero) {
-  auto firm = Object("O00001002");
-  BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "2"));
-  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "0"));
-  EXPECT_EQ(firm->Properties("CheckCode", "1").Value, Variant(true));
-  EXPECT_EQ(firm->Properties("CheckBranch", "").Value, Variant(false));
-  BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", "1"));
-  EXPECT_EQ(firm->Properties("checkbranch", "").Value, Variant(true));
-  BO("O0000100").ReplyRead("GetSaldoByAccountCode", TextRecords("Saldo", "125.5"));
-  EXPECT_EQ(firm->Properties("SaldoByAccountCode", "'2410'").Value, Variant(125.5));
-}
-
-struct FailedCase {
-  const char* oidr;
-  const char* name;
-  const char* call;  // the business call that fails
-  int32_t number;
-  Variant value;  // what the property hands back
-};
-
-class FailedPropertyTest : public AdaptersTest, public ::testing::WithParamInterface<FailedCase> {};
-
-TEST_P(FailedPropertyTest, PassesNumberAndTextAndKeepsItsValue) {
-  const FailedCase& c = GetParam();
-  auto object = Object(c.oidr);
-  BO(std::string(c.oidr).substr(0, 8)).ReplyRead(c.call, OrvelBoResult(c.number, "neleista"));
-  auto result = object->Properties(c.name, "1");
-  EXPECT_EQ(result.Number, c.number);
-  EXPECT_EQ(result.Text, "neleista");
-  EXPECT_EQ(result.Value, c.value);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FailedPropertyTest,
-    ::testing::Values(
-        FailedCase{"O00001002", "CheckBranch", "CheckBranch", -7, Variant(false)},
-        FailedCase{"O00001002", "SaldoByAccountCode", "GetSaldoByAccountCode", 12, Variant(0)},
-        FailedCase{"O00001002", "CheckCode", "CheckCode", 3, Variant()},
-        FailedCase{"O00001002", "Traffic", "GetTraffic", 4, Variant(std::shared_ptr<Object>())},
-        FailedCase{"O00002002", "Rests", "GetRests", 4, Variant()},
-        // An answer without records is no value either.
-        FailedCase{"O00002002", "Prices", "GetPrices", 0, Variant()}));
 
 TEST_F(AdaptersTest, AGoodsMeasureIsTheObjectOfItsOwnType) {
   auto& measures = BO("O0000400").Table();
@@ -704,46 +704,6 @@ TEST_F(AdaptersTest, GetObjectFormBuildsAFirmWindowOnThisObject) {
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->OrvelObjectUIO(), firm);
   EXPECT_FALSE(window->Loaded());
-}
-
-// ---- the objects: methods ----
-
-struct MethodCase {
-  const char* oidr;
-  const char* name;
-  Variant::Array params;
-  const char* line;  // "" for no call
-};
-
-class MethodTest : public AdaptersTest, public ::testing::WithParamInterface<MethodCase> {};
-
-TEST_P(MethodTest, SendsOnlyTheFirstParameter) {
-  MethodCase c = GetParam();
-  auto result = Object(c.oidr)->Methods(c.name, c.params);
-  EXPECT_EQ(result.Number, 0);
-  if (!*c.line) EXPECT_TRUE(result.Value.IsEmpty());
-  EXPECT_EQ(BusinessLines(), *c.line ? Lines{c.line} : Lines{});
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Names, MethodTest,
-    ::testing::Values(
-        MethodCase{"O00001002", "DeleteFirmInfo", {Variant("12")}, "ExecCall DeleteFirmInfo 12"},
-        MethodCase{"O00001002",
-                   "AddUpdateFirmInfo",
-                   {Variant(5), Variant("dropped")},
-                   "ExecCall AddUpdateFirmInfo 5"},
-        MethodCase{"O00001002", "Anything", {}, "ExecCall Anything"},
-        // The goods know their own methods only.
-        MethodCase{"O00002002", "SetTypeAndRegion", {Variant("x")}, ""}));
-
-TEST_F(AdaptersTest, AFailedFirmMethodCopiesNumberAndText) {
-  auto firm = Object("O00001002");
-  BO("O0000100").ReplyAction("DeleteFirmInfo", OrvelStatus{9, "užimta"});
-  Variant::Array params{Variant("1")};
-  auto result = firm->Methods("DeleteFirmInfo", params);
-  EXPECT_EQ(result.Number, 9);
-  EXPECT_EQ(result.Text, "užimta");
 }
 
 TEST_F(AdaptersTest, SetTypeAndRegionCopiesTheGroupsDefaults) {
@@ -793,33 +753,6 @@ TEST_P(GoodsArrayCallTest, SendsTheOneArgumentAndReturnsTheStatusAsValue) {
 INSTANTIATE_TEST_SUITE_P(Names, GoodsArrayCallTest,
                          ::testing::Values("UpdateGoodsPrice", "updategoodsprice", "UpdateGaranty",
                                            "UPDATEGARANTY"));
-
-TEST_F(AdaptersTest, AGoodsMethodWithoutItsArgumentIsABoundsErrorAndNoCall) {
-  auto good = Object("O00002002");
-  for (const char* name : {"CopyGood", "UpdateGoodsPrice", "UpdateGaranty"}) {
-    Variant::Array none;
-    auto result = good->Methods(name, none);
-    EXPECT_EQ(result.Number, 9) << name;
-    EXPECT_FALSE(result.Text.empty()) << name;
-  }
-  EXPECT_TRUE(BusinessLines().empty());
-}
-
-TEST_F(AdaptersTest, CopyGoodReturnsTheCopysReferenceOrTheFailure) {
-  host_.User()->SetId("42");
-  BO("O0000200").ReplyRead("CopyGood", TextRecords("OIDR", "O000020012"));
-  auto catalogue = Object("O0000200");
-  Variant::Array params{Variant("O00002002")};
-  auto result = catalogue->Methods("copygood", params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_EQ(result.Value, Variant("O000020012"));
-  EXPECT_EQ(BusinessLines(), Lines{"GetCall CopyGood 'O00002002','42'"});
-  BO("O0000200").ReplyRead("CopyGood", OrvelBoResult(3, "nėra"));
-  auto failed = catalogue->Methods("CopyGood", params);
-  EXPECT_EQ(failed.Number, 3);
-  EXPECT_EQ(failed.Text, "nėra");
-  EXPECT_TRUE(failed.Value.IsEmpty());
-}
 
 }  // namespace
 }  // namespace orvel

@@ -6,6 +6,7 @@
 
 #include "firms/FirmCardFixture.h"
 #include "orvel/OrvelShowObject.h"
+#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -18,8 +19,6 @@ const char* const kUsedCall = "GetCall GetFirmIsUsedInDocuments O00001002";
 const char* const kSaveCall = "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'";
 // The object reads itself again after a write.
 const char* const kReread = "GetCall Orvel_ReadObject 'O00001002'";
-
-// ---- a firm used in documents ----
 
 struct UsedCase {
   const char* name;
@@ -68,7 +67,7 @@ INSTANTIATE_TEST_SUITE_P(
                       UsedCase{"CountAsText", false, false, Variant("2"), false, false},
                       // An answer without a record tells of no documents.
                       UsedCase{"NoRecordIsNotUsed", false, false, Variant(), true, true}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
   UsedInDocuments(Variant("daug"));
@@ -96,8 +95,6 @@ TEST_F(FirmCardTest, TheRuleAlsoRunsForANewRecord) {
   EXPECT_EQ(Stored(5, "Name"), Variant());
   EXPECT_EQ(BusinessLines()[0], "GetCall GetFirmIsUsedInDocuments");
 }
-
-// ---- the duplicate code ----
 
 struct DuplicateCase {
   const char* name;
@@ -138,7 +135,7 @@ INSTANTIATE_TEST_SUITE_P(
         // A host answering Yes to an OK box still cannot write it.
         DuplicateCase{"NoRightEvenOnYes", false, vbYes, "48 Apskaita Įmonės kodas kartojasi!",
                       false}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 struct CodeCase {
   const char* name;
@@ -147,38 +144,31 @@ struct CodeCase {
   const char* check;  // the CheckCode call, "" when none is made
 };
 
-class FirmCardCodeTest : public FirmCardTest, public ::testing::WithParamInterface<CodeCase> {};
-
-TEST_P(FirmCardCodeTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
-  const CodeCase& c = GetParam();
-  CodeRepeats();  // any check made would stop the write
-  host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-  auto w = Open(c.oidr);
-  Grid(*w).EditField("Code", c.code);
-  if (*c.check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
-  w->cmdEnter_Click();
-  const auto lines = BusinessLines();
-  ASSERT_FALSE(lines.empty());
-  if (std::string(c.check).empty()) {
-    EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
-    EXPECT_EQ(Stored(static_cast<int32_t>(c.oidr[8] - '0'), "Code"), c.code);
-  } else {
-    EXPECT_EQ(lines, std::vector<std::string>{c.check});
+TEST_F(FirmCardTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
+  for (const CodeCase& c : std::initializer_list<CodeCase>{
+           {"Blanks", "O00001002", Variant("   "), ""},
+           {"Null", "O00001002", Variant::Null(), ""},
+           {"GroupsAreNotChecked", "O00001001", Variant("302245871"), ""},
+           {"BlanksKept", "O00001002", Variant(" 12 "), "GetCall CheckCode 'O00001002',' 12 '"},
+           {"Number", "O00001003", Variant(144523896),
+            "GetCall CheckCode 'O00001003','144523896'"}}) {
+    SCOPED_TRACE(c.name);
+    CodeRepeats();  // any check made would stop the write
+    host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    auto w = Open(c.oidr);
+    Grid(*w).EditField("Code", c.code);
+    if (*c.check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
+    w->cmdEnter_Click();
+    const auto lines = BusinessLines();
+    ASSERT_FALSE(lines.empty());
+    if (std::string(c.check).empty()) {
+      EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
+      EXPECT_EQ(Stored(static_cast<int32_t>(c.oidr[8] - '0'), "Code"), c.code);
+    } else {
+      EXPECT_EQ(lines, std::vector<std::string>{c.check});
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Codes, FirmCardCodeTest,
-                         ::testing::Values(CodeCase{"Blanks", "O00001002", Variant("   "), ""},
-                                           CodeCase{"Null", "O00001002", Variant::Null(), ""},
-                                           CodeCase{"GroupsAreNotChecked", "O00001001",
-                                                    Variant("302245871"), ""},
-                                           CodeCase{"BlanksKept", "O00001002", Variant(" 12 "),
-                                                    "GetCall CheckCode 'O00001002',' 12 '"},
-                                           CodeCase{"Number", "O00001003", Variant(144523896),
-                                                    "GetCall CheckCode 'O00001003','144523896'"}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- failures ----
 
 struct FailureCase {
   const char* name;
@@ -227,9 +217,7 @@ INSTANTIATE_TEST_SUITE_P(
                       // Changed by someone else meanwhile: the record is read again.
                       FailureCase{"ChangedMeanwhile", "Orvel_SaveObject", 60000, true, kWriteFailed,
                                   false, false, true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- success ----
+    ByName());
 
 class ShowHostSpy : public OrvelShowObject {
  public:
@@ -259,23 +247,22 @@ TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
                                       "GetCall Orvel_ReadObject 'O00001005'"}));
 }
 
-class FirmCardShowHostTest : public FirmCardTest, public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FirmCardShowHostTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
-  const bool writeFails = GetParam();
-  auto spy = std::make_shared<ShowHostSpy>();
-  spy->fail = true;  // its failure is not the window's
-  auto w = Open("O00001002");
-  w->ShowHost = spy;
-  if (writeFails) BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
-  if (writeFails) host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter_Click();
-  EXPECT_EQ(spy->unloads, 1);
-  EXPECT_EQ(w->ShowHost, nullptr);
-  EXPECT_EQ(host_.Ui()->Boxes().size(), writeFails ? 1u : 0u);
+// Whether the write fails or not; the object's own failure is not the window's.
+TEST_F(FirmCardTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
+  for (const bool writeFails : {true, false}) {
+    auto spy = std::make_shared<ShowHostSpy>();
+    spy->fail = true;
+    auto w = Open("O00001002");
+    w->ShowHost = spy;
+    if (writeFails) BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
+    if (writeFails) host_.Ui()->QueueAnswer(vbOK);
+    w->cmdEnter_Click();
+    EXPECT_EQ(spy->unloads, 1);
+    EXPECT_EQ(w->ShowHost, nullptr);
+    EXPECT_EQ(host_.Ui()->Boxes().size(), writeFails ? 1u : 0u);
+    BO("O0000100").ClearFailures();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(WriteFailsOrNot, FirmCardShowHostTest, ::testing::Bool());
 
 TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   CodeRepeats();
@@ -288,8 +275,6 @@ TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   EXPECT_EQ(spy->unloads, 0);
   EXPECT_EQ(w->ShowHost, spy);
 }
-
-// ---- cancel ----
 
 TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
   auto w = Open("O00001001", "1");

@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "firms/FirmCardFixture.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "ui/ControlConstants.h"
 
@@ -47,61 +48,55 @@ struct DebtCase {
   bool invariant = false;
 };
 
-class FirmDebtLineTest : public FirmDebtTest, public ::testing::WithParamInterface<DebtCase> {};
-
-TEST_P(FirmDebtLineTest, TextColourAndCreditLine) {
-  const DebtCase& c = GetParam();
-  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-  auto w = OpenWithDebt(c.figures);
-  w->lblCredit.SetForeColor(vbBlue);
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), c.debt);
-  EXPECT_EQ(w->lblDebt.ForeColor(), c.red ? vbRed : vbBlack);
-  EXPECT_EQ(w->lblCredit.Caption(), c.credit);
-  EXPECT_EQ(w->lblCredit.ForeColor(), vbBlack);
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+TEST_F(FirmDebtTest, TextColourAndCreditLine) {
+  for (const DebtCase& c : std::initializer_list<DebtCase>{
+           {"AdvanceOnly", "Sum460=-50;Limit=1000000", "Skola: 0,00 Lt (avansas 50,00 Lt)", false,
+            ""},
+           {"BothSides", "Sum240=100;Sum450=-20;Limit=1000000",
+            "Skola: 100,00 Lt ; Mūsų skola: 20,00 Lt ", false, ""},
+           {"OurAdvanceOnly", "Sum220=5;Limit=1000000", "Mūsų skola: 0,00 Lt (avansas 5,00 Lt)",
+            false, ""},
+           {"EveryPart", "Sum240=80.1234567;Sum460=-10;Sum450=-1.25;Sum220=2;Limit=1000000",
+            "Skola: 80,123457 Lt (avansas 10,00 Lt); Mūsų skola: 1,25 Lt (avansas 2,00 Lt)", false,
+            ""},
+           {"NullSumsAreZero", "Sum240=~;Sum450=~;Limit=1000000", "Skola: 0,00 Lt ", false, ""},
+           // 0 is a limit, not the absence of one.
+           {"ZeroLimitPassed", "Sum240=10;Limit=0;LimitDays=30",
+            "Skola: 10,00 Lt (Viršytas kredito apribojimas !,0)", true,
+            "Kredito apribojimai: Maksimali suma:0,00; Dienos:30"},
+           {"DebtEqualToLimit", "Sum240=500;Limit=500;LimitDays=14", "Skola: 500,00 Lt ", false,
+            "Kredito apribojimai: Maksimali suma:500,00; Dienos:14"},
+           {"AdvanceCountsAgainstTheLimit", "Sum240=700;Sum460=-300;Limit=500",
+            "Skola: 700,00 Lt (avansas 300,00 Lt)", false,
+            "Kredito apribojimai: Maksimali suma:500,00; Dienos:0"},
+           {"LimitInItsPlainNumberText", "Sum240=2000;Limit=1500.5",
+            "Skola: 2000,00 Lt (Viršytas kredito apribojimas !,1500,5)", true,
+            "Kredito apribojimai: Maksimali suma:1500,50; Dienos:0"},
+           {"TermPassed", "Sum240=100;Limit=1000000;LimitTerm=0.5",
+            "Skola: 100,00 Lt (,50Lt.  Viršytas kredito terminas ! )", true, ""},
+           {"BothWarningsInOrder", "Sum240=100;Limit=50;LimitTerm=20;LimitDays=10",
+            "Skola: 100,00 Lt (Viršytas kredito apribojimas !,50)"
+            "(20,00Lt.  Viršytas kredito terminas ! )",
+            true, "Kredito apribojimai: Maksimali suma:50,00; Dienos:10"},
+           {"NegativeDebtNeverPassesTheTerm", "Sum240=-30;Limit=0;LimitTerm=10",
+            "Skola: -30,00 Lt ", false, "Kredito apribojimai: Maksimali suma:0,00; Dienos:0"},
+           {"PointSeparator", "Sum240=1234.5;Limit=1000.25;LimitTerm=0.5;LimitDays=7",
+            "Skola: 1234.50 Lt (Viršytas kredito apribojimas !,1000.25)"
+            "(.50Lt.  Viršytas kredito terminas ! )",
+            true, "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true}}) {
+    SCOPED_TRACE(c.name);
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    auto w = OpenWithDebt(c.figures);
+    w->lblCredit.SetForeColor(vbBlue);
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), c.debt);
+    EXPECT_EQ(w->lblDebt.ForeColor(), c.red ? vbRed : vbBlack);
+    EXPECT_EQ(w->lblCredit.Caption(), c.credit);
+    EXPECT_EQ(w->lblCredit.ForeColor(), vbBlack);
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers, FirmDebtLineTest,
-    ::testing::Values(
-        DebtCase{"AdvanceOnly", "Sum460=-50;Limit=1000000", "Skola: 0,00 Lt (avansas 50,00 Lt)",
-                 false, ""},
-        DebtCase{"BothSides", "Sum240=100;Sum450=-20;Limit=1000000",
-                 "Skola: 100,00 Lt ; Mūsų skola: 20,00 Lt ", false, ""},
-        DebtCase{"OurAdvanceOnly", "Sum220=5;Limit=1000000",
-                 "Mūsų skola: 0,00 Lt (avansas 5,00 Lt)", false, ""},
-        DebtCase{"EveryPart", "Sum240=80.1234567;Sum460=-10;Sum450=-1.25;Sum220=2;Limit=1000000",
-                 "Skola: 80,123457 Lt (avansas 10,00 Lt); Mūsų skola: 1,25 Lt (avansas 2,00 Lt)",
-                 false, ""},
-        DebtCase{"NullSumsAreZero", "Sum240=~;Sum450=~;Limit=1000000", "Skola: 0,00 Lt ", false,
-                 ""},
-        // 0 is a limit, not the absence of one.
-        DebtCase{"ZeroLimitPassed", "Sum240=10;Limit=0;LimitDays=30",
-                 "Skola: 10,00 Lt (Viršytas kredito apribojimas !,0)", true,
-                 "Kredito apribojimai: Maksimali suma:0,00; Dienos:30"},
-        DebtCase{"DebtEqualToLimit", "Sum240=500;Limit=500;LimitDays=14", "Skola: 500,00 Lt ",
-                 false, "Kredito apribojimai: Maksimali suma:500,00; Dienos:14"},
-        DebtCase{"AdvanceCountsAgainstTheLimit", "Sum240=700;Sum460=-300;Limit=500",
-                 "Skola: 700,00 Lt (avansas 300,00 Lt)", false,
-                 "Kredito apribojimai: Maksimali suma:500,00; Dienos:0"},
-        DebtCase{"LimitInItsPlainNumberText", "Sum240=2000;Limit=1500.5",
-                 "Skola: 2000,00 Lt (Viršytas kredito apribojimas !,1500,5)", true,
-                 "Kredito apribojimai: Maksimali suma:1500,50; Dienos:0"},
-        DebtCase{"TermPassed", "Sum240=100;Limit=1000000;LimitTerm=0.5",
-                 "Skola: 100,00 Lt (,50Lt.  Viršytas kredito terminas ! )", true, ""},
-        DebtCase{"BothWarningsInOrder", "Sum240=100;Limit=50;LimitTerm=20;LimitDays=10",
-                 "Skola: 100,00 Lt (Viršytas kredito apribojimas !,50)"
-                 "(20,00Lt.  Viršytas kredito terminas ! )",
-                 true, "Kredito apribojimai: Maksimali suma:50,00; Dienos:10"},
-        DebtCase{"NegativeDebtNeverPassesTheTerm", "Sum240=-30;Limit=0;LimitTerm=10",
-                 "Skola: -30,00 Lt ", false, "Kredito apribojimai: Maksimali suma:0,00; Dienos:0"},
-        DebtCase{"PointSeparator", "Sum240=1234.5;Limit=1000.25;LimitTerm=0.5;LimitDays=7",
-                 "Skola: 1234.50 Lt (Viršytas kredito apribojimas !,1000.25)"
-                 "(.50Lt.  Viršytas kredito terminas ! )",
-                 true, "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmDebtTest, AFailedOrEmptyAnswerShowsZeroAndNoMessage) {
   BO("O0000100").FailCallsNamed("GetFirmDebt", 5, "Nepavyko");
@@ -113,10 +108,11 @@ TEST_F(FirmDebtTest, AFailedOrEmptyAnswerShowsZeroAndNoMessage) {
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
 }
 
-TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
+// Missing limit fields keep their former values; once red, the line stays red.
+TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValuesAndTheLineStaysRed) {
   auto w = OpenWithDebt("Sum240=100;Limit=50;LimitTerm=5.0");
   w->lblDebt.Click();
-  ASSERT_EQ(w->Limit, 50);
+  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
   BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
   w->lblDebt.Click();
   EXPECT_EQ(w->Limit, 50);
@@ -125,13 +121,7 @@ TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValues) {
   EXPECT_EQ(w->lblDebt.Caption(),
             "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
             "(5,00Lt.  Viršytas kredito terminas ! )");
-}
-
-TEST_F(FirmDebtTest, OnceRedTheLineStaysRed) {
-  auto w = OpenWithDebt("Sum240=100;Limit=10");
-  w->lblDebt.Click();
-  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
-  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10"));
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10;LimitTerm=0"));
   w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
   EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
@@ -152,40 +142,26 @@ TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
 
 // A session without an own firm, or with one that cannot be read, is not
 // this firm's.
-class FirmDebtOwnFirmTest : public FirmDebtTest, public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FirmDebtOwnFirmTest, AnUnreadableOwnFirmIsNotThisOne) {
-  if (GetParam()) {
-    host_.Session()->SetOwnFirm(nullptr);
-  } else {
-    host_.Session()->SetOwnFirm(std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"}));
+TEST_F(FirmDebtTest, AnUnreadableOwnFirmIsNotThisOne) {
+  for (auto own : {std::shared_ptr<MemoryRecordset>(),
+                   std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"})}) {
+    host_.Session()->SetOwnFirm(own);
+    auto w = OpenWithDebt("Sum240=3;Limit=1000000");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
   }
-  auto w = OpenWithDebt("Sum240=3;Limit=1000000");
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
 }
 
-INSTANTIATE_TEST_SUITE_P(NoneOrUnreadable, FirmDebtOwnFirmTest, ::testing::Bool());
-
-struct NoLineCase {
-  const char* oidr;
-  const char* key;
-};
-
-class FirmDebtNoLineTest : public FirmDebtTest, public ::testing::WithParamInterface<NoLineCase> {};
-
-TEST_P(FirmDebtNoLineTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
-  auto w = Open(GetParam().oidr, GetParam().key);
-  ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "");
-  EXPECT_TRUE(BusinessLines().empty());
+TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
+  for (const char* key : {"0", "1"}) {
+    auto w = Open("O00001001", key);
+    ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "");
+    EXPECT_TRUE(BusinessLines().empty());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Records, FirmDebtNoLineTest,
-                         ::testing::Values(NoLineCase{"O00001001", "0"},
-                                           NoLineCase{"O00001001", "1"}));
 
 TEST_F(FirmDebtTest, AClickShowsTheHourglassWhileItReads) {
   auto w = OpenWithDebt("Sum240=1;Limit=1000000");

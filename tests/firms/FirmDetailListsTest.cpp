@@ -5,6 +5,7 @@
 #include "common/DetailDialog.h"
 #include "firms/frmAccounts.h"
 #include "host/Text.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestMainForm.h"
@@ -78,8 +79,6 @@ class FirmDetailListsTest : public FirmCardTest {
   }
 };
 
-// ---- every loader ----
-
 struct LoaderCase {
   const char* tab;
   const char* call;
@@ -94,8 +93,8 @@ class LoaderTest : public FirmDetailListsTest, public ::testing::WithParamInterf
 TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   const LoaderCase& c = GetParam();
   Reply(c.call, c.fields, c.rows);
-  auto w = Open(kFirm);
   const std::string tab = c.tab;
+  auto w = Open(tab == "Firms" ? "O00001001" : kFirm);
   // The window read the short lists on opening; they are read again here.
   if (tab == "Accounts") w->LoadDetail(frmFirms::DetailList::Accounts);
   if (tab == "FirmAddresses") w->LoadDetail(frmFirms::DetailList::Addresses);
@@ -106,7 +105,8 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   if (tab == "FirmInfo") w->LoadFirmInfo();
   if (tab == "Discounts") w->LoadDiscounts();
   if (tab == "Traffic") w->LoadTraffic(true);
-  if (tab == "FirmContracts") w->LoadContracts(true);
+  if (tab == "FirmContracts") w->mnuContractRefresh.Click();
+  if (tab == "Firms") w->LoadFirmsList();
   if (tab == "GOODS") {
     host_.HostClasses()->QueueObjectSelect("cukr");
     w->LoadGoods(true);
@@ -114,12 +114,17 @@ TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
   const char* expected = tab == "Traffic"    ? "'O00001002','2026-11-23','9999-12-31'"
                          : tab == "GOODS"    ? "'O00001002','cukr'"
                          : tab == "FirmInfo" ? "'O00001002',0"
+                         : tab == "Firms"    ? "O00001001"
                                              : kFirm;
   Lines sent = Calls(c.call);
   ASSERT_FALSE(sent.empty()) << c.call;
   EXPECT_EQ(sent.back(), expected);
   EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
   EXPECT_EQ(Join(RowsOf(Tab(*w, c.tab)), "\n"), c.shown);
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+  if (tab == "Firms") {
+    EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(
@@ -166,13 +171,23 @@ INSTANTIATE_TEST_SUITE_P(
             "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
             "O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | "
             "; ; ;100,00*||"},
+        // Contracts total without a sign.
         LoaderCase{"FirmContracts", "GetContractsList",
                    "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-                   "O10010003|O1001000|S-1|@2026-01-01|~|1000|Galioja|Rūta",
+                   "O10010003|O1001000|S-1|@2026-01-01|~|-200|Galioja|Rūta\n"
+                   "O10010002|O1001000|S-2|~|~|50.255|~|~",
                    "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė 1200|"
                    "Vadybininkas 2000",
-                   "O10010003|S-1|2026-01-01;;1000,00;Galioja;Rūta|O10010003|O1001000\n| | ; "
-                   ";1000,00*;;||"},
+                   "O10010003|S-1|2026-01-01;;-200,00;Galioja;Rūta|O10010003|O1001000\n"
+                   "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||"},
+        LoaderCase{"Firms", "GetFirms",
+                   "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
+                   "O00001004|Vietiniai|1|~|~|~|~|~|~\nO00001002|UAB Šilas|0|#302245871|Ąžuolų g. "
+                   "2|Vilnius|8 5|~|J. Jonaitis",
+                   "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
+                   "Faksas 1000|Direktorius 3000",
+                   "O00001004|Vietiniai||O00001004|stdClose\nO00001002|UAB Šilas|302245871;Ąžuolų "
+                   "g. 2;Vilnius;8 5;;J. Jonaitis|O00001002|C0000100"},
         LoaderCase{"GOODS", "GetFindGoods",
                    "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
                    "O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009",
@@ -180,24 +195,6 @@ INSTANTIATE_TEST_SUITE_P(
                    "Kiekis 2000 R",
                    "O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}),
     [](const auto& info) { return std::string(info.param.tab); });
-
-TEST_F(FirmDetailListsTest, FirmsOfAGroupShowIconsAndAFirmsColumns) {
-  Reply("GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
-        {"O00001004|Vietiniai|1|~|~|~|~|~|~",
-         "O00001002|UAB Šilas|0|#302245871|Ąžuolų g. 2|Vilnius|8 5|~|J. Jonaitis"});
-  auto w = Open("O00001001");
-  w->LoadFirmsList();
-  EXPECT_THAT(Calls("GetFirms"), ElementsAre("O00001001"));
-  EXPECT_EQ(Columns(Tab(*w, "Firms")),
-            "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
-            "Faksas 1000|Direktorius 3000");
-  EXPECT_THAT(RowsOf(Tab(*w, "Firms")),
-              ElementsAre("O00001004|Vietiniai||O00001004|stdClose",
-                          "O00001002|UAB Šilas|302245871;Ąžuolų g. 2;Vilnius;8 5;;J. Jonaitis|"
-                          "O00001002|C0000100"));
-  EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-}
 
 TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndNoDiscountColumns) {
   auto w = Open("O00001001", "1");
@@ -221,8 +218,6 @@ TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
   EXPECT_EQ(Tab(*w, "FirmContacts").ListItems().Count(), 0);
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
 }
-
-// ---- the deferred documents and contracts ----
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
   Reply("GetTraffic", kDocs, {"O10001001|O1000100|PVM sąskaita|PSF1|@2026-03-01|10|10|1|1"});
@@ -254,55 +249,50 @@ struct TrafficCase {
   const char* shown;
 };
 
-class TrafficTest : public FirmDetailListsTest,
-                    public ::testing::WithParamInterface<TrafficCase> {};
-
-TEST_P(TrafficTest, RowsTotalsAndTagsByRight) {
-  if (*GetParam().denied) host_.Rights()->Deny(GetParam().denied, TestRights::Right::Allowed);
-  Reply("GetTraffic", kDocs, GetParam().rows);
-  auto w = Open(kFirm);
-  w->LoadTraffic(true);
-  EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), GetParam().shown);
+TEST_F(FirmDetailListsTest, RowsTotalsAndTagsByRight) {
+  for (const TrafficCase& c : std::initializer_list<TrafficCase>{
+           // What the firm owes and what we owe it cancel out: the total is 0.00.
+           {"DebtsCancelOut",
+            "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
+            "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+            "",
+            "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
+            "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
+            "O10002003|O1000200\n| | ; ; ;0,00*||"},
+           // A sign of -1 turns a debt around before it is added.
+           {"SignTurnsTheDebt",
+            "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
+            "2026-03-01|30|30|1|1",
+            "",
+            "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
+            "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
+           // Document groups answer to their lock right, the others to the
+           // operation right; a row without the right shows but has no Tag.
+           {"RightsByDocumentKind",
+            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
+            "02|1|1|1|7",
+            "CDocumentGroupLock7",
+            "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
+            "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
+           // A repeated OIDR adds no row: its columns go into the row before.
+           {"RepeatedOidrWritesIntoThePreviousRow",
+            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
+            "09|2|2|1|1",
+            "",
+            "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
+            "O1000100\n| | ; ; ;3,00*||"},
+           // The business layer's summary row names no record: it is not opened.
+           {"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
+            "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+           {"NoDocumentsNoTotal", "", "", ""}}) {
+    SCOPED_TRACE(c.name);
+    if (*c.denied) host_.Rights()->Deny(c.denied, TestRights::Right::Allowed);
+    Reply("GetTraffic", kDocs, c.rows);
+    auto w = Open(kFirm);
+    w->LoadTraffic(true);
+    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), c.shown);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TrafficTest,
-    ::testing::Values(
-        // What the firm owes and what we owe it cancel out: the total is 0.00.
-        TrafficCase{"DebtsCancelOut",
-                    "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
-                    "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
-                    "",
-                    "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
-                    "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
-                    "O10002003|O1000200\n| | ; ; ;0,00*||"},
-        // A sign of -1 turns a debt around before it is added.
-        TrafficCase{"SignTurnsTheDebt",
-                    "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
-                    "2026-03-01|30|30|1|1",
-                    "",
-                    "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
-                    "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
-        // Document groups answer to their lock right, the others to the
-        // operation right; a row without the right shows but has no Tag.
-        TrafficCase{"RightsByDocumentKind",
-                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
-                    "02|1|1|1|7",
-                    "CDocumentGroupLock7",
-                    "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
-                    "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
-        // A repeated OIDR adds no row: its columns go into the row before.
-        TrafficCase{"RepeatedOidrWritesIntoThePreviousRow",
-                    "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
-                    "09|2|2|1|1",
-                    "",
-                    "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-                    "O1000100\n| | ; ; ;3,00*||"},
-        // The business layer's summary row names no record: it is not opened.
-        TrafficCase{"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
-                    "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
-        TrafficCase{"NoDocumentsNoTotal", "", "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 struct PeriodCase {
   const char* name;
@@ -310,27 +300,22 @@ struct PeriodCase {
   const char* params;
 };
 
-class TrafficPeriodTest : public FirmDetailListsTest,
-                          public ::testing::WithParamInterface<PeriodCase> {};
-
-TEST_P(TrafficPeriodTest, ThePeriodGivesTheDays) {
-  Period("GetOldPeriod", GetParam().period);
-  auto w = Open(kFirm);
-  w->LoadTraffic(true);
-  EXPECT_THAT(Calls("GetTraffic"), ElementsAre(GetParam().params));
+TEST_F(FirmDetailListsTest, ThePeriodGivesTheDays) {
+  for (const PeriodCase& c : std::initializer_list<PeriodCase>{
+           {"OwnDates",
+            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
+            "'O00001002','2026-01-01','2026-06-30'"},
+           {"DaysBackFromToday",
+            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
+            "'O00001002','2026-10-24','9999-12-31'"},
+           {"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}}) {
+    SCOPED_TRACE(c.name);
+    Period("GetOldPeriod", c.period);
+    auto w = Open(kFirm);
+    w->LoadTraffic(true);
+    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(c.params));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Periods, TrafficPeriodTest,
-    ::testing::Values(
-        PeriodCase{"OwnDates",
-                   {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
-                   "'O00001002','2026-01-01','2026-06-30'"},
-        PeriodCase{"DaysBackFromToday",
-                   {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
-                   "'O00001002','2026-10-24','9999-12-31'"},
-        PeriodCase{"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   const Variant::Array year{DayOf(2026, 1, 1), DayOf(2026, 12, 31), Variant(0), Variant(true),
@@ -348,19 +333,6 @@ TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   EXPECT_THAT(Calls("GetTraffic"), ElementsAre("'O00001002','2026-07-01','2026-12-31'"));
 }
 
-TEST_F(FirmDetailListsTest, ContractsRefreshFromTheirMenuAndTotalWithoutSign) {
-  Reply("GetContractsList", "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-        {"O10010001|O1001000|S-1|~|~|-200|~|~", "O10010002|O1001000|S-2|~|~|50.255|~|~"});
-  auto w = Open(kFirm);
-  w->mnuContractRefresh.Click();
-  EXPECT_THAT(Calls("GetContractsList"), ElementsAre(kFirm));
-  EXPECT_THAT(RowsOf(Tab(*w, "FirmContracts")),
-              ElementsAre("O10010001|S-1|;;-200,00;;|O10010001|O1001000",
-                          "O10010002|S-2|;;50,26;;|O10010002|O1001000", "| | ; ;149,75*;;||"));
-}
-
-// ---- goods bought ----
-
 TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
   auto w = Open(kFirm);
   w->CurrentTab = w->GoodsTab;
@@ -373,8 +345,6 @@ TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
   EXPECT_EQ(search->OType(), "O0000200");
 }
 
-// ---- the note line ----
-
 constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
 
 struct NoteLineCase {
@@ -384,38 +354,30 @@ struct NoteLineCase {
   int32_t color;
 };
 
-class NoteLineTest : public FirmDetailListsTest,
-                     public ::testing::WithParamInterface<NoteLineCase> {};
-
-TEST_P(NoteLineTest, TheFirstNoteInForceIsShownInItsColour) {
-  const NoteLineCase& c = GetParam();
-  Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
-  auto w = Open(kFirm);
-  EXPECT_EQ(w->lblInfo.Visible(), c.shown);
-  EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
-  if (c.shown) {
-    EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
-    EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
+  for (const NoteLineCase& c : std::initializer_list<NoteLineCase>{
+           {"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
+           {"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
+           {"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
+           {"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
+            vbBlue}}) {
+    SCOPED_TRACE(c.name);
+    Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
+    auto w = Open(kFirm);
+    EXPECT_EQ(w->lblInfo.Visible(), c.shown);
+    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
+    if (c.shown) {
+      EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
+      EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+    }
+    // Every note stays in the list, coloured by its priority.
+    ListView& list = Tab(*w, "FirmInfo");
+    ASSERT_EQ(list.ListItems().Count(), 2);
+    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
+    EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
+    EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
-  // Every note stays in the list, coloured by its priority.
-  ListView& list = Tab(*w, "FirmInfo");
-  ASSERT_EQ(list.ListItems().Count(), 2);
-  EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
-  EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
-  EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, NoteLineTest,
-    ::testing::Values(
-        NoteLineCase{"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
-        NoteLineCase{"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true,
-                     vbBlue},
-        NoteLineCase{"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true,
-                     vbRed},
-        NoteLineCase{"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
-                     vbBlue}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   Reply("GetFirmInfo", kNotes, {"4|A|@2026-01-01|~|admin|3"});
@@ -431,8 +393,6 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
 }
 
-// ---- discounts in words ----
-
 struct DiscountCase {
   const char* name;
   const char* row;  // VariantName|SumFrom|SumTo|GoodName|Valid
@@ -440,35 +400,27 @@ struct DiscountCase {
   const char* origin;
 };
 
-class DiscountWordsTest : public FirmDetailListsTest,
-                          public ::testing::WithParamInterface<DiscountCase> {};
-
-TEST_P(DiscountWordsTest, VariantAndOrigin) {
-  const DiscountCase& c = GetParam();
-  Reply("GetDiscounts",
-        "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
-        {std::string("O10006001|N|5|Tiekėjai|") + c.row});
-  auto w = Open(kFirm);
-  const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
-  EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
-  EXPECT_EQ(row.ListSubItems().Item(2).Text(), "5%");
-  EXPECT_EQ(row.ListSubItems().Item(3).Text(), c.origin);
-  EXPECT_EQ(row.ListSubItems().Item(4).Text(), "Tiekėjai");
+TEST_F(FirmDetailListsTest, VariantAndOrigin) {
+  for (const DiscountCase& c : std::initializer_list<DiscountCase>{
+           {"NoVariant", "~|100|200|~|true", "", ""},
+           {"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
+           {"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
+           {"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
+           {"InheritedNotValid", "~|~|~|Statyba|false", "",
+            "Paveldeta iš grupės:Statyba(negalioja)"},
+           {"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}}) {
+    SCOPED_TRACE(c.name);
+    Reply("GetDiscounts",
+          "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
+          {std::string("O10006001|N|5|Tiekėjai|") + c.row});
+    auto w = Open(kFirm);
+    const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
+    EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
+    EXPECT_EQ(row.ListSubItems().Item(2).Text(), "5%");
+    EXPECT_EQ(row.ListSubItems().Item(3).Text(), c.origin);
+    EXPECT_EQ(row.ListSubItems().Item(4).Text(), "Tiekėjai");
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, DiscountWordsTest,
-    ::testing::Values(
-        DiscountCase{"NoVariant", "~|100|200|~|true", "", ""},
-        DiscountCase{"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
-        DiscountCase{"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
-        DiscountCase{"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
-        DiscountCase{"InheritedNotValid", "~|~|~|Statyba|false", "",
-                     "Paveldeta iš grupės:Statyba(negalioja)"},
-        DiscountCase{"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- editing rows ----
 
 // The detail dialog, scripted: it notes what it was given and answers.
 class ScriptedDetailDialogs : public DetailDialog {

@@ -66,38 +66,27 @@ TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) 
   EXPECT_EQ(Reads(), 1u);
 }
 
-struct PriorityCase {
-  int priority;
-  const char* text;
-  int32_t color;
-};
-
-class FrmFirmInfoPriorityTest : public FrmFirmInfoTest,
-                                public ::testing::WithParamInterface<PriorityCase> {};
-
-TEST_P(FrmFirmInfoPriorityTest, AStoredNoteOpensInItsPriorityAndColour) {
-  const PriorityCase& c = GetParam();
-  Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + std::to_string(c.priority),
-         "18|Kita|@2026-02-01|~|admin|1"});
+TEST_F(FrmFirmInfoTest, AStoredNoteOpensInItsPriorityAndColour) {
   host_.User()->SetRs(TextRecords("ID", "3"));
-  Edit("17K", [&](frmFirmInfo& dialog) {
-    EXPECT_EQ(dialog.ID, 17);
-    EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
-    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 1, 5));
-    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 31));
-    EXPECT_EQ(dialog.imcPriority.Text(), c.text);
-    EXPECT_EQ(dialog.txtInfo.ForeColor(), c.color);
-    EXPECT_EQ(dialog.lblColor.ForeColor(), c.color);
-    dialog.cmdWrite.Click();
-  });
-  EXPECT_THAT(Writes(), ElementsAre("17,'Mokėjimai vėluoja','20260105','20261231',2,3," +
-                                    std::to_string(c.priority)));
+  for (const auto& [priority, text, color] : {std::tuple{1, "Svarbi informacija", vbBlack},
+                                              {2, "Ypatingai svarbi informacija", vbBlue},
+                                              {3, "Įspėjamoji informacija", vbRed}}) {
+    const std::string level = std::to_string(priority);
+    Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level,
+           "18|Kita|@2026-02-01|~|admin|1"});
+    Edit("17K", [&](frmFirmInfo& dialog) {
+      EXPECT_EQ(dialog.ID, 17);
+      EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
+      EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 1, 5));
+      EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 31));
+      EXPECT_EQ(dialog.imcPriority.Text(), text);
+      EXPECT_EQ(dialog.txtInfo.ForeColor(), color);
+      EXPECT_EQ(dialog.lblColor.ForeColor(), color);
+      dialog.cmdWrite.Click();
+    });
+    EXPECT_EQ(Writes().back(), "17,'Mokėjimai vėluoja','20260105','20261231',2,3," + level);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Priorities, FrmFirmInfoPriorityTest,
-                         ::testing::Values(PriorityCase{1, "Svarbi informacija", vbBlack},
-                                           PriorityCase{2, "Ypatingai svarbi informacija", vbBlue},
-                                           PriorityCase{3, "Įspėjamoji informacija", vbRed}));
 
 TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
   Notes({"17|Sena|@2026-01-05|~|admin|3"});

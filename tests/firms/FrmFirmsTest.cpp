@@ -9,6 +9,8 @@
 #include "host/Text.h"
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -31,9 +33,8 @@ class RecordingFirms : public frmFirms {
 // The firm card's catalogue (see FirmCardTest).
 class FrmFirmsTest : public FirmCardTest {
  protected:
-  template <class W = RecordingFirms>
-  std::shared_ptr<W> OpenOwn(const std::string& oidr) {
-    auto window = std::make_shared<W>();
+  std::shared_ptr<RecordingFirms> OpenOwn(const std::string& oidr) {
+    auto window = std::make_shared<RecordingFirms>();
     window->SetOrvelObjectUIO(adapter_->GetOrvelObject(oidr));
     window->Load();
     return window;
@@ -45,8 +46,6 @@ class FrmFirmsTest : public FirmCardTest {
   }
 };
 
-// ---- tabs ----
-
 struct TabCase {
   const char* name;
   const char* oidr;
@@ -56,48 +55,49 @@ struct TabCase {
   int exist;         // CheckBranch's answer
   const char* tabs;  // tab keys, by blanks
   int16_t goodsTab, discountsTab;
+  const char* caption;
 };
 
-class FrmFirmsTabTest : public FrmFirmsTest, public ::testing::WithParamInterface<TabCase> {};
-
-TEST_P(FrmFirmsTabTest, TabsFollowKindAndRights) {
-  const TabCase& c = GetParam();
-  if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
-  if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-  HasBranches(c.exist);
-  auto w = Open(c.oidr, c.key);
-  ASSERT_TRUE(w);
-  EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
-  EXPECT_EQ(w->GoodsTab, c.goodsTab);
-  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
-  EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
-  for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
-    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
+  for (const TabCase& c : std::initializer_list<TabCase>{
+           {"FirmWithEveryTab", "O00001002", "0", true, true, 1,
+            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+            "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
+            3, 11, "Įmonės kortelė"},
+           {"NoContracts", "O00001002", "0", false, true, 1,
+            "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
+            "FirmServers FirmInfo FirmActivity Discounts",
+            2, 10, "Įmonės kortelė"},
+           {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
+            "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
+            "FirmInfo FirmActivity Discounts",
+            3, 9, "Įmonės kortelė"},
+           // A new firm has no branches to show, whatever the check says.
+           {"NewFirm", "O00001001", "1", true, true, 1,
+            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+            "FirmServers FirmInfo FirmActivity Discounts",
+            3, 10, "Nauja įmonė"},
+           {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
+           {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
+            "Nauja įmonių grupė"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
+    if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
+    HasBranches(c.exist);
+    auto w = Open(c.oidr, c.key);
+    ASSERT_TRUE(w);
+    EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
+    EXPECT_EQ(w->SOPanel.Caption(), c.caption);
+    EXPECT_EQ(w->GoodsTab, c.goodsTab);
+    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
+    for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
+      EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+    }
+    EXPECT_FALSE(w->HasListHandle(0));
   }
-  EXPECT_FALSE(w->HasListHandle(0));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmFirmsTabTest,
-    ::testing::Values(TabCase{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
-                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-                              "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
-                              3, 11},
-                      TabCase{"NoContracts", "O00001002", "0", false, true, 1,
-                              "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
-                              "FirmServers FirmInfo FirmActivity Discounts",
-                              2, 10},
-                      TabCase{"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
-                              "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
-                              "FirmInfo FirmActivity Discounts",
-                              3, 9},
-                      // A new firm has no branches to show, whatever the check says.
-                      TabCase{"NewFirm", "O00001001", "1", true, true, 1,
-                              "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-                              "FirmServers FirmInfo FirmActivity Discounts",
-                              3, 10},
-                      TabCase{"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
   HasBranches();
@@ -131,28 +131,6 @@ TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
   EXPECT_NO_THROW(w->List(10));
 }
 
-// ---- captions and edit state ----
-
-struct CaptionCase {
-  const char* oidr;
-  const char* key;
-  const char* caption;
-};
-
-class FrmFirmsCaptionTest : public FrmFirmsTest,
-                            public ::testing::WithParamInterface<CaptionCase> {};
-
-TEST_P(FrmFirmsCaptionTest, HeadingTellsNewOrStoredGroupOrFirm) {
-  auto w = Open(GetParam().oidr, GetParam().key);
-  EXPECT_EQ(w->SOPanel.Caption(), GetParam().caption);
-}
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsCaptionTest,
-                         ::testing::Values(CaptionCase{"O00001002", "0", "Įmonės kortelė"},
-                                           CaptionCase{"O00001001", "0", "Įmonių grupė"},
-                                           CaptionCase{"O00001001", "1", "Nauja įmonė"},
-                                           CaptionCase{"O00001001", "3", "Nauja įmonių grupė"}));
-
 TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   auto w = Open("O00001002");
   EXPECT_EQ(w->txtGroup.Text(), "Tiekėjai");
@@ -168,32 +146,22 @@ TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   EXPECT_EQ(top->txtGroup.Text(), "");
 }
 
-struct EditCase {
-  const char* key;
-  Right right;
-  bool granted;
-  bool enabled;
-};
-
-class FrmFirmsEditStateTest : public FrmFirmsTest,
-                              public ::testing::WithParamInterface<EditCase> {};
-
-TEST_P(FrmFirmsEditStateTest, AChangeEnablesWriteOnlyWithTheRight) {
-  const EditCase& c = GetParam();
-  if (!c.granted) host_.Rights()->Deny("CFirms", c.right);
-  auto w = Open(std::string(c.key) == "0" ? "O00001002" : "O00001001", c.key);
-  Grid(*w).EditField("Name", Variant("X"));
-  EXPECT_EQ(w->cmdEnter.Enabled(), c.enabled);
-  EXPECT_EQ(w->cmdCancel.Enabled(), c.enabled);
+// A stored firm needs the update right, a new one the insert right.
+TEST_F(FrmFirmsTest, AChangeEnablesWriteOnlyWithTheRight) {
+  for (const auto& [key, right, granted, enabled] : {std::tuple{"0", Right::Update, true, "11"},
+                                                     {"0", Right::Update, false, "00"},
+                                                     {"0", Right::Insert, false, "11"},
+                                                     {"1", Right::Insert, true, "11"},
+                                                     {"1", Right::Insert, false, "00"},
+                                                     {"1", Right::Update, false, "11"}}) {
+    SCOPED_TRACE(std::string(key) + (granted ? "" : " denied"));
+    host_.Rights()->GrantAll();
+    if (!granted) host_.Rights()->Deny("CFirms", right);
+    auto w = Open(*key == '0' ? "O00001002" : "O00001001", key);
+    Grid(*w).EditField("Name", Variant("X"));
+    EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), enabled);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsEditStateTest,
-                         ::testing::Values(EditCase{"0", Right::Update, true, true},
-                                           EditCase{"0", Right::Update, false, false},
-                                           EditCase{"0", Right::Insert, false, true},
-                                           EditCase{"1", Right::Insert, true, true},
-                                           EditCase{"1", Right::Insert, false, false},
-                                           EditCase{"1", Right::Update, false, true}));
 
 TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   auto w = Open("O00001002");
@@ -212,8 +180,6 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   EXPECT_FALSE(w->SSCClose.Enabled());
 }
 
-// ---- popup menus ----
-
 struct PopupCase {
   const char* name;
   const char* oidr;
@@ -224,79 +190,68 @@ struct PopupCase {
   const char* shown;  // the entries shown, by blanks; "!" marks one disabled
 };
 
-class FrmFirmsPopupTest : public FrmFirmsTest, public ::testing::WithParamInterface<PopupCase> {};
-
-TEST_P(FrmFirmsPopupTest, RightClickPreparesThatTabsMenu) {
-  const PopupCase& c = GetParam();
-  HasBranches();
-  auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
-                                std::string(c.tab) != "Discounts"
-                            ? "1"
-                            : "0");
-  if (c.select) SelectRow(*w, c.tab, "row", c.tag);
-  const int index = TabIndex(*w, c.tab);
-  if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(index, 2);
-  EXPECT_EQ(w->CurrentTab, index + 1);
-  const auto& popups = host_.Ui()->Popups();
-  if (std::string(c.menu).empty()) {
-    EXPECT_TRUE(popups.empty());
-    return;
+TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
+  for (const PopupCase& c : std::initializer_list<PopupCase>{
+           {"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
+            "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
+           // Delete is hidden, not disabled, so Edit stays enabled.
+           {"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
+            "mnuAccountsNew mnuAccountsEdit"},
+           {"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
+            "!mnuAccountsNew mnuAccountsEdit"},
+           {"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
+            "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
+           {"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
+            "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
+           {"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
+            "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
+           {"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
+            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
+           {"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
+            "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
+           {"ContactsSelected", "O00001002", "FirmContacts", true, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+           {"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
+           {"ServersNewFirm", "O00001001", "FirmServers", true, Variant(), "mnuFirmParameters",
+            "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+           {"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(), "mnuFirmParameters",
+            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
+           {"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
+            "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
+           {"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
+            "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
+            "mnuDiscountRefresh"},
+           {"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
+            "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
+           {"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
+            "!mnuContractToDeskTop mnuContractRefresh"},
+           {"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}}) {
+    SCOPED_TRACE(c.name);
+    const size_t before = host_.Ui()->Popups().size();
+    HasBranches();
+    auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
+                                  std::string(c.tab) != "Discounts"
+                              ? "1"
+                              : "0");
+    if (c.select) SelectRow(*w, c.tab, "row", c.tag);
+    const int index = TabIndex(*w, c.tab);
+    if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(index, 2);
+    EXPECT_EQ(w->CurrentTab, index + 1);
+    const auto& popups = host_.Ui()->Popups();
+    ASSERT_EQ(popups.size(), before + (*c.menu ? 1 : 0));
+    if (!*c.menu) continue;
+    EXPECT_EQ(popups.back().menu, c.menu);
+    Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
+    ASSERT_NE(menu, nullptr);
+    std::vector<std::string> shown;
+    for (const auto& name : popups.back().shown) {
+      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
+    }
+    EXPECT_EQ(Join(shown, " "), c.shown);
   }
-  ASSERT_EQ(popups.size(), 1u);
-  EXPECT_EQ(popups[0].menu, c.menu);
-  Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
-  ASSERT_NE(menu, nullptr);
-  std::vector<std::string> shown;
-  for (const auto& name : popups[0].shown) {
-    shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
-  }
-  EXPECT_EQ(Join(shown, " "), c.shown);
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Tabs, FrmFirmsPopupTest,
-    ::testing::Values(
-        PopupCase{"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
-        // Delete is hidden, not disabled, so Edit stays enabled.
-        PopupCase{"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
-                  "mnuAccountsNew mnuAccountsEdit"},
-        PopupCase{"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
-                  "!mnuAccountsNew mnuAccountsEdit"},
-        PopupCase{"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
-                  "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
-        PopupCase{"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
-                  "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
-        PopupCase{"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
-                  "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
-        PopupCase{"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
-                  "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
-        PopupCase{"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
-                  "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
-        PopupCase{"ContactsSelected", "O00001002", "FirmContacts", true, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-        PopupCase{"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-        PopupCase{"ServersNewFirm", "O00001001", "FirmServers", true, Variant(),
-                  "mnuFirmParameters",
-                  "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-        PopupCase{"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(),
-                  "mnuFirmParameters",
-                  "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-        PopupCase{"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
-                  "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
-        PopupCase{"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
-                  "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
-                  "mnuDiscountRefresh"},
-        PopupCase{"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
-                  "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
-        PopupCase{"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
-                  "!mnuContractToDeskTop mnuContractRefresh"},
-        PopupCase{"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
@@ -316,32 +271,23 @@ TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
   EXPECT_FALSE(w->mnuFirmDelete.Enabled());
 }
 
-// ---- deferred dialogs ----
-
-class FrmFirmsModalTest
-    : public FrmFirmsTest,
-      public ::testing::WithParamInterface<std::tuple<const char*, const char*>> {};
-
-TEST_P(FrmFirmsModalTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
-  auto [entry, editor] = GetParam();
-  auto w = OpenOwn("O00001002");
-  static_cast<Menu*>(w->mnuFirmParameters.Find(entry) ? &w->mnuFirmParameters : &w->mnuFirmInfo)
-      ->Find(entry)
-      ->Click();
-  EXPECT_TRUE(w->timerModal.Enabled());
-  EXPECT_TRUE(w->opened.empty());
-  w->timerModal.Tick();
-  EXPECT_FALSE(w->timerModal.Enabled());
-  EXPECT_EQ(w->opened, std::vector<std::string>{editor});
-  w->timerModal.Tick();
-  EXPECT_EQ(w->opened.size(), 1u);
+TEST_F(FrmFirmsTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
+  for (const auto& [entry, editor] : {std::pair{"mnuFirmParametersNew", "NewDetail"},
+                                      {"mnuFirmParametersEdit", "EditDetail"},
+                                      {"mnuFirmInfoAdd", "NewInfo"},
+                                      {"mnuFirmInfoEdit", "EditInfo"}}) {
+    auto w = OpenOwn("O00001002");
+    Menu& menu = w->mnuFirmParameters.Find(entry) ? w->mnuFirmParameters : w->mnuFirmInfo;
+    menu.Find(entry)->Click();
+    EXPECT_TRUE(w->timerModal.Enabled());
+    EXPECT_TRUE(w->opened.empty());
+    w->timerModal.Tick();
+    EXPECT_FALSE(w->timerModal.Enabled());
+    EXPECT_EQ(w->opened, std::vector<std::string>{editor});
+    w->timerModal.Tick();
+    EXPECT_EQ(w->opened.size(), 1u);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Entries, FrmFirmsModalTest,
-                         ::testing::Values(std::make_tuple("mnuFirmParametersNew", "NewDetail"),
-                                           std::make_tuple("mnuFirmParametersEdit", "EditDetail"),
-                                           std::make_tuple("mnuFirmInfoAdd", "NewInfo"),
-                                           std::make_tuple("mnuFirmInfoEdit", "EditInfo")));
 
 TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   auto w = OpenOwn("O00001002");
@@ -352,54 +298,32 @@ TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
   EXPECT_TRUE(w->opened.empty());
 }
 
-// ---- drag and drop ----
-
-struct DragCase {
-  const char* window;
-  const char* text;
-  int effect;
-};
-
-class FrmFirmsDragOverTest : public FrmFirmsTest, public ::testing::WithParamInterface<DragCase> {};
-
-TEST_P(FrmFirmsDragOverTest, OnlyASavedGroupAcceptsFirms) {
-  const DragCase& c = GetParam();
-  auto w = Open(c.window, std::string(c.window) == "new" ? "2" : "0");
-  if (std::string(c.window) == "new") w = Open("O0000100", "2");
-  EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(c.text), 1), c.effect);
+TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
+  for (const auto& [window, text, effect] : {std::tuple{"O00001001", "O00001003", 1},
+                                             {"O00001001", "O00003005", 0},
+                                             {"O00001002", "O00001003", 0},
+                                             {"O0000100", "O00001003", 0}}) {
+    auto w = Open(window, window == std::string("O0000100") ? "2" : "0");
+    EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(text), 1), effect) << window;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(Cases, FrmFirmsDragOverTest,
-                         ::testing::Values(DragCase{"O00001001", "O00001003", 1},
-                                           DragCase{"O00001001", "O00003005", 0},
-                                           DragCase{"O00001002", "O00001003", 0},
-                                           DragCase{"new", "O00001003", 0}));
-
+// A firm dropped on a group is listed there and moves, unless the group lists
+// it already or is the firm's own descendant.
 TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
-  auto w = Open("O00001001");
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
-  ListView& list = Grid(*w).TabList("Firms");
-  ASSERT_NE(list.ListItems().Find("O00001003"), nullptr);
-  EXPECT_EQ(list.ListItems().Item("O00001003").Text(), "AB Vėjas");
-  EXPECT_EQ(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value(), Variant(1));
+  for (const auto& [group, listed, dragged, parent, shown] :
+       {std::tuple{"O00001004", "O00001003", "O00001003", Variant::Null(), "O00001003"},
+        {"O00001004", "", "O00001001", Variant::Null(), ""},
+        {"O00001001", "", "O00001003", Variant(1), "AB Vėjas"}}) {
+    SCOPED_TRACE(std::string(group) + " " + dragged);
+    auto w = Open(group);
+    if (*listed) SelectRow(*w, "Firms", listed);
+    Grid(*w).ListDragDrop(std::make_shared<TextDragData>(dragged));
+    EXPECT_EQ(adapter_->GetOrvelObject(dragged)->Fields("ParentID").Value(), parent);
+    ListItem* row = Grid(*w).TabList("Firms").ListItems().Find(dragged);
+    EXPECT_EQ(row ? row->Text() : "", shown);
+  }
 }
-
-TEST_F(FrmFirmsTest, ARowAlreadyListedStopsTheMove) {
-  auto w = Open("O00001004");
-  SelectRow(*w, "Firms", "O00001003");
-  host_.Log().Clear();
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001003"));
-  EXPECT_TRUE(adapter_->GetOrvelObject("O00001003")->Fields("ParentID").Value().IsNull());
-}
-
-TEST_F(FrmFirmsTest, AGroupCannotMoveUnderItsOwnDescendant) {
-  auto w = Open("O00001004");
-  Grid(*w).ListDragDrop(std::make_shared<TextDragData>("O00001001"));
-  EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
-  EXPECT_TRUE(adapter_->GetOrvelObject("O00001001")->Fields("ParentID").Value().IsNull());
-}
-
-// ---- new from current ----
 
 class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterface<bool> {};
 

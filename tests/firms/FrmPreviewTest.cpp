@@ -4,6 +4,7 @@
 
 #include "firms/frmPreview.h"
 #include "orvel/OrvelServices.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestServices.h"
@@ -62,30 +63,23 @@ struct AcceptCase {
   const char* result;
 };
 
-class FrmPreviewAcceptTest : public FrmPreviewTest,
-                             public ::testing::WithParamInterface<AcceptCase> {};
-
-TEST_P(FrmPreviewAcceptTest, OkHandsOutTheChoiceWithoutStoringIt) {
-  const AcceptCase& c = GetParam();
-  Open(c.settings);
-  c.play(dialog_);
-  dialog_.cmdOK.Click();
-  EXPECT_TRUE(dialog_.Accepted);
-  EXPECT_EQ(dialog_.Settings, c.result);
-  EXPECT_FALSE(dialog_.Loaded());
-  EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
+TEST_F(FrmPreviewTest, OkHandsOutTheChoiceWithoutStoringIt) {
+  for (const AcceptCase& c : std::initializer_list<AcceptCase>{
+           {"SortByCode", "1,0,1", [](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
+           {"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,0"},
+           {"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
+           // Built before the box is put right: two zeros leave the dialog.
+           {"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"}}) {
+    SCOPED_TRACE(c.name);
+    Open(c.settings);
+    c.play(dialog_);
+    dialog_.cmdOK.Click();
+    EXPECT_TRUE(dialog_.Accepted);
+    EXPECT_EQ(dialog_.Settings, c.result);
+    EXPECT_FALSE(dialog_.Loaded());
+    EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmPreviewAcceptTest,
-    ::testing::Values(
-        AcceptCase{"SortByCode", "1,0,1", [](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
-        AcceptCase{"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); },
-                   "1,1,0"},
-        AcceptCase{"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
-        // Built before the box is put right: two zeros leave the dialog.
-        AcceptCase{"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmPreviewTest, BothClearedShowsActiveCheckedAfterOk) {
   Open("1,0,0");

@@ -13,6 +13,7 @@
 #include "orvel/ImageList.h"
 #include "orvel/OrvelMainForm.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/StubObjectUI.h"
 #include "support/TextRecords.h"
@@ -138,7 +139,6 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
             "Kaina val. 1440|Suma val. 1440");
   EXPECT_EQ(w->Caption(), "Istorija");
   EXPECT_EQ(w->cmdClose.Caption(), "Uždaryti");
-  EXPECT_EQ(w->mnuToDesktop.Caption(), "Padėti &ant darbo stalo");
   EXPECT_EQ(w->Width, 14360);
   EXPECT_EQ(w->lswHistory.SmallIcons(), mainForm_->images);
   EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));
@@ -146,13 +146,6 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
   EXPECT_EQ(w->lswHistoryWidth, 12000 - 2 * 120 - 100);
   w->Form_Resize(100);
   EXPECT_EQ(w->lswHistoryWidth, 0);
-}
-
-TEST_F(FrmGoodsHistoryTest, AsksTheGoodsObjectOnceWithTheNumberAsDecimalText) {
-  Reply({Movement()});
-  auto w = Open(-7);
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory -7"});
-  EXPECT_EQ(w->lswHistory.ListItems().Count(), 1);
 }
 
 TEST_F(FrmGoodsHistoryTest, AFailedCallLeavesAnEmptyListAndSaysNothing) {
@@ -164,9 +157,10 @@ TEST_F(FrmGoodsHistoryTest, AFailedCallLeavesAnEmptyListAndSaysNothing) {
   EXPECT_TRUE(w->Visible());
 }
 
-TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheyStand) {
+TEST_F(FrmGoodsHistoryTest, AsksOnceAndRowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheyStand) {
   Reply({Movement(), Movement("OIDR=O00120016")});
-  auto w = Open();
+  auto w = Open(-7);
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory -7"});
   auto& rows = w->lswHistory.ListItems();
   ASSERT_EQ(rows.Count(), 2);
   EXPECT_EQ(rows.Item(1).Key(), "1_K");
@@ -182,8 +176,6 @@ TEST_F(FrmGoodsHistoryTest, RowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheySt
   EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
 }
 
-// ---- the currency rule and the formats ----
-
 struct MoneyCase {
   const char* name;
   const char* money;  // CurrencyRate, CODE, Price and Suma
@@ -192,60 +184,44 @@ struct MoneyCase {
   bool invariant = false;
 };
 
-class FrmGoodsHistoryMoneyTest : public FrmGoodsHistoryTest,
-                                 public ::testing::WithParamInterface<MoneyCase> {};
-
-TEST_P(FrmGoodsHistoryMoneyTest, ShowsTheBaseAndTheDocumentCurrency) {
-  const MoneyCase& c = GetParam();
-  if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-  Reply({Movement(c.money)});
-  auto w = Open();
-  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
-  auto cells = Cells(w->lswHistory.ListItems().Item(1));
-  std::string money = cells[6];
-  for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
-  EXPECT_EQ(money, c.cells);
+TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
+  for (const MoneyCase& c : std::initializer_list<MoneyCase>{
+           {"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
+           {"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
+           {"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
+            "6,90|34,50|EUR|3,45|2,00|10,00"},
+           {"TheCodeComparesExactly", "CurrencyRate=2.0;CODE=ltl;Price=1.0;Suma=1.0",
+            "2,00|2,00|ltl|2|1,00|1,00"},
+           {"PriceKeepsUpToEightDecimals", "Price=0.12345678;Suma=0.125",
+            "0,12345678|0,13| | | | "},
+           {"PriceRoundsItsNinthDecimal", "Price=0.66666666666666663;Suma=-2.675",
+            "0,66666667|-2,68| | | | "},
+           {"TheProductRoundsAsItReads",
+            "CurrencyRate=0.5;CODE=USD;Price=1.23456789;Suma=1234567.5",
+            "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
+           {"NullFiguresShowNothing", "CurrencyRate=4.0;CODE=EUR;Price=~;Suma=~", "||EUR|4||"},
+           {"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR", "6.90|34.50|EUR|3.45|2.00|10.00",
+            true}}) {
+    SCOPED_TRACE(c.name);
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    Reply({Movement(c.money)});
+    auto w = Open();
+    ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+    auto cells = Cells(w->lswHistory.ListItems().Item(1));
+    std::string money = cells[6];
+    for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
+    EXPECT_EQ(money, c.cells);
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsHistoryMoneyTest,
-    ::testing::Values(
-        MoneyCase{"BaseKeepsItsFiguresWhateverTheRate", "CurrencyRate=3.45", "2,00|10,00| | | | "},
-        MoneyCase{"NoRateIsUnmultipliedWhateverTheCode", "CODE=EUR", "2,00|10,00| | | | "},
-        MoneyCase{"ForeignIsMultipliedAndShownInItsOwnCurrency", "CurrencyRate=3.45;CODE=EUR",
-                  "6,90|34,50|EUR|3,45|2,00|10,00"},
-        MoneyCase{"TheCodeComparesExactly", "CurrencyRate=2.0;CODE=ltl;Price=1.0;Suma=1.0",
-                  "2,00|2,00|ltl|2|1,00|1,00"},
-        MoneyCase{"PriceKeepsUpToEightDecimals", "Price=0.12345678;Suma=0.125",
-                  "0,12345678|0,13| | | | "},
-        MoneyCase{"PriceRoundsItsNinthDecimal", "Price=0.66666666666666663;Suma=-2.675",
-                  "0,66666667|-2,68| | | | "},
-        MoneyCase{"TheProductRoundsAsItReads",
-                  "CurrencyRate=0.5;CODE=USD;Price=1.23456789;Suma=1234567.5",
-                  "0,61728395|617283,75|USD|0,5|1,23456789|1234567,50"},
-        MoneyCase{"NullFiguresShowNothing", "CurrencyRate=4.0;CODE=EUR;Price=~;Suma=~",
-                  "||EUR|4||"},
-        MoneyCase{"InvariantSeparator", "CurrencyRate=3.45;CODE=EUR",
-                  "6.90|34.50|EUR|3.45|2.00|10.00", true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- bold rows ----
-
-class FrmGoodsHistoryBoldTest : public FrmGoodsHistoryTest,
-                                public ::testing::WithParamInterface<const char*> {};
-
-TEST_P(FrmGoodsHistoryBoldTest, OnlySignsZeroAndTwoAreBold) {
-  Reply({Movement(std::string("Sign=") + GetParam())});
-  auto w = Open();
-  ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
-  const std::string sign = GetParam();
-  EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2');
+TEST_F(FrmGoodsHistoryTest, OnlySignsZeroAndTwoAreBold) {
+  for (const std::string sign : {"0", "2", "2.0", "1", "-2", "3", "~"}) {
+    Reply({Movement("Sign=" + sign)});
+    auto w = Open();
+    ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
+    EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2') << sign;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Signs, FrmGoodsHistoryBoldTest,
-                         ::testing::Values("0", "2", "2.0", "1", "-2", "3", "~"));
-
-// ---- icons ----
 
 TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
   auto rs = TextRecords(kFields, {Movement(), Movement("OType=O9999900"), Movement("OType=~"),
@@ -269,32 +245,29 @@ TEST_F(FrmGoodsHistoryTest, AnImageListThatCannotTellTakesEveryKey) {
   EXPECT_EQ(w->lswHistory.ListItems().Item(1).SmallIcon(), "O9999900");
 }
 
-// ---- a record that cannot be shown ----
-
 // A record whose price is no number, after a good one; a set that lacks the
 // history's fields.
-class FrmGoodsHistoryBadSetTest : public FrmGoodsHistoryTest,
-                                  public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmGoodsHistoryBadSetTest, IsReportedAndKeepsTheWholeRowsBefore) {
-  if (GetParam()) {
-    Reply({Movement(), Movement("Price=abc"), Movement()});
-  } else {
-    BO("O0000200").ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
-  }
-  host_.Ui()->QueueAnswer(vbOK);
-  auto w = Open();
-  EXPECT_EQ(w->lswHistory.ListItems().Count(), GetParam() ? 1 : 0);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
-            GetParam() ? "Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
+TEST_F(FrmGoodsHistoryTest, IsReportedAndKeepsTheWholeRowsBefore) {
+  for (const bool badPrice : {true, false}) {
+    host_.Ui()->ClearBoxes();
+    if (badPrice) {
+      Reply({Movement(), Movement("Price=abc"), Movement()});
+    } else {
+      BO("O0000200")
+          .ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
+    }
+    host_.Ui()->QueueAnswer(vbOK);
+    auto w = Open();
+    EXPECT_EQ(w->lswHistory.ListItems().Count(), badPrice ? 1 : 0);
+    ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+    EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
+              badPrice ? "Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
                        : "Klaida!\nKolekcijoje nėra elemento: OType");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
-  EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
-  EXPECT_TRUE(w->Visible());
+    EXPECT_EQ(host_.Ui()->Boxes()[0].flags, vbCritical);
+    EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
+    EXPECT_TRUE(w->Visible());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Sets, FrmGoodsHistoryBadSetTest, ::testing::Bool());
 
 TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
   auto w = std::make_unique<frmGoodsHistory>();
@@ -304,8 +277,6 @@ TEST_F(FrmGoodsHistoryTest, WithoutAnObjectTheListStaysEmpty) {
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
-
-// ---- popup, desktop, close ----
 
 TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenCloseUnloads) {
   Reply({Movement(), Movement("OIDR=O00120016")});
@@ -327,33 +298,28 @@ TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenClos
   EXPECT_FALSE(w->Loaded());
 }
 
-// ---- the goods dialogs open it ----
-
 // Dialogs that refine another entry only.
 class SettingsOnlyDialogs : public GoodsDialogs {
  public:
   bool EditListSettings(std::string&) override { return true; }
 };
 
-class FrmGoodsHistorySeamTest : public FrmGoodsHistoryTest,
-                                public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmGoodsHistorySeamTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
-  if (GetParam()) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
+TEST_F(FrmGoodsHistoryTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
   Reply({Movement(), Movement()});
-  int shownRows = -1;
-  host_.Ui()->QueueModal([&](Form& form) {
-    shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();
-  });
-  host_.Log().Clear();
-  CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
-  EXPECT_EQ(host_.Log().Lines(Channel::Window),
-            std::vector<std::string>{"ShowModal frmGoodsHistory"});
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
-  EXPECT_EQ(shownRows, 2);
+  for (const bool installed : {false, true}) {
+    if (installed) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
+    int shownRows = -1;
+    host_.Ui()->QueueModal([&](Form& form) {
+      shownRows = dynamic_cast<frmGoodsHistory&>(form).lswHistory.ListItems().Count();
+    });
+    host_.Log().Clear();
+    CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
+    EXPECT_EQ(host_.Log().Lines(Channel::Window),
+              std::vector<std::string>{"ShowModal frmGoodsHistory"});
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
+    EXPECT_EQ(shownRows, 2);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Dialogs, FrmGoodsHistorySeamTest, ::testing::Bool());
 
 }  // namespace
 }  // namespace orvel

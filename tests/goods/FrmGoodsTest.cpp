@@ -14,6 +14,8 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
@@ -100,8 +102,6 @@ class FrmGoodsTest : public CardTest<frmGoods> {
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
 };
 
-// ---- tabs ----
-
 struct TabCase {
   const char* name;
   const char* oidr;
@@ -111,44 +111,39 @@ struct TabCase {
   int16_t pricesTab, restsTab, discountsTab, templatesTab;
 };
 
-class FrmGoodsTabTest : public FrmGoodsTest, public ::testing::WithParamInterface<TabCase> {};
-
-TEST_P(FrmGoodsTabTest, TabsFollowKindFlagsAndRights) {
-  const TabCase& c = GetParam();
-  for (const auto& key : Words(c.denied)) host_.Rights()->Deny(key, Right::Allowed);
-  auto w = Open(c.oidr, c.key, "CGroup");
-  ASSERT_TRUE(w);
-  EXPECT_EQ(TabKeys(*w), Words(c.tabs));
-  EXPECT_EQ(w->PricesTab, c.pricesTab);
-  EXPECT_EQ(w->RestsTab, c.restsTab);
-  EXPECT_EQ(w->DiscountsTab, c.discountsTab);
-  EXPECT_EQ(w->TemplatesTab, c.templatesTab);
-  for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
-    EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+TEST_F(FrmGoodsTest, TabsFollowKindFlagsAndRights) {
+  for (const TabCase& c : std::initializer_list<TabCase>{
+           {"GoodWithRests", "O00002002", "0", "",
+            "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", 3, 4, 6, 7},
+           // Without the price right the rests move up to where prices stood.
+           {"NoPriceRight", "O00002002", "0", "CGoodsPT",
+            "Traffic Measures Rests MinAmount Discounts BRTemplates", 0, 3, 5, 6},
+           {"NoMinimumRight", "O00002002", "0", "CGoodsMIN CGoodsBR",
+            "Traffic Measures PRICES Rests Discounts", 3, 4, 5, 0},
+           {"SerialsWithoutRests", "O00002004", "0", "",
+            "Traffic Measures PRICES SN Discounts BRTemplates", 3, 0, 5, 6},
+           {"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", 0, 0, 2, 3},
+           {"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", 0, 0, 2, 0},
+           // A new good keeps rests on saving, but gets its rest tabs only then.
+           {"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3, 0,
+            4, 5},
+           {"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    for (const auto& key : Words(c.denied)) host_.Rights()->Deny(key, Right::Allowed);
+    auto w = Open(c.oidr, c.key, "CGroup");
+    ASSERT_TRUE(w);
+    EXPECT_EQ(TabKeys(*w), Words(c.tabs));
+    EXPECT_EQ(w->PricesTab, c.pricesTab);
+    EXPECT_EQ(w->RestsTab, c.restsTab);
+    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(w->TemplatesTab, c.templatesTab);
+    for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
+      EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
+    }
+    EXPECT_FALSE(w->HasList(0));
   }
-  EXPECT_FALSE(w->HasList(0));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsTabTest,
-    ::testing::Values(
-        TabCase{"GoodWithRests", "O00002002", "0", "",
-                "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", 3, 4, 6, 7},
-        // Without the price right the rests move up to where prices stood.
-        TabCase{"NoPriceRight", "O00002002", "0", "CGoodsPT",
-                "Traffic Measures Rests MinAmount Discounts BRTemplates", 0, 3, 5, 6},
-        TabCase{"NoMinimumRight", "O00002002", "0", "CGoodsMIN CGoodsBR",
-                "Traffic Measures PRICES Rests Discounts", 3, 4, 5, 0},
-        TabCase{"SerialsWithoutRests", "O00002004", "0", "",
-                "Traffic Measures PRICES SN Discounts BRTemplates", 3, 0, 5, 6},
-        TabCase{"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", 0, 0, 2, 3},
-        TabCase{"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", 0, 0, 2,
-                0},
-        // A new good keeps rests on saving, but gets its rest tabs only then.
-        TabCase{"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3,
-                0, 4, 5},
-        TabCase{"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // Setting the record builds the window at once; its load builds it again.
 TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
@@ -176,39 +171,6 @@ TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
   EXPECT_EQ(w->RestsTab, 4);
 }
 
-// ---- start-up ----
-
-TEST_F(FrmGoodsTest, ANewGoodInAGroupInheritsAndIsPrimed) {
-  auto w = Open("O00002001", "1", "CGroup");
-  ASSERT_TRUE(w);
-  auto object = w->OrvelObjectUIO();
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekė");
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_FALSE(w->IsRoot);
-  EXPECT_FALSE(w->WithRest);
-  EXPECT_EQ(w->ParentID, 1);
-  EXPECT_EQ(w->RecordKey, "O0000200");
-  EXPECT_EQ(object->Fields("VAT").Value(), Variant(21));
-  EXPECT_EQ(object->Fields("PriceWithVAT").Value(), Variant(true));
-  EXPECT_EQ(object->Fields("AmountPrecision").Value(), Variant(2));
-  EXPECT_EQ(object->Fields("MeasureID").Value(), Variant(1));
-  EXPECT_EQ(w->txtGroup.Text(), "Prekės\\Maistas");
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_FALSE(w->cmdEnter.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
-}
-
-TEST_F(FrmGoodsTest, ANewGroupAtTheRootTakesNeitherVatNorPriceBasis) {
-  auto w = Open("O0000200", "2");
-  ASSERT_TRUE(w);
-  auto object = w->OrvelObjectUIO();
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja prekių grupė");
-  EXPECT_TRUE(w->IsRoot);
-  EXPECT_TRUE(object->Fields("VAT").Value().IsNull());
-  EXPECT_TRUE(object->Fields("PriceWithVAT").Value().IsNull());
-  EXPECT_EQ(w->txtGroup.Text(), "");
-}
-
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
   host_.Session()->SetSettingObject("O00018021",
                                     TextRecords("StructuredCode PriceWithVAT", "true|false"));
@@ -222,13 +184,32 @@ TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
   EXPECT_FALSE(w->cmdEnter.Enabled());
 }
 
-TEST_F(FrmGoodsTest, AStoredRecordIsNotGivenACode) {
-  auto w = Open("O00002002");
-  EXPECT_EQ(w->SOPanel.Caption(), "Prekės kortelė");
-  EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_TRUE(w->WithRest);
-  EXPECT_EQ(w->RecordKey, "O00002002");
+// A new good in a group inherits the group's VAT and price basis and is
+// primed; a new group at the root takes neither; a stored record is not given
+// a code. The state: "heading|IsNew IsRoot WithRest|ParentID|RecordKey|group
+// line|" New, Write and Cancel on, then VAT, PriceWithVAT, AmountPrecision
+// and MeasureID.
+TEST_F(FrmGoodsTest, ANewRecordInheritsAndIsPrimedAStoredOneIsNot) {
+  for (const auto& [oidr, key, otype, state] :
+       {std::tuple{"O00002001", "1", "CGroup",
+                   "Nauja prekė|100|1|O0000200|Prekės\\Maistas|000|21 True 2 1"},
+        {"O0000200", "2", "", "Nauja prekių grupė|110|0|O0000200||000|  2 1"},
+        {"O00002002", "0", "", "Prekės kortelė|001|1|O00002002|Prekės\\Maistas|100|   "}}) {
+    SCOPED_TRACE(oidr);
+    auto w = Open(oidr, key, otype);
+    ASSERT_TRUE(w);
+    auto& object = *w->OrvelObjectUIO();
+    std::vector<std::string> fields;
+    for (const char* field : {"VAT", "PriceWithVAT", "AmountPrecision", "MeasureID"}) {
+      fields.push_back(ConcatText(object.Fields(field).Value()));
+    }
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + std::to_string(w->IsNew) + std::to_string(w->IsRoot) +
+                  std::to_string(w->WithRest) + "|" + std::to_string(w->ParentID) + "|" +
+                  w->RecordKey + "|" + w->txtGroup.Text() + "|" +
+                  OnOff({&w->SSCNew, &w->cmdEnter, &w->cmdCancel}) + "|" + Join(fields, " "),
+              state);
+    if (*key == '0') EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
+  }
 }
 
 TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
@@ -243,8 +224,6 @@ TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
   EXPECT_FALSE(other->cmdEnter.Enabled());
 }
 
-// ---- popup menus ----
-
 struct PopupCase {
   const char* name;
   const char* oidr;
@@ -255,43 +234,38 @@ struct PopupCase {
   const char* shown;  // menu entries, by blanks
 };
 
-class FrmGoodsPopupTest : public FrmGoodsTest, public ::testing::WithParamInterface<PopupCase> {};
-
-TEST_P(FrmGoodsPopupTest, ShowsTheEntriesOfTheTabAndRow) {
-  const PopupCase& c = GetParam();
-  auto w = Open(c.oidr);
-  ASSERT_TRUE(w);
-  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(LastPopup().menu, "mnuPopUp");
-  EXPECT_EQ(LastPopup().shown, Words(c.shown));
+TEST_F(FrmGoodsTest, ShowsTheEntriesOfTheTabAndRow) {
+  for (const PopupCase& c : std::initializer_list<PopupCase>{
+           {"TrafficSaleRow", "O00002002", "Traffic", "15_3", "O00120015", "SALE",
+            "mnuToDesktop mnuHistory mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
+           // Without rests a sale row has no history.
+           {"TrafficSaleRowWithoutRests", "O00002004", "Traffic", "15_3", "O00120015", "SALE",
+            "mnuToDesktop mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
+           {"TrafficMoreRow", "O00002002", "Traffic", "more", "", "",
+            "mnuByPurch mnuPreview mmuBlank mnuRefresh"},
+           {"TrafficRowWithoutTag", "O00002002", "Traffic", "17_1", "", "SALE",
+            "mnuHistory mnuByPurch mnuPreview mmuBlank mnuRefresh"},
+           {"RestsRow", "O00002002", "Rests", "O000160512", "O000160512", "",
+            "mnuToDesktop mmuBlank mnuRefresh"},
+           {"RestsSummaryRow", "O00002002", "Rests", "O0000000", "", "", "mmuBlank mnuRefresh"},
+           {"SerialRow", "O00002004", "SN", "AB123", "", "",
+            "mnuToDesktop mnuPreview mmuBlank mnuRefresh"},
+           {"GroupGoodsRow", "O00002001", "Goods", "O00002002", "O00002002", "",
+            "mnuToDesktop mmuBlank mnuRefresh"},
+           {"GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "", "mmuBlank mnuRefresh"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const size_t shown = host_.Ui()->Popups().size();
+    auto w = Open(c.oidr);
+    ASSERT_TRUE(w);
+    if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey, Variant(c.rowTag), c.rowIcon);
+    host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
+    ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
+    EXPECT_EQ(LastPopup().menu, "mnuPopUp");
+    EXPECT_EQ(LastPopup().shown, Words(c.shown));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsPopupTest,
-    ::testing::Values(
-        PopupCase{"TrafficSaleRow", "O00002002", "Traffic", "15_3", "O00120015", "SALE",
-                  "mnuToDesktop mnuHistory mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
-        // Without rests a sale row has no history.
-        PopupCase{"TrafficSaleRowWithoutRests", "O00002004", "Traffic", "15_3", "O00120015", "SALE",
-                  "mnuToDesktop mnuByPurch mnuPreview mnuPrint mmuBlank mnuRefresh"},
-        PopupCase{"TrafficMoreRow", "O00002002", "Traffic", "more", "", "",
-                  "mnuByPurch mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"TrafficRowWithoutTag", "O00002002", "Traffic", "17_1", "", "SALE",
-                  "mnuHistory mnuByPurch mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"RestsRow", "O00002002", "Rests", "O000160512", "O000160512", "",
-                  "mnuToDesktop mmuBlank mnuRefresh"},
-        PopupCase{"RestsSummaryRow", "O00002002", "Rests", "O0000000", "", "",
-                  "mmuBlank mnuRefresh"},
-        PopupCase{"SerialRow", "O00002004", "SN", "AB123", "", "",
-                  "mnuToDesktop mnuPreview mmuBlank mnuRefresh"},
-        PopupCase{"GroupGoodsRow", "O00002001", "Goods", "O00002002", "O00002002", "",
-                  "mnuToDesktop mmuBlank mnuRefresh"},
-        PopupCase{"GroupGoodsMoreRow", "O00002001", "Goods", "more", "", "",
-                  "mmuBlank mnuRefresh"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
   auto fresh = Open("O00002001", "1", "CGroup");
@@ -310,38 +284,32 @@ struct MainMenuCase {
   bool newOn, editOn, deleteOn;
 };
 
-class FrmGoodsMainMenuTest : public FrmGoodsTest,
-                             public ::testing::WithParamInterface<MainMenuCase> {};
-
-TEST_P(FrmGoodsMainMenuTest, EnablesTheRowEntriesByTabRowAndRight) {
-  const MainMenuCase& c = GetParam();
-  if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
-  auto w = Open("O00002002");
-  if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(LastPopup().menu, "mnuMain");
-  EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
-  EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
-  EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+TEST_F(FrmGoodsTest, EnablesTheRowEntriesByTabRowAndRight) {
+  for (const MainMenuCase& c : std::initializer_list<MainMenuCase>{
+           {"MeasureRow", "Measures", true, Variant(), true, true, true, true},
+           {"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
+           // The template entries never make a new row; inherited rows (no tag)
+           // cannot be deleted here.
+           {"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true, true},
+           {"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true, false},
+           {"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false, false,
+            true, false},
+           {"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    const size_t shown = host_.Ui()->Popups().size();
+    if (!c.canDelete) host_.Rights()->Deny("CGoods", Right::Delete);
+    auto w = Open("O00002002");
+    if (c.selected) SelectRow(*w, c.tab, "O00004002", c.tag);
+    host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
+    ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
+    EXPECT_EQ(LastPopup().menu, "mnuMain");
+    EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
+    EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
+    EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsMainMenuTest,
-    ::testing::Values(
-        MainMenuCase{"MeasureRow", "Measures", true, Variant(), true, true, true, true},
-        MainMenuCase{"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
-        // The template entries never make a new row; inherited rows (no tag)
-        // cannot be deleted here.
-        MainMenuCase{"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true,
-                     true},
-        MainMenuCase{"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true,
-                     false},
-        MainMenuCase{"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false,
-                     false, true, false},
-        MainMenuCase{"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
@@ -366,8 +334,6 @@ TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
   EXPECT_EQ(w->MenuAction, "");
 }
 
-// ---- double clicks and refreshes ----
-
 struct DoubleClickCase {
   const char* name;
   const char* oidr;
@@ -376,32 +342,24 @@ struct DoubleClickCase {
   std::vector<std::string> ran;
 };
 
-class FrmGoodsDoubleClickTest : public FrmGoodsTest,
-                                public ::testing::WithParamInterface<DoubleClickCase> {};
-
-TEST_P(FrmGoodsDoubleClickTest, OpensOrLoadsByTabAndRow) {
-  const DoubleClickCase& c = GetParam();
-  auto w = OpenOwn(c.oidr);
-  w->ran.clear();
-  if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
-  Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
-  EXPECT_EQ(w->ran, c.ran);
+TEST_F(FrmGoodsTest, OpensOrLoadsByTabAndRow) {
+  for (const DoubleClickCase& c : std::initializer_list<DoubleClickCase>{
+           {"TrafficMore", "O00002002", "Traffic", "more", {"Traffic+"}},
+           {"RestsMore", "O00002002", "Rests", "more", {"LoadRests"}},
+           {"MeasureRow", "O00002002", "Measures", "O00004002", {"EditRow 101"}},
+           {"DiscountRow", "O00002002", "Discounts", "O10006001", {"EditDiscount 101"}},
+           {"SerialRow", "O00002004", "SN", "AB123", {}},
+           {"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
+           {"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
+           {"GroupGoods", "O00002001", "Goods", "O00002002", {}}}) {
+    SCOPED_TRACE(c.name);
+    auto w = OpenOwn(c.oidr);
+    w->ran.clear();
+    if (*c.rowKey) SelectRow(*w, c.tab, c.rowKey);
+    Grid(*w).DoubleClickList(TabIndex(*w, c.tab));
+    EXPECT_EQ(w->ran, c.ran);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsDoubleClickTest,
-    ::testing::Values(
-        DoubleClickCase{"TrafficMore", "O00002002", "Traffic", "more", {"Traffic+"}},
-        DoubleClickCase{"RestsMore", "O00002002", "Rests", "more", {"LoadRests"}},
-        DoubleClickCase{"MeasureRow", "O00002002", "Measures", "O00004002", {"EditRow 101"}},
-        DoubleClickCase{"DiscountRow", "O00002002", "Discounts", "O10006001", {"EditDiscount 101"}},
-        DoubleClickCase{"SerialRow", "O00002004", "SN", "AB123", {}},
-        DoubleClickCase{"GroupTemplates", "O00002001", "BRTemplates", "", {"EditRow 101"}},
-        DoubleClickCase{"GroupDiscounts", "O00002001", "Discounts", "", {"EditDiscount 101"}},
-        DoubleClickCase{"GroupGoods", "O00002001", "Goods", "O00002002", {}}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- history, desktop, delete ----
 
 TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   auto dialogs = std::make_shared<HistoryDialogs>();
@@ -448,8 +406,6 @@ TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
   EXPECT_TRUE(host_.Log().Lines(Channel::Business).empty());
 }
 
-// ---- drag and drop ----
-
 struct DropCase {
   const char* name;
   const char* target;
@@ -458,37 +414,31 @@ struct DropCase {
   bool moved;  // the dragged record now under the target
 };
 
-class FrmGoodsDropTest : public FrmGoodsTest, public ::testing::WithParamInterface<DropCase> {};
-
-TEST_P(FrmGoodsDropTest, TakesOnlyWhatMayMoveIntoTheGroup) {
-  const DropCase& c = GetParam();
-  auto w = Open(c.target);
-  auto data = std::make_shared<TextDragData>(c.dragged);
-  EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
-  Grid(*w).ListDragDrop(data);
-  auto& table = BO("O0000200").Table();
-  auto target = *table.IdOf(c.target);
-  auto dragged = table.IdOf(c.dragged);
-  const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
-  EXPECT_EQ(under, c.moved);
-  if (c.moved) {
-    EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
+TEST_F(FrmGoodsTest, TakesOnlyWhatMayMoveIntoTheGroup) {
+  for (const DropCase& c : std::initializer_list<DropCase>{
+           {"GoodFromAnotherGroup", "O00002001", "O00002005", 1, true},
+           {"GroupIntoAnotherGroup", "O00002003", "O00002002", 1, true},
+           // Group 1 would go into its own branch.
+           {"GroupIntoItsOwnBranch", "O00002003", "O00002001", 1, false},
+           // A record at the top cannot be dragged.
+           {"TopLevelGood", "O00002001", "O00002004", 1, false},
+           {"OntoAGood", "O00002002", "O00002005", 0, false},
+           {"AnotherType", "O00002001", "O00001002", 0, false}}) {
+    SCOPED_TRACE(c.name);
+    auto w = Open(c.target);
+    auto data = std::make_shared<TextDragData>(c.dragged);
+    EXPECT_EQ(Grid(*w).ListDragOver(data, 1), c.effect);
+    Grid(*w).ListDragDrop(data);
+    auto& table = BO("O0000200").Table();
+    auto target = *table.IdOf(c.target);
+    auto dragged = table.IdOf(c.dragged);
+    const bool under = dragged && table.Value(*dragged, "ParentID") == Variant(target);
+    EXPECT_EQ(under, c.moved);
+    if (c.moved) {
+      EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FrmGoodsDropTest,
-    ::testing::Values(DropCase{"GoodFromAnotherGroup", "O00002001", "O00002005", 1, true},
-                      DropCase{"GroupIntoAnotherGroup", "O00002003", "O00002002", 1, true},
-                      // Group 1 would go into its own branch.
-                      DropCase{"GroupIntoItsOwnBranch", "O00002003", "O00002001", 1, false},
-                      // A record at the top cannot be dragged.
-                      DropCase{"TopLevelGood", "O00002001", "O00002004", 1, false},
-                      DropCase{"OntoAGood", "O00002002", "O00002005", 0, false},
-                      DropCase{"AnotherType", "O00002001", "O00001002", 0, false}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- closing, deleting, the parent group ----
 
 TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");
@@ -524,8 +474,6 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(0));
   EXPECT_EQ(w->txtGroup.Text(), "");
 }
-
-// ---- the shared VAT rate ----
 
 TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {
   BO("O0000200").ReplyRead("GetVatFactor", OrvelBoResult(5, "nėra"));

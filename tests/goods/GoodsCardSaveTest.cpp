@@ -10,6 +10,7 @@
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
 #include "orvel/Locale.h"
+#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -32,43 +33,37 @@ struct VatCase {
   const char* line;
 };
 
-class GoodsVatLineTest : public GoodsCardTest, public ::testing::WithParamInterface<VatCase> {};
-
-TEST_P(GoodsVatLineTest, ShowsTheOtherPriceAndTheRate) {
-  const VatCase& c = GetParam();
-  auto w = Open(c.oidr);
-  ASSERT_TRUE(w);
-  if (!c.withVat.IsEmpty()) Grid(*w).EditField("PriceWithVAT", c.withVat);
-  if (!c.vat.IsEmpty()) Grid(*w).EditField("VAT", c.vat);
-  Grid(*w).EditField("Price", c.price);
-  EXPECT_EQ(PricePart(*w), c.line);
-  EXPECT_NE(w->SOPanel.ToolTipText().find("Sukūrė:Jonas"), std::string::npos);
+TEST_F(GoodsCardTest, ShowsTheOtherPriceAndTheRate) {
+  for (const VatCase& c :
+       std::initializer_list<VatCase>{// No rate of its own: the general rate of the database.
+                                      {"GeneralRateWithVat", "O00002002", Variant(121), Variant(),
+                                       Variant(), " Kaina be PVM: 100,00 (Tarifas: 21%)"},
+                                      {"OwnRateWithoutVat", "O00002003", Variant(10), Variant(),
+                                       Variant(), " Kaina su PVM: 10,90 (Tarifas: 9%)"},
+                                      {"FractionalRate", "O00002003", Variant(100), Variant(),
+                                       Variant(9.5), " Kaina su PVM: 109,50 (Tarifas: 9,5%)"},
+                                      // 22.345 is a half: it rounds to the even cent.
+                                      {"PriceAsText", "O00002003", Variant("20,5"), Variant(),
+                                       Variant(), " Kaina su PVM: 22,34 (Tarifas: 9%)"},
+                                      // Half a cent rounds to even.
+                                      {"HalfToEven", "O00002003", Variant(0.125), Variant(),
+                                       Variant(0), " Kaina su PVM: 0,12 (Tarifas: 0%)"},
+                                      {"Grouped", "O00002002", Variant(12100), Variant(), Variant(),
+                                       " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
+                                      {"NotANumberLeavesOnlyTheCreator", "O00002003",
+                                       Variant("brangu"), Variant(), Variant(), ""},
+                                      {"NullPriceLeavesOnlyTheCreator", "O00002003",
+                                       Variant::Null(), Variant(), Variant(), ""}}) {
+    SCOPED_TRACE(c.name);
+    auto w = Open(c.oidr);
+    ASSERT_TRUE(w);
+    if (!c.withVat.IsEmpty()) Grid(*w).EditField("PriceWithVAT", c.withVat);
+    if (!c.vat.IsEmpty()) Grid(*w).EditField("VAT", c.vat);
+    Grid(*w).EditField("Price", c.price);
+    EXPECT_EQ(PricePart(*w), c.line);
+    EXPECT_NE(w->SOPanel.ToolTipText().find("Sukūrė:Jonas"), std::string::npos);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, GoodsVatLineTest,
-                         ::testing::Values(
-                             // No rate of its own: the general rate of the database.
-                             VatCase{"GeneralRateWithVat", "O00002002", Variant(121), Variant(),
-                                     Variant(), " Kaina be PVM: 100,00 (Tarifas: 21%)"},
-                             VatCase{"OwnRateWithoutVat", "O00002003", Variant(10), Variant(),
-                                     Variant(), " Kaina su PVM: 10,90 (Tarifas: 9%)"},
-                             VatCase{"FractionalRate", "O00002003", Variant(100), Variant(),
-                                     Variant(9.5), " Kaina su PVM: 109,50 (Tarifas: 9,5%)"},
-                             // 22.345 is a half: it rounds to the even cent.
-                             VatCase{"PriceAsText", "O00002003", Variant("20,5"), Variant(),
-                                     Variant(), " Kaina su PVM: 22,34 (Tarifas: 9%)"},
-                             // Half a cent rounds to even.
-                             VatCase{"HalfToEven", "O00002003", Variant(0.125), Variant(),
-                                     Variant(0), " Kaina su PVM: 0,12 (Tarifas: 0%)"},
-                             VatCase{"Grouped", "O00002002", Variant(12100), Variant(), Variant(),
-                                     " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
-                             VatCase{"NotANumberLeavesOnlyTheCreator", "O00002003",
-                                     Variant("brangu"), Variant(), Variant(), ""},
-                             VatCase{"NullPriceLeavesOnlyTheCreator", "O00002003", Variant::Null(),
-                                     Variant(), Variant(), ""}),
-                         [](const auto& info) { return std::string(info.param.name); });
-
-// ---- the save ----
 
 struct MeasureCase {
   const char* name;
@@ -108,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
                                   "16 Apskaita Klaida!\nMatavimo vienetas 9 neperskaitytas"},
                       // A group has no measure to check.
                       MeasureCase{"Group", "O00002001", Variant::Null(), Variant(), true, ""}),
-    [](const auto& info) { return std::string(info.param.name); });
+    ByName());
 
 TEST_F(GoodsCardTest, AnEmptyNameWritesNothingAndSaysNothing) {
   auto w = Open("O00002002");
@@ -128,38 +123,33 @@ struct RenameCase {
   std::vector<std::string> calls;
 };
 
-class GoodsCardRenameTest : public GoodsCardTest,
-                            public ::testing::WithParamInterface<RenameCase> {};
-
-TEST_P(GoodsCardRenameTest, AGoodUsedInDocumentsKeepsItsNameWithoutTheRight) {
-  const RenameCase& c = GetParam();
-  if (!c.right) host_.Rights()->Deny("CGoodsCH", Right::Allowed);
-  BO("O0000200")
-      .ReplyRead("GetGoodIsUsedInDocuments", TextRecords("Used", {std::to_string(c.used)}));
-  auto w = Open("O00002002");
-  Grid(*w).EditField("Name", Variant("Ruginė duona"));
-  Grid(*w).EditField("Price", Variant(2.5));
-  Clear();
-  w->cmdEnter_Click();
-  EXPECT_EQ(Stored(2, "Name"), Variant(c.stored));
-  // The rest of the edits are written, and nobody is told.
-  EXPECT_EQ(Stored(2, "Price"), Variant(2.5));
-  EXPECT_TRUE(Boxes().empty());
-  std::vector<std::string> names;
-  for (const auto& call : BO("O0000200").Calls()) names.push_back(call.name + " " + call.param);
-  EXPECT_EQ(names, c.calls);
-}
-
 const char* const kUsed = "GetGoodIsUsedInDocuments O00002002";
 const char* const kSave = "Orvel_SaveObject 'O0000200','O00002002'";
 const char* const kRead = "Orvel_ReadObject 'O00002002'";
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GoodsCardRenameTest,
-    ::testing::Values(RenameCase{"UsedWithoutRight", false, 3, "Duona", {kUsed, kSave, kRead}},
-                      RenameCase{"NotUsed", false, 0, "Ruginė duona", {kUsed, kSave, kRead}},
-                      RenameCase{"RightNeedsNoQuestion", true, 3, "Ruginė duona", {kSave, kRead}}),
-    [](const auto& info) { return std::string(info.param.name); });
+TEST_F(GoodsCardTest, AGoodUsedInDocumentsKeepsItsNameWithoutTheRight) {
+  for (const RenameCase& c : std::initializer_list<RenameCase>{
+           {"UsedWithoutRight", false, 3, "Duona", {kUsed, kSave, kRead}},
+           {"NotUsed", false, 0, "Ruginė duona", {kUsed, kSave, kRead}},
+           {"RightNeedsNoQuestion", true, 3, "Ruginė duona", {kSave, kRead}}}) {
+    SCOPED_TRACE(c.name);
+    if (!c.right) host_.Rights()->Deny("CGoodsCH", Right::Allowed);
+    BO("O0000200")
+        .ReplyRead("GetGoodIsUsedInDocuments", TextRecords("Used", {std::to_string(c.used)}));
+    auto w = Open("O00002002");
+    Grid(*w).EditField("Name", Variant("Ruginė duona"));
+    Grid(*w).EditField("Price", Variant(2.5));
+    Clear();
+    w->cmdEnter_Click();
+    EXPECT_EQ(Stored(2, "Name"), Variant(c.stored));
+    // The rest of the edits are written, and nobody is told.
+    EXPECT_EQ(Stored(2, "Price"), Variant(2.5));
+    EXPECT_TRUE(Boxes().empty());
+    std::vector<std::string> names;
+    for (const auto& call : BO("O0000200").Calls()) names.push_back(call.name + " " + call.param);
+    EXPECT_EQ(names, c.calls);
+  }
+}
 
 TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   BO("O0000200").FailCallsNamed("Orvel_SaveObject", 547, "Pažeistas ryšys");
@@ -208,8 +198,6 @@ TEST_F(GoodsCardTest, CancelOnANewRecordDoesNothing) {
   EXPECT_TRUE(BO("O0000200").Calls().empty());
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
 }
-
-// ---- the row editors ----
 
 class RecordingDialogs : public GoodsDialogs {
  public:

@@ -6,6 +6,7 @@
 
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
+#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "ui/ListItem.h"
 #include "ui/ListSubItem.h"
@@ -89,31 +90,27 @@ struct PeriodCase {
   const char* params;
 };
 
-class GoodsTrafficPeriodTest : public GoodsListsTest,
-                               public ::testing::WithParamInterface<PeriodCase> {};
-
-TEST_P(GoodsTrafficPeriodTest, ParamsCarryTheGoodAndThePeriod) {
-  host_.ObjectManager()->ReplyToCall("GetOldPeriod", OrvelResult{0, "", GetParam().period});
-  auto w = Open("O00002002");
-  Fetch(*w);
-  auto calls = BO("O0000200").Calls("GetTraffic");
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].param, GetParam().params);
-}
-
 Variant PeriodOf(const char* from, const char* to, int daysBack, bool useDates) {
   return Variant(Variant::Array{Variant(*ParseDate(from)), Variant(*ParseDate(to)),
                                 Variant(daysBack), Variant(useDates), Variant("")});
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GoodsTrafficPeriodTest,
-    ::testing::Values(PeriodCase{"OwnDates", PeriodOf("2026-01-01", "2026-06-30", 5, true),
-                                 "'O00002002','2026-01-01','2026-06-30'"},
-                      PeriodCase{"DaysBack", PeriodOf("2026-01-01", "2026-06-30", 30, false),
-                                 "'O00002002','2026-10-24','9999-12-31'"},
-                      PeriodCase{"NoPeriod", Variant(), "'O00002002','2026-11-23','9999-12-31'"}),
-    [](const auto& info) { return std::string(info.param.name); });
+TEST_F(GoodsListsTest, ParamsCarryTheGoodAndThePeriod) {
+  for (const PeriodCase& c : std::initializer_list<PeriodCase>{
+           {"OwnDates", PeriodOf("2026-01-01", "2026-06-30", 5, true),
+            "'O00002002','2026-01-01','2026-06-30'"},
+           {"DaysBack", PeriodOf("2026-01-01", "2026-06-30", 30, false),
+            "'O00002002','2026-10-24','9999-12-31'"},
+           {"NoPeriod", Variant(), "'O00002002','2026-11-23','9999-12-31'"}}) {
+    SCOPED_TRACE(c.name);
+    host_.ObjectManager()->ReplyToCall("GetOldPeriod", OrvelResult{0, "", c.period});
+    auto w = Open("O00002002");
+    Fetch(*w);
+    auto calls = BO("O0000200").Calls("GetTraffic");
+    ASSERT_EQ(calls.size(), 1u);
+    EXPECT_EQ(calls[0].param, c.params);
+  }
+}
 
 TEST_F(GoodsListsTest, ByDateNewestFirstWithTheSummaryLast) {
   auto w = Open("O00002002");
@@ -200,8 +197,6 @@ TEST_F(GoodsListsTest, AnEmptyAnswerLeavesColumnsAndNoRows) {
   EXPECT_EQ(host_.Ui()->GetMousePointer(), 0);
 }
 
-// ---- rests ----
-
 struct RestCase {
   const char* name;
   Variant rest;
@@ -210,41 +205,37 @@ struct RestCase {
   const char* shown;
 };
 
-class GoodsRestsTest : public GoodsListsTest, public ::testing::WithParamInterface<RestCase> {};
-
-TEST_P(GoodsRestsTest, AReservationOfAtLeastOneShowsBehindTheRest) {
-  const RestCase& c = GetParam();
-  auto rests = TextRecords(
-      "OIDR ID DocName OType Number Date Addressee Amount Measure Price Rest Reserved LName "
-      "PriceSale",
-      {"O00003001|7|Pirkimas|PURCHASE|D1|#2026-01-05|UAB Šilas|10|vnt.|1.5|~|~|Centrinis|~",
-       "O0000000|~|Iš viso|~|~|~|~|~|vnt.|~|~|~|~|~"});
-  for (int row = 0; row < 2; ++row) {
-    rests->Fields("Rest").SetValue(c.rest);
-    rests->Fields("Reserved").SetValue(c.reserved);
-    if (row == 1) rests->Fields("Amount").SetValue(c.rest);
-    rests->MoveNext();
+TEST_F(GoodsListsTest, AReservationOfAtLeastOneShowsBehindTheRest) {
+  for (const RestCase& c : std::initializer_list<RestCase>{
+           {"NoReservation", Variant(10), Variant(0), "0", "10"},
+           {"HalfIsNotShown", Variant(10), Variant(0.5), "0", "10"},
+           {"Reserved", Variant(10), Variant(2), "0", "10/2"},
+           {"PartlySold", Variant(7.3), Variant::Null(), "2,7", "7,3"}}) {
+    SCOPED_TRACE(c.name);
+    auto rests = TextRecords(
+        "OIDR ID DocName OType Number Date Addressee Amount Measure Price Rest Reserved LName "
+        "PriceSale",
+        {"O00003001|7|Pirkimas|PURCHASE|D1|#2026-01-05|UAB Šilas|10|vnt.|1.5|~|~|Centrinis|~",
+         "O0000000|~|Iš viso|~|~|~|~|~|vnt.|~|~|~|~|~"});
+    for (int row = 0; row < 2; ++row) {
+      rests->Fields("Rest").SetValue(c.rest);
+      rests->Fields("Reserved").SetValue(c.reserved);
+      if (row == 1) rests->Fields("Amount").SetValue(c.rest);
+      rests->MoveNext();
+    }
+    BO("O0000200").ReplyRead("GetRests", rests);
+    auto w = Open("O00002002");
+    w->LoadRests();
+    ListView& list = Grid(*w).TabList("Rests");
+    ASSERT_EQ(list.ListItems().Count(), 2);
+    EXPECT_EQ(Cells(list.ListItems().Item("O000030017")),
+              (std::vector<std::string>{"Pirkimas", "D1", "2026-01-05", "UAB Šilas", "10", "vnt.",
+                                        "1,50", c.sold, c.shown, "Centrinis", " "}));
+    EXPECT_EQ(Cells(list.ListItems().Item("O0000000")),
+              (std::vector<std::string>{"", " ", " ", "Iš viso", " ", "vnt.", " ", " ", c.shown}));
+    EXPECT_EQ(BO("O0000200").Calls("GetRests")[0].param, "O00002002");
   }
-  BO("O0000200").ReplyRead("GetRests", rests);
-  auto w = Open("O00002002");
-  w->LoadRests();
-  ListView& list = Grid(*w).TabList("Rests");
-  ASSERT_EQ(list.ListItems().Count(), 2);
-  EXPECT_EQ(Cells(list.ListItems().Item("O000030017")),
-            (std::vector<std::string>{"Pirkimas", "D1", "2026-01-05", "UAB Šilas", "10", "vnt.",
-                                      "1,50", c.sold, c.shown, "Centrinis", " "}));
-  EXPECT_EQ(Cells(list.ListItems().Item("O0000000")),
-            (std::vector<std::string>{"", " ", " ", "Iš viso", " ", "vnt.", " ", " ", c.shown}));
-  EXPECT_EQ(BO("O0000200").Calls("GetRests")[0].param, "O00002002");
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GoodsRestsTest,
-    ::testing::Values(RestCase{"NoReservation", Variant(10), Variant(0), "0", "10"},
-                      RestCase{"HalfIsNotShown", Variant(10), Variant(0.5), "0", "10"},
-                      RestCase{"Reserved", Variant(10), Variant(2), "0", "10/2"},
-                      RestCase{"PartlySold", Variant(7.3), Variant::Null(), "2,7", "7,3"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace orvel

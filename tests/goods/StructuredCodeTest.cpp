@@ -8,6 +8,7 @@
 #include "goods/StructuredCode.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestSession.h"
@@ -22,46 +23,39 @@ struct CodeCase {
   std::optional<std::string> code;
 };
 
-class StructuredCodeTableTest : public ::testing::TestWithParam<CodeCase> {};
-
-TEST_P(StructuredCodeTableTest, ProposesTheCodeOfTheFirstCaseThatHolds) {
-  const CodeCase& c = GetParam();
-  EXPECT_EQ(ProposeStructuredCode(c.parent, c.max, Locale::Lithuanian()), c.code);
-}
-
 const Variant kNull = Variant::Null();
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StructuredCodeTableTest,
-    ::testing::Values(
-        // Case A: the parent's code and the next number of the series.
-        CodeCase{"NextInSeries", Variant("12"), Variant("1207"), "1208"},
-        // The series wraps to its start when it overflows its width.
-        CodeCase{"WrapsAtTheWidth", Variant("12"), Variant("1299"), "1200"},
-        // Zero width: the highest code is the parent's own length.
-        CodeCase{"ZeroWidthGivesTheParent", Variant("12"), Variant("12"), "12"},
-        // Whole doubles print in plain digits: 1E+15 + 1 has no exponent.
-        CodeCase{"SixteenDigitsWithoutExponent", Variant("10"), Variant("1000000000000000"),
-                 "1000000000000001"},
-        CodeCase{"NumbersNotText", Variant(12), Variant(1207), "1208"},
-        // Case B: a top-level series keeps its width.
-        CodeCase{"TopLevelSeries", kNull, Variant("0041"), "0042"},
-        CodeCase{"TopLevelWraps", kNull, Variant("99"), "00"},
-        CodeCase{"TopLevelAtTheIntegerLimit", kNull, Variant("2147483646"), "2147483647"},
-        // Cases C and D: no child yet, so no width.
-        CodeCase{"NoChildYet", Variant("12"), kNull, "12???"},
-        CodeCase{"EmptyHighestCode", Variant("12"), Variant(""), "12???"},
-        // Case E: nothing numeric to work with.
-        CodeCase{"NeitherCode", kNull, kNull, std::nullopt},
-        CodeCase{"TextParent", Variant("AB"), Variant("AB01"), std::nullopt},
-        CodeCase{"TextHighestCode", Variant("12"), Variant("12A"), std::nullopt},
-        // Errors: no width can be worked out.
-        CodeCase{"HighestShorterThanParent", Variant("123"), Variant("45"), "123???"},
-        CodeCase{"TopLevelBeyondInteger", kNull, Variant("2147483647"), "???"},
-        CodeCase{"TopLevelFarBeyondInteger", kNull, Variant("99999999999"), "???"}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// ---- the method on the good ----
+TEST(StructuredCodeTableTest, ProposesTheCodeOfTheFirstCaseThatHolds) {
+  for (const CodeCase& c : std::initializer_list<CodeCase>{
+           // Case A: the parent's code and the next number of the series.
+           {"NextInSeries", Variant("12"), Variant("1207"), "1208"},
+           // The series wraps to its start when it overflows its width.
+           {"WrapsAtTheWidth", Variant("12"), Variant("1299"), "1200"},
+           // Zero width: the highest code is the parent's own length.
+           {"ZeroWidthGivesTheParent", Variant("12"), Variant("12"), "12"},
+           // Whole doubles print in plain digits: 1E+15 + 1 has no exponent.
+           {"SixteenDigitsWithoutExponent", Variant("10"), Variant("1000000000000000"),
+            "1000000000000001"},
+           {"NumbersNotText", Variant(12), Variant(1207), "1208"},
+           // Case B: a top-level series keeps its width.
+           {"TopLevelSeries", kNull, Variant("0041"), "0042"},
+           {"TopLevelWraps", kNull, Variant("99"), "00"},
+           {"TopLevelAtTheIntegerLimit", kNull, Variant("2147483646"), "2147483647"},
+           // Cases C and D: no child yet, so no width.
+           {"NoChildYet", Variant("12"), kNull, "12???"},
+           {"EmptyHighestCode", Variant("12"), Variant(""), "12???"},
+           // Case E: nothing numeric to work with.
+           {"NeitherCode", kNull, kNull, std::nullopt},
+           {"TextParent", Variant("AB"), Variant("AB01"), std::nullopt},
+           {"TextHighestCode", Variant("12"), Variant("12A"), std::nullopt},
+           // Errors: no width can be worked out.
+           {"HighestShorterThanParent", Variant("123"), Variant("45"), "123???"},
+           {"TopLevelBeyondInteger", kNull, Variant("2147483647"), "???"},
+           {"TopLevelFarBeyondInteger", kNull, Variant("99999999999"), "???"}}) {
+    SCOPED_TRACE(c.name);
+    EXPECT_EQ(ProposeStructuredCode(c.parent, c.max, Locale::Lithuanian()), c.code);
+  }
+}
 
 // Group 1 (code "12") with good 2 in it; the structured-code setting is on.
 class GenerateCodeTest : public ModuleTest {
@@ -105,32 +99,27 @@ struct GenerateCase {
   const char* code;  // the record's code afterwards
 };
 
-class GenerateCodeCaseTest : public GenerateCodeTest,
-                             public ::testing::WithParamInterface<GenerateCase> {};
-
-TEST_P(GenerateCodeCaseTest, WritesTheProposalIntoCodeAndReturnsIt) {
-  const GenerateCase& c = GetParam();
-  if (c.codes == std::string("!")) {
-    BO("O0000200").ReplyRead("GetStructuredCode", OrvelBoResult(17, "nėra ryšio"));
-  } else {
-    BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", c.codes));
+TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
+  for (const GenerateCase& c :
+       std::initializer_list<GenerateCase>{{"Proposed", "#12|#1207", 0, Variant("1208"), "1208"},
+                                           // Nothing to work with: the code stays and is returned.
+                                           {"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
+                                           {"NoRecord", "", 0, Variant("???"), "???"},
+                                           {"FailedRead", "!", 17, Variant(), "old"}}) {
+    SCOPED_TRACE(c.name);
+    if (c.codes == std::string("!")) {
+      BO("O0000200").ReplyRead("GetStructuredCode", OrvelBoResult(17, "nėra ryšio"));
+    } else {
+      BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", c.codes));
+    }
+    auto good = NewGoodIn(Variant(1));
+    auto result = Generate(*good, "generateUNICALstructuredcode");
+    EXPECT_EQ(result.Number, c.number);
+    EXPECT_EQ(result.Value, c.value);
+    EXPECT_EQ(good->Fields("Code").Value(), Variant(c.code));
+    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetStructuredCode 1"});
   }
-  auto good = NewGoodIn(Variant(1));
-  auto result = Generate(*good, "generateUNICALstructuredcode");
-  EXPECT_EQ(result.Number, c.number);
-  EXPECT_EQ(result.Value, c.value);
-  EXPECT_EQ(good->Fields("Code").Value(), Variant(c.code));
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetStructuredCode 1"});
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GenerateCodeCaseTest,
-    ::testing::Values(GenerateCase{"Proposed", "#12|#1207", 0, Variant("1208"), "1208"},
-                      // Nothing to work with: the code stays and is returned.
-                      GenerateCase{"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
-                      GenerateCase{"NoRecord", "", 0, Variant("???"), "???"},
-                      GenerateCase{"FailedRead", "!", 17, Variant(), "old"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 class GenerateCodeOffTest : public GenerateCodeTest,
                             public ::testing::WithParamInterface<Variant> {};

@@ -8,6 +8,8 @@
 #include "orvel/Ui.h"
 #include "reference/frmDepartments.h"
 #include "support/CardTest.h"
+#include "support/CaseName.h"
+#include "support/Controls.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
@@ -48,6 +50,14 @@ class FrmDepartmentsTest : public CardTest<frmDepartments> {
     if (!rows.empty()) rs->MoveFirst();
     return rs;
   }
+
+  // "heading|name|group (tag)|branch (tag)|" and Write, Cancel, New, the
+  // branch picker and its clearing, 1 when enabled.
+  static std::string Card(frmDepartments& w) {
+    return w.SOPanel.Caption() + "|" + w.txtName.Text() + "|" + w.txtGroup.Text() + " (" +
+           w.txtGroup.Tag() + ")|" + w.txtFirmBranch.Text() + " (" + w.txtFirmBranch.Tag() + ")|" +
+           OnOff({&w.cmdWrite, &w.cmdCancel, &w.SSCNew, &w.cmdFirmBranches, &w.cmdCleanFirmBranch});
+  }
 };
 
 // The tree opens a department under the rules of every reference record.
@@ -57,10 +67,7 @@ TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   ASSERT_TRUE(w);
   EXPECT_TRUE(w->boolReadOnly);
   w->txtName.Edit("Kasa");
-  EXPECT_FALSE(w->cmdWrite.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_FALSE(w->cmdParentGroup.Enabled());
+  EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel, &w->SSCNew, &w->cmdParentGroup}), "0000");
 }
 
 // The branches are asked once, at load, with their own call.
@@ -74,25 +81,15 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
   ASSERT_EQ(calls.size(), 1u);
   EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
   EXPECT_EQ(calls[0].param, "0");
-  EXPECT_EQ(w->SOPanel.Caption(), " Padalinys");
-  EXPECT_EQ(w->txtName.Text(), "Buhalterija");
-  EXPECT_EQ(w->txtGroup.Text(), "Administracija");
-  EXPECT_EQ(w->txtGroup.Tag(), "O00016041");
-  EXPECT_EQ(w->txtFirmBranch.Text(), "UAB Medis, Kaunas");
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_EQ(Card(*w),
+            " Padalinys|Buhalterija|Administracija (O00016041)|UAB Medis, Kaunas (11)|00111");
   EXPECT_FALSE(w->Changed());
-  EXPECT_FALSE(w->cmdWrite.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_TRUE(w->cmdFirmBranches.Enabled());
 }
 
 TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
   auto w = Open("O00016043", "0", "T");
   ASSERT_TRUE(w);
-  EXPECT_EQ(w->txtFirmBranch.Text(), "");
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
-  EXPECT_EQ(w->txtGroup.Text(), "");
+  EXPECT_EQ(Card(*w), " Padalinys|Sandėlis| ()| (0)|00111");
   w->txtName.Edit("Sandėlis 2");
   w->cmdWrite.Click();
   EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
@@ -104,71 +101,47 @@ struct CaptionCase {
   const char* oidr;
   const char* otype;
   const char* key;
-  const char* heading;
-  const char* groupLabel;
-  const char* nameLabel;
+  const char* captions;  // the heading, the group's label and the name's
   bool isNew;
 };
 
-class DepartmentCaptionTest : public FrmDepartmentsTest,
-                              public ::testing::WithParamInterface<CaptionCase> {};
-
-TEST_P(DepartmentCaptionTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
-  const auto& c = GetParam();
-  auto w = Open(c.oidr, c.key, c.otype);
-  ASSERT_TRUE(w);
-  EXPECT_EQ(w->SOPanel.Caption(), c.heading);
-  EXPECT_EQ(w->lblGroup.Caption(), c.groupLabel);
-  EXPECT_EQ(w->lblName.Caption(), c.nameLabel);
-  EXPECT_EQ(w->IsNew(), c.isNew);
-  // A new card offers neither a cancel nor another new record.
-  EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
-  w->txtName.Edit("Kitas");
-  EXPECT_TRUE(w->cmdWrite.Enabled());
-  EXPECT_EQ(w->cmdCancel.Enabled(), !c.isNew);
+// A new card offers neither a cancel nor another new record.
+TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
+  for (const CaptionCase& c : std::initializer_list<CaptionCase>{
+           {"StoredGroup", "O00016041", "Group", "0",
+            " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", false},
+           {"StoredEntry", "O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas", false},
+           {"NewGroup", "O00016041", "Group", "3",
+            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", true},
+           {"NewEntry", "O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas", true}}) {
+    SCOPED_TRACE(c.name);
+    auto w = Open(c.oidr, c.key, c.otype);
+    ASSERT_TRUE(w);
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
+              c.captions);
+    EXPECT_EQ(w->IsNew(), c.isNew);
+    EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
+    w->txtName.Edit("Kitas");
+    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Kinds, DepartmentCaptionTest,
-    ::testing::Values(CaptionCase{"StoredGroup", "O00016041", "Group", "0", " Padalinių grupė",
-                                  "Aukštesnė grupė", "Grupės pavadinimas", false},
-                      CaptionCase{"StoredEntry", "O00016042", "T", "0", " Padalinys", "Grupė",
-                                  "Pavadinimas", false},
-                      CaptionCase{"NewGroup", "O00016041", "Group", "3", " Nauja padalinių grupė",
-                                  "Aukštesnė grupė", "Grupės pavadinimas", true},
-                      CaptionCase{"NewEntry", "O00016041", "Group", "1", " Naujas padalinys",
-                                  "Grupė", "Pavadinimas", true}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-struct WriteRuleCase {
-  const char* name;
-  bool canUpdate;
-  const char* typed;
-  bool write;
-  bool cancel;
-};
-
-class DepartmentWriteRuleTest : public FrmDepartmentsTest,
-                                public ::testing::WithParamInterface<WriteRuleCase> {};
-
-TEST_P(DepartmentWriteRuleTest, WriteNeedsTheUpdateRightAChangeAndAName) {
-  const auto& c = GetParam();
-  if (!c.canUpdate) host_.Rights()->Deny("CReference", TestRights::Right::Update);
-  auto w = Open("O00016042", "0", "T");
-  ASSERT_TRUE(w);
-  w->txtName.Edit(c.typed);
-  EXPECT_TRUE(w->Changed());
-  EXPECT_EQ(w->cmdWrite.Enabled(), c.write);
-  EXPECT_EQ(w->cmdCancel.Enabled(), c.cancel);
+// Write needs the update right, a change and a name (blanks count); Cancel
+// only the right and a change.
+TEST_F(FrmDepartmentsTest, WriteNeedsTheUpdateRightAChangeAndAName) {
+  for (const auto& [canUpdate, typed, buttons] : {std::tuple{true, "Kasa", "11"},
+                                                  {true, "", "01"},
+                                                  {true, "   ", "11"},
+                                                  {false, "Kasa", "00"}}) {
+    SCOPED_TRACE(std::string(typed) + (canUpdate ? "" : " without the right"));
+    if (!canUpdate) host_.Rights()->Deny("CReference", TestRights::Right::Update);
+    auto w = Open("O00016042", "0", "T");
+    w->txtName.Edit(typed);
+    EXPECT_TRUE(w->Changed());
+    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), buttons);
+    w->Unload();
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Rules, DepartmentWriteRuleTest,
-                         ::testing::Values(WriteRuleCase{"NameTyped", true, "Kasa", true, true},
-                                           WriteRuleCase{"NameEmptied", true, "", false, true},
-                                           WriteRuleCase{"BlanksOnly", true, "   ", true, true},
-                                           WriteRuleCase{"NoUpdateRight", false, "Kasa", false,
-                                                         false}),
-                         [](const auto& info) { return std::string(info.param.name); });
 
 TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
@@ -176,13 +149,12 @@ TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
     auto w = Open("O00016042", "0", "T");
     ASSERT_TRUE(w);
     EXPECT_FALSE(w->HasBranches());
-    EXPECT_FALSE(w->cmdFirmBranches.Enabled());
-    EXPECT_FALSE(w->cmdCleanFirmBranch.Enabled());
-    EXPECT_EQ(w->txtFirmBranch.Tag(), "0");
+    EXPECT_EQ(Card(*w), " Padalinys|Buhalterija|Administracija (O00016041)| (0)|00100");
     w->Unload();
   }
 }
 
+// A stored record's write does not tell the host.
 TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   auto w = Open("O00016043", "0", "T");
   std::string asked;
@@ -192,12 +164,9 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   });
   w->cmdFirmBranches.Click();
   EXPECT_EQ(asked, "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą");
-  EXPECT_EQ(w->txtFirmBranch.Text(), "UAB Medis, Vilnius");
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "12");
-  EXPECT_TRUE(w->cmdWrite.Enabled());
+  EXPECT_EQ(Card(*w), " Padalinys|Sandėlis| ()|UAB Medis, Vilnius (12)|11111");
   w->cmdWrite.Click();
   EXPECT_EQ(CLng(Stored(3, "FirmBranchID")), 12);
-  // A stored record's write does not tell the host.
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
   EXPECT_FALSE(w->cmdWrite.Enabled());
 }
@@ -226,33 +195,25 @@ TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
   EXPECT_TRUE(Stored(2, "FirmBranchID").IsNull());
 }
 
-// Clearing the box or picking the root only empties the box: the record
-// keeps its group.
+// A cancelled pick changes nothing; clearing the box or picking the root only
+// empties the box: the record keeps its group.
 TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptiesTheBox) {
   BO(kDepartments)
       .Table()
       .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
   auto w = Open("O00016042", "0", "T");
-  w->cmdParentGroup.Click();  // cancelled: nothing changes
+  w->cmdParentGroup.Click();
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
   EXPECT_FALSE(w->Changed());
-  host_.HostClasses()->QueueGroupSelect("O0001604O00016045", "Gamyba", "Group");
-  w->cmdParentGroup.Click();
-  EXPECT_EQ(w->txtGroup.Text(), "Gamyba");
-  w->cmdWrite.Click();
-  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
-
-  w->cmdParentGroupClean.Click();
-  EXPECT_EQ(w->txtGroup.Text(), "");
-  EXPECT_TRUE(w->cmdWrite.Enabled());
-  w->cmdWrite.Click();
-  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
-
-  host_.HostClasses()->QueueGroupSelect("O0001604", "", "Group");
-  w->cmdParentGroup.Click();
-  EXPECT_EQ(w->txtGroup.Text(), "");
-  w->cmdWrite.Click();
-  EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
+  for (const auto& [picked, shown] :
+       {std::pair{"O0001604O00016045", "Gamyba"}, {"", ""}, {"O0001604", ""}}) {
+    if (*picked) host_.HostClasses()->QueueGroupSelect(picked, shown, "Group");
+    (*picked ? w->cmdParentGroup : w->cmdParentGroupClean).Click();
+    EXPECT_EQ(w->txtGroup.Text(), shown);
+    EXPECT_TRUE(w->cmdWrite.Enabled());
+    w->cmdWrite.Click();
+    EXPECT_EQ(CLng(Stored(2, "ParentID")), 5);
+  }
 }
 
 TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesStored) {
@@ -266,11 +227,10 @@ TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesSto
   EXPECT_EQ(CLng(Stored(4, "ParentID")), 1);
   EXPECT_EQ(CLng(Stored(4, "GroupFlag")), 0);
   EXPECT_EQ(w->OrvelObjectUIO()->Preview(), "Kasa");
-  EXPECT_EQ(w->SOPanel.Caption(), " Padalinys");
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_EQ(Card(*w), " Padalinys|Kasa|Administracija (O00016041)| (0)|00111");
 }
 
+// Cancel puts the stored values back.
 TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
   auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
@@ -278,14 +238,11 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"0 Apskaita Užrakinta\nĮrašymas neatliktas!"});
-  EXPECT_EQ(w->txtName.Text(), "Kasa");
-  EXPECT_TRUE(w->cmdWrite.Enabled());
-  // Cancel puts the stored values back.
+  EXPECT_EQ(Card(*w), " Padalinys|Kasa|Administracija (O00016041)|UAB Medis, Kaunas (11)|11111");
   w->cmdCleanFirmBranch.Click();
   w->cmdCancel.Click();
-  EXPECT_EQ(w->txtName.Text(), "Buhalterija");
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
-  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_EQ(Card(*w),
+            " Padalinys|Buhalterija|Administracija (O00016041)|UAB Medis, Kaunas (11)|00111");
 }
 
 TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
@@ -293,10 +250,7 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   w->SSCNew.Click();
   EXPECT_TRUE(w->IsNew());
   EXPECT_TRUE(w->IsGroup());
-  EXPECT_EQ(w->SOPanel.Caption(), " Nauja padalinių grupė");
-  EXPECT_EQ(w->txtName.Text(), "");
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
+  EXPECT_EQ(Card(*w), " Nauja padalinių grupė|| ()| (0)|00011");
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
 }
 

@@ -7,6 +7,7 @@
 #include "ReferenceBookFixture.h"
 #include "orvel/Ui.h"
 #include "reference/frmReferenceBook.h"
+#include "support/Controls.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
@@ -44,15 +45,12 @@ class FrmReferenceBookTest : public ReferenceBookTest {
     return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid);
   }
 
-  struct Buttons {
-    bool write, cancel, fresh;
-    friend bool operator==(const Buttons&, const Buttons&) = default;
-  };
-  static Buttons ButtonsOf(frmReferenceBook& w) {
-    return {w.cmdWrite.Enabled(), w.cmdCancel.Enabled(), w.SSCNew.Enabled()};
+  // Write, Cancel and New, 1 when enabled.
+  static std::string ButtonsOf(frmReferenceBook& w) {
+    return OnOff({&w.cmdWrite, &w.cmdCancel, &w.SSCNew});
   }
-  static constexpr Buttons kClean{false, false, true};
-  static constexpr Buttons kDirty{true, true, false};
+  static constexpr const char* kClean = "001";
+  static constexpr const char* kDirty = "110";
 
   std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
 };
@@ -101,7 +99,7 @@ TEST_F(FrmReferenceBookTest, AReadOnlyCardTakesNoEditAndOffersNoNewRecord) {
   EXPECT_FALSE(w->cmdGroup.Enabled());
   Grid(*w).EditField("Name", Variant("Kitas"));
   w->txtGroup.SetText("ranka");
-  EXPECT_EQ(ButtonsOf(*w), (Buttons{false, false, false}));
+  EXPECT_EQ(ButtonsOf(*w), "000");
 }
 
 // A failed write keeps the values and the write button; closing then asks.

@@ -189,39 +189,33 @@ TEST_F(ReferenceBookTest, DeleteAsksYesOrNo) {
   EXPECT_EQ(adapter->ClickMenu("O00016022", "T", "6", "").Action, OrvelMenuResult::kNothing);
 }
 
-struct FilterCase {
-  const char* key;
-  const char* oidr;
-  const char* param;
-};
-
-class ReferenceFilterTest : public ReferenceBookTest,
-                            public ::testing::WithParamInterface<FilterCase> {};
-
-TEST_P(ReferenceFilterTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
-  const FilterCase& c = GetParam();
-  std::string book = std::string(c.oidr).substr(0, 8);
-  EXPECT_EQ(Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "").Action, OrvelMenuResult::kNothing)
-      << "no text, no list";
-  host_.HostClasses()->QueueObjectSelect("vid");
-  auto result = Adapter(book)->ClickMenu(c.oidr, "Group", c.key, "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
-  const auto& value = result.Value.ArrayValue();
-  ASSERT_EQ(value.size(), 2u);
-  EXPECT_NE(value[0].ObjectAs<Recordset>(), nullptr);
-  EXPECT_EQ(value[1], Variant(c.param));
-  EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + c.param});
-  EXPECT_EQ(host_.HostClasses()->LastObjectSelect()->OType(), book);
-  EXPECT_EQ(host_.Ui()->MousePointers(), (std::vector<int32_t>{vbHourglass, vbDefault}));
+// By the menu and by the key chord; any node of the locations carries the
+// user first.
+TEST_F(ReferenceBookTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
+  for (const auto& [key, oidr, param] : {std::tuple{"4", "O00016021", "'vid','O00016021'"},
+                                         {"70S2", kBook, "'vid','O0001602'"},
+                                         {"4", "O00016051", "'u7','vid','O00016051'"},
+                                         {"70S2", kLocations, "'u7','vid','O0001605'"}}) {
+    SCOPED_TRACE(std::string(key) + " " + oidr);
+    ClearCalls();
+    std::string book = std::string(oidr).substr(0, 8);
+    EXPECT_EQ(Adapter(book)->ClickMenu(oidr, "Group", key, "").Action, OrvelMenuResult::kNothing)
+        << "no text, no list";
+    host_.HostClasses()->QueueObjectSelect("vid");
+    const size_t pointers = host_.Ui()->MousePointers().size();
+    auto result = Adapter(book)->ClickMenu(oidr, "Group", key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
+    const auto& value = result.Value.ArrayValue();
+    ASSERT_EQ(value.size(), 2u);
+    EXPECT_NE(value[0].ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(value[1], Variant(param));
+    EXPECT_EQ(Calls(book), std::vector<std::string>{std::string("Orvel_GetObjectList ") + param});
+    EXPECT_EQ(host_.HostClasses()->LastObjectSelect()->OType(), book);
+    EXPECT_EQ(std::vector<int32_t>(host_.Ui()->MousePointers().begin() + pointers,
+                                   host_.Ui()->MousePointers().end()),
+              (std::vector<int32_t>{vbHourglass, vbDefault}));
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(MenuAndChord, ReferenceFilterTest,
-                         ::testing::Values(FilterCase{"4", "O00016021", "'vid','O00016021'"},
-                                           FilterCase{"70S2", kBook, "'vid','O0001602'"},
-                                           // Any node of the locations carries the user first.
-                                           FilterCase{"4", "O00016051", "'u7','vid','O00016051'"},
-                                           FilterCase{"70S2", kLocations,
-                                                      "'u7','vid','O0001605'"}));
 
 TEST_F(ReferenceBookTest, RefreshListsTheNodeAgain) {
   for (const char* book : {kBook, kLocations}) {
