@@ -318,7 +318,9 @@ TEST_F(AdaptersTest, NewRecordGetsParentAndGroupFlag) {
     EXPECT_EQ(object->Fields("GroupFlag").Value(), c.groupFlag);
     // Every new record starts active, and a good kept in rests.
     EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
-    if (goods) EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
+    if (goods) {
+      EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
+    }
     EXPECT_FALSE(window->Loaded());
   }
 }

@@ -208,7 +208,9 @@ TEST_F(FrmGoodsTest, ANewRecordInheritsAndIsPrimedAStoredOneIsNot) {
                   w->RecordKey + "|" + w->txtGroup.Text() + "|" +
                   OnOff({&w->SSCNew, &w->cmdEnter, &w->cmdCancel}) + "|" + Join(fields, " "),
               state);
-    if (*key == '0') EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
+    if (*key == '0') {
+      EXPECT_TRUE(Grid(*w).RefreshedFields().empty());
+    }
   }
 }
 

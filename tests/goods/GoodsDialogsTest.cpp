@@ -294,7 +294,9 @@ TEST_F(GoodPreviewTest, TheButtonsConfirmStoreOrDropTheEdits) {
     EXPECT_EQ(confirmed, c.confirmed);
     auto stored = host_.Environment()->StoredSetting("O0000200", "Preview");
     EXPECT_EQ(stored.has_value(), c.stored != nullptr);
-    if (c.stored) EXPECT_EQ(*stored, c.stored);
+    if (c.stored) {
+      EXPECT_EQ(*stored, c.stored);
+    }
   }
 }
 

@@ -19,7 +19,9 @@ void ExpectHolds(const RecordsetColumn& column, const Values& values) {
   for (size_t r = 0; r < values.size(); ++r) {
     EXPECT_EQ(column[r], values[r]) << "row " << r;
     EXPECT_EQ(column.TypeAt(r), values[r].Type()) << "row " << r;
-    if (values[r].IsString()) EXPECT_EQ(column.TextAt(r), values[r].String()) << "row " << r;
+    if (values[r].IsString()) {
+      EXPECT_EQ(column.TextAt(r), values[r].String()) << "row " << r;
+    }
   }
 }
 
