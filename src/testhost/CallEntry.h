@@ -27,10 +27,6 @@ struct CallEntry {
   // op and args joined by single blanks; trailing empty arguments are left out
   // of the text (not of args) so that "Call GetOldPeriod" has no dangling blank.
   std::string text;
-
-  // Business calls: args[0] and args[1] ("" when missing).
-  const std::string& Name() const;
-  const std::string& Param() const;
 };
 
 }  // namespace orvel

@@ -11,10 +11,6 @@ namespace orvel {
 
 namespace {
 
-const std::string& ArgOrEmpty(const std::vector<std::string>& args, size_t index) {
-  static const std::string empty;
-  return index < args.size() ? args[index] : empty;
-}
 
 std::string JoinText(const std::string& op, const std::vector<std::string>& args) {
   size_t used = args.size();
@@ -58,8 +54,6 @@ const char* ChannelName(Channel channel) {
   return "?";
 }
 
-const std::string& CallEntry::Name() const { return ArgOrEmpty(args, 0); }
-const std::string& CallEntry::Param() const { return ArgOrEmpty(args, 1); }
 
 void CallLog::Add(Channel channel, std::string op, std::vector<std::string> args,
                   Variant::Array values) {

@@ -42,11 +42,5 @@ void TestComponentRegistry::AddObjectIcon(const std::string& key,
   objectIcons_.push_back({key, picture});
 }
 
-std::shared_ptr<TestComponentGroup> TestComponentRegistry::Group(const std::string& key) const {
-  for (const auto& group : groups_) {
-    if (group->Key() == key) return group;
-  }
-  return nullptr;
-}
 
 }  // namespace orvel

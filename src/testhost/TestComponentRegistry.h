@@ -41,8 +41,6 @@ class TestComponentRegistry : public OrvelComponentRegistry {
   void AddObjectIcon(const std::string& key, const std::shared_ptr<Picture>& picture) override;
 
   const std::vector<std::shared_ptr<TestComponentGroup>>& Groups() const { return groups_; }
-  // The group of that key; null when none was added.
-  std::shared_ptr<TestComponentGroup> Group(const std::string& key) const;
   const std::vector<ObjectType>& ObjectTypes() const { return objectTypes_; }
   const std::vector<Icon>& Icons() const { return icons_; }
   const std::vector<Icon>& ObjectIcons() const { return objectIcons_; }

@@ -74,7 +74,7 @@ TEST_F(FrmFirmInfoTest, AStoredNoteOpensInItsPriorityAndColour) {
     const std::string level = std::to_string(priority);
     Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level,
            "18|Kita|@2026-02-01|~|admin|1"});
-    Edit("17K", [&](frmFirmInfo& dialog) {
+    Edit("17K", [&, text = text, color = color](frmFirmInfo& dialog) {
       EXPECT_EQ(dialog.ID, 17);
       EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
       EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 1, 5));

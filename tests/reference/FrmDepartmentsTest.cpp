@@ -280,10 +280,13 @@ TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
 
   host_.Rights()->Grant("CReference", TestRights::Right::Delete);
   auto other = Open("O00016042", "0", "T");
+  host_.Ui()->QueueAnswer(vbNo);
+  other->SSCClose.MouseUp(vbRightButton);
+  EXPECT_TRUE(BO(kDepartments).Table().Contains(2));
   host_.Ui()->QueueAnswer(vbYes);
   other->SSCClose.MouseUp(vbRightButton);
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"52 Apskaita Ar tikrai norite panaikinti?\n\n"
-                                              "Buhalterija"});
+  EXPECT_EQ(Boxes(), std::vector<std::string>(
+                         2, "52 Apskaita Ar tikrai norite panaikinti?\n\nBuhalterija"));
   EXPECT_FALSE(BO(kDepartments).Table().Contains(2));
 }
 
