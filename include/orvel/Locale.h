@@ -30,7 +30,9 @@ class LocaleSource {
 
 /// The locale in force: the registered source's, or Lithuanian when none is.
 const Locale& ActiveLocale();
-/// Registers the source of the locale in force; null returns to Lithuanian.
-void SetLocaleSource(std::shared_ptr<const LocaleSource> source);
+/// Registers the source of the locale in force (null returns to Lithuanian)
+/// and gives back the one it replaces. The module registers its own, which
+/// reads the Ui the host attached.
+std::shared_ptr<const LocaleSource> SetLocaleSource(std::shared_ptr<const LocaleSource> source);
 
 }  // namespace orvel

@@ -15,11 +15,9 @@ ModuleState& Held() { return TheModuleState(); }
 void Platform::Attach(std::shared_ptr<OrvelHostClasses> classes, std::shared_ptr<orvel::Ui> ui) {
   Held().classes = std::move(classes);
   Held().ui = std::move(ui);
-  SetLocaleSource(Held().ui);
 }
 
 void Platform::Detach() {
-  SetLocaleSource(nullptr);
   Held().classes.reset();
   Held().ui.reset();
 }

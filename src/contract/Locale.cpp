@@ -1,5 +1,7 @@
 #include "orvel/Locale.h"
 
+#include <utility>
+
 namespace orvel {
 
 Locale Locale::Lithuanian() { return Locale{",", "\u00A0", "yyyy-MM-dd", "HH:mm:ss"}; }
@@ -19,6 +21,8 @@ const Locale& ActiveLocale() {
   return source ? source->CurrentLocale() : lithuanian;
 }
 
-void SetLocaleSource(std::shared_ptr<const LocaleSource> source) { Source() = std::move(source); }
+std::shared_ptr<const LocaleSource> SetLocaleSource(std::shared_ptr<const LocaleSource> source) {
+  return std::exchange(Source(), std::move(source));
+}
 
 }  // namespace orvel

@@ -10,8 +10,8 @@ namespace orvel {
 // http://webservices.lb.lt for the litas-era service and https://www.lb.lt for
 // the current one, FxRates, unless the environment variable
 // ORVEL_RATES_ADDRESS names another (a mirror or a loopback test service,
-// which then serves both); a program may also set it for the process (tests,
-// the demo), which wins over both. The WSDL documents are read at
+// which then serves both); a host or a test may also set it in the module's
+// state (the demo does), which wins over both. The WSDL documents are read at
 // <address>/ExchangeRates/ExchangeRates.asmx?wsdl and
 // <address>/webservices/FxRates/FxRates.asmx?wsdl. Every HTTP exchange gives up after Timeout (20
 // seconds unless set), so that a service that never answers cannot hold the

@@ -126,22 +126,22 @@ class frmFirms : public GroupedCard {
   // none reports a failure: a failed read leaves its list empty, or as far
   // as it got. The documents and the contracts are read only when asked
   // (`more`): until then they show the "more" placeholder row.
-  virtual void LoadFirmsList();
+  void LoadFirmsList();
   // The lists whose rows show the record's fields as they stand. The
   // parameters go into the note tab's list; no menu reaches them.
   enum class DetailList { Parameters, Addresses, Contacts, Managers, Activity, Accounts, Branches };
   void LoadDetail(DetailList which);
-  virtual void LoadContracts(bool more);
+  void LoadContracts(bool more);
   // Also the line lblInfo over the tabs, from the first note.
-  virtual void LoadFirmInfo();
-  virtual void LoadTraffic(bool more);
-  virtual void LoadDiscounts();
-  virtual void LoadGoods(bool more);
+  void LoadFirmInfo();
+  void LoadTraffic(bool more);
+  void LoadDiscounts();
+  void LoadGoods(bool more);
   // The editors, by the tab the user is on (CurrentTab). Each refuses a new
   // record on a firm not saved yet; editing with no row selected does
   // nothing. A saved dialog reloads its list.
   virtual void EditDetail(bool isNew);
-  virtual void EditAccount(bool isNew);
+  void EditAccount(bool isNew);
   virtual void EditFirmInfo(bool isNew);
 
  protected:
@@ -181,7 +181,7 @@ class frmFirms : public GroupedCard {
   // The detail list whose editor EditDetail opens on `tab`; null for none.
   const DetailListShape* EditedOn(int tab) const;
   // Reloads the list of a detail tab after its dialog saved.
-  virtual void ReloadDetail(int tab);
+  void ReloadDetail(int tab);
   // "'<OIDR>','<from>','<to>'" of the documents list, by Period: its own
   // dates when it uses dates, otherwise DaysBack days before today up to
   // 9999-12-31, in the locale's short date.

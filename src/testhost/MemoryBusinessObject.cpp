@@ -125,18 +125,12 @@ void MemoryBusinessObject::ClearScripts() {
   actions_.clear();
 }
 
-void MemoryBusinessObject::FailNthCall(int n, int32_t number, std::string text) {
-  failAt_ = callCount_ + (n < 1 ? 1 : n);
-  nthFailure_ = Failure{number, std::move(text)};
-}
-
 void MemoryBusinessObject::FailCallsNamed(const std::string& name, int32_t number,
                                           std::string text) {
   namedFailures_[name] = Failure{number, std::move(text)};
 }
 
 void MemoryBusinessObject::ClearFailures() {
-  failAt_.reset();
   namedFailures_.clear();
 }
 
@@ -150,15 +144,10 @@ std::vector<MemoryBusinessObject::Call> MemoryBusinessObject::Calls(const std::s
 
 std::optional<MemoryBusinessObject::Failure> MemoryBusinessObject::Record(
     Op op, const std::string& name, const std::string& param, const Variant::Array* array) {
-  ++callCount_;
   Call call{op, name, param, array ? *array : Variant::Array()};
   log_->Add(Channel::Business, OpName(op), {name, param}, call.array);
   calls_.push_back(std::move(call));
 
-  if (failAt_ && *failAt_ == callCount_) {
-    failAt_.reset();
-    return nthFailure_;
-  }
   if (auto named = namedFailures_.find(name); named != namedFailures_.end()) return named->second;
   return std::nullopt;
 }

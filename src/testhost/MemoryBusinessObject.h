@@ -73,9 +73,8 @@ class MemoryBusinessObject : public OrvelObjectBO {
   void OnAction(const std::string& name, ActionHandler handler);
   void ClearScripts();
 
-  // Failure injection. FailNthCall counts calls from now: 1 fails the next
-  // call. A failed call is still logged; it changes nothing.
-  void FailNthCall(int n, int32_t number, std::string text);
+  // Failure injection: every call of that name fails until cleared. A failed
+  // call is still logged; it changes nothing.
   void FailCallsNamed(const std::string& name, int32_t number, std::string text);
   void ClearFailures();
 
@@ -118,10 +117,7 @@ class MemoryBusinessObject : public OrvelObjectBO {
   std::map<int32_t, int64_t> versions_;  // as this session last read or wrote them
   std::map<std::string, ReadHandler> reads_;
   std::map<std::string, ActionHandler> actions_;
-  std::optional<long> failAt_;  // call number that fails
-  Failure nthFailure_;
   std::map<std::string, Failure> namedFailures_;
-  long callCount_ = 0;
   std::vector<Call> calls_;
 };
 

@@ -202,10 +202,9 @@ TEST(AmountToWordsSweep, WordsAreCleanAcrossTheRange) {
 // are the same under both.
 class LocaleScope {
  public:
-  explicit LocaleScope(Locale locale) {
-    SetLocaleSource(std::make_shared<const Source>(std::move(locale)));
-  }
-  ~LocaleScope() { SetLocaleSource(nullptr); }
+  explicit LocaleScope(Locale locale)
+      : previous_(SetLocaleSource(std::make_shared<const Source>(std::move(locale)))) {}
+  ~LocaleScope() { SetLocaleSource(previous_); }
 
  private:
   struct Source : LocaleSource {
@@ -213,6 +212,7 @@ class LocaleScope {
     const Locale& CurrentLocale() const override { return locale; }
     Locale locale;
   };
+  std::shared_ptr<const LocaleSource> previous_;
 };
 
 class WordsUnderLocaleTest : public testing::TestWithParam<Locale> {};
