@@ -5,30 +5,9 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <QAbstractButton>
-#include <QApplication>
-#include <QDir>
-#include <QFile>
-#include <QDropEvent>
-#include <QKeyEvent>
-#include <QLineEdit>
-#include <QListView>
-#include <QMdiArea>
-#include <QMdiSubWindow>
-#include <QMenu>
-#include <QMessageBox>
-#include <QMimeData>
-#include <QPointer>
-#include <QPrintPreviewDialog>
-#include <QPrintPreviewWidget>
-#include <QScrollBar>
-#include <QStatusBar>
-#include <QTabBar>
-#include <QTableWidget>
-#include <QTemporaryDir>
-#include <QTest>
-#include <QTimer>
-#include <QTreeWidget>
+#include <QtPrintSupport>
+#include <QtTest>
+#include <QtWidgets>
 #include <algorithm>
 #include <deque>
 #include <functional>
@@ -62,6 +41,7 @@
 #include "refhost/ReferenceHost.h"
 #include "refhost/ReferenceHostClasses.h"
 #include "refhost/ReferenceObjectManager.h"
+#include "support/BuiltForm.h"
 #include "support/Sql.h"
 #include "ui/Button.h"
 #include "ui/Form.h"
@@ -110,7 +90,6 @@ class ModalDriver {
     QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
     timer_.start(10);
   }
-  ~ModalDriver() { timer_.stop(); }
 
   void Then(Step step) { steps_.push_back(std::move(step)); }
   bool AllDone() const { return steps_.empty(); }
@@ -121,9 +100,7 @@ class ModalDriver {
     QWidget* top = QApplication::activePopupWidget();
     if (!top) top = QApplication::activeModalWidget();
     if (!top || !top->isVisible()) return;
-    for (const auto& seen : seen_) {
-      if (seen == top) return;
-    }
+    if (std::find(seen_.begin(), seen_.end(), top) != seen_.end()) return;
     seen_.emplace_back(top);
     if (steps_.empty()) {
       auto* box = qobject_cast<QMessageBox*>(top);
@@ -151,10 +128,7 @@ QAbstractButton* ButtonIn(QWidget& widget, const QString& text) {
 
 ModalDriver::Step Press(const QString& text) {
   return [text](QWidget& widget) {
-    if (QAbstractButton* button = ButtonIn(widget, text)) {
-      button->click();
-      return;
-    }
+    if (QAbstractButton* button = ButtonIn(widget, text)) return button->click();
     ADD_FAILURE() << "no button " << text.toStdString();
     Key(widget, Qt::Key_Escape);
   };
@@ -163,14 +137,10 @@ ModalDriver::Step Press(const QString& text) {
 ModalDriver::Step Pick(const QString& text) {
   return [text](QWidget& widget) {
     auto* menu = qobject_cast<QMenu*>(&widget);
-    if (menu) {
-      for (QAction* action : menu->actions()) {
-        if (Plain(action->text()) == text) {
-          menu->setActiveAction(action);
-          Key(*menu, Qt::Key_Return);
-          return;
-        }
-      }
+    for (QAction* action : menu ? menu->actions() : QList<QAction*>()) {
+      if (Plain(action->text()) != text) continue;
+      menu->setActiveAction(action);
+      return Key(*menu, Qt::Key_Return);
     }
     ADD_FAILURE() << "no menu entry " << text.toStdString();
     Key(widget, Qt::Key_Escape);
@@ -185,13 +155,8 @@ TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
   const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
   const QString ok = QString::fromUtf8("Gerai"), cancel = QString::fromUtf8("Atšaukti");
   const QString yes = QString::fromUtf8("Taip"), no = QString::fromUtf8("Ne");
-  const struct {
-    int32_t flags;
-    std::vector<QString> buttons;
-    QMessageBox::Icon icon;
-    QString press;
-    int32_t result;
-  } cases[] = {
+  // The flags, the buttons shown, the icon, the button pressed and the answer.
+  const std::tuple<int32_t, std::vector<QString>, QMessageBox::Icon, QString, int32_t> cases[] = {
       {vbOKOnly, {ok}, QMessageBox::NoIcon, ok, vbOK},
       {vbOKOnly + vbInformation, {ok}, QMessageBox::Information, "", vbOK},
       {vbOKCancel + vbExclamation, {ok, cancel}, QMessageBox::Warning, ok, vbOK},
@@ -200,21 +165,20 @@ TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
       {vbYesNo + vbQuestion, {yes, no}, QMessageBox::Question, yes, vbYes},
       {vbYesNo + vbExclamation, {yes, no}, QMessageBox::Warning, "", vbNo}};
   QtUi ui;
-  for (const auto& c : cases) {
-    SCOPED_TRACE(c.flags);
+  for (const auto& [flags, buttons, icon, press, result] : cases) {
+    SCOPED_TRACE(flags);
     ModalDriver driver;
     std::vector<QString> shown;
-    QMessageBox* box = nullptr;
-    driver.Then([&](QWidget& widget) {
-      box = qobject_cast<QMessageBox*>(&widget);
+    driver.Then([&, icon = icon, press = press](QWidget& widget) {
+      auto* box = qobject_cast<QMessageBox*>(&widget);
       for (auto* button : box->buttons()) shown.push_back(button->text());
-      EXPECT_EQ(box->icon(), c.icon);
-      EXPECT_EQ(box->windowTitle(), QString::fromUtf8("Orvel Apskaita"));
-      EXPECT_EQ(box->text(), QString::fromUtf8(kQuestion));
-      c.press.isEmpty() ? Key(widget, Qt::Key_Escape) : Press(c.press)(widget);
+      EXPECT_EQ(box->icon(), icon);
+      EXPECT_EQ(box->windowTitle() + "|" + box->text(),
+                QString::fromUtf8("Orvel Apskaita|") + QString::fromUtf8(kQuestion));
+      press.isEmpty() ? Key(widget, Qt::Key_Escape) : Press(press)(widget);
     });
-    EXPECT_EQ(ui.MsgBox(kQuestion, c.flags, "Orvel Apskaita"), c.result);
-    EXPECT_THAT(shown, UnorderedElementsAreArray(c.buttons));
+    EXPECT_EQ(ui.MsgBox(kQuestion, flags, "Orvel Apskaita"), result);
+    EXPECT_THAT(shown, UnorderedElementsAreArray(buttons));
     EXPECT_TRUE(driver.AllDone());
   }
 }
@@ -256,9 +220,7 @@ TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarA
     });
     EXPECT_EQ(prompter.Choose("Grupė", {"Centrinis sandėlis", "Kauno sandėlis", "Parduotuvės"}),
               row);
-    EXPECT_EQ(listed, QStringList({QString::fromUtf8("Centrinis sandėlis"),
-                                   QString::fromUtf8("Kauno sandėlis"),
-                                   QString::fromUtf8("Parduotuvės")}));
+    EXPECT_EQ(listed.join("|"), QString::fromUtf8("Centrinis sandėlis|Kauno sandėlis|Parduotuvės"));
   }
   EXPECT_EQ(prompter.Choose("Grupė", {}), -1);
   QStatusBar bar;
@@ -272,9 +234,15 @@ TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarA
 // ---- popup menus ----------------------------------------------------------
 
 // A form's popup: an entry, a separator, a submenu, a hidden and a disabled
-// entry. Every click is written down.
-struct PopupMenu {
-  PopupMenu() {
+// entry, every click written down. The entries are shown (the hidden one left
+// out, the disabled one greyed: "!"); the pick, down a submenu too, raises its
+// Click and nothing else; a dismissed menu raises none.
+TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
+  const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
+      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
+  QtUi ui;
+  for (const auto& [path, clicks] : cases) {
+    Menu root("mnuPopup", "Meniu");
     root.Add("mnuOpen", "&Atidaryti");
     root.Add("mnuSep", "-");
     Menu& fresh = root.Add("mnuNew", "Naujas");
@@ -282,39 +250,22 @@ struct PopupMenu {
     fresh.Add("mnuCopy", "Kopija");
     root.Add("mnuHidden", "Paslėptas").SetVisible(false);
     root.Add("mnuOff", "Išjungtas").SetEnabled(false);
-    for (const char* name : {"mnuOpen", "mnuEmpty", "mnuCopy", "mnuHidden", "mnuOff"}) {
-      root.Find(name)->OnClick = [this, name] { clicks.push_back(name); };
-    }
-  }
-  Menu root{"mnuPopup", "Meniu"};
-  std::vector<std::string> clicks;
-};
-
-// The entries shown (the hidden one left out, the disabled one greyed); the
-// pick, down a submenu too, raises its Click and nothing else; a dismissed
-// menu raises none.
-TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
-  const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
-      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
-  QtUi ui;
-  for (const auto& [path, clicks] : cases) {
-    PopupMenu popup;
+    std::vector<std::string> clicked;
+    for (const char* name : {"mnuOpen", "mnuEmpty", "mnuCopy", "mnuHidden", "mnuOff"})
+      root.Find(name)->OnClick = [&clicked, name] { clicked.push_back(name); };
     ModalDriver driver;
-    std::vector<QString> entries;
-    std::vector<bool> enabled;
+    QStringList entries;
     driver.Then([&, &path = path](QWidget& widget) {
       for (QAction* action : qobject_cast<QMenu*>(&widget)->actions()) {
-        entries.push_back(action->isSeparator() ? "-" : Plain(action->text()));
-        enabled.push_back(action->isEnabled());
+        entries << (action->isEnabled() ? "" : "!") +
+                       (action->isSeparator() ? "-" : Plain(action->text()));
       }
       path.empty() ? Key(widget, Qt::Key_Escape) : Pick(path[0])(widget);
     });
     for (size_t i = 1; i < path.size(); ++i) driver.Then(Pick(path[i]));
-    ui.PopupMenu(popup.root);
-    EXPECT_THAT(entries, ElementsAreArray(std::vector<QString>{"Atidaryti", "-", "Naujas",
-                                                               QString::fromUtf8("Išjungtas")}));
-    EXPECT_THAT(enabled, ElementsAreArray({true, true, true, false}));
-    EXPECT_EQ(popup.clicks, clicks);
+    ui.PopupMenu(root);
+    EXPECT_EQ(entries.join("|"), QString::fromUtf8("Atidaryti|-|Naujas|!Išjungtas"));
+    EXPECT_EQ(clicked, clicks);
     EXPECT_TRUE(driver.AllDone());
     EXPECT_THAT(driver.unexpected, IsEmpty());
   }
@@ -322,28 +273,20 @@ TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
 
 // ---- modal forms ----------------------------------------------------------
 
-class ModalForm : public Form {
+class ModalForm : public BuiltForm {
  public:
-  ModalForm() : Form("frmModal") {
+  ModalForm() : BuiltForm("frmModal") {
     SetCaption("Langas");
-    cmdHide.SetCaption("Paslėpti");
-    cmdUnload.SetCaption("Uždaryti");
-    Register(cmdHide);
-    Register(cmdUnload);
-    cmdHide.OnClick = [this] { Hide(); };
-    cmdUnload.OnClick = [this] { Unload(); };
+    Add<Button>("cmdHide", "Paslėpti").OnClick = [this] { Hide(); };
+    Add<Button>("cmdUnload", "Uždaryti").OnClick = [this] { Unload(); };
   }
-  Button cmdHide{"cmdHide"};
-  Button cmdUnload{"cmdUnload"};
   int refusals = 0;  // unloads to refuse before one is let through
   int unloads = 0;
 
  protected:
   void Form_QueryUnload(bool& cancel) override {
-    if (refusals > 0) {
-      --refusals;
-      cancel = true;
-    }
+    cancel = refusals > 0;
+    refusals -= cancel;
   }
   void Form_Unload() override { ++unloads; }
 };
@@ -354,12 +297,9 @@ TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
   const struct {
     int refusals;
     std::vector<const char*> actions;  // a button's caption, or "close" for the frame
-    bool loaded;                       // afterwards
-    int unloads;
-  } cases[] = {{0, {"Paslėpti"}, true, 0},
-               {0, {"Uždaryti"}, false, 1},
-               {0, {"close"}, false, 1},
-               {1, {"close", "Paslėpti"}, true, 0}};
+    int unloads;                       // afterwards: loaded when none
+  } cases[] = {{0, {"Paslėpti"}, 0}, {0, {"Uždaryti"}, 1}, {0, {"close"}, 1},
+               {1, {"close", "Paslėpti"}, 0}};
   QtUi ui;
   for (const auto& c : cases) {
     SCOPED_TRACE(c.actions.front());
@@ -381,7 +321,7 @@ TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
     form.ShowModal(ui);
     EXPECT_EQ(title, QString::fromUtf8("Langas"));
     EXPECT_FALSE(form.Visible());
-    EXPECT_EQ(form.Loaded(), c.loaded);
+    EXPECT_EQ(form.Loaded(), c.unloads == 0);
     EXPECT_EQ(form.unloads, c.unloads);
     EXPECT_TRUE(driver.AllDone());
   }
