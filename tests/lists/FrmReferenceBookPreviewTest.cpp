@@ -90,15 +90,14 @@ class FrmReferenceBookPreviewTest : public ModuleTest {
 
 TEST_F(FrmReferenceBookPreviewTest, DefaultColumnsComeFromTheTypesStructure) {
   auto w = Open();
-  EXPECT_EQ(w->SOPanel.Caption(), "Žinynas ");
-  EXPECT_EQ(w->cmdPrint.Caption(), "Spausdinti");
+  EXPECT_EQ(w->SOPanel.Caption() + "|" + w->cmdPrint.Caption() + "|" + w->lblJournalName.Caption() +
+                "|" + w->txtGroupName.Text() + "|" + w->lblStatus.Caption(),
+            "Žinynas |Spausdinti|Žinynas ||");
   EXPECT_TRUE(w->HasGroups());
-  EXPECT_EQ(w->GroupField(), "Name");
-  EXPECT_EQ(w->GroupCaption(), "");
+  EXPECT_EQ(w->GroupField() + "|" + w->GroupCaption(), "Name|");
   EXPECT_EQ(w->Config(), kDefault);
   EXPECT_EQ(w->PrintDict().Item("JRegName"), Variant("Žinynas "));
   EXPECT_EQ(w->PrintDict().Item("JParams"), Variant(""));
-  EXPECT_EQ(w->lblJournalName.Caption(), "Žinynas ");
   EXPECT_EQ(w->ColumnKeys(),
             (std::vector<std::string>{"WZWCode", "WZWName", "WZWAmount", "WZWActive"}));
   // The group column grew to fill 17 cm; the hidden one is not a list column.
@@ -107,8 +106,6 @@ TEST_F(FrmReferenceBookPreviewTest, DefaultColumnsComeFromTheTypesStructure) {
   // Each shown column's list index is written back into its piece.
   EXPECT_EQ(w->ColumnDict().Item("WZWAmount").ArrayValue()[5], Variant("3"));
   EXPECT_EQ(w->ColumnDict().Item("WZWNote").ArrayValue()[5], Variant("5"));
-  EXPECT_EQ(w->txtGroupName.Text(), "");
-  EXPECT_EQ(w->lblStatus.Caption(), "");
   EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_EQ(HostLines(), (std::vector<std::string>{"Call Orvel_GetGroupPreviewField O0000900",

@@ -158,7 +158,8 @@ TEST(Controls, Observer_IsToldOfRealChangesOnly) {
   Button button("cmdEnter");
   Panel panel("SOPanel");
   TextBox text("txtName");
-  for (Control* c : std::initializer_list<Control*>{&button, &panel, &text}) c->SetObserver(&observer);
+  for (Control* c : std::initializer_list<Control*>{&button, &panel, &text})
+    c->SetObserver(&observer);
   button.SetEnabled(false);
   button.SetEnabled(false);
   button.SetCaption("Įrašyti");
