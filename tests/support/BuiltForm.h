@@ -16,7 +16,6 @@ class BuiltForm : public Form {
  public:
   using Form::Form;
 
- protected:
   template <class C>
   C& Add(const char* name, const char* caption = nullptr) {
     std::unique_ptr<C> made;

@@ -231,8 +231,7 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
   combo.SetListIndex(1);
   EXPECT_EQ(combo.Text(), "USD");
   EXPECT_EQ(combo.ItemData(combo.ListIndex()), 2);
-  EXPECT_EQ(clicks, 1);
-  EXPECT_EQ(changes, 0);
+  EXPECT_EQ(std::to_string(clicks) + std::to_string(changes), "10");
   EXPECT_EQ(ErrorOf([&] { combo.SetListIndex(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { combo.ItemData(5); }), 381);
   EXPECT_EQ(combo.List(5), "");
@@ -250,9 +249,8 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
   combo.RemoveItem(0);
   EXPECT_EQ(combo.ListIndex(), 0);  // the picked row moved up
   combo.Clear();
-  EXPECT_EQ(combo.ListCount(), 0);
-  EXPECT_EQ(combo.ListIndex(), -1);
-  EXPECT_EQ(combo.Text(), "");
+  EXPECT_EQ(std::to_string(combo.ListCount()) + std::to_string(combo.ListIndex()) + combo.Text(),
+            "0-1");
 }
 
 TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
@@ -265,8 +263,7 @@ TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
   combo.OnClick = [&] { ++clicks; };
   combo.Pick(suppliers);
   EXPECT_EQ(combo.SelectedItem(), &suppliers);
-  EXPECT_EQ(combo.Text(), "Tiekėjai");
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Tiekėjai 1");
   combo.SetText("Pirkėjai");  // the row that reads the same, without Click
   EXPECT_EQ(combo.SelectedItem(), &combo.ComboItems().Item("G1"));
   EXPECT_EQ(clicks, 1);
