@@ -622,14 +622,12 @@ class FieldSheetViewTest : public ::testing::Test {
     sheet_.AddTab("Notes", "Pastabos");
     sheet_.FillFields();
     sheet_.OnFieldChanged = [this] { log_.push_back("FieldChanged"); };
-    sheet_.OnListMouseUp = [this](const std::string& key, int index, int button, int) {
+    sheet_.OnListMouseUp = [this](const std::string& key, int i, int button, int) {
       ListItem* row = sheet_.TabList(key)->SelectedItem();
-      log_.push_back("ListMouseUp " + key + " " + std::to_string(index) + " " +
-                     std::to_string(button) + " " + (row ? row->Key() : "-"));
+      const std::string selected = row ? row->Key() : "-";
+      log_.push_back(Join({"ListMouseUp", key, to_string(i), to_string(button), selected}, " "));
     };
-    sheet_.OnListDoubleClick = [this](int index) {
-      log_.push_back("ListDoubleClick " + std::to_string(index));
-    };
+    sheet_.OnListDoubleClick = [this](int i) { log_.push_back("ListDoubleClick " + to_string(i)); };
     view_ = std::make_unique<FieldSheetView>(sheet_);
     view_->resize(520, 420);
     view_->show();

@@ -50,9 +50,9 @@
 namespace orvel {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::ElementsAre;
-using ::testing::ElementsAreArray;
 using ::testing::HasSubstr;
 using ::testing::IsEmpty;
 using ::testing::UnorderedElementsAreArray;
@@ -311,11 +311,10 @@ TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
       title = dialog.windowTitle();
       ASSERT_NE(dialog.findChild<FormView*>(), nullptr);
       for (const char* action : c.actions) {
-        if (std::string(action) == "close") {
+        if (std::string(action) == "close")
           dialog.close();
-        } else {
+        else
           ButtonIn(dialog, QString::fromUtf8(action))->click();
-        }
       }
     });
     form.ShowModal(ui);
@@ -503,7 +502,7 @@ TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   QTreeWidgetItem* banks = window_->NodeOf("O0000300");
   ASSERT_NE(banks, nullptr);
   banks->setExpanded(true);
-  EXPECT_THAT(calls_, ElementsAreArray({"GetCall Orvel_GetObjectList 'O0000300'"}));
+  EXPECT_EQ(calls_, std::vector<std::string>{"GetCall Orvel_GetObjectList 'O0000300'"});
   ASSERT_EQ(banks->childCount(), 6);
   EXPECT_THAT(Captions(banks), Contains("AB Šiaulių bankas"));
   EXPECT_FALSE(banks->child(0)->icon(0).isNull());
@@ -558,19 +557,13 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedAndWritten) {
   // make the title.
   const std::string name = ConcatText(Stored("SELECT Name FROM banks WHERE ID = 1"));
   const std::string title = window_->Area()->activeSubWindow()->windowTitle().toStdString();
-  EXPECT_THAT(title, HasSubstr("Banko kortelė"));
-  EXPECT_THAT(title, HasSubstr(name));
+  EXPECT_THAT(title, AllOf(HasSubstr("Banko kortelė"), HasSubstr(name)));
   EXPECT_EQ(window_->WindowsMenu()->actions().back()->text().toStdString(), title);
   QTableWidget* table = FieldTable(view);
-  int swift = -1;
-  bool nameShown = false;
-  for (int row = 0; row < table->rowCount(); ++row) {
-    if (!table->item(row, 0) || !table->item(row, 1)) continue;
-    if (table->item(row, 0)->text().startsWith("SWIFT")) swift = row;
-    if (table->item(row, 1)->text().toStdString() == name) nameShown = true;
-  }
-  EXPECT_TRUE(nameShown) << name;
-  ASSERT_GE(swift, 0);
+  EXPECT_FALSE(table->findItems(QString::fromStdString(name), Qt::MatchExactly).isEmpty()) << name;
+  const auto swiftCaption = table->findItems("SWIFT", Qt::MatchStartsWith);
+  ASSERT_FALSE(swiftCaption.isEmpty());
+  const int swift = swiftCaption[0]->row();
   table->item(swift, 1)->setText("CBVILT2XXXX");
   auto* enter = qobject_cast<QAbstractButton*>(view->WidgetNamed("cmdEnter"));
   ASSERT_NE(enter, nullptr);
@@ -817,11 +810,7 @@ TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
     ASSERT_NE(node, nullptr) << oidr;
     node->setExpanded(true);
   }
-  if (!c.node.empty()) {
-    node = window_->NodeOf(c.node);
-  } else {
-    node = FirstRecord(node);
-  }
+  node = c.node.empty() ? FirstRecord(node) : window_->NodeOf(c.node);
   ASSERT_NE(node, nullptr);
   window_->Tree()->setCurrentItem(node);
   ASSERT_TRUE(window_->ClickNode(node, c.key));

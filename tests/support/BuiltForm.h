@@ -1,11 +1,9 @@
 #pragma once
 
 #include <memory>
-#include <type_traits>
 #include <vector>
 
 #include "ui/Form.h"
-#include "ui/Menu.h"
 
 namespace orvel {
 
@@ -18,17 +16,10 @@ class BuiltForm : public Form {
 
   template <class C>
   C& Add(const char* name, const char* caption = nullptr) {
-    std::unique_ptr<C> made;
-    if constexpr (std::is_same_v<C, Menu>) {
-      made = std::make_unique<C>(name, caption ? caption : "");
-    } else {
-      made = std::make_unique<C>(name);
-      if constexpr (requires { made->SetCaption(""); }) {
-        if (caption) made->SetCaption(caption);
-      }
+    auto& control = static_cast<C&>(*owned_.emplace_back(std::make_unique<C>(name)));
+    if constexpr (requires { control.SetCaption(""); }) {
+      if (caption) control.SetCaption(caption);
     }
-    C& control = *made;
-    owned_.push_back(std::move(made));
     Register(control);
     return control;
   }
