@@ -91,8 +91,7 @@ TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
   object->Fields("Name").SetValue(Variant("mylia"));
   BO("O0000400").FailCallsNamed("Orvel_SaveObject", 60000, "Užimta");
   auto status = object->Save(nullptr, nullptr);
-  EXPECT_EQ(status.Number, 60000);
-  EXPECT_EQ(status.Text, "Užimta");
+  EXPECT_EQ(std::to_string(status.Number) + " " + status.Text, "60000 Užimta");
   EXPECT_EQ(BO("O0000400").Table().Value(2, "Name"), Variant("metras"));
   EXPECT_EQ(object->Fields("Name").Value(), Variant("mylia"));
   object->CancelUpdate();
@@ -101,8 +100,7 @@ TEST_F(StandardObjectsTest, SavesAndReadsThatCannotWorkAreClearFailures) {
   UIO0000400 unread;
   unread.SetUI(adapter_);
   status = unread.Save(nullptr, nullptr);
-  EXPECT_NE(status.Number, 0);
-  EXPECT_FALSE(status.Text.empty());
+  EXPECT_TRUE(status.Number != 0 && !status.Text.empty());
   EXPECT_TRUE(BusinessLines().empty());
   UIO0000400 orphan;
   orphan.SetOIDR("O00004001");
@@ -147,12 +145,10 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   object->Properties("History", "'O00004001',5");
   BO("O0000400").ReplyRead("GetBroken", OrvelBoResult(42, "Sugedo"));
   result = object->Properties("Broken", "");
-  EXPECT_EQ(result.Number, 42);
-  EXPECT_EQ(result.Text, "42");
+  EXPECT_EQ(std::to_string(result.Number) + " " + result.Text, "42 42");
   BO("O0000400").ReplyRead("GetQuiet", OrvelBoResult(-3, "Tyliai"));
   result = object->Properties("Quiet", "");
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_TRUE(result.Number == 0 && result.Value.IsEmpty());
   Variant::Array params{Variant("'O00004001',1")};
   EXPECT_EQ(object->Methods("Recalculate", params).Number, 0);
   Variant::Array none;
@@ -201,8 +197,7 @@ TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowAndAnswersZeroWithoutABusiness
   EXPECT_EQ(adapter->GetMenu(Oidr(1), "C", ""), std::nullopt);
   for (const char* key : {"0", "1", "4", "6", "70S2", "116S0", "x"}) {
     auto result = adapter->ClickMenu(Oidr(1), "", key, "");
-    EXPECT_EQ(result.Action, OrvelMenuResult::kNothing) << key;
-    EXPECT_TRUE(result.Value.IsEmpty()) << key;
+    EXPECT_TRUE(result.Action == OrvelMenuResult::kNothing && result.Value.IsEmpty()) << key;
   }
   EXPECT_FALSE(adapter->AddToDeskTopOrvelObject(Oidr(1)));
   EXPECT_TRUE(adapter->DragOK(Oidr(1), "x", "y"));
@@ -212,14 +207,11 @@ TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowAndAnswersZeroWithoutABusiness
   host_.Log().Clear();
   for (const char* name : {"GetObjectForm", "Structure", "Firms"}) {
     auto result = object->Properties(name, "");
-    EXPECT_EQ(result.Number, 0) << name;
-    EXPECT_EQ(result.Text, "") << name;
-    EXPECT_TRUE(result.Value.IsEmpty()) << name;
+    EXPECT_TRUE(result.Number == 0 && result.Text.empty() && result.Value.IsEmpty()) << name;
   }
   Variant::Array params{Variant("'x'")};
   auto result = object->Methods("DoSomething", params);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
+  EXPECT_TRUE(result.Number == 0 && result.Value.IsEmpty());
   EXPECT_TRUE(BusinessLines().empty());
 }
 
@@ -230,9 +222,8 @@ TEST_P(SmallAdapterTest, OffersNoMenuNoKeyNoWindowAndAnswersZeroWithoutABusiness
 TEST_P(SmallAdapterTest, ReadsListsAndDeletesThroughTheBusinessObject) {
   auto object = Adapter(Oid())->GetOrvelObject(Oidr(2));
   ASSERT_NE(object, nullptr);
-  EXPECT_EQ(object->OIDR(), Oidr(2));
-  EXPECT_EQ(object->OID(), Oid());
-  EXPECT_EQ(object->Preview(), "antras");
+  EXPECT_EQ(object->OIDR() + " " + object->OID() + " " + object->Preview(),
+            Oidr(2) + " " + Oid() + " antras");
   EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
   EXPECT_EQ(object->UI(), Adapter(Oid()));
   EXPECT_EQ(object->BO(), host_.BusinessObject(Oid()));
