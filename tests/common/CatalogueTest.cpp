@@ -51,10 +51,10 @@ TEST_F(FormatDecimalTextTest, FormatsNumbersInTheUisLocaleWithoutGroupingAndBlan
 }
 
 TEST(Catalogue, NullToLongGivesZeroForNullAndConvertsTheRest) {
-  EXPECT_EQ(NullToLong(Variant::Null()), 0);
-  EXPECT_EQ(NullToLong(Variant()), 0);
-  EXPECT_EQ(NullToLong(Variant(2.5)), 2);
-  EXPECT_EQ(NullToLong(Variant("17")), 17);
+  for (const auto& [value, expected] : {std::pair<Variant, int32_t>{Variant::Null(), 0},
+                                        {Variant(), 0}, {2.5, 2}, {"17", 17}}) {
+    EXPECT_EQ(NullToLong(value), expected) << Describe(value);
+  }
 }
 
 // A repeated column key is refused.
@@ -62,7 +62,6 @@ TEST(Catalogue, ParseColumnConfigSplitsPrintParametersAndNumbersTheColumns) {
   Dictionary print, columns;
   columns.Add("old", Variant(1));
   ParseColumnConfig("A4;1;0#Code;1;800#Name;0;3000", print, columns);
-
   ASSERT_TRUE(print.Exists("JPrintParams"));
   EXPECT_EQ(print.Item("JPrintParams"),
             Variant(Variant::Array{Variant("A4"), Variant("1"), Variant("0")}));
@@ -76,14 +75,11 @@ TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
   auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
   rs->AddRow({Variant("EUR")});
   rs->AddRow({Variant("USD")});
-
   EXPECT_TRUE(FilterRecordset(rs, "Code = 'usd'"));
   EXPECT_EQ(rs->RecordCount(), 1);
-
   EXPECT_FALSE(FilterRecordset(rs, "Code = 'GBP'"));
   EXPECT_EQ(rs->RecordCount(), 2);
   EXPECT_FALSE(rs->IsEOF());
-
   EXPECT_FALSE(FilterRecordset(nullptr, "Code = 'EUR'"));
   EXPECT_FALSE(FilterRecordset(std::make_shared<MemoryRecordset>(), "Code = 'EUR'"));
 }
@@ -115,32 +111,26 @@ class CatalogueHostTest : public ModuleTest {
   }
 };
 
-TEST_F(CatalogueHostTest, CreatorLineOfANewRecordNamesThePresentUserAsCreator) {
-  auto object = Adapter("O0000400")->GetOrvelObject("");
-  ASSERT_NE(object, nullptr);
-  EXPECT_EQ(CreatorLine(*object), "Sukūrė:Jonas Jonaitis");
-  EXPECT_EQ(object->Fields("CreatedByUser").Value(), Variant("Jonas Jonaitis"));
-  EXPECT_TRUE(object->Fields("UpdatedByUser").Value().IsNull());
-}
-
-TEST_F(CatalogueHostTest, CreatorLineOfAStoredRecordShowsTheFormerUpdaterThenRecordsThePresentOne) {
+// A new record names the present user as its creator; a stored one shows its
+// former updater, then records the present one.
+TEST_F(CatalogueHostTest, CreatorLineShowsTheCreatorAndTheFormerUpdaterAndRecordsThePresentUser) {
+  auto fresh = Adapter("O0000400")->GetOrvelObject("");
+  ASSERT_NE(fresh, nullptr);
+  EXPECT_EQ(CreatorLine(*fresh), "Sukūrė:Jonas Jonaitis");
+  EXPECT_EQ(fresh->Fields("CreatedByUser").Value(), Variant("Jonas Jonaitis"));
+  EXPECT_TRUE(fresh->Fields("UpdatedByUser").Value().IsNull());
   auto created = Object("O00004001");
-  ASSERT_NE(created, nullptr);
   EXPECT_EQ(CreatorLine(*created), "Sukūrė:Ona(2024-03-01)");
   EXPECT_EQ(created->Fields("UpdatedByUser").Value(), Variant("Jonas Jonaitis"));
-
-  auto edited = Object("O00004002");
-  ASSERT_NE(edited, nullptr);
-  EXPECT_EQ(CreatorLine(*edited), "Sukūrė:Ona(2024-03-01), koregavo:Petras(2025-01-15)");
+  EXPECT_EQ(CreatorLine(*Object("O00004002")),
+            "Sukūrė:Ona(2024-03-01), koregavo:Petras(2025-01-15)");
 }
 
 TEST_F(CatalogueHostTest, GetObjectRightsAsksTheFourRightsInOrder) {
   host_.Rights()->Deny("CFirms", TestRights::Right::Delete);
   auto rights = GetObjectRights("CFirms");
-  EXPECT_TRUE(rights.CanRead);
-  EXPECT_FALSE(rights.CanDelete);
-  EXPECT_TRUE(rights.CanUpdate);
-  EXPECT_TRUE(rights.CanInsert);
+  EXPECT_EQ((std::vector{rights.CanRead, rights.CanDelete, rights.CanUpdate, rights.CanInsert}),
+            (std::vector{true, false, true, true}));
   EXPECT_EQ(host_.Log().Lines(Channel::Rights),
             (std::vector<std::string>{"CanRead CFirms 0", "CanDelete CFirms 0",
                                       "CanUpdate CFirms 0", "CanInsert CFirms 0"}));
@@ -197,11 +187,9 @@ TEST_F(CatalogueHostTest, SelectGroupPutsTheLastReferenceOfThePickedPathIntoTheB
   EXPECT_EQ(picker->Caption(), "Pažymėkite norimą grupę");
   EXPECT_EQ(picker->SelectKind(), "Group");
   EXPECT_EQ(picker->ShowCount(), 1);
-
   // Without a box the name travels in the result.
   host_.HostClasses()->QueueGroupSelect("O00004002", "metras", "O0000400");
   EXPECT_EQ(SelectGroup("O0000400", "Grupė", nullptr), "O00004002_metras");
-
   // The root clears the box; a cancel or another type leaves it.
   host_.HostClasses()->QueueGroupSelect("O0000400", "", "O0000400");
   EXPECT_EQ(SelectGroup("O0000400", "Grupė", &box), "O0000400");
