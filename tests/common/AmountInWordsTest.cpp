@@ -74,10 +74,13 @@ TEST_P(TripletToWordsTest, SpellsTheNumber) {
 INSTANTIATE_TEST_SUITE_P(
     All, TripletToWordsTest,
     testing::Values(TripletCase{"000", true, ""}, TripletCase{"007", true, "septynios"},
-                    TripletCase{"012", true, "dvylika"}, TripletCase{"051", true, "penkiasdešimt viena"},
-                    TripletCase{"100", true, "vienas šimtas"}, TripletCase{"205", true, "du šimtai penkios"},
-                    TripletCase{"310", false, "trys šimtai dešimt"}, TripletCase{"-5", false, "penki"},
-                    TripletCase{"1000", false, ""}, TripletCase{"", false, ""}, TripletCase{"1x", false, ""},
+                    TripletCase{"012", true, "dvylika"},
+                    TripletCase{"051", true, "penkiasdešimt viena"},
+                    TripletCase{"100", true, "vienas šimtas"},
+                    TripletCase{"205", true, "du šimtai penkios"},
+                    TripletCase{"310", false, "trys šimtai dešimt"},
+                    TripletCase{"-5", false, "penki"}, TripletCase{"1000", false, ""},
+                    TripletCase{"", false, ""}, TripletCase{"1x", false, ""},
                     TripletCase{"213", false, "du šimtai trylika"}));
 
 struct WordsCase {

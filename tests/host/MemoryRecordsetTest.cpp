@@ -59,7 +59,9 @@ TEST(RecordsetFields, RefusalsAreTheRuntimesErrors) {
       {[&] { rs.StoredValue(3, 0); }, RuntimeError::kSubscript},
       {[&] { rs.StoredValue(0, 4); }, RuntimeError::kSubscript},
       {[&] { rs.FieldName(4); }, RuntimeError::kSubscript}};
-  for (size_t i = 0; i < calls.size(); ++i) EXPECT_EQ(ErrorOf(calls[i].first), calls[i].second) << i;
+  for (size_t i = 0; i < calls.size(); ++i) {
+    EXPECT_EQ(ErrorOf(calls[i].first), calls[i].second) << i;
+  }
   EXPECT_EQ(rs.StoredRowCount(), 3u);
   EXPECT_EQ(rs.RecordCount(), 3);
 }

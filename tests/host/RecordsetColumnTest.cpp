@@ -56,7 +56,8 @@ TEST_P(RecordsetColumnTest, GivesBackWhatWentInThroughEditsAndRemovals) {
 INSTANTIATE_TEST_SUITE_P(
     Kinds, RecordsetColumnTest,
     ::testing::Values(
-        Values{Variant("Pienas"), Variant(""), Variant::Null(), Variant("Grietinė 30 %"), Variant()},
+        Values{Variant("Pienas"), Variant(""), Variant::Null(), Variant("Grietinė 30 %"),
+               Variant()},
         Values{Variant(), Variant::Null(), Variant(5), Variant(-2147483647 - 1), Variant::Null()},
         Values{Variant(1.5), Variant::Null(), Variant(-0.0), Variant(1e300)},
         Values{Variant(true), Variant(false), Variant()},

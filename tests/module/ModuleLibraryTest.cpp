@@ -121,7 +121,8 @@ TEST_F(ModuleLibraryTest, BadInputComesBackAsResultsNeverAsExceptions) {
     }
   }
   ASSERT_EQ(host.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host.Ui()->Boxes()[0].prompt, "Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų");
+  EXPECT_EQ(host.Ui()->Boxes()[0].prompt,
+            "Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų");
   // A record set the module made: refusals are statuses, not throws.
   host.SetAdapterSource([module](const std::string& oid) {
     return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));

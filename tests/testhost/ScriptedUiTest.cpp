@@ -52,9 +52,11 @@ TEST_F(ScriptedUiStrictTest, UnansweredBoxOrPopup_AndLeftoverAnswers_AreComplain
   EXPECT_THAT(complaints,
               ElementsAre("ScriptedUi: message box nobody queued an answer for: \"Išsaugoti?\" "
                           "(flags 4, title \"Orvel Apskaita\")",
-                          "ScriptedUi: popup menu mnuList nobody queued a pick for (it shows mnuOpen)",
+                          "ScriptedUi: popup menu mnuList nobody queued a pick for "
+                          "(it shows mnuOpen)",
                           "ScriptedUi: answers queued but no message box asked for them: 7",
-                          "ScriptedUi: popup picks queued but no popup menu asked for them: mnuOpen",
+                          "ScriptedUi: popup picks queued but no popup menu asked for them: "
+                          "mnuOpen",
                           "ScriptedUi: 1 modal scripts queued but no dialog was shown for them"));
   EXPECT_EQ(ui.PendingAnswers(), 0u);  // each leftover is told once
   complaints.clear();
