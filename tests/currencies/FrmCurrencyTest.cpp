@@ -5,6 +5,8 @@
 #include "currencies/CurrencyTestBase.h"
 #include "currencies/frmCurrency.h"
 #include "currencies/frmCurrencyRate.h"
+#include "host/Text.h"
+#include "support/TextRecords.h"
 #include "support/Controls.h"
 #include "testhost/TestWindowManager.h"
 
@@ -17,11 +19,8 @@ class FrmCurrencyTest : public CurrencyTestBase {
  protected:
   void SetUp() override {
     CurrencyTestBase::SetUp();
-    auto history =
-        std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code", "DateD", "Rate"});
-    history->AddRow({Variant("USD"), Variant(DateSerial(2026, 11, 2)), Variant(2.5)});
-    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 2)), Variant(3.4528)});
-    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 3)), Variant(1.0 / 3)});
+    auto history = TextRecords("Code DateD Rate", {"USD|@2026-11-02|2.5", "EUR|@2026-11-02|3.4528",
+                                                   "EUR|@2026-11-03|0.3333333333333333"});
     BO(kOid).ReplyRead("GetCurrencyRates", history);
     BO(kOid).ReplyRead("GetCurrencyList", CurrencyList(DefaultStored()));
   }
@@ -41,6 +40,13 @@ class FrmCurrencyTest : public CurrencyTestBase {
   static std::string ButtonsOf(frmCurrency& w) {
     return OnOff({&w.cmdWrite, &w.cmdGo, &w.SSCNew, &w.cmdDayRate});
   }
+  // The code, name and period frames and the rate list, 1 when visible.
+  static std::string Shown(frmCurrency& w) {
+    std::string shown;
+    const Control* shownControls[] = {&w.frameCode, &w.frameName, &w.framePeriod, &w.lvwRates};
+    for (const Control* c : shownControls) shown += c->Visible() ? "1" : "0";
+    return shown;
+  }
 };
 
 TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates) {
@@ -48,36 +54,29 @@ TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates)
   auto w = Open("O00022005");
   ASSERT_TRUE(w);
   w->Show();
-  EXPECT_EQ(w->SOPanel.Caption(), " Valiuta: EUR");
-  EXPECT_EQ(w->txtCode.Text(), "EUR");
-  EXPECT_EQ(w->txtState.Text(), "Europos");
-  EXPECT_EQ(w->txtTenCurr.Text(), "eurų");
-  EXPECT_EQ(w->txtTwoSmall.Text(), "centai");
+  EXPECT_EQ(Join({w->SOPanel.Caption(), w->txtCode.Text(), w->txtState.Text(),
+                  w->txtTenCurr.Text(), w->txtTwoSmall.Text(), w->txtFixedRate.Text(),
+                  w->lblTwoCurr.Caption(), w->SelectedTab()},
+                 "|"),
+            " Valiuta: EUR|EUR|Europos|eurų|centai|0,0000|Du|Data");
   EXPECT_EQ(w->chkFixedRate.Value(), vbUnchecked);
-  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000");
-  EXPECT_FALSE(w->txtFixedRate.Enabled());
   EXPECT_EQ(w->cmbGenderCurr.ListIndex(), 0);
-  EXPECT_EQ(w->lblTwoCurr.Caption(), "Du");
   EXPECT_FALSE(w->Changed());
-  EXPECT_EQ(w->SelectedTab(), "Data");
-  EXPECT_TRUE(w->frameCode.Visible());
-  EXPECT_FALSE(w->lvwRates.Visible());
-  EXPECT_EQ(ButtonsOf(*w), "0011");
+  EXPECT_EQ(OnOff({&w->txtFixedRate}) + Shown(*w) + " " + ButtonsOf(*w), "01100 0011");
 
   EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 10, 24)));
   EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 11, 23)));
   ASSERT_EQ(w->lvwRates.ListItems().Count(), 2);
-  EXPECT_EQ(w->lvwRates.ListItems().Item(1).Text(), "2026-11-02");
-  EXPECT_EQ(w->lvwRates.ListItems().Item(2).ListSubItems().Item(1).Text(), "0,33333333");
+  EXPECT_EQ(w->lvwRates.ListItems().Item(1).Text() + " " +
+                w->lvwRates.ListItems().Item(2).ListSubItems().Item(1).Text(),
+            "2026-11-02 0,33333333");
 }
 
 TEST_F(FrmCurrencyTest, TheHistoryAsksForThePeriodInQuotes) {
   auto w = Open("O00022005");
   w->TabStrip_Click("Rates");
   EXPECT_EQ(ButtonsOf(*w), "0111");
-  EXPECT_TRUE(w->lvwRates.Visible());
-  EXPECT_TRUE(w->framePeriod.Visible());
-  EXPECT_FALSE(w->frameName.Visible());
+  EXPECT_EQ(Shown(*w), "0011");
   w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 11, 3)));
   w->cmdGo.Click();
   EXPECT_EQ(BusinessLines(),
@@ -191,11 +190,11 @@ TEST_F(FrmCurrencyTest, AWriteStoresTheFieldsAndTellsTheHostButKeepsTheNewHeadin
   w->cmbGenderSmall.Pick(1);
   w->cmdWrite.Click();
   ASSERT_TRUE(host_.Ui()->Boxes().empty()) << Boxes()[0];
-  auto id = BO(kOid).Table().Ids().back();
-  EXPECT_EQ(BO(kOid).Table().Value(id, "Code"), Variant("GBP"));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "FixedRate"), Variant(4.1));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "GenderSmall"), Variant(int32_t{1}));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "TenCurr"), Variant("svarų"));
+  std::string stored;
+  for (const char* field : {"Code", "FixedRate", "GenderSmall", "TenCurr"}) {
+    stored += ConcatText(BO(kOid).Table().Value(BO(kOid).Table().Ids().back(), field)) + "|";
+  }
+  EXPECT_EQ(stored, "GBP|4,1|1|svarų|");
   EXPECT_EQ(host_.WindowManager()->Saved().back(), w->OrvelObjectUIO()->OIDR());
   EXPECT_FALSE(w->Changed());
   EXPECT_EQ(w->SOPanel.Caption(), " &Nauja valiuta");
