@@ -5,12 +5,14 @@
 
 #include <chrono>
 #include <map>
+#include <tuple>
 
 #include "currencies/CurrencyTestBase.h"
 #include "currencies/RateServiceSettings.h"
 #include "currencies/SoapClient.h"
 #include "currencies/frmCurrencyRates.h"
 #include "hostkit/LoopbackRateService.h"
+#include "support/Controls.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestWindowManager.h"
 
@@ -154,53 +156,38 @@ TEST_F(FrmCurrencyRatesTest, AFutureDateClearsTheListAndAsksNothing) {
 
 const Date kEuroDay = DateSerial(2025, 3, 14);
 
-// The current service's own error reply is shown the same way.
-struct ServiceFailure {
-  const char* what;
-  Behaviour behaviour;
-  const char* detail;
-  Date day = kDay;
-};
-void PrintTo(const ServiceFailure& c, std::ostream* out) {
-  *out << c.what << " " << static_cast<int>(c.behaviour);
+// The current service's own error reply is shown the same way. The service then recovers and
+// the user presses cmdGo again.
+TEST_F(FrmCurrencyRatesTest, AServiceFailureIsToldAndTheWindowStaysUsable) {
+  for (const auto& [what, behaviour, detail, day, rows] :
+       {std::tuple{"wsdl", Behaviour::kHttp500, "HTTP 500", kDay, 40},
+        {"getExchangeRatesByDate", Behaviour::kSilent, "getExchangeRatesByDate", kDay, 40},
+        {"getListOfCurrencies", Behaviour::kSoapFault, "SOAP Fault", kDay, 40},
+        {"getFxRates", Behaviour::kOperationError, "\nNeteisingi parametrai: nėra duomenų",
+         kEuroDay, 20}}) {
+    SCOPED_TRACE(what);
+    service_.SetBehaviour(what, behaviour);
+    host_.Ui()->ClearBoxes();
+    host_.Log().Clear();
+    host_.Ui()->QueueAnswer(vbOK);
+    Fill(day);
+    ASSERT_EQ(Boxes().size(), 1u);
+    EXPECT_EQ(Boxes()[0].rfind(std::string("0 ") + kTitle +
+                                   " Lietuvos Banko INTERNET svetainė nepasiekiama!\n",
+                               0),
+              0u)
+        << Boxes()[0];
+    EXPECT_NE(Boxes()[0].find(detail), std::string::npos) << Boxes()[0];
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(window_->BankRates(), nullptr);
+    EXPECT_EQ(OnOff({&window_->cmdWrite, &window_->cmdGo, &window_->SSCClose}), "011");
+    EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+    EXPECT_TRUE(BusinessLines().empty());
+    service_.SetBehaviour(what, Behaviour::kAnswer);
+    Fill(day);
+    EXPECT_EQ(Rows(), rows);
+  }
 }
-
-class RatesServiceFailureTest : public FrmCurrencyRatesTest,
-                                public ::testing::WithParamInterface<ServiceFailure> {};
-
-TEST_P(RatesServiceFailureTest, TheUserIsToldAndTheWindowStaysUsable) {
-  service_.SetBehaviour(GetParam().what, GetParam().behaviour);
-  host_.Ui()->QueueAnswer(vbOK);
-  Fill(GetParam().day);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  const auto& box = host_.Ui()->Boxes()[0];
-  EXPECT_EQ(box.flags, 0);
-  EXPECT_EQ(box.title, kTitle);
-  EXPECT_EQ(box.prompt.rfind("Lietuvos Banko INTERNET svetainė nepasiekiama!\n", 0), 0u)
-      << box.prompt;
-  EXPECT_NE(box.prompt.find(GetParam().detail), std::string::npos) << box.prompt;
-  EXPECT_EQ(Rows(), 0);
-  EXPECT_EQ(window_->BankRates(), nullptr);
-  EXPECT_FALSE(window_->cmdWrite.Enabled());
-  EXPECT_TRUE(window_->cmdGo.Enabled());
-  EXPECT_TRUE(window_->SSCClose.Enabled());
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  EXPECT_TRUE(BusinessLines().empty());
-
-  // The service recovers; the user presses cmdGo again.
-  service_.SetBehaviour(GetParam().what, Behaviour::kAnswer);
-  Fill(GetParam().day);
-  EXPECT_EQ(Rows(), GetParam().day.serial == kDay.serial ? 40 : 20);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Failures, RatesServiceFailureTest,
-    ::testing::Values(ServiceFailure{"wsdl", Behaviour::kHttp500, "HTTP 500"},
-                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kSilent,
-                                     "getExchangeRatesByDate"},
-                      ServiceFailure{"getListOfCurrencies", Behaviour::kSoapFault, "SOAP Fault"},
-                      ServiceFailure{"getFxRates", Behaviour::kOperationError,
-                                     "\nNeteisingi parametrai: nėra duomenų", kEuroDay}));
 
 TEST_F(FrmCurrencyRatesTest, AMissingClientIsToldAsMissingSoftware) {
   SoapClient::SetFactory([]() -> std::unique_ptr<SoapClient> { return nullptr; });
@@ -384,12 +371,12 @@ TEST_F(FxRatesTest, AEuroEraDayAsksTheCurrentServiceForTheAccountingRates) {
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
+// The user's source and rate type settings ("" none) and the day; the operation asked for the
+// rates and the rate type sent ("" for the old service).
 struct SourceCase {
-  const char* source;  // the user's setting, "" none
-  const char* type;    // the rate type setting, "" none
+  const char *source, *type;
   Date day;
-  const char* asked;  // the operation asked for the rates
-  const char* tp;     // the rate type sent, "" for the old service
+  const char *asked, *tp;
 };
 
 class RateSourceChoiceTest : public FxRatesTest,
