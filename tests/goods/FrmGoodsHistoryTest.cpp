@@ -13,7 +13,6 @@
 #include "orvel/ImageList.h"
 #include "orvel/OrvelMainForm.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/StubObjectUI.h"
 #include "support/TextRecords.h"

@@ -14,7 +14,6 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
-#include "support/CaseName.h"
 #include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"

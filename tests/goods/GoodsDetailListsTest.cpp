@@ -7,7 +7,6 @@
 #include "goods/GoodsCardFixture.h"
 #include "host/Convert.h"
 #include "host/Text.h"
-#include "support/CaseName.h"
 #include "support/TextRecords.h"
 #include "ui/ListItem.h"
 #include "ui/ListSubItem.h"

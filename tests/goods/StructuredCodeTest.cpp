@@ -8,7 +8,6 @@
 #include "goods/StructuredCode.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "host/Convert.h"

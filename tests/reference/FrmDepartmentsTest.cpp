@@ -8,8 +8,8 @@
 #include "orvel/Ui.h"
 #include "reference/frmDepartments.h"
 #include "support/CardTest.h"
-#include "support/CaseName.h"
 #include "support/Controls.h"
+#include "support/TextRecords.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
@@ -32,23 +32,16 @@ class FrmDepartmentsTest : public CardTest<frmDepartments> {
     table.SetDefault("ParentID", Variant(0));
     table.SetDefault("GroupFlag", Variant(0));
     table.SetDefault("FirmBranchID", Variant::Null());
-    table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Administracija")}},
-                {{"ParentID", Variant(1)},
-                 {"Name", Variant("Buhalterija")},
-                 {"FirmBranchID", Variant(11)}},
-                {{"Name", Variant("Sandėlis")}, {"FirmBranchID", Variant(99)}}});
+    table.Seed(SeedRows("GroupFlag Name ParentID FirmBranchID",
+                        {"1|Administracija", "|Buhalterija|1|11", "|Sandėlis||99"}));
     BO(kDepartments)
         .ReplyRead("DO0001604_GetFirmBranches",
-                   Branches({{11, "UAB Medis, Kaunas"}, {12, "UAB Medis, Vilnius"}}));
+                   Branches({"11|UAB Medis, Kaunas", "12|UAB Medis, Vilnius"}));
     MakeAdapter();
   }
 
-  static std::shared_ptr<MemoryRecordset> Branches(
-      const std::vector<std::pair<int32_t, std::string>>& rows) {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID", "Preview"});
-    for (const auto& [id, preview] : rows) rs->AddRow({Variant(id), Variant(preview)});
-    if (!rows.empty()) rs->MoveFirst();
-    return rs;
+  static std::shared_ptr<MemoryRecordset> Branches(const std::vector<std::string>& rows) {
+    return TextRecords("ID Preview", rows);
   }
 
   // "heading|name|group (tag)|branch (tag)|" and Write, Cancel, New, the
@@ -96,12 +89,9 @@ TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) 
   EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
 }
 
+// The captions: the heading, the group's label and the name's.
 struct CaptionCase {
-  const char* name;
-  const char* oidr;
-  const char* otype;
-  const char* key;
-  const char* captions;  // the heading, the group's label and the name's
+  const char *name, *oidr, *otype, *key, *captions;
   bool isNew;
 };
 
@@ -160,7 +150,7 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   std::string asked;
   host_.ObjectManager()->OnCall("OrvelGroupSelect", [&](const std::string& param) {
     asked = param;
-    return OrvelResult{0, "", Variant(Branches({{12, "UAB Medis, Vilnius"}}))};
+    return OrvelResult{0, "", Variant(Branches({"12|UAB Medis, Vilnius"}))};
   });
   w->cmdFirmBranches.Click();
   EXPECT_EQ(asked, "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą");
@@ -223,10 +213,9 @@ TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesSto
   w->txtName.Edit("Kasa");
   w->cmdWrite.Click();
   ASSERT_EQ(host_.WindowManager()->Saved(), std::vector<std::string>{"O00016044"});
-  EXPECT_EQ(Stored(4, "Name"), Variant("Kasa"));
-  EXPECT_EQ(CLng(Stored(4, "ParentID")), 1);
-  EXPECT_EQ(CLng(Stored(4, "GroupFlag")), 0);
-  EXPECT_EQ(w->OrvelObjectUIO()->Preview(), "Kasa");
+  EXPECT_EQ(ConcatText(Stored(4, "Name")) + " " + ConcatText(Stored(4, "ParentID")) + " " +
+                ConcatText(Stored(4, "GroupFlag")) + " " + w->OrvelObjectUIO()->Preview(),
+            "Kasa 1 0 Kasa");
   EXPECT_EQ(Card(*w), " Padalinys|Kasa|Administracija (O00016041)| (0)|00111");
 }
 
@@ -248,8 +237,7 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
 TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   auto w = Open("O00016041", "0", "Group");
   w->SSCNew.Click();
-  EXPECT_TRUE(w->IsNew());
-  EXPECT_TRUE(w->IsGroup());
+  EXPECT_TRUE(w->IsNew() && w->IsGroup());
   EXPECT_EQ(Card(*w), " Nauja padalinių grupė|| ()| (0)|00011");
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
 }
