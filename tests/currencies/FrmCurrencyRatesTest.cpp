@@ -216,47 +216,37 @@ TEST_F(FrmCurrencyRatesTest, AReplyWithoutRowsEnablesAWriteThatDoesNothing) {
   }
 }
 
+// In the order of the stored list; DKK has a fixed rate, LTL and XAU are not
+// quoted. Rates are divided by the quantity, unrounded; a quantity of zero or
+// no number writes nothing for that code; a write that fails half way keeps
+// what was written. The list is read again after, with its rows.
 TEST_F(FrmCurrencyRatesTest, WritingAllStoresTheRatePerUnitOfEveryFloatingCurrency) {
+  const auto write = [&](const std::vector<std::string>& saves, const char* box = nullptr) {
+    Fill();
+    host_.Log().Clear();
+    if (box) host_.Ui()->QueueAnswer(vbOK);
+    window_->cmdWrite.Click();
+    EXPECT_EQ(Saves(), saves);
+    EXPECT_EQ(Boxes(), box ? std::vector<std::string>{box} : std::vector<std::string>{});
+    EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+    host_.Ui()->ClearBoxes();
+  };
   stored_.push_back({"CZK", "O000220010", "Čekijos", "krona", Variant::Null(), 0, 0});
   stored_.push_back({"JPY", "O000220011", "Japonijos", "jena", Variant(0.03), 0, 0});
-  Fill();
-  host_.Log().Clear();
-  window_->cmdWrite.Click();
-  // In the order of the stored list; DKK has a fixed rate, LTL and XAU are
-  // not quoted. Rates are divided by the quantity, unrounded.
-  EXPECT_EQ(Saves(), (std::vector<std::string>{
-                         "'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606",
-                         "'CZK','2010-12-30',0.137635", "'JPY','2010-12-30',0.032088"}));
-  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+  write({"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606", "'CZK','2010-12-30',0.137635",
+         "'JPY','2010-12-30',0.032088"});
   EXPECT_EQ(Line("CZK"), "Czech koruna|100|CZK|13,7635|0,13763500|Čekijos krona|O000220010");
   EXPECT_EQ(Line("DKK").substr(0, 29), "Danish krone|1|DKK|0,4631|0,4");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmCurrencyRatesTest, AQuantityOfZeroOrNoNumberWritesNothingForThatCode) {
+  stored_ = DefaultStored();
+  failOn_ = "USD";
+  write({"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"},
+        "48 Apskaita 2010 Kursas užrakintas\nĮrašymas neatliktas!");
+  EXPECT_EQ(Rows(), 40);
+  EXPECT_EQ(Line("USD"), "US dollar|1|USD|2,6060|2,50000000|JAV doleris|O00022006");
   service_.SetRates({{"2010.12.30", "EUR", "0", "3.4528"},
                      {"2010.12.30", "USD", "vienas", "2.606"},
                      {"2010.12.30", "XAU", "100", "275"}});
-  Fill();
-  host_.Log().Clear();
-  window_->cmdWrite.Click();
-  EXPECT_EQ(Saves(), std::vector<std::string>{"'XAU','2010-12-30',2.75"});
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmCurrencyRatesTest, AWriteThatFailsHalfWayKeepsWhatWasWrittenAndReloads) {
-  failOn_ = "USD";
-  Fill();
-  host_.Log().Clear();
-  host_.Ui()->QueueAnswer(vbOK);
-  window_->cmdWrite.Click();
-  EXPECT_EQ(Saves(),
-            (std::vector<std::string>{"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"}));
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"48 Apskaita 2010 Kursas užrakintas\nĮrašymas neatliktas!"});
-  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
-  EXPECT_EQ(Rows(), 40);
-  EXPECT_EQ(Line("USD"), "US dollar|1|USD|2,6060|2,50000000|JAV doleris|O00022006");
+  write({"'XAU','2010-12-30',2.75"});
 }
 
 TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {

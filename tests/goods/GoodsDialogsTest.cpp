@@ -17,6 +17,7 @@
 #include "host/Convert.h"
 #include "host/Text.h"
 #include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/StubObjectUIO.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
@@ -103,16 +104,13 @@ TEST_F(GroupChangeTest, TypedValueGoesOutWithPointAndSign) {
 
 TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
-    EXPECT_FALSE(dialog.cmdEnter.Enabled());
-    EXPECT_FALSE(dialog.cmdCancel.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "00");
     Type(Box(dialog), "3");
-    EXPECT_TRUE(dialog.cmdEnter.Enabled());
-    EXPECT_TRUE(dialog.cmdCancel.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "11");
+    // Emptied again, the dialog can be left only by its close box.
     Type(Box(dialog), "\b");
-    // The dialog can then be left only by its close box.
-    EXPECT_FALSE(dialog.cmdCancel.Enabled());
     dialog.chkWithSubGroups.Click();
-    EXPECT_FALSE(dialog.cmdEnter.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "00");
   });
   EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
 }
@@ -127,8 +125,7 @@ TEST_F(GroupChangeTest, CancelOrARefusedChangeClosesTheDialogSilently) {
     });
     EXPECT_FALSE(loadedAfterUser);
   }
-  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
-  EXPECT_TRUE(Sent("UpdateGaranty").empty());
+  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty() && Sent("UpdateGaranty").empty());
   BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
     Type(Box(dialog), "150");
