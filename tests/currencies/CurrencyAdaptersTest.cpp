@@ -7,7 +7,6 @@
 #include "currencies/frmCurrency.h"
 #include "currencies/frmCurrencyRate.h"
 #include "currencies/frmCurrencyRates.h"
-#include "host/Text.h"
 #include "testhost/TestWindowManager.h"
 
 namespace orvel {

@@ -5,8 +5,6 @@
 #include "currencies/CurrencyTestBase.h"
 #include "currencies/frmCurrency.h"
 #include "currencies/frmCurrencyRate.h"
-#include "host/Text.h"
-#include "support/TextRecords.h"
 #include "support/Controls.h"
 #include "testhost/TestWindowManager.h"
 

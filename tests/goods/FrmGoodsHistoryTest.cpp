@@ -1,9 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
-#include <memory>
 #include <set>
-#include <string>
 #include <vector>
 
 #include "goods/GoodsDialogs.h"

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "adapters/UI0000200.h"
 #include "goods/GoodsDialogs.h"
 #include "goods/GoodsSettings.h"
@@ -16,11 +12,8 @@
 #include "support/CardTest.h"
 #include "support/Controls.h"
 #include "support/TextRecords.h"
-#include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {

@@ -3,13 +3,9 @@
 // opens the lists, a new record in the same window, and the row editors.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "goods/GoodsCardFixture.h"
-#include "host/Convert.h"
 #include "orvel/Locale.h"
 #include "testhost/TestRights.h"
 

@@ -1,13 +1,6 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "goods/GoodsCardFixture.h"
-#include "host/Convert.h"
-#include "host/Text.h"
-#include "support/TextRecords.h"
 #include "ui/ListItem.h"
 #include "ui/ListSubItem.h"
 

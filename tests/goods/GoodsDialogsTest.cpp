@@ -2,10 +2,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <memory>
-#include <string>
 #include <tuple>
-#include <vector>
 
 #include "adapters/SmallAdapters.h"
 #include "adapters/UI0000200.h"
@@ -14,15 +11,11 @@
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
 #include "goods/frmPriceChange.h"
-#include "host/Convert.h"
-#include "host/Text.h"
 #include "support/CaseName.h"
 #include "support/Controls.h"
 #include "support/StubObjectUIO.h"
-#include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestGroupSelect.h"
-#include "testhost/TestHostClasses.h"
 
 namespace orvel {
 namespace {

@@ -11,7 +11,6 @@
 #include "support/Controls.h"
 #include "support/TextRecords.h"
 #include "testhost/TestRights.h"
-#include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {

@@ -6,7 +6,6 @@
 #include "ReferenceBookFixture.h"
 #include "adapters/UI0001600.h"
 #include "lists/frmReferenceBookPreview.h"
-#include "module/ClassFactory.h"
 #include "orvel/Ui.h"
 #include "reference/frmReferenceBook.h"
 #include "testhost/TestObjectSelect.h"
