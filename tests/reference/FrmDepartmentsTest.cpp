@@ -78,16 +78,6 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
   EXPECT_FALSE(w->Changed());
 }
 
-TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
-  auto w = Open("O00016043", "0", "T");
-  ASSERT_TRUE(w);
-  EXPECT_EQ(Card(*w), " Padalinys|Sandėlis| ()| (0)|00111");
-  w->txtName.Edit("Sandėlis 2");
-  w->cmdWrite.Click();
-  EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
-  EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
-}
-
 // The captions: the heading, the group's label and the name's.
 struct CaptionCase {
   const char *name, *oidr, *otype, *key, *captions;
@@ -108,8 +98,8 @@ TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
     ASSERT_TRUE(w);
     EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
               c.captions);
+    EXPECT_EQ(w->IsNew(), !w->SSCNew.Enabled());
     EXPECT_EQ(w->IsNew(), c.isNew);
-    EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
     w->txtName.Edit("Kitas");
     EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
   }
@@ -158,21 +148,25 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   EXPECT_EQ(CLng(Stored(3, "FirmBranchID")), 12);
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
   EXPECT_FALSE(w->cmdWrite.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
-  auto w = Open("O00016042", "0", "T");
+  // A picker failure is shown and changes nothing.
   host_.ObjectManager()->ReplyToCall("OrvelGroupSelect", OrvelResult{7, "Nėra sąrašo", Variant()});
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdFirmBranches.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Klaida!\nNėra sąrašo"});
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "12");
   EXPECT_FALSE(w->Changed());
 }
 
 // Blanks around the name are trimmed; a write keeps the branch until it is
-// cleared, and a cleared one is written as none.
+// cleared, and a cleared one, or one that is gone, is written as none.
 TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
+  auto gone = Open("O00016043", "0", "T");
+  ASSERT_TRUE(gone);
+  EXPECT_EQ(Card(*gone), " Padalinys|Sandėlis| ()| (0)|00111");
+  gone->txtName.Edit("Sandėlis 2");
+  gone->cmdWrite.Click();
+  EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
+  EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
   auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("  Kasa  ");
   w->cmdWrite.Click();
@@ -187,9 +181,7 @@ TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
 // A cancelled pick changes nothing; clearing the box or picking the root only
 // empties the box: the record keeps its group.
 TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptiesTheBox) {
-  BO(kDepartments)
-      .Table()
-      .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
+  BO(kDepartments).Table().Seed(SeedRows("ID GroupFlag Name", {"5|1|Gamyba"}));
   auto w = Open("O00016042", "0", "T");
   w->cmdParentGroup.Click();
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
@@ -241,6 +233,7 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
 }
 
+// With unsaved edits New asks, and asks again on the removal; No keeps the card.
 TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
   auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
@@ -262,19 +255,16 @@ TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
   host_.Rights()->Deny("CReference", TestRights::Right::Delete);
   auto w = Open("O00016043", "0", "T");
   w->SSCClose.MouseUp(vbRightButton);
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_TRUE(BO(kDepartments).Table().Contains(3));
-
+  EXPECT_TRUE(host_.Ui()->Boxes().empty() && BO(kDepartments).Table().Contains(3));
   host_.Rights()->Grant("CReference", TestRights::Right::Delete);
   auto other = Open("O00016042", "0", "T");
-  host_.Ui()->QueueAnswer(vbNo);
-  other->SSCClose.MouseUp(vbRightButton);
-  EXPECT_TRUE(BO(kDepartments).Table().Contains(2));
-  host_.Ui()->QueueAnswer(vbYes);
-  other->SSCClose.MouseUp(vbRightButton);
+  for (const auto& [answer, kept] : {std::pair{vbNo, true}, {vbYes, false}}) {
+    host_.Ui()->QueueAnswer(answer);
+    other->SSCClose.MouseUp(vbRightButton);
+    EXPECT_EQ(BO(kDepartments).Table().Contains(2), kept);
+  }
   EXPECT_EQ(Boxes(), std::vector<std::string>(
                          2, "52 Apskaita Ar tikrai norite panaikinti?\n\nBuhalterija"));
-  EXPECT_FALSE(BO(kDepartments).Table().Contains(2));
 }
 
 }  // namespace

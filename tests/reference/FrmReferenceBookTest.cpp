@@ -84,10 +84,8 @@ TEST_F(FrmReferenceBookTest, ARecordAtTheTopShowsNoGroupWhateverItIsGiven) {
   host_.WindowManager()->ShowWindow(w);
   EXPECT_EQ(w->txtGroup.Text(), "");
   EXPECT_EQ(ButtonsOf(*w), kClean);
-}
-
-TEST_F(FrmReferenceBookTest, AReadOnlyCardTakesNoEditAndOffersNoNewRecord) {
-  auto w = Open("O00016022", "T", "0", "ReadOnly");
+  // A read-only card takes no edit and offers no new record.
+  w = Open("O00016022", "T", "0", "ReadOnly");
   ASSERT_TRUE(w);
   EXPECT_TRUE(w->boolReadOnly);
   EXPECT_EQ(OnOff({&w->SSCNew, &w->cmdGroup}), "00");
@@ -240,10 +238,8 @@ TEST_F(FrmReferenceBookTest, CancelAfterAMoveShowsTheOldGroupAndWritesThePickedO
   Grid(*w).EditField("Name", Variant("Vidinis 2"));
   w->cmdWrite.Click();
   EXPECT_EQ(CLng(BO(kBook).Table().Value(2, "ParentID")), 5);
-}
-
-TEST_F(FrmReferenceBookTest, ACancelThatCannotReadClosesTheCard) {
-  auto w = Open("O00016022", "T");
+  // A cancel that cannot read closes the card.
+  ClearCalls();
   Grid(*w).EditField("Name", Variant("x"));
   BO(kBook).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
   host_.Ui()->QueueAnswer(vbOK);
