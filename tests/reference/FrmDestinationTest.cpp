@@ -3,6 +3,8 @@
 // the dialog's write button.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
@@ -213,26 +215,19 @@ TEST_F(FrmDestinationTest, TheWriteButtonFollowsThePicks) {
     d.TemplateTypeOIDR = "O02015001";
     d.Load();
     ASSERT_EQ(d.txtDocumentGroup.Tag(), "O10002001");
+    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate},
+                                          {'T', &d.cmdTemplateClean},
+                                          {'g', &d.cmdDocumenytGroup},
+                                          {'G', &d.cmdGroupClean},
+                                          {'x', &d.cmdTemplate}};
     for (const char* step = steps; *step; ++step) {
-      switch (*step) {
-        case 't':
-          host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
-          d.cmdTemplate.Click();
-          break;
-        case 'T':
-          d.cmdTemplateClean.Click();
-          break;
-        case 'g':
-          host_.HostClasses()->QueueGroupSelect("O1000200O10002001", "Sąskaitos", "Group");
-          d.cmdDocumenytGroup.Click();
-          break;
-        case 'G':
-          d.cmdGroupClean.Click();
-          break;
-        case 'x':
-          d.cmdTemplate.Click();
-          break;
+      if (*step == 't') {
+        host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
       }
+      if (*step == 'g') {
+        host_.HostClasses()->QueueGroupSelect("O1000200O10002001", "Sąskaitos", "Group");
+      }
+      buttons.at(*step)->Click();
     }
     EXPECT_EQ(d.cmdEnter.Enabled(), enabled);
   }

@@ -74,15 +74,11 @@ TEST_F(ReferenceBookTest, TheListCallCarriesTheUserOnlyForLocations) {
   }
 }
 
-TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordOfTheBook) {
+TEST_F(ReferenceBookTest, AnEmptyOidrReadsANewRecordAndShowOpensTheListWindowOfTheNode) {
   auto object = Adapter(kBook)->GetOrvelObject("");
-  ASSERT_NE(object, nullptr);
+  ASSERT_NE(std::dynamic_pointer_cast<UIO0001600>(object), nullptr);
   EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_NewObject 'O0001602'"});
   EXPECT_EQ(object->OIDR(), kBook);
-  EXPECT_NE(std::dynamic_pointer_cast<UIO0001600>(object), nullptr);
-}
-
-TEST_F(ReferenceBookTest, ShowOpensTheListWindowOfTheNode) {
   auto result = Adapter(kBook)->ClickMenu("O00016021", "Group", "5", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
   auto window = result.Value.ObjectAs<frmReferenceBookPreview>();
