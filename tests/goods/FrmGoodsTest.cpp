@@ -133,6 +133,12 @@ TEST_F(FrmGoodsTest, TabsFollowKindFlagsAndRights) {
     }
     EXPECT_FALSE(w->HasList(0));
   }
+  // A rebuild replaces the tabs instead of adding them.
+  auto w = Open("O00002002");
+  w->cmdCancel.SetEnabled(true);
+  w->cmdCancel.Click();
+  EXPECT_EQ(TabKeys(*w), Words("Traffic Measures PRICES Rests MinAmount Discounts BRTemplates"));
+  EXPECT_EQ(w->RestsTab, 4);
 }
 
 // Setting the record builds the window at once; its load builds it again.
@@ -150,14 +156,6 @@ TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
   group->SetOrvelObjectUIO(adapter_->GetOrvelObject("O00002001"));
   EXPECT_EQ(group->ran,
             (std::vector<std::string>{"LoadGroupGoods", "LoadTemplates", "LoadDiscounts"}));
-}
-
-TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
-  auto w = Open("O00002002");
-  w->cmdCancel.SetEnabled(true);
-  w->cmdCancel.Click();
-  EXPECT_EQ(TabKeys(*w), Words("Traffic Measures PRICES Rests MinAmount Discounts BRTemplates"));
-  EXPECT_EQ(w->RestsTab, 4);
 }
 
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {

@@ -7,6 +7,7 @@
 
 #include "goods/GoodsCardFixture.h"
 #include "orvel/Locale.h"
+#include "support/Controls.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -134,15 +135,18 @@ TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   w->cmdEnter_Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Apskaita Klaida!\n\nPažeistas ryšys"}));
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Price").Value(), Variant(11));
-  EXPECT_TRUE(w->cmdEnter.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_EQ(OnOff({&w->cmdEnter, &w->SSCNew}), "11");
 }
 
+// A cancel on a new record does nothing.
 TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsLists) {
   auto w = Open("O00002001", "1");
   ASSERT_TRUE(w->IsNew);
   Grid(*w).EditField("Name", Variant("Sviestas"));
   Clear();
+  w->cmdCancel_Click();
+  EXPECT_TRUE(BO("O0000200").Calls().empty());
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
   w->cmdEnter_Click();
   EXPECT_FALSE(w->IsNew);
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00002004");
@@ -159,17 +163,7 @@ TEST_F(GoodsCardTest, ANewGoodInTheWindowCopiesKindGroupNameAndMeasure) {
     fields += "|" + ConcatText(object.Fields(field).Value());
   }
   EXPECT_EQ(fields, "|Pienas|2|0|1|False");
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_FALSE(w->SSCNew.Enabled());
-}
-
-TEST_F(GoodsCardTest, CancelOnANewRecordDoesNothing) {
-  auto w = Open("O00002001", "1");
-  Grid(*w).EditField("Name", Variant("Sviestas"));
-  Clear();
-  w->cmdCancel_Click();
-  EXPECT_TRUE(BO("O0000200").Calls().empty());
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
+  EXPECT_TRUE(w->IsNew && !w->SSCNew.Enabled());
 }
 
 class RecordingDialogs : public GoodsDialogs {
@@ -200,16 +194,13 @@ TEST_F(GoodsCardTest, NewRowsGetTheGoodAndTheListReloads) {
                                       "O0000600 [] : Kainos / Apskaita GoodID=2"}));
   EXPECT_EQ(BO("O0000200").Calls("GetMeasures").size(), 1u);
   EXPECT_EQ(BO("O0000200").Calls("GetPrices").size(), 1u);
-}
-
-TEST_F(GoodsCardTest, ANewRowOnAGoodNotSavedIsRefused) {
-  auto dialogs = std::make_shared<RecordingDialogs>();
-  InstallGoodsDialogs(dialogs);
-  auto w = Open("O00002001", "1");
-  w->CurrentTab = 2;
-  w->MenuAction = "100";
+  // A new row on a good not saved is refused.
+  dialogs->opened.clear();
+  auto fresh = Open("O00002001", "1");
+  fresh->CurrentTab = 2;
+  fresh->MenuAction = "100";
   host_.Ui()->QueueAnswer(vbOK);
-  w->EditRow();
+  fresh->EditRow();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Apskaita Išsaugokite naujai sukurtą įmonę"}));
   EXPECT_TRUE(dialogs->opened.empty());
 }
