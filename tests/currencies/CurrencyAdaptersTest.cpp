@@ -53,7 +53,7 @@ TEST_F(CurrencyAdaptersTest, MenuEntriesAndTheirOrder) {
   }
 }
 
-TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindows) {
+TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindowsAndAnUnreadableCurrencyNone) {
   auto result = currencies_->ClickMenu("O00022005", "C", "Valiutų kursų įrašymas", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
   auto window = result.Value.ObjectAs<frmCurrencyRates>();
@@ -68,10 +68,8 @@ TEST_F(CurrencyAdaptersTest, MenuEntriesBuildTheirWindows) {
     ASSERT_NE(card.Value.ObjectAs<frmCurrency>(), nullptr);
     EXPECT_EQ(card.Value.ObjectAs<frmCurrency>()->OrvelObjectUIO()->OIDR(), oidr);
   }
-}
-
-TEST_F(CurrencyAdaptersTest, AnUnreadableCurrencyGivesNoWindowAndActionZero) {
-  auto result = currencies_->ClickMenu("O00022099", "C", "Padėti &ant darbo stalo", "");
+  // An unreadable currency gives no window, and other keys action zero.
+  result = currencies_->ClickMenu("O00022099", "C", "Padėti &ant darbo stalo", "");
   EXPECT_EQ(result.Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(result.Value.IsNothing());
   for (const char* key : {"0", "1", "6", "100", "-", ""}) {
@@ -148,10 +146,8 @@ TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   EXPECT_EQ(result.Number, 0);
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall GetCurrencyByCode XYZ",
                                                        "GetCall GetCurrencyByCode 'EUR'"}));
-}
-
-TEST_F(CurrencyAdaptersTest, BusinessFailuresPassTheirNumberAndText) {
-  auto euro = Euro();
+  // Business failures pass their number and text.
+  host_.Ui()->ClearBoxes();
   for (const char* name : {"CurrencyList", "CurrencyByCode", "CurrencyRates"}) {
     BO(kOid).ReplyRead(std::string("Get") + name, OrvelBoResult(42, "Nėra ryšio"));
     auto result = euro->Properties(
@@ -201,9 +197,7 @@ TEST_F(CurrencyAdaptersTest, TheRateTravelsWithAPointInAnyLocale) {
     EXPECT_EQ(BusinessLines(),
               std::vector<std::string>{std::string("ExecCall SaveDayRate ") + param});
   }
-}
-
-TEST_F(CurrencyAdaptersTest, AFailedSaveKeepsValueTrueAndPassesTheStatus) {
+  // A failed save keeps Value True and passes the status.
   auto euro = Euro();
   BO(kOid).ReplyAction("SaveDayRate", OrvelStatus{55, "Užrakinta"});
   Variant::Array params{Variant("EUR"), Variant(kDay), Variant(1.5)};
@@ -229,10 +223,8 @@ TEST_F(CurrencyAdaptersTest, SumByWordsUsesTheCurrencyRecordAndShowsFailures) {
   auto result = euro->Methods("SumByWords", none);
   EXPECT_EQ(result.Number, 777);
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 " + result.Text});
-}
-
-TEST_F(CurrencyAdaptersTest, CurrencyRatesShowsTheDialogModallyAndAlwaysSucceeds) {
-  auto euro = Euro();
+  // CurrencyRates shows the dialog modally and always succeeds.
+  host_.Log().Clear();
   BO(kOid).ReplyRead("GetCurrencyList", CurrencyList(DefaultStored()));
   std::string shownRate;
   host_.Ui()->QueueModal([&](Form& form) {
@@ -240,7 +232,7 @@ TEST_F(CurrencyAdaptersTest, CurrencyRatesShowsTheDialogModallyAndAlwaysSucceeds
     shownRate = dialog.txtDayRate.Text();
     EXPECT_EQ(dialog.lblDayRate.Caption(), "1 USD =");
   });
-  Variant::Array params{Variant("USD"), Variant(kDay)};
+  params = {Variant("USD"), Variant(kDay)};
   EXPECT_EQ(Outcome(euro->Methods("CurrencyRates", params)), "0||True");
   EXPECT_EQ(shownRate, "2,50000000");
   EXPECT_EQ(host_.Log().Lines(Channel::Window),

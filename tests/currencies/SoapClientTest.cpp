@@ -73,10 +73,7 @@ TEST_F(SoapClientTest, RepliesAreTheResultsChildrenWithRowsReadByPosition) {
             "CHF|Šveicarijos frankas|Swiss franc|");
   EXPECT_TRUE(chf.Item(3).IsNull());
   EXPECT_EQ(chf.Item(-1).childNodes().Length(), 0);
-}
-
-TEST_F(SoapClientTest, NodesKeepTheirDocumentAfterTheClientIsGone) {
-  XmlNodeList rows;
+  // Nodes keep their document after the client is gone.
   {
     HttpSoapClient client(kTestTimeout);
     client.Init(WsdlUrl(), "", "", "");
@@ -132,9 +129,7 @@ TEST_F(SoapClientTest, AnOperationTheWsdlDoesNotNameIsRefused) {
   EXPECT_THROW(client_.Call("getRatesOfMars", {}), RuntimeError);
   EXPECT_THROW(client_.Call("getListOfCurrencies", {"extra"}), RuntimeError);
   EXPECT_EQ(service_.Calls("getRatesOfMars"), 0);
-}
-
-TEST_F(SoapClientTest, AReplyWithoutRowsIsAnEmptyContainer) {
+  // A reply without rows is an empty container.
   service_.SetBehaviour("getExchangeRatesByDate", Behaviour::kNoRows);
   client_.Init(WsdlUrl(), "", "", "");
   XmlNodeList rates = client_.Call("getExchangeRatesByDate", {"2015-01-01"});

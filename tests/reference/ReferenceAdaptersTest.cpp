@@ -192,7 +192,7 @@ TEST_F(ReferenceBookTest, TheFilterListsByTheTextAndHandsBackTheParameter) {
   }
 }
 
-TEST_F(ReferenceBookTest, RefreshListsTheNodeAgain) {
+TEST_F(ReferenceBookTest, RefreshListsTheNodeAgainAndHelpOpensTheReferencePage) {
   for (const char* book : {kBook, kLocations}) {
     auto result = Adapter(book)->ClickMenu(book, "C", "116S0", "");
     EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
@@ -201,9 +201,6 @@ TEST_F(ReferenceBookTest, RefreshListsTheNodeAgain) {
   }
   EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_GetObjectList 'O0001602'"});
   EXPECT_EQ(Calls(kLocations), std::vector<std::string>{"Orvel_GetObjectList 'u7', 'O0001605'"});
-}
-
-TEST_F(ReferenceBookTest, HelpOpensTheReferencePage) {
   EXPECT_EQ(Adapter(kBook)->ClickMenu(kBook, "C", "7", "").Action, OrvelMenuResult::kNothing);
   auto entries = host_.Log().Entries(Channel::Host);
   ASSERT_EQ(entries.size(), 1u);
@@ -234,9 +231,7 @@ TEST_F(ReferenceRecordTest, APropertyIsAGetCallWithTheParameterAsGiven) {
     EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);
     EXPECT_EQ(Calls(kBook), std::vector<std::string>{call});
   }
-}
-
-TEST_F(ReferenceRecordTest, AFailedPropertyIsShownAndReported) {
+  // A failed property is shown and reported.
   BO(kBook).FailCallsNamed("GetRows", 13, "Netinkamas parametras");
   host_.Ui()->QueueAnswer(vbOK);
   auto result = Record("O00016022")->Properties("Rows", "x");
@@ -262,9 +257,7 @@ TEST_F(ReferenceRecordTest, ParentOfARecordIsItsGroupOrNothing) {
   auto orphan = Record("O00016024")->Properties("Parent", "");
   EXPECT_EQ(orphan.Number, 0);
   EXPECT_EQ(orphan.Value.ObjectAs<OrvelObjectUIO>(), nullptr);
-}
-
-TEST_F(ReferenceRecordTest, TheCardsAreBuiltWithoutACall) {
+  // The cards are built without a call.
   auto record = Record("O00016022");
   auto onRecord = record->Properties("GetObjectForm", "").Value.ObjectAs<frmReferenceBook>();
   ASSERT_NE(onRecord, nullptr);
@@ -290,9 +283,7 @@ TEST_F(ReferenceRecordTest, AMethodIsAnExecCallWithTheFirstParameterOnly) {
     EXPECT_EQ(Record("O00016022")->Methods(c.name, c.params).Number, 0);
     EXPECT_EQ(Calls(kBook), std::vector<std::string>{c.call});
   }
-}
-
-TEST_F(ReferenceRecordTest, OnlyNumber777IsShownToTheUser) {
+  // Only Number 777 is shown to the user.
   Variant::Array none;
   BO(kBook).FailCallsNamed("Close", 777, "Laikotarpis uždarytas");
   host_.Ui()->QueueAnswer(vbOK);
