@@ -135,7 +135,8 @@ TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   BO(kOid).ReplyRead("GetCurrencyByCode", empty);
   host_.Ui()->QueueAnswer(vbOK);
   auto result = euro->Properties("CurrencyByCode", "XYZ");
-  EXPECT_EQ(std::to_string(result.Number) + " " + result.Text, "777 Klaidingas valiutos kodas XYZ !");
+  EXPECT_EQ(std::to_string(result.Number) + " " + result.Text,
+            "777 Klaidingas valiutos kodas XYZ !");
   EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr) << "the empty set stays in Value";
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Klaidingas valiutos kodas XYZ !"});
 

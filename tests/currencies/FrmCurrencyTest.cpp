@@ -160,7 +160,7 @@ TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
             std::vector<std::string>{"ShowModal frmCurrencyRate"});
 }
 
-TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
+TEST_F(FrmCurrencyTest, AWriteChecksTheCardStoresTheFieldsAndTellsTheHostButKeepsTheNewHeading) {
   auto w = Open("");
   w->txtOneCurr.Edit("svaras");
   for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
@@ -170,10 +170,8 @@ TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
                                                "pavadinimus !"}));
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(w->Changed());
-}
-
-TEST_F(FrmCurrencyTest, AWriteStoresTheFieldsAndTellsTheHostButKeepsTheNewHeading) {
-  auto w = Open("");
+  // Completed, the write stores the fields.
+  w = Open("");
   w->txtCode.Edit("GBP");
   w->txtState.Edit("Didžiosios Britanijos");
   w->txtOneCurr.Edit("svaras");

@@ -212,9 +212,7 @@ TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
     for (size_t column : {8, 10, 11, 12, 13}) money.append("|").append(cells[column - 1]);
     EXPECT_EQ(money, c.cells);
   }
-}
-
-TEST_F(FrmGoodsHistoryTest, OnlySignsZeroAndTwoAreBold) {
+  // Only signs zero and two are bold.
   for (const std::string sign : {"0", "2", "2.0", "1", "-2", "3", "~"}) {
     Reply({Movement("Sign=" + sign)});
     auto w = Open();

@@ -138,7 +138,7 @@ class FailingGroup : public StubObjectUIO {
   std::vector<std::string> calls;
 };
 
-TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
+TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStaysUnderItsOwnCaptions) {
   auto group = std::make_shared<FailingGroup>();
   frmGaranty dialog;
   dialog.OrvelObjectUIO = group;
@@ -155,9 +155,6 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   host_.Ui()->QueueAnswer(vbOK);
   dialog.cmdEnter.Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
-}
-
-TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
   frmPriceChange p;
   frmGaranty g;
   EXPECT_EQ(Join({p.Caption(), p.chkWithSubGroups.Caption(), p.OptDown.Caption(), g.Caption(),
@@ -390,7 +387,7 @@ TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
   }
 }
 
-TEST_F(GoodPropertyTest, IsShownAndTheDialogStays) {
+TEST_F(GoodPropertyTest, AFailedWriteIsShownAndTheDialogStaysACancelSavesNothing) {
   for (const auto& [number, box] :
        {std::pair{2627, "16 Apskaita Klaida!\n\nPanašus įrašas jau yra duomenų bazėje!"},
         {2601, "16 Apskaita Klaida!\n\nUNIQUE constraint failed"}}) {
@@ -399,9 +396,6 @@ TEST_F(GoodPropertyTest, IsShownAndTheDialogStays) {
     EXPECT_FALSE(EditNew("O0000600", "GoodPriceTypeID=1;Price=2", 1, /*cancel=*/true));
     EXPECT_EQ(Boxes(), (std::vector<std::string>{box}));
   }
-}
-
-TEST_F(GoodPropertyTest, TheSheetIsCaptionedFilledAndCancelSavesNothing) {
   EXPECT_FALSE(EditNew("O0000600", "GoodPriceTypeID=1;Price=2", 0, /*cancel=*/true));
   EXPECT_EQ(shownCaption + " " + std::to_string(labelWidth), "Duona: Kainos 2000");
   EXPECT_EQ(grid.front(), "SetServices");

@@ -231,11 +231,8 @@ TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   EXPECT_TRUE(w->IsNew() && w->IsGroup());
   EXPECT_EQ(Card(*w), " Nauja padalinių grupė|| ()| (0)|00011");
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
-}
-
-// With unsaved edits New asks, and asks again on the removal; No keeps the card.
-TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
-  auto w = Open("O00016042", "0", "T");
+  // With unsaved edits New asks, and asks again on the removal; No keeps the card.
+  w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
   host_.Ui()->QueueAnswer(vbNo);
   w->SSCNew.Click();
