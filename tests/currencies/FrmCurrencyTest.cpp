@@ -202,10 +202,8 @@ TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
             std::vector<std::string>{"16 Apskaita 2010 Dublikatas\n\nĮrašymas neatliktas!"});
   EXPECT_TRUE(w->Changed() && w->cmdWrite.Enabled());
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
-}
-
-TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
-  auto w = Open("O00022008");
+  // The fixed rate box filters keys and formats on leaving.
+  w = Open("O00022008");
   EXPECT_EQ(w->txtFixedRate.KeyPress('.'), 0) << "the text has a comma already";
   w->txtFixedRate.Edit("12");
   EXPECT_EQ(w->txtFixedRate.KeyPress('.'), ',');
