@@ -132,9 +132,8 @@ TEST_F(GenerateCodeTest, WithTheSettingOffNothingIsAskedOrTouched) {
     EXPECT_EQ(good->Fields("Code").Value(), Variant("old"));
     EXPECT_TRUE(BusinessLines().empty());
   }
-}
-
-TEST_F(GenerateCodeTest, ATopLevelRecordAsksWithItsOwnReference) {
+  // Back on, a top-level record asks with its own reference.
+  SetStructuredCodes(Variant(true));
   // A Null parent gives an empty parameter, which falls back on the OIDR.
   BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", {"~|#0041"}));
   auto top = Adapter("O0000200")->GetOrvelObject("O00002001");
