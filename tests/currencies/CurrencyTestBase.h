@@ -45,10 +45,7 @@ class CurrencyTestBase : public ModuleTest {
   // The stored currencies as "GetCurrencyList" gives them: code, OIDR,
   // State, OneCurr, Rate (per unit), FixedRate, BaseCurrency.
   struct Stored {
-    std::string code;
-    std::string oidr;
-    std::string state;
-    std::string one;
+    std::string code, oidr, state, one;
     Variant rate;
     double fixed = 0;
     int base = 0;
@@ -68,6 +65,12 @@ class CurrencyTestBase : public ModuleTest {
             {"LTL", "O00022007", "Lietuvos", "litas", Variant(1.0), 0, 1},
             {"DKK", "O00022008", "Danijos", "krona", Variant(0.4631), 0.4631, 0},
             {"XAU", "O00022009", "Aukso", "uncija", Variant(4000.0), 0, 0}};
+  }
+
+  // "<Number>|<Text>|<Value>" of a result, the value as text.
+  static std::string Outcome(const OrvelResult& result) {
+    const std::string value = result.Value.IsNothing() ? "Nothing" : ConcatText(result.Value);
+    return std::to_string(result.Number) + "|" + result.Text + "|" + value;
   }
 
   std::vector<std::string> Boxes() {

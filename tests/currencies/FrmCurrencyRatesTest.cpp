@@ -5,12 +5,14 @@
 
 #include <chrono>
 #include <map>
+#include <tuple>
 
 #include "currencies/CurrencyTestBase.h"
 #include "currencies/RateServiceSettings.h"
 #include "currencies/SoapClient.h"
 #include "currencies/frmCurrencyRates.h"
 #include "hostkit/LoopbackRateService.h"
+#include "support/Controls.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestWindowManager.h"
 
@@ -145,8 +147,7 @@ TEST_F(FrmCurrencyRatesTest, AFutureDateClearsTheListAndAsksNothing) {
   EXPECT_EQ(service_.WsdlReads(), 1) << "only the first fill asked";
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_FALSE(window_->cmdWrite.Enabled());
-  EXPECT_TRUE(window_->cmdGo.Enabled());
+  EXPECT_EQ(OnOff({&window_->cmdWrite, &window_->cmdGo}), "01");
 
   Fill(host_.Ui()->Today());
   EXPECT_EQ(service_.WsdlReads(), 2) << "today is asked as usual";
@@ -154,53 +155,38 @@ TEST_F(FrmCurrencyRatesTest, AFutureDateClearsTheListAndAsksNothing) {
 
 const Date kEuroDay = DateSerial(2025, 3, 14);
 
-// The current service's own error reply is shown the same way.
-struct ServiceFailure {
-  const char* what;
-  Behaviour behaviour;
-  const char* detail;
-  Date day = kDay;
-};
-void PrintTo(const ServiceFailure& c, std::ostream* out) {
-  *out << c.what << " " << static_cast<int>(c.behaviour);
+// The current service's own error reply is shown the same way. The service then recovers and
+// the user presses cmdGo again.
+TEST_F(FrmCurrencyRatesTest, AServiceFailureIsToldAndTheWindowStaysUsable) {
+  for (const auto& [what, behaviour, detail, day, rows] :
+       {std::tuple{"wsdl", Behaviour::kHttp500, "HTTP 500", kDay, 40},
+        {"getExchangeRatesByDate", Behaviour::kSilent, "getExchangeRatesByDate", kDay, 40},
+        {"getListOfCurrencies", Behaviour::kSoapFault, "SOAP Fault", kDay, 40},
+        {"getFxRates", Behaviour::kOperationError, "\nNeteisingi parametrai: nėra duomenų",
+         kEuroDay, 20}}) {
+    SCOPED_TRACE(what);
+    service_.SetBehaviour(what, behaviour);
+    host_.Ui()->ClearBoxes();
+    host_.Log().Clear();
+    host_.Ui()->QueueAnswer(vbOK);
+    Fill(day);
+    ASSERT_EQ(Boxes().size(), 1u);
+    EXPECT_EQ(Boxes()[0].rfind(std::string("0 ") + kTitle +
+                                   " Lietuvos Banko INTERNET svetainė nepasiekiama!\n",
+                               0),
+              0u)
+        << Boxes()[0];
+    EXPECT_NE(Boxes()[0].find(detail), std::string::npos) << Boxes()[0];
+    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(window_->BankRates(), nullptr);
+    EXPECT_EQ(OnOff({&window_->cmdWrite, &window_->cmdGo, &window_->SSCClose}), "011");
+    EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+    EXPECT_TRUE(BusinessLines().empty());
+    service_.SetBehaviour(what, Behaviour::kAnswer);
+    Fill(day);
+    EXPECT_EQ(Rows(), rows);
+  }
 }
-
-class RatesServiceFailureTest : public FrmCurrencyRatesTest,
-                                public ::testing::WithParamInterface<ServiceFailure> {};
-
-TEST_P(RatesServiceFailureTest, TheUserIsToldAndTheWindowStaysUsable) {
-  service_.SetBehaviour(GetParam().what, GetParam().behaviour);
-  host_.Ui()->QueueAnswer(vbOK);
-  Fill(GetParam().day);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  const auto& box = host_.Ui()->Boxes()[0];
-  EXPECT_EQ(box.flags, 0);
-  EXPECT_EQ(box.title, kTitle);
-  EXPECT_EQ(box.prompt.rfind("Lietuvos Banko INTERNET svetainė nepasiekiama!\n", 0), 0u)
-      << box.prompt;
-  EXPECT_NE(box.prompt.find(GetParam().detail), std::string::npos) << box.prompt;
-  EXPECT_EQ(Rows(), 0);
-  EXPECT_EQ(window_->BankRates(), nullptr);
-  EXPECT_FALSE(window_->cmdWrite.Enabled());
-  EXPECT_TRUE(window_->cmdGo.Enabled());
-  EXPECT_TRUE(window_->SSCClose.Enabled());
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  EXPECT_TRUE(BusinessLines().empty());
-
-  // The service recovers; the user presses cmdGo again.
-  service_.SetBehaviour(GetParam().what, Behaviour::kAnswer);
-  Fill(GetParam().day);
-  EXPECT_EQ(Rows(), GetParam().day.serial == kDay.serial ? 40 : 20);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Failures, RatesServiceFailureTest,
-    ::testing::Values(ServiceFailure{"wsdl", Behaviour::kHttp500, "HTTP 500"},
-                      ServiceFailure{"getExchangeRatesByDate", Behaviour::kSilent,
-                                     "getExchangeRatesByDate"},
-                      ServiceFailure{"getListOfCurrencies", Behaviour::kSoapFault, "SOAP Fault"},
-                      ServiceFailure{"getFxRates", Behaviour::kOperationError,
-                                     "\nNeteisingi parametrai: nėra duomenų", kEuroDay}));
 
 TEST_F(FrmCurrencyRatesTest, AMissingClientIsToldAsMissingSoftware) {
   SoapClient::SetFactory([]() -> std::unique_ptr<SoapClient> { return nullptr; });
@@ -222,8 +208,7 @@ TEST_F(FrmCurrencyRatesTest, AReplyWithoutRowsEnablesAWriteThatDoesNothing) {
     Fill(day);
     EXPECT_TRUE(host_.Ui()->Boxes().empty());
     ASSERT_NE(window_->BankRates(), nullptr);
-    EXPECT_EQ(window_->BankRates()->Count(), 0);
-    EXPECT_EQ(Rows(), 0);
+    EXPECT_EQ(window_->BankRates()->Count() + Rows(), 0);
     EXPECT_TRUE(window_->cmdWrite.Enabled());
     host_.Log().Clear();
     window_->cmdWrite.Click();
@@ -231,47 +216,37 @@ TEST_F(FrmCurrencyRatesTest, AReplyWithoutRowsEnablesAWriteThatDoesNothing) {
   }
 }
 
+// In the order of the stored list; DKK has a fixed rate, LTL and XAU are not
+// quoted. Rates are divided by the quantity, unrounded; a quantity of zero or
+// no number writes nothing for that code; a write that fails half way keeps
+// what was written. The list is read again after, with its rows.
 TEST_F(FrmCurrencyRatesTest, WritingAllStoresTheRatePerUnitOfEveryFloatingCurrency) {
+  const auto write = [&](const std::vector<std::string>& saves, const char* box = nullptr) {
+    Fill();
+    host_.Log().Clear();
+    if (box) host_.Ui()->QueueAnswer(vbOK);
+    window_->cmdWrite.Click();
+    EXPECT_EQ(Saves(), saves);
+    EXPECT_EQ(Boxes(), box ? std::vector<std::string>{box} : std::vector<std::string>{});
+    EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+    host_.Ui()->ClearBoxes();
+  };
   stored_.push_back({"CZK", "O000220010", "Čekijos", "krona", Variant::Null(), 0, 0});
   stored_.push_back({"JPY", "O000220011", "Japonijos", "jena", Variant(0.03), 0, 0});
-  Fill();
-  host_.Log().Clear();
-  window_->cmdWrite.Click();
-  // In the order of the stored list; DKK has a fixed rate, LTL and XAU are
-  // not quoted. Rates are divided by the quantity, unrounded.
-  EXPECT_EQ(Saves(), (std::vector<std::string>{
-                         "'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606",
-                         "'CZK','2010-12-30',0.137635", "'JPY','2010-12-30',0.032088"}));
-  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
+  write({"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606", "'CZK','2010-12-30',0.137635",
+         "'JPY','2010-12-30',0.032088"});
   EXPECT_EQ(Line("CZK"), "Czech koruna|100|CZK|13,7635|0,13763500|Čekijos krona|O000220010");
   EXPECT_EQ(Line("DKK").substr(0, 29), "Danish krone|1|DKK|0,4631|0,4");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmCurrencyRatesTest, AQuantityOfZeroOrNoNumberWritesNothingForThatCode) {
+  stored_ = DefaultStored();
+  failOn_ = "USD";
+  write({"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"},
+        "48 Apskaita 2010 Kursas užrakintas\nĮrašymas neatliktas!");
+  EXPECT_EQ(Rows(), 40);
+  EXPECT_EQ(Line("USD"), "US dollar|1|USD|2,6060|2,50000000|JAV doleris|O00022006");
   service_.SetRates({{"2010.12.30", "EUR", "0", "3.4528"},
                      {"2010.12.30", "USD", "vienas", "2.606"},
                      {"2010.12.30", "XAU", "100", "275"}});
-  Fill();
-  host_.Log().Clear();
-  window_->cmdWrite.Click();
-  EXPECT_EQ(Saves(), std::vector<std::string>{"'XAU','2010-12-30',2.75"});
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
-TEST_F(FrmCurrencyRatesTest, AWriteThatFailsHalfWayKeepsWhatWasWrittenAndReloads) {
-  failOn_ = "USD";
-  Fill();
-  host_.Log().Clear();
-  host_.Ui()->QueueAnswer(vbOK);
-  window_->cmdWrite.Click();
-  EXPECT_EQ(Saves(),
-            (std::vector<std::string>{"'EUR','2010-12-30',3.4528", "'USD','2010-12-30',2.606"}));
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"48 Apskaita 2010 Kursas užrakintas\nĮrašymas neatliktas!"});
-  EXPECT_EQ(BusinessLines().back(), "GetCall GetCurrencyList '2010-12-30'");
-  EXPECT_EQ(Rows(), 40);
-  EXPECT_EQ(Line("USD"), "US dollar|1|USD|2,6060|2,50000000|JAV doleris|O00022006");
+  write({"'XAU','2010-12-30',2.75"});
 }
 
 TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {
@@ -318,8 +293,9 @@ TEST_F(FrmCurrencyRatesTest, TheContextMenuOffersRowActionsOnlyOnAStoredRow) {
   EXPECT_EQ(host_.Ui()->Popups().size(), 5u);
 }
 
-// The other columns take 3800 twips, the margins 530.
-TEST_F(FrmCurrencyRatesTest, TheNameColumnsShareTheRest) {
+// The other columns take 3800 twips, the margins 530. Close disables itself,
+// then asks the window manager.
+TEST_F(FrmCurrencyRatesTest, TheNameColumnsShareTheRestAndCloseAsksTheWindowManager) {
   for (const auto& [panel, nameWidth] : {std::pair{10001, 2836}, {8330, 2000}, {2000, 2000}}) {
     window_->SOPanel_Resize(panel);
     auto& columns = window_->lvwRows.ColumnHeaders();
@@ -327,9 +303,6 @@ TEST_F(FrmCurrencyRatesTest, TheNameColumnsShareTheRest) {
     EXPECT_EQ(columns.Item(6).Width(), nameWidth) << panel;
     EXPECT_EQ(columns.Item(2).Width(), 800) << panel;
   }
-}
-
-TEST_F(FrmCurrencyRatesTest, CloseDisablesItselfThenAsksTheWindowManager) {
   window_->SSCClose.Click();
   EXPECT_FALSE(window_->SSCClose.Enabled());
   EXPECT_EQ(host_.Log().Lines(Channel::Window), std::vector<std::string>{"CloseWindow O0002200"});
@@ -384,12 +357,12 @@ TEST_F(FxRatesTest, AEuroEraDayAsksTheCurrentServiceForTheAccountingRates) {
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
+// The user's source and rate type settings ("" none) and the day; the operation asked for the
+// rates and the rate type sent ("" for the old service).
 struct SourceCase {
-  const char* source;  // the user's setting, "" none
-  const char* type;    // the rate type setting, "" none
+  const char *source, *type;
   Date day;
-  const char* asked;  // the operation asked for the rates
-  const char* tp;     // the rate type sent, "" for the old service
+  const char *asked, *tp;
 };
 
 class RateSourceChoiceTest : public FxRatesTest,

@@ -17,11 +17,8 @@ class FrmCurrencyTest : public CurrencyTestBase {
  protected:
   void SetUp() override {
     CurrencyTestBase::SetUp();
-    auto history =
-        std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code", "DateD", "Rate"});
-    history->AddRow({Variant("USD"), Variant(DateSerial(2026, 11, 2)), Variant(2.5)});
-    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 2)), Variant(3.4528)});
-    history->AddRow({Variant("EUR"), Variant(DateSerial(2026, 11, 3)), Variant(1.0 / 3)});
+    auto history = TextRecords("Code DateD Rate", {"USD|@2026-11-02|2.5", "EUR|@2026-11-02|3.4528",
+                                                   "EUR|@2026-11-03|0.3333333333333333"});
     BO(kOid).ReplyRead("GetCurrencyRates", history);
     BO(kOid).ReplyRead("GetCurrencyList", CurrencyList(DefaultStored()));
   }
@@ -41,6 +38,13 @@ class FrmCurrencyTest : public CurrencyTestBase {
   static std::string ButtonsOf(frmCurrency& w) {
     return OnOff({&w.cmdWrite, &w.cmdGo, &w.SSCNew, &w.cmdDayRate});
   }
+  // The code, name and period frames and the rate list, 1 when visible.
+  static std::string Shown(frmCurrency& w) {
+    std::string shown;
+    const Control* shownControls[] = {&w.frameCode, &w.frameName, &w.framePeriod, &w.lvwRates};
+    for (const Control* c : shownControls) shown += c->Visible() ? "1" : "0";
+    return shown;
+  }
 };
 
 TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates) {
@@ -48,36 +52,29 @@ TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates)
   auto w = Open("O00022005");
   ASSERT_TRUE(w);
   w->Show();
-  EXPECT_EQ(w->SOPanel.Caption(), " Valiuta: EUR");
-  EXPECT_EQ(w->txtCode.Text(), "EUR");
-  EXPECT_EQ(w->txtState.Text(), "Europos");
-  EXPECT_EQ(w->txtTenCurr.Text(), "eurų");
-  EXPECT_EQ(w->txtTwoSmall.Text(), "centai");
+  EXPECT_EQ(Join({w->SOPanel.Caption(), w->txtCode.Text(), w->txtState.Text(),
+                  w->txtTenCurr.Text(), w->txtTwoSmall.Text(), w->txtFixedRate.Text(),
+                  w->lblTwoCurr.Caption(), w->SelectedTab()},
+                 "|"),
+            " Valiuta: EUR|EUR|Europos|eurų|centai|0,0000|Du|Data");
   EXPECT_EQ(w->chkFixedRate.Value(), vbUnchecked);
-  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000");
-  EXPECT_FALSE(w->txtFixedRate.Enabled());
   EXPECT_EQ(w->cmbGenderCurr.ListIndex(), 0);
-  EXPECT_EQ(w->lblTwoCurr.Caption(), "Du");
   EXPECT_FALSE(w->Changed());
-  EXPECT_EQ(w->SelectedTab(), "Data");
-  EXPECT_TRUE(w->frameCode.Visible());
-  EXPECT_FALSE(w->lvwRates.Visible());
-  EXPECT_EQ(ButtonsOf(*w), "0011");
+  EXPECT_EQ(OnOff({&w->txtFixedRate}) + Shown(*w) + " " + ButtonsOf(*w), "01100 0011");
 
   EXPECT_EQ(w->dtpDateFrom.Value(), Variant(DateSerial(2026, 10, 24)));
   EXPECT_EQ(w->dtpDateTo.Value(), Variant(DateSerial(2026, 11, 23)));
   ASSERT_EQ(w->lvwRates.ListItems().Count(), 2);
-  EXPECT_EQ(w->lvwRates.ListItems().Item(1).Text(), "2026-11-02");
-  EXPECT_EQ(w->lvwRates.ListItems().Item(2).ListSubItems().Item(1).Text(), "0,33333333");
+  EXPECT_EQ(w->lvwRates.ListItems().Item(1).Text() + " " +
+                w->lvwRates.ListItems().Item(2).ListSubItems().Item(1).Text(),
+            "2026-11-02 0,33333333");
 }
 
 TEST_F(FrmCurrencyTest, TheHistoryAsksForThePeriodInQuotes) {
   auto w = Open("O00022005");
   w->TabStrip_Click("Rates");
   EXPECT_EQ(ButtonsOf(*w), "0111");
-  EXPECT_TRUE(w->lvwRates.Visible());
-  EXPECT_TRUE(w->framePeriod.Visible());
-  EXPECT_FALSE(w->frameName.Visible());
+  EXPECT_EQ(Shown(*w), "0011");
   w->dtpDateFrom.SetValue(Variant(DateSerial(2026, 11, 3)));
   w->cmdGo.Click();
   EXPECT_EQ(BusinessLines(),
@@ -95,13 +92,11 @@ TEST_F(FrmCurrencyTest, TheHistoryAsksForThePeriodInQuotes) {
 TEST_F(FrmCurrencyTest, AFixedRateShowsFourDecimalsAndClearingItFloatsTheCurrency) {
   auto w = Open("O00022008");
   EXPECT_EQ(w->chkFixedRate.Value(), vbChecked);
-  EXPECT_EQ(w->txtFixedRate.Text(), "0,4631");
-  EXPECT_TRUE(w->txtFixedRate.Enabled());
+  EXPECT_EQ(w->txtFixedRate.Text() + OnOff({&w->txtFixedRate}), "0,46311");
   EXPECT_FALSE(w->Changed());
 
   w->chkFixedRate.Click();
-  EXPECT_EQ(w->txtFixedRate.Text(), "0,0000");
-  EXPECT_FALSE(w->txtFixedRate.Enabled());
+  EXPECT_EQ(w->txtFixedRate.Text() + OnOff({&w->txtFixedRate}), "0,00000");
   EXPECT_TRUE(w->Changed());
   w->cmdWrite.Click();
   EXPECT_EQ(BO(kOid).Table().Value(8, "FixedRate"), Variant(0.0));
@@ -133,15 +128,14 @@ TEST_F(FrmCurrencyTest, AGenderPickAloneLeavesTheCardUnchanged) {
   auto w = Open("O00022005");
   w->cmbGenderCurr.Pick(1);
   w->cmbGenderSmall.Pick(1);
-  EXPECT_EQ(w->lblTwoCurr.Caption(), "Dvi");
-  EXPECT_EQ(w->lblTwoSmall.Caption(), "Dvi");
-  EXPECT_FALSE(w->Changed());
-  EXPECT_FALSE(w->cmdWrite.Enabled());
+  EXPECT_EQ(w->lblTwoCurr.Caption() + w->lblTwoSmall.Caption(), "DviDvi");
+  EXPECT_FALSE(w->Changed() || w->cmdWrite.Enabled());
   // The next real edit writes the gender too.
   w->txtState.Edit("Airijos");
   w->cmdWrite.Click();
-  EXPECT_EQ(BO(kOid).Table().Value(5, "GenderCurr"), Variant(int32_t{1}));
-  EXPECT_EQ(BO(kOid).Table().Value(5, "State"), Variant("Airijos"));
+  EXPECT_EQ(ConcatText(BO(kOid).Table().Value(5, "GenderCurr")) + " " +
+                ConcatText(BO(kOid).Table().Value(5, "State")),
+            "1 Airijos");
 }
 
 TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
@@ -151,11 +145,10 @@ TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
   EXPECT_EQ(ButtonsOf(*w), "0000");
   w->txtCode.Edit("GB");
   EXPECT_EQ(ButtonsOf(*w), "1000");
-  w->txtCode.Edit("GBP");
-  EXPECT_TRUE(w->cmdDayRate.Enabled());
-  w->txtCode.Edit("GB");
-  EXPECT_FALSE(w->cmdDayRate.Enabled());
-  w->txtCode.Edit("GBP");
+  for (const auto& [code, on] : {std::pair{"GBP", true}, {"GB", false}, {"GBP", true}}) {
+    w->txtCode.Edit(code);
+    EXPECT_EQ(w->cmdDayRate.Enabled(), on) << code;
+  }
 
   host_.Ui()->QueueModal([](Form& form) {
     auto& dialog = dynamic_cast<frmCurrencyRate&>(form);
@@ -167,7 +160,7 @@ TEST_F(FrmCurrencyTest, ANewCardOffersTheDayRateOnceTheCodeHasThreeCharacters) {
             std::vector<std::string>{"ShowModal frmCurrencyRate"});
 }
 
-TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
+TEST_F(FrmCurrencyTest, AWriteChecksTheCardStoresTheFieldsAndTellsTheHostButKeepsTheNewHeading) {
   auto w = Open("");
   w->txtOneCurr.Edit("svaras");
   for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
@@ -177,10 +170,8 @@ TEST_F(FrmCurrencyTest, CheckCardShowsBothBoxesAndSavesNothing) {
                                                "pavadinimus !"}));
   EXPECT_TRUE(BusinessLines().empty());
   EXPECT_TRUE(w->Changed());
-}
-
-TEST_F(FrmCurrencyTest, AWriteStoresTheFieldsAndTellsTheHostButKeepsTheNewHeading) {
-  auto w = Open("");
+  // Completed, the write stores the fields.
+  w = Open("");
   w->txtCode.Edit("GBP");
   w->txtState.Edit("Didžiosios Britanijos");
   w->txtOneCurr.Edit("svaras");
@@ -191,15 +182,14 @@ TEST_F(FrmCurrencyTest, AWriteStoresTheFieldsAndTellsTheHostButKeepsTheNewHeadin
   w->cmbGenderSmall.Pick(1);
   w->cmdWrite.Click();
   ASSERT_TRUE(host_.Ui()->Boxes().empty()) << Boxes()[0];
-  auto id = BO(kOid).Table().Ids().back();
-  EXPECT_EQ(BO(kOid).Table().Value(id, "Code"), Variant("GBP"));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "FixedRate"), Variant(4.1));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "GenderSmall"), Variant(int32_t{1}));
-  EXPECT_EQ(BO(kOid).Table().Value(id, "TenCurr"), Variant("svarų"));
+  std::string stored;
+  for (const char* field : {"Code", "FixedRate", "GenderSmall", "TenCurr"}) {
+    stored += ConcatText(BO(kOid).Table().Value(BO(kOid).Table().Ids().back(), field)) + "|";
+  }
+  EXPECT_EQ(stored, "GBP|4,1|1|svarų|");
   EXPECT_EQ(host_.WindowManager()->Saved().back(), w->OrvelObjectUIO()->OIDR());
-  EXPECT_FALSE(w->Changed());
+  EXPECT_FALSE(w->Changed() || w->SSCNew.Enabled());
   EXPECT_EQ(w->SOPanel.Caption(), " &Nauja valiuta");
-  EXPECT_FALSE(w->SSCNew.Enabled());
 }
 
 TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
@@ -210,13 +200,10 @@ TEST_F(FrmCurrencyTest, AFailedWriteSaysSoAndKeepsTheEdits) {
   w->cmdWrite.Click();
   EXPECT_EQ(Boxes(),
             std::vector<std::string>{"16 Apskaita 2010 Dublikatas\n\nĮrašymas neatliktas!"});
-  EXPECT_TRUE(w->Changed());
-  EXPECT_TRUE(w->cmdWrite.Enabled());
+  EXPECT_TRUE(w->Changed() && w->cmdWrite.Enabled());
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
-}
-
-TEST_F(FrmCurrencyTest, TheFixedRateBoxFiltersKeysAndFormatsOnLeaving) {
-  auto w = Open("O00022008");
+  // The fixed rate box filters keys and formats on leaving.
+  w = Open("O00022008");
   EXPECT_EQ(w->txtFixedRate.KeyPress('.'), 0) << "the text has a comma already";
   w->txtFixedRate.Edit("12");
   EXPECT_EQ(w->txtFixedRate.KeyPress('.'), ',');
@@ -276,6 +263,18 @@ TEST_F(FrmCurrencyRateTest, TheDialogShowsTheStoredRateOfTheDay) {
   EXPECT_EQ(dialog_.txtDayRate.KeyPress('.'), 0);
   dialog_.txtDayRate.LostFocus();
   EXPECT_EQ(dialog_.txtDayRate.Text(), "3,10000000");
+  // A saved rate keeps the dialog open for another day.
+  dialog_.txtDayRate.Edit("3,5");
+  EXPECT_TRUE(dialog_.cmdWrite.Enabled());
+  dialog_.cmdWrite.Click();
+  EXPECT_EQ(BusinessLines(),
+            std::vector<std::string>{"ExecCall SaveDayRate 'EUR','2010-12-30',3.5"});
+  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+  host_.Log().Clear();
+  dialog_.pickerDate.SetValue(Variant(DateSerial(2010, 12, 31)));
+  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-31'"});
+  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
+  EXPECT_TRUE(dialog_.Loaded());
   dialog_.cmdExit.Click();
   EXPECT_FALSE(dialog_.Loaded());
 }
@@ -291,21 +290,9 @@ TEST_F(FrmCurrencyRateTest, NoRateOfTheDayShowsZeroAndRefusesToSaveIt) {
   EXPECT_TRUE(dialog_.Loaded());
 }
 
-TEST_F(FrmCurrencyRateTest, ASavedRateKeepsTheDialogOpenForAnotherDay) {
+// A failed save closes the dialog without a word.
+TEST_F(FrmCurrencyRateTest, AFailedSaveClosesTheDialogSilently) {
   Load("EUR");
-  dialog_.txtDayRate.Edit("3,5");
-  EXPECT_TRUE(dialog_.cmdWrite.Enabled());
-  dialog_.cmdWrite.Click();
-  EXPECT_EQ(BusinessLines(),
-            std::vector<std::string>{"ExecCall SaveDayRate 'EUR','2010-12-30',3.5"});
-  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
-  EXPECT_TRUE(dialog_.Loaded());
-
-  host_.Log().Clear();
-  dialog_.pickerDate.SetValue(Variant(DateSerial(2010, 12, 31)));
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetCurrencyList '2010-12-31'"});
-  EXPECT_FALSE(dialog_.cmdWrite.Enabled());
-  // A failed save closes the dialog without a word.
   BO(kOid).ReplyAction("SaveDayRate", OrvelStatus{60, "Užrakinta"});
   dialog_.txtDayRate.Edit("3,6");
   dialog_.cmdWrite.Click();

@@ -1,9 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
-
 #include "adapters/UI0000200.h"
 #include "goods/GoodsDialogs.h"
 #include "goods/GoodsSettings.h"
@@ -14,14 +10,10 @@
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
-#include "support/CaseName.h"
 #include "support/Controls.h"
 #include "support/TextRecords.h"
-#include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
-#include "testhost/TestSession.h"
-#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
@@ -102,47 +94,51 @@ class FrmGoodsTest : public CardTest<frmGoods> {
   const ScriptedUi::Popup& LastPopup() { return host_.Ui()->Popups().back(); }
 };
 
+// The menu key builds the window; the rights denied and the tab keys by blanks, then the
+// prices, rests, discounts and templates tab numbers.
 struct TabCase {
-  const char* name;
-  const char* oidr;
-  const char* key;     // menu key that builds the window
-  const char* denied;  // Allowed rights taken away, by blanks
-  const char* tabs;    // tab keys, by blanks
-  int16_t pricesTab, restsTab, discountsTab, templatesTab;
+  const char *name, *oidr, *key, *denied, *tabs, *numbers;
 };
 
 TEST_F(FrmGoodsTest, TabsFollowKindFlagsAndRights) {
   for (const TabCase& c : std::initializer_list<TabCase>{
            {"GoodWithRests", "O00002002", "0", "",
-            "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", 3, 4, 6, 7},
+            "Traffic Measures PRICES Rests MinAmount Discounts BRTemplates", "3 4 6 7"},
            // Without the price right the rests move up to where prices stood.
            {"NoPriceRight", "O00002002", "0", "CGoodsPT",
-            "Traffic Measures Rests MinAmount Discounts BRTemplates", 0, 3, 5, 6},
+            "Traffic Measures Rests MinAmount Discounts BRTemplates", "0 3 5 6"},
            {"NoMinimumRight", "O00002002", "0", "CGoodsMIN CGoodsBR",
-            "Traffic Measures PRICES Rests Discounts", 3, 4, 5, 0},
+            "Traffic Measures PRICES Rests Discounts", "3 4 5 0"},
            {"SerialsWithoutRests", "O00002004", "0", "",
-            "Traffic Measures PRICES SN Discounts BRTemplates", 3, 0, 5, 6},
-           {"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", 0, 0, 2, 3},
-           {"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", 0, 0, 2, 0},
+            "Traffic Measures PRICES SN Discounts BRTemplates", "3 0 5 6"},
+           {"Group", "O00002001", "0", "", "Goods Discounts BRTemplates", "0 0 2 3"},
+           {"GroupWithoutTemplates", "O00002001", "0", "CGoodsBR", "Goods Discounts", "0 0 2 0"},
            // A new good keeps rests on saving, but gets its rest tabs only then.
-           {"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates", 3, 0,
-            4, 5},
-           {"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", 0, 0, 2, 3}}) {
+           {"NewGood", "O00002001", "1", "", "Traffic Measures PRICES Discounts BRTemplates",
+            "3 0 4 5"},
+           {"NewSubgroup", "O00002001", "3", "", "Goods Discounts BRTemplates", "0 0 2 3"}}) {
     SCOPED_TRACE(c.name);
     host_.Rights()->GrantAll();
     for (const auto& key : Words(c.denied)) host_.Rights()->Deny(key, Right::Allowed);
     auto w = Open(c.oidr, c.key, "CGroup");
     ASSERT_TRUE(w);
     EXPECT_EQ(TabKeys(*w), Words(c.tabs));
-    EXPECT_EQ(w->PricesTab, c.pricesTab);
-    EXPECT_EQ(w->RestsTab, c.restsTab);
-    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
-    EXPECT_EQ(w->TemplatesTab, c.templatesTab);
+    std::vector<std::string> numbers;
+    for (int tab : {w->PricesTab, w->RestsTab, w->DiscountsTab, w->TemplatesTab}) {
+      numbers.push_back(std::to_string(tab));
+    }
+    EXPECT_EQ(Join(numbers, " "), c.numbers);
     for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
       EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
     }
     EXPECT_FALSE(w->HasList(0));
   }
+  // A rebuild replaces the tabs instead of adding them.
+  auto w = Open("O00002002");
+  w->cmdCancel.SetEnabled(true);
+  w->cmdCancel.Click();
+  EXPECT_EQ(TabKeys(*w), Words("Traffic Measures PRICES Rests MinAmount Discounts BRTemplates"));
+  EXPECT_EQ(w->RestsTab, 4);
 }
 
 // Setting the record builds the window at once; its load builds it again.
@@ -160,15 +156,6 @@ TEST_F(FrmGoodsTest, ListsLoadByKindWhenTheRecordIsSetAndAgainAtLoad) {
   group->SetOrvelObjectUIO(adapter_->GetOrvelObject("O00002001"));
   EXPECT_EQ(group->ran,
             (std::vector<std::string>{"LoadGroupGoods", "LoadTemplates", "LoadDiscounts"}));
-}
-
-TEST_F(FrmGoodsTest, ARebuildReplacesTheTabsInsteadOfAddingThem) {
-  auto w = Open("O00002002");
-  w->cmdCancel.SetEnabled(true);
-  w->cmdCancel.Click();
-  EXPECT_EQ(TabKeys(*w), (std::vector<std::string>{"Traffic", "Measures", "PRICES", "Rests",
-                                                   "MinAmount", "Discounts", "BRTemplates"}));
-  EXPECT_EQ(w->RestsTab, 4);
 }
 
 TEST_F(FrmGoodsTest, ANewRecordShowsItsProposedCode) {
@@ -217,23 +204,16 @@ TEST_F(FrmGoodsTest, ANewRecordInheritsAndIsPrimedAStoredOneIsNot) {
 TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
   auto w = Open("O00002002");
   Grid(*w).EditField("Name", Variant("Juoda duona"));
-  EXPECT_TRUE(w->cmdEnter.Enabled());
-  EXPECT_TRUE(w->cmdCancel.Enabled());
-
+  EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), "11");
   host_.Rights()->Deny("CGoods", Right::Update);
   auto other = Open("O00002004");
   Grid(*other).EditField("Name", Variant("Kita"));
   EXPECT_FALSE(other->cmdEnter.Enabled());
 }
 
+// The row selected ("" none) by key, tag and icon; the menu entries shown, by blanks.
 struct PopupCase {
-  const char* name;
-  const char* oidr;
-  const char* tab;
-  const char* rowKey;  // "" for no selected row
-  const char* rowTag;
-  const char* rowIcon;
-  const char* shown;  // menu entries, by blanks
+  const char *name, *oidr, *tab, *rowKey, *rowTag, *rowIcon, *shown;
 };
 
 TEST_F(FrmGoodsTest, ShowsTheEntriesOfTheTabAndRow) {
@@ -264,39 +244,42 @@ TEST_F(FrmGoodsTest, ShowsTheEntriesOfTheTabAndRow) {
     host_.Ui()->QueuePopupPick("");  // the user closes the menu
     Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
     ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
-    EXPECT_EQ(LastPopup().menu, "mnuPopUp");
+      EXPECT_EQ(LastPopup().menu, "mnuPopUp");
     EXPECT_EQ(LastPopup().shown, Words(c.shown));
   }
 }
 
+// Nor on the discounts without their right.
 TEST_F(FrmGoodsTest, NoPopupOnANewRecordOrWithTheLeftButton) {
   auto fresh = Open("O00002001", "1", "CGroup");
   Grid(*fresh).ClickList(0, vbRightButton);
   auto stored = Open("O00002002");
   Grid(*stored).ClickList(0, 1);
+  host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
+  Grid(*stored).ClickList(TabIndex(*stored, "Discounts"), vbRightButton);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
 }
 
+// New, Edit and Delete, 1 when enabled.
 struct MainMenuCase {
   const char* name;
   const char* tab;
   bool selected;
   Variant tag;
   bool canDelete;
-  bool newOn, editOn, deleteOn;
+  const char* entries;
 };
 
 TEST_F(FrmGoodsTest, EnablesTheRowEntriesByTabRowAndRight) {
   for (const MainMenuCase& c : std::initializer_list<MainMenuCase>{
-           {"MeasureRow", "Measures", true, Variant(), true, true, true, true},
-           {"NoPriceRow", "PRICES", false, Variant(), true, true, false, false},
+           {"MeasureRow", "Measures", true, Variant(), true, "111"},
+           {"NoPriceRow", "PRICES", false, Variant(), true, "100"},
            // The template entries never make a new row; inherited rows (no tag)
            // cannot be deleted here.
-           {"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, false, true, true},
-           {"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, false, true, false},
-           {"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false, false,
-            true, false},
-           {"DiscountWithoutRow", "Discounts", false, Variant(), true, true, false, true}}) {
+           {"OwnTemplate", "BRTemplates", true, Variant("O00008003"), true, "011"},
+           {"InheritedTemplate", "BRTemplates", true, Variant::Null(), true, "010"},
+           {"TemplateWithoutDeleteRight", "BRTemplates", true, Variant("O00008003"), false, "010"},
+           {"DiscountWithoutRow", "Discounts", false, Variant(), true, "101"}}) {
     SCOPED_TRACE(c.name);
     host_.Rights()->GrantAll();
     const size_t shown = host_.Ui()->Popups().size();
@@ -307,17 +290,8 @@ TEST_F(FrmGoodsTest, EnablesTheRowEntriesByTabRowAndRight) {
     Grid(*w).ClickList(TabIndex(*w, c.tab), vbRightButton);
     ASSERT_EQ(host_.Ui()->Popups().size(), shown + 1);
     EXPECT_EQ(LastPopup().menu, "mnuMain");
-    EXPECT_EQ(w->mnuNew.Enabled(), c.newOn);
-    EXPECT_EQ(w->mnuEdit.Enabled(), c.editOn);
-    EXPECT_EQ(w->mnuDelete.Enabled(), c.deleteOn);
+    EXPECT_EQ(OnOff({&w->mnuNew, &w->mnuEdit, &w->mnuDelete}), c.entries);
   }
-}
-
-TEST_F(FrmGoodsTest, DiscountsNeedTheirRightForAnyMenu) {
-  host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
-  auto w = Open("O00002002");
-  Grid(*w).ClickList(TabIndex(*w, "Discounts"), vbRightButton);
-  EXPECT_TRUE(host_.Ui()->Popups().empty());
 }
 
 TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
@@ -337,10 +311,7 @@ TEST_F(FrmGoodsTest, NewAndEditPicksReachTheEditors) {
 }
 
 struct DoubleClickCase {
-  const char* name;
-  const char* oidr;
-  const char* tab;
-  const char* rowKey;
+  const char *name, *oidr, *tab, *rowKey;
   std::vector<std::string> ran;
 };
 
@@ -370,19 +341,17 @@ TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   SelectRow(*w, "Traffic", "15_3", Variant("O00120015"), "SALE");
   host_.Ui()->QueuePopupPick("mnuHistory");
   Grid(*w).ClickList(TabIndex(*w, "Traffic"), vbRightButton);
-  EXPECT_TRUE(dialogs->shown.empty());
-  EXPECT_TRUE(w->timerModal.Enabled());
+  EXPECT_TRUE(dialogs->shown.empty() && w->timerModal.Enabled());
   w->timerModal.Tick();
   EXPECT_FALSE(w->timerModal.Enabled());
-  EXPECT_EQ(dialogs->shown, std::vector<std::string>{"O00002002 15"});
   w->timerModal.Tick();
-  EXPECT_EQ(dialogs->shown.size(), 1u);
+  EXPECT_EQ(dialogs->shown, std::vector<std::string>{"O00002002 15"});
 }
 
 TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   auto& measures = BO("O0000400").Table();
   measures.SetFields({"ID", "Name"});
-  measures.Seed({{{"Name", Variant("vnt.")}}, {{"Name", Variant("kg")}}});
+  measures.Seed(SeedRows("Name", {"vnt.", "kg"}));
   auto w = OpenOwn("O00002002");
   w->ran.clear();
   SelectRow(*w, "Measures", "O00004002");
@@ -395,25 +364,21 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   EXPECT_FALSE(measures.Contains(2));
   EXPECT_EQ(w->ran, std::vector<std::string>{"LoadMeasures"});
   EXPECT_EQ(Boxes(), std::vector<std::string>(2, "52 Apskaita Panaikinti?"));
-}
-
-TEST_F(FrmGoodsTest, AnInheritedTemplateRowIsNotDeleted) {
-  auto w = OpenOwn("O00002002");
-  w->ran.clear();
+  // An inherited template row is not deleted, even on a yes.
+  Clear();
   SelectRow(*w, "BRTemplates", "O00008003", Variant::Null());
   w->CurrentTab = w->TemplatesTab;
-  host_.Ui()->QueueAnswer(vbYes);  // even then
+  host_.Ui()->QueueAnswer(vbYes);
   w->mnuDelete.Click();
-  EXPECT_TRUE(w->ran.empty());
-  EXPECT_TRUE(host_.Log().Lines(Channel::Business).empty());
+  EXPECT_EQ(w->ran.size(), 1u);
+  EXPECT_TRUE(BusinessLines().empty());
 }
 
+// The effect after the drag over; whether the dragged record is now under the target.
 struct DropCase {
-  const char* name;
-  const char* target;
-  const char* dragged;
-  int effect;  // after the drag over
-  bool moved;  // the dragged record now under the target
+  const char *name, *target, *dragged;
+  int effect;
+  bool moved;
 };
 
 TEST_F(FrmGoodsTest, TakesOnlyWhatMayMoveIntoTheGroup) {
@@ -444,13 +409,12 @@ TEST_F(FrmGoodsTest, TakesOnlyWhatMayMoveIntoTheGroup) {
 
 TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
   auto w = Open("O00002004");
-  host_.Ui()->QueueAnswer(vbCancel);
-  w->SSCClose.MouseUp(1);
-  w->SSCClose.MouseUp(vbRightButton);
-  EXPECT_TRUE(BO("O0000200").Table().Contains(4));
-  host_.Ui()->QueueAnswer(vbOK);
-  w->SSCClose.MouseUp(vbRightButton);
-  EXPECT_FALSE(BO("O0000200").Table().Contains(4));
+  for (const auto& [answer, kept] : {std::pair{vbCancel, true}, {vbOK, false}}) {
+    host_.Ui()->QueueAnswer(answer);
+    w->SSCClose.MouseUp(1);
+    w->SSCClose.MouseUp(vbRightButton);
+    EXPECT_EQ(BO("O0000200").Table().Contains(4), kept);
+  }
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
   EXPECT_EQ(Boxes(),
             std::vector<std::string>(2, "49 Apskaita Ar tikrai norite panaikinti?\nPaslauga"));
@@ -461,14 +425,12 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
   host_.HostClasses()->QueueGroupSelect("O0000200O00002003", "Pieno", "CGroup");
   w->cmdParentGroup.Click();
   auto picker = host_.HostClasses()->LastGroupSelect();
-  EXPECT_EQ(picker->OType(), "O0000200");
-  EXPECT_EQ(picker->RootOType(), "O0000200");
-  EXPECT_EQ(picker->SelectKind(), "Group GroupNA Root");
-  EXPECT_EQ(picker->Caption(), "Pažymėkite norimą grupę");
-  EXPECT_EQ(picker->ExcludeTypes(), "'C','FirmNA','Service','ServiceNA','GEXIST'");
+  EXPECT_EQ(picker->OType() + "|" + picker->RootOType() + "|" + picker->SelectKind() + "|" +
+                picker->Caption() + "|" + picker->ExcludeTypes(),
+            "O0000200|O0000200|Group GroupNA Root|Pažymėkite norimą grupę|"
+            "'C','FirmNA','Service','ServiceNA','GEXIST'");
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(3));
-  EXPECT_EQ(w->ParentID, 3);
-  EXPECT_EQ(w->txtGroup.Text(), "Pieno");
+  EXPECT_EQ(std::to_string(w->ParentID) + " " + w->txtGroup.Text(), "3 Pieno");
   EXPECT_TRUE(w->cmdEnter.Enabled());
 
   host_.HostClasses()->QueueGroupSelect("O0000200", "Prekės", "Root");

@@ -61,14 +61,9 @@ class GoodsCardTest : public CardTest<frmGoods> {
   static void Type(TextBox& box, const std::string& keys) {
     for (char key : keys) {
       const int typed = box.KeyPress(static_cast<unsigned char>(key));
-      if (typed == 0) continue;
-      std::string text = box.Text();
-      if (typed == 8) {
-        if (!text.empty()) text.pop_back();
-      } else {
-        text += static_cast<char>(typed);
-      }
-      box.Edit(text);
+      const std::string text = box.Text();
+      if (typed == 8) box.Edit(text.substr(0, text.empty() ? 0 : text.size() - 1));
+      if (typed != 0 && typed != 8) box.Edit(text + static_cast<char>(typed));
     }
   }
 };

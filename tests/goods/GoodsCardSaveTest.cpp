@@ -3,14 +3,11 @@
 // opens the lists, a new record in the same window, and the row editors.
 #include <gtest/gtest.h>
 
-#include <memory>
-#include <string>
-#include <vector>
+#include <tuple>
 
 #include "goods/GoodsCardFixture.h"
-#include "host/Convert.h"
 #include "orvel/Locale.h"
-#include "support/CaseName.h"
+#include "support/Controls.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -24,86 +21,63 @@ std::string PricePart(const frmGoods& w) {
   return line.substr(0, line.find("Sukūrė:"));
 }
 
-struct VatCase {
-  const char* name;
-  const char* oidr;
-  Variant price;
-  Variant withVat;  // Empty: as stored
-  Variant vat;      // Empty: as stored
-  const char* line;
-};
-
+// The price typed, and the rate (Empty: as stored); the price part of the line after.
 TEST_F(GoodsCardTest, ShowsTheOtherPriceAndTheRate) {
-  for (const VatCase& c :
-       std::initializer_list<VatCase>{// No rate of its own: the general rate of the database.
-                                      {"GeneralRateWithVat", "O00002002", Variant(121), Variant(),
-                                       Variant(), " Kaina be PVM: 100,00 (Tarifas: 21%)"},
-                                      {"OwnRateWithoutVat", "O00002003", Variant(10), Variant(),
-                                       Variant(), " Kaina su PVM: 10,90 (Tarifas: 9%)"},
-                                      {"FractionalRate", "O00002003", Variant(100), Variant(),
-                                       Variant(9.5), " Kaina su PVM: 109,50 (Tarifas: 9,5%)"},
-                                      // 22.345 is a half: it rounds to the even cent.
-                                      {"PriceAsText", "O00002003", Variant("20,5"), Variant(),
-                                       Variant(), " Kaina su PVM: 22,34 (Tarifas: 9%)"},
-                                      // Half a cent rounds to even.
-                                      {"HalfToEven", "O00002003", Variant(0.125), Variant(),
-                                       Variant(0), " Kaina su PVM: 0,12 (Tarifas: 0%)"},
-                                      {"Grouped", "O00002002", Variant(12100), Variant(), Variant(),
-                                       " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
-                                      {"NotANumberLeavesOnlyTheCreator", "O00002003",
-                                       Variant("brangu"), Variant(), Variant(), ""},
-                                      {"NullPriceLeavesOnlyTheCreator", "O00002003",
-                                       Variant::Null(), Variant(), Variant(), ""}}) {
-    SCOPED_TRACE(c.name);
-    auto w = Open(c.oidr);
+  for (const auto& [name, oidr, price, vat, line] :
+       std::initializer_list<std::tuple<const char*, const char*, Variant, Variant, const char*>>{
+           // No rate of its own: the general rate of the database.
+           {"GeneralRateWithVat", "O00002002", Variant(121), Variant(),
+            " Kaina be PVM: 100,00 (Tarifas: 21%)"},
+           {"OwnRateWithoutVat", "O00002003", Variant(10), Variant(),
+            " Kaina su PVM: 10,90 (Tarifas: 9%)"},
+           {"FractionalRate", "O00002003", Variant(100), Variant(9.5),
+            " Kaina su PVM: 109,50 (Tarifas: 9,5%)"},
+           // 22.345 is a half: it rounds to the even cent, as half a cent does.
+           {"PriceAsText", "O00002003", Variant("20,5"), Variant(),
+            " Kaina su PVM: 22,34 (Tarifas: 9%)"},
+           {"HalfToEven", "O00002003", Variant(0.125), Variant(0),
+            " Kaina su PVM: 0,12 (Tarifas: 0%)"},
+           {"Grouped", "O00002002", Variant(12100), Variant(),
+            " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
+           {"NotANumberLeavesOnlyTheCreator", "O00002003", Variant("brangu"), Variant(), ""},
+           {"NullPriceLeavesOnlyTheCreator", "O00002003", Variant::Null(), Variant(), ""}}) {
+    SCOPED_TRACE(name);
+    auto w = Open(oidr);
     ASSERT_TRUE(w);
-    if (!c.withVat.IsEmpty()) Grid(*w).EditField("PriceWithVAT", c.withVat);
-    if (!c.vat.IsEmpty()) Grid(*w).EditField("VAT", c.vat);
-    Grid(*w).EditField("Price", c.price);
-    EXPECT_EQ(PricePart(*w), c.line);
+    if (!vat.IsEmpty()) Grid(*w).EditField("VAT", vat);
+    Grid(*w).EditField("Price", price);
+    EXPECT_EQ(PricePart(*w), line);
     EXPECT_NE(w->SOPanel.ToolTipText().find("Sukūrė:Jonas"), std::string::npos);
   }
 }
 
-struct MeasureCase {
-  const char* name;
-  const char* oidr;
-  Variant measure;    // Empty: as stored
-  Variant precision;  // Empty: as stored
-  bool saved;
-  const char* box;  // the one box shown, "" for none
-};
-
-class GoodsCardMeasureCaseTest : public GoodsCardTest,
-                                 public ::testing::WithParamInterface<MeasureCase> {};
-
-TEST_P(GoodsCardMeasureCaseTest, AGoodNeedsAMeasureAndWholeUnitsWhereCounted) {
-  const MeasureCase& c = GetParam();
-  auto w = Open(c.oidr);
-  if (!c.measure.IsEmpty()) Grid(*w).EditField("MeasureID", c.measure);
-  if (!c.precision.IsEmpty()) Grid(*w).EditField("AmountPrecision", c.precision);
-  Grid(*w).EditField("Name", Variant("Kitas"));
-  Clear();
-  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter_Click();
-  const int32_t id = c.oidr[8] - '0';
-  EXPECT_EQ(Stored(id, "Name") == Variant("Kitas"), c.saved);
-  EXPECT_EQ(Boxes(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>{});
+// The measure and precision typed (Empty: as stored); whether the edit was
+// written, and the one box shown ("" none). A group has no measure to check.
+TEST_F(GoodsCardTest, AGoodNeedsAMeasureAndWholeUnitsWhereCounted) {
+  for (const auto& [name, oidr, measure, precision, saved, box] :
+       std::initializer_list<std::tuple<const char*, const char*, Variant, Variant, bool,
+                                        const char*>>{
+           {"WholeUnitsWithDecimals", "O00002003", Variant(), Variant(2), false,
+            "16 Apskaita Kiekio tikslumas turi būti lygus 0!"},
+           {"WholeUnits", "O00002003", Variant(), Variant(0), true, ""},
+           {"DecimalMeasure", "O00002002", Variant(), Variant(3), true, ""},
+           {"NoMeasure", "O00002002", Variant::Null(), Variant(), false,
+            "16 Apskaita Nenurodytas matavimo vienetas!"},
+           {"UnreadableMeasure", "O00002002", Variant(9), Variant(), false,
+            "16 Apskaita Klaida!\nMatavimo vienetas 9 neperskaitytas"},
+           {"Group", "O00002001", Variant::Null(), Variant(), true, ""}}) {
+    SCOPED_TRACE(name);
+    auto w = Open(oidr);
+    if (!measure.IsEmpty()) Grid(*w).EditField("MeasureID", measure);
+    if (!precision.IsEmpty()) Grid(*w).EditField("AmountPrecision", precision);
+    Grid(*w).EditField("Name", Variant(name));
+    Clear();
+    if (*box) host_.Ui()->QueueAnswer(vbOK);
+    w->cmdEnter_Click();
+    EXPECT_EQ(Stored(oidr[8] - '0', "Name") == Variant(name), saved);
+    EXPECT_EQ(Boxes(), *box ? std::vector<std::string>{box} : std::vector<std::string>{});
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, GoodsCardMeasureCaseTest,
-    ::testing::Values(MeasureCase{"WholeUnitsWithDecimals", "O00002003", Variant(), Variant(2),
-                                  false, "16 Apskaita Kiekio tikslumas turi būti lygus 0!"},
-                      MeasureCase{"WholeUnits", "O00002003", Variant(), Variant(0), true, ""},
-                      MeasureCase{"DecimalMeasure", "O00002002", Variant(), Variant(3), true, ""},
-                      MeasureCase{"NoMeasure", "O00002002", Variant::Null(), Variant(), false,
-                                  "16 Apskaita Nenurodytas matavimo vienetas!"},
-                      MeasureCase{"UnreadableMeasure", "O00002002", Variant(9), Variant(), false,
-                                  "16 Apskaita Klaida!\nMatavimo vienetas 9 neperskaitytas"},
-                      // A group has no measure to check.
-                      MeasureCase{"Group", "O00002001", Variant::Null(), Variant(), true, ""}),
-    ByName());
 
 TEST_F(GoodsCardTest, AnEmptyNameWritesNothingAndSaysNothing) {
   auto w = Open("O00002002");
@@ -115,9 +89,10 @@ TEST_F(GoodsCardTest, AnEmptyNameWritesNothingAndSaysNothing) {
   EXPECT_TRUE(w->cmdEnter.Enabled());
 }
 
+// With or without the right CGoodsCH, the documents using the good, the name stored after.
 struct RenameCase {
   const char* name;
-  bool right;  // CGoodsCH
+  bool right;
   int used;
   const char* stored;
   std::vector<std::string> calls;
@@ -160,15 +135,18 @@ TEST_F(GoodsCardTest, AFailedWriteIsShownAndTheEditsStay) {
   w->cmdEnter_Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Apskaita Klaida!\n\nPažeistas ryšys"}));
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Price").Value(), Variant(11));
-  EXPECT_TRUE(w->cmdEnter.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_EQ(OnOff({&w->cmdEnter, &w->SSCNew}), "11");
 }
 
+// A cancel on a new record does nothing.
 TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsLists) {
   auto w = Open("O00002001", "1");
   ASSERT_TRUE(w->IsNew);
   Grid(*w).EditField("Name", Variant("Sviestas"));
   Clear();
+  w->cmdCancel_Click();
+  EXPECT_TRUE(BO("O0000200").Calls().empty());
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
   w->cmdEnter_Click();
   EXPECT_FALSE(w->IsNew);
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00002004");
@@ -180,23 +158,12 @@ TEST_F(GoodsCardTest, ANewGoodInTheWindowCopiesKindGroupNameAndMeasure) {
   auto w = Open("O00002003");
   w->SSCNew_Click();
   auto& object = *w->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), "");
-  EXPECT_EQ(object.Fields("Name").Value(), Variant("Pienas"));
-  EXPECT_EQ(NullToLong(object.Fields("MeasureID").Value()), 2);
-  EXPECT_EQ(NullToLong(object.Fields("AmountPrecision").Value()), 0);
-  EXPECT_EQ(NullToLong(object.Fields("ParentID").Value()), 1);
-  EXPECT_FALSE(CBool(object.Fields("WithRest").Value()));
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_FALSE(w->SSCNew.Enabled());
-}
-
-TEST_F(GoodsCardTest, CancelOnANewRecordDoesNothing) {
-  auto w = Open("O00002001", "1");
-  Grid(*w).EditField("Name", Variant("Sviestas"));
-  Clear();
-  w->cmdCancel_Click();
-  EXPECT_TRUE(BO("O0000200").Calls().empty());
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Sviestas"));
+  std::string fields = object.OIDR();
+  for (const char* field : {"Name", "MeasureID", "AmountPrecision", "ParentID", "WithRest"}) {
+    fields += "|" + ConcatText(object.Fields(field).Value());
+  }
+  EXPECT_EQ(fields, "|Pienas|2|0|1|False");
+  EXPECT_TRUE(w->IsNew && !w->SSCNew.Enabled());
 }
 
 class RecordingDialogs : public GoodsDialogs {
@@ -227,16 +194,13 @@ TEST_F(GoodsCardTest, NewRowsGetTheGoodAndTheListReloads) {
                                       "O0000600 [] : Kainos / Apskaita GoodID=2"}));
   EXPECT_EQ(BO("O0000200").Calls("GetMeasures").size(), 1u);
   EXPECT_EQ(BO("O0000200").Calls("GetPrices").size(), 1u);
-}
-
-TEST_F(GoodsCardTest, ANewRowOnAGoodNotSavedIsRefused) {
-  auto dialogs = std::make_shared<RecordingDialogs>();
-  InstallGoodsDialogs(dialogs);
-  auto w = Open("O00002001", "1");
-  w->CurrentTab = 2;
-  w->MenuAction = "100";
+  // A new row on a good not saved is refused.
+  dialogs->opened.clear();
+  auto fresh = Open("O00002001", "1");
+  fresh->CurrentTab = 2;
+  fresh->MenuAction = "100";
   host_.Ui()->QueueAnswer(vbOK);
-  w->EditRow();
+  fresh->EditRow();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"48 Apskaita Išsaugokite naujai sukurtą įmonę"}));
   EXPECT_TRUE(dialogs->opened.empty());
 }

@@ -2,9 +2,7 @@
 
 #include <algorithm>
 #include <functional>
-#include <memory>
-#include <string>
-#include <vector>
+#include <tuple>
 
 #include "adapters/SmallAdapters.h"
 #include "adapters/UI0000200.h"
@@ -13,27 +11,25 @@
 #include "goods/frmGaranty.h"
 #include "goods/frmGoodPreview.h"
 #include "goods/frmPriceChange.h"
-#include "host/Convert.h"
 #include "support/CaseName.h"
+#include "support/Controls.h"
 #include "support/StubObjectUIO.h"
-#include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestGroupSelect.h"
-#include "testhost/TestHostClasses.h"
 
 namespace orvel {
 namespace {
 
 enum class Kind { Price, Garanty };
 
+// The keys typed into the number box, "Mažinti" and the subgroups ticked, the text shown and
+// the parameter sent.
 struct GroupChangeCase {
   const char* name;
   Kind kind;
-  const char* keys;  // typed into the number box
-  bool down;         // "Mažinti"
-  bool subGroups;
-  const char* shown;
-  const char* sent;
+  const char* keys;
+  bool down, subGroups;
+  const char *shown, *sent;
 };
 
 class GroupChangeTest : public GoodsCardTest {
@@ -101,16 +97,13 @@ TEST_F(GroupChangeTest, TypedValueGoesOutWithPointAndSign) {
 
 TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
-    EXPECT_FALSE(dialog.cmdEnter.Enabled());
-    EXPECT_FALSE(dialog.cmdCancel.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "00");
     Type(Box(dialog), "3");
-    EXPECT_TRUE(dialog.cmdEnter.Enabled());
-    EXPECT_TRUE(dialog.cmdCancel.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "11");
+    // Emptied again, the dialog can be left only by its close box.
     Type(Box(dialog), "\b");
-    // The dialog can then be left only by its close box.
-    EXPECT_FALSE(dialog.cmdCancel.Enabled());
     dialog.chkWithSubGroups.Click();
-    EXPECT_FALSE(dialog.cmdEnter.Enabled());
+    EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "00");
   });
   EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
 }
@@ -125,8 +118,7 @@ TEST_F(GroupChangeTest, CancelOrARefusedChangeClosesTheDialogSilently) {
     });
     EXPECT_FALSE(loadedAfterUser);
   }
-  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
-  EXPECT_TRUE(Sent("UpdateGaranty").empty());
+  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty() && Sent("UpdateGaranty").empty());
   BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
   Run(Kind::Price, [&](GroupChangeDialog& dialog) {
     Type(Box(dialog), "150");
@@ -146,7 +138,7 @@ class FailingGroup : public StubObjectUIO {
   std::vector<std::string> calls;
 };
 
-TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
+TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStaysUnderItsOwnCaptions) {
   auto group = std::make_shared<FailingGroup>();
   frmGaranty dialog;
   dialog.OrvelObjectUIO = group;
@@ -163,17 +155,13 @@ TEST_F(GroupChangeTest, AFailedCallIsShownAndTheDialogStays) {
   host_.Ui()->QueueAnswer(vbOK);
   dialog.cmdEnter.Click();
   EXPECT_EQ(Boxes(), (std::vector<std::string>{"16 Orvelta Klaida!\nNepriskirta grupė"}));
-}
-
-TEST_F(GroupChangeTest, CaptionsAreTheDialogsOwn) {
-  frmPriceChange price;
-  frmGaranty garanty;
-  EXPECT_EQ(price.Caption(), "Pardavimo kainų keitimas");
-  EXPECT_EQ(price.chkWithSubGroups.Caption(), "Keisti ir pogrupiuose");
-  EXPECT_EQ(price.OptDown.Caption(), "Mažinti");
-  EXPECT_EQ(garanty.Caption(), "Garantijos pridėjimas");
-  EXPECT_EQ(garanty.Label1.Caption(), "Garantija, mėn:");
-  EXPECT_EQ(garanty.cmdEnter.Caption(), "Įrašyti");
+  frmPriceChange p;
+  frmGaranty g;
+  EXPECT_EQ(Join({p.Caption(), p.chkWithSubGroups.Caption(), p.OptDown.Caption(), g.Caption(),
+                  g.Label1.Caption(), g.cmdEnter.Caption()},
+                 "|"),
+            "Pardavimo kainų keitimas|Keisti ir pogrupiuose|Mažinti|Garantijos pridėjimas|"
+            "Garantija, mėn:|Įrašyti");
 }
 
 class GoodPreviewTest : public GoodsCardTest {
@@ -188,8 +176,7 @@ class GoodPreviewTest : public GoodsCardTest {
     MakeAdapter();
     auto& warehouses = BO("O0001605").Table();
     warehouses.SetFields({"ID", "Name", "Preview"});
-    warehouses.Seed({{{"Name", Variant("Centrinis")}, {"Preview", Variant("Centrinis")}},
-                     {{"Name", Variant("Vilnius")}, {"Preview", Variant("Vilniaus sandėlis")}}});
+    warehouses.Seed(SeedRows("Name Preview", {"Centrinis|Centrinis", "Vilnius|Vilniaus sandėlis"}));
   }
 
   // Opens the dialog on `settings`, lets `user` play it; the settings after.
@@ -203,11 +190,10 @@ class GoodPreviewTest : public GoodsCardTest {
   }
 };
 
+// The boxes Active, NotActive, Code, ByLocation, OnlyWithRest and ByCode, 1 or 0; the
+// location's text (null: the host's name of the warehouse, not checked here) and tag.
 struct PreviewLoadCase {
-  const char* name;
-  const char* settings;
-  const char* boxes;     // Active, NotActive, Code, ByLocation, OnlyWithRest and ByCode, 1 or 0
-  const char* location;  // null: the host's name of the warehouse, not checked here
+  const char *name, *settings, *boxes, *location;
   std::string tag;
 };
 
@@ -253,59 +239,36 @@ TEST_F(GoodPreviewTest, FieldsGoToTheControlsAndBackUnchanged) {
 // warehouse is dropped; Save stores the settings for the user; Cancel
 // confirms nothing.
 TEST_F(GoodPreviewTest, TheButtonsConfirmStoreOrDropTheEdits) {
-  struct Case {
-    const char* settings;
-    std::function<void(frmGoodPreview&)> user;
-    const char* after;
-    bool confirmed;
-    const char* stored;  // null: nothing stored
-  };
-  const Case cases[] = {{"1,0,0,'',0,0,0",
-                         [](frmGoodPreview& d) {
-                           d.chkActive.Click();
-                           d.cmdOK.Click();
-                         },
-                         "1,0,0,'',0,0,0", true, nullptr},
-                        {"1,0,1,'O00016051',1,1,0",
-                         [](frmGoodPreview& d) {
-                           d.chkByLocation.Click();
-                           EXPECT_FALSE(d.cmdLocation.Enabled());
-                           d.cmdOK.Click();
-                           EXPECT_EQ(d.txtLocation.Text(), "");
-                         },
-                         "1,0,1,'',0,1,0", true, nullptr},
-                        {"1,0,1,'',0,1,0",
-                         [](frmGoodPreview& d) {
-                           d.chkCode.Click();
-                           d.cmdCancel.Click();
-                         },
-                         "1,0,1,'',0,1,0", false, nullptr},
-                        {"1,0,1,'',0,1,0",
-                         [](frmGoodPreview& d) {
-                           d.OptByName.Click();
-                           d.chkOnlyWithRest.Click();
-                           d.cmdSave.Click();
-                         },
-                         "1,0,1,'',0,0,1", true, "1,0,1,'',0,0,1"}};
-  for (const Case& c : cases) {
-    SCOPED_TRACE(c.settings);
-    bool confirmed = !c.confirmed;
-    EXPECT_EQ(Edit(c.settings, c.user, &confirmed), c.after);
-    EXPECT_EQ(confirmed, c.confirmed);
-    auto stored = host_.Environment()->StoredSetting("O0000200", "Preview");
-    EXPECT_EQ(stored.has_value(), c.stored != nullptr);
-    if (c.stored) {
-      EXPECT_EQ(*stored, c.stored);
-    }
+  // The controls clicked, by blanks; the settings, the confirmation, the location's text and
+  // what is stored after ("" nothing).
+  for (const auto& [settings, clicks, after, confirmed, text, stored] :
+       std::initializer_list<std::tuple<const char*, const char*, const char*, bool, const char*,
+                                        const char*>>{
+           {"1,0,0,'',0,0,0", "chkActive cmdOK", "1,0,0,'',0,0,0", true, "", ""},
+           {"1,0,1,'O00016051',1,1,0", "chkByLocation cmdOK", "1,0,1,'',0,1,0", true, "", ""},
+           {"1,0,1,'',0,1,0", "chkCode cmdCancel", "1,0,1,'',0,1,0", false, "Visi sandeliai", ""},
+           {"1,0,1,'',0,1,0", "OptByName chkOnlyWithRest cmdSave", "1,0,1,'',0,0,1", true, "",
+            "1,0,1,'',0,0,1"}}) {
+    SCOPED_TRACE(clicks);
+    bool ok = !confirmed;
+    const auto play = [&, clicks = clicks, text = text](frmGoodPreview& d) {
+      for (const auto& name : Split(clicks, " ")) {
+        Control* control = d.FindControl(name);
+        if (auto* box = dynamic_cast<CheckBox*>(control)) box->Click();
+        if (auto* option = dynamic_cast<OptionButton*>(control)) option->Click();
+        if (auto* button = dynamic_cast<Button*>(control)) button->Click();
+        EXPECT_EQ(d.cmdLocation.Enabled(), d.chkByLocation.Value() == vbChecked);
+      }
+      EXPECT_EQ(d.txtLocation.Text(), text);
+    };
+    EXPECT_EQ(Edit(settings, play, &ok), after);
+    EXPECT_EQ(ok, confirmed);
+    EXPECT_EQ(host_.Environment()->StoredSetting("O0000200", "Preview").value_or(""), stored);
   }
 }
 
 struct LocationCase {
-  const char* name;
-  const char* picked;
-  const char* pickedName;
-  const char* text;
-  const char* tag;
+  const char *name, *picked, *pickedName, *text, *tag;
 };
 
 TEST_F(GoodPreviewTest, PickerResultSetsOrClearsTheWarehouse) {
@@ -325,8 +288,7 @@ TEST_F(GoodPreviewTest, PickerResultSetsOrClearsTheWarehouse) {
     EXPECT_EQ(tag, c.tag);
     auto picker = host_.HostClasses()->LastGroupSelect();
     ASSERT_TRUE(picker);
-    EXPECT_EQ(picker->OType(), "O0001605");
-    EXPECT_EQ(picker->RootOType(), "O0001605");
+    EXPECT_EQ(picker->OType() + " " + picker->RootOType(), "O0001605 O0001605");
   }
 }
 
@@ -344,12 +306,9 @@ class GoodPropertyTest : public GoodsCardTest {
     BO("O0000700").Table().SetFields({"ID", "GoodID", "LocationId", "MinAmount"});
     BO("O0000800").Table().SetFields({"ID", "GoodID", "GoodBRTemplateTypeID", "BRTemplateID"});
     BO("O0201600").Table().SetFields({"ID", "Name", "GroupFlag"});
-    BO("O0201600")
-        .Table()
-        .Seed({{{"Name", Variant("Grupė")}, {"GroupFlag", Variant(1)}},
-               {{"Name", Variant("Pirkimas")}, {"GroupFlag", Variant(0)}}});
+    BO("O0201600").Table().Seed(SeedRows("Name GroupFlag", {"Grupė|1", "Pirkimas|0"}));
     BO("O0001606").Table().SetFields({"ID", "Name"});
-    BO("O0001606").Table().Seed({{{"Name", Variant("kg")}}});
+    BO("O0001606").Table().Seed(SeedRows("Name", {"kg"}));
   }
 
   // A new record of `oid` with the fields set, edited in the sheet; `presses`
@@ -378,12 +337,11 @@ class GoodPropertyTest : public GoodsCardTest {
   std::vector<std::string> grid;
 };
 
+// The fields set, "name=value;..."; whether it was saved; the one box shown, "" for none.
 struct PropertyCase {
-  const char* name;
-  const char* oid;
-  const char* fields;  // "name=value;..."
+  const char *name, *oid, *fields;
   bool saved;
-  const char* box;  // the one box shown, "" for none
+  const char* box;
 };
 
 constexpr const char* kBadTemplate = "48 Apskaita Blogas šablonas!";
@@ -429,28 +387,17 @@ TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
   }
 }
 
-struct FailedWriteCase {
-  const char* name;
-  int32_t number;
-  const char* box;
-};
-
-TEST_F(GoodPropertyTest, IsShownAndTheDialogStays) {
-  for (const FailedWriteCase& c : std::initializer_list<FailedWriteCase>{
-           {"Duplicate", 2627, "16 Apskaita Klaida!\n\nPanašus įrašas jau yra duomenų bazėje!"},
-           {"Other", 2601, "16 Apskaita Klaida!\n\nUNIQUE constraint failed"}}) {
-    SCOPED_TRACE(c.name);
-    BO("O0000600").FailCallsNamed("Orvel_SaveObject", c.number, "UNIQUE constraint failed");
+TEST_F(GoodPropertyTest, AFailedWriteIsShownAndTheDialogStaysACancelSavesNothing) {
+  for (const auto& [number, box] :
+       {std::pair{2627, "16 Apskaita Klaida!\n\nPanašus įrašas jau yra duomenų bazėje!"},
+        {2601, "16 Apskaita Klaida!\n\nUNIQUE constraint failed"}}) {
+    BO("O0000600").FailCallsNamed("Orvel_SaveObject", number, "UNIQUE constraint failed");
     host_.Ui()->QueueAnswer(vbOK);
     EXPECT_FALSE(EditNew("O0000600", "GoodPriceTypeID=1;Price=2", 1, /*cancel=*/true));
-    EXPECT_EQ(Boxes(), (std::vector<std::string>{c.box}));
+    EXPECT_EQ(Boxes(), (std::vector<std::string>{box}));
   }
-}
-
-TEST_F(GoodPropertyTest, TheSheetIsCaptionedFilledAndCancelSavesNothing) {
   EXPECT_FALSE(EditNew("O0000600", "GoodPriceTypeID=1;Price=2", 0, /*cancel=*/true));
-  EXPECT_EQ(shownCaption, "Duona: Kainos");
-  EXPECT_EQ(labelWidth, 2000);
+  EXPECT_EQ(shownCaption + " " + std::to_string(labelWidth), "Duona: Kainos 2000");
   EXPECT_EQ(grid.front(), "SetServices");
   EXPECT_EQ(Rows("O0000600"), 0u);
 }

@@ -1,16 +1,15 @@
 #include <gtest/gtest.h>
 
 #include <optional>
-#include <string>
 #include <vector>
 
 #include "adapters/UI0000200.h"
 #include "goods/StructuredCode.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
+#include "host/Convert.h"
 #include "testhost/TestSession.h"
 
 namespace orvel {
@@ -18,8 +17,7 @@ namespace {
 
 struct CodeCase {
   const char* name;
-  Variant parent;
-  Variant max;
+  Variant parent, max;
   std::optional<std::string> code;
 };
 
@@ -65,8 +63,7 @@ class GenerateCodeTest : public ModuleTest {
     auto& table = BO("O0000200").Table();
     table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest"});
     table.SetDefault("ParentID", Variant::Null());
-    table.Seed({{{"Name", Variant("Grupė")}, {"Code", Variant("12")}, {"GroupFlag", Variant(1)}},
-                {{"Name", Variant("Prekė")}, {"Code", Variant("1207")}, {"ParentID", Variant(1)}}});
+    table.Seed(SeedRows("Name Code GroupFlag ParentID", {"Grupė|#12|1", "Prekė|#1207||1"}));
     SetStructuredCodes(Variant(true));
   }
 
@@ -91,12 +88,13 @@ class GenerateCodeTest : public ModuleTest {
   }
 };
 
+// The answer's PARENTCODE|MAXCODE ("" no record, "!" a failure), the result's number and value,
+// and the record's code afterwards.
 struct GenerateCase {
-  const char* name;
-  const char* codes;  // the answer's PARENTCODE|MAXCODE, "" for no record, "!" for a failure
+  const char *name, *codes;
   int32_t number;
   Variant value;
-  const char* code;  // the record's code afterwards
+  const char* code;
 };
 
 TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
@@ -121,30 +119,21 @@ TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
   }
 }
 
-class GenerateCodeOffTest : public GenerateCodeTest,
-                            public ::testing::WithParamInterface<Variant> {};
-
-TEST_P(GenerateCodeOffTest, WithTheSettingOffNothingIsAskedOrTouched) {
-  SetStructuredCodes(GetParam());
-  auto good = NewGoodIn(Variant(1));
-  auto result = Generate(*good);
-  EXPECT_EQ(result.Number, 0);
-  EXPECT_TRUE(result.Value.IsEmpty());
-  EXPECT_EQ(good->Fields("Code").Value(), Variant("old"));
-  EXPECT_TRUE(BusinessLines().empty());
-}
-
-INSTANTIATE_TEST_SUITE_P(Settings, GenerateCodeOffTest,
-                         ::testing::Values(Variant::Null(), Variant(false), Variant(0)));
-
-TEST_F(GenerateCodeTest, WithoutASettingsObjectTheCodesAreOff) {
-  host_.Session()->SetSettingObject("O00018021", nullptr);
-  auto good = NewGoodIn(Variant(1));
-  EXPECT_EQ(Generate(*good).Number, 0);
-  EXPECT_TRUE(BusinessLines().empty());
-}
-
-TEST_F(GenerateCodeTest, ATopLevelRecordAsksWithItsOwnReference) {
+// Without a settings object (Empty here) the codes are off too.
+TEST_F(GenerateCodeTest, WithTheSettingOffNothingIsAskedOrTouched) {
+  for (const Variant& setting : {Variant::Null(), Variant(false), Variant(0), Variant()}) {
+    SCOPED_TRACE(ConcatText(setting));
+    SetStructuredCodes(setting);
+    if (setting.IsEmpty()) host_.Session()->SetSettingObject("O00018021", nullptr);
+    auto good = NewGoodIn(Variant(1));
+    auto result = Generate(*good);
+    EXPECT_EQ(result.Number, 0);
+    EXPECT_TRUE(result.Value.IsEmpty());
+    EXPECT_EQ(good->Fields("Code").Value(), Variant("old"));
+    EXPECT_TRUE(BusinessLines().empty());
+  }
+  // Back on, a top-level record asks with its own reference.
+  SetStructuredCodes(Variant(true));
   // A Null parent gives an empty parameter, which falls back on the OIDR.
   BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", {"~|#0041"}));
   auto top = Adapter("O0000200")->GetOrvelObject("O00002001");

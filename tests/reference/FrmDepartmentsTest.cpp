@@ -8,10 +8,9 @@
 #include "orvel/Ui.h"
 #include "reference/frmDepartments.h"
 #include "support/CardTest.h"
-#include "support/CaseName.h"
 #include "support/Controls.h"
+#include "support/TextRecords.h"
 #include "testhost/TestRights.h"
-#include "testhost/TestWindowManager.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {
@@ -32,23 +31,16 @@ class FrmDepartmentsTest : public CardTest<frmDepartments> {
     table.SetDefault("ParentID", Variant(0));
     table.SetDefault("GroupFlag", Variant(0));
     table.SetDefault("FirmBranchID", Variant::Null());
-    table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Administracija")}},
-                {{"ParentID", Variant(1)},
-                 {"Name", Variant("Buhalterija")},
-                 {"FirmBranchID", Variant(11)}},
-                {{"Name", Variant("Sandėlis")}, {"FirmBranchID", Variant(99)}}});
+    table.Seed(SeedRows("GroupFlag Name ParentID FirmBranchID",
+                        {"1|Administracija", "|Buhalterija|1|11", "|Sandėlis||99"}));
     BO(kDepartments)
         .ReplyRead("DO0001604_GetFirmBranches",
-                   Branches({{11, "UAB Medis, Kaunas"}, {12, "UAB Medis, Vilnius"}}));
+                   Branches({"11|UAB Medis, Kaunas", "12|UAB Medis, Vilnius"}));
     MakeAdapter();
   }
 
-  static std::shared_ptr<MemoryRecordset> Branches(
-      const std::vector<std::pair<int32_t, std::string>>& rows) {
-    auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID", "Preview"});
-    for (const auto& [id, preview] : rows) rs->AddRow({Variant(id), Variant(preview)});
-    if (!rows.empty()) rs->MoveFirst();
-    return rs;
+  static std::shared_ptr<MemoryRecordset> Branches(const std::vector<std::string>& rows) {
+    return TextRecords("ID Preview", rows);
   }
 
   // "heading|name|group (tag)|branch (tag)|" and Write, Cancel, New, the
@@ -86,22 +78,9 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
   EXPECT_FALSE(w->Changed());
 }
 
-TEST_F(FrmDepartmentsTest, ABranchThatIsGoneShowsNoneAndTheNextWriteStoresNone) {
-  auto w = Open("O00016043", "0", "T");
-  ASSERT_TRUE(w);
-  EXPECT_EQ(Card(*w), " Padalinys|Sandėlis| ()| (0)|00111");
-  w->txtName.Edit("Sandėlis 2");
-  w->cmdWrite.Click();
-  EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
-  EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
-}
-
+// The captions: the heading, the group's label and the name's.
 struct CaptionCase {
-  const char* name;
-  const char* oidr;
-  const char* otype;
-  const char* key;
-  const char* captions;  // the heading, the group's label and the name's
+  const char *name, *oidr, *otype, *key, *captions;
   bool isNew;
 };
 
@@ -119,8 +98,8 @@ TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
     ASSERT_TRUE(w);
     EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
               c.captions);
+    EXPECT_EQ(w->IsNew(), !w->SSCNew.Enabled());
     EXPECT_EQ(w->IsNew(), c.isNew);
-    EXPECT_EQ(w->SSCNew.Enabled(), !c.isNew);
     w->txtName.Edit("Kitas");
     EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
   }
@@ -160,7 +139,7 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   std::string asked;
   host_.ObjectManager()->OnCall("OrvelGroupSelect", [&](const std::string& param) {
     asked = param;
-    return OrvelResult{0, "", Variant(Branches({{12, "UAB Medis, Vilnius"}}))};
+    return OrvelResult{0, "", Variant(Branches({"12|UAB Medis, Vilnius"}))};
   });
   w->cmdFirmBranches.Click();
   EXPECT_EQ(asked, "DO0001604_GetFirmBranches(0);;Pasirinkite įmonės filialą");
@@ -169,21 +148,25 @@ TEST_F(FrmDepartmentsTest, APickedBranchIsShownAndWritten) {
   EXPECT_EQ(CLng(Stored(3, "FirmBranchID")), 12);
   EXPECT_TRUE(host_.WindowManager()->Saved().empty());
   EXPECT_FALSE(w->cmdWrite.Enabled());
-}
-
-TEST_F(FrmDepartmentsTest, APickerFailureIsShownAndChangesNothing) {
-  auto w = Open("O00016042", "0", "T");
+  // A picker failure is shown and changes nothing.
   host_.ObjectManager()->ReplyToCall("OrvelGroupSelect", OrvelResult{7, "Nėra sąrašo", Variant()});
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdFirmBranches.Click();
   EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Apskaita Klaida!\nNėra sąrašo"});
-  EXPECT_EQ(w->txtFirmBranch.Tag(), "11");
+  EXPECT_EQ(w->txtFirmBranch.Tag(), "12");
   EXPECT_FALSE(w->Changed());
 }
 
 // Blanks around the name are trimmed; a write keeps the branch until it is
-// cleared, and a cleared one is written as none.
+// cleared, and a cleared one, or one that is gone, is written as none.
 TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
+  auto gone = Open("O00016043", "0", "T");
+  ASSERT_TRUE(gone);
+  EXPECT_EQ(Card(*gone), " Padalinys|Sandėlis| ()| (0)|00111");
+  gone->txtName.Edit("Sandėlis 2");
+  gone->cmdWrite.Click();
+  EXPECT_TRUE(Stored(3, "FirmBranchID").IsNull());
+  EXPECT_EQ(Stored(3, "Name"), Variant("Sandėlis 2"));
   auto w = Open("O00016042", "0", "T");
   w->txtName.Edit("  Kasa  ");
   w->cmdWrite.Click();
@@ -198,9 +181,7 @@ TEST_F(FrmDepartmentsTest, TheNameIsTrimmedAndAClearedBranchWritesNone) {
 // A cancelled pick changes nothing; clearing the box or picking the root only
 // empties the box: the record keeps its group.
 TEST_F(FrmDepartmentsTest, TheGroupPickerMovesTheDepartmentAndClearingOnlyEmptiesTheBox) {
-  BO(kDepartments)
-      .Table()
-      .Seed({{{"ID", Variant(5)}, {"GroupFlag", Variant(1)}, {"Name", Variant("Gamyba")}}});
+  BO(kDepartments).Table().Seed(SeedRows("ID GroupFlag Name", {"5|1|Gamyba"}));
   auto w = Open("O00016042", "0", "T");
   w->cmdParentGroup.Click();
   EXPECT_EQ(w->txtGroup.Text(), "Administracija");
@@ -223,10 +204,9 @@ TEST_F(FrmDepartmentsTest, ANewDepartmentIsWrittenInItsGroupAndTheCardBecomesSto
   w->txtName.Edit("Kasa");
   w->cmdWrite.Click();
   ASSERT_EQ(host_.WindowManager()->Saved(), std::vector<std::string>{"O00016044"});
-  EXPECT_EQ(Stored(4, "Name"), Variant("Kasa"));
-  EXPECT_EQ(CLng(Stored(4, "ParentID")), 1);
-  EXPECT_EQ(CLng(Stored(4, "GroupFlag")), 0);
-  EXPECT_EQ(w->OrvelObjectUIO()->Preview(), "Kasa");
+  EXPECT_EQ(ConcatText(Stored(4, "Name")) + " " + ConcatText(Stored(4, "ParentID")) + " " +
+                ConcatText(Stored(4, "GroupFlag")) + " " + w->OrvelObjectUIO()->Preview(),
+            "Kasa 1 0 Kasa");
   EXPECT_EQ(Card(*w), " Padalinys|Kasa|Administracija (O00016041)| (0)|00111");
 }
 
@@ -248,14 +228,11 @@ TEST_F(FrmDepartmentsTest, AFailedWriteIsShownAndTheEditStaysUntilCancelled) {
 TEST_F(FrmDepartmentsTest, NewFromAStoredGroupCardMakesANewGroupBesideIt) {
   auto w = Open("O00016041", "0", "Group");
   w->SSCNew.Click();
-  EXPECT_TRUE(w->IsNew());
-  EXPECT_TRUE(w->IsGroup());
+  EXPECT_TRUE(w->IsNew() && w->IsGroup());
   EXPECT_EQ(Card(*w), " Nauja padalinių grupė|| ()| (0)|00011");
   EXPECT_EQ(host_.Log().Lines(Channel::Window).back(), "Rekey O00016041");
-}
-
-TEST_F(FrmDepartmentsTest, NewWithUnsavedEditsAsksAndAsksAgainOnRemovalAndNoKeepsTheCard) {
-  auto w = Open("O00016042", "0", "T");
+  // With unsaved edits New asks, and asks again on the removal; No keeps the card.
+  w = Open("O00016042", "0", "T");
   w->txtName.Edit("Kasa");
   host_.Ui()->QueueAnswer(vbNo);
   w->SSCNew.Click();
@@ -275,19 +252,16 @@ TEST_F(FrmDepartmentsTest, TheRightClickDeletesOnlyWithTheDeleteRight) {
   host_.Rights()->Deny("CReference", TestRights::Right::Delete);
   auto w = Open("O00016043", "0", "T");
   w->SSCClose.MouseUp(vbRightButton);
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_TRUE(BO(kDepartments).Table().Contains(3));
-
+  EXPECT_TRUE(host_.Ui()->Boxes().empty() && BO(kDepartments).Table().Contains(3));
   host_.Rights()->Grant("CReference", TestRights::Right::Delete);
   auto other = Open("O00016042", "0", "T");
-  host_.Ui()->QueueAnswer(vbNo);
-  other->SSCClose.MouseUp(vbRightButton);
-  EXPECT_TRUE(BO(kDepartments).Table().Contains(2));
-  host_.Ui()->QueueAnswer(vbYes);
-  other->SSCClose.MouseUp(vbRightButton);
+  for (const auto& [answer, kept] : {std::pair{vbNo, true}, {vbYes, false}}) {
+    host_.Ui()->QueueAnswer(answer);
+    other->SSCClose.MouseUp(vbRightButton);
+    EXPECT_EQ(BO(kDepartments).Table().Contains(2), kept);
+  }
   EXPECT_EQ(Boxes(), std::vector<std::string>(
                          2, "52 Apskaita Ar tikrai norite panaikinti?\n\nBuhalterija"));
-  EXPECT_FALSE(BO(kDepartments).Table().Contains(2));
 }
 
 }  // namespace

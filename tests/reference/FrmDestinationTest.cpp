@@ -3,6 +3,8 @@
 // the dialog's write button.
 #include <gtest/gtest.h>
 
+#include <map>
+
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
@@ -10,6 +12,7 @@
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestWindowManager.h"
@@ -31,16 +34,11 @@ constexpr const char* kInheritedKey = "O02015001";
 constexpr const char* kOwnKey = "O020150027";
 
 std::shared_ptr<MemoryRecordset> TemplateRows() {
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{
-      "TemplateTypeOIDR", "TemplateTypeName", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
-      "DocumentGroupName", "DocumentGroupOIDR"});
-  rs->AddRow({Variant("O02015001"), Variant("Pardavimo"), Variant::Null(), Variant(1),
-              Variant("Prekių pardavimas"), Variant("O02016001"), Variant("Sąskaitos"),
-              Variant("O10002001")});
-  rs->AddRow({Variant("O02015002"), Variant("Pirkimo"), Variant(7), Variant(7),
-              Variant("Prekių pirkimas"), Variant("O02016002"), Variant::Null(), Variant("")});
-  rs->MoveFirst();
-  return rs;
+  return TextRecords(
+      "TemplateTypeOIDR TemplateTypeName ID ID2 BRTemplateName BRTemplateOIDR DocumentGroupName "
+      "DocumentGroupOIDR",
+      {"O02015001|Pardavimo|~|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
+       "O02015002|Pirkimo|7|7|Prekių pirkimas|O02016002|~|#"});
 }
 
 // Group "Pardavimai" (1) and its member "Didmeninė" (2), whose card is open.
@@ -52,8 +50,7 @@ class FrmDestinationTest : public ModuleTest {
     table.SetFields({"ID", "Name", "ParentID", "GroupFlag"});
     table.SetDefault("ParentID", Variant(0));
     table.SetDefault("GroupFlag", Variant(0));
-    table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Pardavimai")}},
-                {{"ParentID", Variant(1)}, {"Name", Variant("Didmeninė")}}});
+    table.Seed(SeedRows("GroupFlag Name ParentID", {"1|Pardavimai", "|Didmeninė|1"}));
     BO(kDestinations).ReplyRead("GetBRTemplates", TemplateRows());
   }
 
@@ -88,14 +85,15 @@ TEST_F(FrmDestinationTest, TheTabListsOwnAndInheritedRows) {
   ASSERT_TRUE(w && w->TemplatesList());
   auto& rows = w->TemplatesList()->ListItems();
   ASSERT_EQ(rows.Count(), 2);
-  auto& inherited = rows.Item(kInheritedKey);
-  EXPECT_EQ(inherited.Text(), "Pardavimo");
-  EXPECT_EQ(inherited.ListSubItems().Item(1).Text(), "Prekių pardavimas (šablonas paveldėtas)");
-  EXPECT_EQ(inherited.ListSubItems().Item(2).Text(), "Sąskaitos");
-  EXPECT_EQ(ConcatText(inherited.Tag()), "");
-  auto& own = rows.Item(kOwnKey);
-  EXPECT_EQ(own.ListSubItems().Item(1).Text(), "Prekių pirkimas");
-  EXPECT_EQ(ConcatText(own.Tag()), "7");
+  std::vector<std::string> shown;
+  for (const char* key : {kInheritedKey, kOwnKey}) {
+    auto& row = rows.Item(key);
+    shown.push_back(row.Text() + "|" + row.ListSubItems().Item(1).Text() + "|" +
+                    row.ListSubItems().Item(2).Text() + "|" + ConcatText(row.Tag()));
+  }
+  EXPECT_EQ(shown, (std::vector<std::string>{
+                       "Pardavimo|Prekių pardavimas (šablonas paveldėtas)|Sąskaitos|",
+                       "Pirkimo|Prekių pirkimas||7"}));
 }
 
 TEST_F(FrmDestinationTest, WithoutTheTemplatesRightThereIsNoTabAndNoMenu) {
@@ -118,10 +116,8 @@ TEST_F(FrmDestinationTest, DeletingAnOwnRowSendsTwoEmptyReferencesAndRedrawsTheL
   RightClick(*w, kOwnKey, "mnuTemplateDelete");
   EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015002','','',7"});
   EXPECT_EQ(Reads(), 1u);
-}
-
-TEST_F(FrmDestinationTest, AnInheritedRowOpensWithItsGroupAndWritesANewRow) {
-  auto w = Open();
+  // An inherited row opens with its group and writes a new row.
+  BO(kDestinations).ClearCalls();
   std::string shownGroup, shownTemplate;
   int32_t id = -1;
   host_.Ui()->QueueModal([&](Form& form) {
@@ -137,9 +133,7 @@ TEST_F(FrmDestinationTest, AnInheritedRowOpensWithItsGroupAndWritesANewRow) {
   });
   w->TemplatesList()->ListItems().Item(kInheritedKey).SetSelected(true);
   w->OrvelGrid->ListDoubleClick(0);
-  EXPECT_EQ(shownGroup, "O10002001");
-  EXPECT_EQ(shownTemplate, "");
-  EXPECT_EQ(id, 0);
+  EXPECT_EQ(shownGroup + "|" + shownTemplate + "|" + std::to_string(id), "O10002001||0");
   EXPECT_EQ(Saves(), std::vector<std::string>{"'O00016152','O02015001','O02016003','O10002001',0"});
   EXPECT_EQ(Reads(), 1u);
   // The dialog's filter does not stay on the card's rows.
@@ -208,48 +202,32 @@ TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {
 
 // The dialog on the inherited sales row (a group chosen, no template), driven
 // by a row of steps: t/T pick/clear the template, g/G pick/clear the group,
-// x a cancelled pick.
-struct ButtonCase {
-  const char* name;
-  const char* steps;
-  bool enabled;
-};
-
+// x a cancelled pick. Loaded, the write is off; clearing the template while a
+// group stays turns it off again.
 TEST_F(FrmDestinationTest, TheWriteButtonFollowsThePicks) {
-  for (const ButtonCase& c :
-       {ButtonCase{"Loaded", "", false}, ButtonCase{"TemplatePicked", "t", true},
-        ButtonCase{"PickCancelled", "x", false}, ButtonCase{"GroupPicked", "g", true},
-        ButtonCase{"GroupCleared", "G", true},
-        ButtonCase{"TemplateClearedWhileAGroupStays", "tT", false},
-        ButtonCase{"BothCleared", "GT", true}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [steps, enabled] : {std::pair{"", false}, {"t", true}, {"x", false},
+                                       {"g", true}, {"G", true}, {"tT", false}, {"GT", true}}) {
+    SCOPED_TRACE(steps);
     frmTemplate d;
     d.RsTemplates = TemplateRows();
     d.TemplateTypeOIDR = "O02015001";
     d.Load();
     ASSERT_EQ(d.txtDocumentGroup.Tag(), "O10002001");
-    for (const char* step = c.steps; *step; ++step) {
-      switch (*step) {
-        case 't':
-          host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
-          d.cmdTemplate.Click();
-          break;
-        case 'T':
-          d.cmdTemplateClean.Click();
-          break;
-        case 'g':
-          host_.HostClasses()->QueueGroupSelect("O1000200O10002001", "Sąskaitos", "Group");
-          d.cmdDocumenytGroup.Click();
-          break;
-        case 'G':
-          d.cmdGroupClean.Click();
-          break;
-        case 'x':
-          d.cmdTemplate.Click();
-          break;
+    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate},
+                                          {'T', &d.cmdTemplateClean},
+                                          {'g', &d.cmdDocumenytGroup},
+                                          {'G', &d.cmdGroupClean},
+                                          {'x', &d.cmdTemplate}};
+    for (const char* step = steps; *step; ++step) {
+      if (*step == 't') {
+        host_.HostClasses()->QueueGroupSelect("O0201600O02016001", "Prekių pardavimas", "C");
       }
+      if (*step == 'g') {
+        host_.HostClasses()->QueueGroupSelect("O1000200O10002001", "Sąskaitos", "Group");
+      }
+      buttons.at(*step)->Click();
     }
-    EXPECT_EQ(d.cmdEnter.Enabled(), c.enabled);
+    EXPECT_EQ(d.cmdEnter.Enabled(), enabled);
   }
 }
 

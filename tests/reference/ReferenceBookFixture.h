@@ -8,6 +8,7 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/TestUser.h"
 
 namespace orvel {
@@ -29,10 +30,8 @@ class ReferenceBookTest : public ModuleTest {
       table.SetFields({"ID", "ParentID", "GroupFlag", "Name"});
       table.SetDefault("ParentID", Variant(0));
       table.SetDefault("GroupFlag", Variant(0));
-      table.Seed({{{"GroupFlag", Variant(1)}, {"Name", Variant("Grupė A")}},
-                  {{"ParentID", Variant(1)}, {"Name", Variant("Vidinis")}},
-                  {{"Name", Variant("Viršuje")}},
-                  {{"ParentID", Variant(9)}, {"Name", Variant("Našlaitis")}}});
+      table.Seed(SeedRows("GroupFlag Name ParentID",
+                          {"1|Grupė A", "|Vidinis|1", "|Viršuje", "|Našlaitis|9"}));
     }
     host_.Log().Clear();
   }
