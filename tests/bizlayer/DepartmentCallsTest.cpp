@@ -16,12 +16,9 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
  protected:
   DepartmentCallsTest() {
     ReferenceBookSchema().create(*db_);
-    const char* destination =
-        "INSERT INTO book_destinations (Name, ParentID, GroupFlag) VALUES (?, ?, ?)";
-    Insert(destination, {"Pardavimai", 0, 1});
-    Insert(destination, {"Didmeninė", 1, 0});
-    Insert(destination, {"Vidaus", 0, 0});
     db_->Exec(
+        "INSERT INTO book_destinations (Name, ParentID, GroupFlag) VALUES ('Pardavimai', 0, 1),"
+        " ('Didmeninė', 1, 0), ('Vidaus', 0, 0);"
         "INSERT INTO br_template_types (ID, Name) VALUES (1, 'Pardavimo'), (2, 'Pirkimo');"
         "INSERT INTO br_templates (Name) VALUES ('Prekių pardavimas'), ('Prekių pirkimas');"
         "INSERT INTO document_groups (Name) VALUES ('Sąskaitos');"
