@@ -89,14 +89,9 @@ TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
 TEST_F(GoodsRoadTest, ANewGoodInAGroupTakesItsVatRate) {
   const std::string group = ConcatText(Stored("SELECT MIN(ID) FROM goods WHERE GroupFlag = 1"));
   host_.Database().Exec("UPDATE goods SET VAT = 9 WHERE ID = " + group);
-  auto type = host_.Objects().GetOrvelObjectUI("O0000200");
-  auto result = type->ClickMenu("O0000200" + group, "Group", "1", "");
-  auto window = result.Value.ObjectAs<OrvelWindow>();
-  ASSERT_NE(window, nullptr);
-  host_.Windows().ShowWindow(window);
-  auto card = std::dynamic_pointer_cast<Form>(window);
+  auto card = OpenCard("O0000200" + group, "Group", "1");
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ASSERT_TRUE(sheet->EditText("Name", "Arbata juodoji"));
   Press(*card, "cmdEnter");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O0000200'"));
