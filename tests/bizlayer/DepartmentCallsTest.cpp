@@ -30,17 +30,11 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
     return Type(kDestinations).ExecCall("SaveUpdateDeleteTemplates", param, 0);
   }
 
-  // Every attached row as "destination:type:template:group".
-  std::vector<std::string> Attached() {
-    std::vector<std::string> out;
-    auto stmt = db_->Prepare(
-        "SELECT DestinationID, TemplateTypeID, BRTemplateID, DocumentGroupID"
-        " FROM destination_templates ORDER BY ID");
-    while (stmt.Step()) {
-      out.push_back(Text(stmt.Column(0)) + ":" + Text(stmt.Column(1)) + ":" + Text(stmt.Column(2)) +
-                    ":" + Text(stmt.Column(3)));
-    }
-    return out;
+  // Every attached row as "destination:type:template:group", a space between.
+  std::string Attached() {
+    return Text(One("SELECT group_concat(r, ' ') FROM (SELECT DestinationID || ':' ||"
+                    " TemplateTypeID || ':' || BRTemplateID || ':' || COALESCE(DocumentGroupID, '')"
+                    " AS r FROM destination_templates ORDER BY ID)"));
   }
 
   // Each row of GetBRTemplates as "type|ID|ID2|template|templateOIDR|group|groupOIDR".
@@ -80,7 +74,7 @@ struct SaveCase {
   const char* name;
   const char* param;
   int32_t number;
-  std::vector<std::string> attached;
+  const char* attached;
 };
 
 class SaveTemplatesTest : public DepartmentCallsTest,
@@ -94,32 +88,29 @@ TEST_P(SaveTemplatesTest, OneMethodAddsChangesAndDeletes) {
 }
 
 // What a refused call leaves: the group's one row.
-const std::vector<std::string> kKept{"1:1:1:1"};
+constexpr const char* kKept = "1:1:1:1";
 
 INSTANTIATE_TEST_SUITE_P(
     Params, SaveTemplatesTest,
-    ::testing::Values(
-        SaveCase{"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0,
-                 {"1:1:1:1", "3:2:2:1"}},
-        SaveCase{"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0,
-                 {"1:1:1:1", "3:1:1:"}},
-        SaveCase{"Update", "'O00016151','O02015001','O02016002','',1", 0, {"1:1:2:"}},
-        SaveCase{"Delete", "'O00016151','O02015001','','',1", 0, {}},
-        SaveCase{"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, {"1:1:1:1"}},
-        SaveCase{"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
-        SaveCase{"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777,
-                 kKept},
-        SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
-        SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
-        SaveCase{"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
-        SaveCase{"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}),
+    ::testing::ValuesIn(std::vector<SaveCase>{
+        {"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0, "1:1:1:1 3:2:2:1"},
+        {"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0, "1:1:1:1 3:1:1:"},
+        {"Update", "'O00016151','O02015001','O02016002','',1", 0, "1:1:2:"},
+        {"Delete", "'O00016151','O02015001','','',1", 0, ""},
+        {"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, "1:1:1:1"},
+        {"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
+        {"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777, kKept},
+        {"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
+        {"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
+        {"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
+        {"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// The departments list the suite's firm branches, by firm and branch name.
 TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
-  int64_t firm = Insert("INSERT INTO firms (Name, GroupFlag) VALUES (?, 0)", {"UAB Medis"});
-  const char* branch = "INSERT INTO firm_branches (FirmID, Name) VALUES (?, ?)";
-  Insert(branch, {Variant(firm), "Vilniaus filialas"});
-  Insert(branch, {Variant(firm), "Kauno filialas"});
+  db_->Exec("INSERT INTO firms (Name, GroupFlag) VALUES ('UAB Medis', 0);"
+            "INSERT INTO firm_branches (FirmID, Name) VALUES (1, 'Vilniaus filialas'),"
+            " (1, 'Kauno filialas')");
   auto reply = Type("O0001604").RecordsetCall("DO0001604_GetFirmBranches", "0", 0);
   ASSERT_EQ(reply.Number, 0) << reply.Text;
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
