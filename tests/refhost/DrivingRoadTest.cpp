@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "ui/ListView.h"
@@ -36,20 +38,13 @@ class DrivingRoadTest : public RunningHost {
 // The host's folder is given without its separator; each catalogue's help
 // is the file under its help folder.
 TEST_F(DrivingRoadTest, HelpOpensTheFileUnderTheApplicationFolder) {
-  const struct {
-    const char* oid;
-    const char* key;
-    const char* said;
-  } cases[] = {
-      {"O0000100", "7", "Pagalba: Įmonės /tmp/help\\imones.htm"},
-      {"O0000200", "8", "Pagalba: Atsargos /tmp/help\\atsargos.htm"},
-      {"O0001600", "7", "Pagalba: Žinynai /tmp/help\\zinynai.htm"},
-  };
-  for (const auto& c : cases) {
-    auto type = host_.Objects().GetOrvelObjectUI(c.oid);
-    ASSERT_NE(type, nullptr) << c.oid;
-    type->ClickMenu(c.oid, "", c.key, "");
-    EXPECT_THAT(prompter_.said, Contains(c.said));
+  for (const auto& [oid, key, said] :
+       std::vector<std::tuple<const char*, const char*, const char*>>{
+           {"O0000100", "7", "Pagalba: Įmonės /tmp/help\\imones.htm"},
+           {"O0000200", "8", "Pagalba: Atsargos /tmp/help\\atsargos.htm"},
+           {"O0001600", "7", "Pagalba: Žinynai /tmp/help\\zinynai.htm"}}) {
+    host_.Objects().GetOrvelObjectUI(oid)->ClickMenu(oid, "", key, "");
+    EXPECT_THAT(prompter_.said, Contains(said));
   }
 }
 
