@@ -42,13 +42,6 @@ class CatalogueCallsFixture {
 
   TableBusinessObject& Type(const std::string& oid) { return *layer_.BusinessObject(oid); }
 
-  int64_t Insert(const std::string& sql, const std::vector<Variant>& values) {
-    auto stmt = db_->Prepare(sql);
-    for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
-    stmt.Run();
-    return db_->LastInsertRowId();
-  }
-
   Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
   // A read call that must succeed; its record set.

@@ -1,10 +1,7 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
-#include <utility>
-#include <vector>
 
-#include "RunningHost.h"
 #include "refhost/FillProgress.h"
 
 namespace orvel {
@@ -49,19 +46,6 @@ INSTANTIATE_TEST_SUITE_P(
         ProgressCase{false,
                      "Skaitomas sąrašas: 100000 eil.\nSkaitomas sąrašas: 200000 eil.\n"
                      "Skaitomas sąrašas: 250000 eil., 2,5 s\n"}));
-
-using FillObserverTest = RunningHost;
-
-// A list the module asks for is told from its start to its whole count.
-TEST_F(FillObserverTest, TheLayerTellsAListFromItsStartToItsCount) {
-  std::vector<std::pair<int64_t, bool>> told;
-  host_.Layer().SetFillObserver([&told](int64_t rows, bool done) { told.emplace_back(rows, done); });
-  auto rs = host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObjectList("O0000300", "", "");
-  ASSERT_NE(rs, nullptr);
-  ASSERT_GE(told.size(), 2u);
-  EXPECT_EQ(told.front(), std::make_pair(int64_t{0}, false));
-  EXPECT_EQ(told.back(), std::make_pair(int64_t{rs->RecordCount()}, true));
-}
 
 }  // namespace
 }  // namespace orvel
