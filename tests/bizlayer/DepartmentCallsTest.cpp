@@ -54,16 +54,15 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
   }
 };
 
-TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndShowsEmptyTypes) {
+// A member inherits its group's template and shows the types without one; a
+// new record has only empty rows and cannot take templates.
+TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndANewRecordHasNone) {
   EXPECT_EQ(Rows("O00016152"), (std::vector<std::string>{
                                    "O02015001||1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
                                    "O02015002||||||"}));
   EXPECT_EQ(Rows("O00016151"), (std::vector<std::string>{
                                    "O02015001|1|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
                                    "O02015002||||||"}));
-}
-
-TEST_F(DepartmentCallsTest, ANewRecordHasOnlyEmptyRowsAndCannotTakeTemplates) {
   EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
   auto status = Save("'O0001615','O02015001','O02016001','',0");
   EXPECT_EQ(status.Number, 777);
