@@ -14,8 +14,6 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::HasSubstr;
 
-using FieldValues = std::vector<std::pair<std::string, Variant>>;
-
 // Good 2 "Popierius" in group 1; good 3 alone. Warehouses 1 and 3 hold
 // goods, 2 is a group; two template types, two templates, two price types.
 class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Test {
@@ -37,33 +35,6 @@ class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Tes
         "INSERT INTO br_template_types (ID, Name) VALUES (1, 'Pirkimas'), (2, 'Pardavimas');"
         "INSERT INTO br_templates (Name) VALUES ('Prekės'), ('Paslaugos');"
         "INSERT INTO goods_price_types (Name) VALUES ('Klientų ''VIP''')");
-  }
-
-  // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the
-  // record with the two further sets it does not use.
-  OrvelStatus Save(const std::string& oid, const std::string& oidr,
-                   const std::shared_ptr<Recordset>& record) {
-    Variant::Array array{Variant(record), Variant(std::shared_ptr<Recordset>()),
-                         Variant(std::shared_ptr<Recordset>())};
-    return Type(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid + "','" + oidr + "'", array);
-  }
-
-  // A new record with `fields` set, saved; its OIDR ("" when refused).
-  std::string Create(const std::string& oid, const FieldValues& fields, OrvelStatus* status) {
-    auto record = Read(oid, "Orvel_NewObject", "'" + oid + "'");
-    if (!record) return "";
-    for (const auto& [name, value] : fields) record->Fields(name).SetValue(value);
-    *status = Save(oid, "", record);
-    if (status->Number != 0) return "";
-    return oid + ConcatText(record->Fields("ID").Value());
-  }
-
-  // A record that must be made; its OIDR.
-  std::string Made(const std::string& oid, const FieldValues& fields) {
-    OrvelStatus status;
-    const std::string oidr = Create(oid, fields, &status);
-    EXPECT_FALSE(oidr.empty()) << oid << ": " << status.Text;
-    return oidr;
   }
 
   int Rows(const std::string& table) {
