@@ -17,23 +17,7 @@ using ::testing::HasSubstr;
 // the help files under the application folder, and a dialog a card opens
 // from its timer once its menu has closed (the firm card's notes are in
 // FirmDetailsRoadTest).
-class DrivingRoadTest : public RunningHost {
- protected:
-  void SetUp() override {
-    RunningHost::SetUp();
-    Terminal().SetWindows(&host_.Windows());
-  }
-
-  // The dialogs the host runs modally, by caption.
-  void RunDialogs(std::function<void(Form&)> drive) {
-    Terminal().SetModalRunner([this, drive](Form& dialog) {
-      dialogs_.push_back(dialog.Caption());
-      drive(dialog);
-    });
-  }
-
-  std::vector<std::string> dialogs_;
-};
+using DrivingRoadTest = RunningHost;
 
 // The host's folder is given without its separator; each catalogue's help
 // is the file under its help folder.
@@ -69,16 +53,19 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
   list->ItemClick(list->ListItems().Item(1));
 
   int historyRows = 0;
-  RunDialogs([&](Form& dialog) {
+  std::vector<std::string> dialogs;
+  Terminal().SetWindows(&host_.Windows());
+  Terminal().SetModalRunner([&](Form& dialog) {
+    dialogs.push_back(dialog.Caption());
     auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
     ASSERT_NE(rows, nullptr);
     historyRows = rows->ListItems().Count();
     Press(dialog, "cmdClose");
   });
   RightClick(*sheet, "Traffic", {"Istorija"});
-  EXPECT_TRUE(dialogs_.empty());
+  EXPECT_TRUE(dialogs.empty());
   Terminal().DoEvents();
-  EXPECT_EQ(dialogs_, std::vector<std::string>{"Istorija"});
+  EXPECT_EQ(dialogs, std::vector<std::string>{"Istorija"});
   EXPECT_GE(historyRows, 1);
   EXPECT_THAT(calls_, Contains(HasSubstr("GetGoodHistory")));
 }
