@@ -187,54 +187,46 @@ INSTANTIATE_TEST_SUITE_P(
 // <in code>,<from start> in place of the first two. Pienas (now "1209") is
 // out of use; the services Montavimas and Pristatymas, the second out of
 // use, stand under Paslaugos; Centrinis and Kauno are warehouses 1 and 2.
-struct GoodsListCase {
-  const char* param;
-  std::vector<std::string> rows;  // "<ID> <Otype>"
-};
-
-class GoodsListTest : public GoodsCallsTest,
-                      public ::testing::WithParamInterface<GoodsListCase> {};
-
-TEST_P(GoodsListTest, ListsByTheSettingsAndTheSearchOptions) {
+TEST_F(GoodsCallsTest, ListsByTheSettingsAndTheSearchOptions) {
   db_->Exec(
       "UPDATE goods SET Code = '1209', Active = 0 WHERE ID = 3;"
       "INSERT INTO goods (Name, Code, ParentID, GroupFlag, GoodType, Active) VALUES"
       " ('Montavimas', '0501', 6, 0, 1, 1), ('Pristatymas', '0502', 6, 0, 1, 0);"
       "INSERT INTO book_locations (Code, Name, ParentID, GroupFlag) VALUES ('C', 'Centrinis',"
       " 0, 0), ('K', 'Kauno', 0, 0), ('P', 'Parduotuvės', 0, 1)");
-  auto rs = Read("O0000200", "Orvel_GetObjectList", GetParam().param);
-  ASSERT_NE(rs, nullptr);
-  std::vector<std::string> rows;
-  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-    rows.push_back(Text(rs->Fields("ID").Value()) + " " + Text(rs->Fields("Otype").Value()));
+  // Each list's rows as "<ID> <Otype>".
+  for (const auto& [param, expected] :
+       std::vector<std::pair<const char*, std::vector<std::string>>>{
+           // The default settings: in use, by code; a group always comes first.
+           {"'O00002001','',1,0,1,'',0,1,0", {"4 Group", "2 GEXIST"}},
+           {"'O00002001','',0,1,1,'',0,1,0", {"4 Group", "3 GoodNA"}},
+           {"'O00002001','',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "3 GoodNA"}},
+           {"'O00002001','',1,1,0,'',0,0,0", {"4 Group", "3 GoodNA", "2 GEXIST"}},
+           {"'O00002006','',1,1,1,'',0,1,0", {"8 Service", "9 ServiceNA"}},
+           // With rest, anywhere or in one warehouse; a warehouse not asked for
+           // restricts nothing.
+           {"'O00002001','',1,1,1,'',0,1,1", {"4 Group", "2 GEXIST"}},
+           {"'O00002001','',1,1,1,'O00016051',1,1,1", {"4 Group"}},
+           {"'O00002004','',1,1,1,'O00016051',1,1,1", {"5 GEXIST"}},
+           {"'O00002001','',1,1,1,'O00016052',1,1,1", {"4 Group", "2 GEXIST"}},
+           {"'O00002001','',1,1,1,'O00016051',1,1,0", {"4 Group", "2 GEXIST"}},
+           {"'O00002001','',1,1,1,'O00016051',0,1,1", {"4 Group", "2 GEXIST"}},
+           {"'O00002001','',1,1,1,'',1,1,1", {"4 Group", "2 GEXIST"}},
+           // A search through every level, in and out of use.
+           {"'','pr',0,0,1,'',0,0,0", {"1 Group", "4 Group", "9 ServiceNA"}},
+           {"'','pr',0,1,1,'',0,0,0", {"9 ServiceNA"}},
+           {"'','PRIST',0,1,1,'',0,0,0", {"9 ServiceNA"}},
+           {"'','120',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "5 GEXIST", "3 GoodNA"}},
+           {"'','08',1,0,1,'',0,1,0", {"4 Group", "5 GEXIST"}}}) {
+    auto rs = Read("O0000200", "Orvel_GetObjectList", param);
+    ASSERT_NE(rs, nullptr);
+    std::vector<std::string> rows;
+    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
+      rows.push_back(Text(rs->Fields("ID").Value()) + " " + Text(rs->Fields("Otype").Value()));
+    }
+    EXPECT_EQ(rows, expected) << param;
   }
-  EXPECT_EQ(rows, GetParam().rows) << GetParam().param;
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Goods, GoodsListTest,
-    ::testing::Values(
-        // The default settings: in use, by code; a group always comes first.
-        GoodsListCase{"'O00002001','',1,0,1,'',0,1,0", {"4 Group", "2 GEXIST"}},
-        GoodsListCase{"'O00002001','',0,1,1,'',0,1,0", {"4 Group", "3 GoodNA"}},
-        GoodsListCase{"'O00002001','',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "3 GoodNA"}},
-        GoodsListCase{"'O00002001','',1,1,0,'',0,0,0", {"4 Group", "3 GoodNA", "2 GEXIST"}},
-        GoodsListCase{"'O00002006','',1,1,1,'',0,1,0", {"8 Service", "9 ServiceNA"}},
-        // With rest, anywhere or in one warehouse; a warehouse not asked for
-        // restricts nothing.
-        GoodsListCase{"'O00002001','',1,1,1,'',0,1,1", {"4 Group", "2 GEXIST"}},
-        GoodsListCase{"'O00002001','',1,1,1,'O00016051',1,1,1", {"4 Group"}},
-        GoodsListCase{"'O00002004','',1,1,1,'O00016051',1,1,1", {"5 GEXIST"}},
-        GoodsListCase{"'O00002001','',1,1,1,'O00016052',1,1,1", {"4 Group", "2 GEXIST"}},
-        GoodsListCase{"'O00002001','',1,1,1,'O00016051',1,1,0", {"4 Group", "2 GEXIST"}},
-        GoodsListCase{"'O00002001','',1,1,1,'O00016051',0,1,1", {"4 Group", "2 GEXIST"}},
-        GoodsListCase{"'O00002001','',1,1,1,'',1,1,1", {"4 Group", "2 GEXIST"}},
-        // A search through every level, in and out of use.
-        GoodsListCase{"'','pr',0,0,1,'',0,0,0", {"1 Group", "4 Group", "9 ServiceNA"}},
-        GoodsListCase{"'','pr',0,1,1,'',0,0,0", {"9 ServiceNA"}},
-        GoodsListCase{"'','PRIST',0,1,1,'',0,0,0", {"9 ServiceNA"}},
-        GoodsListCase{"'','120',1,1,1,'',0,1,0", {"4 Group", "2 GEXIST", "5 GEXIST", "3 GoodNA"}},
-        GoodsListCase{"'','08',1,0,1,'',0,1,0", {"4 Group", "5 GEXIST"}}));
 
 // List settings that cannot be read: the call's Number and text.
 TEST_F(GoodsCallsTest, ListSettingsThatCannotBeReadAreRefusedWithTheirText) {
