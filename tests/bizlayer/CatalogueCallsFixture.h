@@ -100,6 +100,19 @@ class CatalogueCallsFixture {
     return out;
   }
 
+  // Each row's fields as text joined by "|".
+  static std::vector<std::string> Lines(Recordset& rs, std::initializer_list<const char*> fields) {
+    std::vector<std::string> out;
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+      std::string line;
+      for (const char* field : fields) {
+        line += (line.empty() ? "" : "|") + Text(rs.Fields(field).Value());
+      }
+      out.push_back(line);
+    }
+    return out;
+  }
+
   void ExpectRead(const std::string& oid, const ReadCase& c) {
     if (c.setup) db_->Exec(c.setup);
     auto rs = Read(oid, c.call, c.param);

@@ -40,18 +40,11 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
   // Each row of GetBRTemplates as "type|ID|ID2|template|templateOIDR|group|groupOIDR".
   std::vector<std::string> Rows(const std::string& oidr) {
     auto rs = Read(kDestinations, "GetBRTemplates", oidr);
-    std::vector<std::string> out;
-    if (!rs) return out;
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      std::string line;
-      for (const char* field : {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
-                                "DocumentGroupName", "DocumentGroupOIDR"}) {
-        line += (line.empty() ? "" : "|") + Text(rs->Fields(field).Value());
-      }
-      out.push_back(line);
-    }
-    return out;
+    if (!rs) return {};
+    return Lines(*rs, {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
+                       "DocumentGroupName", "DocumentGroupOIDR"});
   }
+
 };
 
 // A member inherits its group's template and shows the types without one; a

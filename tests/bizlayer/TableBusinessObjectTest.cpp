@@ -22,7 +22,8 @@ class TableBusinessObjectTest : public CatalogueCallsFixture, public ::testing::
 // A grouped record names the groups above it, top first, each followed by
 // "\\"; the card shows that path before its group's name.
 TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
-  const std::string top = Made("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
+  const std::string top =
+      Made("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
   const std::string sub = Made("O0000100", {{"Name", Variant("O'Brien grupė")},
                                               {"GroupFlag", Variant(1)},
                                               {"ParentID", Variant(std::stoi(top.substr(8)))}});
@@ -60,16 +61,11 @@ TEST_F(TableBusinessObjectTest, StructureComesFromTheFieldDescriptions) {
   auto reply = Type("O0000300").RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
   ASSERT_EQ(reply.Number, 0) << reply.Text;
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-  std::vector<std::string> rows;
-  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-    rows.push_back(Text(rs->Fields("Name").Value()) + "|" + Text(rs->Fields("Caption").Value()) +
-                   "|" + Text(rs->Fields("xType").Value()) + "|" +
-                   Text(rs->Fields("Visible").Value()));
-  }
-  EXPECT_THAT(rows, ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
-                                "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
-                                "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
-                                "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
+  EXPECT_THAT(Lines(*rs, {"Name", "Caption", "xType", "Visible"}),
+              ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
+                          "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
+                          "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
+                          "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
   auto byOid = layer_.ServiceCall("Orvel_GetObjectStructureByOID", "O0000300");
   EXPECT_EQ(byOid.Number, 0);
   EXPECT_THAT(Column(*byOid.Value.ObjectAs<Recordset>(), "Name"), Contains("SWIFT"));

@@ -114,10 +114,9 @@ class RunningHost : public ::testing::Test {
   }
 
   bool Said(const std::string& text) const {
-    for (const auto& line : prompter_.said) {
-      if (line.find(text) != std::string::npos) return true;
-    }
-    return false;
+    const auto& said = prompter_.said;
+    return std::any_of(said.begin(), said.end(),
+                       [&](const auto& line) { return line.find(text) != std::string::npos; });
   }
 
   TempDatabase file_;
