@@ -28,6 +28,8 @@ struct ReadCase {
 };
 inline void PrintTo(const ReadCase& c, std::ostream* os) { *os << c.call << " " << c.param; }
 
+using FieldValues = std::vector<std::pair<std::string, Variant>>;
+
 // An empty reference schema in memory with its business layer; each test
 // puts in the few rows its calls read.
 class CatalogueCallsFixture {
@@ -42,13 +44,6 @@ class CatalogueCallsFixture {
 
   TableBusinessObject& Type(const std::string& oid) { return *layer_.BusinessObject(oid); }
 
-  int64_t Insert(const std::string& sql, const std::vector<Variant>& values) {
-    auto stmt = db_->Prepare(sql);
-    for (size_t i = 0; i < values.size(); ++i) stmt.Bind(static_cast<int>(i) + 1, values[i]);
-    stmt.Run();
-    return db_->LastInsertRowId();
-  }
-
   Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
   // A read call that must succeed; its record set.
@@ -59,6 +54,33 @@ class CatalogueCallsFixture {
     auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
     EXPECT_NE(rs, nullptr) << name;
     return rs;
+  }
+
+  // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the
+  // record with the two further sets it does not use.
+  OrvelStatus Save(const std::string& oid, const std::string& oidr,
+                   const std::shared_ptr<Recordset>& record) {
+    Variant::Array array{Variant(record), Variant(std::shared_ptr<Recordset>()),
+                         Variant(std::shared_ptr<Recordset>())};
+    return Type(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid + "','" + oidr + "'", array);
+  }
+
+  // A new record with `fields` set, saved; its OIDR ("" when refused).
+  std::string Create(const std::string& oid, const FieldValues& fields, OrvelStatus* status) {
+    auto record = Read(oid, "Orvel_NewObject", "'" + oid + "'");
+    if (!record) return "";
+    for (const auto& [name, value] : fields) record->Fields(name).SetValue(value);
+    *status = Save(oid, "", record);
+    if (status->Number != 0) return "";
+    return oid + ConcatText(record->Fields("ID").Value());
+  }
+
+  // A record that must be made; its OIDR.
+  std::string Made(const std::string& oid, const FieldValues& fields) {
+    OrvelStatus status;
+    const std::string oidr = Create(oid, fields, &status);
+    EXPECT_FALSE(oidr.empty()) << oid << ": " << status.Text;
+    return oidr;
   }
 
   // A value as text with "." for decimals, whatever the locale; Null is "".
@@ -75,6 +97,19 @@ class CatalogueCallsFixture {
   static std::vector<std::string> Column(Recordset& rs, const std::string& field) {
     std::vector<std::string> out;
     for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) out.push_back(Text(rs.Fields(field).Value()));
+    return out;
+  }
+
+  // Each row's fields as text joined by "|".
+  static std::vector<std::string> Lines(Recordset& rs, std::initializer_list<const char*> fields) {
+    std::vector<std::string> out;
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+      std::string line;
+      for (const char* field : fields) {
+        line += (line.empty() ? "" : "|") + Text(rs.Fields(field).Value());
+      }
+      out.push_back(line);
+    }
     return out;
   }
 

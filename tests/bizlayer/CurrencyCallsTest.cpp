@@ -6,27 +6,18 @@
 namespace orvel {
 namespace {
 
-
 // EUR the base, USD with two day rates, LTL fixed, GBP without any rate.
 class CurrencyCallsTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
   CurrencyCallsTest() {
-    const char* currency =
-        "INSERT INTO currencies (Code, Name, State, FixedRate, OneCurr) VALUES (?, ?, ?, ?, ?)";
-    Insert(currency, {"EUR", "Euras", "Europos Sąjungos", 1.0, "euras"});
-    Insert(currency, {"USD", "JAV doleris", "JAV", 0.0, "doleris"});
-    Insert(currency, {"LTL", "Litas", "Lietuvos", 3.4528, "litas"});
-    Insert(currency, {"GBP", "Svaras sterlingas", "Didžiosios Britanijos", 0.0, "svaras"});
-    const char* rate = "INSERT INTO currency_rates (CurrencyID, RateDate, Rate) VALUES (2, ?, ?)";
-    Insert(rate, {DateSerial(2026, 11, 20), 1.05});
-    Insert(rate, {DateSerial(2026, 11, 22), 1.06});
-  }
-
-  std::string Stored(const Date& day) {
-    auto stmt =
-        db_->Prepare("SELECT Rate FROM currency_rates WHERE CurrencyID = 2 AND RateDate = ?");
-    stmt.Bind(1, Variant(day));
-    return stmt.Step() ? Text(stmt.Column(0)) : "none";
+    db_->Exec(
+        "INSERT INTO currencies (Code, Name, State, FixedRate, OneCurr) VALUES"
+        " ('EUR', 'Euras', 'Europos Sąjungos', 1.0, 'euras'),"
+        " ('USD', 'JAV doleris', 'JAV', 0.0, 'doleris'),"
+        " ('LTL', 'Litas', 'Lietuvos', 3.4528, 'litas'),"
+        " ('GBP', 'Svaras sterlingas', 'Didžiosios Britanijos', 0.0, 'svaras');"
+        "INSERT INTO currency_rates (CurrencyID, RateDate, Rate) VALUES (2, '2026-11-20', 1.05),"
+        " (2, '2026-11-22', 1.06)");
   }
 };
 
@@ -64,19 +55,19 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"GetCurrencyRates", "'2026-11-21','2026-11-21'", {{"Code", {}}}},
         ReadCase{"GetCurrencyRates", "'2026-11-30','2026-11-01'", {{"Code", {}}}}));
 
+// A date picked with its time of day is the same day; the code in any case.
 TEST_F(CurrencyCallsTest, SaveDayRateAddsADayAndOverwritesAnExistingOne) {
-  auto status = Type("O0002200").ExecCall("SaveDayRate", "'USD','2026-11-23',1.0825", 0);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_EQ(Stored(DateSerial(2026, 11, 23)), "1.0825");
-  status = Type("O0002200").ExecCall("SaveDayRate", "'USD','2026-11-22',1.07", 0);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_EQ(Stored(DateSerial(2026, 11, 22)), "1.07");
-  EXPECT_EQ(One("SELECT COUNT(*) FROM currency_rates"), Variant(3));
-  // A date picked with its time of day is the same day; the code in any case.
-  status = Type("O0002200").ExecCall("SaveDayRate", "'usd','2026.11.22 14:05:00',1.08", 0);
-  ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_EQ(Stored(DateSerial(2026, 11, 22)), "1.08");
-  EXPECT_EQ(One("SELECT COUNT(*) FROM currency_rates"), Variant(3));
+  for (const auto& [param, rates] : std::vector<std::pair<const char*, const char*>>{
+           {"'USD','2026-11-23',1.0825", "2026-11-20=1.05 2026-11-22=1.06 2026-11-23=1.0825"},
+           {"'USD','2026-11-22',1.07", "2026-11-20=1.05 2026-11-22=1.07 2026-11-23=1.0825"},
+           {"'usd','2026.11.22 14:05:00',1.08",
+            "2026-11-20=1.05 2026-11-22=1.08 2026-11-23=1.0825"}}) {
+    auto status = Type("O0002200").ExecCall("SaveDayRate", param, 0);
+    ASSERT_EQ(status.Number, 0) << status.Text;
+    EXPECT_EQ(Text(One("SELECT group_concat(RateDate || '=' || Rate, ' ') FROM (SELECT * FROM"
+                       " currency_rates WHERE CurrencyID = 2 ORDER BY RateDate)")),
+              rates);
+  }
 }
 
 }  // namespace

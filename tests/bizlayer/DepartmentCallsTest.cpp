@@ -16,12 +16,9 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
  protected:
   DepartmentCallsTest() {
     ReferenceBookSchema().create(*db_);
-    const char* destination =
-        "INSERT INTO book_destinations (Name, ParentID, GroupFlag) VALUES (?, ?, ?)";
-    Insert(destination, {"Pardavimai", 0, 1});
-    Insert(destination, {"Didmeninė", 1, 0});
-    Insert(destination, {"Vidaus", 0, 0});
     db_->Exec(
+        "INSERT INTO book_destinations (Name, ParentID, GroupFlag) VALUES ('Pardavimai', 0, 1),"
+        " ('Didmeninė', 1, 0), ('Vidaus', 0, 0);"
         "INSERT INTO br_template_types (ID, Name) VALUES (1, 'Pardavimo'), (2, 'Pirkimo');"
         "INSERT INTO br_templates (Name) VALUES ('Prekių pardavimas'), ('Prekių pirkimas');"
         "INSERT INTO document_groups (Name) VALUES ('Sąskaitos');"
@@ -33,46 +30,32 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
     return Type(kDestinations).ExecCall("SaveUpdateDeleteTemplates", param, 0);
   }
 
-  // Every attached row as "destination:type:template:group".
-  std::vector<std::string> Attached() {
-    std::vector<std::string> out;
-    auto stmt = db_->Prepare(
-        "SELECT DestinationID, TemplateTypeID, BRTemplateID, DocumentGroupID"
-        " FROM destination_templates ORDER BY ID");
-    while (stmt.Step()) {
-      out.push_back(Text(stmt.Column(0)) + ":" + Text(stmt.Column(1)) + ":" + Text(stmt.Column(2)) +
-                    ":" + Text(stmt.Column(3)));
-    }
-    return out;
+  // Every attached row as "destination:type:template:group", a space between.
+  std::string Attached() {
+    return Text(One("SELECT group_concat(r, ' ') FROM (SELECT DestinationID || ':' ||"
+                    " TemplateTypeID || ':' || BRTemplateID || ':' || COALESCE(DocumentGroupID, '')"
+                    " AS r FROM destination_templates ORDER BY ID)"));
   }
 
   // Each row of GetBRTemplates as "type|ID|ID2|template|templateOIDR|group|groupOIDR".
   std::vector<std::string> Rows(const std::string& oidr) {
     auto rs = Read(kDestinations, "GetBRTemplates", oidr);
-    std::vector<std::string> out;
-    if (!rs) return out;
-    for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      std::string line;
-      for (const char* field : {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
-                                "DocumentGroupName", "DocumentGroupOIDR"}) {
-        line += (line.empty() ? "" : "|") + Text(rs->Fields(field).Value());
-      }
-      out.push_back(line);
-    }
-    return out;
+    if (!rs) return {};
+    return Lines(*rs, {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
+                       "DocumentGroupName", "DocumentGroupOIDR"});
   }
+
 };
 
-TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndShowsEmptyTypes) {
+// A member inherits its group's template and shows the types without one; a
+// new record has only empty rows and cannot take templates.
+TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndANewRecordHasNone) {
   EXPECT_EQ(Rows("O00016152"), (std::vector<std::string>{
                                    "O02015001||1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
                                    "O02015002||||||"}));
   EXPECT_EQ(Rows("O00016151"), (std::vector<std::string>{
                                    "O02015001|1|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
                                    "O02015002||||||"}));
-}
-
-TEST_F(DepartmentCallsTest, ANewRecordHasOnlyEmptyRowsAndCannotTakeTemplates) {
   EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
   auto status = Save("'O0001615','O02015001','O02016001','',0");
   EXPECT_EQ(status.Number, 777);
@@ -83,7 +66,7 @@ struct SaveCase {
   const char* name;
   const char* param;
   int32_t number;
-  std::vector<std::string> attached;
+  const char* attached;
 };
 
 class SaveTemplatesTest : public DepartmentCallsTest,
@@ -97,32 +80,29 @@ TEST_P(SaveTemplatesTest, OneMethodAddsChangesAndDeletes) {
 }
 
 // What a refused call leaves: the group's one row.
-const std::vector<std::string> kKept{"1:1:1:1"};
+constexpr const char* kKept = "1:1:1:1";
 
 INSTANTIATE_TEST_SUITE_P(
     Params, SaveTemplatesTest,
-    ::testing::Values(
-        SaveCase{"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0,
-                 {"1:1:1:1", "3:2:2:1"}},
-        SaveCase{"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0,
-                 {"1:1:1:1", "3:1:1:"}},
-        SaveCase{"Update", "'O00016151','O02015001','O02016002','',1", 0, {"1:1:2:"}},
-        SaveCase{"Delete", "'O00016151','O02015001','','',1", 0, {}},
-        SaveCase{"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, {"1:1:1:1"}},
-        SaveCase{"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
-        SaveCase{"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777,
-                 kKept},
-        SaveCase{"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
-        SaveCase{"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
-        SaveCase{"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
-        SaveCase{"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}),
+    ::testing::ValuesIn(std::vector<SaveCase>{
+        {"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0, "1:1:1:1 3:2:2:1"},
+        {"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0, "1:1:1:1 3:1:1:"},
+        {"Update", "'O00016151','O02015001','O02016002','',1", 0, "1:1:2:"},
+        {"Delete", "'O00016151','O02015001','','',1", 0, ""},
+        {"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, "1:1:1:1"},
+        {"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
+        {"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777, kKept},
+        {"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
+        {"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
+        {"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
+        {"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}}),
     [](const auto& info) { return std::string(info.param.name); });
 
+// The departments list the suite's firm branches, by firm and branch name.
 TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
-  int64_t firm = Insert("INSERT INTO firms (Name, GroupFlag) VALUES (?, 0)", {"UAB Medis"});
-  const char* branch = "INSERT INTO firm_branches (FirmID, Name) VALUES (?, ?)";
-  Insert(branch, {Variant(firm), "Vilniaus filialas"});
-  Insert(branch, {Variant(firm), "Kauno filialas"});
+  db_->Exec("INSERT INTO firms (Name, GroupFlag) VALUES ('UAB Medis', 0);"
+            "INSERT INTO firm_branches (FirmID, Name) VALUES (1, 'Vilniaus filialas'),"
+            " (1, 'Kauno filialas')");
   auto reply = Type("O0001604").RecordsetCall("DO0001604_GetFirmBranches", "0", 0);
   ASSERT_EQ(reply.Number, 0) << reply.Text;
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);

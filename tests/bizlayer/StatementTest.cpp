@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -16,73 +17,52 @@ struct RoundTrip {
   std::optional<Variant> read;  // when not what was stored
 };
 
-void PrintTo(const RoundTrip& c, std::ostream* out) { *out << c.column << " " << Describe(c.stored); }
-
-// What the layer stores reads back the same on every engine.
-class DatabaseTest : public ::testing::TestWithParam<const EngineMaker*> {
- protected:
-  void SetUp() override { db_ = GetParam()->make(); }
-  std::shared_ptr<Database> db_;
-};
-
-class RoundTripTest
-    : public ::testing::TestWithParam<std::tuple<const EngineMaker*, RoundTrip>> {};
-
-TEST_P(RoundTripTest, ValueReadsBackByDeclaredType) {
-  auto db = std::get<0>(GetParam())->make();
-  const RoundTrip& c = std::get<1>(GetParam());
-  db->Exec(
-      "CREATE TABLE probe (ID INTEGER PRIMARY KEY AUTOINCREMENT, i INTEGER, r REAL, t TEXT,"
-      " d DATE, b BOOLEAN);"
-      "INSERT INTO probe (i) VALUES (NULL);");
-  db->Prepare(std::string("UPDATE probe SET ") + c.column + " = ?").Bind(1, c.stored).Run();
-  EXPECT_EQ(db->Changes(), 1);
-  auto select = db->Prepare(std::string("SELECT ") + c.column + " FROM probe");
-  ASSERT_TRUE(select.Step());
-  EXPECT_EQ(select.Column(0), c.read.value_or(c.stored)) << Describe(select.Column(0));
-}
-
 Date At(int y, int m, int d, int seconds = 0) {
   Date date = DateSerial(y, m, d);
   date.serial += seconds / 86400.0;
   return date;
 }
 
-std::vector<const EngineMaker*> Engines() {
-  std::vector<const EngineMaker*> out;
-  for (const auto& engine : DatabaseEngines()) out.push_back(&engine);
-  return out;
+// What the layer stores reads back the same on every engine.
+class DatabaseTest : public ::testing::TestWithParam<EngineMaker> {
+ protected:
+  void SetUp() override { db_ = GetParam().make(); }
+  std::shared_ptr<Database> db_;
+};
+
+TEST_P(DatabaseTest, AValueReadsBackByItsDeclaredType) {
+  db_->Exec(
+      "CREATE TABLE probe (ID INTEGER PRIMARY KEY AUTOINCREMENT, i INTEGER, r REAL, t TEXT,"
+      " d DATE, b BOOLEAN);"
+      "INSERT INTO probe (i) VALUES (NULL);");
+  for (const RoundTrip& c : std::vector<RoundTrip>{
+           {"i", Variant(42)}, {"i", Variant(int64_t{5000000000}), Variant(5e9)},
+           {"i", Variant(), Variant::Null()}, {"i", Variant::Null()},
+           {"r", Variant(3.4528)}, {"r", Variant(7), Variant(7.0)},
+           {"t", Variant("O'Brien")}, {"t", Variant("x'; DROP TABLE firms; --")},
+           {"t", Variant("UAB „Šiaulių duona“ ?")}, {"t", Variant("")},
+           {"d", Variant(At(2026, 11, 23))},
+           {"d", Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7))},
+           {"b", Variant(true)}, {"b", Variant(false)}}) {
+    SCOPED_TRACE(std::string(c.column) + " " + Describe(c.stored));
+    db_->Prepare(std::string("UPDATE probe SET ") + c.column + " = ?").Bind(1, c.stored).Run();
+    EXPECT_EQ(db_->Changes(), 1);
+    auto select = db_->Prepare(std::string("SELECT ") + c.column + " FROM probe");
+    ASSERT_TRUE(select.Step());
+    EXPECT_EQ(select.Column(0), c.read.value_or(c.stored)) << Describe(select.Column(0));
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Values, RoundTripTest,
-    ::testing::Combine(
-        ::testing::ValuesIn(Engines()),
-        ::testing::Values(
-            RoundTrip{"i", Variant(42)}, RoundTrip{"i", Variant(int64_t{5000000000}), Variant(5e9)},
-            RoundTrip{"i", Variant(), Variant::Null()}, RoundTrip{"i", Variant::Null()},
-            RoundTrip{"r", Variant(3.4528)}, RoundTrip{"r", Variant(7), Variant(7.0)},
-            RoundTrip{"t", Variant("O'Brien")}, RoundTrip{"t", Variant("x'; DROP TABLE firms; --")},
-            RoundTrip{"t", Variant("UAB „Šiaulių duona“ ?")}, RoundTrip{"t", Variant("")},
-            RoundTrip{"d", Variant(At(2026, 11, 23))},
-            RoundTrip{"d", Variant(At(2014, 12, 31, 13 * 3600 + 5 * 60 + 7))},
-            RoundTrip{"b", Variant(true)}, RoundTrip{"b", Variant(false)})),
-    [](const auto& info) {
-      return std::string(std::get<0>(info.param)->name) + "_" + std::to_string(info.index);
-    });
-
-TEST_P(DatabaseTest, ObjectsCannotBeStored) {
+// An object cannot be stored; bad SQL is an error naming the statement.
+TEST_P(DatabaseTest, ObjectsAndBadSqlAreRefused) {
   db_->Exec("CREATE TABLE probe (t TEXT)");
   auto insert = db_->Prepare("INSERT INTO probe VALUES (?)");
   EXPECT_THROW(insert.Bind(1, Variant(std::make_shared<MemoryRecordset>())), DatabaseError);
-}
-
-TEST_P(DatabaseTest, BadSqlIsAnErrorThatNamesTheStatement) {
   try {
     db_->Prepare("SELECT nothing FROM nowhere").Step();
     FAIL() << "no error";
   } catch (const DatabaseError& e) {
-    EXPECT_NE(std::string(e.what()).find("nowhere"), std::string::npos) << e.what();
+    EXPECT_THAT(e.what(), ::testing::HasSubstr("nowhere"));
   }
 }
 
@@ -120,13 +100,12 @@ TEST_P(DatabaseTest, RollsBackUnlessCommittedAndGivesTheNewId) {
   rows.BindAll("lost");
   ASSERT_TRUE(rows.Step());
   EXPECT_EQ(rows.Column(0), Variant(static_cast<int32_t>(id)));
-  EXPECT_EQ(rows.ColumnName(1), "Kept");
-  EXPECT_EQ(rows.Column(1), Variant("kept"));
+  EXPECT_EQ(rows.ColumnName(1) + "=" + ConcatText(rows.Column(1)), "Kept=kept");
   EXPECT_FALSE(rows.Step());
 }
 
-INSTANTIATE_TEST_SUITE_P(Engines, DatabaseTest, ::testing::ValuesIn(Engines()),
-                         [](const auto& info) { return std::string(info.param->name); });
+INSTANTIATE_TEST_SUITE_P(Engines, DatabaseTest, ::testing::ValuesIn(DatabaseEngines()),
+                         [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
 }  // namespace orvel

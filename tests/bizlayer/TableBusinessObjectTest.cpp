@@ -12,21 +12,6 @@ using ::testing::ElementsAre;
 
 class TableBusinessObjectTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
-  // Saves a new record of `oid` with the given fields; returns its OIDR.
-  std::string Create(const std::string& oid,
-                     const std::vector<std::pair<std::string, Variant>>& fields) {
-    auto reply = Type(oid).GetCall("Orvel_NewObject", "'" + oid + "'", 0);
-    EXPECT_EQ(reply.Number, 0) << reply.Text;
-    auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-    for (const auto& [name, value] : fields) rs->Fields(name).SetValue(value);
-    Variant::Array array{Variant(rs)};
-    auto status = Type(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid + "',''", array);
-    EXPECT_EQ(status.Number, 0) << status.Text;
-    return ConcatText(rs->Fields("ID").Value()).empty()
-               ? ""
-               : oid + ConcatText(rs->Fields("ID").Value());
-  }
-
   std::shared_ptr<Recordset> Record(const std::string& oidr) {
     return Read(oidr.substr(0, 8), "Orvel_ReadObject", "'" + oidr + "'");
   }
@@ -37,22 +22,23 @@ class TableBusinessObjectTest : public CatalogueCallsFixture, public ::testing::
 // A grouped record names the groups above it, top first, each followed by
 // "\\"; the card shows that path before its group's name.
 TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
-  const std::string top = Create("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
-  const std::string sub = Create("O0000100", {{"Name", Variant("O'Brien grupė")},
+  const std::string top =
+      Made("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
+  const std::string sub = Made("O0000100", {{"Name", Variant("O'Brien grupė")},
                                               {"GroupFlag", Variant(1)},
                                               {"ParentID", Variant(std::stoi(top.substr(8)))}});
-  const std::string firm = Create(
+  const std::string firm = Made(
       "O0000100", {{"Name", Variant("UAB Alfa")}, {"ParentID", Variant(std::stoi(sub.substr(8)))}});
   EXPECT_EQ(ConcatText(Record(firm)->Fields("PreviewPath").Value()), "Tiekėjai\\O'Brien grupė\\");
   EXPECT_EQ(ConcatText(Record(sub)->Fields("PreviewPath").Value()), "Tiekėjai\\");
   EXPECT_EQ(ConcatText(Record(top)->Fields("PreviewPath").Value()), "");
   // A catalogue without groups has no path.
-  const std::string bank = Create("O0000300", {{"Name", Variant("AB SEB bankas")}});
+  const std::string bank = Made("O0000300", {{"Name", Variant("AB SEB bankas")}});
   EXPECT_FALSE(Record(bank)->Fields().Exists("PreviewPath"));
 }
 
 TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
-  Create("O0000300", {{"Name", Variant("AB SEB bankas")}});
+  Made("O0000300", {{"Name", Variant("AB SEB bankas")}});
   auto rs = Record("O00003001");
   rs->Fields("Name").SetValue(Variant("Pakeistas"));
   rs->Fields("Code").SetValue(Variant(std::make_shared<MemoryRecordset>()));  // cannot be stored
@@ -75,25 +61,20 @@ TEST_F(TableBusinessObjectTest, StructureComesFromTheFieldDescriptions) {
   auto reply = Type("O0000300").RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
   ASSERT_EQ(reply.Number, 0) << reply.Text;
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-  std::vector<std::string> rows;
-  for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-    rows.push_back(Text(rs->Fields("Name").Value()) + "|" + Text(rs->Fields("Caption").Value()) +
-                   "|" + Text(rs->Fields("xType").Value()) + "|" +
-                   Text(rs->Fields("Visible").Value()));
-  }
-  EXPECT_THAT(rows, ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
-                                "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
-                                "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
-                                "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
+  EXPECT_THAT(Lines(*rs, {"Name", "Caption", "xType", "Visible"}),
+              ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
+                          "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
+                          "CreatedByUser|Sukūrė|231|0", "CreationDate|Sukurta|61|0",
+                          "UpdatedByUser|Pakeitė|231|0", "UpdateDate|Pakeista|61|0"));
   auto byOid = layer_.ServiceCall("Orvel_GetObjectStructureByOID", "O0000300");
   EXPECT_EQ(byOid.Number, 0);
   EXPECT_THAT(Column(*byOid.Value.ObjectAs<Recordset>(), "Name"), Contains("SWIFT"));
 }
 
 TEST_F(TableBusinessObjectTest, BankFirmsAreTheFirmsWithItsAccount) {
-  Create("O0000300", {{"Name", Variant("AB Šiaulių bankas")}});
-  Create("O0000100", {{"Name", Variant("UAB „Gintaro prekyba“")}, {"BankID", Variant(1)}});
-  Create("O0000100", {{"Name", Variant("AB „Lino baldai“")}});
+  Made("O0000300", {{"Name", Variant("AB Šiaulių bankas")}});
+  Made("O0000100", {{"Name", Variant("UAB „Gintaro prekyba“")}, {"BankID", Variant(1)}});
+  Made("O0000100", {{"Name", Variant("AB „Lino baldai“")}});
   auto reply = Type("O0000300").GetCall("GetFirms", "O00003001", 0);
   ASSERT_EQ(reply.Number, 0) << reply.Text;
   auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);

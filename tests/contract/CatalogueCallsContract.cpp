@@ -5,6 +5,7 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
 #include <tuple>
 
 #include "ContractFixture.h"
@@ -18,11 +19,6 @@ using ::testing::Not;
 // ExecArrayCall sends "" and the case's parameter as the array's one text,
 // as the goods card's group changes do.
 enum class Op { GetCall, RecordsetCall, ExecCall, ExecArrayCall };
-
-struct Field {
-  const char* name;
-  Kind kind;
-};
 
 // A parameter string the call must refuse, and the Number it answers:
 // 5 for one it cannot read, 3021 for one naming no record.
@@ -38,7 +34,9 @@ struct CallCase {
   Op op;
   const char* name;
   const char* param;
-  std::vector<Field> fields;  // read calls: the fields the windows read
+  // Read calls: the fields the windows read, a text kind unless ":N" (a
+  // number), ":D" (a date) or ":B" (a boolean) follows the name.
+  const char* fields;
   int minRows = 1;            // read calls: rows the sample office answers at least
   // Parameter strings the call must refuse: unreadable, or naming no record.
   std::vector<Refusal> refused = {};
@@ -96,11 +94,18 @@ TEST_P(CatalogueCallsContract, AnswersTheFieldsTheWindowsRead) {
   if (c.op == Op::ExecCall || c.op == Op::ExecArrayCall) return;
   ASSERT_NE(rs, nullptr);
   EXPECT_GE(rs->RecordCount(), c.minRows);
-  for (const Field& field : c.fields) {
-    ASSERT_TRUE(rs->Fields().Exists(field.name)) << field.name;
+  std::istringstream fields(c.fields ? c.fields : "");
+  for (std::string field; fields >> field;) {
+    const size_t colon = field.find(':');
+    const char kind = colon == std::string::npos ? 'T' : field[colon + 1];
+    const std::string name = field.substr(0, colon);
+    ASSERT_TRUE(rs->Fields().Exists(name)) << name;
     for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
-      EXPECT_TRUE(IsKind(rs->Fields(field.name).Value(), field.kind))
-          << field.name << " = " << ConcatText(rs->Fields(field.name).Value());
+      EXPECT_TRUE(IsKind(rs->Fields(name).Value(), kind == 'N'   ? Kind::Number
+                                                   : kind == 'D' ? Kind::Date
+                                                   : kind == 'B' ? Kind::Boolean
+                                                                 : Kind::Text))
+          << name << " = " << ConcatText(rs->Fields(name).Value());
     }
   }
 }
@@ -167,140 +172,110 @@ std::string CaseName(const ::testing::TestParamInfo<std::tuple<const EngineKind*
          std::to_string(info.index);
 }
 
-constexpr Kind N = Kind::Number;
-constexpr Kind T = Kind::Text;
-constexpr Kind D = Kind::Date;
-constexpr Kind B = Kind::Boolean;
+// What a firm's detail list refuses: another type, none, two, a firm not
+// stored.
+const std::vector<Refusal> kDetail{"O00002001", "", "O00001009,1", {"O00001009999", 3021}};
 
 const std::vector<CallCase>& Calls() {
   static const std::vector<CallCase> calls{
       // Firms: firm 20 has documents, firm 9 branches and every detail list.
-      {"O0000100", Op::GetCall, "CheckCode", "'O000010020','123456789'", {{"Exist", N}}, 1,
+      {"O0000100", Op::GetCall, "CheckCode", "'O000010020','123456789'", "Exist:N", 1,
        {"'O0000100x','1'", "'O000010020", "'O00002001','1'"}},
-      {"O0000100", Op::GetCall, "CheckBranch", "'O00001009'", {{"Exist", N}}, 1, {"'O00003009'"}},
-      {"O0000100", Op::GetCall, "GetFirmIsUsedInDocuments", "O000010020", {{"Used", N}}, 1,
+      {"O0000100", Op::GetCall, "CheckBranch", "'O00001009'", "Exist:N", 1, {"'O00003009'"}},
+      {"O0000100", Op::GetCall, "GetFirmIsUsedInDocuments", "O000010020", "Used:N", 1,
        {"O00002001", "'x"}},
       {"O0000100", Op::GetCall, "GetFirmDebt", "O000010020",
-       {{"Sum220", N}, {"Sum240", N}, {"Sum450", N}, {"Sum460", N}, {"Limit", N},
-        {"LimitTerm", N}, {"LimitDays", N}},
-       1, {{"O00001009999", 3021}, "", "O00002001", "O00003001"}},
-      {"O0000100", Op::GetCall, "GetOurDebt", "O000010020",
-       {{"Sum220", N}, {"Sum240", N}, {"Sum450", N}, {"Sum460", N}}, 1, {{"O00001009999", 3021}, ""}},
-      {"O0000100", Op::GetCall, "GetSaldoByAccountCode", "'240'", {{"Saldo", N}}, 1, {"''"}},
-      {"O0000100", Op::GetCall, "GetTypeAndRegion", "6", {{"FirmTypeId", N}, {"RegionID", N}}, 0,
+       "Sum220:N Sum240:N Sum450:N Sum460:N Limit:N LimitTerm:N LimitDays:N", 1,
+       {{"O00001009999", 3021}, "", "O00002001", "O00003001"}},
+      {"O0000100", Op::GetCall, "GetOurDebt", "O000010020", "Sum220:N Sum240:N Sum450:N Sum460:N",
+       1, {{"O00001009999", 3021}, ""}},
+      {"O0000100", Op::GetCall, "GetSaldoByAccountCode", "'240'", "Saldo:N", 1, {"''"}},
+      {"O0000100", Op::GetCall, "GetTypeAndRegion", "6", "FirmTypeId:N RegionID:N", 0,
        {"x", "'6", "pirma"}},
       {"O0000100", Op::GetCall, "GetFirmInfo", "'O00001009',0",
-       {{"ID", N}, {"Info", T}, {"DateFrom", D}, {"DateTo", D}, {"UserName", T}, {"Priority", N}},
-       1, {"'O00001009'", "'O00001009',x", "'O00002001',0"}},
-      {"O0000100", Op::ExecCall, "AddUpdateFirmInfo", "0,'Skambinti po 10 val.','20260105',Null,9,1,2",
-       {}, 0, {"0,'A','20260231',Null,9,1,2", {"0,'A','20260101',Null,99999,1,1", 3021},
-               "0,'A','20260101',Null,9,1"}},
+       "ID:N Info DateFrom:D DateTo:D UserName Priority:N", 1,
+       {"'O00001009'", "'O00001009',x", "'O00002001',0"}},
+      {"O0000100", Op::ExecCall, "AddUpdateFirmInfo",
+       "0,'Skambinti po 10 val.','20260105',Null,9,1,2", {}, 0,
+       {"0,'A','20260231',Null,9,1,2", {"0,'A','20260101',Null,99999,1,1", 3021},
+        "0,'A','20260101',Null,9,1"}},
       {"O0000100", Op::ExecCall, "DeleteFirmInfo", "1", {}, 0, {{"99999", 3021}, "x", ""}},
       {"O0000100", Op::GetCall, "GetFirms", "O00001006",
-       {{"OIDR", T}, {"Preview", T}, {"GroupFlag", N}, {"Code", T}, {"Street", T},
-        {"RegionName", T}, {"Tel", T}, {"Fax", T}, {"Director", T}},
-       1, {"O00003001", "'x"}},
+       "OIDR Preview GroupFlag:N Code Street RegionName Tel Fax Director", 1, {"O00003001", "'x"}},
       {"O0000100", Op::GetCall, "GetTraffic", "'O000010020','2025-01-01','2026-12-31'",
-       {{"OIDR", T}, {"DocName", T}, {"GID", T}, {"OType", T}, {"Number", T}, {"Date", D},
-        {"Suma", N}, {"Debt", N}, {"Sign", N}},
-       1, {"'O000010020','2025-13-01','2026-12-31'", "'O000010020','2025-01-01'",
-           "'O000010020','vakar','2020-01-01'"}},
+       "OIDR DocName GID OType Number Date:D Suma:N Debt:N Sign:N", 1,
+       {"'O000010020','2025-13-01','2026-12-31'", "'O000010020','2025-01-01'",
+        "'O000010020','vakar','2020-01-01'"}},
       {"O0000100", Op::GetCall, "GetFindGoods", "'O000010042',''",
-       {{"GOIDR", T}, {"GoodName", T}, {"OType", T}, {"DocOIDR", T}, {"Comment", T}, {"Number", T},
-        {"OIDR", T}, {"Date", D}, {"Amount", N}},
-       1, {"'O00002001',''"}},
+       "GOIDR GoodName OType DocOIDR Comment Number OIDR Date:D Amount:N", 1, {"'O00002001',''"}},
       {"O0000100", Op::GetCall, "GetContractsList", "O00001009",
-       {{"OIDR", T}, {"ContractNumber", T}, {"OType", T}, {"State", T}, {"Responsible", T},
-        {"SumA", N}, {"DateFrom", D}, {"DateTo", D}},
-       1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
-      {"O0000100", Op::GetCall, "GetAccounts", "O0000100102", {{"OIDR", T}, {"Number", T},
-       {"BankName", T}}, 1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
+       "OIDR ContractNumber OType State Responsible SumA:N DateFrom:D DateTo:D", 1, kDetail},
+      {"O0000100", Op::GetCall, "GetAccounts", "O0000100102", "OIDR Number BankName", 1, kDetail},
       {"O0000100", Op::GetCall, "GetFirmADDRESSES", "O00001009",
-       {{"OIDR", T}, {"AddressType", T}, {"Region", T}, {"PostCode", T}, {"Street", T},
-        {"Phone", T}, {"Fax", T}, {"EMail", T}, {"FlagMain", B}},
-       1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
+       "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain:B", 1, kDetail},
       {"O0000100", Op::GetCall, "GetFirmCONTACTS", "O00001009",
-       {{"OIDR", T}, {"Name", T}, {"LastName", T}, {"Role", T}, {"Phone", T}, {"Fax", T},
-        {"EMail", T}, {"Note", T}, {"FlagMain", B}},
-       1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
-      {"O0000100", Op::GetCall, "GetFirmSERVERS", "O00001009", {{"OIDR", T}, {"Name", T}}, 1,
-       {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
-      {"O0000100", Op::GetCall, "GetFirmActivity", "O00001009", {{"OIDR", T}, {"Preview", T}}, 1,
-       {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
+       "OIDR Name LastName Role Phone Fax EMail Note FlagMain:B", 1, kDetail},
+      {"O0000100", Op::GetCall, "GetFirmSERVERS", "O00001009", "OIDR Name", 1, kDetail},
+      {"O0000100", Op::GetCall, "GetFirmActivity", "O00001009", "OIDR Preview", 1, kDetail},
       {"O0000100", Op::GetCall, "GetFirmBranch", "O00001009",
-       {{"OIDR", T}, {"Name", T}, {"Code", T}, {"Region", T}, {"Street", T}, {"Tel", T},
-        {"Fax", T}, {"EMail", T}},
-       1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
+       "OIDR Name Code Region Street Tel Fax EMail", 1, kDetail},
       {"O0000100", Op::GetCall, "GetDiscounts", "O00001009",
-       {{"OIDR", T}, {"DiscountTypeName", T}, {"VariantName", T}, {"SumFrom", T}, {"Percent", T},
-        {"GoodName", T}, {"FirmName", T}, {"SumTo", N}, {"Valid", B}},
-       1, {"O00002001", "", "O00001009,1", {"O00001009999", 3021}}},
+       "OIDR DiscountTypeName VariantName SumFrom Percent GoodName FirmName SumTo:N Valid:B", 1,
+       kDetail},
       // Goods: good 2 has prices and measures, 2150 lots sold from.
       {"O0000200", Op::GetCall, "GetTraffic", "'O00002002150','2025-01-01','9999-12-31'",
-       {{"OIDR", T}, {"DocName", T}, {"Measure", T}, {"SaleID", T}, {"OType", T}, {"CODE", T},
-        {"Number", T}, {"Addressee", T}, {"Comment", T}, {"LName", T}, {"SourcerName", T},
-        {"Amount", N}, {"Sign", N}, {"CurrencyRate", N}, {"Price", N}, {"Suma", N}, {"Cost", N},
-        {"PurchaseID", N}, {"ID", N}, {"Date", D}, {"PurchDate", D}},
+       "OIDR DocName Measure SaleID OType CODE Number Addressee Comment LName SourcerName Amount:N"
+       " Sign:N CurrencyRate:N Price:N Suma:N Cost:N PurchaseID:N ID:N Date:D PurchDate:D",
        1, {"'O00002002150','2025-01-01'", "'O00001002','2025-01-01','2026-01-01'"}},
       {"O0000200", Op::GetCall, "GetRests", "O00002002150",
-       {{"OIDR", T}, {"DocName", T}, {"Measure", T}, {"ID", T}, {"OType", T}, {"Number", T},
-        {"Addressee", T}, {"LName", T}, {"Rest", N}, {"Reserved", N}, {"Amount", N}, {"Price", N},
-        {"PriceSale", N}, {"Date", D}},
+       "OIDR DocName Measure ID OType Number Addressee LName Rest:N Reserved:N Amount:N Price:N"
+       " PriceSale:N Date:D",
        1, {"O00001002"}},
-      {"O0000200", Op::GetCall, "GetMeasures", "O00002002",
-       {{"OIDR", T}, {"MeasureName", T}, {"Price", T}, {"Scale", T}, {"Scale2", T}}, 1,
-       {"O00001002", ""}},
-      {"O0000200", Op::GetCall, "GetPrices", "O00002002",
-       {{"OIDR", T}, {"Preview", T}, {"Code", T}, {"FirmName", T}, {"Price", N}}, 1,
+      {"O0000200", Op::GetCall, "GetMeasures", "O00002002", "OIDR MeasureName Price Scale Scale2",
+       1, {"O00001002", ""}},
+      {"O0000200", Op::GetCall, "GetPrices", "O00002002", "OIDR Preview Code FirmName Price:N", 1,
        {"O00001002"}},
-      {"O0000200", Op::GetCall, "GetMinAmount", "O00002002",
-       {{"OIDR", T}, {"MinAmount", T}, {"Location", T}}, 1, {"O00001002", ""}},
+      {"O0000200", Op::GetCall, "GetMinAmount", "O00002002", "OIDR MinAmount Location", 1,
+       {"O00001002", ""}},
       {"O0000200", Op::GetCall, "GetFindGoods", "'O00002002150','SN'",
-       {{"DocOIDR", T}, {"PID", T}, {"SN", T}, {"OType", T}, {"GName", T}, {"Number", T},
-        {"FName", T}, {"LName", T}, {"CODE", T}, {"CurrencyRate", N}, {"BaseCurrency", N},
-        {"Price", N}, {"Date", D}},
+       "DocOIDR PID SN OType GName Number FName LName CODE CurrencyRate:N BaseCurrency:N Price:N"
+       " Date:D",
        1, {"'O00001002','SN'"}},
       {"O0000200", Op::GetCall, "GetDiscounts", "O00002002",
-       {{"OIDR", T}, {"DiscountTypeName", T}, {"VariantName", T}, {"SumFrom", T}, {"Percent", T},
-        {"GoodName", T}, {"FirmName", T}, {"SumTo", N}, {"Valid", B}},
-       1, {"O00001002"}},
+       "OIDR DiscountTypeName VariantName SumFrom Percent GoodName FirmName SumTo:N Valid:B", 1,
+       {"O00001002"}},
       {"O0000200", Op::GetCall, "GetGoodBRTemplates", "O00002002",
-       {{"GoodBRTemplateTypeOIDR", T}, {"GoodBRTemplateTypeName", T}, {"BRTemplateName", T},
-        {"OIDR", T}, {"ID", T}, {"ID2", T}},
-       0, {"O00001002", ""}},
-      {"O0000200", Op::GetCall, "GetGoods", "'O00002001',1",
-       {{"OIDR", T}, {"Preview", T}, {"Code", T}, {"Price", N}}, 2,
+       "GoodBRTemplateTypeOIDR GoodBRTemplateTypeName BRTemplateName OIDR ID ID2", 0,
+       {"O00001002", ""}},
+      {"O0000200", Op::GetCall, "GetGoods", "'O00002001',1", "OIDR Preview Code Price:N", 2,
        {"'O00002001'", "'O00001001',1", "'O00002001',x"}},
       {"O0000200", Op::ExecArrayCall, "UpdateGoodsPrice", "1,1,-2.5", {}, 0,
        {"1,2,5", "1,1", "1,1,2,5", "x,0,5", "1,1,abc", "1,0,-150", "", {"999999,0,5", 3021}}},
       {"O0000200", Op::ExecArrayCall, "UpdateGaranty", "602,0,24", {}, 0,
        {"602,0,-1", "602,0", {"999999,1,12", 3021}}},
-      {"O0000200", Op::GetCall, "GetVatFactor", "O00002002", {{"Value", N}}, 1},
-      {"O0000200", Op::GetCall, "GetGoodIsUsedInDocuments", "O00002002150", {{"Used", N}}, 1,
+      {"O0000200", Op::GetCall, "GetVatFactor", "O00002002", "Value:N", 1},
+      {"O0000200", Op::GetCall, "GetGoodIsUsedInDocuments", "O00002002150", "Used:N", 1,
        {"O00001002"}},
-      {"O0000200", Op::GetCall, "GetStructuredCode", "1", {{"PARENTCODE", T}, {"MAXCODE", T}}, 1,
+      {"O0000200", Op::GetCall, "GetStructuredCode", "1", "PARENTCODE MAXCODE", 1,
        {"x", {"999999", 3021}}},
       // A good at the top is asked for by its own OIDR.
-      {"O0000200", Op::GetCall, "GetStructuredCode", "O00002002", {{"MAXCODE", T}}, 1},
+      {"O0000200", Op::GetCall, "GetStructuredCode", "O00002002", "MAXCODE", 1},
       {"O0000200", Op::GetCall, "GetGoodHistory", "1",
-       {{"Name", T}, {"OIDR", T}, {"OType", T}, {"Sign", N}, {"Number", T}, {"Date", D},
-        {"Addressee", T}, {"Amount", N}, {"Measure", T}, {"CurrencyRate", N}, {"CODE", T},
-        {"Price", N}, {"Suma", N}, {"LName", T}},
+       "Name OIDR OType Sign:N Number Date:D Addressee Amount:N Measure CurrencyRate:N CODE Price:N"
+       " Suma:N LName",
        2, {"O00002002", {"99999999", 3021}}},
-      {"O0000200", Op::GetCall, "CopyGood", "'O00002002','1'", {{"OIDR", T}}, 1,
+      {"O0000200", Op::GetCall, "CopyGood", "'O00002002','1'", "OIDR", 1,
        {"'O00001002','1'", "'O00002001','1'", {"'O0000200999999','1'", 3021}, "'O00002002'"}},
       // Banks and currencies.
-      {"O0000300", Op::GetCall, "GetFirms", "O00003001", {{"OIDR", T}, {"Preview", T}}, 1},
+      {"O0000300", Op::GetCall, "GetFirms", "O00003001", "OIDR Preview", 1},
       {"O0000300", Op::RecordsetCall, "Orvel_GetObjectStructure", "Banks",
-       {{"Name", T}, {"Caption", T}, {"Length", N}, {"xType", N}, {"Visible", N}}, 3},
+       "Name Caption Length:N xType:N Visible:N", 3},
       {"O0001605", Op::GetCall, "GetStructure", "O00016051",
-       {{"Name", T}, {"Caption", T}, {"Length", N}, {"xType", N}, {"Visible", N}}, 3},
+       "Name Caption Length:N xType:N Visible:N", 3},
       {"O0002200", Op::GetCall, "GetCurrencyList", "'2026-11-15'",
-       {{"Code", T}, {"OIDR", T}, {"State", T}, {"OneCurr", T}, {"BaseCurrency", N}, {"Rate", N},
-        {"FixedRate", N}},
-       1, {"'2026-13-15'"}},
+       "Code OIDR State OneCurr BaseCurrency:N Rate:N FixedRate:N", 1, {"'2026-13-15'"}},
       {"O0002200", Op::GetCall, "GetCurrencyRates", "'2026-11-01','2026-11-15'",
-       {{"Code", T}, {"DateD", D}, {"Rate", N}}, 1, {"'2026-11-01'", "'x','2026-11-15'"}},
+       "Code DateD:D Rate:N", 1, {"'2026-11-01'", "'x','2026-11-15'"}},
       {"O0002200", Op::GetCall, "GetCurrencyByCode", "EUR", {}, 1},
       {"O0002200", Op::ExecCall, "SaveDayRate", "'USD','2026-11-22',1.0912", {}, 0,
        {{"'XYZ','2026-11-22',1.0912", 3021}, {"'O'B','2026-11-22',1", 3021}, "'EUR','2026-11-22',1",
@@ -311,24 +286,22 @@ const std::vector<CallCase>& Calls() {
       {"O0002200", Op::ExecCall, "SaveDayRate", "'USD','2026-11-23',9E-05", {}, 0},
       // A search by the start of the name, letters of another case.
       {"O0000200", Op::GetCall, "Orvel_GetObjectList", "'','SŪRIS F',0,1,0,'',0,0,0",
-       {{"OIDR", T}, {"Preview", T}}, 1},
-      {"O0000100", Op::GetCall, "Orvel_GetObjectList", "'','žaliavų',0,1",
-       {{"OIDR", T}, {"Preview", T}}, 1},
+       "OIDR Preview", 1},
+      {"O0000100", Op::GetCall, "Orvel_GetObjectList", "'','žaliavų',0,1", "OIDR Preview", 1},
       // Reference books: a node, a search in the whole book, a search in a
       // group of the locations, which name the user first.
-      {"O0001602", Op::GetCall, "Orvel_GetObjectList", "'pirkėj','O0001602'",
-       {{"OIDR", T}, {"Preview", T}}, 2, {"'a','b','O0001602'"}},
-      {"O0001605", Op::GetCall, "Orvel_GetObjectList", "'1','Gedimino','O00016053'",
-       {{"OIDR", T}, {"Preview", T}}, 1, {"'1','a','b','O0001605'"}},
+      {"O0001602", Op::GetCall, "Orvel_GetObjectList", "'pirkėj','O0001602'", "OIDR Preview", 2,
+       {"'a','b','O0001602'"}},
+      {"O0001605", Op::GetCall, "Orvel_GetObjectList", "'1','Gedimino','O00016053'", "OIDR Preview",
+       1, {"'1','a','b','O0001605'"}},
       {"O0001615", Op::GetCall, "GetBRTemplates", "O00016152",
-       {{"ID", T}, {"ID2", T}, {"TemplateTypeOIDR", T}, {"TemplateTypeName", T},
-        {"BRTemplateName", T}, {"BRTemplateOIDR", T}, {"DocumentGroupName", T},
-        {"DocumentGroupOIDR", T}},
+       "ID ID2 TemplateTypeOIDR TemplateTypeName BRTemplateName BRTemplateOIDR DocumentGroupName"
+       " DocumentGroupOIDR",
        1, {"O00001002"}},
-      {"O0001615", Op::ExecCall, "SaveUpdateDeleteTemplates", "'O00016152','O02015001','O02016002','',0",
-       {}, 0, {{"'O00016152','O02015009','O02016002','',0", 777}, "'O00016152','O02015001'"}},
-      {"O0001604", Op::RecordsetCall, "DO0001604_GetFirmBranches", "0", {{"ID", N}, {"Preview", T}},
-       1},
+      {"O0001615", Op::ExecCall, "SaveUpdateDeleteTemplates",
+       "'O00016152','O02015001','O02016002','',0", {}, 0,
+       {{"'O00016152','O02015009','O02016002','',0", 777}, "'O00016152','O02015001'"}},
+      {"O0001604", Op::RecordsetCall, "DO0001604_GetFirmBranches", "0", "ID:N Preview", 1},
   };
   return calls;
 }

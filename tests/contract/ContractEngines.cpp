@@ -33,27 +33,19 @@ class LayerEngine : public ContractEngine {
   // `copied`: the sample office is made on SQLite and copied over, as an
   // office moves from one desk to its server.
   explicit LayerEngine(std::shared_ptr<Database> db, bool copied = false)
-      : db_(std::move(db)), layer_(std::make_unique<BusinessLayer>(db_)), copied_(copied) {
+      : db_(std::move(db)), copied_(copied) {
     ReferenceDatabase::CreateSchema(*db_);
-    ReferenceDatabase::GrantEverything(*db_, "rūta");
-    ReferenceDatabase::GrantEverything(*db_, "jonas");
-    layer_->SetUserName("rūta");
+    Open();
   }
 
-  OrvelObjectBO& Object(const std::string& oid) override {
-    auto object = layer_->BusinessObject(oid);
-    if (!object) throw std::invalid_argument("the layer keeps no " + oid);
-    return *object;
-  }
+  OrvelObjectBO& Object(const std::string& oid) override { return Of(*layer_, oid); }
 
   OrvelObjectBO& OtherSession(const std::string& oid) override {
     if (!other_) {
       other_ = std::make_unique<BusinessLayer>(db_);
       other_->SetUserName("jonas");
     }
-    auto object = other_->BusinessObject(oid);
-    if (!object) throw std::invalid_argument("the layer keeps no " + oid);
-    return *object;
+    return Of(*other_, oid);
   }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
@@ -62,11 +54,11 @@ class LayerEngine : public ContractEngine {
 
   // A new database as a workstation makes it on its first start.
   void GivenSampleOffice() override {
+    other_.reset();
+    layer_.reset();
     if (db_->Kind() == Database::Engine::Sqlite) {
       db_ = ReferenceDatabase::Open(":memory:");
     } else {
-      other_.reset();
-      layer_.reset();
       db_ = std::make_shared<ScratchPgDatabase>();
       if (copied_) {
         ReferenceDatabase::CopyOffice(*ReferenceDatabase::Open(":memory:"), *db_);
@@ -74,11 +66,7 @@ class LayerEngine : public ContractEngine {
         ReferenceDatabase::MakeOffice(*db_);
       }
     }
-    ReferenceDatabase::GrantEverything(*db_, "rūta");
-    ReferenceDatabase::GrantEverything(*db_, "jonas");
-    layer_ = std::make_unique<BusinessLayer>(db_);
-    layer_->SetUserName("rūta");
-    other_.reset();
+    Open();
   }
 
   std::string Digest() override {
@@ -134,6 +122,19 @@ class LayerEngine : public ContractEngine {
   }
 
  private:
+  void Open() {
+    ReferenceDatabase::GrantEverything(*db_, "rūta");
+    ReferenceDatabase::GrantEverything(*db_, "jonas");
+    layer_ = std::make_unique<BusinessLayer>(db_);
+    layer_->SetUserName("rūta");
+  }
+
+  static OrvelObjectBO& Of(BusinessLayer& layer, const std::string& oid) {
+    auto object = layer.BusinessObject(oid);
+    if (!object) throw std::invalid_argument("the layer keeps no " + oid);
+    return *object;
+  }
+
   std::shared_ptr<Database> db_;
   std::unique_ptr<BusinessLayer> layer_;
   std::unique_ptr<BusinessLayer> other_;
@@ -203,26 +204,18 @@ class MemoryEngine : public ContractEngine {
   std::map<std::string, std::unique_ptr<MemoryBusinessObject>> others_;
 };
 
+std::unique_ptr<ContractEngine> Layer(std::shared_ptr<Database> db, bool copied = false) {
+  return std::make_unique<LayerEngine>(std::move(db), copied);
+}
+
 }  // namespace
 
 const std::vector<EngineKind>& Engines() {
   static const std::vector<EngineKind> engines{
       {"InMemory", false, [] { return std::unique_ptr<ContractEngine>(new MemoryEngine); }},
-      {"Sqlite", true,
-       [] {
-         return std::unique_ptr<ContractEngine>(
-             new LayerEngine(std::make_shared<SqliteDatabase>(":memory:")));
-       }},
-      {"Postgres", true,
-       [] {
-         return std::unique_ptr<ContractEngine>(
-             new LayerEngine(std::make_shared<ScratchPgDatabase>()));
-       }},
-      {"PostgresCopied", true,
-       [] {
-         return std::unique_ptr<ContractEngine>(
-             new LayerEngine(std::make_shared<ScratchPgDatabase>(), true));
-       }},
+      {"Sqlite", true, [] { return Layer(std::make_shared<SqliteDatabase>(":memory:")); }},
+      {"Postgres", true, [] { return Layer(std::make_shared<ScratchPgDatabase>()); }},
+      {"PostgresCopied", true, [] { return Layer(std::make_shared<ScratchPgDatabase>(), true); }},
   };
   return engines;
 }

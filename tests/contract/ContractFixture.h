@@ -59,6 +59,12 @@ class ContractFixture {
     return engine_->Object(param.substr(1, 8)).ExecArrayCall("Orvel_SaveObject", param, array);
   }
 
+  // A reply as "<Number> <Text>": a refusal compared in one line.
+  template <class Reply>
+  static std::string Told(const Reply& reply) {
+    return std::to_string(reply.Number) + " " + reply.Text;
+  }
+
   // The OIDR of every row, sorted.
   static std::vector<std::string> Oidrs(Recordset& rs) {
     std::vector<std::string> out;

@@ -56,7 +56,8 @@ const std::vector<TypeCase>& Types() {
       {"O0000200", Grouped("Maistas", "Duona balta", "Pienas 2,5 %", "Cukrus",
                            {{"Price", Variant(1.2)}, {"VatRate", Variant(21.0)}}), "PIENAS"},
       {"O0002200",
-       {Named(1, "Euras", {{"Code", Variant("EUR")}}), Named(2, "JAV doleris", {{"Code", Variant("USD")}}),
+       {Named(1, "Euras", {{"Code", Variant("EUR")}}),
+        Named(2, "JAV doleris", {{"Code", Variant("USD")}}),
         Named(3, "Švedijos krona", {{"Code", Variant("SEK")}})},
        "švedijos"},
       {"O0001602", Grouped("Bankiniai", "Pavedimas", "Įskaitymas", "Grynaisiais"), "ĮSKAIT"},
@@ -180,18 +181,14 @@ TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) 
   auto& object = Engine().Object(Type().oid);
   if (Grouped(Type())) {
     // A group that still holds records stays.
-    const OrvelStatus refused = object.ExecCall("Orvel_DeleteObject", Quoted(1), 0);
-    EXPECT_EQ(refused.Number, 5);
-    EXPECT_EQ(refused.Text, "Grupėje yra įrašų: jos panaikinti negalima");
+    EXPECT_EQ(Told(object.ExecCall("Orvel_DeleteObject", Quoted(1), 0)),
+              "5 Grupėje yra įrašų: jos panaikinti negalima");
     EXPECT_EQ(Listed(std::string("'") + Type().oid + "'"), Of({1, 4, 5}));
   }
   ASSERT_EQ(object.ExecCall("Orvel_DeleteObject", Quoted(3), 0).Number, 0);
-  const OrvelStatus again = object.ExecCall("Orvel_DeleteObject", Quoted(3), 0);
-  EXPECT_EQ(again.Number, 3021);
-  EXPECT_EQ(again.Text, "Įrašas nerastas: " + Oidr(Type(), 3));
-  const OrvelBoResult read = Get(Type().oid, "Orvel_ReadObject", Quoted(3));
-  EXPECT_EQ(read.Number, 3021);
-  EXPECT_EQ(read.Text, "Įrašas nerastas: " + Oidr(Type(), 3));
+  const std::string notFound = "3021 Įrašas nerastas: " + Oidr(Type(), 3);
+  EXPECT_EQ(Told(object.ExecCall("Orvel_DeleteObject", Quoted(3), 0)), notFound);
+  EXPECT_EQ(Told(Get(Type().oid, "Orvel_ReadObject", Quoted(3))), notFound);
 }
 
 // Two bookkeepers on one record: what the other wrote since this one read
@@ -199,30 +196,25 @@ TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) 
 // read again, the record is written as usual.
 TEST_P(StandardCallsContract, AWriteOrDeleteOfARecordChangedSinceItWasRead_Answers60000) {
   const std::string oid = Type().oid;
-  const std::string changed = "Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: ";
+  const std::string changed = "60000 Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: ";
   auto mine = Read(oid, "Orvel_ReadObject", Quoted(2));
   auto doomed = Read(oid, "Orvel_ReadObject", Quoted(3));
   ASSERT_NE(mine, nullptr);
   for (int id : {2, 3}) {
-    auto theirs = Engine().OtherSession(oid).GetCall("Orvel_ReadObject", Quoted(id), 0);
-    auto rs = std::dynamic_pointer_cast<Recordset>(theirs.Object);
-    ASSERT_NE(rs, nullptr) << theirs.Text;
+    auto& theirs = Engine().OtherSession(oid);
+    auto rs = std::dynamic_pointer_cast<Recordset>(
+        theirs.GetCall("Orvel_ReadObject", Quoted(id), 0).Object);
+    ASSERT_NE(rs, nullptr);
     rs->Fields("Name").SetValue(Variant("Kito vartotojo " + std::to_string(id)));
     Variant::Array array{Variant(rs)};
-    ASSERT_EQ(Engine()
-                  .OtherSession(oid)
-                  .ExecArrayCall("Orvel_SaveObject", "'" + oid + "'," + Quoted(id), array)
-                  .Number,
-              0);
+    const std::string param = "'" + oid + "'," + Quoted(id);
+    ASSERT_EQ(theirs.ExecArrayCall("Orvel_SaveObject", param, array).Number, 0);
   }
   const std::string before = Engine().Digest();
   mine->Fields("Name").SetValue(Variant("Mano"));
-  const OrvelStatus write = Save("'" + oid + "'," + Quoted(2), mine);
-  EXPECT_EQ(write.Number, 60000);
-  EXPECT_EQ(write.Text, changed + Oidr(Type(), 2));
-  const OrvelStatus removal = Engine().Object(oid).ExecCall("Orvel_DeleteObject", Quoted(3), 0);
-  EXPECT_EQ(removal.Number, 60000);
-  EXPECT_EQ(removal.Text, changed + Oidr(Type(), 3));
+  EXPECT_EQ(Told(Save("'" + oid + "'," + Quoted(2), mine)), changed + Oidr(Type(), 2));
+  EXPECT_EQ(Told(Engine().Object(oid).ExecCall("Orvel_DeleteObject", Quoted(3), 0)),
+            changed + Oidr(Type(), 3));
   EXPECT_TRUE(Engine().Digest() == before) << "a refused write changed what is stored";
 
   auto again = Read(oid, "Orvel_ReadObject", Quoted(2));
@@ -248,9 +240,8 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
   }
   // What names no record of the type is not found.
   for (const std::string& oidr : {oid, oid + "0" + "1", "O0009900" + std::string("1"), oid + "1x"}) {
-    const OrvelBoResult reply = Get(oid, "Orvel_ReadObject", "'" + oidr + "'");
-    EXPECT_EQ(reply.Number, 3021) << oidr;
-    EXPECT_EQ(reply.Text, "Įrašas nerastas: " + oidr);
+    EXPECT_EQ(Told(Get(oid, "Orvel_ReadObject", "'" + oidr + "'")),
+              "3021 Įrašas nerastas: " + oidr);
   }
   auto rs = Read(oid, "Orvel_ReadObject", Quoted(2));
   ASSERT_NE(rs, nullptr);
@@ -260,9 +251,8 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
   EXPECT_EQ(status.Number, 5);
   EXPECT_THAT(status.Text, HasSubstr("Orvel_SaveObject: neteisingi parametrai ['" + oid + "]"));
   // A record not stored is not found, and nothing is stored for it.
-  const OrvelStatus missing = Save("'" + oid + "'," + Quoted(99), rs);
-  EXPECT_EQ(missing.Number, 3021);
-  EXPECT_EQ(missing.Text, "Įrašas nerastas: " + Oidr(Type(), 99));
+  EXPECT_EQ(Told(Save("'" + oid + "'," + Quoted(99), rs)),
+            "3021 Įrašas nerastas: " + Oidr(Type(), 99));
   EXPECT_THAT(Found("Niekur"), IsEmpty());
 }
 

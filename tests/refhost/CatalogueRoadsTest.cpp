@@ -19,15 +19,7 @@ using ::testing::Not;
 
 // The real module over a fresh sample database, driven along the roads of
 // the catalogues' own business calls.
-class CatalogueRoadsTest : public RunningHost {
- protected:
-  bool Called(const std::string& prefix) const {
-    for (const auto& call : calls_) {
-      if (call.rfind(prefix, 0) == 0) return true;
-    }
-    return false;
-  }
-};
+using CatalogueRoadsTest = RunningHost;
 
 // The firm card written with a code: another firm's (the question is asked
 // and answered) or one nobody has (no question).
@@ -59,8 +51,10 @@ TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
     EXPECT_THAT(prompter_.said, Not(Contains(HasSubstr("kartojasi"))));
   }
   EXPECT_EQ(ConcatText(Stored("SELECT Code FROM firms WHERE ID = 12")), c.written ? code : before);
-  EXPECT_EQ(Called("GetCall GetFirmIsUsedInDocuments O000010012"), c.written);
-  EXPECT_EQ(Called("ExecArrayCall Orvel_SaveObject 'O0000100','O000010012'"), c.written);
+  for (const char* call : {"GetCall GetFirmIsUsedInDocuments O000010012",
+                           "ExecArrayCall Orvel_SaveObject 'O0000100','O000010012'"}) {
+    EXPECT_EQ(::testing::Matches(Contains(::testing::StartsWith(call)))(calls_), c.written);
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Roads, FirmCodeRoadTest,
@@ -68,9 +62,7 @@ INSTANTIATE_TEST_SUITE_P(Roads, FirmCodeRoadTest,
                                            CodeCase{true, "Ne", false}, CodeCase{false, "", true}));
 
 TEST_F(CatalogueRoadsTest, ADayRateIsSavedThroughTheCurrencyObject) {
-  auto currencies = host_.Objects().GetOrvelObjectUI("O0002200");
-  ASSERT_NE(currencies, nullptr);
-  auto usd = currencies->GetOrvelObject("O00022002");
+  auto usd = host_.Objects().GetOrvelObjectUI("O0002200")->GetOrvelObject("O00022002");
   ASSERT_NE(usd, nullptr);
   const std::string rates =
       "SELECT COUNT(*) FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"
@@ -121,27 +113,16 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
     ~Unset() { ::unsetenv("ORVEL_RATES_ADDRESS"); }
   } unset;
 
-  auto currencies = host_.Objects().GetOrvelObjectUI("O0002200");
-  ASSERT_NE(currencies, nullptr);
-  auto result = currencies->ClickMenu("O0002200", "", "Valiutų kursų įrašymas", "");
-  auto window = result.Value.ObjectAs<OrvelWindow>();
-  ASSERT_NE(window, nullptr);
-  host_.Windows().ShowWindow(window);
-  auto form = std::dynamic_pointer_cast<Form>(window);
+  auto form = OpenCard("O0002200", "", "Valiutų kursų įrašymas");
   ASSERT_NE(form, nullptr);
   Press(*form, "cmdGo");
   EXPECT_EQ(mirror.Calls("getFxRates"), 1);
   EXPECT_THAT(calls_, Contains(std::string("GetCall GetCurrencyList '") + today + "'"));
   Press(*form, "cmdWrite");
 
-  const std::string rate =
-      "SELECT r.Rate FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"
-      " WHERE c.Code = '%s' AND r.RateDate = '" +
-      std::string(today) + "'";
-  auto stored = [&](const char* code) {
-    std::string sql = rate;
-    sql.replace(sql.find("%s"), 2, code);
-    return Stored(sql);
+  auto stored = [&](const std::string& code) {
+    return Stored("SELECT r.Rate FROM currency_rates r JOIN currencies c ON c.ID = r.CurrencyID"
+                  " WHERE c.Code = '" + code + "' AND r.RateDate = '" + today + "'");
   };
   // The rate travels as text of fifteen digits.
   EXPECT_NEAR(stored("USD").NumberValue(), 1 / 1.0841, 1e-14);

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "ui/ListView.h"
@@ -15,41 +17,18 @@ using ::testing::HasSubstr;
 // the help files under the application folder, and a dialog a card opens
 // from its timer once its menu has closed (the firm card's notes are in
 // FirmDetailsRoadTest).
-class DrivingRoadTest : public RunningHost {
- protected:
-  void SetUp() override {
-    RunningHost::SetUp();
-    Terminal().SetWindows(&host_.Windows());
-  }
-
-  // The dialogs the host runs modally, by caption.
-  void RunDialogs(std::function<void(Form&)> drive) {
-    Terminal().SetModalRunner([this, drive](Form& dialog) {
-      dialogs_.push_back(dialog.Caption());
-      drive(dialog);
-    });
-  }
-
-  std::vector<std::string> dialogs_;
-};
+using DrivingRoadTest = RunningHost;
 
 // The host's folder is given without its separator; each catalogue's help
 // is the file under its help folder.
 TEST_F(DrivingRoadTest, HelpOpensTheFileUnderTheApplicationFolder) {
-  const struct {
-    const char* oid;
-    const char* key;
-    const char* said;
-  } cases[] = {
-      {"O0000100", "7", "Pagalba: Įmonės /tmp/help\\imones.htm"},
-      {"O0000200", "8", "Pagalba: Atsargos /tmp/help\\atsargos.htm"},
-      {"O0001600", "7", "Pagalba: Žinynai /tmp/help\\zinynai.htm"},
-  };
-  for (const auto& c : cases) {
-    auto type = host_.Objects().GetOrvelObjectUI(c.oid);
-    ASSERT_NE(type, nullptr) << c.oid;
-    type->ClickMenu(c.oid, "", c.key, "");
-    EXPECT_THAT(prompter_.said, Contains(c.said));
+  for (const auto& [oid, key, said] :
+       std::vector<std::tuple<const char*, const char*, const char*>>{
+           {"O0000100", "7", "Pagalba: Įmonės /tmp/help\\imones.htm"},
+           {"O0000200", "8", "Pagalba: Atsargos /tmp/help\\atsargos.htm"},
+           {"O0001600", "7", "Pagalba: Žinynai /tmp/help\\zinynai.htm"}}) {
+    host_.Objects().GetOrvelObjectUI(oid)->ClickMenu(oid, "", key, "");
+    EXPECT_THAT(prompter_.said, Contains(said));
   }
 }
 
@@ -74,16 +53,19 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
   list->ItemClick(list->ListItems().Item(1));
 
   int historyRows = 0;
-  RunDialogs([&](Form& dialog) {
+  std::vector<std::string> dialogs;
+  Terminal().SetWindows(&host_.Windows());
+  Terminal().SetModalRunner([&](Form& dialog) {
+    dialogs.push_back(dialog.Caption());
     auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
     ASSERT_NE(rows, nullptr);
     historyRows = rows->ListItems().Count();
     Press(dialog, "cmdClose");
   });
   RightClick(*sheet, "Traffic", {"Istorija"});
-  EXPECT_TRUE(dialogs_.empty());
+  EXPECT_TRUE(dialogs.empty());
   Terminal().DoEvents();
-  EXPECT_EQ(dialogs_, std::vector<std::string>{"Istorija"});
+  EXPECT_EQ(dialogs, std::vector<std::string>{"Istorija"});
   EXPECT_GE(historyRows, 1);
   EXPECT_THAT(calls_, Contains(HasSubstr("GetGoodHistory")));
 }

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
 #include <sstream>
+#include <string>
 #include <utility>
 #include <vector>
 
-#include "RunningHost.h"
 #include "refhost/FillProgress.h"
 
 namespace orvel {
@@ -12,55 +12,34 @@ namespace {
 
 using namespace std::chrono_literals;
 
-struct ProgressCase {
-  bool terminal;
-  std::string shown;
-};
-
-class FillProgressTest : public ::testing::TestWithParam<ProgressCase> {};
-
 // A read of 250,000 rows taking 2.5 s, reported every 50,000 rows after the
-// first 0.6 s, then a short read: only the long one is shown.
-TEST_P(FillProgressTest, ShowsAReadThatRunsOverASecond) {
-  std::chrono::steady_clock::time_point now{};
-  std::ostringstream out;
-  FillProgress progress(out, GetParam().terminal, [&now] { return now; });
-  progress(0, false);
-  for (int64_t rows = 50000; rows <= 250000; rows += 50000) {
-    now += 600ms;
-    progress(rows, false);
+// first 0.6 s, then a short read: only the long one is shown, on a terminal
+// over one line.
+TEST(FillProgressTest, ShowsAReadThatRunsOverASecond) {
+  for (const auto& [terminal, shown] : std::vector<std::pair<bool, std::string>>{
+           {true,
+            "\rSkaitomas sąrašas: 100000 eil.\rSkaitomas sąrašas: 150000 eil."
+            "\rSkaitomas sąrašas: 200000 eil.\rSkaitomas sąrašas: 250000 eil."
+            "\rSkaitomas sąrašas: 250000 eil., 2,5 s\n"},
+           {false,
+            "Skaitomas sąrašas: 100000 eil.\nSkaitomas sąrašas: 200000 eil.\n"
+            "Skaitomas sąrašas: 250000 eil., 2,5 s\n"}}) {
+    std::chrono::steady_clock::time_point now{};
+    std::ostringstream out;
+    FillProgress progress(out, terminal, [&now] { return now; });
+    progress(0, false);
+    for (int64_t rows = 50000; rows <= 250000; rows += 50000) {
+      now += 600ms;
+      progress(rows, false);
+    }
+    now -= 500ms;
+    progress(250000, true);
+    progress(0, false);
+    now += 900ms;
+    progress(4096, false);
+    progress(5000, true);
+    EXPECT_EQ(out.str(), shown);
   }
-  now -= 500ms;
-  progress(250000, true);
-  progress(0, false);
-  now += 900ms;
-  progress(4096, false);
-  progress(5000, true);
-  EXPECT_EQ(out.str(), GetParam().shown);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    TerminalOrNot, FillProgressTest,
-    ::testing::Values(
-        ProgressCase{true,
-                     "\rSkaitomas sąrašas: 100000 eil.\rSkaitomas sąrašas: 150000 eil."
-                     "\rSkaitomas sąrašas: 200000 eil.\rSkaitomas sąrašas: 250000 eil."
-                     "\rSkaitomas sąrašas: 250000 eil., 2,5 s\n"},
-        ProgressCase{false,
-                     "Skaitomas sąrašas: 100000 eil.\nSkaitomas sąrašas: 200000 eil.\n"
-                     "Skaitomas sąrašas: 250000 eil., 2,5 s\n"}));
-
-using FillObserverTest = RunningHost;
-
-// A list the module asks for is told from its start to its whole count.
-TEST_F(FillObserverTest, TheLayerTellsAListFromItsStartToItsCount) {
-  std::vector<std::pair<int64_t, bool>> told;
-  host_.Layer().SetFillObserver([&told](int64_t rows, bool done) { told.emplace_back(rows, done); });
-  auto rs = host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObjectList("O0000300", "", "");
-  ASSERT_NE(rs, nullptr);
-  ASSERT_GE(told.size(), 2u);
-  EXPECT_EQ(told.front(), std::make_pair(int64_t{0}, false));
-  EXPECT_EQ(told.back(), std::make_pair(int64_t{rs->RecordCount()}, true));
 }
 
 }  // namespace

@@ -10,15 +10,17 @@ namespace {
 using ::testing::Contains;
 using ::testing::HasSubstr;
 
-// A good's price through the real module over the sample database: added
-// from the prices tab in the record's dialog, written, shown in the tab and
+// A good's detail records through the real module over the sample database:
+// added from their tab in the record's dialog, written, shown in the tab and
 // deleted from it.
 class GoodsRecordsRoadTest : public RunningHost {
  protected:
-  void SetUp() override {
-    RunningHost::SetUp();
-    id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM goods_prices"));
-    oidr_ = "O0000200" + id_;
+  // The card of the first good with rows in `table`; its sheet in sheet_.
+  std::shared_ptr<Form> OpenGood(const std::string& table) {
+    id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM " + table));
+    auto card = OpenCard("O0000200" + id_, "C");
+    sheet_ = SheetOf(card);
+    return sheet_ ? card : nullptr;
   }
 
   // The record dialog: its field sheet filled with `fields`, then Write.
@@ -34,16 +36,15 @@ class GoodsRecordsRoadTest : public RunningHost {
   }
 
   std::string id_;
-  std::string oidr_;
+  std::shared_ptr<FieldSheet> sheet_;
   std::string dialogCaption_;
   bool dialogLeftOpen_ = true;
 };
 
-// One kind of detail record added from its tab: the fields typed in the
-// dialog, the row as stored, the tab's row.
+// One kind of detail record added from its tab, on the first good that has
+// one: the fields typed in the dialog, the row as stored, the tab's row.
 struct RoadCase {
   const char* name;
-  const char* good;  // SQL: the good whose card is opened
   const char* tab;
   const char* oid;
   const char* table;
@@ -57,27 +58,18 @@ struct RoadCase {
 };
 
 class GoodsRecordsRoadCaseTest : public GoodsRecordsRoadTest,
-                                 public ::testing::WithParamInterface<RoadCase> {
- protected:
-  void SetUp() override {
-    GoodsRecordsRoadTest::SetUp();
-    id_ = ConcatText(Stored(GetParam().good));
-    oidr_ = "O0000200" + id_;
-  }
-};
+                                 public ::testing::WithParamInterface<RoadCase> {};
 
 TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   const RoadCase& c = GetParam();
-  auto card = OpenCard(oidr_, "C");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  ListView* list = sheet->TabList(c.tab);
+  ASSERT_NE(OpenGood(c.table), nullptr);
+  ListView* list = sheet_->TabList(c.tab);
   ASSERT_NE(list, nullptr);
   const int before = list->ListItems().Count();
   const Variant units = Stored("SELECT COUNT(*) FROM measures");
 
   FillDialogWith(c.typed);
-  RightClick(*sheet, c.tab, {"Sukurti naują"});
+  RightClick(*sheet_, c.tab, {"Sukurti naują"});
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, std::string(": ") + c.caption);
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject '" + std::string(c.oid) + "'"));
@@ -97,7 +89,7 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   EXPECT_EQ(row->ListSubItems().Item(c.subItem).Text(), c.subItemText);
 
   list->SetSelectedItem(list->ListItems().Find(key));
-  RightClick(*sheet, c.tab, {"Panaikinti", "Taip"});
+  RightClick(*sheet_, c.tab, {"Panaikinti", "Taip"});
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + key + "'"));
   EXPECT_EQ(CLng(Stored(std::string("SELECT COUNT(*) FROM ") + c.table + " WHERE ID = " + id)), 0);
   EXPECT_EQ(list->ListItems().Count(), before);
@@ -112,17 +104,15 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
 INSTANTIATE_TEST_SUITE_P(
     Records, GoodsRecordsRoadCaseTest,
     ::testing::Values(
-        RoadCase{"Price", "SELECT MIN(GoodID) FROM goods_prices", "PRICES", "O0000600",
-                 "goods_prices", "Kainos", {{"GoodPriceTypeID", "3"}, {"Price", "12,35"}},
+        RoadCase{"Price", "PRICES", "O0000600", "goods_prices", "Kainos",
+                 {{"GoodPriceTypeID", "3"}, {"Price", "12,35"}},
                  "PriceType || '|' || Currency || '|' || Price", "Sutartinė|EUR|12.35",
                  "Sutartinė", 2, "12,35"},
-        RoadCase{"MinAmount", "SELECT MIN(GoodID) FROM goods_min_amounts", "MinAmount",
-                 "O0000700", "goods_min_amounts", "Minimalus kiekis",
+        RoadCase{"MinAmount", "MinAmount", "O0000700", "goods_min_amounts", "Minimalus kiekis",
                  {{"LocationId", "2"}, {"MinAmount", "7"}}, "Name || '|' || MinAmount",
                  "Kauno sandėlis|7.0", "7", 1, "Kauno sandėlis"},
         // Unit 9 is "tona"; the ratio left 0 is written as the other's inverse.
-        RoadCase{"Measure", "SELECT MIN(GoodID) FROM goods_measures", "Measures", "O0000400",
-                 "goods_measures", "Matavimo vienetas",
+        RoadCase{"Measure", "Measures", "O0000400", "goods_measures", "Matavimo vienetas",
                  {{"MeasureID", "9"}, {"Scale", "1000"}, {"Scale2", "0"}},
                  "Name || '|' || Scale || '|' || Scale2", "tona|1000.0|0.001", "tona", 2, "1000"}),
     [](const auto& info) { return std::string(info.param.name); });
@@ -130,40 +120,34 @@ INSTANTIATE_TEST_SUITE_P(
 // "Redaguoti" on a good's measure row opens that row, and the change is
 // written to it; the unit it names stays as it was.
 TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
-  id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM goods_measures"));
+  ASSERT_NE(OpenGood("goods_measures"), nullptr);
   const std::string row = ConcatText(Stored("SELECT MIN(ID) FROM goods_measures"));
-  const Variant unit = Stored("SELECT m.Name FROM measures m JOIN goods_measures gm"
-                              " ON gm.MeasureID = m.ID WHERE gm.ID = " + row);
-  auto card = OpenCard("O0000200" + id_, "C");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  ListView* list = sheet->TabList("Measures");
+  const std::string unitOf = "SELECT m.Name FROM measures m JOIN goods_measures gm"
+                             " ON gm.MeasureID = m.ID WHERE gm.ID = " + row;
+  const Variant unit = Stored(unitOf);
+  ListView* list = sheet_->TabList("Measures");
   ASSERT_NE(list, nullptr);
   ListItem* item = list->ListItems().Find("O0000400" + row);
   ASSERT_NE(item, nullptr);
   EXPECT_EQ(Variant(item->Text()), unit);
   list->SetSelectedItem(item);
   FillDialogWith({{"Price", "3,5"}});
-  RightClick(*sheet, "Measures", {"Redaguoti"});
+  RightClick(*sheet_, "Measures", {"Redaguoti"});
   EXPECT_FALSE(dialogLeftOpen_);
   EXPECT_EQ(dialogCaption_, ConcatText(unit) + ": Matavimo vienetas");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0000400" + row + "'"));
   EXPECT_THAT(calls_,
               Contains("ExecArrayCall Orvel_SaveObject 'O0000400','O0000400" + row + "'"));
   EXPECT_EQ(Stored("SELECT Price FROM goods_measures WHERE ID = " + row), Variant(3.5));
-  EXPECT_EQ(Stored("SELECT m.Name FROM measures m JOIN goods_measures gm ON gm.MeasureID = m.ID"
-                   " WHERE gm.ID = " + row),
-            unit);
+  EXPECT_EQ(Stored(unitOf), unit);
 }
 
 // The dialog does not write a price without its amount, and says nothing.
 TEST_F(GoodsRecordsRoadTest, APriceWithoutItsAmountIsNotWritten) {
-  auto card = OpenCard(oidr_, "C");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
+  ASSERT_NE(OpenGood("goods_prices"), nullptr);
   const Variant before = Stored("SELECT COUNT(*) FROM goods_prices");
   FillDialogWith({{"GoodPriceTypeID", "1"}});
-  RightClick(*sheet, "PRICES", {"Sukurti naują"});
+  RightClick(*sheet_, "PRICES", {"Sukurti naują"});
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM goods_prices"), before);
   EXPECT_THAT(calls_, ::testing::Not(Contains(HasSubstr("Orvel_SaveObject 'O0000600'"))));
 }

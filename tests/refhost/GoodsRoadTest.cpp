@@ -50,17 +50,6 @@ TEST_F(GoodsRoadTest, AGoodOpensWithItsListsAndAnEditIsWrittenAndReadBack) {
   EXPECT_EQ(reread->Fields("Name").Value(), Variant("Sūris 'Džiugas', 24 mėn."));
 }
 
-TEST_F(GoodsRoadTest, AGoodNotUsedInDocumentsIsDeleted) {
-  const Variant unused = Stored(
-      "SELECT MIN(g.ID) FROM goods g WHERE g.GroupFlag = 0 AND NOT EXISTS (SELECT 1 FROM"
-      " document_lines l WHERE l.GoodID = g.ID)");
-  ASSERT_FALSE(unused.IsEmpty());
-  const std::string oidr = "O0000200" + ConcatText(unused);
-  EXPECT_EQ(host_.Objects().GetOrvelObjectUI("O0000200")->DeleteOrvelObject(oidr), 0);
-  EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods WHERE ID = " + ConcatText(unused))), 0);
-  EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
-}
-
 // A good dropped on another group's card moves into that group, which the
 // card's list then shows; the drop reads the record's place in the tree.
 TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
@@ -85,24 +74,26 @@ TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
 }
 
 // A good made from a group's menu takes the group's VAT rate, and the rate
-// is in force when written.
-TEST_F(GoodsRoadTest, ANewGoodInAGroupTakesItsVatRate) {
+// is in force when written; used in no document, it is deleted.
+TEST_F(GoodsRoadTest, ANewGoodInAGroupTakesItsVatRateAndIsDeleted) {
   const std::string group = ConcatText(Stored("SELECT MIN(ID) FROM goods WHERE GroupFlag = 1"));
   host_.Database().Exec("UPDATE goods SET VAT = 9 WHERE ID = " + group);
-  auto type = host_.Objects().GetOrvelObjectUI("O0000200");
-  auto result = type->ClickMenu("O0000200" + group, "Group", "1", "");
-  auto window = result.Value.ObjectAs<OrvelWindow>();
-  ASSERT_NE(window, nullptr);
-  host_.Windows().ShowWindow(window);
-  auto card = std::dynamic_pointer_cast<Form>(window);
+  auto card = OpenCard("O0000200" + group, "Group", "1");
   auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
+  ASSERT_TRUE(card && sheet);
   ASSERT_TRUE(sheet->EditText("Name", "Arbata juodoji"));
   Press(*card, "cmdEnter");
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O0000200'"));
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID || '|' || VAT || '|' || VatRate FROM goods"
                               " WHERE Name = 'Arbata juodoji'")),
             group + "|9|9.0");
+
+  // Used in no document, the good is deleted.
+  const std::string oidr =
+      "O0000200" + ConcatText(Stored("SELECT ID FROM goods WHERE Name = 'Arbata juodoji'"));
+  EXPECT_EQ(host_.Objects().GetOrvelObjectUI("O0000200")->DeleteOrvelObject(oidr), 0);
+  EXPECT_EQ(Stored("SELECT COUNT(*) FROM goods WHERE Name = 'Arbata juodoji'"), Variant(0));
+  EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "orvel/OrvelEnvironment.h"
@@ -22,6 +24,8 @@ using ::testing::Not;
 // serves has a name.
 class OtherTypesRoadTest : public RunningHost {
  protected:
+  using Typed = std::vector<std::pair<std::string, std::string>>;
+
   // Selects the row of `key` in a tab and right-clicks it.
   void RightClick(FieldSheet& sheet, const std::string& tab, const std::string& key,
                   std::initializer_list<const char*> entries) {
@@ -31,14 +35,8 @@ class OtherTypesRoadTest : public RunningHost {
     RunningHost::RightClick(sheet, tab, entries);
   }
 
-  std::shared_ptr<Form> LastWindow() {
-    const auto& open = host_.Windows().OpenWindows();
-    return open.empty() ? nullptr : std::dynamic_pointer_cast<Form>(open.back().window);
-  }
-
   // Types into a card's sheet and presses Write.
-  void WriteCard(const std::shared_ptr<Form>& card,
-                 const std::vector<std::pair<std::string, std::string>>& typed) {
+  void WriteCard(const std::shared_ptr<Form>& card, const Typed& typed) {
     auto sheet = SheetOf(card);
     ASSERT_NE(sheet, nullptr);
     Fill(*sheet, typed);
@@ -46,32 +44,19 @@ class OtherTypesRoadTest : public RunningHost {
   }
 };
 
-// ---- names ----
-
-struct NameCase {
-  const char* oid;
-  int number;
-  const char* name;
-};
-
-class TypeNameTest : public OtherTypesRoadTest, public ::testing::WithParamInterface<NameCase> {};
-
-TEST_P(TypeNameTest, TheHostNamesTheTypesItServes) {
-  const NameCase& c = GetParam();
-  OrvelResult named = host_.Objects().Call("Orvel_GetObjectName", c.oid);
-  EXPECT_EQ(named.Number, c.number);
-  EXPECT_EQ(c.number == 0 ? ConcatText(named.Value) : named.Text, c.name);
+// Every type the host serves has a name; an unknown one is refused.
+TEST_F(OtherTypesRoadTest, TheHostNamesTheTypesItServes) {
+  for (const auto& [oid, number, name] : std::vector<std::tuple<const char*, int, const char*>>{
+           {"O0001605", 0, "Sandėliai"}, {"O0001604", 0, "Įmonės padaliniai"},
+           {"O0201600", 0, "Atsargų šablonai"}, {"O1000200", 0, "Dokumentų grupės"},
+           {"O1000600", 0, "Nuolaidos"}, {"O1000100", 0, "Dokumentai"},
+           {"O1000300", 0, "Gauti avansai"}, {"O1000400", 0, "Sumokėti avansai"},
+           {"O1001000", 0, "Sutartys"}, {"O0009900", 5, "Nežinomas objekto tipas: O0009900"}}) {
+    OrvelResult named = host_.Objects().Call("Orvel_GetObjectName", oid);
+    EXPECT_EQ(named.Number, number);
+    EXPECT_EQ(number == 0 ? ConcatText(named.Value) : named.Text, name);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Types, TypeNameTest,
-    ::testing::Values(
-        NameCase{"O0001605", 0, "Sandėliai"}, NameCase{"O0001604", 0, "Įmonės padaliniai"},
-        NameCase{"O0201600", 0, "Atsargų šablonai"}, NameCase{"O1000200", 0, "Dokumentų grupės"},
-        NameCase{"O1000600", 0, "Nuolaidos"}, NameCase{"O1000100", 0, "Dokumentai"},
-        NameCase{"O1000300", 0, "Gauti avansai"}, NameCase{"O1000400", 0, "Sumokėti avansai"},
-        NameCase{"O1001000", 0, "Sutartys"},
-        NameCase{"O0009900", 5, "Nežinomas objekto tipas: O0009900"}));
 
 // A book's record card is headed by the book's name, which the module's own
 // table does not hold.
@@ -157,7 +142,7 @@ TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
 
   RightClick(*sheet, "Discounts", "", {"Sukurti naują"});
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O1000600'"));
-  auto card = LastWindow();
+  auto card = std::dynamic_pointer_cast<Form>(host_.Windows().OpenWindows().back().window);
   ASSERT_NE(card, nullptr);
   ASSERT_NE(card, firmCard);
   EXPECT_EQ(dynamic_cast<Panel*>(card->FindControl("SOPanel"))->Caption(), " Nuolaidos");
@@ -191,83 +176,56 @@ TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
   EXPECT_EQ(list->ListItems().Find(oidr), nullptr);
 }
 
-struct BadDiscount {
-  const char* name;
-  bool withFirm;
-  std::vector<std::pair<std::string, std::string>> typed;
-  const char* reason;
-};
-
-class BadDiscountTest : public DiscountRoadTest, public ::testing::WithParamInterface<BadDiscount> {};
-
-TEST_P(BadDiscountTest, IsRefusedWithItsReasonAndTheCardKeepsIt) {
-  const BadDiscount& c = GetParam();
+// A bad discount is refused with its reason and the card keeps what was typed.
+TEST_F(DiscountRoadTest, ABadDiscountIsRefusedWithItsReasonAndTheCardKeepsIt) {
   const Variant before = Stored("SELECT COUNT(*) FROM firm_discounts");
-  auto discount = host_.Objects().GetOrvelObject("O1000600");
-  ASSERT_NE(discount, nullptr);
-  if (c.withFirm) discount->Fields("FirmID").SetValue(Variant(firm_));
-  auto window = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
-  ASSERT_NE(window, nullptr);
-  host_.Windows().ShowWindow(window);
-  auto card = std::dynamic_pointer_cast<Form>(window);
-  WriteCard(card, c.typed);
-  EXPECT_TRUE(Said(std::string("Klaida!\n\n")));
-  EXPECT_TRUE(Said(c.reason)) << c.reason;
-  EXPECT_EQ(Stored("SELECT COUNT(*) FROM firm_discounts"), before);
-  EXPECT_TRUE(card->Visible());
-  EXPECT_EQ(SheetOf(card)->Text(c.typed.front().first), c.typed.front().second);
+  for (const auto& [withFirm, typed, reason] : std::vector<std::tuple<bool, Typed, const char*>>{
+           {true, {{"Percent", "5"}}, "Nenurodytas nuolaidos tipas"},
+           {false, {{"DiscountTypeName", "Akcija"}}, "Nenurodyta įmonė"},
+           {true, {{"DiscountTypeName", "Akcija"}, {"Percent", "150"}},
+            "Nuolaidos procentas turi būti nuo 0 iki 100"},
+           {true, {{"DiscountTypeName", "Akcija"}, {"SumFrom", "100"}, {"SumTo", "50"}},
+            "Suma iki mažesnė už sumą nuo"}}) {
+    prompter_.said.clear();
+    auto discount = host_.Objects().GetOrvelObject("O1000600");
+    ASSERT_NE(discount, nullptr);
+    if (withFirm) discount->Fields("FirmID").SetValue(Variant(firm_));
+    auto window = discount->Properties("GetObjectForm", "").Value.ObjectAs<OrvelWindow>();
+    ASSERT_NE(window, nullptr);
+    host_.Windows().ShowWindow(window);
+    auto card = std::dynamic_pointer_cast<Form>(window);
+    WriteCard(card, typed);
+    EXPECT_TRUE(Said(std::string("Klaida!\n\n")));
+    EXPECT_TRUE(Said(reason)) << reason;
+    EXPECT_EQ(Stored("SELECT COUNT(*) FROM firm_discounts"), before);
+    EXPECT_TRUE(card->Visible());
+    EXPECT_EQ(SheetOf(card)->Text(typed.front().first), typed.front().second);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Discounts, BadDiscountTest,
-    ::testing::Values(
-        BadDiscount{"NoType", true, {{"Percent", "5"}}, "Nenurodytas nuolaidos tipas"},
-        BadDiscount{"NoFirm", false, {{"DiscountTypeName", "Akcija"}}, "Nenurodyta įmonė"},
-        BadDiscount{"PercentAbove100", true, {{"DiscountTypeName", "Akcija"}, {"Percent", "150"}},
-                    "Nuolaidos procentas turi būti nuo 0 iki 100"},
-        BadDiscount{"SumToBelowSumFrom", true,
-                    {{"DiscountTypeName", "Akcija"}, {"SumFrom", "100"}, {"SumTo", "50"}},
-                    "Suma iki mažesnė už sumą nuo"}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // ---- records that only show ----
 
-struct ShownCase {
-  const char* oid;
-  const char* record;  // SQL: the ID of a record of the type
-  const char* field;   // a field the card shows
-  const char* value;   // SQL: its text
-};
-
-class ShownRecordTest : public OtherTypesRoadTest,
-                        public ::testing::WithParamInterface<ShownCase> {};
-
-TEST_P(ShownRecordTest, OpensFromItsMenuAndTakesNoTyping) {
-  const ShownCase& c = GetParam();
-  const std::string oidr = c.oid + ConcatText(Stored(c.record));
-  auto card = OpenCard(oidr);
-  EXPECT_EQ(std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr)), card);
-  ASSERT_NE(card, nullptr) << oidr;
-  auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
-  EXPECT_EQ(sheet->Text(c.field), ConcatText(Stored(c.value)));
-  EXPECT_FALSE(sheet->EditText(c.field, "x"));
-  EXPECT_FALSE(card->FindControl("cmdEnter")->Visible());
-  // Nor is a record of another module deleted from here.
-  EXPECT_NE(host_.Objects().GetOrvelObjectUI(oidr)->DeleteOrvelObject(oidr), 0);
+// A record of another module opens from its menu, shows its field, takes no
+// typing and is not deleted from here.
+TEST_F(OtherTypesRoadTest, ARecordThatOnlyShowsOpensFromItsMenuAndTakesNoTyping) {
+  for (const auto& [oid, from, field] :
+       std::vector<std::tuple<const char*, std::string, const char*>>{
+           {"O1000100", "documents WHERE OType = 'O1000100'", "Number"},
+           {"O1001000", "firm_contracts", "ContractNumber"},
+           {"O0201600", "br_templates", "Name"},
+           {"O1000200", "document_groups", "Name"}}) {
+    const std::string oidr = oid + ConcatText(Stored("SELECT MIN(ID) FROM " + from));
+    auto card = OpenCard(oidr);
+    EXPECT_EQ(std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr)), card);
+    auto sheet = SheetOf(card);
+    ASSERT_TRUE(card && sheet) << oidr;
+    const std::string shown = std::string("SELECT ") + field + " FROM " + from + " ORDER BY ID";
+    EXPECT_EQ(sheet->Text(field), ConcatText(Stored(shown)));
+    EXPECT_FALSE(sheet->EditText(field, "x"));
+    EXPECT_FALSE(card->FindControl("cmdEnter")->Visible());
+    EXPECT_NE(host_.Objects().GetOrvelObjectUI(oidr)->DeleteOrvelObject(oidr), 0);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Records, ShownRecordTest,
-    ::testing::Values(
-        ShownCase{"O1000100", "SELECT MIN(ID) FROM documents WHERE OType = 'O1000100'", "Number",
-                  "SELECT Number FROM documents WHERE OType = 'O1000100' ORDER BY ID LIMIT 1"},
-        ShownCase{"O1001000", "SELECT MIN(ID) FROM firm_contracts", "ContractNumber",
-                  "SELECT ContractNumber FROM firm_contracts ORDER BY ID LIMIT 1"},
-        ShownCase{"O0201600", "SELECT MIN(ID) FROM br_templates", "Name",
-                  "SELECT Name FROM br_templates ORDER BY ID LIMIT 1"},
-        ShownCase{"O1000200", "SELECT MIN(ID) FROM document_groups", "Name",
-                  "SELECT Name FROM document_groups ORDER BY ID LIMIT 1"}));
 
 // A row of the firm's documents opens its document.
 TEST_F(OtherTypesRoadTest, AFirmsDocumentRowOpensItsDocument) {

@@ -25,12 +25,16 @@ TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
   const auto& catalogue = host_.Catalogue();
   ASSERT_FALSE(catalogue.groups.empty());
   EXPECT_EQ(catalogue.groups[0].components[1].caption, "Bankai");
-  auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
-  ASSERT_NE(banks, nullptr);
-  auto rs = banks->GetOrvelObjectList("O0000300", "", "");
+  // The layer tells the list from its start to its whole count.
+  std::vector<std::string> told;
+  host_.Layer().SetFillObserver([&told](int64_t rows, bool done) {
+    told.push_back(std::to_string(rows) + (done ? "." : ""));
+  });
+  auto rs = host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObjectList("O0000300", "", "");
   ASSERT_NE(rs, nullptr);
   EXPECT_EQ(rs->RecordCount(), 6);
   EXPECT_THAT(calls_, ElementsAre("GetCall Orvel_GetObjectList 'O0000300'"));
+  EXPECT_THAT(told, ElementsAre("0", "6."));
 }
 
 TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {

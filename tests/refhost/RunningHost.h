@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <deque>
 #include <memory>
 #include <string>
@@ -32,18 +33,14 @@ class AnsweringPrompter : public Prompter {
   void Say(const std::string& line) override { said.push_back(line); }
   int Choose(const std::string&, const std::vector<std::string>& choices) override {
     if (answers.empty()) return -1;
-    std::string answer = answers.front();
-    answers.pop_front();
-    for (size_t i = 0; i < choices.size(); ++i) {
-      if (choices[i] == answer) return static_cast<int>(i);
-    }
-    return -1;
+    auto at = std::find(choices.begin(), choices.end(), Next(answers));
+    return at == choices.end() ? -1 : static_cast<int>(at - choices.begin());
   }
-  std::string AskText(const std::string&) override {
-    if (texts.empty()) return "";
-    std::string text = texts.front();
-    texts.pop_front();
-    return text;
+  std::string AskText(const std::string&) override { return texts.empty() ? "" : Next(texts); }
+  static std::string Next(std::deque<std::string>& queue) {
+    std::string front = queue.front();
+    queue.pop_front();
+    return front;
   }
 
   std::deque<std::string> answers;
@@ -64,11 +61,12 @@ class RunningHost : public ::testing::Test {
         });
   }
 
-  // Opens a record's card through its type's menu entry "0".
-  std::shared_ptr<Form> OpenCard(const std::string& oidr, const std::string& otype = "C") {
+  // Opens the window of a menu entry of a record or type: its card, "0".
+  std::shared_ptr<Form> OpenCard(const std::string& oidr, const std::string& otype = "C",
+                                 const std::string& entry = "0") {
     auto type = host_.Objects().GetOrvelObjectUI(oidr);
     if (!type) return nullptr;
-    auto result = type->ClickMenu(oidr, otype, "0", "");
+    auto result = type->ClickMenu(oidr, otype, entry, "");
     auto window = result.Value.ObjectAs<OrvelWindow>();
     if (!window) return nullptr;
     host_.Windows().ShowWindow(window);
@@ -116,10 +114,9 @@ class RunningHost : public ::testing::Test {
   }
 
   bool Said(const std::string& text) const {
-    for (const auto& line : prompter_.said) {
-      if (line.find(text) != std::string::npos) return true;
-    }
-    return false;
+    const auto& said = prompter_.said;
+    return std::any_of(said.begin(), said.end(),
+                       [&](const auto& line) { return line.find(text) != std::string::npos; });
   }
 
   TempDatabase file_;
