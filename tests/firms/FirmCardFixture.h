@@ -10,10 +10,16 @@
 #include "firms/frmFirms.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "host/Convert.h"
 #include "support/CardTest.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 
 namespace orvel {
+
+using Lines = std::vector<std::string>;
+
+inline Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
 
 class FirmCardTest : public CardTest<frmFirms> {
  protected:
@@ -44,6 +50,21 @@ class FirmCardTest : public CardTest<frmFirms> {
 
   // "CheckCode" finding the code on another firm.
   void CodeRepeats() { BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "1")); }
+
+  // The firms' answer to `call`: the fields named by blanks, a row a line.
+  void Reply(const std::string& call, const std::string& fields, const std::string& rows) {
+    BO("O0000100").ReplyRead(call, TextRecords(fields, rows.c_str()));
+  }
+
+  // The parameter strings of the firms' calls named `name`, in order.
+  Lines Calls(const std::string& name) {
+    Lines out;
+    for (const auto& call : BO("O0000100").Calls(name)) out.push_back(call.param);
+    return out;
+  }
+
+  // Write, Cancel and New, "1" when enabled.
+  static std::string Buttons(frmFirms& w) { return OnOff({&w.cmdEnter, &w.cmdCancel, &w.SSCNew}); }
 };
 
 }  // namespace orvel
