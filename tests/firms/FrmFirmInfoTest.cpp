@@ -16,14 +16,19 @@ using ::testing::IsEmpty;
 
 constexpr const char* kFirm = "O00001002";
 
-Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
+// "ID|text|from|to|priority|colour" of the dialog, the colour of the text and
+// of its sample by "/".
+std::string Describe(frmFirmInfo& d) {
+  return std::to_string(d.ID) + "|" + d.txtInfo.Text() + "|" + ConcatText(d.dtpDateFrom.Value()) +
+         "|" + ConcatText(d.dtpDateTo.Value()) + "|" + d.imcPriority.Text() + "|" +
+         std::to_string(d.txtInfo.ForeColor()) + "/" + std::to_string(d.lblColor.ForeColor());
+}
 
 class FrmFirmInfoTest : public FirmCardTest {
  protected:
-  // The firm's notes as the business layer lists them.
-  void Notes(const std::vector<std::string>& rows) {
-    BO("O0000100")
-        .ReplyRead("GetFirmInfo", TextRecords("ID Info DateFrom DateTo UserName Priority", rows));
+  // The firm's notes as the business layer lists them, a line a note.
+  void Notes(const std::string& rows) {
+    Reply("GetFirmInfo", "ID Info DateFrom DateTo UserName Priority", rows);
   }
 
   // Opens the note of list row `key` ("" for a new note) with `script`
@@ -40,22 +45,15 @@ class FrmFirmInfoTest : public FirmCardTest {
     return w;
   }
 
-  std::vector<std::string> Writes() {
-    std::vector<std::string> out;
-    for (const auto& call : BO("O0000100").Calls("AddUpdateFirmInfo")) out.push_back(call.param);
-    return out;
-  }
-
-  size_t Reads() { return BO("O0000100").Calls("GetFirmInfo").size(); }
+  Lines Writes() { return Calls("AddUpdateFirmInfo"); }
+  size_t Reads() { return Calls("GetFirmInfo").size(); }
 };
 
 TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) {
   Edit("", [](frmFirmInfo& dialog) {
     EXPECT_EQ(dialog.Caption(), "Įmonės informacija");
-    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 11, 23));
-    EXPECT_TRUE(dialog.dtpDateTo.Value().IsNull());
+    EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
     ASSERT_EQ(dialog.imcPriority.ComboItems().Count(), 3);
-    EXPECT_EQ(dialog.imcPriority.Text(), "Svarbi informacija");
     dialog.txtInfo.Edit("  Skambinti 'rytoj'  ");
     dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(2));
     EXPECT_EQ(dialog.txtInfo.ForeColor(), vbBlue);  // the pick recolours
@@ -68,38 +66,32 @@ TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) 
 
 TEST_F(FrmFirmInfoTest, AStoredNoteOpensInItsPriorityAndColour) {
   host_.User()->SetRs(TextRecords("ID", "3"));
-  for (const auto& [priority, text, color] : {std::tuple{1, "Svarbi informacija", vbBlack},
-                                              {2, "Ypatingai svarbi informacija", vbBlue},
-                                              {3, "Įspėjamoji informacija", vbRed}}) {
+  for (const auto& [priority, shown] :
+       {std::pair{1, "Svarbi informacija|0/0"},
+        {2, "Ypatingai svarbi informacija|16711680/16711680"},  // blue
+        {3, "Įspėjamoji informacija|255/255"}}) {                // red
     const std::string level = std::to_string(priority);
-    Notes({"17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level,
-           "18|Kita|@2026-02-01|~|admin|1"});
-    Edit("17K", [&, text = text, color = color](frmFirmInfo& dialog) {
-      EXPECT_EQ(dialog.ID, 17);
-      EXPECT_EQ(dialog.txtInfo.Text(), "Mokėjimai vėluoja");
-      EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 1, 5));
-      EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 31));
-      EXPECT_EQ(dialog.imcPriority.Text(), text);
-      EXPECT_EQ(dialog.txtInfo.ForeColor(), color);
-      EXPECT_EQ(dialog.lblColor.ForeColor(), color);
+    Notes("17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level +
+          "\n18|Kita|@2026-02-01|~|admin|1");
+    Edit("17K", [&, shown = shown](frmFirmInfo& dialog) {
+      EXPECT_EQ(Describe(dialog),
+                std::string("17|Mokėjimai vėluoja|2026-01-05|2026-12-31|") + shown);
       dialog.cmdWrite.Click();
     });
     EXPECT_EQ(Writes().back(), "17,'Mokėjimai vėluoja','20260105','20261231',2,3," + level);
   }
 }
 
+// Another user removed the note meanwhile: it opens as a new one.
 TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
-  Notes({"17|Sena|@2026-01-05|~|admin|3"});
+  Notes("17|Sena|@2026-01-05|~|admin|3");
   auto w = Open(kFirm);
   ListView& list = Grid(*w).TabList("FirmInfo");
   list.SetSelectedItem(list.ListItems().Find("17K"));
-  Notes({});  // another user removed it
+  Notes("");
   host_.Ui()->QueueModal([](Form& form) {
     auto& dialog = dynamic_cast<frmFirmInfo&>(form);
-    EXPECT_EQ(dialog.ID, 0);
-    EXPECT_EQ(dialog.txtInfo.Text(), "");
-    EXPECT_EQ(dialog.dtpDateFrom.Value(), DayOf(2026, 11, 23));
-    EXPECT_EQ(dialog.imcPriority.Text(), "Svarbi informacija");
+    EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
     dialog.txtInfo.Edit("Nauja");
     dialog.cmdWrite.Click();
   });
@@ -126,7 +118,8 @@ TEST_F(FrmFirmInfoTest, TheStartBoundsTheEndAndMovesIt) {
   EXPECT_THAT(Writes(), ElementsAre("0,'X','20261101','20270110',2,1,1"));
 }
 
-TEST_F(FrmFirmInfoTest, CancelWritesNothingAndReloadsNothing) {
+// Cancel writes and reloads nothing; a failed write still closes as saved.
+TEST_F(FrmFirmInfoTest, CancelWritesNothingAndAFailedWriteStillClosesAsSaved) {
   Edit("", [](frmFirmInfo& dialog) {
     dialog.txtInfo.Edit("Neįrašyti");
     dialog.cmdCancel.Click();
@@ -134,9 +127,6 @@ TEST_F(FrmFirmInfoTest, CancelWritesNothingAndReloadsNothing) {
   });
   EXPECT_THAT(Writes(), IsEmpty());
   EXPECT_EQ(Reads(), 0u);
-}
-
-TEST_F(FrmFirmInfoTest, AFailedWriteStillClosesAsSaved) {
   BO("O0000100").FailCallsNamed("AddUpdateFirmInfo", 5, "Klaida serveryje");
   Edit("", [](frmFirmInfo& dialog) {
     dialog.txtInfo.Edit("Bet kas");

@@ -1,10 +1,10 @@
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <string>
 
 #include "firms/frmPreview.h"
 #include "orvel/OrvelServices.h"
-#include "support/CaseName.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestServices.h"
@@ -20,103 +20,82 @@ class FrmPreviewTest : public ModuleTest {
   }
 
   void Open(const std::string& settings, const std::string& otype = "O0000100") {
-    dialog_.Settings = settings;
-    dialog_.OType = otype;
-    dialog_.Load();
+    dialog_ = std::make_unique<frmPreview>();
+    dialog_->Settings = settings;
+    dialog_->OType = otype;
+    dialog_->Load();
   }
 
-  frmPreview dialog_;
+  // The three boxes, then by code and by name, then whether sorting by code
+  // is offered (the option and its frame).
+  std::string Shown() {
+    const auto on = [](bool b) { return b ? "1" : "0"; };
+    const frmPreview& d = *dialog_;
+    return std::to_string(d.chkActive.Value()) + std::to_string(d.chkNotActive.Value()) +
+           std::to_string(d.chkCode.Value()) + " " + on(d.optByCode.Value()) +
+           on(d.OptByName.Value()) + " " + on(d.optByCode.Enabled()) + on(d.fraSort.Enabled());
+  }
+
+  std::unique_ptr<frmPreview> dialog_ = std::make_unique<frmPreview>();
 };
 
-struct LoadCase {
-  const char* settings;
-  int active, notActive, code;
-  bool byCode;
-};
-
-class FrmPreviewLoadTest : public FrmPreviewTest, public ::testing::WithParamInterface<LoadCase> {};
-
-TEST_P(FrmPreviewLoadTest, SettingsFillTheBoxes) {
-  const LoadCase& c = GetParam();
-  Open(c.settings);
-  EXPECT_EQ(dialog_.chkActive.Value(), c.active);
-  EXPECT_EQ(dialog_.chkNotActive.Value(), c.notActive);
-  EXPECT_EQ(dialog_.chkCode.Value(), c.code);
-  EXPECT_EQ(dialog_.optByCode.Value(), c.byCode);
-  EXPECT_EQ(dialog_.OptByName.Value(), !c.byCode);
-  // Sorting by code is offered only while the code is shown.
-  EXPECT_EQ(dialog_.optByCode.Enabled(), c.code == 1);
-  EXPECT_EQ(dialog_.fraSort.Enabled(), c.code == 1);
+// Sorting by code is offered only while the code is shown; settings not of
+// three elements read as 1, 1, 1.
+TEST_F(FrmPreviewTest, SettingsFillTheBoxes) {
+  for (const auto& [settings, shown] : {std::pair{"1,0,1", "101 01 11"},
+                                        {"0,1,0", "010 01 00"},
+                                        {"1,1,2", "111 10 11"},
+                                        {"1,0", "111 01 11"}}) {
+    Open(settings);
+    EXPECT_EQ(Shown(), shown) << settings;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Cases, FrmPreviewLoadTest,
-                         ::testing::Values(LoadCase{"1,0,1", 1, 0, 1, false},
-                                           LoadCase{"0,1,0", 0, 1, 0, false},
-                                           LoadCase{"1,1,2", 1, 1, 1, true},
-                                           // Not three elements: 1, 1, 1.
-                                           LoadCase{"1,0", 1, 1, 1, false}));
 
 struct AcceptCase {
   const char* name;
   const char* settings;
   void (*play)(frmPreview&);
-  const char* result;
+  const char* result;  // "" when the user cancels
 };
 
+// OK hands out the choice without storing it; Cancel leaves the settings. The
+// result is built before the boxes are put right: two zeros leave the
+// dialog, yet it shows Active checked.
 TEST_F(FrmPreviewTest, OkHandsOutTheChoiceWithoutStoringIt) {
   for (const AcceptCase& c : std::initializer_list<AcceptCase>{
            {"SortByCode", "1,0,1", [](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
            {"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,0"},
            {"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
-           // Built before the box is put right: two zeros leave the dialog.
-           {"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"}}) {
+           {"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"},
+           {"BothClearedNoCode", "1,0,0", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,0"},
+           {"Cancel", "1,0,1", [](frmPreview& d) { d.chkNotActive.Click(); }, ""}}) {
     SCOPED_TRACE(c.name);
     Open(c.settings);
-    c.play(dialog_);
-    dialog_.cmdOK.Click();
-    EXPECT_TRUE(dialog_.Accepted);
-    EXPECT_EQ(dialog_.Settings, c.result);
-    EXPECT_FALSE(dialog_.Loaded());
+    c.play(*dialog_);
+    (*c.result ? dialog_->cmdOK : dialog_->cmdCancel).Click();
+    EXPECT_EQ(dialog_->Accepted, *c.result != 0);
+    EXPECT_EQ(dialog_->Settings, *c.result ? c.result : c.settings);
+    EXPECT_EQ(dialog_->chkActive.Value(), 1);
+    EXPECT_FALSE(dialog_->Loaded());
     EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
   }
 }
 
-TEST_F(FrmPreviewTest, BothClearedShowsActiveCheckedAfterOk) {
-  Open("1,0,0");
-  dialog_.chkActive.Click();
-  dialog_.cmdOK.Click();
-  EXPECT_EQ(dialog_.Settings, "0,0,0");
-  EXPECT_EQ(dialog_.chkActive.Value(), 1);
-}
-
 TEST_F(FrmPreviewTest, SaveStoresUnderTheTypeOrTheFirmsWhenNoneIsGiven) {
   Open("0,1,2", "");
-  EXPECT_EQ(dialog_.OType, "O0000100");
-  dialog_.cmdSave.Click();
-  EXPECT_TRUE(dialog_.Accepted);
+  EXPECT_EQ(dialog_->OType, "O0000100");
+  dialog_->cmdSave.Click();
+  EXPECT_TRUE(dialog_->Accepted);
   EXPECT_EQ(host_.Environment()->StoredSetting("O0000100", "Preview"), "0,1,2");
-
-  frmPreview other;
-  other.OType = "O0000300";
-  other.Settings = "1,1,1";
-  other.Load();
-  other.cmdSave.Click();
+  Open("1,1,1", "O0000300");
+  dialog_->cmdSave.Click();
   EXPECT_EQ(host_.Environment()->StoredSetting("O0000300", "Preview"), "1,1,1");
 }
 
-TEST_F(FrmPreviewTest, CancelLeavesSettingsAndAcceptedAlone) {
-  Open("1,0,1");
-  dialog_.chkNotActive.Click();
-  dialog_.cmdCancel.Click();
-  EXPECT_FALSE(dialog_.Accepted);
-  EXPECT_EQ(dialog_.Settings, "1,0,1");
-  EXPECT_FALSE(dialog_.Loaded());
-}
-
 TEST_F(FrmPreviewTest, ANonNumericElementIsAClearErrorNotACrash) {
-  dialog_.Settings = "1,x,1";
-  EXPECT_ANY_THROW(dialog_.Load());
-  EXPECT_FALSE(dialog_.Accepted);
+  dialog_->Settings = "1,x,1";
+  EXPECT_ANY_THROW(dialog_->Load());
+  EXPECT_FALSE(dialog_->Accepted);
 }
 
 }  // namespace
