@@ -6,7 +6,6 @@
 
 #include "firms/FirmCardFixture.h"
 #include "orvel/OrvelShowObject.h"
-#include "support/CaseName.h"
 #include "testhost/TestRights.h"
 
 namespace orvel {
@@ -15,59 +14,53 @@ namespace {
 using Right = TestRights::Right;
 
 const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
-const char* const kUsedCall = "GetCall GetFirmIsUsedInDocuments O00001002";
-const char* const kSaveCall = "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'";
-// The object reads itself again after a write.
-const char* const kReread = "GetCall Orvel_ReadObject 'O00001002'";
 
 struct UsedCase {
   const char* name;
-  bool credits;  // CCatalogueCredits
-  bool rename;   // CFirmsCH
-  Variant count;
-  bool nameChanges;
-  bool groupChanges;
+  bool credits;        // CCatalogueCredits
+  bool rename;         // CFirmsCH
+  Variant count;       // Empty: an answer without a record, telling of no documents
+  const char* stored;  // name and group after the write
 };
 
-class FirmCardUsedTest : public FirmCardTest, public ::testing::WithParamInterface<UsedCase> {};
-
-TEST_P(FirmCardUsedTest, RightsDecideWhetherNameAndGroupChange) {
-  const UsedCase& c = GetParam();
-  if (!c.credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
-  if (!c.rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
-  if (c.count.IsEmpty()) {
-    BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", TextRecords("Cnt", ""));
-  } else {
-    UsedInDocuments(c.count);
+// Every other change is written, and the user is told nothing.
+TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
+  const auto firm = BO("O0000100").Table().ReadRecord(2);
+  for (const UsedCase& c : std::initializer_list<UsedCase>{
+           {"NeitherRight", false, false, Variant(3), "UAB Šilas|1"},
+           {"CreditsMoveButDoNotRename", true, false, Variant(1), "UAB Šilas|4"},
+           {"RenameRightDoesBoth", false, true, Variant(1), "UAB Kitas|4"},
+           {"BothRights", true, true, Variant(12.5), "UAB Kitas|4"},
+           {"NotUsedNeedsNoRight", false, false, Variant(0), "UAB Kitas|4"},
+           {"NegativeCountIsNotUsed", false, false, Variant(-1), "UAB Kitas|4"},
+           {"NullCountIsNotUsed", false, false, Variant::Null(), "UAB Kitas|4"},
+           {"CountAsText", false, false, Variant("2"), "UAB Šilas|1"},
+           {"NoRecordIsNotUsed", false, false, Variant(), "UAB Kitas|4"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    if (!c.credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
+    if (!c.rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
+    if (c.count.IsEmpty()) {
+      BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", TextRecords("Cnt", ""));
+    } else {
+      UsedInDocuments(c.count);
+    }
+    BO("O0000100").Table().Store(2, *firm);
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    Grid(*w).EditField("ParentID", Variant(4));
+    Grid(*w).TypeIntoField("Active", Variant(false));  // committed by the click
+    w->cmdEnter_Click();
+    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")), c.stored);
+    EXPECT_EQ(Stored(2, "Active"), Variant(false));
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Stored(2, "Name"));
+    // The object reads itself again after a write.
+    EXPECT_EQ(BusinessLines(), (Lines{kCheckCode, "GetCall GetFirmIsUsedInDocuments O00001002",
+                                      "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'",
+                                      "GetCall Orvel_ReadObject 'O00001002'"}));
   }
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("UAB Kitas"));
-  Grid(*w).EditField("ParentID", Variant(4));
-  Grid(*w).TypeIntoField("Active", Variant(false));  // committed by the click
-  w->cmdEnter_Click();
-
-  EXPECT_EQ(Stored(2, "Name"), Variant(c.nameChanges ? "UAB Kitas" : "UAB Šilas"));
-  EXPECT_EQ(Stored(2, "ParentID"), Variant(c.groupChanges ? 4 : 1));
-  // Every other change is written, and the user is told nothing.
-  EXPECT_EQ(Stored(2, "Active"), Variant(false));
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Stored(2, "Name"));
-  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{kCheckCode, kUsedCall, kSaveCall, kReread}));
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Rights, FirmCardUsedTest,
-    ::testing::Values(UsedCase{"NeitherRight", false, false, Variant(3), false, false},
-                      UsedCase{"CreditsMoveButDoNotRename", true, false, Variant(1), false, true},
-                      UsedCase{"RenameRightDoesBoth", false, true, Variant(1), true, true},
-                      UsedCase{"BothRights", true, true, Variant(12.5), true, true},
-                      UsedCase{"NotUsedNeedsNoRight", false, false, Variant(0), true, true},
-                      UsedCase{"NegativeCountIsNotUsed", false, false, Variant(-1), true, true},
-                      UsedCase{"NullCountIsNotUsed", false, false, Variant::Null(), true, true},
-                      UsedCase{"CountAsText", false, false, Variant("2"), false, false},
-                      // An answer without a record tells of no documents.
-                      UsedCase{"NoRecordIsNotUsed", false, false, Variant(), true, true}),
-    ByName());
 
 TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
   UsedInDocuments(Variant("daug"));
@@ -96,46 +89,32 @@ TEST_F(FirmCardTest, TheRuleAlsoRunsForANewRecord) {
   EXPECT_EQ(BusinessLines()[0], "GetCall GetFirmIsUsedInDocuments");
 }
 
-struct DuplicateCase {
-  const char* name;
-  bool right;  // CFirmsCode
-  int answer;
-  const char* box;
-  bool written;
-};
-
-class FirmCardDuplicateTest : public FirmCardTest,
-                              public ::testing::WithParamInterface<DuplicateCase> {};
-
-TEST_P(FirmCardDuplicateTest, OnlyTheRightAndAYesWriteARepeatedCode) {
-  const DuplicateCase& c = GetParam();
-  if (!c.right) host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-  CodeRepeats();
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("UAB Kitas"));
-  host_.Ui()->QueueAnswer(c.answer);
-  w->cmdEnter.Click();  // the button runs the firm's rules
-  EXPECT_EQ(Boxes(), std::vector<std::string>{c.box});
-  EXPECT_EQ(Stored(2, "Name"), Variant(c.written ? "UAB Kitas" : "UAB Šilas"));
-  EXPECT_EQ(w->cmdEnter.Enabled(), !c.written);
-  if (!c.written) {
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{kCheckCode});
-    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
+// Only the right and a Yes write a repeated code; a host answering Yes to an
+// OK box still cannot write it.
+TEST_F(FirmCardTest, OnlyTheRightAndAYesWriteARepeatedCode) {
+  const char* const ask = "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?";
+  const char* const tell = "48 Apskaita Įmonės kodas kartojasi!";
+  for (const auto& [right, answer, box, written] : {std::tuple{true, vbNo, ask, false},
+                                                    {false, vbOK, tell, false},
+                                                    {false, vbYes, tell, false},
+                                                    {true, vbYes, ask, true}}) {
+    SCOPED_TRACE(std::string(box) + " " + std::to_string(answer));
+    host_.Rights()->GrantAll();
+    if (!right) host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    CodeRepeats();
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    host_.Ui()->QueueAnswer(answer);
+    w->cmdEnter.Click();  // the button runs the firm's rules
+    EXPECT_EQ(Boxes(), Lines{box});
+    EXPECT_EQ(Stored(2, "Name"), Variant(written ? "UAB Kitas" : "UAB Šilas"));
+    EXPECT_EQ(w->cmdEnter.Enabled(), !written);
+    if (!written) {
+      EXPECT_EQ(BusinessLines(), Lines{kCheckCode});
+      EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Answers, FirmCardDuplicateTest,
-    ::testing::Values(
-        DuplicateCase{"RightAndYes", true, vbYes,
-                      "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?", true},
-        DuplicateCase{"RightAndNo", true, vbNo,
-                      "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?", false},
-        DuplicateCase{"NoRight", false, vbOK, "48 Apskaita Įmonės kodas kartojasi!", false},
-        // A host answering Yes to an OK box still cannot write it.
-        DuplicateCase{"NoRightEvenOnYes", false, vbYes, "48 Apskaita Įmonės kodas kartojasi!",
-                      false}),
-    ByName());
 
 struct CodeCase {
   const char* name;
@@ -165,7 +144,7 @@ TEST_F(FirmCardTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
       EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
       EXPECT_EQ(Stored(static_cast<int32_t>(c.oidr[8] - '0'), "Code"), c.code);
     } else {
-      EXPECT_EQ(lines, std::vector<std::string>{c.check});
+      EXPECT_EQ(lines, Lines{c.check});
     }
   }
 }
@@ -175,49 +154,37 @@ struct FailureCase {
   const char* failing;  // the business call that fails
   int32_t number;
   bool canUpdate;
-  const char* box;  // the one box shown, "" for none
-  bool editsKept;
-  bool writeOn;  // cmdEnter afterwards
-  bool newOn;    // SSCNew afterwards
+  const char* box;      // the one box shown, "" for none
+  const char* shown;    // the window's name afterwards
+  const char* buttons;  // Write, Cancel and New afterwards
 };
 
-class FirmCardFailureTest : public FirmCardTest,
-                            public ::testing::WithParamInterface<FailureCase> {};
-
-TEST_P(FirmCardFailureTest, WhatTheUserSeesAndWhatSurvives) {
-  const FailureCase& c = GetParam();
-  if (!c.canUpdate) host_.Rights()->Deny("CFirms", Right::Update);
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("UAB Kitas"));
-  w->SSCNew.SetEnabled(false);
-  BO("O0000100").FailCallsNamed(c.failing, c.number, "Įrašo negalima išsaugoti");
-  if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter_Click();
-  EXPECT_EQ(Boxes(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>{});
-  EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(),
-            Variant(c.editsKept ? "UAB Kitas" : "UAB Šilas"));
-  EXPECT_EQ(w->cmdEnter.Enabled(), c.writeOn);
-  EXPECT_EQ(w->cmdCancel.Enabled(), c.writeOn);
-  EXPECT_EQ(w->SSCNew.Enabled(), c.newOn);
-  EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
+// Changed by someone else meanwhile (60000): the record is read again.
+TEST_F(FirmCardTest, AFailedWriteShowsWhatSurvives) {
+  const char* const failed = "16 Apskaita Klaida!\n\nĮrašo negalima išsaugoti";
+  for (const FailureCase& c : std::initializer_list<FailureCase>{
+           {"CheckCodeFails", "CheckCode", 3, true, "", "UAB Kitas", "110"},
+           {"UsedInDocumentsFails", "GetFirmIsUsedInDocuments", 3, true, "", "UAB Kitas", "111"},
+           {"WriteFails", "Orvel_SaveObject", 5, true, failed, "UAB Kitas", "111"},
+           {"WriteFailsWithoutTheRight", "Orvel_SaveObject", 5, false, failed, "UAB Kitas", "001"},
+           {"ChangedMeanwhile", "Orvel_SaveObject", 60000, true, failed, "UAB Šilas", "001"}}) {
+    SCOPED_TRACE(c.name);
+    host_.Rights()->GrantAll();
+    BO("O0000100").ClearFailures();
+    if (!c.canUpdate) host_.Rights()->Deny("CFirms", Right::Update);
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    w->SSCNew.SetEnabled(false);
+    BO("O0000100").FailCallsNamed(c.failing, c.number, "Įrašo negalima išsaugoti");
+    if (*c.box) host_.Ui()->QueueAnswer(vbOK);
+    w->cmdEnter_Click();
+    EXPECT_EQ(Boxes(), *c.box ? Lines{c.box} : Lines{});
+    EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
+    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant(c.shown));
+    EXPECT_EQ(Buttons(*w), c.buttons);
+    EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
+  }
 }
-
-const char* const kWriteFailed = "16 Apskaita Klaida!\n\nĮrašo negalima išsaugoti";
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, FirmCardFailureTest,
-    ::testing::Values(FailureCase{"CheckCodeFails", "CheckCode", 3, true, "", true, true, false},
-                      FailureCase{"UsedInDocumentsFails", "GetFirmIsUsedInDocuments", 3, true, "",
-                                  true, true, true},
-                      FailureCase{"WriteFails", "Orvel_SaveObject", 5, true, kWriteFailed, true,
-                                  true, true},
-                      FailureCase{"WriteFailsWithoutTheRight", "Orvel_SaveObject", 5, false,
-                                  kWriteFailed, true, false, true},
-                      // Changed by someone else meanwhile: the record is read again.
-                      FailureCase{"ChangedMeanwhile", "Orvel_SaveObject", 60000, true, kWriteFailed,
-                                  false, false, true}),
-    ByName());
 
 class ShowHostSpy : public OrvelShowObject {
  public:
@@ -236,15 +203,12 @@ TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
   w->cmdEnter_Click();
   EXPECT_FALSE(w->IsNew);
   EXPECT_EQ(w->SOPanel.Caption(), "Įmonės kortelė");
-  EXPECT_EQ(host_.Log().Lines(Channel::Window), std::vector<std::string>{"ObjectSaved O00001005"});
-  EXPECT_FALSE(w->cmdEnter.Enabled());
-  EXPECT_FALSE(w->cmdCancel.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), Lines{"ObjectSaved O00001005"});
+  EXPECT_EQ(Buttons(*w), "001");
   EXPECT_EQ(Stored(5, "ParentID"), Variant(1));
-  EXPECT_EQ(BusinessLines(),
-            (std::vector<std::string>{"GetCall GetFirmIsUsedInDocuments",
-                                      "ExecArrayCall Orvel_SaveObject 'O0000100',''",
-                                      "GetCall Orvel_ReadObject 'O00001005'"}));
+  EXPECT_EQ(BusinessLines(), (Lines{"GetCall GetFirmIsUsedInDocuments",
+                                    "ExecArrayCall Orvel_SaveObject 'O0000100',''",
+                                    "GetCall Orvel_ReadObject 'O00001005'"}));
 }
 
 // Whether the write fails or not; the object's own failure is not the window's.
@@ -276,6 +240,7 @@ TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
   EXPECT_EQ(w->ShowHost, spy);
 }
 
+// Cancel of a new firm keeps it in its group, or at the top with no group.
 TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
   auto w = Open("O00001001", "1");
   Grid(*w).EditField("Name", Variant("UAB Naujas"));
@@ -284,14 +249,11 @@ TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
   EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
   EXPECT_EQ(object.Fields("Name").Value(), Variant());
   EXPECT_FALSE(w->cmdEnter.Enabled());
-}
-
-TEST_F(FirmCardTest, CancelOfANewFirmAtTheTopLeavesNoGroup) {
-  auto w = Open("O00001003");
-  w->SSCNew_Click();
-  w->OrvelObjectUIO()->Fields("ParentID").SetValue(Variant(4));
-  w->cmdCancel_Click();
-  EXPECT_TRUE(w->OrvelObjectUIO()->Fields("ParentID").Value().IsNull());
+  auto top = Open("O00001003");
+  top->SSCNew_Click();
+  top->OrvelObjectUIO()->Fields("ParentID").SetValue(Variant(4));
+  top->cmdCancel_Click();
+  EXPECT_TRUE(top->OrvelObjectUIO()->Fields("ParentID").Value().IsNull());
 }
 
 TEST_F(FirmCardTest, ARecordThatVanishedClosesItsWindowOnCancel) {
@@ -300,9 +262,8 @@ TEST_F(FirmCardTest, ARecordThatVanishedClosesItsWindowOnCancel) {
   BO("O0000100").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita Įrašas nerastas"});
-  EXPECT_EQ(host_.Log().Lines(Channel::Window),
-            std::vector<std::string>{"RemoveWindow O00001002 True"});
+  EXPECT_EQ(Boxes(), Lines{"48 Apskaita Įrašas nerastas"});
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), Lines{"RemoveWindow O00001002 True"});
 }
 
 }  // namespace
