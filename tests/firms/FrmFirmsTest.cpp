@@ -1,3 +1,4 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -21,13 +22,15 @@ namespace orvel {
 namespace {
 
 using Right = TestRights::Right;
+using ::testing::Contains;
+using ::testing::StartsWith;
 
 // A window that notes which editor the deferred dialogs open.
 class RecordingFirms : public frmFirms {
  public:
   void EditDetail(bool isNew) override { opened.push_back(isNew ? "NewDetail" : "EditDetail"); }
   void EditFirmInfo(bool isNew) override { opened.push_back(isNew ? "NewInfo" : "EditInfo"); }
-  std::vector<std::string> opened;
+  Lines opened;
 };
 
 // The firm card's catalogue (see FirmCardTest).
@@ -41,9 +44,7 @@ class FrmFirmsTest : public FirmCardTest {
   }
 
   // "CheckBranch" finding `count` branches.
-  void HasBranches(int count = 1) {
-    BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", {std::to_string(count)}));
-  }
+  void HasBranches(int count = 1) { Reply("CheckBranch", "Exist", std::to_string(count)); }
 };
 
 struct TabCase {
@@ -99,7 +100,10 @@ TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
   }
 }
 
-TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
+// Cancel adds the discounts again at index two: handle 2 and the discounts'
+// number point at the new list. Unload releases the handles up to ten and
+// keeps the eleventh; a stale handle is a clear error, not a dangling list.
+TEST_F(FrmFirmsTest, ListHandlesFollowTheTabs) {
   HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->DiscountsTab, 11);
@@ -108,24 +112,13 @@ TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
   auto keys = TabKeys(*w);
   ASSERT_EQ(keys.size(), 12u);
   EXPECT_EQ(keys.back(), "Discounts");
-  // Handle 2 and the Discounts number now point at the new list.
   EXPECT_EQ(w->DiscountsTab, 2);
   EXPECT_EQ(&w->List(2), &Grid(*w).Tabs()[11].list);
   EXPECT_EQ(w->ContractsTab, 2);
-}
-
-TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
-  HasBranches();
-  auto w = Open("O00001002");
-  ASSERT_TRUE(w->HasListHandle(11));
   w->Unload();
   for (int i = 0; i <= 10; ++i) EXPECT_FALSE(w->HasListHandle(i)) << i;
   EXPECT_TRUE(w->HasListHandle(11));
-}
-
-TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
-  auto w = Open("O00001002");
-  ASSERT_TRUE(w->HasListHandle(11) || w->HasListHandle(10));
+  w = Open("O00001002");
   w->SSCNew_Click();  // clears the grid's tabs; the new firm lists ten
   EXPECT_ANY_THROW(w->List(11));
   EXPECT_NO_THROW(w->List(10));
@@ -133,13 +126,9 @@ TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
 
 TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   auto w = Open("O00001002");
-  EXPECT_EQ(w->txtGroup.Text(), "Tiekėjai");
-  EXPECT_FALSE(w->IsRoot);
-  EXPECT_FALSE(w->IsNew);
-  EXPECT_EQ(w->lblDebt.Caption(), "Informacija...");
-  EXPECT_FALSE(w->cmdEnter.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_EQ(w->MsgTitle, "Apskaita");
+  EXPECT_EQ(w->txtGroup.Text() + "|" + w->lblDebt.Caption() + "|" + w->MsgTitle + "|" +
+                std::to_string(w->IsRoot) + std::to_string(w->IsNew) + "|" + Buttons(*w),
+            "Tiekėjai|Informacija...|Apskaita|00|001");
   EXPECT_EQ(w->SOPanel.ToolTipText().rfind("Sukūrė:", 0), 0u) << w->SOPanel.ToolTipText();
   auto top = Open("O00001003");
   EXPECT_TRUE(top->IsRoot);
@@ -172,7 +161,7 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   EXPECT_TRUE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
   EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
+            Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
   cancel = false;
   host_.Ui()->QueueAnswer(vbYes);
   w->QueryRemove(cancel);
@@ -181,59 +170,53 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
 }
 
 struct PopupCase {
-  const char* name;
-  const char* oidr;
+  const char* oidr;   // a group's OIDR opens a new firm, but for its own lists
   const char* tab;
   bool select;
-  Variant tag;
   const char* menu;   // "" when no menu opens
   const char* shown;  // the entries shown, by blanks; "!" marks one disabled
+  Variant tag = {};
 };
 
 TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
+  const char* const F = "O00001002";
+  const char* const N = "O00001001";
+  const char* const P = "mnuFirmParameters";
   for (const PopupCase& c : std::initializer_list<PopupCase>{
-           {"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
-            "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
+           {F, "Accounts", true, "mnuAccounts", "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
            // Delete is hidden, not disabled, so Edit stays enabled.
-           {"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
-            "mnuAccountsNew mnuAccountsEdit"},
-           {"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
-            "!mnuAccountsNew mnuAccountsEdit"},
-           {"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
-            "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
-           {"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
-            "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
-           {"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
-            "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
-           {"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
-            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
-           {"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
+           {F, "Accounts", false, "mnuAccounts", "mnuAccountsNew mnuAccountsEdit"},
+           {N, "Accounts", false, "mnuAccounts", "!mnuAccountsNew mnuAccountsEdit"},
+           {F, "GOODS", true, "mnuMain", "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
+           {N, "GOODS", false, "mnuMain", "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
+           {N, "Firms", true, "mnuMain", "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete",
+            Variant("O00001002")},
+           {F, "Traffic", true, "mnuMain",
+            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete", Variant("O10000015")},
+           {F, "Traffic", true, "mnuMain",
             "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
-           {"ContactsSelected", "O00001002", "FirmContacts", true, Variant(), "mnuFirmParameters",
+           {F, "FirmContacts", true, P,
             "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-           {"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(), "mnuFirmParameters",
+           {F, "FirmAddresses", false, P,
             "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-           {"ServersNewFirm", "O00001001", "FirmServers", true, Variant(), "mnuFirmParameters",
+           {N, "FirmServers", true, P,
             "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-           {"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(), "mnuFirmParameters",
+           {F, "FirmActivity", false, P,
             "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-           {"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
-            "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
-           {"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
+           {F, "FirmInfo", true, "mnuFirmInfo", "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
+           {F, "Discounts", false, "mnuDiscount",
             "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
             "mnuDiscountRefresh"},
-           {"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
-            "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
-           {"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
-            "!mnuContractToDeskTop mnuContractRefresh"},
-           {"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}}) {
-    SCOPED_TRACE(c.name);
+           {F, "FirmContracts", true, "mnuContracts", "mnuContractToDeskTop mnuContractRefresh",
+            Variant("O20000011")},
+           {F, "FirmContracts", false, "mnuContracts", "!mnuContractToDeskTop mnuContractRefresh"},
+           {F, "FirmBRANCH", true, "", ""}}) {
+    SCOPED_TRACE(std::string(c.oidr) + " " + c.tab + (c.select ? " selected" : ""));
     const size_t before = host_.Ui()->Popups().size();
     HasBranches();
-    auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
-                                  std::string(c.tab) != "Discounts"
-                              ? "1"
-                              : "0");
+    const std::string tab = c.tab;
+    const bool isNew = c.oidr == std::string(N) && tab != "Firms" && tab != "Discounts";
+    auto w = Open(c.oidr, isNew ? "1" : "0");
     if (c.select) SelectRow(*w, c.tab, "row", c.tag);
     const int index = TabIndex(*w, c.tab);
     if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
@@ -245,7 +228,7 @@ TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
     EXPECT_EQ(popups.back().menu, c.menu);
     Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
     ASSERT_NE(menu, nullptr);
-    std::vector<std::string> shown;
+    Lines shown;
     for (const auto& name : popups.back().shown) {
       shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
     }
@@ -253,49 +236,42 @@ TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
   }
 }
 
-TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
+// Without its right the discounts' list offers no menu, nor does a left click;
+// the "more" row of the firms keeps the desktop and delete off.
+TEST_F(FrmFirmsTest, NoMenuWithoutTheRightOrOnTheLeftButton) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
-  auto w = Open("O00001002");
-  Grid(*w).ClickList(static_cast<int>(Grid(*w).Tabs().size()) - 1, 2);
-  EXPECT_TRUE(host_.Ui()->Popups().empty());
-}
-
-TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
+  auto firm = Open("O00001002");
+  Grid(*firm).ClickList(static_cast<int>(Grid(*firm).Tabs().size()) - 1, 2);
   auto w = Open("O00001001");
   SelectRow(*w, "Firms", "more", Variant("more"));
   Grid(*w).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(0, 2);
-  EXPECT_FALSE(w->mnuToDesktop.Enabled());
-  EXPECT_FALSE(w->mnuFirmDelete.Enabled());
+  EXPECT_EQ(OnOff({&w->mnuToDesktop, &w->mnuFirmDelete}), "00");
 }
 
+// A menu entry arms the timer that opens its editor once; an unknown action
+// only stops the timer.
 TEST_F(FrmFirmsTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
   for (const auto& [entry, editor] : {std::pair{"mnuFirmParametersNew", "NewDetail"},
                                       {"mnuFirmParametersEdit", "EditDetail"},
                                       {"mnuFirmInfoAdd", "NewInfo"},
-                                      {"mnuFirmInfoEdit", "EditInfo"}}) {
+                                      {"mnuFirmInfoEdit", "EditInfo"},
+                                      {"", ""}}) {
     auto w = OpenOwn("O00001002");
     Menu& menu = w->mnuFirmParameters.Find(entry) ? w->mnuFirmParameters : w->mnuFirmInfo;
-    menu.Find(entry)->Click();
+    if (*entry) menu.Find(entry)->Click();
+    if (!*entry) w->ModalAction = 7;
+    if (!*entry) w->timerModal.SetEnabled(true);
     EXPECT_TRUE(w->timerModal.Enabled());
     EXPECT_TRUE(w->opened.empty());
     w->timerModal.Tick();
     EXPECT_FALSE(w->timerModal.Enabled());
-    EXPECT_EQ(w->opened, std::vector<std::string>{editor});
+    EXPECT_EQ(w->opened, *editor ? Lines{editor} : Lines{});
     w->timerModal.Tick();
-    EXPECT_EQ(w->opened.size(), 1u);
+    EXPECT_EQ(w->opened.size(), *editor ? 1u : 0u);
   }
-}
-
-TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
-  auto w = OpenOwn("O00001002");
-  w->ModalAction = 7;
-  w->timerModal.SetEnabled(true);
-  w->timerModal.Tick();
-  EXPECT_FALSE(w->timerModal.Enabled());
-  EXPECT_TRUE(w->opened.empty());
 }
 
 TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
@@ -325,58 +301,45 @@ TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   }
 }
 
-class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
-  const bool copy = GetParam();
-  HasBranches();
-  auto w = Open("O00001002");
-  ASSERT_EQ(w->BranchTab, 7);
-  if (copy) {
-    host_.Ui()->QueuePopupPick("mnuNewWithCopy");
-    w->SSCNew_MouseUp(2);
-  } else {
-    w->SSCNew.Click();
+// A new record, plain or a copy, keeps the group and flag; only a copy keeps
+// the name. A new firm has no branch tab; the managers take its number.
+TEST_F(FrmFirmsTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
+  for (const bool copy : {false, true}) {
+    HasBranches();
+    auto w = Open("O00001002");
+    ASSERT_EQ(w->BranchTab, 7);
+    if (copy) host_.Ui()->QueuePopupPick("mnuNewWithCopy");
+    copy ? w->SSCNew_MouseUp(2) : w->SSCNew.Click();
+    auto& object = *w->OrvelObjectUIO();
+    EXPECT_EQ(object.OIDR(), "");
+    EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
+    EXPECT_EQ(object.Fields("GroupFlag").Value(), Variant(0));
+    EXPECT_EQ(object.Fields("Name").Value(), copy ? Variant("UAB Šilas") : Variant());
+    EXPECT_EQ(std::to_string(w->IsNew) + Buttons(*w) + " " + w->SOPanel.Caption(),
+              "1000 Nauja įmonė");
+    EXPECT_EQ(w->BranchTab, 0);
+    EXPECT_EQ(w->ServersTab, 7);
+    EXPECT_EQ(Grid(*w).TabList("FirmServers").ColumnHeaders().Count(), 1);
+    EXPECT_THAT(host_.Log().Lines(Channel::Window), Contains(StartsWith("Rekey O00001002")));
   }
-  auto& object = *w->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), "");
-  EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
-  EXPECT_EQ(object.Fields("GroupFlag").Value(), Variant(0));
-  EXPECT_EQ(object.Fields("Name").Value(), copy ? Variant("UAB Šilas") : Variant());
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja įmonė");
-  // A new firm has no branch tab; the managers take its number.
-  EXPECT_EQ(w->BranchTab, 0);
-  EXPECT_EQ(w->ServersTab, 7);
-  EXPECT_EQ(Grid(*w).TabList("FirmServers").ColumnHeaders().Count(), 1);
-  auto lines = host_.Log().Lines(Channel::Window);
-  EXPECT_NE(std::find_if(lines.begin(), lines.end(),
-                         [](const std::string& l) { return l.rfind("Rekey O00001002", 0) == 0; }),
-            lines.end());
 }
 
-INSTANTIATE_TEST_SUITE_P(CopyOrNot, FrmFirmsNewTest, ::testing::Bool());
-
-TEST_F(FrmFirmsTest, NewMenuOpensEvenWhileTheButtonIsOff) {
-  auto w = Open("O00001001", "1");
-  ASSERT_FALSE(w->SSCNew.Enabled());
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  w->SSCNew_MouseUp(2);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
-}
-
-TEST_F(FrmFirmsTest, DeleteFromCloseButtonNeedsAStoredRecord) {
+// The new menu opens even while the button is off; deleting from the close
+// button needs a stored record.
+TEST_F(FrmFirmsTest, NewMenuAndDeleteFromCloseOnANewFirm) {
   auto w = Open("O00001003");
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000100").Table().Contains(3));
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
+  EXPECT_EQ(Boxes(), Lines{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
   auto fresh = Open("O00001001", "1");
   fresh->SSCClose_MouseUp(2);
   EXPECT_EQ(host_.Ui()->Boxes().size(), 0u);
+  ASSERT_FALSE(fresh->SSCNew.Enabled());
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
+  fresh->SSCNew_MouseUp(2);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
 }
 
 }  // namespace
