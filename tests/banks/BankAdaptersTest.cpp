@@ -10,11 +10,14 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
+
+using Lines = std::vector<std::string>;
 
 class BankAdaptersTest : public ModuleTest {
  protected:
@@ -23,9 +26,7 @@ class BankAdaptersTest : public ModuleTest {
     auto& table = BO("O0000300").Table();
     table.SetFields({"ID", "Name", "Code"});
     table.SetPreviewRule([](const MemoryTable::FieldReader& field) { return CStr(field("Name")); });
-    table.Seed(
-        {{{"Name", Variant("Pirmas bankas")}, {"Code", Variant("70440")}},
-         {{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
+    table.Seed(SeedRows("ID Name Code", {"|Pirmas bankas|#70440", "5|Šiaulių bankas|#71800"}));
     banks_ = Adapter("O0000300");
     host_.Log().Clear();
   }
@@ -53,64 +54,57 @@ TEST_F(BankAdaptersTest, TheRootOffersNewAndSelectARecordAlsoDesktopAndDelete) {
 // Key 0 builds the bank's card, key 1 a card on a new bank, without showing
 // either; a bank that cannot be read is handed out as ShowWindow with nothing.
 TEST_F(BankAdaptersTest, KeysZeroAndOneBuildTheCardWithoutShowingIt) {
-  auto stored = banks_->ClickMenu("O00003005", "", "0", "");
-  EXPECT_EQ(stored.Action, OrvelMenuResult::kShowWindow);
-  auto window = stored.Value.ObjectAs<frmBanks>();
-  ASSERT_NE(window, nullptr);
-  EXPECT_EQ(window->OrvelObjectUIO()->OIDR(), "O00003005");
-  EXPECT_FALSE(window->Loaded());
+  for (const auto& [oidr, key, built] : {std::tuple{"O00003005", "0", "O00003005"},
+                                         {"O00003005", "1", ""},
+                                         {"O00003009", "0", "-"}}) {
+    auto result = banks_->ClickMenu(oidr, "", key, "");
+    EXPECT_EQ(result.Action, OrvelMenuResult::kShowWindow);
+    auto window = result.Value.ObjectAs<frmBanks>();
+    EXPECT_EQ(window ? window->OrvelObjectUIO()->OIDR() : "-", built);
+    EXPECT_TRUE(window ? !window->Loaded() : result.Value.IsNothing());
+  }
   EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
-
-  auto fresh = banks_->ClickMenu("O00003005", "", "1", "");
-  EXPECT_EQ(fresh.Action, OrvelMenuResult::kShowWindow);
-  ASSERT_NE(fresh.Value.ObjectAs<frmBanks>(), nullptr);
-  EXPECT_EQ(fresh.Value.ObjectAs<frmBanks>()->OrvelObjectUIO()->OIDR(), "");
-  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall Orvel_ReadObject 'O00003005'",
-                                                       "GetCall Orvel_NewObject 'O0000300'"}));
-
-  auto gone = banks_->ClickMenu("O00003009", "", "0", "");
-  EXPECT_EQ(gone.Action, OrvelMenuResult::kShowWindow);
-  EXPECT_TRUE(gone.Value.IsNothing());
+  EXPECT_EQ(BusinessLines(), (Lines{"GetCall Orvel_ReadObject 'O00003005'",
+                                    "GetCall Orvel_NewObject 'O0000300'",
+                                    "GetCall Orvel_ReadObject 'O00003009'"}));
 }
 
-// By the menu and by the key chord alike.
+// By the menu and by the key chord alike; an empty answer changes nothing.
 TEST_F(BankAdaptersTest, SelectingByTextReplacesTheListWithTheMatches) {
   for (const char* key : {"4", "70S2"}) {
+    SCOPED_TRACE(key);
     host_.Log().Clear();
     auto none = banks_->ClickMenu("O0000300", "", key, "");
-    EXPECT_EQ(none.Action, OrvelMenuResult::kNothing) << "an empty answer changes nothing";
+    EXPECT_EQ(none.Action, OrvelMenuResult::kNothing);
     EXPECT_TRUE(none.Value.IsEmpty());
     EXPECT_TRUE(BusinessLines().empty());
     host_.HostClasses()->QueueObjectSelect("šiaul");
     auto result = banks_->ClickMenu("O0000300", "", key, "");
-    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList) << key;
+    EXPECT_EQ(result.Action, OrvelMenuResult::kReplaceList);
     const auto& value = result.Value.ArrayValue();
     ASSERT_EQ(value.size(), 2u);
-    auto rs = value[0].ObjectAs<Recordset>();
-    ASSERT_NE(rs, nullptr);
-    EXPECT_EQ(rs->RecordCount(), 1);
+    ASSERT_NE(value[0].ObjectAs<Recordset>(), nullptr);
+    EXPECT_EQ(value[0].ObjectAs<Recordset>()->RecordCount(), 1);
     EXPECT_EQ(value[1], Variant("šiaul"));
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall Orvel_GetObjectList '','šiaul'"});
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','šiaul'"});
     auto dialog = host_.HostClasses()->LastObjectSelect();
     EXPECT_FALSE(dialog->MultiSelect());
     EXPECT_EQ(dialog->OType(), "O0000300");
   }
 }
 
+// A delete that fails leaves the node; unknown keys do nothing.
 TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   host_.Ui()->QueueAnswer(vbCancel);
   EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO("O0000300").Table().Contains(5));
   host_.Ui()->QueueAnswer(vbOK);
-  auto result = banks_->ClickMenu("O00003005", "", "6", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kRemoved);
+  EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_FALSE(BO("O0000300").Table().Contains(5));
   ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Ar tikrai norite panaikinti?");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 49);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].title, "Orvel Apskaita");
-
-  // A delete that fails leaves the node; unknown keys do nothing.
+  const auto& box = host_.Ui()->Boxes()[0];
+  EXPECT_EQ(std::to_string(box.flags) + " " + box.title + " " + box.prompt,
+            "49 Orvel Apskaita Ar tikrai norite panaikinti?");
   host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(banks_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
   host_.Log().Clear();
@@ -129,8 +123,7 @@ TEST_F(BankAdaptersTest, AddToDesktopShowsACardOnlyWhenNoneIsOpen) {
   // A bank that cannot be read is still handed over, with no window.
   host_.Log().Clear();
   EXPECT_TRUE(banks_->AddToDeskTopOrvelObject("O00003009"));
-  EXPECT_EQ(host_.Log().Lines(Channel::Window),
-            (std::vector<std::string>{"IsOpen O00003009", "ShowWindow"}));
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), (Lines{"IsOpen O00003009", "ShowWindow"}));
   EXPECT_EQ(host_.WindowManager()->Count(), 1u);
   EXPECT_EQ(banks_->GetIconsTable()->Count(), 1);
   EXPECT_EQ(banks_->GetIconsTable()->Item("C"), "C0000300");
@@ -156,11 +149,9 @@ TEST_F(BankAdaptersTest, PropertiesStructureFirmsAndObjectForm) {
   ASSERT_NE(window, nullptr);
   EXPECT_EQ(window->OrvelObjectUIO(), bank);
 
-  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{
-                                 "RecordsetCall Orvel_GetObjectStructure Banks",
-                                 "GetCall GetFirms O00003005",
-                                 "GetCall GetFirms 'O00003005',1",
-                             }));
+  EXPECT_EQ(BusinessLines(), (Lines{"RecordsetCall Orvel_GetObjectStructure Banks",
+                                    "GetCall GetFirms O00003005",
+                                    "GetCall GetFirms 'O00003005',1"}));
 }
 
 }  // namespace

@@ -1,5 +1,6 @@
 // The road of one bank record through its card: load, firms, edit, write,
 // cancel, new, close and delete.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include "banks/frmBanks.h"
@@ -8,11 +9,14 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
 #include "support/Controls.h"
+#include "support/TextRecords.h"
 #include "testhost/TestMainForm.h"
 #include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
+
+using Lines = std::vector<std::string>;
 
 class FrmBanksTest : public CardTest<frmBanks> {
  protected:
@@ -21,20 +25,17 @@ class FrmBanksTest : public CardTest<frmBanks> {
     CardTest::SetUp();
     auto& table = BO(oid_).Table();
     table.SetFields({"ID", "Name", "Code"});
-    table.Seed(
-        {{{"ID", Variant(5)}, {"Name", Variant("Šiaulių bankas")}, {"Code", Variant("71800")}}});
-    auto firms = std::make_shared<MemoryRecordset>(std::vector<std::string>{"OIDR", "Preview"});
-    firms->AddRow({Variant("O00001007"), Variant("UAB Medis")});
-    firms->AddRow({Variant("O00001009"), Variant("AB Akmuo")});
-    firms->AddRow({Variant("O00001007"), Variant("UAB Medis (vėl)")});
-    BO(oid_).ReplyRead("GetFirms", firms);
+    table.Seed(SeedRows("ID Name Code", {"5|Šiaulių bankas|#71800"}));
+    BO(oid_).ReplyRead("GetFirms", TextRecords("OIDR Preview", "O00001007|UAB Medis\n"
+                                                               "O00001009|AB Akmuo\n"
+                                                               "O00001007|UAB Medis (vėl)"));
     MakeAdapter();
   }
 
   // Write, Cancel and New, 1 when enabled.
   static std::string Buttons(frmBanks& w) { return OnOff({&w.cmdEnter, &w.cmdCancel, &w.SSCNew}); }
 
-  std::vector<std::string> WindowLines() { return host_.Log().Lines(Channel::Window); }
+  Lines WindowLines() { return host_.Log().Lines(Channel::Window); }
 };
 
 // Loading reads the structure and the firms under the hourglass; the
@@ -44,16 +45,12 @@ TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
   ASSERT_TRUE(w);
   host_.Log().Clear();
   host_.WindowManager()->ShowWindow(w);
-  EXPECT_EQ(BusinessLines(),
-            (std::vector<std::string>{"RecordsetCall Orvel_GetObjectStructure Banks",
-                                      "GetCall GetFirms O00003005"}));
+  EXPECT_EQ(BusinessLines(), (Lines{"RecordsetCall Orvel_GetObjectStructure Banks",
+                                    "GetCall GetFirms O00003005"}));
+  EXPECT_THAT(host_.Ui()->MousePointers(), ::testing::Contains(vbHourglass));
   EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
-  EXPECT_NE(std::count(host_.Ui()->MousePointers().begin(), host_.Ui()->MousePointers().end(),
-                       vbHourglass),
-            0);
-  EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
-  EXPECT_EQ(Buttons(*w), "001");
-  EXPECT_TRUE(w->Enabled());
+  EXPECT_EQ(w->SOPanel.Caption() + " " + Buttons(*w) + std::to_string(w->Enabled()),
+            "Banko kortelė 0011");
   ListView& firms = Grid(*w).TabList("Firms");
   EXPECT_EQ(firms.SmallIcons(), host_.MainForm()->ImgCatalogue());
   // A second InitForm adds no tab, no column and no row.
@@ -62,13 +59,13 @@ TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
   ASSERT_EQ(firms.ColumnHeaders().Count(), 1);
   const auto& column = firms.ColumnHeaders().Item(1);
   EXPECT_EQ(column.Text() + " " + std::to_string(column.Width()), "Pavadinimas 7000");
-  std::vector<std::string> rows;
+  Lines rows;
   for (const auto& row : firms.ListItems()) {
     rows.push_back(row->Key() + " " + row->Text() + " " + ConcatText(row->Tag()) + " " +
                    row->SmallIcon());
   }
-  EXPECT_EQ(rows, (std::vector<std::string>{"O00001007 UAB Medis O00001007 C0000100",
-                                            "O00001009 AB Akmuo O00001009 C0000100"}));
+  EXPECT_EQ(rows, (Lines{"O00001007 UAB Medis O00001007 C0000100",
+                         "O00001009 AB Akmuo O00001009 C0000100"}));
 }
 
 // A refused write is shown and stays dirty; one refused with 60000 (changed
@@ -80,7 +77,7 @@ TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
   w->cmdEnter.Click();
   EXPECT_EQ(Buttons(*w), "001");
   EXPECT_EQ(BO(oid_).Table().Value(5, "Name"), Variant("Šiaulių bankas AB"));
-  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00003005"});
+  EXPECT_EQ(WindowLines(), Lines{"ObjectSaved O00003005"});
   EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_EQ(BusinessLines().front(), "ExecArrayCall Orvel_SaveObject 'O0000300','O00003005'");
   for (const auto& [number, buttons, name] :
@@ -90,7 +87,7 @@ TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
     BO(oid_).FailCallsNamed("Orvel_SaveObject", number, "Kodas kartojasi");
     host_.Ui()->QueueAnswer(vbOK);
     w->cmdEnter_Click();
-    EXPECT_EQ(Boxes(), std::vector<std::string>{"16 Orvel Apskaita Klaida!\n\nKodas kartojasi"});
+    EXPECT_EQ(Boxes(), Lines{"16 Orvel Apskaita Klaida!\n\nKodas kartojasi"});
     EXPECT_EQ(Buttons(*w), buttons);
     EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant(name));
     EXPECT_TRUE(WindowLines().empty());
@@ -106,7 +103,7 @@ TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
   BO(oid_).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
   host_.Ui()->QueueAnswer(vbOK);
   w->cmdCancel_Click();
-  EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Orvel Apskaita Įrašas nerastas: O00003005"});
+  EXPECT_EQ(Boxes(), Lines{"48 Orvel Apskaita Įrašas nerastas: O00003005"});
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 True");
   EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
 }
@@ -119,44 +116,33 @@ TEST_F(FrmBanksTest, NewMovesTheWindowToANewRecordAndRekeysIt) {
   host_.Ui()->QueueAnswer(vbNo);
   w->SSCNew_Click();
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00003005");
-  EXPECT_EQ(Boxes(), std::vector<std::string>{
-                         "52 Orvel Apskaita Banko kortelė\n\nUždaryti be išsaugojimo?"});
+  EXPECT_EQ(Boxes(), Lines{"52 Orvel Apskaita Banko kortelė\n\nUždaryti be išsaugojimo?"});
   w->cmdCancel_Click();
   host_.Log().Clear();
   w->SSCNew_Click();
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "");
   EXPECT_EQ(w->SOPanel.Caption(), "Naujas bankas");
-  EXPECT_EQ(WindowLines(),
-            (std::vector<std::string>{"QueryRemove O00003005 True", "Rekey O00003005"}));
+  EXPECT_EQ(WindowLines(), (Lines{"QueryRemove O00003005 True", "Rekey O00003005"}));
   host_.Log().Clear();
   w->SSCNew_Click();
-  EXPECT_EQ(WindowLines(), std::vector<std::string>{"QueryRemove  True"});
+  EXPECT_EQ(WindowLines(), Lines{"QueryRemove  True"});
 }
 
 TEST_F(FrmBanksTest, ANewBankListsNoFirmsAndWrittenTakesItsOidr) {
   auto w = Open("", "1");
-  EXPECT_EQ(w->SOPanel.Caption(), "Naujas bankas");
+  EXPECT_EQ(w->SOPanel.Caption() + " " + Buttons(*w), "Naujas bankas 001");
   EXPECT_EQ(Grid(*w).TabList("Firms").ListItems().Count(), 0);
-  EXPECT_EQ(Buttons(*w), "001");
   Grid(*w).EditField("Name", Variant("Naujas"));
   w->cmdEnter_Click();
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00003006");
   EXPECT_EQ(w->SOPanel.Caption(), "Banko kortelė");
-  EXPECT_EQ(WindowLines(), std::vector<std::string>{"ObjectSaved O00003006"});
-}
-
-TEST_F(FrmBanksTest, CloseDisablesItselfLetsEventsRunAndClosesThroughTheHost) {
-  auto w = Open("O00003005");
-  int before = host_.Ui()->DoEventsCount();
-  w->SSCClose_Click();
-  EXPECT_EQ(host_.Ui()->DoEventsCount(), before + 1);
-  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
-  EXPECT_FALSE(w->Loaded());
+  EXPECT_EQ(WindowLines(), Lines{"ObjectSaved O00003006"});
 }
 
 // A refused close keeps the close button disabled, so a right click on it
-// does nothing; an accepted one enables it again.
-TEST_F(FrmBanksTest, ARefusedCloseKeepsTheCloseButtonDisabled) {
+// does nothing; an accepted one enables it again. Close lets events run and
+// closes through the host.
+TEST_F(FrmBanksTest, CloseAsksWhenDirtyAndClosesThroughTheHost) {
   auto w = Open("O00003005");
   Grid(*w).EditField("Name", Variant("X"));
   host_.Ui()->QueueAnswer(vbNo);
@@ -170,6 +156,12 @@ TEST_F(FrmBanksTest, ARefusedCloseKeepsTheCloseButtonDisabled) {
   w->QueryRemove(cancel);
   EXPECT_FALSE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
+  w->cmdCancel_Click();
+  const int before = host_.Ui()->DoEventsCount();
+  w->SSCClose_Click();
+  EXPECT_EQ(host_.Ui()->DoEventsCount(), before + 1);
+  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
+  EXPECT_FALSE(w->Loaded());
 }
 
 // A left button does nothing.
@@ -182,8 +174,7 @@ TEST_F(FrmBanksTest, ARightClickOnCloseDeletesTheBankAfterAsking) {
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO(oid_).Table().Contains(5));
-  EXPECT_EQ(Boxes(), std::vector<std::string>(
-                         2, "49 Orvel Apskaita Ar tikrai norite panaikinti?\nŠiaulių bankas"));
+  EXPECT_EQ(Boxes(), Lines(2, "49 Orvel Apskaita Ar tikrai norite panaikinti?\nŠiaulių bankas"));
   EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 False");
 }
 
@@ -197,7 +188,7 @@ TEST_F(FrmBanksTest, ARightClickOnASelectedFirmOffersTheDesktop) {
   EXPECT_TRUE(WindowLines().empty());
   host_.Ui()->QueuePopupPick("mnuToDesktop");
   w->OrvelGrid_ListMouseUp("Firms", 0, 2, 0);
-  EXPECT_EQ(WindowLines(), std::vector<std::string>{"PopupMenu mnuFirms"});
+  EXPECT_EQ(WindowLines(), Lines{"PopupMenu mnuFirms"});
   EXPECT_EQ(host_.Log().Lines(Channel::Host).back(), "AddToDesktop O00001009");
   EXPECT_EQ(w->mnuToDesktop.Caption(), "Padėti &ant darbo stalo");
 }
