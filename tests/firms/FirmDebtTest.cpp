@@ -12,19 +12,18 @@
 namespace orvel {
 namespace {
 
-// One answer record: the four sums (0 unless given) and the given limits, as
-// "name=value;...". A limit of 1000000 is no limit.
+// One answer record: the four sums (0 unless given), the limit (1000000, no
+// limit, unless given) and the given terms, as "name=value;...".
 std::shared_ptr<MemoryRecordset> Record(const std::string& figures) {
-  std::map<std::string, Variant> fields;
+  std::map<std::string, Variant> fields{
+      {"Sum220", 0}, {"Sum240", 0}, {"Sum450", 0}, {"Sum460", 0}, {"Limit", 1000000}};
   for (auto& [name, value] : Assignments(figures)) fields[name] = value;
-  for (const char* sum : {"Sum220", "Sum240", "Sum450", "Sum460"}) fields.emplace(sum, 0);
-  std::vector<std::string> names;
+  auto rs = std::make_shared<MemoryRecordset>();
   std::vector<Variant> values;
   for (const auto& [name, value] : fields) {
-    names.push_back(name);
+    rs->AddField(name);
     values.push_back(value);
   }
-  auto rs = std::make_shared<MemoryRecordset>(names);
   rs->AddRow(values);
   return rs;
 }
@@ -42,70 +41,81 @@ class FirmDebtTest : public FirmCardTest {
 struct DebtCase {
   const char* name;
   const char* figures;
-  const char* debt;    // lblDebt
-  bool red;            // lblDebt's colour
-  const char* credit;  // lblCredit; "" when left as it stood
+  const char* debt;         // lblDebt
+  const char* credit = "";  // lblCredit; "" when left as it stood
+  bool red = false;         // lblDebt's colour
   bool invariant = false;
 };
 
+// Each click reads under the hourglass and puts the pointer back.
 TEST_F(FirmDebtTest, TextColourAndCreditLine) {
   for (const DebtCase& c : std::initializer_list<DebtCase>{
-           {"AdvanceOnly", "Sum460=-50;Limit=1000000", "Skola: 0,00 Lt (avansas 50,00 Lt)", false,
-            ""},
-           {"BothSides", "Sum240=100;Sum450=-20;Limit=1000000",
-            "Skola: 100,00 Lt ; Mūsų skola: 20,00 Lt ", false, ""},
-           {"OurAdvanceOnly", "Sum220=5;Limit=1000000", "Mūsų skola: 0,00 Lt (avansas 5,00 Lt)",
-            false, ""},
-           {"EveryPart", "Sum240=80.1234567;Sum460=-10;Sum450=-1.25;Sum220=2;Limit=1000000",
-            "Skola: 80,123457 Lt (avansas 10,00 Lt); Mūsų skola: 1,25 Lt (avansas 2,00 Lt)", false,
-            ""},
-           {"NullSumsAreZero", "Sum240=~;Sum450=~;Limit=1000000", "Skola: 0,00 Lt ", false, ""},
+           {"AdvanceOnly", "Sum460=-50", "Skola: 0,00 Lt (avansas 50,00 Lt)"},
+           {"BothSides", "Sum240=100;Sum450=-20", "Skola: 100,00 Lt ; Mūsų skola: 20,00 Lt "},
+           {"OurAdvanceOnly", "Sum220=5", "Mūsų skola: 0,00 Lt (avansas 5,00 Lt)"},
+           {"EveryPart", "Sum240=80.1234567;Sum460=-10;Sum450=-1.25;Sum220=2",
+            "Skola: 80,123457 Lt (avansas 10,00 Lt); Mūsų skola: 1,25 Lt (avansas 2,00 Lt)"},
+           {"NullSumsAreZero", "Sum240=~;Sum450=~", "Skola: 0,00 Lt "},
            // 0 is a limit, not the absence of one.
            {"ZeroLimitPassed", "Sum240=10;Limit=0;LimitDays=30",
-            "Skola: 10,00 Lt (Viršytas kredito apribojimas !,0)", true,
-            "Kredito apribojimai: Maksimali suma:0,00; Dienos:30"},
-           {"DebtEqualToLimit", "Sum240=500;Limit=500;LimitDays=14", "Skola: 500,00 Lt ", false,
+            "Skola: 10,00 Lt (Viršytas kredito apribojimas !,0)",
+            "Kredito apribojimai: Maksimali suma:0,00; Dienos:30", true},
+           {"DebtEqualToLimit", "Sum240=500;Limit=500;LimitDays=14", "Skola: 500,00 Lt ",
             "Kredito apribojimai: Maksimali suma:500,00; Dienos:14"},
            {"AdvanceCountsAgainstTheLimit", "Sum240=700;Sum460=-300;Limit=500",
-            "Skola: 700,00 Lt (avansas 300,00 Lt)", false,
+            "Skola: 700,00 Lt (avansas 300,00 Lt)",
             "Kredito apribojimai: Maksimali suma:500,00; Dienos:0"},
            {"LimitInItsPlainNumberText", "Sum240=2000;Limit=1500.5",
-            "Skola: 2000,00 Lt (Viršytas kredito apribojimas !,1500,5)", true,
-            "Kredito apribojimai: Maksimali suma:1500,50; Dienos:0"},
-           {"TermPassed", "Sum240=100;Limit=1000000;LimitTerm=0.5",
-            "Skola: 100,00 Lt (,50Lt.  Viršytas kredito terminas ! )", true, ""},
+            "Skola: 2000,00 Lt (Viršytas kredito apribojimas !,1500,5)",
+            "Kredito apribojimai: Maksimali suma:1500,50; Dienos:0", true},
+           {"TermPassed", "Sum240=100;LimitTerm=0.5",
+            "Skola: 100,00 Lt (,50Lt.  Viršytas kredito terminas ! )", "", true},
            {"BothWarningsInOrder", "Sum240=100;Limit=50;LimitTerm=20;LimitDays=10",
             "Skola: 100,00 Lt (Viršytas kredito apribojimas !,50)"
             "(20,00Lt.  Viršytas kredito terminas ! )",
-            true, "Kredito apribojimai: Maksimali suma:50,00; Dienos:10"},
+            "Kredito apribojimai: Maksimali suma:50,00; Dienos:10", true},
            {"NegativeDebtNeverPassesTheTerm", "Sum240=-30;Limit=0;LimitTerm=10",
-            "Skola: -30,00 Lt ", false, "Kredito apribojimai: Maksimali suma:0,00; Dienos:0"},
+            "Skola: -30,00 Lt ", "Kredito apribojimai: Maksimali suma:0,00; Dienos:0"},
            {"PointSeparator", "Sum240=1234.5;Limit=1000.25;LimitTerm=0.5;LimitDays=7",
             "Skola: 1234.50 Lt (Viršytas kredito apribojimas !,1000.25)"
             "(.50Lt.  Viršytas kredito terminas ! )",
-            true, "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true}}) {
+            "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true, true}}) {
     SCOPED_TRACE(c.name);
     if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
     auto w = OpenWithDebt(c.figures);
     w->lblCredit.SetForeColor(vbBlue);
+    const size_t before = host_.Ui()->MousePointers().size();
     w->lblDebt.Click();
+    const auto& pointers = host_.Ui()->MousePointers();
+    EXPECT_EQ(std::vector<int32_t>(pointers.begin() + before, pointers.end()),
+              (std::vector<int32_t>{vbHourglass, vbDefault}));
     EXPECT_EQ(w->lblDebt.Caption(), c.debt);
     EXPECT_EQ(w->lblDebt.ForeColor(), c.red ? vbRed : vbBlack);
     EXPECT_EQ(w->lblCredit.Caption(), c.credit);
     EXPECT_EQ(w->lblCredit.ForeColor(), vbBlack);
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
     EXPECT_TRUE(host_.Ui()->Boxes().empty());
   }
 }
 
-TEST_F(FirmDebtTest, AFailedOrEmptyAnswerShowsZeroAndNoMessage) {
+// A failed or empty answer shows zero and no message; an unreadable sum is
+// shown and the pointer comes back.
+TEST_F(FirmDebtTest, AFailedEmptyOrUnreadableAnswer) {
   BO("O0000100").FailCallsNamed("GetFirmDebt", 5, "Nepavyko");
   auto w = Open("O00001002");
   w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
+  BO("O0000100").ClearFailures();
   BO("O0000100").ReplyRead("GetFirmDebt", TextRecords("Sum240", ""));
   w->lblDebt.Click();
   EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=daug"));
+  host_.Ui()->QueueAnswer(vbOK);
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "");
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
 }
 
 // Missing limit fields keep their former values; once red, the line stays red.
@@ -115,9 +125,8 @@ TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValuesAndTheLineStaysRed) 
   ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
   BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
   w->lblDebt.Click();
-  EXPECT_EQ(w->Limit, 50);
-  EXPECT_EQ(w->LimitTerm, 5);
-  EXPECT_EQ(w->Debt, 60);
+  EXPECT_EQ((std::vector<double>{w->Limit, w->LimitTerm, w->Debt}),
+            (std::vector<double>{50, 5, 60}));
   EXPECT_EQ(w->lblDebt.Caption(),
             "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
             "(5,00Lt.  Viršytas kredito terminas ! )");
@@ -137,19 +146,18 @@ TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
   EXPECT_EQ(w->lblDebt.ForeColor(), vbBlack);
   EXPECT_EQ(w->lblCredit.Caption(), "ankstesnė");
   EXPECT_EQ(w->lblCredit.ForeColor(), vbBlue);
-  EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetOurDebt O00001002"});
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall GetOurDebt O00001002"});
 }
 
 // A session without an own firm, or with one that cannot be read, is not
 // this firm's.
 TEST_F(FirmDebtTest, AnUnreadableOwnFirmIsNotThisOne) {
-  for (auto own : {std::shared_ptr<MemoryRecordset>(),
-                   std::make_shared<MemoryRecordset>(std::vector<std::string>{"ID"})}) {
+  for (auto own : {std::shared_ptr<MemoryRecordset>(), TextRecords("ID", "")}) {
     host_.Session()->SetOwnFirm(own);
-    auto w = OpenWithDebt("Sum240=3;Limit=1000000");
+    auto w = OpenWithDebt("Sum240=3");
     w->lblDebt.Click();
     EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetFirmDebt O00001002"});
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
   }
 }
 
@@ -161,27 +169,6 @@ TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
     EXPECT_EQ(w->lblDebt.Caption(), "");
     EXPECT_TRUE(BusinessLines().empty());
   }
-}
-
-TEST_F(FirmDebtTest, AClickShowsTheHourglassWhileItReads) {
-  auto w = OpenWithDebt("Sum240=1;Limit=1000000");
-  host_.Ui()->SetMousePointer(vbDefault);
-  const size_t before = host_.Ui()->MousePointers().size();
-  w->lblDebt.Click();
-  const auto& pointers = host_.Ui()->MousePointers();
-  ASSERT_EQ(pointers.size(), before + 2);
-  EXPECT_EQ(pointers[before], vbHourglass);
-  EXPECT_EQ(pointers[before + 1], vbDefault);
-}
-
-TEST_F(FirmDebtTest, AnUnreadableSumIsShownAndThePointerComesBack) {
-  auto w = OpenWithDebt("Sum240=daug;Limit=1000000");
-  host_.Ui()->QueueAnswer(vbOK);
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "");
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
 }
 
 }  // namespace
