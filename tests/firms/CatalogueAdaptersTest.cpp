@@ -3,6 +3,8 @@
 // method's business call. Cases the two share are rows of one table.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "adapters/UI0000100.h"
 #include "adapters/UI0000200.h"
 #include "common/GroupedCard.h"
@@ -345,141 +347,114 @@ TEST_F(AdaptersTest, AGoneRecordOrNoReadRightGivesNoWindow) {
 }
 
 struct ListCase {
-  const char* name;
   const char* group;  // the group clicked
   const char* key;    // the filter's menu key or chord
   const char* stored;
-  const char* filtered;   // the list call of the filter
-  const char* refreshed;  // the list call of F5
+  const char* filtered;   // the list call's parameters of the filter
+  const char* refreshed;  // the list call's parameters of F5
 };
 
-class ListKeysTest : public AdaptersTest, public ::testing::WithParamInterface<ListCase> {};
-
-TEST_P(ListKeysTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
-  const ListCase& c = GetParam();
-  const std::string oid = std::string(c.group).substr(0, 8);
-  host_.Environment()->PresetSetting(oid, "Preview", c.stored);
-  auto adapter = Of(oid);
-  // No answer from the picker: nothing is read.
-  EXPECT_EQ(adapter->ClickMenu(c.group, "CGroup", c.key, "").Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(BusinessLines().empty());
-  host_.HostClasses()->QueueObjectSelect("šil", 1, 2);
-  auto result = adapter->ClickMenu(c.group, "CGroup", c.key, "");
-  ExpectList(result, "šil");
-  EXPECT_EQ(BusinessLines(), Lines{c.filtered});
-  auto picker = host_.HostClasses()->LastObjectSelect();
-  EXPECT_TRUE(picker->MultiSelect());
-  EXPECT_EQ(picker->OType(), oid);
-
-  host_.Log().Clear();
-  result = adapter->ClickMenu(c.group, "CGroup", "116S0", "");
-  ExpectList(result, "");
-  EXPECT_EQ(BusinessLines(), Lines{c.refreshed});
+// The filter sends the text and both options; no answer from the picker reads
+// nothing. The firms' refresh reads the whole list, whatever the settings; the
+// goods' filter sends the last five settings too.
+TEST_F(AdaptersTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
+  const std::string list = "GetCall Orvel_GetObjectList ";
+  for (const ListCase& c : std::initializer_list<ListCase>{
+           {"O00001001", "4", "0,1,2", "'','šil',1,2", "''"},
+           {"O00001001", "70S2", "0,1,2", "'','šil',1,2", "''"},
+           {"O00002001", "5", "0,1,0,'O000160512',1,0,1", "'','šil',1,2,0,'O000160512',1,0,1",
+            "'','',0,1,0,'O000160512',1,0,1"},
+           {"O00002001", "70S2", "", "'','šil',1,2,1,'',0,1,0", "'','',1,0,1,'',0,1,0"}}) {
+    SCOPED_TRACE(std::string(c.group) + " " + c.key);
+    const std::string oid = std::string(c.group).substr(0, 8);
+    host_.Environment()->PresetSetting(oid, "Preview", c.stored);
+    host_.ObjectManager()->ClearAdapters();
+    auto adapter = Of(oid);
+    EXPECT_EQ(adapter->ClickMenu(c.group, "CGroup", c.key, "").Action, OrvelMenuResult::kNothing);
+    EXPECT_TRUE(BusinessLines().empty());
+    host_.HostClasses()->QueueObjectSelect("šil", 1, 2);
+    ExpectList(adapter->ClickMenu(c.group, "CGroup", c.key, ""), "šil");
+    EXPECT_EQ(BusinessLines(), Lines{list + c.filtered});
+    auto picker = host_.HostClasses()->LastObjectSelect();
+    EXPECT_TRUE(picker->MultiSelect());
+    EXPECT_EQ(picker->OType(), oid);
+    host_.Log().Clear();
+    ExpectList(adapter->ClickMenu(c.group, "CGroup", "116S0", ""), "");
+    EXPECT_EQ(BusinessLines(), Lines{list + c.refreshed});
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, ListKeysTest,
-    ::testing::Values(
-        // The firms' refresh reads the whole list, whatever the settings.
-        ListCase{"FirmsMenu", "O00001001", "4", "0,1,2", "GetCall Orvel_GetObjectList '','šil',1,2",
-                 "GetCall Orvel_GetObjectList ''"},
-        ListCase{"FirmsChord", "O00001001", "70S2", "0,1,2",
-                 "GetCall Orvel_GetObjectList '','šil',1,2", "GetCall Orvel_GetObjectList ''"},
-        // The goods' filter sends the last five settings too.
-        ListCase{"GoodsMenu", "O00002001", "5", "0,1,0,'O000160512',1,0,1",
-                 "GetCall Orvel_GetObjectList '','šil',1,2,0,'O000160512',1,0,1",
-                 "GetCall Orvel_GetObjectList '','',0,1,0,'O000160512',1,0,1"},
-        ListCase{"GoodsChord", "O00002001", "70S2", "",
-                 "GetCall Orvel_GetObjectList '','šil',1,2,1,'',0,1,0",
-                 "GetCall Orvel_GetObjectList '','',1,0,1,'',0,1,0"}),
-    ByName());
-
-struct StoredCase {
-  const char* group;
-  const char* stored;
-  const char* used;
-};
-
-class StoredSettingsTest : public AdaptersTest, public ::testing::WithParamInterface<StoredCase> {};
-
-TEST_P(StoredSettingsTest, AreReadWithTheServicesAndNeverRewritten) {
-  const StoredCase& c = GetParam();
-  const std::string oid = std::string(c.group).substr(0, 8);
-  host_.Environment()->PresetSetting(oid, "Preview", c.stored);
-  Of(oid)->GetOrvelObjectList(c.group, "x", "y");
-  EXPECT_EQ(BusinessLines(),
-            Lines{std::string("GetCall Orvel_GetObjectList '") + c.group + "',''," + c.used});
-  EXPECT_EQ(host_.Environment()->StoredSetting(oid, "Preview"), std::string(c.stored));
-}
-
-// The goods take only a setting of seven fields.
-INSTANTIATE_TEST_SUITE_P(
-    Cases, StoredSettingsTest,
-    ::testing::Values(StoredCase{"O00001001", "0,1,2", "0,1,2"},
-                      StoredCase{"O00002001", "0,1,0,'O000160512',1,0,1",
-                                 "0,1,0,'O000160512',1,0,1"},
-                      StoredCase{"O00002001", "0,1,0,'',1,0", "1,0,1,'',0,1,0"},
-                      StoredCase{"O00002001", "0,1,0,'',1,0,1,1", "1,0,1,'',0,1,0"},
-                      // A warehouse name with a comma breaks the count.
-                      StoredCase{"O00002001", "0,1,0,'Sandėlis, 2',1,0,1", "1,0,1,'',0,1,0"},
-                      StoredCase{"O00002001", "", "1,0,1,'',0,1,0"}));
-
-TEST_F(AdaptersTest, AFirmListArgumentWithAnApostropheGoesOnUnchanged) {
+// Stored settings are read with the services and never rewritten; the goods
+// take only a setting of seven fields, and a warehouse name with a comma
+// breaks the count. A firm list argument with an apostrophe goes on unchanged.
+TEST_F(AdaptersTest, StoredSettingsAreReadWithTheServicesAndNeverRewritten) {
+  for (const auto& [group, stored, used] :
+       {std::tuple{"O00001001", "0,1,2", "0,1,2"},
+        {"O00002001", "0,1,0,'O000160512',1,0,1", "0,1,0,'O000160512',1,0,1"},
+        {"O00002001", "0,1,0,'',1,0", "1,0,1,'',0,1,0"},
+        {"O00002001", "0,1,0,'',1,0,1,1", "1,0,1,'',0,1,0"},
+        {"O00002001", "0,1,0,'Sandėlis, 2',1,0,1", "1,0,1,'',0,1,0"},
+        {"O00002001", "", "1,0,1,'',0,1,0"}}) {
+    const std::string oid = std::string(group).substr(0, 8);
+    host_.Environment()->PresetSetting(oid, "Preview", stored);
+    host_.ObjectManager()->ClearAdapters();
+    Of(oid)->GetOrvelObjectList(group, "x", "y");
+    EXPECT_EQ(BusinessLines(),
+              Lines{std::string("GetCall Orvel_GetObjectList '") + group + "',''," + used});
+    EXPECT_EQ(host_.Environment()->StoredSetting(oid, "Preview"), std::string(stored));
+  }
   Of("O0000100")->GetOrvelObjectList("'','šil',0,0", "", "");
   EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','šil',0,0"});
 }
 
-struct SettingsKeys {
-  const char* firms;
-  const char* goods;
-};
-
-class SettingsKeyTest : public AdaptersTest, public ::testing::WithParamInterface<SettingsKeys> {};
-
-// The firms' settings dialog: cancelled, then accepted; applied, not stored.
-TEST_P(SettingsKeyTest, FirmSettingsReplaceTheListOnlyWhenAccepted) {
-  const std::string key = GetParam().firms;
-  auto firms = Of("O0000100");
-  auto& own = dynamic_cast<UI0000100&>(*firms);
-  host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmPreview&>(form).cmdCancel.Click(); });
-  EXPECT_EQ(firms->ClickMenu("O0000100", "", key, "").Action, OrvelMenuResult::kNothing);
-  EXPECT_EQ(own.PreviewSettings(), "1,0,1");
-  std::string given, otype;
-  host_.Ui()->QueueModal([&](Form& form) {
-    auto& dialog = dynamic_cast<frmPreview&>(form);
-    given = dialog.Settings;
-    otype = dialog.OType;
-    dialog.chkNotActive.Click();
-    dialog.optByCode.Click();
-    dialog.cmdOK.Click();
-  });
-  auto result = firms->ClickMenu("O0000100", "", key, "");
-  EXPECT_EQ(given, "1,0,1");
-  EXPECT_EQ(otype, "O0000100");
-  ExpectList(result, "");
-  EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',1,1,2"});
-  EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
-  EXPECT_EQ(own.PreviewSettings(), "1,1,2");
+// The firms' settings dialog, by the menu and the chord: cancelled, then
+// accepted; applied, not stored.
+TEST_F(AdaptersTest, FirmSettingsReplaceTheListOnlyWhenAccepted) {
+  for (const char* key : {"5", "82S2"}) {
+    SCOPED_TRACE(key);
+    host_.ObjectManager()->ClearAdapters();
+    auto firms = Of("O0000100");
+    auto& own = dynamic_cast<UI0000100&>(*firms);
+    host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmPreview&>(form).cmdCancel.Click(); });
+    EXPECT_EQ(firms->ClickMenu("O0000100", "", key, "").Action, OrvelMenuResult::kNothing);
+    EXPECT_EQ(own.PreviewSettings(), "1,0,1");
+    std::string given;
+    host_.Ui()->QueueModal([&](Form& form) {
+      auto& dialog = dynamic_cast<frmPreview&>(form);
+      given = dialog.Settings + " " + dialog.OType;
+      dialog.chkNotActive.Click();
+      dialog.optByCode.Click();
+      dialog.cmdOK.Click();
+    });
+    ExpectList(firms->ClickMenu("O0000100", "", key, ""), "");
+    EXPECT_EQ(given, "1,0,1 O0000100");
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',1,1,2"});
+    EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
+    EXPECT_EQ(own.PreviewSettings(), "1,1,2");
+  }
 }
 
-// The goods' settings dialog, through the goods dialogs.
-TEST_P(SettingsKeyTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
-  const std::string key = GetParam().goods;
-  auto goods = Of("O0000200");
-  auto& own = dynamic_cast<UI0000200&>(*goods);
-  EXPECT_EQ(goods->ClickMenu("O0000200", "", key, "").Action, OrvelMenuResult::kNothing);
-  EXPECT_TRUE(BusinessLines().empty());
-  dialogs_->answer = "0,1,1,'O000160512',1,0,0";
-  auto result = goods->ClickMenu("O0000200", "", key, "");
-  EXPECT_EQ(dialogs_->opened, Lines(2, "ListSettings 1,0,1,'',0,1,0"));
-  ExpectList(result, "");
-  EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',0,1,1,'O000160512',1,0,0"});
-  EXPECT_EQ(own.PreviewSettings(), "0,1,1,'O000160512',1,0,0");
-  EXPECT_FALSE(host_.Environment()->StoredSetting("O0000200", "Preview").has_value());
+// The goods' settings dialog, through the goods dialogs, by the menu and the
+// chord.
+TEST_F(AdaptersTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
+  for (const char* key : {"6", "82S2"}) {
+    SCOPED_TRACE(key);
+    host_.ObjectManager()->ClearAdapters();
+    dialogs_->opened.clear();
+    dialogs_->answer.clear();
+    auto goods = Of("O0000200");
+    auto& own = dynamic_cast<UI0000200&>(*goods);
+    EXPECT_EQ(goods->ClickMenu("O0000200", "", key, "").Action, OrvelMenuResult::kNothing);
+    EXPECT_TRUE(BusinessLines().empty());
+    dialogs_->answer = "0,1,1,'O000160512',1,0,0";
+    auto result = goods->ClickMenu("O0000200", "", key, "");
+    EXPECT_EQ(dialogs_->opened, Lines(2, "ListSettings 1,0,1,'',0,1,0"));
+    ExpectList(result, "");
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall Orvel_GetObjectList '','',0,1,1,'O000160512',1,0,0"});
+    EXPECT_EQ(own.PreviewSettings(), "0,1,1,'O000160512',1,0,0");
+    EXPECT_FALSE(host_.Environment()->StoredSetting("O0000200", "Preview").has_value());
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(MenuAndChord, SettingsKeyTest,
-                         ::testing::Values(SettingsKeys{"5", "6"}, SettingsKeys{"82S2", "82S2"}));
 
 TEST_F(AdaptersTest, ASecondFirmServicesSetReReadsTitleAndSettingsThroughTheStoredOnes) {
   auto firms = Of("O0000100");

@@ -156,8 +156,7 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   w->QueryRemove(cancel);
   EXPECT_TRUE(cancel);
   EXPECT_TRUE(w->SSCClose.Enabled());
-  EXPECT_EQ(Boxes(),
-            Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
+  EXPECT_EQ(Boxes(), Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
   cancel = false;
   host_.Ui()->QueueAnswer(vbYes);
   w->QueryRemove(cancel);
