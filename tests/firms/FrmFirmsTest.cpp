@@ -694,33 +694,27 @@ TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
                                     "GetCall Orvel_ReadObject 'O00001005'"}));
 }
 
-// Whether the write fails or not; the object's own failure is not the window's.
+// The object that showed the window is told once and let go, whether the
+// write fails or not (its own failure is not the window's); an early stop
+// keeps it.
 TEST_F(FirmCardTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
-  for (const bool writeFails : {true, false}) {
+  for (const char* how : {"fails", "writes", "stops"}) {
+    SCOPED_TRACE(how);
+    const std::string end = how;
     auto spy = std::make_shared<ShowHostSpy>();
     spy->fail = true;
     auto w = Open("O00001002");
     w->ShowHost = spy;
-    if (writeFails) BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
-    if (writeFails) host_.Ui()->QueueAnswer(vbOK);
+    if (end == "fails") BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
+    if (end == "stops") CodeRepeats();
+    if (end == "stops") host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    if (end != "writes") host_.Ui()->QueueAnswer(vbOK);
     w->cmdEnter_Click();
-    EXPECT_EQ(spy->unloads, 1);
-    EXPECT_EQ(w->ShowHost, nullptr);
-    EXPECT_EQ(host_.Ui()->Boxes().size(), writeFails ? 1u : 0u);
+    EXPECT_EQ(spy->unloads, end == "stops" ? 0 : 1);
+    EXPECT_EQ(w->ShowHost, end == "stops" ? spy : nullptr);
+    EXPECT_EQ(host_.Ui()->Boxes().size(), end == "writes" ? 0u : 1u);
     BO("O0000100").ClearFailures();
   }
-}
-
-TEST_F(FirmCardTest, AnEarlyStopKeepsTheShowHost) {
-  CodeRepeats();
-  host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-  auto spy = std::make_shared<ShowHostSpy>();
-  auto w = Open("O00001002");
-  w->ShowHost = spy;
-  host_.Ui()->QueueAnswer(vbOK);
-  w->cmdEnter_Click();
-  EXPECT_EQ(spy->unloads, 0);
-  EXPECT_EQ(w->ShowHost, spy);
 }
 
 // Cancel of a new firm keeps it in its group, or at the top with no group.
