@@ -511,7 +511,8 @@ TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
 
 // A record's property (its one parameter) or method (`args`), with the
 // business layer's answer scripted: "" its own, "<call> <field>=<value>" a
-// record, "<call> !<n>" failure n "neleista". The call sent and "<Number>[
+// record, "<call> !<n>" failure n "neleista". The call sent (a property's
+// without "GetCall ") and "<Number>[
 // <Text>]|<Value>[|<parameter when changed>]", a record set shown as "rs".
 struct CallCase {
   const char* oidr;
@@ -536,43 +537,40 @@ TEST_F(AdaptersTest, PropertiesAndMethodsSendTheirCallAndParameterString) {
     return CallCase{oidr, name, reply, true, std::move(args), line, result};
   };
   const CallCase cases[] = {
-      P(F, "firms", "", "", "GetCall Getfirms O00001002", "0|rs"),
-      P(F, "FirmInfo", "", "", "GetCall GetFirmInfo 'O00001002',0", "0|rs|0"),
-      P(F, "FirmInfo", "7", "", "GetCall GetFirmInfo 'O00001002',7", "0|rs"),
-      P(F, "CHECKCODE", "123", "", "GetCall CheckCode 'O00001002','123'", "0|False"),
-      P(F, "CheckBranch", "x", "", "GetCall CheckBranch 'O00001002'", "0|False"),
-      P(F, "Traffic", "", "", "GetCall GetTraffic O00001002", "0|rs"),
-      P(F, "TypeAndRegion", "1", "", "GetCall GetTypeAndRegion 1", "0|rs"),
-      P(F, "FirmParameters", "'O00001002',3", "", "GetCall GetFirmParameters 'O00001002',3",
-        "0|rs"),
-      P(G, "Goods", "'O00002001',1", "", "GetCall GetGoods 'O00002001',1", "0|rs"),
-      P(G, "FindGoods", "", "", "GetCall GetFindGoods 'O00002002',''", "0|rs"),
-      P(G, "Traffic", "'O00002002',1,0", "", "GetCall GetTraffic 'O00002002',1,0", "0|rs"),
-      P(G, "Prices", "", "", "GetCall GetPrices O00002002", "0|rs"),
-      P(G, "MinAmount", "", "", "GetCall GetMinAmount O00002002", "0|rs"),
-      P(G, "Measures", "", "", "GetCall GetMeasures O00002002", "0|rs"),
-      P(G, "Discounts", "", "", "GetCall GetDiscounts O00002002", "0|rs"),
-      P(G, "GoodBRTemplates", "", "", "GetCall GetGoodBRTemplates O00002002", "0|rs"),
+      P(F, "firms", "", "", "Getfirms O00001002", "0|rs"),
+      P(F, "FirmInfo", "", "", "GetFirmInfo 'O00001002',0", "0|rs|0"),
+      P(F, "FirmInfo", "7", "", "GetFirmInfo 'O00001002',7", "0|rs"),
+      P(F, "CHECKCODE", "123", "", "CheckCode 'O00001002','123'", "0|False"),
+      P(F, "CheckBranch", "x", "", "CheckBranch 'O00001002'", "0|False"),
+      P(F, "Traffic", "", "", "GetTraffic O00001002", "0|rs"),
+      P(F, "TypeAndRegion", "1", "", "GetTypeAndRegion 1", "0|rs"),
+      P(F, "FirmParameters", "'O00001002',3", "", "GetFirmParameters 'O00001002',3", "0|rs"),
+      P(G, "Goods", "'O00002001',1", "", "GetGoods 'O00002001',1", "0|rs"),
+      P(G, "FindGoods", "", "", "GetFindGoods 'O00002002',''", "0|rs"),
+      P(G, "Traffic", "'O00002002',1,0", "", "GetTraffic 'O00002002',1,0", "0|rs"),
+      P(G, "Prices", "", "", "GetPrices O00002002", "0|rs"),
+      P(G, "MinAmount", "", "", "GetMinAmount O00002002", "0|rs"),
+      P(G, "Measures", "", "", "GetMeasures O00002002", "0|rs"),
+      P(G, "Discounts", "", "", "GetDiscounts O00002002", "0|rs"),
+      P(G, "GoodBRTemplates", "", "", "GetGoodBRTemplates O00002002", "0|rs"),
       // Names compare exactly: another spelling is another business call.
-      P(G, "goods", "", "", "GetCall Getgoods O00002002", "0|rs"),
-      P(G, "parent", "", "", "GetCall Getparent O00002002", "0|rs"),
+      P(G, "goods", "", "", "Getgoods O00002002", "0|rs"),
+      P(G, "parent", "", "", "Getparent O00002002", "0|rs"),
       // The checks read Exist above zero.
-      P(F, "CheckCode", "1", "CheckCode Exist=2", "GetCall CheckCode 'O00001002','1'", "0|True"),
-      P(F, "CheckBranch", "", "CheckBranch Exist=0", "GetCall CheckBranch 'O00001002'", "0|False"),
-      P(F, "checkbranch", "", "CheckBranch Exist=1", "GetCall CheckBranch 'O00001002'", "0|True"),
+      P(F, "CheckCode", "1", "CheckCode Exist=2", "CheckCode 'O00001002','1'", "0|True"),
+      P(F, "CheckBranch", "", "CheckBranch Exist=0", "CheckBranch 'O00001002'", "0|False"),
+      P(F, "checkbranch", "", "CheckBranch Exist=1", "CheckBranch 'O00001002'", "0|True"),
       P(F, "SaldoByAccountCode", "'2410'", "GetSaldoByAccountCode Saldo=125.5",
-        "GetCall GetSaldoByAccountCode '2410'", "0|125,5"),
+        "GetSaldoByAccountCode '2410'", "0|125,5"),
       // A failure passes its number and text and keeps the property's value.
-      P(F, "CheckBranch", "1", "CheckBranch !-7", "GetCall CheckBranch 'O00001002'",
-        "-7 neleista|False"),
+      P(F, "CheckBranch", "1", "CheckBranch !-7", "CheckBranch 'O00001002'", "-7 neleista|False"),
       P(F, "SaldoByAccountCode", "1", "GetSaldoByAccountCode !12",
-        "GetCall GetSaldoByAccountCode 1", "12 neleista|0"),
-      P(F, "CheckCode", "1", "CheckCode !3", "GetCall CheckCode 'O00001002','1'",
-        "3 neleista|Empty"),
-      P(F, "Traffic", "1", "GetTraffic !4", "GetCall GetTraffic 1", "4 neleista|Nothing"),
-      P(G, "Rests", "1", "GetRests !4", "GetCall GetRests 1", "4 neleista|Empty"),
+        "GetSaldoByAccountCode 1", "12 neleista|0"),
+      P(F, "CheckCode", "1", "CheckCode !3", "CheckCode 'O00001002','1'", "3 neleista|Empty"),
+      P(F, "Traffic", "1", "GetTraffic !4", "GetTraffic 1", "4 neleista|Nothing"),
+      P(G, "Rests", "1", "GetRests !4", "GetRests 1", "4 neleista|Empty"),
       // An answer without records is no value either.
-      P(G, "Prices", "1", "GetPrices !0", "GetCall GetPrices 1", "0 neleista|Empty"),
+      P(G, "Prices", "1", "GetPrices !0", "GetPrices 1", "0 neleista|Empty"),
       // A method sends only its first argument.
       M(F, "DeleteFirmInfo", {Variant("12")}, "", "ExecCall DeleteFirmInfo 12", "0|Empty"),
       M(F, "AddUpdateFirmInfo", {Variant(5), Variant("x")}, "", "ExecCall AddUpdateFirmInfo 5",
@@ -617,7 +615,8 @@ TEST_F(AdaptersTest, PropertiesAndMethodsSendTheirCallAndParameterString) {
     EXPECT_EQ(std::to_string(r.Number) + (r.Text.empty() ? "" : " " + r.Text) + "|" + value +
                   changed,
               c.result);
-    EXPECT_EQ(BusinessLines(), *c.line ? Lines{c.line} : Lines{});
+    const std::string line = (c.method ? "" : "GetCall ") + std::string(c.line);
+    EXPECT_EQ(BusinessLines(), *c.line ? Lines{line} : Lines{});
   }
 }
 

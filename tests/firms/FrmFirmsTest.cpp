@@ -169,7 +169,7 @@ struct PopupCase {
   const char* tab;
   bool select;
   const char* menu;   // "" when no menu opens
-  const char* shown;  // the entries shown, by blanks; "!" marks one disabled
+  const char* shown;  // the entries shown without "mnu", by blanks; "!" marks one disabled
   Variant tag = {};
 };
 
@@ -178,33 +178,30 @@ TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
   const char* const N = "O00001001";
   const char* const P = "mnuFirmParameters";
   for (const PopupCase& c : std::initializer_list<PopupCase>{
-           {F, "Accounts", true, "mnuAccounts", "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
+           {F, "Accounts", true, "mnuAccounts", "AccountsNew AccountsEdit AccountsDelete"},
            // Delete is hidden, not disabled, so Edit stays enabled.
-           {F, "Accounts", false, "mnuAccounts", "mnuAccountsNew mnuAccountsEdit"},
-           {N, "Accounts", false, "mnuAccounts", "!mnuAccountsNew mnuAccountsEdit"},
-           {F, "GOODS", true, "mnuMain", "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
-           {N, "GOODS", false, "mnuMain", "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
-           {N, "Firms", true, "mnuMain", "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete",
-            Variant("O00001002")},
-           {F, "Traffic", true, "mnuMain",
-            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete", Variant("O10000015")},
-           {F, "Traffic", true, "mnuMain",
-            "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
+           {F, "Accounts", false, "mnuAccounts", "AccountsNew AccountsEdit"},
+           {N, "Accounts", false, "mnuAccounts", "!AccountsNew AccountsEdit"},
+           {F, "GOODS", true, "mnuMain", "ToDesktop GoodsToDesktop Preview Blank"},
+           {N, "GOODS", false, "mnuMain", "!ToDesktop !GoodsToDesktop !Preview Blank"},
+           {N, "Firms", true, "mnuMain", "ToDesktop Refresh Blank FirmDelete", Variant(F)},
+           {F, "Traffic", true, "mnuMain", "ToDesktop Preview Refresh Blank FirmDelete",
+            Variant("O10000015")},
+           {F, "Traffic", true, "mnuMain", "!ToDesktop Preview Refresh Blank !FirmDelete"},
            {F, "FirmContacts", true, P,
-            "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+            "FirmParametersNew FirmParametersEdit FirmParametersDelete"},
            {F, "FirmAddresses", false, P,
-            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
+            "FirmParametersNew !FirmParametersEdit !FirmParametersDelete"},
            {N, "FirmServers", true, P,
-            "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
+            "!FirmParametersNew FirmParametersEdit FirmParametersDelete"},
            {F, "FirmActivity", false, P,
-            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-           {F, "FirmInfo", true, "mnuFirmInfo", "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
+            "FirmParametersNew !FirmParametersEdit !FirmParametersDelete"},
+           {F, "FirmInfo", true, "mnuFirmInfo", "FirmInfoAdd FirmInfoEdit FirmInfoDelete"},
            {F, "Discounts", false, "mnuDiscount",
-            "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
-            "mnuDiscountRefresh"},
-           {F, "FirmContracts", true, "mnuContracts", "mnuContractToDeskTop mnuContractRefresh",
+            "DiscountNew !DiscountEdit Blank0 !DiscountDelete Blank1 DiscountRefresh"},
+           {F, "FirmContracts", true, "mnuContracts", "ContractToDeskTop ContractRefresh",
             Variant("O20000011")},
-           {F, "FirmContracts", false, "mnuContracts", "!mnuContractToDeskTop mnuContractRefresh"},
+           {F, "FirmContracts", false, "mnuContracts", "!ContractToDeskTop ContractRefresh"},
            {F, "FirmBRANCH", true, "", ""}}) {
     SCOPED_TRACE(std::string(c.oidr) + " " + c.tab + (c.select ? " selected" : ""));
     const size_t before = host_.Ui()->Popups().size();
@@ -225,7 +222,7 @@ TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
     ASSERT_NE(menu, nullptr);
     Lines shown;
     for (const auto& name : popups.back().shown) {
-      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
+      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name.substr(3));
     }
     EXPECT_EQ(Join(shown, " "), c.shown);
   }
