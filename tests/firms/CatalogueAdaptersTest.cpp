@@ -512,8 +512,8 @@ TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
 // A record's property (its one parameter) or method (`args`), with the
 // business layer's answer scripted: "" its own, "<call> <field>=<value>" a
 // record, "<call> !<n>" failure n "neleista". The call sent (a property's
-// without "GetCall ") and "<Number>[
-// <Text>]|<Value>[|<parameter when changed>]", a record set shown as "rs".
+// without "GetCall ") and "<Number>[ <Text>]|<Value>[|<parameter when
+// changed>]", a record set shown as "rs".
 struct CallCase {
   const char* oidr;
   const char* name;
