@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <map>
+#include <tuple>
 
 #include "FirmCardFixture.h"
 #include "common/DetailDialog.h"
@@ -256,28 +257,21 @@ TEST_F(FirmDetailListsTest, RowsTotalsAndTagsByRight) {
   }
 }
 
-struct PeriodCase {
-  const char* name;
-  Variant::Array period;
-  const char* params;
-};
-
 // The period gives the days; a new period reloads the documents, the same
 // one does not.
 TEST_F(FirmDetailListsTest, ThePeriodGivesTheDays) {
-  for (const PeriodCase& c : std::initializer_list<PeriodCase>{
-           {"OwnDates",
-            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
-            "'O00001002','2026-01-01','2026-06-30'"},
-           {"DaysBackFromToday",
-            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
-            "'O00001002','2026-10-24','9999-12-31'"},
-           {"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}}) {
-    SCOPED_TRACE(c.name);
-    Period("GetOldPeriod", c.period);
+  for (const auto& [period, params] :
+       {std::tuple{Variant::Array{DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true),
+                                  Variant(0)},
+                   "'O00001002','2026-01-01','2026-06-30'"},
+        {{DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
+         "'O00001002','2026-10-24','9999-12-31'"},
+        {Variant::Array{}, "'O00001002','2026-11-23','9999-12-31'"}}) {  // none from the host
+    SCOPED_TRACE(params);
+    Period("GetOldPeriod", period);
     auto w = Open(kFirm);
     w->LoadTraffic(true);
-    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(c.params));
+    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(params));
   }
   const Variant::Array year{DayOf(2026, 1, 1), DayOf(2026, 12, 31), Variant(0), Variant(true),
                             Variant(0)};
@@ -307,33 +301,26 @@ TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
 
 constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
 
-struct NoteLineCase {
-  const char* name;
-  const char* note;  // the note in force, or not
-  bool shown;
-  int32_t color;
-};
-
+// The first note in force is shown in its colour (or not shown at all).
 TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
-  for (const NoteLineCase& c : std::initializer_list<NoteLineCase>{
-           {"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
-           {"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
-           {"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
-           {"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
-            vbBlue}}) {
-    SCOPED_TRACE(c.name);
-    Reply("GetFirmInfo", kNotes, c.note + std::string("\n9|Sena|@2025-01-01|@2025-02-01|rūta|3"));
+  for (const auto& [note, shown, color] :
+       {std::tuple{"4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false, vbBlue}}) {
+    SCOPED_TRACE(note);
+    Reply("GetFirmInfo", kNotes, note + std::string("\n9|Sena|@2025-01-01|@2025-02-01|rūta|3"));
     auto w = Open(kFirm);
-    EXPECT_EQ(w->lblInfo.Visible(), c.shown);
-    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
-    if (c.shown) {
+    EXPECT_EQ(w->lblInfo.Visible(), shown);
+    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (shown ? w->pnlInfo.Height() : 0));
+    if (shown) {
       EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
-      EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+      EXPECT_EQ(w->lblInfo.ForeColor(), color);
     }
     // Every note stays in the list, coloured by its priority.
     ListView& list = Tab(*w, "FirmInfo");
     ASSERT_EQ(list.ListItems().Count(), 2);
-    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
+    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), color);
     EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
     EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
@@ -353,29 +340,22 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
 }
 
-struct DiscountCase {
-  const char* name;
-  const char* row;  // VariantName|SumFrom|SumTo|GoodName|Valid
-  const char* variant;
-  const char* origin;
-};
-
+// A row's VariantName|SumFrom|SumTo|GoodName|Valid, its variant and origin.
 TEST_F(FirmDetailListsTest, VariantAndOrigin) {
-  for (const DiscountCase& c : std::initializer_list<DiscountCase>{
-           {"NoVariant", "~|100|200|~|true", "", ""},
-           {"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
-           {"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
-           {"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
-           {"InheritedNotValid", "~|~|~|Statyba|false", "",
-            "Paveldeta iš grupės:Statyba(negalioja)"},
-           {"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [row, variant, origin] :
+       {std::tuple{"~|100|200|~|true", "", ""},
+        {"Didmena|100|0||true", "Didmena (nuo:100)", ""},
+        {"Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
+        {"~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
+        {"~|~|~|Statyba|false", "", "Paveldeta iš grupės:Statyba(negalioja)"},
+        {"~|~|~|~|false", "", "(negalioja)"}}) {
+    SCOPED_TRACE(row);
     Reply("GetDiscounts",
           "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
-          std::string("O10006001|N|5|Tiekėjai|") + c.row);
+          std::string("O10006001|N|5|Tiekėjai|") + row);
     auto w = Open(kFirm);
     EXPECT_EQ(Shown(*w, "Discounts"),
-              "O10006001|N|" + std::string(c.variant) + ";5%;" + c.origin + ";Tiekėjai|O10006001|");
+              "O10006001|N|" + std::string(variant) + ";5%;" + origin + ";Tiekėjai|O10006001|");
   }
 }
 
@@ -394,50 +374,42 @@ class ScriptedDetailDialogs : public DetailDialog {
   std::vector<std::string> seen;
 };
 
-struct DetailCase {
-  const char* tab;
-  const char* otype;
-  const char* call;
-  bool isNew;
-  const char* caption;  // after the firm's name
-};
-
 // The row's record or a new one, reloaded when saved; with no row selected
 // nothing opens.
 TEST_F(FirmDetailListsTest, EditorsOpenTheRowOrANewRecordAndReloadWhenSaved) {
   auto dialogs = std::make_shared<ScriptedDetailDialogs>();
   InstallDetailDialog(dialogs);
-  for (const DetailCase& c : std::initializer_list<DetailCase>{
-           {"FirmAddresses", "O0002000", "GetFirmADDRESSES", true, "Naujas adresas"},
-           {"FirmAddresses", "O0002000", "GetFirmADDRESSES", false, "Adresai"},
-           {"FirmContacts", "O0002100", "GetFirmCONTACTS", true, "Naujas kontaktas"},
-           {"FirmServers", "O0002400", "GetFirmSERVERS", false,
-            "Vadybininkas atsakingas už įmonės aptarnavimą"},
-           {"FirmServers", "O0002400", "GetFirmSERVERS", true,
-            "Naujas vadybininkas atsakingas už įmonės aptarnavimą"},
-           {"FirmActivity", "O0002500", "GetFirmActivity", true, "Nauja veiklos rūšis"}}) {
-    SCOPED_TRACE(std::string(c.tab) + (c.isNew ? " new" : ""));
-    auto& table = BO(c.otype).Table();
+  for (const auto& [tab, otype, call, isNew, caption] :
+       {std::tuple{"FirmAddresses", "O0002000", "GetFirmADDRESSES", true, "Naujas adresas"},
+        {"FirmAddresses", "O0002000", "GetFirmADDRESSES", false, "Adresai"},
+        {"FirmContacts", "O0002100", "GetFirmCONTACTS", true, "Naujas kontaktas"},
+        {"FirmServers", "O0002400", "GetFirmSERVERS", false,
+         "Vadybininkas atsakingas už įmonės aptarnavimą"},
+        {"FirmServers", "O0002400", "GetFirmSERVERS", true,
+         "Naujas vadybininkas atsakingas už įmonės aptarnavimą"},
+        {"FirmActivity", "O0002500", "GetFirmActivity", true, "Nauja veiklos rūšis"}}) {
+    SCOPED_TRACE(std::string(tab) + (isNew ? " new" : ""));
+    auto& table = BO(otype).Table();
     table.SetFields({"ID", "Name", "FirmID"});
     table.Seed({{{"Name", Variant("Esamas")}, {"FirmID", Variant(2)}}});
     // One row that every detail list can read.
-    Reply(c.call, "OIDR Name Preview AddressType LastName Role Region Street",
-          std::string(c.otype) + "1|x|x|x|x|x|x|x");
+    Reply(call, "OIDR Name Preview AddressType LastName Role Region Street",
+          std::string(otype) + "1|x|x|x|x|x|x|x");
     auto w = Open(kFirm);
-    ListView& list = Tab(*w, c.tab);
+    ListView& list = Tab(*w, tab);
     list.SetSelectedItem(&list.ListItems().Item(1));
-    const size_t before = Calls(c.call).size();
-    w->CurrentTab = static_cast<int16_t>(TabIndex(*w, c.tab) + 1);
+    const size_t before = Calls(call).size();
+    w->CurrentTab = static_cast<int16_t>(TabIndex(*w, tab) + 1);
     dialogs->seen.clear();
     dialogs->save = true;
-    w->EditDetail(c.isNew);
-    const std::string oidr = c.isNew ? "" : std::string(c.otype) + "1";
+    w->EditDetail(isNew);
+    const std::string oidr = isNew ? "" : std::string(otype) + "1";
     EXPECT_THAT(dialogs->seen,
-                ElementsAre(oidr + " FirmID=2 UAB Šilas: " + c.caption + " / Apskaita"));
-    EXPECT_EQ(Calls(c.call).size(), before + 1);
+                ElementsAre(oidr + " FirmID=2 UAB Šilas: " + caption + " / Apskaita"));
+    EXPECT_EQ(Calls(call).size(), before + 1);
     dialogs->save = false;
-    w->EditDetail(c.isNew);
-    EXPECT_EQ(Calls(c.call).size(), before + 1);
+    w->EditDetail(isNew);
+    EXPECT_EQ(Calls(call).size(), before + 1);
   }
   dialogs->seen.clear();
   auto w = Open(kFirm);
