@@ -182,14 +182,6 @@ TEST_P(CatalogueTest, ParentIsTheGroupObjectOrNothingAtTheTop) {
 
 INSTANTIATE_TEST_SUITE_P(Catalogues, CatalogueTest, ::testing::Values(kFirms, kGoods));
 
-struct MenuCase {
-  const char* name;
-  const char* oidr;
-  const char* otype;
-  const char* denied;  // "D" the delete right, "P" the goods' price right
-  const char* lines;   // "key caption" of each entry, joined by "|"
-};
-
 constexpr const char* kFirmRoot =
     "2 Sukurti naują &grupę|100 -|4 &Atrinkti|5 P&eržiūros nustatymai|100 -|7 Pagalba|100 -";
 constexpr const char* kFirmFolder =
@@ -211,41 +203,42 @@ constexpr const char* kGood =
 
 // Each denied right takes out exactly its entries: without the delete right
 // two separators stand in a row where the entry was.
+// Each row: the node, its type, the rights denied ("D" delete, "P" the goods'
+// price right) and the "key caption" of each entry by "|".
 TEST_F(AdaptersTest, EntriesFollowKindAndRights) {
-  for (const MenuCase& c : std::initializer_list<MenuCase>{
-           {"FirmRoot", "O0000100", "", "", kFirmRoot},
-           {"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
-           {"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
-           {"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D", kFirmFolder},
-           {"FirmC", "O00001002", "C", "", kFirm},
-           {"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D", kFirm},
-           // "FirmNA" is neither "C" nor "Firm": the group entries show.
-           {"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
-           {"GoodsRoot", "O0000200", "", "", kGoodsRoot},
-           // The root never offers the price dialogs nor deletion.
-           {"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
-           {"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
-           {"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
-           {"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
-           {"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P", kGoodsFolder},
-           {"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D", kGoodsFolder},
-           {"Good", "O00002002", "C", "", kGood},
-           {"Service", "O00002004", "Service", "P", kGood},
-           {"GoodWithoutDelete", "O00002002", "GoodNA", "D", kGood}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [name, oidr, otype, denied, entries] :
+       {std::tuple{"FirmRoot", "O0000100", "", "", kFirmRoot},
+        {"FirmRootWithoutDelete", "O0000100", "", "D", kFirmRoot},
+        {"FirmGroup", "O00001001", "CGroup", "", kFirmFolder},
+        {"FirmGroupWithoutDelete", "O00001001", "OGroupNA", "D", kFirmFolder},
+        {"FirmC", "O00001002", "C", "", kFirm},
+        {"FirmTypeFirmWithoutDelete", "O00001002", "Firm", "D", kFirm},
+        // "FirmNA" is neither "C" nor "Firm": the group entries show.
+        {"InactiveFirmKind", "O00001002", "FirmNA", "", kFirmFolder},
+        {"GoodsRoot", "O0000200", "", "", kGoodsRoot},
+        // The root never offers the price dialogs nor deletion.
+        {"GoodsRootWithoutRights", "O0000200", "CRoot", "DP", kGoodsRoot},
+        {"GoodsGroup", "O00002001", "CGroup", "", kGoodsFolder},
+        {"InactiveGoodsGroupLowerCase", "O00002001", "ogroupna", "", kGoodsFolder},
+        {"RootTypeBelowTheCatalogue", "O00002001", "Root", "", kGoodsFolder},
+        {"GoodsGroupWithoutPriceRight", "O00002001", "OGroup", "P", kGoodsFolder},
+        {"GoodsGroupWithoutDelete", "O00002001", "CGroup", "D", kGoodsFolder},
+        {"Good", "O00002002", "C", "", kGood},
+        {"Service", "O00002004", "Service", "P", kGood},
+        {"GoodWithoutDelete", "O00002002", "GoodNA", "D", kGood}}) {
+    SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
-    const std::string oid = std::string(c.oidr).substr(0, 8);
-    const std::string denied = c.denied;
-    std::string expected = c.lines;
-    if (denied.find('D') != std::string::npos) {
+    const std::string oid = std::string(oidr).substr(0, 8);
+    std::string expected = entries;
+    if (std::string(denied).find('D') != std::string::npos) {
       host_.Rights()->Deny(oid == "O0000100" ? "CFirms" : "CGoods", Right::Delete);
       expected = Replace(Replace(expected, "6 &Panaikinti|", ""), "7 &Panaikinti|", "");
     }
-    if (denied.find('P') != std::string::npos) {
+    if (std::string(denied).find('P') != std::string::npos) {
       host_.Rights()->Deny("CGoodsPT", Right::Read);
       expected = Replace(expected, "9 Kainų keitimas|100 -|10 Garantijos pridėjimas|100 -|", "");
     }
-    auto menu = Of(oid)->GetMenu(c.oidr, c.otype, "");
+    auto menu = Of(oid)->GetMenu(oidr, otype, "");
     ASSERT_TRUE(menu);
     Lines lines;
     for (const auto& item : *menu) {
@@ -326,41 +319,35 @@ TEST_F(AdaptersTest, NewRecordGetsParentAndGroupFlag) {
   }
 }
 
-struct ListCase {
-  const char* group;  // the group clicked
-  const char* key;    // the filter's menu key or chord
-  const char* stored;
-  const char* filtered;   // the list call's parameters of the filter
-  const char* refreshed;  // the list call's parameters of F5
-};
-
 // The filter sends the text and both options; no answer from the picker reads
 // nothing. The firms' refresh reads the whole list, whatever the settings; the
 // goods' filter sends the last five settings too.
+// Each row: the group clicked, the filter's key or chord, the stored settings,
+// and the list call's parameters of the filter and of F5.
 TEST_F(AdaptersTest, FilterSendsTheTextAndBothOptionsAndRefreshReadsTheList) {
   const std::string list = "GetCall Orvel_GetObjectList ";
-  for (const ListCase& c : std::initializer_list<ListCase>{
-           {"O00001001", "4", "0,1,2", "'','šil',1,2", "''"},
-           {"O00001001", "70S2", "0,1,2", "'','šil',1,2", "''"},
-           {"O00002001", "5", "0,1,0,'O000160512',1,0,1", "'','šil',1,2,0,'O000160512',1,0,1",
-            "'','',0,1,0,'O000160512',1,0,1"},
-           {"O00002001", "70S2", "", "'','šil',1,2,1,'',0,1,0", "'','',1,0,1,'',0,1,0"}}) {
-    SCOPED_TRACE(std::string(c.group) + " " + c.key);
-    const std::string oid = std::string(c.group).substr(0, 8);
-    host_.Environment()->PresetSetting(oid, "Preview", c.stored);
+  for (const auto& [group, key, stored, filtered, refreshed] :
+       {std::tuple{"O00001001", "4", "0,1,2", "'','šil',1,2", "''"},
+        {"O00001001", "70S2", "0,1,2", "'','šil',1,2", "''"},
+        {"O00002001", "5", "0,1,0,'O000160512',1,0,1", "'','šil',1,2,0,'O000160512',1,0,1",
+         "'','',0,1,0,'O000160512',1,0,1"},
+        {"O00002001", "70S2", "", "'','šil',1,2,1,'',0,1,0", "'','',1,0,1,'',0,1,0"}}) {
+    SCOPED_TRACE(std::string(group) + " " + key);
+    const std::string oid = std::string(group).substr(0, 8);
+    host_.Environment()->PresetSetting(oid, "Preview", stored);
     host_.ObjectManager()->ClearAdapters();
     auto adapter = Of(oid);
-    EXPECT_EQ(adapter->ClickMenu(c.group, "CGroup", c.key, "").Action, OrvelMenuResult::kNothing);
+    EXPECT_EQ(adapter->ClickMenu(group, "CGroup", key, "").Action, OrvelMenuResult::kNothing);
     EXPECT_TRUE(BusinessLines().empty());
     host_.HostClasses()->QueueObjectSelect("šil", 1, 2);
-    ExpectList(adapter->ClickMenu(c.group, "CGroup", c.key, ""), "šil");
-    EXPECT_EQ(BusinessLines(), Lines{list + c.filtered});
+    ExpectList(adapter->ClickMenu(group, "CGroup", key, ""), "šil");
+    EXPECT_EQ(BusinessLines(), Lines{list + filtered});
     auto picker = host_.HostClasses()->LastObjectSelect();
     EXPECT_TRUE(picker->MultiSelect());
     EXPECT_EQ(picker->OType(), oid);
     host_.Log().Clear();
-    ExpectList(adapter->ClickMenu(c.group, "CGroup", "116S0", ""), "");
-    EXPECT_EQ(BusinessLines(), Lines{list + c.refreshed});
+    ExpectList(adapter->ClickMenu(group, "CGroup", "116S0", ""), "");
+    EXPECT_EQ(BusinessLines(), Lines{list + refreshed});
   }
 }
 

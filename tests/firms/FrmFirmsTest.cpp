@@ -43,51 +43,43 @@ class FrmFirmsTest : public FirmCardTest {
   void HasBranches(int count = 1) { Reply("CheckBranch", "Exist", std::to_string(count)); }
 };
 
-struct TabCase {
-  const char* name;
-  const char* oidr;
-  const char* key;  // menu key that builds the window
-  bool contracts;
-  bool accounts;
-  int exist;         // CheckBranch's answer
-  const char* tabs;  // tab keys, by blanks
-  int16_t goodsTab, discountsTab;
-  const char* caption;
-};
-
+// Each row: the node and the menu key that builds the window, the contract
+// and account rights, CheckBranch's answer, the tab keys, the goods' and
+// discounts' tab numbers and the caption.
 TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
-  for (const TabCase& c : std::initializer_list<TabCase>{
-           {"FirmWithEveryTab", "O00001002", "0", true, true, 1,
-            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-            "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
-            3, 11, "Įmonės kortelė"},
-           {"NoContracts", "O00001002", "0", false, true, 1,
-            "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
-            "FirmServers FirmInfo FirmActivity Discounts",
-            2, 10, "Įmonės kortelė"},
-           {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
-            "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
-            "FirmInfo FirmActivity Discounts",
-            3, 9, "Įmonės kortelė"},
-           // A new firm has no branches to show, whatever the check says.
-           {"NewFirm", "O00001001", "1", true, true, 1,
-            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-            "FirmServers FirmInfo FirmActivity Discounts",
-            3, 10, "Nauja įmonė"},
-           {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
-           {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
-            "Nauja įmonių grupė"}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [name, oidr, key, contracts, accounts, exist, tabs, goodsTab, discountsTab,
+                    caption] :
+       {std::tuple{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
+         "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+         "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
+         3, 11, "Įmonės kortelė"},
+        {"NoContracts", "O00001002", "0", false, true, 1,
+         "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
+         "FirmServers FirmInfo FirmActivity Discounts",
+         2, 10, "Įmonės kortelė"},
+        {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
+         "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
+         "FirmInfo FirmActivity Discounts",
+         3, 9, "Įmonės kortelė"},
+        // A new firm has no branches to show, whatever the check says.
+        {"NewFirm", "O00001001", "1", true, true, 1,
+         "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+         "FirmServers FirmInfo FirmActivity Discounts",
+         3, 10, "Nauja įmonė"},
+        {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
+        {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
+         "Nauja įmonių grupė"}}) {
+    SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
-    if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
-    if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-    HasBranches(c.exist);
-    auto w = Open(c.oidr, c.key);
+    if (!contracts) host_.Rights()->Deny("CContracts", Right::Read);
+    if (!accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
+    HasBranches(exist);
+    auto w = Open(oidr, key);
     ASSERT_TRUE(w);
-    EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
-    EXPECT_EQ(w->SOPanel.Caption(), c.caption);
-    EXPECT_EQ(w->GoodsTab, c.goodsTab);
-    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(Join(TabKeys(*w), " "), tabs);
+    EXPECT_EQ(w->SOPanel.Caption(), caption);
+    EXPECT_EQ(w->GoodsTab, goodsTab);
+    EXPECT_EQ(w->DiscountsTab, discountsTab);
     EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
     for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
       EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
@@ -495,35 +487,30 @@ TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
 
 const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
 
-struct UsedCase {
-  const char* name;
-  bool credits;        // CCatalogueCredits
-  bool rename;         // CFirmsCH
-  Variant count;       // Empty: an answer without a record, telling of no documents
-  const char* stored;  // name and group after the write
-};
-
 // Every other change is written, and the user is told nothing.
+// Each row: the rights CCatalogueCredits and CFirmsCH, the count of documents
+// (Empty: an answer without a record, telling of none) and the name and group
+// after the write.
 TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
   const auto firm = BO("O0000100").Table().ReadRecord(2);
-  for (const UsedCase& c : std::initializer_list<UsedCase>{
-           {"NeitherRight", false, false, Variant(3), "UAB Šilas|1"},
-           {"CreditsMoveButDoNotRename", true, false, Variant(1), "UAB Šilas|4"},
-           {"RenameRightDoesBoth", false, true, Variant(1), "UAB Kitas|4"},
-           {"BothRights", true, true, Variant(12.5), "UAB Kitas|4"},
-           {"NotUsedNeedsNoRight", false, false, Variant(0), "UAB Kitas|4"},
-           {"NegativeCountIsNotUsed", false, false, Variant(-1), "UAB Kitas|4"},
-           {"NullCountIsNotUsed", false, false, Variant::Null(), "UAB Kitas|4"},
-           {"CountAsText", false, false, Variant("2"), "UAB Šilas|1"},
-           {"NoRecordIsNotUsed", false, false, Variant(), "UAB Kitas|4"}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [name, credits, rename, count, stored] :
+       {std::tuple{"NeitherRight", false, false, Variant(3), "UAB Šilas|1"},
+        {"CreditsMoveButDoNotRename", true, false, Variant(1), "UAB Šilas|4"},
+        {"RenameRightDoesBoth", false, true, Variant(1), "UAB Kitas|4"},
+        {"BothRights", true, true, Variant(12.5), "UAB Kitas|4"},
+        {"NotUsedNeedsNoRight", false, false, Variant(0), "UAB Kitas|4"},
+        {"NegativeCountIsNotUsed", false, false, Variant(-1), "UAB Kitas|4"},
+        {"NullCountIsNotUsed", false, false, Variant::Null(), "UAB Kitas|4"},
+        {"CountAsText", false, false, Variant("2"), "UAB Šilas|1"},
+        {"NoRecordIsNotUsed", false, false, Variant(), "UAB Kitas|4"}}) {
+    SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
-    if (!c.credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
-    if (!c.rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
-    if (c.count.IsEmpty()) {
+    if (!credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
+    if (!rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
+    if (count.IsEmpty()) {
       BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", TextRecords("Cnt", ""));
     } else {
-      UsedInDocuments(c.count);
+      UsedInDocuments(count);
     }
     BO("O0000100").Table().Store(2, *firm);
     auto w = Open("O00001002");
@@ -531,7 +518,7 @@ TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
     Grid(*w).EditField("ParentID", Variant(4));
     Grid(*w).TypeIntoField("Active", Variant(false));  // committed by the click
     w->cmdEnter_Click();
-    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")), c.stored);
+    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")), stored);
     EXPECT_EQ(Stored(2, "Active"), Variant(false));
     EXPECT_TRUE(host_.Ui()->Boxes().empty());
     EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Stored(2, "Name"));
