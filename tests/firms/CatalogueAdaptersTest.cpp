@@ -13,7 +13,7 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
 #include "support/CaseName.h"
-#include "support/ModuleTest.h"
+#include "support/CardTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
 #include "testhost/TestObjectSelect.h"
@@ -50,11 +50,12 @@ class RecordingDialogs : public GoodsDialogs {
 // Firms: group 1 holds firm 2, firm 3 stands at the top. Goods: group 1 holds
 // good 2 and subgroup 3, good 4 stands at the top. Firm 2 and good 2 are
 // inactive.
-class AdaptersTest : public ModuleTest {
+class AdaptersTest : public CardTest<GroupedCard> {
  protected:
+  AdaptersTest() : CardTest("O0000100") {}
+
   void SetUp() override {
-    ModuleTest::SetUp();
-    host_.Session()->SetAppTitle("Apskaita");
+    CardTest::SetUp();
     host_.Session()->SetAppPath("C:\\Orvel\\");
     auto& firms = BO("O0000100").Table();
     firms.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
@@ -76,7 +77,7 @@ class AdaptersTest : public ModuleTest {
 
   void TearDown() override {
     InstallGoodsDialogs(nullptr);
-    ModuleTest::TearDown();
+    CardTest::TearDown();
   }
 
   // The adapter of the type an OIDR (or OID) names, the journal cleared.
@@ -92,14 +93,6 @@ class AdaptersTest : public ModuleTest {
     EXPECT_NE(object, nullptr) << oidr;
     host_.Log().Clear();
     return object;
-  }
-
-  Lines Boxes() {
-    Lines lines;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return lines;
   }
 
   // A list replaced by a fresh record set, `text` the selection shown.
