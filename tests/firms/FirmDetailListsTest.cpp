@@ -208,52 +208,41 @@ TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked)
   EXPECT_EQ(Calls("GetTraffic").size(), 1u);
 }
 
-struct TrafficCase {
-  const char* name;
-  const char* rows;
-  const char* shown;
-  const char* denied = "";  // an Allowed right taken away
-};
-
+// Each row: a right taken away ("" none), the documents and the list shown.
 TEST_F(FirmDetailListsTest, RowsTotalsAndTagsByRight) {
-  for (const TrafficCase& c : std::initializer_list<TrafficCase>{
-           // What the firm owes and what we owe it cancel out: the total is 0.00.
-           {"DebtsCancelOut",
-            "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
-            "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
-            "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
-            "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
-            "O10002003|O1000200\n| | ; ; ;0,00*||"},
-           // A sign of -1 turns a debt around before it is added.
-           {"SignTurnsTheDebt",
-            "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
-            "2026-03-01|30|30|1|1",
-            "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
-            "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
-           // Document groups answer to their lock right, the others to the
-           // operation right; a row without the right shows but has no Tag.
-           {"RightsByDocumentKind",
-            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
-            "02|1|1|1|7",
-            "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
-            "00|O10002002|O1000200\n| | ; ; ;2,00*||",
-            "CDocumentGroupLock7"},
-           // A repeated OIDR adds no row: its columns go into the row before.
-           {"RepeatedOidrWritesIntoThePreviousRow",
-            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
-            "09|2|2|1|1",
-            "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-            "O1000100\n| | ; ; ;3,00*||"},
-           // The business layer's summary row names no record: it is not opened.
-           {"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0",
-            "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
-           {"NoDocumentsNoTotal", "", ""}}) {
-    SCOPED_TRACE(c.name);
-    if (*c.denied) host_.Rights()->Deny(c.denied, TestRights::Right::Allowed);
-    Reply("GetTraffic", kDocs, c.rows);
+  for (const auto& [denied, rows, shown] : {
+        // What the firm owes and what we owe it cancel out: the total is 0.00.
+        std::tuple{"", "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@20"
+         "26-03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+         "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-03-02;50,00;"
+         "50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|O10002003|O1000200\n| |"
+         " ; ; ;0,00*||"},
+        // A sign of -1 turns a debt around before it is added.
+        {"", "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@2026-03-01"
+         "|30|30|1|1",
+         "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-03-01;30,00;"
+         "30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
+        // Document groups answer to their lock right, the others to the
+        // operation right; a row without the right shows but has no Tag.
+        {"CDocumentGroupLock7", "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D"
+         "|#2|@2026-03-02|1|1|1|7",
+         "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,00|O100020"
+         "02|O1000200\n| | ; ; ;2,00*||"},
+        // A repeated OIDR adds no row: its columns go into the row before.
+        {"", "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-09|2|2"
+         "|1|1",
+         "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|O1000100\n| | ; ; ;3"
+         ",00*||"},
+        // The business layer's summary row names no record: it is not opened.
+        {"", "O0000000|O0000000|Iš viso||~|5|5|0|0",
+         "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+        {"", "", ""}}) {  // no documents, no total
+    SCOPED_TRACE(rows);
+    if (*denied) host_.Rights()->Deny(denied, TestRights::Right::Allowed);
+    Reply("GetTraffic", kDocs, rows);
     auto w = Open(kFirm);
     w->LoadTraffic(true);
-    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), c.shown);
+    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), shown);
   }
 }
 
