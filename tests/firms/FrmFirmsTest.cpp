@@ -156,67 +156,63 @@ TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
   EXPECT_FALSE(w->SSCClose.Enabled());
 }
 
-struct PopupCase {
-  const char* oidr;   // a group's OIDR opens a new firm, but for its own lists
-  const char* tab;
-  bool select;
-  const char* menu;   // "" when no menu opens
-  const char* shown;  // the entries shown without "mnu", by blanks; "!" marks one disabled
-  Variant tag = {};
-};
-
+// Each row: the window's node (a group's OIDR opens a new firm, but for its
+// own lists), the tab, whether a row is selected and its tag ("" none), the
+// menu ("" when none opens) and its entries shown without "mnu", by blanks,
+// "!" marking one disabled.
 TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
   const char* const F = "O00001002";
   const char* const N = "O00001001";
   const char* const P = "mnuFirmParameters";
-  for (const PopupCase& c : std::initializer_list<PopupCase>{
-           {F, "Accounts", true, "mnuAccounts", "AccountsNew AccountsEdit AccountsDelete"},
-           // Delete is hidden, not disabled, so Edit stays enabled.
-           {F, "Accounts", false, "mnuAccounts", "AccountsNew AccountsEdit"},
-           {N, "Accounts", false, "mnuAccounts", "!AccountsNew AccountsEdit"},
-           {F, "GOODS", true, "mnuMain", "ToDesktop GoodsToDesktop Preview Blank"},
-           {N, "GOODS", false, "mnuMain", "!ToDesktop !GoodsToDesktop !Preview Blank"},
-           {N, "Firms", true, "mnuMain", "ToDesktop Refresh Blank FirmDelete", Variant(F)},
-           {F, "Traffic", true, "mnuMain", "ToDesktop Preview Refresh Blank FirmDelete",
-            Variant("O10000015")},
-           {F, "Traffic", true, "mnuMain", "!ToDesktop Preview Refresh Blank !FirmDelete"},
-           {F, "FirmContacts", true, P,
-            "FirmParametersNew FirmParametersEdit FirmParametersDelete"},
-           {F, "FirmAddresses", false, P,
-            "FirmParametersNew !FirmParametersEdit !FirmParametersDelete"},
-           {N, "FirmServers", true, P,
-            "!FirmParametersNew FirmParametersEdit FirmParametersDelete"},
-           {F, "FirmActivity", false, P,
-            "FirmParametersNew !FirmParametersEdit !FirmParametersDelete"},
-           {F, "FirmInfo", true, "mnuFirmInfo", "FirmInfoAdd FirmInfoEdit FirmInfoDelete"},
-           {F, "Discounts", false, "mnuDiscount",
-            "DiscountNew !DiscountEdit Blank0 !DiscountDelete Blank1 DiscountRefresh"},
-           {F, "FirmContracts", true, "mnuContracts", "ContractToDeskTop ContractRefresh",
-            Variant("O20000011")},
-           {F, "FirmContracts", false, "mnuContracts", "!ContractToDeskTop ContractRefresh"},
-           {F, "FirmBRANCH", true, "", ""}}) {
-    SCOPED_TRACE(std::string(c.oidr) + " " + c.tab + (c.select ? " selected" : ""));
+  for (const auto& [oidr, key, select, popup, entries, tag] :
+       {std::tuple{F, "Accounts", true, "mnuAccounts", "AccountsNew AccountsEdit AccountsDelete",
+                   ""},
+        // Delete is hidden, not disabled, so Edit stays enabled.
+        {F, "Accounts", false, "mnuAccounts", "AccountsNew AccountsEdit", ""},
+        {N, "Accounts", false, "mnuAccounts", "!AccountsNew AccountsEdit", ""},
+        {F, "GOODS", true, "mnuMain", "ToDesktop GoodsToDesktop Preview Blank", ""},
+        {N, "GOODS", false, "mnuMain", "!ToDesktop !GoodsToDesktop !Preview Blank", ""},
+        {N, "Firms", true, "mnuMain", "ToDesktop Refresh Blank FirmDelete", F},
+        {F, "Traffic", true, "mnuMain", "ToDesktop Preview Refresh Blank FirmDelete",
+         "O10000015"},
+        {F, "Traffic", true, "mnuMain", "!ToDesktop Preview Refresh Blank !FirmDelete", ""},
+        {F, "FirmContacts", true, P,
+         "FirmParametersNew FirmParametersEdit FirmParametersDelete", ""},
+        {F, "FirmAddresses", false, P,
+         "FirmParametersNew !FirmParametersEdit !FirmParametersDelete", ""},
+        {N, "FirmServers", true, P,
+         "!FirmParametersNew FirmParametersEdit FirmParametersDelete", ""},
+        {F, "FirmActivity", false, P,
+         "FirmParametersNew !FirmParametersEdit !FirmParametersDelete", ""},
+        {F, "FirmInfo", true, "mnuFirmInfo", "FirmInfoAdd FirmInfoEdit FirmInfoDelete", ""},
+        {F, "Discounts", false, "mnuDiscount",
+         "DiscountNew !DiscountEdit Blank0 !DiscountDelete Blank1 DiscountRefresh", ""},
+        {F, "FirmContracts", true, "mnuContracts", "ContractToDeskTop ContractRefresh",
+         "O20000011"},
+        {F, "FirmContracts", false, "mnuContracts", "!ContractToDeskTop ContractRefresh", ""},
+        {F, "FirmBRANCH", true, "", "", ""}}) {
+    SCOPED_TRACE(std::string(oidr) + " " + key + (select ? " selected" : ""));
     const size_t before = host_.Ui()->Popups().size();
     HasBranches();
-    const std::string tab = c.tab;
-    const bool isNew = c.oidr == std::string(N) && tab != "Firms" && tab != "Discounts";
-    auto w = Open(c.oidr, isNew ? "1" : "0");
-    if (c.select) SelectRow(*w, c.tab, "row", c.tag);
-    const int index = TabIndex(*w, c.tab);
-    if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    const std::string tab = key;
+    const bool isNew = oidr == std::string(N) && tab != "Firms" && tab != "Discounts";
+    auto w = Open(oidr, isNew ? "1" : "0");
+    if (select) SelectRow(*w, tab, "row", *tag ? Variant(tag) : Variant());
+    const int index = TabIndex(*w, tab);
+    if (*popup) host_.Ui()->QueuePopupPick("");  // the user closes the menu
     Grid(*w).ClickList(index, 2);
     EXPECT_EQ(w->CurrentTab, index + 1);
     const auto& popups = host_.Ui()->Popups();
-    ASSERT_EQ(popups.size(), before + (*c.menu ? 1 : 0));
-    if (!*c.menu) continue;
-    EXPECT_EQ(popups.back().menu, c.menu);
-    Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
+    ASSERT_EQ(popups.size(), before + (*popup ? 1 : 0));
+    if (!*popup) continue;
+    EXPECT_EQ(popups.back().menu, popup);
+    Menu* menu = static_cast<Menu*>(w->FindControl(popup));
     ASSERT_NE(menu, nullptr);
     Lines shown;
     for (const auto& name : popups.back().shown) {
       shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name.substr(3));
     }
-    EXPECT_EQ(Join(shown, " "), c.shown);
+    EXPECT_EQ(Join(shown, " "), entries);
   }
 }
 
