@@ -243,72 +243,64 @@ TEST_F(AdaptersTest, EntriesFollowKindAndRights) {
   }
 }
 
-struct ClickCase {
-  const char* name;
-  const char* oidr;
-  const char* otype;
-  const char* key;
-  const char* shown;  // a new record's "ParentID GroupFlag" ("~" Null); "-" no window; "" nothing
-  const char* box = "";  // the one box shown
-  bool denyRead = false;
-};
-
 // Keys 1 to 3 build a card on a new record under the node, key 0 the node's
-// own; a gone record or no read right gives no window.
+// own; a gone record or no read right gives no window. Each row: the node, its
+// type, the key, the read right, a new record's "ParentID GroupFlag" ("~"
+// Null; "-" no window; "" nothing) and the one box shown.
 TEST_F(AdaptersTest, NewRecordGetsParentAndGroupFlag) {
-  for (const ClickCase& c : std::initializer_list<ClickCase>{
-           {"FirmInGroup", "O00001001", "CGroup", "1", "1 0"},
-           {"FirmBesideFirm", "O00001002", "C", "1", "1 0"},
-           {"GroupBesideGroup", "O00001001", "CGroup", "2", "~ 1"},
-           {"GroupBesideFirmInGroup", "O00001002", "C", "2", "1 1"},
-           // Val of a Null parent joined to "" is 0, written back as Null.
-           {"GroupBesideTopFirm", "O00001003", "C", "2", "~ 1"},
-           {"SubgroupOfGroup", "O00001001", "CGroup", "3", "1 1"},
-           // Not offered on a firm; it makes a group beside the firm.
-           {"SubgroupKeyOnFirm", "O00001002", "C", "3", "1 1"},
-           {"FirmGroupAtRoot", "O0000100", "", "2", "~ 1"},
-           {"GoodInGroup", "O00002001", "CGroup", "1", "1 0"},
-           {"GoodBesideGood", "O00002002", "C", "1", "1 0"},
-           // Key 2 makes a sibling of the node, key 3 a child.
-           {"SiblingOfSubgroup", "O00002003", "CGroup", "2", "1 1"},
-           {"ChildOfSubgroup", "O00002003", "CGroup", "3", "3 1"},
-           {"SiblingOfTopGroup", "O00002001", "CGroup", "2", "0 1"},
-           // On a good, 3 takes the good's own parent, as 1 does.
-           {"SubgroupKeyOnGood", "O00002002", "C", "3", "1 1"},
-           {"GoodBesideTopGood", "O00002004", "C", "1", "0 0"},
-           {"GoodsGroupAtRoot", "O0000200", "", "2", "0 1"},
-           {"FirmWithoutReadRight", "O00001002", "C", "0", "-", "", true},
-           {"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", "", "", true},
-           // The window builder is given no type, so it names a firm even for a group.
-           {"GoneFirm", "O00001009", "CGroup", "0", "-", "Įmonė panaikinta!"},
-           {"NewUnderGoneFirm", "O00001009", "C", "1", "", "Įmonė panaikinta!"},
-           {"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", "", "Įmonių grupė panaikinta!"},
-           {"NewUnderGoneUntyped", "O00001009", "", "1", "", "Įmonių grupė panaikinta!"},
-           {"GoneGood", "O00002009", "C", "0", "-"},
-           {"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", ""}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [name, oidr, otype, key, read, shown, box] :
+       {std::tuple{"FirmInGroup", "O00001001", "CGroup", "1", true, "1 0", ""},
+        {"FirmBesideFirm", "O00001002", "C", "1", true, "1 0", ""},
+        {"GroupBesideGroup", "O00001001", "CGroup", "2", true, "~ 1", ""},
+        {"GroupBesideFirmInGroup", "O00001002", "C", "2", true, "1 1", ""},
+        // Val of a Null parent joined to "" is 0, written back as Null.
+        {"GroupBesideTopFirm", "O00001003", "C", "2", true, "~ 1", ""},
+        {"SubgroupOfGroup", "O00001001", "CGroup", "3", true, "1 1", ""},
+        // Not offered on a firm; it makes a group beside the firm.
+        {"SubgroupKeyOnFirm", "O00001002", "C", "3", true, "1 1", ""},
+        {"FirmGroupAtRoot", "O0000100", "", "2", true, "~ 1", ""},
+        {"GoodInGroup", "O00002001", "CGroup", "1", true, "1 0", ""},
+        {"GoodBesideGood", "O00002002", "C", "1", true, "1 0", ""},
+        // Key 2 makes a sibling of the node, key 3 a child.
+        {"SiblingOfSubgroup", "O00002003", "CGroup", "2", true, "1 1", ""},
+        {"ChildOfSubgroup", "O00002003", "CGroup", "3", true, "3 1", ""},
+        {"SiblingOfTopGroup", "O00002001", "CGroup", "2", true, "0 1", ""},
+        // On a good, 3 takes the good's own parent, as 1 does.
+        {"SubgroupKeyOnGood", "O00002002", "C", "3", true, "1 1", ""},
+        {"GoodBesideTopGood", "O00002004", "C", "1", true, "0 0", ""},
+        {"GoodsGroupAtRoot", "O0000200", "", "2", true, "0 1", ""},
+        {"FirmWithoutReadRight", "O00001002", "C", "0", false, "-", ""},
+        {"NewFirmWithoutReadRight", "O00001001", "CGroup", "1", false, "", ""},
+        // The window builder is given no type, so it names a firm even for a group.
+        {"GoneFirm", "O00001009", "CGroup", "0", true, "-", "Įmonė panaikinta!"},
+        {"NewUnderGoneFirm", "O00001009", "C", "1", true, "", "Įmonė panaikinta!"},
+        {"NewUnderGoneFirmGroup", "O00001009", "CGroup", "1", true, "", "Įmonių grupė panaikinta!"},
+        {"NewUnderGoneUntyped", "O00001009", "", "1", true, "", "Įmonių grupė panaikinta!"},
+        {"GoneGood", "O00002009", "C", "0", true, "-", ""},
+        {"NewUnderGoneGoodsGroup", "O00002009", "CGroup", "1", true, "", ""}}) {
+    SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
     host_.Ui()->ClearBoxes();
-    if (c.denyRead) host_.Rights()->Deny("CFirms", Right::Read);
-    if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-    auto result = Of(c.oidr)->ClickMenu(c.oidr, c.otype, c.key, "");
+    if (!read) host_.Rights()->Deny("CFirms", Right::Read);
+    if (*box) host_.Ui()->QueueAnswer(vbOK);
+    auto result = Of(oidr)->ClickMenu(oidr, otype, key, "");
     auto window = result.Value.ObjectAs<GroupedCard>();
-    std::string shown = result.Action == OrvelMenuResult::kShowWindow ? "-" : "";
+    std::string made = result.Action == OrvelMenuResult::kShowWindow ? "-" : "";
     if (window) {
       // Every new record starts active and unloaded, and a good kept in rests.
       auto object = window->OrvelObjectUIO();
       const Variant parent = object->Fields("ParentID").Value();
-      shown = (parent.IsNull() ? "~" : ConcatText(parent)) + " " +
-              ConcatText(object->Fields("GroupFlag").Value());
+      made = (parent.IsNull() ? "~" : ConcatText(parent)) + " " +
+             ConcatText(object->Fields("GroupFlag").Value());
       EXPECT_EQ(object->OIDR(), "");
       EXPECT_EQ(object->Fields("Active").Value(), Variant(true));
       EXPECT_FALSE(window->Loaded());
-      if (std::string(c.oidr).substr(0, 8) == "O0000200") {
+      if (std::string(oidr).substr(0, 8) == "O0000200") {
         EXPECT_EQ(object->Fields("WithRest").Value(), Variant(true));
       }
     }
-    EXPECT_EQ(shown, c.shown);
-    EXPECT_EQ(Boxes(), *c.box ? Lines{std::string("16 Apskaita ") + c.box} : Lines{});
+    EXPECT_EQ(made, shown);
+    EXPECT_EQ(Boxes(), *box ? Lines{std::string("16 Apskaita ") + box} : Lines{});
   }
 }
 
@@ -416,17 +408,6 @@ TEST_F(AdaptersTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
   }
 }
 
-TEST_F(AdaptersTest, ASecondFirmServicesSetReReadsTitleAndSettingsThroughTheStoredOnes) {
-  auto firms = Of("O0000100");
-  host_.Session()->SetAppTitle("Kita");
-  host_.Environment()->PresetSetting("O0000100", "Preview", "1,1,0");
-  firms->SetOrvelS(nullptr);  // not stored: the first services stay
-  EXPECT_NE(OrvelS(), nullptr);
-  auto& own = dynamic_cast<UI0000100&>(*firms);
-  EXPECT_EQ(own.MsgTitle(), "Kita");
-  EXPECT_EQ(own.PreviewSettings(), "1,1,0");
-}
-
 TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
   host_.User()->SetId("7");
   BO("O0000200").OnRead("CopyGood", [&](const std::string&) {
@@ -445,15 +426,14 @@ TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
   EXPECT_EQ(lines[1], "GetCall CopyGood 'O00002002','7'");
 }
 
-TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsOnTheGroup) {
+// The price and guarantee keys open their dialogs on the group (none on a gone
+// one); firms drag always and drop never.
+TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsAndFirmsDragButNeverDrop) {
   auto goods = Of("O0000200");
   EXPECT_EQ(goods->ClickMenu("O00002001", "CGroup", "9", "").Action, OrvelMenuResult::kNothing);
   EXPECT_EQ(goods->ClickMenu("O00002003", "CGroup", "10", "").Action, OrvelMenuResult::kNothing);
   goods->ClickMenu("O00002009", "CGroup", "9", "");  // gone: no dialog
   EXPECT_EQ(dialogs_->opened, (Lines{"ChangePrices O00002001", "AddGuarantee O00002003"}));
-}
-
-TEST_F(AdaptersTest, FirmsDragAlwaysAndDropNever) {
   auto firms = Of("O0000100");
   for (const char* oidr : {"", "O0000100", "O00001001", "garbage"}) {
     EXPECT_TRUE(firms->DragOK(oidr, "C", "")) << oidr;
@@ -480,13 +460,23 @@ TEST_F(AdaptersTest, AddToDesktopShowsOneWindowPerRecord) {
   EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
 }
 
-TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndLeavesASavedOneAlone) {
+// Read makes a new firm active and leaves a saved one alone; a second set of
+// services re-reads the title and settings through the stored ones.
+TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndSecondServicesReReadTheSettings) {
   auto fresh = Object("O0000100");
   EXPECT_EQ(fresh->Fields("Active").Value(), Variant(true));
   EXPECT_EQ(fresh->GetGUID(), "");
   auto saved = Object("O00001002");
   EXPECT_EQ(saved->Fields("Active").Value(), Variant(false));
   EXPECT_EQ(saved->RsFields()->MarshalOptions(), 1);
+  auto firms = Of("O0000100");
+  host_.Session()->SetAppTitle("Kita");
+  host_.Environment()->PresetSetting("O0000100", "Preview", "1,1,0");
+  firms->SetOrvelS(nullptr);  // not stored: the first services stay
+  EXPECT_NE(OrvelS(), nullptr);
+  auto& own = dynamic_cast<UI0000100&>(*firms);
+  EXPECT_EQ(own.MsgTitle(), "Kita");
+  EXPECT_EQ(own.PreviewSettings(), "1,1,0");
 }
 
 // A record's property (its one parameter) or method (`args`), with the
@@ -600,7 +590,9 @@ TEST_F(AdaptersTest, PropertiesAndMethodsSendTheirCallAndParameterString) {
   }
 }
 
-TEST_F(AdaptersTest, AGoodsMeasureIsTheObjectOfItsOwnType) {
+// A good's measure is the object of its own type; a firm's object form is a
+// firm window on that object, not loaded.
+TEST_F(AdaptersTest, PropertiesGiveObjectsOfTheirOwnType) {
   auto& measures = BO("O0000400").Table();
   measures.SetFields({"ID", "Name", "MeasureType"});
   measures.Seed({{{"Name", Variant("vnt.")}, {"MeasureType", Variant("1")}}});
@@ -609,9 +601,6 @@ TEST_F(AdaptersTest, AGoodsMeasureIsTheObjectOfItsOwnType) {
   auto measure = result.Value.ObjectAs<OrvelObjectUIO>();
   ASSERT_NE(measure, nullptr);
   EXPECT_EQ(measure->Fields("MeasureType").Value(), Variant("1"));
-}
-
-TEST_F(AdaptersTest, GetObjectFormBuildsAFirmWindowOnThisObject) {
   auto firm = Object("O00001002");
   auto window = firm->Properties("GetObjectForm", "").Value.ObjectAs<GroupedCard>();
   ASSERT_NE(window, nullptr);
@@ -700,37 +689,32 @@ TEST_F(FrmPreviewTest, SettingsFillTheBoxes) {
   }
 }
 
-struct AcceptCase {
-  const char* name;
-  const char* settings;
-  void (*play)(frmPreview&);
-  const char* result;  // "" when the user cancels
-};
-
-// OK hands out the choice without storing it; Cancel leaves the settings. The
-// result is built before the boxes are put right: two zeros leave the
-// dialog, yet it shows Active checked.
+// OK hands out the choice without storing it; Cancel ("" result) leaves the
+// settings. The result is built before the boxes are put right: two zeros
+// leave the dialog, yet it shows Active checked.
 TEST_F(FrmPreviewTest, OkHandsOutTheChoiceWithoutStoringIt) {
-  for (const AcceptCase& c : std::initializer_list<AcceptCase>{
-           {"SortByCode", "1,0,1", [](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
-           {"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,0"},
-           {"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
-           {"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"},
-           {"BothClearedNoCode", "1,0,0", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,0"},
-           {"Cancel", "1,0,1", [](frmPreview& d) { d.chkNotActive.Click(); }, ""}}) {
-    SCOPED_TRACE(c.name);
-    Open(c.settings);
-    c.play(*dialog_);
-    (*c.result ? dialog_->cmdOK : dialog_->cmdCancel).Click();
-    EXPECT_EQ(dialog_->Accepted, *c.result != 0);
-    EXPECT_EQ(dialog_->Settings, *c.result ? c.result : c.settings);
+  for (const auto& [name, settings, play, result] :
+       {std::tuple{"SortByCode", "1,0,1", +[](frmPreview& d) { d.optByCode.Click(); }, "1,0,2"},
+        {"HideCodeResetsSort", "1,1,2", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,0"},
+        {"ShowCodeByName", "1,1,0", [](frmPreview& d) { d.chkCode.Click(); }, "1,1,1"},
+        {"BothCleared", "1,0,1", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,1"},
+        {"BothClearedNoCode", "1,0,0", [](frmPreview& d) { d.chkActive.Click(); }, "0,0,0"},
+        {"Cancel", "1,0,1", [](frmPreview& d) { d.chkNotActive.Click(); }, ""}}) {
+    SCOPED_TRACE(name);
+    Open(settings);
+    play(*dialog_);
+    (*result ? dialog_->cmdOK : dialog_->cmdCancel).Click();
+    EXPECT_EQ(dialog_->Accepted, *result != 0);
+    EXPECT_EQ(dialog_->Settings, *result ? result : settings);
     EXPECT_EQ(dialog_->chkActive.Value(), 1);
     EXPECT_FALSE(dialog_->Loaded());
     EXPECT_FALSE(host_.Environment()->StoredSetting("O0000100", "Preview").has_value());
   }
 }
 
-TEST_F(FrmPreviewTest, SaveStoresUnderTheTypeOrTheFirmsWhenNoneIsGiven) {
+// Save stores under the type, or the firms' when none is given; a non-numeric
+// element is a clear error, not a crash.
+TEST_F(FrmPreviewTest, SaveStoresUnderTheTypeAndBadSettingsFailClearly) {
   Open("0,1,2", "");
   EXPECT_EQ(dialog_->OType, "O0000100");
   dialog_->cmdSave.Click();
@@ -739,11 +723,7 @@ TEST_F(FrmPreviewTest, SaveStoresUnderTheTypeOrTheFirmsWhenNoneIsGiven) {
   Open("1,1,1", "O0000300");
   dialog_->cmdSave.Click();
   EXPECT_EQ(host_.Environment()->StoredSetting("O0000300", "Preview"), "1,1,1");
-}
-
-TEST_F(FrmPreviewTest, ANonNumericElementIsAClearErrorNotACrash) {
-  dialog_->Settings = "1,x,1";
-  EXPECT_ANY_THROW(dialog_->Load());
+  EXPECT_ANY_THROW(Open("1,x,1"));
   EXPECT_FALSE(dialog_->Accepted);
 }
 

@@ -8,9 +8,9 @@
 #include <vector>
 
 #include "firms/frmFirms.h"
+#include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "host/Convert.h"
 #include "support/CardTest.h"
 #include "support/Controls.h"
 #include "support/TextRecords.h"
@@ -38,14 +38,6 @@ class FirmCardTest : public CardTest<frmFirms> {
         "Name GroupFlag OwnCode Code ParentID",
         {"Tiekėjai|1|#001|G1", "UAB Šilas|||#302245871|1", "AB Vėjas", "Vietiniai|1|#001002||1"}));
     MakeAdapter();
-  }
-
-  // The business layer's answer to "GetFirmIsUsedInDocuments": one record
-  // whose first field is the count.
-  void UsedInDocuments(Variant count) {
-    auto rs = TextRecords("Cnt", "");
-    rs->AddRow({std::move(count)});
-    BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", rs);
   }
 
   // "CheckCode" finding the code on another firm.

@@ -68,89 +68,80 @@ class FirmDetailListsTest : public FirmCardTest {
   }
 };
 
-struct LoaderCase {
-  const char* tab;
-  const char* call;
-  const char* fields;  // by blanks
-  const char* rows;    // a line a row
-  const char* columns;
-  const char* shown;
-  const char* sent = kFirm;
-};
-
-// Each list asks with the firm's OIDR and shows its columns; the window read
-// the short lists on opening, they are read again here.
+// Each row: the tab, the call, its fields (by blanks) and rows (a line a row),
+// the columns, the list shown and the parameters sent. The window read the
+// short lists on opening; they are read again here.
 TEST_F(FirmDetailListsTest, LoadersAskWithTheFirmsOidrAndShowTheirColumns) {
   using D = frmFirms::DetailList;
   const std::map<std::string, D> details{
       {"Accounts", D::Accounts},   {"FirmAddresses", D::Addresses}, {"FirmContacts", D::Contacts},
       {"FirmBRANCH", D::Branches}, {"FirmServers", D::Managers},    {"FirmActivity", D::Activity}};
-  for (const LoaderCase& c : std::initializer_list<LoaderCase>{
-           {"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12|~",
-            "Numeris|Bankas", "O00005007|LT12|||"},
-           {"FirmAddresses", "GetFirmADDRESSES",
-            "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
-            "O00020001|B|V|L|G|P|~|E|true\nO00020002|P|~|~|~|~|~|~|false",
-            "Tipas|Regionas|Indeksas|Gatvė|Telefonas|Faksas|El. paštas|Pagrindinis",
-            "O00020001|B|V;L;G;P;;E;Taip||\nO00020002|P|;;;;;;||"},
-           {"FirmContacts", "GetFirmCONTACTS",
-            "OIDR Name LastName Role Phone Fax EMail Note FlagMain", "O00021003|A|K|D|8|~|~|N|~",
-            "Vardas|Pavarde|Pareigos|Telefonas|Faksas|El. paštas|Pastaba|Pagrindinis",
-            "O00021003|A|K;D;8;;;N;||"},
-           {"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
-            "O00016041|K|#12|R|S|8|~|~",
-            "Pavadinimas|Kodas|Regionas|Gatvė|Telefonas|Faksas|El. paštas",
-            "O00016041|K|12;R;S;8;;|O00016041|"},
-           {"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|R", "Vadybininkas",
-            "O00024001|R|||"},
-           {"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|D",
-            "Veiklos pavadinimas", "O00025002|D||O00025002|"},
-           {"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
-            "17|S|@2026-01-05|~|admin|1", "Informacija|Galioja nuo|Galioja iki|Autorius",
-            "17K|S|2026-01-05;;admin||", "'O00001002',0"},
-           {"Discounts", "GetDiscounts",
-            "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
-            "O10006001|S|V|50|500|2.5|~|true|F", "Pavadinimas|Variantas|Procentas||Įmonė",
-            "O10006001|S|V (nuo:50, iki:500);2,5%;;F|O10006001|"},
-           {"Traffic", "GetTraffic", kDocs, "O10002005|O1000200|P|N|@2026-03-02|1234.5|-100.0|-1|2",
-            "Dok. grupė|Dok. Nr.|Data|Suma R|Skola R",
-            "O10002005|P|N;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | ; ; ;100,00*||",
-            "'O00001002','2026-11-23','9999-12-31'"},
-           // Contracts total without a sign.
-           {"FirmContracts", "GetContractsList",
-            "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-            "O10010003|O1001000|S-1|@2026-01-01|~|-200|G|R\nO10010002|O1001000|S-2|~|~|50.255|~|~",
-            "Numeris|Galioja nuo|Galioja iki|Suma R|Būklė|Vadybininkas",
-            "O10010003|S-1|2026-01-01;;-200,00;G;R|O10010003|O1001000\n"
-            "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||"},
-           {"Firms", "GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
-            "O00001004|V|1|~|~|~|~|~|~\nO00001002|U|0|#302|S|R|8|~|J",
-            "Pavadinimas|Įm. kodas|Gatvė|Regionas|Telefonas|Faksas|Direktorius",
-            "O00001004|V||O00001004|stdClose\nO00001002|U|302;S;R;8;;J|O00001002|C0000100",
-            "O00001001"},
-           {"GOODS", "GetFindGoods", "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
-            "O10001001.4|O10001001|O1000100|C|~|N|@2026-02-03|2.5|O00002009",
-            "Prekės pavadinimas|Komentaras|Dok. Numeris|Data|Kiekis R",
-            "O10001001.4|C|;N;2026-02-03;2,5|O10001001|O1000100", "'O00001002','cukr'"}}) {
-    SCOPED_TRACE(c.tab);
-    Reply(c.call, c.fields, c.rows);
-    const std::string tab = c.tab;
-    auto w = Open(tab == "Firms" ? "O00001001" : kFirm);
-    if (details.count(tab)) w->LoadDetail(details.at(tab));
-    if (tab == "FirmInfo") w->LoadFirmInfo();
-    if (tab == "Discounts") w->LoadDiscounts();
-    if (tab == "Traffic") w->LoadTraffic(true);
-    if (tab == "FirmContracts") w->mnuContractRefresh.Click();
-    if (tab == "Firms") w->LoadFirmsList();
-    if (tab == "GOODS") host_.HostClasses()->QueueObjectSelect("cukr");
-    if (tab == "GOODS") w->LoadGoods(true);
-    Lines sent = Calls(c.call);
-    ASSERT_FALSE(sent.empty()) << c.call;
-    EXPECT_EQ(sent.back(), c.sent);
-    EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
-    EXPECT_EQ(Shown(*w, c.tab), c.shown);
+  for (const auto& [tab, call, fields, rows, columns, shown, sent] :
+       {std::tuple{"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12|~",
+         "Numeris|Bankas", "O00005007|LT12|||", kFirm},
+        {"FirmAddresses", "GetFirmADDRESSES",
+         "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
+         "O00020001|B|V|L|G|P|~|E|true\nO00020002|P|~|~|~|~|~|~|false",
+         "Tipas|Regionas|Indeksas|Gatvė|Telefonas|Faksas|El. paštas|Pagrindinis",
+         "O00020001|B|V;L;G;P;;E;Taip||\nO00020002|P|;;;;;;||", kFirm},
+        {"FirmContacts", "GetFirmCONTACTS",
+         "OIDR Name LastName Role Phone Fax EMail Note FlagMain", "O00021003|A|K|D|8|~|~|N|~",
+         "Vardas|Pavarde|Pareigos|Telefonas|Faksas|El. paštas|Pastaba|Pagrindinis",
+         "O00021003|A|K;D;8;;;N;||", kFirm},
+        {"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
+         "O00016041|K|#12|R|S|8|~|~",
+         "Pavadinimas|Kodas|Regionas|Gatvė|Telefonas|Faksas|El. paštas",
+         "O00016041|K|12;R;S;8;;|O00016041|", kFirm},
+        {"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|R", "Vadybininkas",
+         "O00024001|R|||", kFirm},
+        {"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|D",
+         "Veiklos pavadinimas", "O00025002|D||O00025002|", kFirm},
+        {"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
+         "17|S|@2026-01-05|~|admin|1", "Informacija|Galioja nuo|Galioja iki|Autorius",
+         "17K|S|2026-01-05;;admin||", "'O00001002',0"},
+        {"Discounts", "GetDiscounts",
+         "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
+         "O10006001|S|V|50|500|2.5|~|true|F", "Pavadinimas|Variantas|Procentas||Įmonė",
+         "O10006001|S|V (nuo:50, iki:500);2,5%;;F|O10006001|", kFirm},
+        {"Traffic", "GetTraffic", kDocs, "O10002005|O1000200|P|N|@2026-03-02|1234.5|-100.0|-1|2",
+         "Dok. grupė|Dok. Nr.|Data|Suma R|Skola R",
+         "O10002005|P|N;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | ; ; ;100,00*||",
+         "'O00001002','2026-11-23','9999-12-31'"},
+        // Contracts total without a sign.
+        {"FirmContracts", "GetContractsList",
+         "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
+         "O10010003|O1001000|S-1|@2026-01-01|~|-200|G|R\nO10010002|O1001000|S-2|~|~|50.255|~|~",
+         "Numeris|Galioja nuo|Galioja iki|Suma R|Būklė|Vadybininkas",
+         "O10010003|S-1|2026-01-01;;-200,00;G;R|O10010003|O1001000\n"
+         "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||", kFirm},
+        {"Firms", "GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
+         "O00001004|V|1|~|~|~|~|~|~\nO00001002|U|0|#302|S|R|8|~|J",
+         "Pavadinimas|Įm. kodas|Gatvė|Regionas|Telefonas|Faksas|Direktorius",
+         "O00001004|V||O00001004|stdClose\nO00001002|U|302;S;R;8;;J|O00001002|C0000100",
+         "O00001001"},
+        {"GOODS", "GetFindGoods", "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
+         "O10001001.4|O10001001|O1000100|C|~|N|@2026-02-03|2.5|O00002009",
+         "Prekės pavadinimas|Komentaras|Dok. Numeris|Data|Kiekis R",
+         "O10001001.4|C|;N;2026-02-03;2,5|O10001001|O1000100", "'O00001002','cukr'"}}) {
+    SCOPED_TRACE(tab);
+    Reply(call, fields, rows);
+    const std::string key = tab;
+    auto w = Open(key == "Firms" ? "O00001001" : kFirm);
+    if (details.count(key)) w->LoadDetail(details.at(key));
+    if (key == "FirmInfo") w->LoadFirmInfo();
+    if (key == "Discounts") w->LoadDiscounts();
+    if (key == "Traffic") w->LoadTraffic(true);
+    if (key == "FirmContracts") w->mnuContractRefresh.Click();
+    if (key == "Firms") w->LoadFirmsList();
+    if (key == "GOODS") host_.HostClasses()->QueueObjectSelect("cukr");
+    if (key == "GOODS") w->LoadGoods(true);
+    Lines made = Calls(call);
+    ASSERT_FALSE(made.empty()) << call;
+    EXPECT_EQ(made.back(), sent);
+    EXPECT_EQ(Columns(Tab(*w, tab)), columns);
+    EXPECT_EQ(Shown(*w, tab), shown);
     EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-    if (tab == "Firms") {
+    if (key == "Firms") {
       EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
     }
   }
@@ -177,12 +168,22 @@ TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndItsEditorsAskToSaveItFirst
   EXPECT_EQ(Boxes(), Lines(3, "48 Apskaita Išsaugokite naujai sukurtą įmonę"));
 }
 
-TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
+// A failed read leaves the list empty and reports nothing; a cancelled goods
+// search reads nothing.
+TEST_F(FirmDetailListsTest, AFailedReadOrACancelledSearchShowsNothing) {
   BO("O0000100").FailCallsNamed("GetFirmCONTACTS", 5, "Serveris nepasiekiamas");
   auto w = Open(kFirm);
   w->LoadDetail(frmFirms::DetailList::Contacts);
   EXPECT_EQ(Tab(*w, "FirmContacts").ListItems().Count(), 0);
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
+  w->CurrentTab = w->GoodsTab;
+  w->mnuPreview.Click();
+  EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
+  EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
+  auto search = host_.HostClasses()->LastObjectSelect();
+  ASSERT_NE(search, nullptr);
+  EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
+  EXPECT_EQ(search->OType(), "O0000200");
 }
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
@@ -276,21 +277,10 @@ TEST_F(FirmDetailListsTest, ThePeriodGivesTheDays) {
   EXPECT_THAT(Calls("GetTraffic"), ElementsAre("'O00001002','2026-07-01','2026-12-31'"));
 }
 
-TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
-  auto w = Open(kFirm);
-  w->CurrentTab = w->GoodsTab;
-  w->mnuPreview.Click();
-  EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
-  EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
-  auto search = host_.HostClasses()->LastObjectSelect();
-  ASSERT_NE(search, nullptr);
-  EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
-  EXPECT_EQ(search->OType(), "O0000200");
-}
-
 constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
 
-// The first note in force is shown in its colour (or not shown at all).
+// The first note in force is shown in its colour, or not at all; an ordinary
+// note keeps the line's colour and no notes hide it.
 TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
   for (const auto& [note, shown, color] :
        {std::tuple{"4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
@@ -313,9 +303,6 @@ TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
     EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
     EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
-}
-
-TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   Reply("GetFirmInfo", kNotes, "4|A|@2026-01-01|~|admin|3");
   auto w = Open(kFirm);
   ASSERT_TRUE(w->lblInfo.Visible());
@@ -454,7 +441,6 @@ TEST_F(FirmDetailListsTest, TheAccountDialogWritesUnderTheFirm) {
   EXPECT_THAT(Boxes(), ElementsAre("16 Apskaita Klaida!\n\nNumeris kartojasi"));
   EXPECT_THAT(Calls("GetAccounts"), IsEmpty());
 }
-
 
 // "ID|text|from|to|priority|colour" of the dialog, the colour of the text and
 // of its sample by "/".

@@ -21,6 +21,22 @@ using Right = TestRights::Right;
 using ::testing::Contains;
 using ::testing::StartsWith;
 
+// One answer record: the four sums (0 unless given), the limit (1000000, no
+// limit, unless given) and the given terms, as "name=value;...".
+std::shared_ptr<MemoryRecordset> Record(const std::string& figures) {
+  std::map<std::string, Variant> fields{
+      {"Sum220", 0}, {"Sum240", 0}, {"Sum450", 0}, {"Sum460", 0}, {"Limit", 1000000}};
+  for (auto& [name, value] : Assignments(figures)) fields[name] = value;
+  auto rs = std::make_shared<MemoryRecordset>();
+  std::vector<Variant> values;
+  for (const auto& [name, value] : fields) {
+    rs->AddField(name);
+    values.push_back(value);
+  }
+  rs->AddRow(values);
+  return rs;
+}
+
 // A window that notes which editor the deferred dialogs open.
 class RecordingFirms : public frmFirms {
  public:
@@ -41,6 +57,13 @@ class FrmFirmsTest : public FirmCardTest {
 
   // "CheckBranch" finding `count` branches.
   void HasBranches(int count = 1) { Reply("CheckBranch", "Exist", std::to_string(count)); }
+
+  // Opens firm 2 and answers "GetFirmDebt" (or "GetOurDebt") with one record.
+  std::shared_ptr<frmFirms> OpenWithDebt(const std::string& figures,
+                                         const char* call = "GetFirmDebt") {
+    BO("O0000100").ReplyRead(call, Record(figures));
+    return Open("O00001002");
+  }
 };
 
 // Each row: the node and the menu key that builds the window, the contract
@@ -112,7 +135,8 @@ TEST_F(FrmFirmsTest, ListHandlesFollowTheTabs) {
   EXPECT_NO_THROW(w->List(10));
 }
 
-TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
+// A dirty card asks before it goes and sets its close button by the answer.
+TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtonsAndQueryRemoveAsks) {
   auto w = Open("O00001002");
   EXPECT_EQ(w->txtGroup.Text() + "|" + w->lblDebt.Caption() + "|" + w->MsgTitle + "|" +
                 std::to_string(w->IsRoot) + std::to_string(w->IsNew) + "|" + Buttons(*w),
@@ -121,6 +145,18 @@ TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
   auto top = Open("O00001003");
   EXPECT_TRUE(top->IsRoot);
   EXPECT_EQ(top->txtGroup.Text(), "");
+  Grid(*w).EditField("Name", Variant("X"));
+  host_.Ui()->QueueAnswer(vbNo);
+  bool cancel = false;
+  w->QueryRemove(cancel);
+  EXPECT_TRUE(cancel);
+  EXPECT_TRUE(w->SSCClose.Enabled());
+  EXPECT_EQ(Boxes(), Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
+  cancel = false;
+  host_.Ui()->QueueAnswer(vbYes);
+  w->QueryRemove(cancel);
+  EXPECT_FALSE(cancel);
+  EXPECT_FALSE(w->SSCClose.Enabled());
 }
 
 // A stored firm needs the update right, a new one the insert right.
@@ -138,22 +174,6 @@ TEST_F(FrmFirmsTest, AChangeEnablesWriteOnlyWithTheRight) {
     Grid(*w).EditField("Name", Variant("X"));
     EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), enabled);
   }
-}
-
-TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("X"));
-  host_.Ui()->QueueAnswer(vbNo);
-  bool cancel = false;
-  w->QueryRemove(cancel);
-  EXPECT_TRUE(cancel);
-  EXPECT_TRUE(w->SSCClose.Enabled());
-  EXPECT_EQ(Boxes(), Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
-  cancel = false;
-  host_.Ui()->QueueAnswer(vbYes);
-  w->QueryRemove(cancel);
-  EXPECT_FALSE(cancel);
-  EXPECT_FALSE(w->SSCClose.Enabled());
 }
 
 // Each row: the window's node (a group's OIDR opens a new firm, but for its
@@ -254,7 +274,10 @@ TEST_F(FrmFirmsTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
   }
 }
 
-TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
+// Only a saved group accepts firms. A firm dropped on a group is listed there
+// and moves, unless the group lists it already or is the firm's own
+// descendant.
+TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirmsAndListsAndMovesThem) {
   for (const auto& [window, text, effect] : {std::tuple{"O00001001", "O00001003", 1},
                                              {"O00001001", "O00003005", 0},
                                              {"O00001002", "O00001003", 0},
@@ -262,11 +285,6 @@ TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
     auto w = Open(window, window == std::string("O0000100") ? "2" : "0");
     EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(text), 1), effect) << window;
   }
-}
-
-// A firm dropped on a group is listed there and moves, unless the group lists
-// it already or is the firm's own descendant.
-TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   for (const auto& [group, listed, dragged, parent, shown] :
        {std::tuple{"O00001004", "O00001003", "O00001003", Variant::Null(), "O00001003"},
         {"O00001004", "", "O00001001", Variant::Null(), ""},
@@ -322,31 +340,7 @@ TEST_F(FrmFirmsTest, NewMenuAndDeleteFromCloseOnANewFirm) {
   EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
 }
 
-// One answer record: the four sums (0 unless given), the limit (1000000, no
-// limit, unless given) and the given terms, as "name=value;...".
-std::shared_ptr<MemoryRecordset> Record(const std::string& figures) {
-  std::map<std::string, Variant> fields{
-      {"Sum220", 0}, {"Sum240", 0}, {"Sum450", 0}, {"Sum460", 0}, {"Limit", 1000000}};
-  for (auto& [name, value] : Assignments(figures)) fields[name] = value;
-  auto rs = std::make_shared<MemoryRecordset>();
-  std::vector<Variant> values;
-  for (const auto& [name, value] : fields) {
-    rs->AddField(name);
-    values.push_back(value);
-  }
-  rs->AddRow(values);
-  return rs;
-}
-
-class FirmDebtTest : public FirmCardTest {
- protected:
-  // Opens firm 2 and answers "GetFirmDebt" (or "GetOurDebt") with one record.
-  std::shared_ptr<frmFirms> OpenWithDebt(const std::string& figures,
-                                         const char* call = "GetFirmDebt") {
-    BO("O0000100").ReplyRead(call, Record(figures));
-    return Open("O00001002");
-  }
-};
+using FirmDebtTest = FrmFirmsTest;
 
 struct DebtCase {
   const char* name;
@@ -446,7 +440,16 @@ TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValuesAndTheLineStaysRed) 
   EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
 }
 
+// A session without an own firm, or with one that cannot be read, is not
+// this firm's; the own firm shows our side without limits.
 TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
+  for (auto own : {std::shared_ptr<MemoryRecordset>(), TextRecords("ID", "")}) {
+    host_.Session()->SetOwnFirm(own);
+    auto w = OpenWithDebt("Sum240=3");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
+  }
   host_.Session()->SetOwnFirm(TextRecords("OIDR", "O00001002"));
   auto w = OpenWithDebt("Sum240=100;Sum450=-7;Limit=0;LimitTerm=3", "GetOurDebt");
   w->lblCredit.SetCaption("ankstesnė");
@@ -457,18 +460,6 @@ TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
   EXPECT_EQ(w->lblCredit.Caption(), "ankstesnė");
   EXPECT_EQ(w->lblCredit.ForeColor(), vbBlue);
   EXPECT_EQ(BusinessLines(), Lines{"GetCall GetOurDebt O00001002"});
-}
-
-// A session without an own firm, or with one that cannot be read, is not
-// this firm's.
-TEST_F(FirmDebtTest, AnUnreadableOwnFirmIsNotThisOne) {
-  for (auto own : {std::shared_ptr<MemoryRecordset>(), TextRecords("ID", "")}) {
-    host_.Session()->SetOwnFirm(own);
-    auto w = OpenWithDebt("Sum240=3");
-    w->lblDebt.Click();
-    EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
-    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
-  }
 }
 
 TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
@@ -485,29 +476,25 @@ const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
 
 // Every other change is written, and the user is told nothing.
 // Each row: the rights CCatalogueCredits and CFirmsCH, the count of documents
-// (Empty: an answer without a record, telling of none) and the name and group
+// ("" an answer without a record, telling of none) and the name and group
 // after the write.
 TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
   const auto firm = BO("O0000100").Table().ReadRecord(2);
   for (const auto& [name, credits, rename, count, stored] :
-       {std::tuple{"NeitherRight", false, false, Variant(3), "UAB Šilas|1"},
-        {"CreditsMoveButDoNotRename", true, false, Variant(1), "UAB Šilas|4"},
-        {"RenameRightDoesBoth", false, true, Variant(1), "UAB Kitas|4"},
-        {"BothRights", true, true, Variant(12.5), "UAB Kitas|4"},
-        {"NotUsedNeedsNoRight", false, false, Variant(0), "UAB Kitas|4"},
-        {"NegativeCountIsNotUsed", false, false, Variant(-1), "UAB Kitas|4"},
-        {"NullCountIsNotUsed", false, false, Variant::Null(), "UAB Kitas|4"},
-        {"CountAsText", false, false, Variant("2"), "UAB Šilas|1"},
-        {"NoRecordIsNotUsed", false, false, Variant(), "UAB Kitas|4"}}) {
+       {std::tuple{"NeitherRight", false, false, "3", "UAB Šilas|1"},
+        {"CreditsMoveButDoNotRename", true, false, "1", "UAB Šilas|4"},
+        {"RenameRightDoesBoth", false, true, "1", "UAB Kitas|4"},
+        {"BothRights", true, true, "12.5", "UAB Kitas|4"},
+        {"NotUsedNeedsNoRight", false, false, "0", "UAB Kitas|4"},
+        {"NegativeCountIsNotUsed", false, false, "-1", "UAB Kitas|4"},
+        {"NullCountIsNotUsed", false, false, "~", "UAB Kitas|4"},
+        {"CountAsText", false, false, "#2", "UAB Šilas|1"},
+        {"NoRecordIsNotUsed", false, false, "", "UAB Kitas|4"}}) {
     SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
     if (!credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
     if (!rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
-    if (count.IsEmpty()) {
-      BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", TextRecords("Cnt", ""));
-    } else {
-      UsedInDocuments(count);
-    }
+    Reply("GetFirmIsUsedInDocuments", "Cnt", count);
     BO("O0000100").Table().Store(2, *firm);
     auto w = Open("O00001002");
     Grid(*w).EditField("Name", Variant("UAB Kitas"));
@@ -525,8 +512,11 @@ TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
   }
 }
 
-TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
-  UsedInDocuments(Variant("daug"));
+// An unreadable count is shown and nothing is written. The rule also runs for
+// a new firm: its group is its new value against the business layer's empty
+// record, so without the rights a "used" count puts it back at the top.
+TEST_F(FirmCardTest, AnUnreadableCountIsShownAndTheRuleRunsForANewFirm) {
+  Reply("GetFirmIsUsedInDocuments", "Cnt", "daug");
   auto w = Open("O00001002");
   Grid(*w).EditField("Name", Variant("UAB Kitas"));
   host_.Ui()->QueueAnswer(vbOK);
@@ -535,17 +525,12 @@ TEST_F(FirmCardTest, AnUnreadableCountIsShownAndNothingIsWritten) {
   ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
   EXPECT_EQ(host_.Ui()->Boxes()[0].prompt.rfind("Klaida!", 0), 0u);
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
-}
-
-// A new firm's group is its new value against the business layer's empty
-// record, so without the rights a "used" count puts it back at the top.
-TEST_F(FirmCardTest, TheRuleAlsoRunsForANewRecord) {
   host_.Rights()->Deny("CFirmsCH", Right::Allowed);
   host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
-  UsedInDocuments(Variant(1));
-  auto w = Open("O00001001", "1");
-  Grid(*w).EditField("Name", Variant("UAB Naujas"));
-  w->cmdEnter_Click();
+  Reply("GetFirmIsUsedInDocuments", "Cnt", "1");
+  auto fresh = Open("O00001001", "1");
+  Grid(*fresh).EditField("Name", Variant("UAB Naujas"));
+  fresh->cmdEnter_Click();
   ASSERT_EQ(BO("O0000100").Table().Count(), 5u);
   EXPECT_TRUE(Stored(5, "ParentID").IsNull());
   EXPECT_EQ(Stored(5, "Name"), Variant());
