@@ -222,15 +222,13 @@ TEST_F(FrmBanksTest, ARightClickOnASelectedFirmOffersTheDesktop) {
 
 using BankAdaptersTest = FrmBanksTest;
 
-TEST_F(BankAdaptersTest, TheRootOffersNewAndSelectARecordAlsoDesktopAndDelete) {
+// The root offers New and Select, a record also the desktop and Delete. Key 0
+// builds the bank's card, key 1 a card on a new bank, without showing either;
+// a bank that cannot be read is handed out as ShowWindow with nothing.
+TEST_F(BankAdaptersTest, TheMenuAndItsCardKeys) {
   EXPECT_EQ(Keys("O0000300", ""), "1 &Naujas bankas|4 &Atrinkti");
   EXPECT_EQ(Keys("O00003005", "C"),
             "0 Padėti &ant darbo stalo|1 &Naujas bankas|6 &Panaikinti|4 &Atrinkti");
-}
-
-// Key 0 builds the bank's card, key 1 a card on a new bank, without showing
-// either; a bank that cannot be read is handed out as ShowWindow with nothing.
-TEST_F(BankAdaptersTest, KeysZeroAndOneBuildTheCardWithoutShowingIt) {
   for (const auto& [oidr, key, built] : {std::tuple{"O00003005", "0", "O00003005"},
                                          {"O00003005", "1", ""},
                                          {"O00003009", "0", "-"}}) {
@@ -246,8 +244,11 @@ TEST_F(BankAdaptersTest, KeysZeroAndOneBuildTheCardWithoutShowingIt) {
                                     "GetCall Orvel_ReadObject 'O00003009'"}));
 }
 
-// By the menu and by the key chord alike; an empty answer changes nothing.
-TEST_F(BankAdaptersTest, SelectingByTextReplacesTheListWithTheMatches) {
+// Selecting by text, by the menu and the chord alike, replaces the list with
+// the matches; an empty answer changes nothing. Delete asks with OK and Cancel
+// and removes on OK; a delete that fails leaves the node; unknown keys do
+// nothing.
+TEST_F(BankAdaptersTest, SelectingReplacesTheListAndDeleteAsks) {
   for (const char* key : {"4", "70S2"}) {
     SCOPED_TRACE(key);
     host_.Log().Clear();
@@ -268,10 +269,6 @@ TEST_F(BankAdaptersTest, SelectingByTextReplacesTheListWithTheMatches) {
     EXPECT_FALSE(dialog->MultiSelect());
     EXPECT_EQ(dialog->OType(), "O0000300");
   }
-}
-
-// A delete that fails leaves the node; unknown keys do nothing.
-TEST_F(BankAdaptersTest, DeleteAsksWithOkAndCancelAndRemovesOnOk) {
   host_.Ui()->QueueAnswer(vbCancel);
   EXPECT_EQ(adapter_->ClickMenu("O00003005", "", "6", "").Action, OrvelMenuResult::kNothing);
   EXPECT_TRUE(BO("O0000300").Table().Contains(5));

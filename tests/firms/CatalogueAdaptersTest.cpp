@@ -12,7 +12,6 @@
 #include "goods/GoodsDialogs.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelServices.h"
-#include "support/CaseName.h"
 #include "support/CardTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestEnvironment.h"
@@ -408,7 +407,10 @@ TEST_F(AdaptersTest, GoodsSettingsReplaceTheListOnlyWhenAccepted) {
   }
 }
 
-TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
+// Copy opens the copy made for the user. A firm's desktop entry fails on a
+// gone firm or without the read right; a good's is true even for a gone good;
+// either shows one window per record.
+TEST_F(AdaptersTest, CopyOpensTheCopyAndTheDesktopShowsOneWindowPerRecord) {
   host_.User()->SetId("7");
   BO("O0000200").OnRead("CopyGood", [&](const std::string&) {
     auto copy = BO("O0000200")
@@ -424,6 +426,20 @@ TEST_F(AdaptersTest, CopyOpensTheCopyMadeForTheUser) {
   auto lines = BusinessLines();
   ASSERT_GE(lines.size(), 2u);
   EXPECT_EQ(lines[1], "GetCall CopyGood 'O00002002','7'");
+  auto firms = Of("O0000100");
+  // The card's own read fails on this fixture's firm (no CreatedByUser) and says so.
+  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
+  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
+  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
+  EXPECT_EQ(host_.WindowManager()->Count(), 1u);
+  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001009"));
+  auto goods = Of("O0000200");
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
+  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002009"));
+  EXPECT_EQ(host_.WindowManager()->Count(), 2u);
+  host_.Rights()->Deny("CFirms", Right::Read);
+  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
 }
 
 // The price and guarantee keys open their dialogs on the group (none on a gone
@@ -441,28 +457,11 @@ TEST_F(AdaptersTest, PriceAndGuaranteeKeysOpenTheirDialogsAndFirmsDragButNeverDr
   }
 }
 
-// A firm's desktop entry fails on a gone firm or without the read right; a
-// good's is true even for a gone good.
-TEST_F(AdaptersTest, AddToDesktopShowsOneWindowPerRecord) {
-  auto firms = Of("O0000100");
-  // The card's own read fails on this fixture's firm (no CreatedByUser) and says so.
-  for (int box = 0; box < 2; ++box) host_.Ui()->QueueAnswer(vbOK);
-  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
-  EXPECT_TRUE(firms->AddToDeskTopOrvelObject("O00001002"));
-  EXPECT_EQ(host_.WindowManager()->Count(), 1u);
-  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001009"));
-  auto goods = Of("O0000200");
-  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
-  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002002"));
-  EXPECT_TRUE(goods->AddToDeskTopOrvelObject("O00002009"));
-  EXPECT_EQ(host_.WindowManager()->Count(), 2u);
-  host_.Rights()->Deny("CFirms", Right::Read);
-  EXPECT_FALSE(firms->AddToDeskTopOrvelObject("O00001003"));
-}
-
 // Read makes a new firm active and leaves a saved one alone; a second set of
-// services re-reads the title and settings through the stored ones.
-TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndSecondServicesReReadTheSettings) {
+// services re-reads the title and settings through the stored ones. A good's
+// measure is the object of its own type; a firm's object form is a firm
+// window on that object, not loaded.
+TEST_F(AdaptersTest, ObjectsReadAndPropertiesGiveObjects) {
   auto fresh = Object("O0000100");
   EXPECT_EQ(fresh->Fields("Active").Value(), Variant(true));
   EXPECT_EQ(fresh->GetGUID(), "");
@@ -477,6 +476,19 @@ TEST_F(AdaptersTest, ReadMakesANewFirmActiveAndSecondServicesReReadTheSettings) 
   auto& own = dynamic_cast<UI0000100&>(*firms);
   EXPECT_EQ(own.MsgTitle(), "Kita");
   EXPECT_EQ(own.PreviewSettings(), "1,1,0");
+  auto& measures = BO("O0000400").Table();
+  measures.SetFields({"ID", "Name", "MeasureType"});
+  measures.Seed({{{"Name", Variant("vnt.")}, {"MeasureType", Variant("1")}}});
+  auto result = Object("O00002002")->Properties("Measure", "O00004001");
+  EXPECT_EQ(result.Number, 0);
+  auto measure = result.Value.ObjectAs<OrvelObjectUIO>();
+  ASSERT_NE(measure, nullptr);
+  EXPECT_EQ(measure->Fields("MeasureType").Value(), Variant("1"));
+  auto firm = Object("O00001002");
+  auto window = firm->Properties("GetObjectForm", "").Value.ObjectAs<GroupedCard>();
+  ASSERT_NE(window, nullptr);
+  EXPECT_EQ(window->OrvelObjectUIO(), firm);
+  EXPECT_FALSE(window->Loaded());
 }
 
 // A record's property (its one parameter) or method (`args`), with the
@@ -588,24 +600,6 @@ TEST_F(AdaptersTest, PropertiesAndMethodsSendTheirCallAndParameterString) {
     const std::string line = (c.method ? "" : "GetCall ") + std::string(c.line);
     EXPECT_EQ(BusinessLines(), *c.line ? Lines{line} : Lines{});
   }
-}
-
-// A good's measure is the object of its own type; a firm's object form is a
-// firm window on that object, not loaded.
-TEST_F(AdaptersTest, PropertiesGiveObjectsOfTheirOwnType) {
-  auto& measures = BO("O0000400").Table();
-  measures.SetFields({"ID", "Name", "MeasureType"});
-  measures.Seed({{{"Name", Variant("vnt.")}, {"MeasureType", Variant("1")}}});
-  auto result = Object("O00002002")->Properties("Measure", "O00004001");
-  EXPECT_EQ(result.Number, 0);
-  auto measure = result.Value.ObjectAs<OrvelObjectUIO>();
-  ASSERT_NE(measure, nullptr);
-  EXPECT_EQ(measure->Fields("MeasureType").Value(), Variant("1"));
-  auto firm = Object("O00001002");
-  auto window = firm->Properties("GetObjectForm", "").Value.ObjectAs<GroupedCard>();
-  ASSERT_NE(window, nullptr);
-  EXPECT_EQ(window->OrvelObjectUIO(), firm);
-  EXPECT_FALSE(window->Loaded());
 }
 
 // A new firm takes its group's type and region; at the top it asks for

@@ -45,7 +45,6 @@ class RecordingFirms : public frmFirms {
   Lines opened;
 };
 
-// The firm card's catalogue (see FirmCardTest).
 class FrmFirmsTest : public FirmCardTest {
  protected:
   std::shared_ptr<RecordingFirms> OpenOwn(const std::string& oidr) {
@@ -422,24 +421,6 @@ TEST_F(FirmDebtTest, AFailedEmptyOrUnreadableAnswer) {
   EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
 }
 
-// Missing limit fields keep their former values; once red, the line stays red.
-TEST_F(FirmDebtTest, MissingLimitFieldsKeepTheirFormerValuesAndTheLineStaysRed) {
-  auto w = OpenWithDebt("Sum240=100;Limit=50;LimitTerm=5.0");
-  w->lblDebt.Click();
-  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
-  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
-  w->lblDebt.Click();
-  EXPECT_EQ((std::vector<double>{w->Limit, w->LimitTerm, w->Debt}),
-            (std::vector<double>{50, 5, 60}));
-  EXPECT_EQ(w->lblDebt.Caption(),
-            "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
-            "(5,00Lt.  Viršytas kredito terminas ! )");
-  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10;LimitTerm=0"));
-  w->lblDebt.Click();
-  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
-  EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
-}
-
 // A session without an own firm, or with one that cannot be read, is not
 // this firm's; the own firm shows our side without limits.
 TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
@@ -462,7 +443,9 @@ TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
   EXPECT_EQ(BusinessLines(), Lines{"GetCall GetOurDebt O00001002"});
 }
 
-TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
+// Groups and new firms have an empty line and ask nothing. Missing limit
+// fields keep their former values; once red, the line stays red.
+TEST_F(FirmDebtTest, GroupsAskNothingAndMissingLimitsKeepTheirValues) {
   for (const char* key : {"0", "1"}) {
     auto w = Open("O00001001", key);
     ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
@@ -470,6 +453,20 @@ TEST_F(FirmDebtTest, GroupsAndNewFirmsHaveAnEmptyLineAndAskNothing) {
     EXPECT_EQ(w->lblDebt.Caption(), "");
     EXPECT_TRUE(BusinessLines().empty());
   }
+  auto w = OpenWithDebt("Sum240=100;Limit=50;LimitTerm=5.0");
+  w->lblDebt.Click();
+  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
+  w->lblDebt.Click();
+  EXPECT_EQ((std::vector<double>{w->Limit, w->LimitTerm, w->Debt}),
+            (std::vector<double>{50, 5, 60}));
+  EXPECT_EQ(w->lblDebt.Caption(),
+            "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
+            "(5,00Lt.  Viršytas kredito terminas ! )");
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10;LimitTerm=0"));
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
+  EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
 }
 
 const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
