@@ -9,7 +9,6 @@
 
 #include "firms/frmFirms.h"
 #include "host/Convert.h"
-#include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
 #include "support/Controls.h"
