@@ -8,12 +8,17 @@
 #include <vector>
 
 #include "firms/frmFirms.h"
-#include "host/MemoryRecordset.h"
+#include "host/Convert.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "support/CardTest.h"
+#include "support/Controls.h"
 #include "support/TextRecords.h"
 
 namespace orvel {
+
+using Lines = std::vector<std::string>;
+
+inline Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
 
 class FirmCardTest : public CardTest<frmFirms> {
  protected:
@@ -34,16 +39,23 @@ class FirmCardTest : public CardTest<frmFirms> {
     MakeAdapter();
   }
 
-  // The business layer's answer to "GetFirmIsUsedInDocuments": one record
-  // whose first field is the count.
-  void UsedInDocuments(Variant count) {
-    auto rs = TextRecords("Cnt", "");
-    rs->AddRow({std::move(count)});
-    BO("O0000100").ReplyRead("GetFirmIsUsedInDocuments", rs);
-  }
-
   // "CheckCode" finding the code on another firm.
   void CodeRepeats() { BO("O0000100").ReplyRead("CheckCode", TextRecords("Exist", "1")); }
+
+  // The firms' answer to `call`: the fields named by blanks, a row a line.
+  void Reply(const std::string& call, const std::string& fields, const std::string& rows) {
+    BO("O0000100").ReplyRead(call, TextRecords(fields, rows.c_str()));
+  }
+
+  // The parameter strings of the firms' calls named `name`, in order.
+  Lines Calls(const std::string& name) {
+    Lines out;
+    for (const auto& call : BO("O0000100").Calls(name)) out.push_back(call.param);
+    return out;
+  }
+
+  // Write, Cancel and New, "1" when enabled.
+  static std::string Buttons(frmFirms& w) { return OnOff({&w.cmdEnter, &w.cmdCancel, &w.SSCNew}); }
 };
 
 }  // namespace orvel

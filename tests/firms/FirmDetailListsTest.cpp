@@ -1,17 +1,20 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+#include <tuple>
+
 #include "FirmCardFixture.h"
 #include "common/DetailDialog.h"
 #include "firms/frmAccounts.h"
+#include "firms/frmFirmInfo.h"
 #include "host/Text.h"
-#include "support/CaseName.h"
-#include "support/TextRecords.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestMainForm.h"
 #include "testhost/TestObjectManager.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestRights.h"
+#include "testhost/TestUser.h"
 #include "ui/ControlConstants.h"
 
 namespace orvel {
@@ -19,19 +22,15 @@ namespace {
 
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
-using Lines = std::vector<std::string>;
 
 constexpr const char* kFirm = "O00001002";
 constexpr const char* kDocs = "OIDR OType DocName Number Date Suma Debt Sign GID";
 
-Variant DayOf(int y, int m, int d) { return Variant(DateSerial(y, m, d)); }
-
-// "caption width" of each column, with " R" for a right-aligned one, by "|".
+// The caption of each column, with " R" for a right-aligned one, by "|".
 std::string Columns(const ListView& list) {
   Lines out;
   for (const auto& column : list.ColumnHeaders()) {
-    out.push_back(column->Text() + " " + std::to_string(column->Width()) +
-                  (column->Alignment() == lvwColumnRight ? " R" : ""));
+    out.push_back(column->Text() + (column->Alignment() == lvwColumnRight ? " R" : ""));
   }
   return Join(out, "|");
 }
@@ -56,171 +55,139 @@ class FirmDetailListsTest : public FirmCardTest {
   void SetUp() override {
     FirmCardTest::SetUp();
     // The branch tab is made for a firm that has branches.
-    Reply("CheckBranch", "Exist", {"1"});
-  }
-
-  void Reply(const std::string& call, const std::string& fields, const Lines& rows) {
-    BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
-  }
-  void Reply(const std::string& call, const std::string& fields, const char* rows) {
-    BO("O0000100").ReplyRead(call, TextRecords(fields, rows));
-  }
-
-  Lines Calls(const std::string& name) {
-    Lines out;
-    for (const auto& call : BO("O0000100").Calls(name)) out.push_back(call.param);
-    return out;
+    Reply("CheckBranch", "Exist", "1");
   }
 
   ListView& Tab(frmFirms& window, const std::string& key) { return Grid(window).TabList(key); }
+  std::string Shown(frmFirms& window, const std::string& key) {
+    return Join(RowsOf(Tab(window, key)), "\n");
+  }
 
   void Period(const char* call, Variant::Array period) {
     host_.ObjectManager()->ReplyToCall(call, OrvelResult{0, "", Variant(std::move(period))});
   }
 };
 
-struct LoaderCase {
-  const char* tab;
-  const char* call;
-  const char* fields;  // by blanks
-  const char* rows;    // a line a row
-  const char* columns;
-  const char* shown;
-};
-
-class LoaderTest : public FirmDetailListsTest, public ::testing::WithParamInterface<LoaderCase> {};
-
-TEST_P(LoaderTest, AsksWithTheFirmsOidrAndShowsItsColumns) {
-  const LoaderCase& c = GetParam();
-  Reply(c.call, c.fields, c.rows);
-  const std::string tab = c.tab;
-  auto w = Open(tab == "Firms" ? "O00001001" : kFirm);
-  // The window read the short lists on opening; they are read again here.
-  if (tab == "Accounts") w->LoadDetail(frmFirms::DetailList::Accounts);
-  if (tab == "FirmAddresses") w->LoadDetail(frmFirms::DetailList::Addresses);
-  if (tab == "FirmContacts") w->LoadDetail(frmFirms::DetailList::Contacts);
-  if (tab == "FirmBRANCH") w->LoadDetail(frmFirms::DetailList::Branches);
-  if (tab == "FirmServers") w->LoadDetail(frmFirms::DetailList::Managers);
-  if (tab == "FirmActivity") w->LoadDetail(frmFirms::DetailList::Activity);
-  if (tab == "FirmInfo") w->LoadFirmInfo();
-  if (tab == "Discounts") w->LoadDiscounts();
-  if (tab == "Traffic") w->LoadTraffic(true);
-  if (tab == "FirmContracts") w->mnuContractRefresh.Click();
-  if (tab == "Firms") w->LoadFirmsList();
-  if (tab == "GOODS") {
-    host_.HostClasses()->QueueObjectSelect("cukr");
-    w->LoadGoods(true);
-  }
-  const char* expected = tab == "Traffic"    ? "'O00001002','2026-11-23','9999-12-31'"
-                         : tab == "GOODS"    ? "'O00001002','cukr'"
-                         : tab == "FirmInfo" ? "'O00001002',0"
-                         : tab == "Firms"    ? "O00001001"
-                                             : kFirm;
-  Lines sent = Calls(c.call);
-  ASSERT_FALSE(sent.empty()) << c.call;
-  EXPECT_EQ(sent.back(), expected);
-  EXPECT_EQ(Columns(Tab(*w, c.tab)), c.columns);
-  EXPECT_EQ(Join(RowsOf(Tab(*w, c.tab)), "\n"), c.shown);
-  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  if (tab == "Firms") {
-    EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
+// Each row: the tab, the call, its fields (by blanks) and rows (a line a row),
+// the columns, the list shown and the parameters sent. The window read the
+// short lists on opening; they are read again here.
+TEST_F(FirmDetailListsTest, LoadersAskWithTheFirmsOidrAndShowTheirColumns) {
+  using D = frmFirms::DetailList;
+  const std::map<std::string, D> details{
+      {"Accounts", D::Accounts},   {"FirmAddresses", D::Addresses}, {"FirmContacts", D::Contacts},
+      {"FirmBRANCH", D::Branches}, {"FirmServers", D::Managers},    {"FirmActivity", D::Activity}};
+  for (const auto& [tab, call, fields, rows, columns, shown, sent] :
+       {std::tuple{"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12|~",
+         "Numeris|Bankas", "O00005007|LT12|||", kFirm},
+        {"FirmAddresses", "GetFirmADDRESSES",
+         "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
+         "O00020001|B|V|L|G|P|~|E|true\nO00020002|P|~|~|~|~|~|~|false",
+         "Tipas|Regionas|Indeksas|Gatvė|Telefonas|Faksas|El. paštas|Pagrindinis",
+         "O00020001|B|V;L;G;P;;E;Taip||\nO00020002|P|;;;;;;||", kFirm},
+        {"FirmContacts", "GetFirmCONTACTS",
+         "OIDR Name LastName Role Phone Fax EMail Note FlagMain", "O00021003|A|K|D|8|~|~|N|~",
+         "Vardas|Pavarde|Pareigos|Telefonas|Faksas|El. paštas|Pastaba|Pagrindinis",
+         "O00021003|A|K;D;8;;;N;||", kFirm},
+        {"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
+         "O00016041|K|#12|R|S|8|~|~",
+         "Pavadinimas|Kodas|Regionas|Gatvė|Telefonas|Faksas|El. paštas",
+         "O00016041|K|12;R;S;8;;|O00016041|", kFirm},
+        {"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|R", "Vadybininkas",
+         "O00024001|R|||", kFirm},
+        {"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|D",
+         "Veiklos pavadinimas", "O00025002|D||O00025002|", kFirm},
+        {"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
+         "17|S|@2026-01-05|~|admin|1", "Informacija|Galioja nuo|Galioja iki|Autorius",
+         "17K|S|2026-01-05;;admin||", "'O00001002',0"},
+        {"Discounts", "GetDiscounts",
+         "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
+         "O10006001|S|V|50|500|2.5|~|true|F", "Pavadinimas|Variantas|Procentas||Įmonė",
+         "O10006001|S|V (nuo:50, iki:500);2,5%;;F|O10006001|", kFirm},
+        {"Traffic", "GetTraffic", kDocs, "O10002005|O1000200|P|N|@2026-03-02|1234.5|-100.0|-1|2",
+         "Dok. grupė|Dok. Nr.|Data|Suma R|Skola R",
+         "O10002005|P|N;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | ; ; ;100,00*||",
+         "'O00001002','2026-11-23','9999-12-31'"},
+        // Contracts total without a sign.
+        {"FirmContracts", "GetContractsList",
+         "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
+         "O10010003|O1001000|S-1|@2026-01-01|~|-200|G|R\nO10010002|O1001000|S-2|~|~|50.255|~|~",
+         "Numeris|Galioja nuo|Galioja iki|Suma R|Būklė|Vadybininkas",
+         "O10010003|S-1|2026-01-01;;-200,00;G;R|O10010003|O1001000\n"
+         "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||", kFirm},
+        {"Firms", "GetFirms", "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
+         "O00001004|V|1|~|~|~|~|~|~\nO00001002|U|0|#302|S|R|8|~|J",
+         "Pavadinimas|Įm. kodas|Gatvė|Regionas|Telefonas|Faksas|Direktorius",
+         "O00001004|V||O00001004|stdClose\nO00001002|U|302;S;R;8;;J|O00001002|C0000100",
+         "O00001001"},
+        {"GOODS", "GetFindGoods", "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
+         "O10001001.4|O10001001|O1000100|C|~|N|@2026-02-03|2.5|O00002009",
+         "Prekės pavadinimas|Komentaras|Dok. Numeris|Data|Kiekis R",
+         "O10001001.4|C|;N;2026-02-03;2,5|O10001001|O1000100", "'O00001002','cukr'"}}) {
+    SCOPED_TRACE(tab);
+    Reply(call, fields, rows);
+    const std::string key = tab;
+    auto w = Open(key == "Firms" ? "O00001001" : kFirm);
+    if (details.count(key)) w->LoadDetail(details.at(key));
+    if (key == "FirmInfo") w->LoadFirmInfo();
+    if (key == "Discounts") w->LoadDiscounts();
+    if (key == "Traffic") w->LoadTraffic(true);
+    if (key == "FirmContracts") w->mnuContractRefresh.Click();
+    if (key == "Firms") w->LoadFirmsList();
+    if (key == "GOODS") host_.HostClasses()->QueueObjectSelect("cukr");
+    if (key == "GOODS") w->LoadGoods(true);
+    Lines made = Calls(call);
+    ASSERT_FALSE(made.empty()) << call;
+    EXPECT_EQ(made.back(), sent);
+    EXPECT_EQ(Columns(Tab(*w, tab)), columns);
+    EXPECT_EQ(Shown(*w, tab), shown);
+    EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+    if (key == "Firms") {
+      EXPECT_EQ(Tab(*w, "Firms").SmallIcons(), host_.MainForm()->ImgCatalogue());
+    }
   }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Tabs, LoaderTest,
-    ::testing::Values(
-        LoaderCase{"Accounts", "GetAccounts", "OIDR Number BankName", "O00005007|LT12 7300|~",
-                   "Numeris 2000|Bankas 4000", "O00005007|LT12 7300|||"},
-        LoaderCase{"FirmAddresses", "GetFirmADDRESSES",
-                   "OIDR AddressType Region PostCode Street Phone Fax EMail FlagMain",
-                   "O00020001|Buveinės|Vilnius|LT-01100|Gedimino pr. 1|+370 5 "
-                   "1|~|a@b.lt|true\nO00020002|Pristatymo|~|~|~|~|~|~|false",
-                   "Tipas 2000|Regionas 1000|Indeksas 1000|Gatvė 2000|Telefonas 1000|Faksas 1000|"
-                   "El. paštas 1500|Pagrindinis 1500",
-                   "O00020001|Buveinės|Vilnius;LT-01100;Gedimino pr. 1;+370 5 "
-                   "1;;a@b.lt;Taip||\nO00020002|Pristatymo|;;;;;;||"},
-        LoaderCase{"FirmContacts", "GetFirmCONTACTS",
-                   "OIDR Name LastName Role Phone Fax EMail Note FlagMain",
-                   "O00021003|Asta|Kazlauskienė|Direktorė|8 600|~|~|Po 10 val.|~",
-                   "Vardas 1000|Pavarde 1000|Pareigos 2000|Telefonas 1000|Faksas 1000|"
-                   "El. paštas 1500|Pastaba 1500|Pagrindinis 1500",
-                   "O00021003|Asta|Kazlauskienė;Direktorė;8 600;;;Po 10 val.;||"},
-        LoaderCase{"FirmBRANCH", "GetFirmBranch", "OIDR Name Code Region Street Tel Fax EMail",
-                   "O00016041|Kauno filialas|#12|Kaunas|Laisvės al. 3|8 37|~|~",
-                   "Pavadinimas 2000|Kodas 1000|Regionas 1000|Gatvė 2000|Telefonas 1000|"
-                   "Faksas 1000|El. paštas 1500",
-                   "O00016041|Kauno filialas|12;Kaunas;Laisvės al. 3;8 37;;|O00016041|"},
-        LoaderCase{"FirmServers", "GetFirmSERVERS", "OIDR Name", "O00024001|Rūta Buhalterė",
-                   "Vadybininkas 3000", "O00024001|Rūta Buhalterė|||"},
-        LoaderCase{"FirmActivity", "GetFirmActivity", "OIDR Preview", "O00025002|Didmeninė prekyba",
-                   "Veiklos pavadinimas 5000", "O00025002|Didmeninė prekyba||O00025002|"},
-        LoaderCase{"FirmInfo", "GetFirmInfo", "ID Info DateFrom DateTo UserName Priority",
-                   "17|Skambinti|@2026-01-05|~|admin|1",
-                   "Informacija 4000|Galioja nuo 2000|Galioja iki 2000|Autorius 4000",
-                   "17K|Skambinti|2026-01-05;;admin||"},
-        LoaderCase{
-            "Discounts", "GetDiscounts",
-            "OIDR DiscountTypeName VariantName SumFrom SumTo Percent GoodName Valid FirmName",
-            "O10006001|Sezoninė|Vasara|50|500|2.5|~|true|UAB Šilas",
-            "Pavadinimas 3000|Variantas 3000|Procentas 800| 2000|Įmonė 4000",
-            "O10006001|Sezoninė|Vasara (nuo:50, iki:500);2,5%;;UAB Šilas|O10006001|"},
-        LoaderCase{
-            "Traffic", "GetTraffic", kDocs,
-            "O10002005|O1000200|Pirkimo sąskaita|PIR00005|@2026-03-02|1234.5|-100.0|-1|2",
-            "Dok. grupė 2000|Dok. Nr. 1500|Data 1200|Suma 1500 R|Skola 1500 R",
-            "O10002005|Pirkimo sąskaita|PIR00005;2026-03-02;1234,50;100,00|O10002005|O1000200\n| | "
-            "; ; ;100,00*||"},
-        // Contracts total without a sign.
-        LoaderCase{"FirmContracts", "GetContractsList",
-                   "OIDR OType ContractNumber DateFrom DateTo SumA State Responsible",
-                   "O10010003|O1001000|S-1|@2026-01-01|~|-200|Galioja|Rūta\n"
-                   "O10010002|O1001000|S-2|~|~|50.255|~|~",
-                   "Numeris 2000|Galioja nuo 1500|Galioja iki 1200|Suma 1500 R|Būklė 1200|"
-                   "Vadybininkas 2000",
-                   "O10010003|S-1|2026-01-01;;-200,00;Galioja;Rūta|O10010003|O1001000\n"
-                   "O10010002|S-2|;;50,26;;|O10010002|O1001000\n| | ; ;149,75*;;||"},
-        LoaderCase{"Firms", "GetFirms",
-                   "OIDR Preview GroupFlag Code Street RegionName Tel Fax Director",
-                   "O00001004|Vietiniai|1|~|~|~|~|~|~\nO00001002|UAB Šilas|0|#302245871|Ąžuolų g. "
-                   "2|Vilnius|8 5|~|J. Jonaitis",
-                   "Pavadinimas 3000|Įm. kodas 1000|Gatvė 1000|Regionas 1000|Telefonas 1000|"
-                   "Faksas 1000|Direktorius 3000",
-                   "O00001004|Vietiniai||O00001004|stdClose\nO00001002|UAB Šilas|302245871;Ąžuolų "
-                   "g. 2;Vilnius;8 5;;J. Jonaitis|O00001002|C0000100"},
-        LoaderCase{"GOODS", "GetFindGoods",
-                   "GOIDR DocOIDR OType GoodName Comment Number Date Amount OIDR",
-                   "O10001001.4|O10001001|O1000100|Cukrus|~|PSF00001|@2026-02-03|2.5|O00002009",
-                   "Prekės pavadinimas 3000|Komentaras 2000|Dok. Numeris 1200|Data 1200|"
-                   "Kiekis 2000 R",
-                   "O10001001.4|Cukrus|;PSF00001;2026-02-03;2,5|O10001001|O1000100"}),
-    [](const auto& info) { return std::string(info.param.tab); });
-
-TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndNoDiscountColumns) {
+// A new firm reads nothing, and its editors ask to save it first.
+TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndItsEditorsAskToSaveItFirst) {
   auto w = Open("O00001001", "1");
-  w->LoadDetail(frmFirms::DetailList::Accounts);
-  w->LoadDetail(frmFirms::DetailList::Addresses);
-  w->LoadDetail(frmFirms::DetailList::Contacts);
-  w->LoadDetail(frmFirms::DetailList::Managers);
+  using D = frmFirms::DetailList;
+  for (D list : {D::Accounts, D::Addresses, D::Contacts, D::Managers, D::Activity}) {
+    w->LoadDetail(list);
+  }
   w->LoadFirmInfo();
-  w->LoadDetail(frmFirms::DetailList::Activity);
   w->LoadDiscounts();
   EXPECT_THAT(BO("O0000100").Calls(), IsEmpty());
   EXPECT_EQ(Tab(*w, "FirmAddresses").ColumnHeaders().Count(), 8);
   EXPECT_EQ(Tab(*w, "FirmAddresses").ListItems().Count(), 0);
   EXPECT_EQ(Tab(*w, "Discounts").ColumnHeaders().Count(), 0);
+  w->CurrentTab = w->AddressesTab;
+  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
+  w->EditDetail(true);
+  w->EditAccount(true);
+  w->EditFirmInfo(true);
+  EXPECT_EQ(Boxes(), Lines(3, "48 Apskaita Išsaugokite naujai sukurtą įmonę"));
 }
 
-TEST_F(FirmDetailListsTest, AFailedReadLeavesTheListEmptyAndReportsNothing) {
+// A failed read leaves the list empty and reports nothing; a cancelled goods
+// search reads nothing.
+TEST_F(FirmDetailListsTest, AFailedReadOrACancelledSearchShowsNothing) {
   BO("O0000100").FailCallsNamed("GetFirmCONTACTS", 5, "Serveris nepasiekiamas");
   auto w = Open(kFirm);
   w->LoadDetail(frmFirms::DetailList::Contacts);
   EXPECT_EQ(Tab(*w, "FirmContacts").ListItems().Count(), 0);
   EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
+  w->CurrentTab = w->GoodsTab;
+  w->mnuPreview.Click();
+  EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
+  EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
+  auto search = host_.HostClasses()->LastObjectSelect();
+  ASSERT_NE(search, nullptr);
+  EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
+  EXPECT_EQ(search->OType(), "O0000200");
 }
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
-  Reply("GetTraffic", kDocs, {"O10001001|O1000100|PVM sąskaita|PSF1|@2026-03-01|10|10|1|1"});
+  Reply("GetTraffic", kDocs, "O10001001|O1000100|PVM sąskaita|PSF1|@2026-03-01|10|10|1|1");
   auto w = Open(kFirm);
   EXPECT_THAT(Calls("GetTraffic"), IsEmpty());
   EXPECT_THAT(Calls("GetContractsList"), IsEmpty());
@@ -242,82 +209,60 @@ TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked)
   EXPECT_EQ(Calls("GetTraffic").size(), 1u);
 }
 
-struct TrafficCase {
-  const char* name;
-  const char* rows;
-  const char* denied;  // an Allowed right taken away, "" for none
-  const char* shown;
-};
-
+// Each row: a right taken away ("" none), the documents and the list shown.
 TEST_F(FirmDetailListsTest, RowsTotalsAndTagsByRight) {
-  for (const TrafficCase& c : std::initializer_list<TrafficCase>{
-           // What the firm owes and what we owe it cancel out: the total is 0.00.
-           {"DebtsCancelOut",
-            "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@2026-"
-            "03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
-            "",
-            "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-"
-            "03-02;50,00;50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|"
-            "O10002003|O1000200\n| | ; ; ;0,00*||"},
-           // A sign of -1 turns a debt around before it is added.
-           {"SignTurnsTheDebt",
-            "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@"
-            "2026-03-01|30|30|1|1",
-            "",
-            "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-"
-            "03-01;30,00;30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
-           // Document groups answer to their lock right, the others to the
-           // operation right; a row without the right shows but has no Tag.
-           {"RightsByDocumentKind",
-            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D|#2|@2026-03-"
-            "02|1|1|1|7",
-            "CDocumentGroupLock7",
-            "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,"
-            "00|O10002002|O1000200\n| | ; ; ;2,00*||"},
-           // A repeated OIDR adds no row: its columns go into the row before.
-           {"RepeatedOidrWritesIntoThePreviousRow",
-            "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-"
-            "09|2|2|1|1",
-            "",
-            "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|"
-            "O1000100\n| | ; ; ;3,00*||"},
-           // The business layer's summary row names no record: it is not opened.
-           {"SummaryRowHasNoTag", "O0000000|O0000000|Iš viso||~|5|5|0|0", "",
-            "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
-           {"NoDocumentsNoTotal", "", "", ""}}) {
-    SCOPED_TRACE(c.name);
-    if (*c.denied) host_.Rights()->Deny(c.denied, TestRights::Right::Allowed);
-    Reply("GetTraffic", kDocs, c.rows);
+  for (const auto& [denied, rows, shown] : {
+        // What the firm owes and what we owe it cancel out: the total is 0.00.
+        std::tuple{"", "O10001001|O1000100|D|#1|@2026-03-01|50|50|1|1\nO10002002|O1000200|D|#2|@20"
+         "26-03-02|50|50|1|2\nO10002003|O1000200|D|#3|@2026-03-03|100|-100|1|2",
+         "O10001001|D|1;2026-03-01;50,00;50,00|O10001001|O1000100\nO10002002|D|2;2026-03-02;50,00;"
+         "50,00|O10002002|O1000200\nO10002003|D|3;2026-03-03;100,00;100,00|O10002003|O1000200\n| |"
+         " ; ; ;0,00*||"},
+        // A sign of -1 turns a debt around before it is added.
+        {"", "O10002002|O1000200|D|#2|@2026-03-02|80|-80|-1|2\nO10001001|O1000100|D|#1|@2026-03-01"
+         "|30|30|1|1",
+         "O10002002|D|2;2026-03-02;80,00;80,00|O10002002|O1000200\nO10001001|D|1;2026-03-01;30,00;"
+         "30,00|O10001001|O1000100\n| | ; ; ;110,00*||"},
+        // Document groups answer to their lock right, the others to the
+        // operation right; a row without the right shows but has no Tag.
+        {"CDocumentGroupLock7", "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|7\nO10002002|O1000200|D"
+         "|#2|@2026-03-02|1|1|1|7",
+         "O10001001|D|1;2026-03-01;1,00;1,00||O1000100\nO10002002|D|2;2026-03-02;1,00;1,00|O100020"
+         "02|O1000200\n| | ; ; ;2,00*||"},
+        // A repeated OIDR adds no row: its columns go into the row before.
+        {"", "O10001001|O1000100|D|#1|@2026-03-01|1|1|1|1\nO10001001|O1000100|D|#9|@2026-03-09|2|2"
+         "|1|1",
+         "O10001001|D|1;2026-03-01;1,00;1,00;9;2026-03-09;2,00;2,00|O10001001|O1000100\n| | ; ; ;3"
+         ",00*||"},
+        // The business layer's summary row names no record: it is not opened.
+        {"", "O0000000|O0000000|Iš viso||~|5|5|0|0",
+         "O0000000|Iš viso|;;5,00;5,00||O0000000\n| | ; ; ;0,00*||"},
+        {"", "", ""}}) {  // no documents, no total
+    SCOPED_TRACE(rows);
+    if (*denied) host_.Rights()->Deny(denied, TestRights::Right::Allowed);
+    Reply("GetTraffic", kDocs, rows);
     auto w = Open(kFirm);
     w->LoadTraffic(true);
-    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), c.shown);
+    EXPECT_EQ(Join(RowsOf(Tab(*w, "Traffic")), "\n"), shown);
   }
 }
 
-struct PeriodCase {
-  const char* name;
-  Variant::Array period;
-  const char* params;
-};
-
+// The period gives the days; a new period reloads the documents, the same
+// one does not.
 TEST_F(FirmDetailListsTest, ThePeriodGivesTheDays) {
-  for (const PeriodCase& c : std::initializer_list<PeriodCase>{
-           {"OwnDates",
-            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true), Variant(0)},
-            "'O00001002','2026-01-01','2026-06-30'"},
-           {"DaysBackFromToday",
-            {DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
-            "'O00001002','2026-10-24','9999-12-31'"},
-           {"NoPeriodFromTheHost", {}, "'O00001002','2026-11-23','9999-12-31'"}}) {
-    SCOPED_TRACE(c.name);
-    Period("GetOldPeriod", c.period);
+  for (const auto& [period, params] :
+       {std::tuple{Variant::Array{DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(true),
+                                  Variant(0)},
+                   "'O00001002','2026-01-01','2026-06-30'"},
+        {{DayOf(2026, 1, 1), DayOf(2026, 6, 30), Variant(30), Variant(false), Variant(0)},
+         "'O00001002','2026-10-24','9999-12-31'"},
+        {Variant::Array{}, "'O00001002','2026-11-23','9999-12-31'"}}) {  // none from the host
+    SCOPED_TRACE(params);
+    Period("GetOldPeriod", period);
     auto w = Open(kFirm);
     w->LoadTraffic(true);
-    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(c.params));
+    EXPECT_THAT(Calls("GetTraffic"), ElementsAre(params));
   }
-}
-
-TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   const Variant::Array year{DayOf(2026, 1, 1), DayOf(2026, 12, 31), Variant(0), Variant(true),
                             Variant(0)};
   Period("GetOldPeriod", year);
@@ -326,64 +271,42 @@ TEST_F(FirmDetailListsTest, ANewPeriodReloadsTheDocumentsTheSameOneDoesNot) {
   w->CurrentTab = w->TrafficTab;
   w->mnuPreview.Click();
   EXPECT_THAT(Calls("GetTraffic"), IsEmpty());
-
   Period("GetNewPeriod",
          {DayOf(2026, 7, 1), DayOf(2026, 12, 31), Variant(0), Variant(true), Variant(0)});
   w->mnuPreview.Click();
   EXPECT_THAT(Calls("GetTraffic"), ElementsAre("'O00001002','2026-07-01','2026-12-31'"));
 }
 
-TEST_F(FirmDetailListsTest, GoodsSearchCancelledReadsNothing) {
-  auto w = Open(kFirm);
-  w->CurrentTab = w->GoodsTab;
-  w->mnuPreview.Click();
-  EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
-  EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
-  auto search = host_.HostClasses()->LastObjectSelect();
-  ASSERT_NE(search, nullptr);
-  EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
-  EXPECT_EQ(search->OType(), "O0000200");
-}
-
 constexpr const char* kNotes = "ID Info DateFrom DateTo UserName Priority";
 
-struct NoteLineCase {
-  const char* name;
-  const char* note;  // the note in force, or not
-  bool shown;
-  int32_t color;
-};
-
+// The first note in force is shown in its colour, or not at all; an ordinary
+// note keeps the line's colour and no notes hide it.
 TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
-  for (const NoteLineCase& c : std::initializer_list<NoteLineCase>{
-           {"NoEnd", "4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
-           {"EndsToday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
-           {"EndsLater", "4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
-           {"EndedYesterday", "4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false,
-            vbBlue}}) {
-    SCOPED_TRACE(c.name);
-    Reply("GetFirmInfo", kNotes, {c.note, "9|Sena|@2025-01-01|@2025-02-01|rūta|3"});
+  for (const auto& [note, shown, color] :
+       {std::tuple{"4|Mokėjimai vėluoja|@2026-01-01|~|admin|1", true, vbBlack},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2026-11-23|admin|2", true, vbBlue},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2027-01-01|admin|3", true, vbRed},
+        {"4|Mokėjimai vėluoja|@2026-01-01|@2026-11-22|admin|2", false, vbBlue}}) {
+    SCOPED_TRACE(note);
+    Reply("GetFirmInfo", kNotes, note + std::string("\n9|Sena|@2025-01-01|@2025-02-01|rūta|3"));
     auto w = Open(kFirm);
-    EXPECT_EQ(w->lblInfo.Visible(), c.shown);
-    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (c.shown ? w->pnlInfo.Height() : 0));
-    if (c.shown) {
+    EXPECT_EQ(w->lblInfo.Visible(), shown);
+    EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (shown ? w->pnlInfo.Height() : 0));
+    if (shown) {
       EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
-      EXPECT_EQ(w->lblInfo.ForeColor(), c.color);
+      EXPECT_EQ(w->lblInfo.ForeColor(), color);
     }
     // Every note stays in the list, coloured by its priority.
     ListView& list = Tab(*w, "FirmInfo");
     ASSERT_EQ(list.ListItems().Count(), 2);
-    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), c.color);
+    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), color);
     EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
     EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
-}
-
-TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
-  Reply("GetFirmInfo", kNotes, {"4|A|@2026-01-01|~|admin|3"});
+  Reply("GetFirmInfo", kNotes, "4|A|@2026-01-01|~|admin|3");
   auto w = Open(kFirm);
   ASSERT_TRUE(w->lblInfo.Visible());
-  Reply("GetFirmInfo", kNotes, {"5|B|@2026-01-01|~|admin|1"});
+  Reply("GetFirmInfo", kNotes, "5|B|@2026-01-01|~|admin|1");
   w->LoadFirmInfo();
   EXPECT_EQ(w->lblInfo.Caption(), "B (admin)");
   EXPECT_EQ(w->lblInfo.ForeColor(), vbRed);
@@ -393,32 +316,22 @@ TEST_F(FirmDetailListsTest, AnOrdinaryNoteKeepsTheLinesColourAndNoNotesHideIt) {
   EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top());
 }
 
-struct DiscountCase {
-  const char* name;
-  const char* row;  // VariantName|SumFrom|SumTo|GoodName|Valid
-  const char* variant;
-  const char* origin;
-};
-
+// A row's VariantName|SumFrom|SumTo|GoodName|Valid, its variant and origin.
 TEST_F(FirmDetailListsTest, VariantAndOrigin) {
-  for (const DiscountCase& c : std::initializer_list<DiscountCase>{
-           {"NoVariant", "~|100|200|~|true", "", ""},
-           {"NoUpperBound", "Didmena|100|0||true", "Didmena (nuo:100)", ""},
-           {"Bounds", "Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
-           {"Inherited", "~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
-           {"InheritedNotValid", "~|~|~|Statyba|false", "",
-            "Paveldeta iš grupės:Statyba(negalioja)"},
-           {"NotValidAlone", "~|~|~|~|false", "", "(negalioja)"}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [row, variant, origin] :
+       {std::tuple{"~|100|200|~|true", "", ""},
+        {"Didmena|100|0||true", "Didmena (nuo:100)", ""},
+        {"Didmena|100.5|500|~|true", "Didmena (nuo:100,5, iki:500)", ""},
+        {"~|~|~|Statyba|true", "", "Paveldeta iš grupės:Statyba"},
+        {"~|~|~|Statyba|false", "", "Paveldeta iš grupės:Statyba(negalioja)"},
+        {"~|~|~|~|false", "", "(negalioja)"}}) {
+    SCOPED_TRACE(row);
     Reply("GetDiscounts",
           "OIDR DiscountTypeName Percent FirmName VariantName SumFrom SumTo GoodName Valid",
-          {std::string("O10006001|N|5|Tiekėjai|") + c.row});
+          std::string("O10006001|N|5|Tiekėjai|") + row);
     auto w = Open(kFirm);
-    const ListItem& row = Tab(*w, "Discounts").ListItems().Item(1);
-    EXPECT_EQ(row.ListSubItems().Item(1).Text(), c.variant);
-    EXPECT_EQ(row.ListSubItems().Item(2).Text(), "5%");
-    EXPECT_EQ(row.ListSubItems().Item(3).Text(), c.origin);
-    EXPECT_EQ(row.ListSubItems().Item(4).Text(), "Tiekėjai");
+    EXPECT_EQ(Shown(*w, "Discounts"),
+              "O10006001|N|" + std::string(variant) + ";5%;" + origin + ";Tiekėjai|O10006001|");
   }
 }
 
@@ -437,77 +350,44 @@ class ScriptedDetailDialogs : public DetailDialog {
   std::vector<std::string> seen;
 };
 
-struct DetailCase {
-  const char* tab;
-  const char* otype;
-  const char* call;
-  bool isNew;
-  const char* seen;
-};
-
-class EditDetailTest : public FirmDetailListsTest,
-                       public ::testing::WithParamInterface<DetailCase> {
- protected:
-  void SetUp() override {
-    FirmDetailListsTest::SetUp();
-    dialogs_ = std::make_shared<ScriptedDetailDialogs>();
-    InstallDetailDialog(dialogs_);
-  }
-  void TearDown() override {
-    InstallDetailDialog(nullptr);
-    FirmDetailListsTest::TearDown();
-  }
-  std::shared_ptr<ScriptedDetailDialogs> dialogs_;
-};
-
-TEST_P(EditDetailTest, OpensTheRowOrANewRecordAndReloadsWhenSaved) {
-  const DetailCase& c = GetParam();
-  auto& table = BO(c.otype).Table();
-  table.SetFields({"ID", "Name", "FirmID"});
-  table.Seed({{{"Name", Variant("Esamas")}, {"FirmID", Variant(2)}}});
-  // One row that every detail list can read.
-  Reply(c.call,
-        "OIDR Name Preview AddressType LastName Role Region PostCode Street Phone Fax EMail Note "
-        "FlagMain",
-        {std::string(c.otype) + "1|x|x|x|x|x|x|x|x|x|x|x|x|x"});
-  auto w = Open(kFirm);
-  ListView& list = Tab(*w, c.tab);
-  list.SetSelectedItem(&list.ListItems().Item(1));
-  const size_t before = Calls(c.call).size();
-  w->CurrentTab = static_cast<int16_t>(TabIndex(*w, c.tab) + 1);
-  w->EditDetail(c.isNew);
-  EXPECT_THAT(dialogs_->seen, ElementsAre(c.seen));
-  EXPECT_EQ(Calls(c.call).size(), before + 1);
-
-  dialogs_->save = false;
-  w->EditDetail(c.isNew);
-  EXPECT_EQ(Calls(c.call).size(), before + 1);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Tabs, EditDetailTest,
-    ::testing::Values(
-        DetailCase{"FirmAddresses", "O0002000", "GetFirmADDRESSES", true,
-                   " FirmID=2 UAB Šilas: Naujas adresas / Apskaita"},
-        DetailCase{"FirmAddresses", "O0002000", "GetFirmADDRESSES", false,
-                   "O00020001 FirmID=2 UAB Šilas: Adresai / Apskaita"},
-        DetailCase{"FirmContacts", "O0002100", "GetFirmCONTACTS", true,
-                   " FirmID=2 UAB Šilas: Naujas kontaktas / Apskaita"},
-        DetailCase{"FirmServers", "O0002400", "GetFirmSERVERS", false,
-                   "O00024001 FirmID=2 UAB Šilas: Vadybininkas atsakingas už įmonės aptarnavimą"
-                   " / Apskaita"},
-        DetailCase{"FirmServers", "O0002400", "GetFirmSERVERS", true,
-                   " FirmID=2 UAB Šilas: Naujas vadybininkas atsakingas už įmonės aptarnavimą"
-                   " / Apskaita"},
-        DetailCase{"FirmActivity", "O0002500", "GetFirmActivity", true,
-                   " FirmID=2 UAB Šilas: Nauja veiklos rūšis / Apskaita"}),
-    [](const auto& info) {
-      return std::string(info.param.tab) + (info.param.isNew ? "New" : "Existing");
-    });
-
-TEST_F(FirmDetailListsTest, EditingWithoutASelectedRowOpensNothing) {
+// The row's record or a new one, reloaded when saved; with no row selected
+// nothing opens.
+TEST_F(FirmDetailListsTest, EditorsOpenTheRowOrANewRecordAndReloadWhenSaved) {
   auto dialogs = std::make_shared<ScriptedDetailDialogs>();
   InstallDetailDialog(dialogs);
+  for (const auto& [tab, otype, call, isNew, caption] :
+       {std::tuple{"FirmAddresses", "O0002000", "GetFirmADDRESSES", true, "Naujas adresas"},
+        {"FirmAddresses", "O0002000", "GetFirmADDRESSES", false, "Adresai"},
+        {"FirmContacts", "O0002100", "GetFirmCONTACTS", true, "Naujas kontaktas"},
+        {"FirmServers", "O0002400", "GetFirmSERVERS", false,
+         "Vadybininkas atsakingas už įmonės aptarnavimą"},
+        {"FirmServers", "O0002400", "GetFirmSERVERS", true,
+         "Naujas vadybininkas atsakingas už įmonės aptarnavimą"},
+        {"FirmActivity", "O0002500", "GetFirmActivity", true, "Nauja veiklos rūšis"}}) {
+    SCOPED_TRACE(std::string(tab) + (isNew ? " new" : ""));
+    auto& table = BO(otype).Table();
+    table.SetFields({"ID", "Name", "FirmID"});
+    table.Seed({{{"Name", Variant("Esamas")}, {"FirmID", Variant(2)}}});
+    // One row that every detail list can read.
+    Reply(call, "OIDR Name Preview AddressType LastName Role Region Street",
+          std::string(otype) + "1|x|x|x|x|x|x|x");
+    auto w = Open(kFirm);
+    ListView& list = Tab(*w, tab);
+    list.SetSelectedItem(&list.ListItems().Item(1));
+    const size_t before = Calls(call).size();
+    w->CurrentTab = static_cast<int16_t>(TabIndex(*w, tab) + 1);
+    dialogs->seen.clear();
+    dialogs->save = true;
+    w->EditDetail(isNew);
+    const std::string oidr = isNew ? "" : std::string(otype) + "1";
+    EXPECT_THAT(dialogs->seen,
+                ElementsAre(oidr + " FirmID=2 UAB Šilas: " + caption + " / Apskaita"));
+    EXPECT_EQ(Calls(call).size(), before + 1);
+    dialogs->save = false;
+    w->EditDetail(isNew);
+    EXPECT_EQ(Calls(call).size(), before + 1);
+  }
+  dialogs->seen.clear();
   auto w = Open(kFirm);
   w->CurrentTab = w->ContactsTab;
   w->EditDetail(false);
@@ -519,17 +399,12 @@ TEST_F(FirmDetailListsTest, EditingWithoutASelectedRowOpensNothing) {
   EXPECT_EQ(host_.Ui()->PendingModalScripts(), 0u);
 }
 
-class AccountDialogTest : public FirmDetailListsTest {
- protected:
-  void SetUp() override {
-    FirmDetailListsTest::SetUp();
-    auto& table = BO("O0000500").Table();
-    table.SetFields({"ID", "Name", "BankID", "FOIDR"});
-    table.Seed({{{"Name", Variant("LT01")}, {"FOIDR", Variant(kFirm)}}});
-  }
-};
-
-TEST_F(AccountDialogTest, ANewAccountBelongsToTheFirmAndReloadsTheList) {
+// An account's dialog: a new one belongs to the firm and reloads the list; a
+// failed write is shown and the dialog stays.
+TEST_F(FirmDetailListsTest, TheAccountDialogWritesUnderTheFirm) {
+  auto& table = BO("O0000500").Table();
+  table.SetFields({"ID", "Name", "BankID", "FOIDR"});
+  table.Seed({{{"Name", Variant("LT01")}, {"FOIDR", Variant(kFirm)}}});
   auto w = Open(kFirm);
   std::string caption;
   host_.Ui()->QueueModal([&](Form& form) {
@@ -540,15 +415,13 @@ TEST_F(AccountDialogTest, ANewAccountBelongsToTheFirmAndReloadsTheList) {
   });
   w->mnuAccountsNew.Click();
   EXPECT_EQ(caption, "UAB Šilas: Nauja atsiskaitomoji sąskaita");
-  EXPECT_EQ(BO("O0000500").Table().Value(2, "FOIDR"), Variant(kFirm));
-  EXPECT_EQ(BO("O0000500").Table().Value(2, "Name"), Variant("LT02"));
+  EXPECT_EQ(table.Value(2, "FOIDR"), Variant(kFirm));
+  EXPECT_EQ(table.Value(2, "Name"), Variant("LT02"));
   EXPECT_THAT(Calls("GetAccounts"), ElementsAre(kFirm));
-}
 
-TEST_F(AccountDialogTest, AFailedWriteIsShownAndTheDialogStays) {
-  Reply("GetAccounts", "OIDR Number BankName", {"O00005001|LT01|Swedbank"});
+  Reply("GetAccounts", "OIDR Number BankName", "O00005001|LT01|Swedbank");
   BO("O0000500").FailCallsNamed("Orvel_SaveObject", 17, "Numeris kartojasi");
-  auto w = Open(kFirm);
+  w = Open(kFirm);
   ListView& list = Tab(*w, "Accounts");
   list.SetSelectedItem(&list.ListItems().Item(1));
   bool stayed = false;
@@ -569,14 +442,144 @@ TEST_F(AccountDialogTest, AFailedWriteIsShownAndTheDialogStays) {
   EXPECT_THAT(Calls("GetAccounts"), IsEmpty());
 }
 
-TEST_F(FirmDetailListsTest, EditorsOfANewFirmAskToSaveItFirst) {
-  auto w = Open("O00001001", "1");
-  w->CurrentTab = w->AddressesTab;
-  for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
-  w->EditDetail(true);
-  w->EditAccount(true);
-  w->EditFirmInfo(true);
-  EXPECT_EQ(Boxes(), Lines(3, "48 Apskaita Išsaugokite naujai sukurtą įmonę"));
+// "ID|text|from|to|priority|colour" of the dialog, the colour of the text and
+// of its sample by "/".
+std::string Describe(frmFirmInfo& d) {
+  return std::to_string(d.ID) + "|" + d.txtInfo.Text() + "|" + ConcatText(d.dtpDateFrom.Value()) +
+         "|" + ConcatText(d.dtpDateTo.Value()) + "|" + d.imcPriority.Text() + "|" +
+         std::to_string(d.txtInfo.ForeColor()) + "/" + std::to_string(d.lblColor.ForeColor());
+}
+
+class FrmFirmInfoTest : public FirmCardTest {
+ protected:
+  // The firm's notes as the business layer lists them, a line a note.
+  void Notes(const std::string& rows) {
+    Reply("GetFirmInfo", "ID Info DateFrom DateTo UserName Priority", rows);
+  }
+
+  // Opens the note of list row `key` ("" for a new note) with `script`
+  // playing the user; returns the window.
+  std::shared_ptr<frmFirms> Edit(const std::string& key, std::function<void(frmFirmInfo&)> script) {
+    auto w = Open(kFirm);
+    if (!key.empty()) {
+      ListView& list = Grid(*w).TabList("FirmInfo");
+      list.SetSelectedItem(list.ListItems().Find(key));
+    }
+    host_.Ui()->QueueModal(
+        [script = std::move(script)](Form& form) { script(dynamic_cast<frmFirmInfo&>(form)); });
+    w->EditFirmInfo(key.empty());
+    return w;
+  }
+
+  Lines Writes() { return Calls("AddUpdateFirmInfo"); }
+  size_t Reads() { return Calls("GetFirmInfo").size(); }
+};
+
+TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayWithoutAnEndAndIsWrittenUnderIdZero) {
+  Edit("", [](frmFirmInfo& dialog) {
+    EXPECT_EQ(dialog.Caption(), "Įmonės informacija");
+    EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
+    ASSERT_EQ(dialog.imcPriority.ComboItems().Count(), 3);
+    dialog.txtInfo.Edit("  Skambinti 'rytoj'  ");
+    dialog.imcPriority.Pick(dialog.imcPriority.ComboItems().Item(2));
+    EXPECT_EQ(dialog.txtInfo.ForeColor(), vbBlue);  // the pick recolours
+    dialog.cmdWrite.Click();
+  });
+  EXPECT_THAT(Writes(), ElementsAre("0,'Skambinti \"rytoj\"','20261123',Null,2,1,2"));
+  // Saved: the list and the line are read again.
+  EXPECT_EQ(Reads(), 1u);
+}
+
+TEST_F(FrmFirmInfoTest, AStoredNoteOpensInItsPriorityAndColour) {
+  host_.User()->SetRs(TextRecords("ID", "3"));
+  for (const auto& [priority, shown] :
+       {std::pair{1, "Svarbi informacija|0/0"},
+        {2, "Ypatingai svarbi informacija|16711680/16711680"},  // blue
+        {3, "Įspėjamoji informacija|255/255"}}) {                // red
+    const std::string level = std::to_string(priority);
+    Notes("17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level +
+          "\n18|Kita|@2026-02-01|~|admin|1");
+    Edit("17K", [&, shown = shown](frmFirmInfo& dialog) {
+      EXPECT_EQ(Describe(dialog),
+                std::string("17|Mokėjimai vėluoja|2026-01-05|2026-12-31|") + shown);
+      dialog.cmdWrite.Click();
+    });
+    EXPECT_EQ(Writes().back(), "17,'Mokėjimai vėluoja','20260105','20261231',2,3," + level);
+  }
+}
+
+// Another user removed the note meanwhile: it opens as a new one.
+TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
+  Notes("17|Sena|@2026-01-05|~|admin|3");
+  auto w = Open(kFirm);
+  ListView& list = Grid(*w).TabList("FirmInfo");
+  list.SetSelectedItem(list.ListItems().Find("17K"));
+  Notes("");
+  host_.Ui()->QueueModal([](Form& form) {
+    auto& dialog = dynamic_cast<frmFirmInfo&>(form);
+    EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
+    dialog.txtInfo.Edit("Nauja");
+    dialog.cmdWrite.Click();
+  });
+  w->EditFirmInfo(false);
+  EXPECT_THAT(Writes(), ElementsAre("0,'Nauja','20261123',Null,2,1,1"));
+}
+
+TEST_F(FrmFirmInfoTest, TheStartBoundsTheEndAndMovesIt) {
+  Edit("", [](frmFirmInfo& dialog) {
+    EXPECT_TRUE(dialog.dtpDateTo.Pick(DayOf(2026, 12, 1)));
+    // No end before the start.
+    EXPECT_FALSE(dialog.dtpDateTo.Pick(DayOf(2026, 11, 22)));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2026, 12, 1));
+    // A start past the end moves the minimum, and the end with it.
+    EXPECT_TRUE(dialog.dtpDateFrom.Pick(DayOf(2027, 1, 10)));
+    EXPECT_EQ(dialog.dtpDateTo.MinDate(), DateSerial(2027, 1, 10));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2027, 1, 10));
+    // An earlier start lowers the minimum and leaves the end.
+    EXPECT_TRUE(dialog.dtpDateFrom.Pick(DayOf(2026, 11, 1)));
+    EXPECT_EQ(dialog.dtpDateTo.Value(), DayOf(2027, 1, 10));
+    dialog.txtInfo.Edit("X");
+    dialog.cmdWrite.Click();
+  });
+  EXPECT_THAT(Writes(), ElementsAre("0,'X','20261101','20270110',2,1,1"));
+}
+
+// Cancel writes and reloads nothing; a failed write still closes as saved.
+TEST_F(FrmFirmInfoTest, CancelWritesNothingAndAFailedWriteStillClosesAsSaved) {
+  Edit("", [](frmFirmInfo& dialog) {
+    dialog.txtInfo.Edit("Neįrašyti");
+    dialog.cmdCancel.Click();
+    EXPECT_FALSE(dialog.Saved);
+  });
+  EXPECT_THAT(Writes(), IsEmpty());
+  EXPECT_EQ(Reads(), 0u);
+  BO("O0000100").FailCallsNamed("AddUpdateFirmInfo", 5, "Klaida serveryje");
+  Edit("", [](frmFirmInfo& dialog) {
+    dialog.txtInfo.Edit("Bet kas");
+    dialog.cmdWrite.Click();
+    EXPECT_TRUE(dialog.Saved);
+    EXPECT_FALSE(dialog.Loaded());
+  });
+  EXPECT_EQ(Writes().size(), 1u);
+  EXPECT_EQ(Reads(), 1u);
+  EXPECT_TRUE(host_.Ui()->Boxes().empty());
+}
+
+TEST_F(FrmFirmInfoTest, TheMethodHandsBackTheIdTheDialogEndedWith) {
+  auto firm = adapter_->GetOrvelObject(kFirm);
+  ASSERT_NE(firm, nullptr);
+  Variant::Array params{Variant(17)};  // no such note
+  host_.Ui()->QueueModal([](Form& form) { dynamic_cast<frmFirmInfo&>(form).cmdCancel.Click(); });
+  OrvelResult shown = firm->Methods("ShowFirmInfo", params);
+  EXPECT_EQ(shown.Value, Variant(false));
+  EXPECT_EQ(params[0], Variant(0));
+
+  // A firm not saved yet shows no dialog.
+  auto fresh = adapter_->GetOrvelObject("");
+  ASSERT_NE(fresh, nullptr);
+  Variant::Array none{Variant(0)};
+  EXPECT_TRUE(fresh->Methods("ShowFirmInfo", none).Value.IsEmpty());
+  EXPECT_EQ(host_.Ui()->PendingModalScripts(), 0u);
 }
 
 }  // namespace

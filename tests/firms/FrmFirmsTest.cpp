@@ -1,36 +1,50 @@
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <map>
+#include <stdexcept>
 #include <tuple>
 
 #include "FirmCardFixture.h"
-#include "firms/frmFirms.h"
-#include "host/Convert.h"
-#include "host/MemoryRecordset.h"
-#include "host/Text.h"
 #include "hostkit/TextDragData.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/CaseName.h"
-#include "support/Controls.h"
-#include "support/TextRecords.h"
-#include "testhost/FakeOrvelGrid.h"
+#include "orvel/OrvelShowObject.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
 #include "testhost/TestWindowManager.h"
+#include "ui/ControlConstants.h"
 
 namespace orvel {
 namespace {
 
 using Right = TestRights::Right;
+using ::testing::Contains;
+using ::testing::StartsWith;
+
+// One answer record: the four sums (0 unless given), the limit (1000000, no
+// limit, unless given) and the given terms, as "name=value;...".
+std::shared_ptr<MemoryRecordset> Record(const std::string& figures) {
+  std::map<std::string, Variant> fields{
+      {"Sum220", 0}, {"Sum240", 0}, {"Sum450", 0}, {"Sum460", 0}, {"Limit", 1000000}};
+  for (auto& [name, value] : Assignments(figures)) fields[name] = value;
+  auto rs = std::make_shared<MemoryRecordset>();
+  std::vector<Variant> values;
+  for (const auto& [name, value] : fields) {
+    rs->AddField(name);
+    values.push_back(value);
+  }
+  rs->AddRow(values);
+  return rs;
+}
 
 // A window that notes which editor the deferred dialogs open.
 class RecordingFirms : public frmFirms {
  public:
   void EditDetail(bool isNew) override { opened.push_back(isNew ? "NewDetail" : "EditDetail"); }
   void EditFirmInfo(bool isNew) override { opened.push_back(isNew ? "NewInfo" : "EditInfo"); }
-  std::vector<std::string> opened;
+  Lines opened;
 };
 
-// The firm card's catalogue (see FirmCardTest).
 class FrmFirmsTest : public FirmCardTest {
  protected:
   std::shared_ptr<RecordingFirms> OpenOwn(const std::string& oidr) {
@@ -41,56 +55,53 @@ class FrmFirmsTest : public FirmCardTest {
   }
 
   // "CheckBranch" finding `count` branches.
-  void HasBranches(int count = 1) {
-    BO("O0000100").ReplyRead("CheckBranch", TextRecords("Exist", {std::to_string(count)}));
+  void HasBranches(int count = 1) { Reply("CheckBranch", "Exist", std::to_string(count)); }
+
+  // Opens firm 2 and answers "GetFirmDebt" (or "GetOurDebt") with one record.
+  std::shared_ptr<frmFirms> OpenWithDebt(const std::string& figures,
+                                         const char* call = "GetFirmDebt") {
+    BO("O0000100").ReplyRead(call, Record(figures));
+    return Open("O00001002");
   }
 };
 
-struct TabCase {
-  const char* name;
-  const char* oidr;
-  const char* key;  // menu key that builds the window
-  bool contracts;
-  bool accounts;
-  int exist;         // CheckBranch's answer
-  const char* tabs;  // tab keys, by blanks
-  int16_t goodsTab, discountsTab;
-  const char* caption;
-};
-
+// Each row: the node and the menu key that builds the window, the contract
+// and account rights, CheckBranch's answer, the tab keys, the goods' and
+// discounts' tab numbers and the caption.
 TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
-  for (const TabCase& c : std::initializer_list<TabCase>{
-           {"FirmWithEveryTab", "O00001002", "0", true, true, 1,
-            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-            "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
-            3, 11, "Įmonės kortelė"},
-           {"NoContracts", "O00001002", "0", false, true, 1,
-            "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
-            "FirmServers FirmInfo FirmActivity Discounts",
-            2, 10, "Įmonės kortelė"},
-           {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
-            "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
-            "FirmInfo FirmActivity Discounts",
-            3, 9, "Įmonės kortelė"},
-           // A new firm has no branches to show, whatever the check says.
-           {"NewFirm", "O00001001", "1", true, true, 1,
-            "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
-            "FirmServers FirmInfo FirmActivity Discounts",
-            3, 10, "Nauja įmonė"},
-           {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
-           {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
-            "Nauja įmonių grupė"}}) {
-    SCOPED_TRACE(c.name);
+  for (const auto& [name, oidr, key, contracts, accounts, exist, tabs, goodsTab, discountsTab,
+                    caption] :
+       {std::tuple{"FirmWithEveryTab", "O00001002", "0", true, true, 1,
+         "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+         "FirmBRANCH FirmServers FirmInfo FirmActivity Discounts",
+         3, 11, "Įmonės kortelė"},
+        {"NoContracts", "O00001002", "0", false, true, 1,
+         "Traffic GOODS Accounts FirmAddresses FirmContacts FirmBRANCH "
+         "FirmServers FirmInfo FirmActivity Discounts",
+         2, 10, "Įmonės kortelė"},
+        {"NoAccountsNoBranch", "O00001002", "0", true, false, 0,
+         "Traffic FirmContracts GOODS FirmAddresses FirmContacts FirmServers "
+         "FirmInfo FirmActivity Discounts",
+         3, 9, "Įmonės kortelė"},
+        // A new firm has no branches to show, whatever the check says.
+        {"NewFirm", "O00001001", "1", true, true, 1,
+         "Traffic FirmContracts GOODS Accounts FirmAddresses FirmContacts "
+         "FirmServers FirmInfo FirmActivity Discounts",
+         3, 10, "Nauja įmonė"},
+        {"Group", "O00001001", "0", true, true, 1, "Firms Discounts", 0, 2, "Įmonių grupė"},
+        {"NewGroup", "O00001001", "3", true, true, 1, "Firms Discounts", 0, 2,
+         "Nauja įmonių grupė"}}) {
+    SCOPED_TRACE(name);
     host_.Rights()->GrantAll();
-    if (!c.contracts) host_.Rights()->Deny("CContracts", Right::Read);
-    if (!c.accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
-    HasBranches(c.exist);
-    auto w = Open(c.oidr, c.key);
+    if (!contracts) host_.Rights()->Deny("CContracts", Right::Read);
+    if (!accounts) host_.Rights()->Deny("CFirmsAC", Right::Allowed);
+    HasBranches(exist);
+    auto w = Open(oidr, key);
     ASSERT_TRUE(w);
-    EXPECT_EQ(Join(TabKeys(*w), " "), c.tabs);
-    EXPECT_EQ(w->SOPanel.Caption(), c.caption);
-    EXPECT_EQ(w->GoodsTab, c.goodsTab);
-    EXPECT_EQ(w->DiscountsTab, c.discountsTab);
+    EXPECT_EQ(Join(TabKeys(*w), " "), tabs);
+    EXPECT_EQ(w->SOPanel.Caption(), caption);
+    EXPECT_EQ(w->GoodsTab, goodsTab);
+    EXPECT_EQ(w->DiscountsTab, discountsTab);
     EXPECT_EQ(Grid(*w).LabelWidth(), 2000);
     for (int i = 1; i <= static_cast<int>(Grid(*w).Tabs().size()); ++i) {
       EXPECT_EQ(&w->List(i), &Grid(*w).Tabs()[i - 1].list) << i;
@@ -99,7 +110,10 @@ TEST_F(FrmFirmsTest, TabsFollowKindAndRights) {
   }
 }
 
-TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
+// Cancel adds the discounts again at index two: handle 2 and the discounts'
+// number point at the new list. Unload releases the handles up to ten and
+// keeps the eleventh; a stale handle is a clear error, not a dangling list.
+TEST_F(FrmFirmsTest, ListHandlesFollowTheTabs) {
   HasBranches();
   auto w = Open("O00001002");
   ASSERT_EQ(w->DiscountsTab, 11);
@@ -108,42 +122,40 @@ TEST_F(FrmFirmsTest, CancelAddsDiscountsAgainAtIndexTwo) {
   auto keys = TabKeys(*w);
   ASSERT_EQ(keys.size(), 12u);
   EXPECT_EQ(keys.back(), "Discounts");
-  // Handle 2 and the Discounts number now point at the new list.
   EXPECT_EQ(w->DiscountsTab, 2);
   EXPECT_EQ(&w->List(2), &Grid(*w).Tabs()[11].list);
   EXPECT_EQ(w->ContractsTab, 2);
-}
-
-TEST_F(FrmFirmsTest, UnloadReleasesHandlesUpToTenAndKeepsTheEleventh) {
-  HasBranches();
-  auto w = Open("O00001002");
-  ASSERT_TRUE(w->HasListHandle(11));
   w->Unload();
   for (int i = 0; i <= 10; ++i) EXPECT_FALSE(w->HasListHandle(i)) << i;
   EXPECT_TRUE(w->HasListHandle(11));
-}
-
-TEST_F(FrmFirmsTest, AStaleHandleIsAClearErrorNotADanglingList) {
-  auto w = Open("O00001002");
-  ASSERT_TRUE(w->HasListHandle(11) || w->HasListHandle(10));
+  w = Open("O00001002");
   w->SSCNew_Click();  // clears the grid's tabs; the new firm lists ten
   EXPECT_ANY_THROW(w->List(11));
   EXPECT_NO_THROW(w->List(10));
 }
 
-TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtons) {
+// A dirty card asks before it goes and sets its close button by the answer.
+TEST_F(FrmFirmsTest, StartUpShowsGroupLineAndCleanButtonsAndQueryRemoveAsks) {
   auto w = Open("O00001002");
-  EXPECT_EQ(w->txtGroup.Text(), "Tiekėjai");
-  EXPECT_FALSE(w->IsRoot);
-  EXPECT_FALSE(w->IsNew);
-  EXPECT_EQ(w->lblDebt.Caption(), "Informacija...");
-  EXPECT_FALSE(w->cmdEnter.Enabled());
-  EXPECT_TRUE(w->SSCNew.Enabled());
-  EXPECT_EQ(w->MsgTitle, "Apskaita");
+  EXPECT_EQ(w->txtGroup.Text() + "|" + w->lblDebt.Caption() + "|" + w->MsgTitle + "|" +
+                std::to_string(w->IsRoot) + std::to_string(w->IsNew) + "|" + Buttons(*w),
+            "Tiekėjai|Informacija...|Apskaita|00|001");
   EXPECT_EQ(w->SOPanel.ToolTipText().rfind("Sukūrė:", 0), 0u) << w->SOPanel.ToolTipText();
   auto top = Open("O00001003");
   EXPECT_TRUE(top->IsRoot);
   EXPECT_EQ(top->txtGroup.Text(), "");
+  Grid(*w).EditField("Name", Variant("X"));
+  host_.Ui()->QueueAnswer(vbNo);
+  bool cancel = false;
+  w->QueryRemove(cancel);
+  EXPECT_TRUE(cancel);
+  EXPECT_TRUE(w->SSCClose.Enabled());
+  EXPECT_EQ(Boxes(), Lines{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
+  cancel = false;
+  host_.Ui()->QueueAnswer(vbYes);
+  w->QueryRemove(cancel);
+  EXPECT_FALSE(cancel);
+  EXPECT_FALSE(w->SSCClose.Enabled());
 }
 
 // A stored firm needs the update right, a new one the insert right.
@@ -163,142 +175,108 @@ TEST_F(FrmFirmsTest, AChangeEnablesWriteOnlyWithTheRight) {
   }
 }
 
-TEST_F(FrmFirmsTest, QueryRemoveAsksWhenDirtyAndSetsCloseByTheAnswer) {
-  auto w = Open("O00001002");
-  Grid(*w).EditField("Name", Variant("X"));
-  host_.Ui()->QueueAnswer(vbNo);
-  bool cancel = false;
-  w->QueryRemove(cancel);
-  EXPECT_TRUE(cancel);
-  EXPECT_TRUE(w->SSCClose.Enabled());
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"52 Apskaita Įmonės kortelė\n\nUždaryti be išsaugojimo?"});
-  cancel = false;
-  host_.Ui()->QueueAnswer(vbYes);
-  w->QueryRemove(cancel);
-  EXPECT_FALSE(cancel);
-  EXPECT_FALSE(w->SSCClose.Enabled());
-}
-
-struct PopupCase {
-  const char* name;
-  const char* oidr;
-  const char* tab;
-  bool select;
-  Variant tag;
-  const char* menu;   // "" when no menu opens
-  const char* shown;  // the entries shown, by blanks; "!" marks one disabled
-};
-
+// Each row: the window's node (a group's OIDR opens a new firm, but for its
+// own lists), the tab, whether a row is selected and its tag ("" none), the
+// menu ("" when none opens) and its entries shown without "mnu", by blanks,
+// "!" marking one disabled.
 TEST_F(FrmFirmsTest, RightClickPreparesThatTabsMenu) {
-  for (const PopupCase& c : std::initializer_list<PopupCase>{
-           {"AccountsSelected", "O00001002", "Accounts", true, Variant(), "mnuAccounts",
-            "mnuAccountsNew mnuAccountsEdit mnuAccountsDelete"},
-           // Delete is hidden, not disabled, so Edit stays enabled.
-           {"AccountsEmpty", "O00001002", "Accounts", false, Variant(), "mnuAccounts",
-            "mnuAccountsNew mnuAccountsEdit"},
-           {"AccountsNewFirm", "O00001001", "Accounts", false, Variant(), "mnuAccounts",
-            "!mnuAccountsNew mnuAccountsEdit"},
-           {"GoodsSelected", "O00001002", "GOODS", true, Variant(), "mnuMain",
-            "mnuToDesktop mnuGoodsToDesktop mnuPreview mnuBlank"},
-           {"GoodsNewFirm", "O00001001", "GOODS", false, Variant(), "mnuMain",
-            "!mnuToDesktop !mnuGoodsToDesktop !mnuPreview mnuBlank"},
-           {"FirmsSelected", "O00001001", "Firms", true, Variant("O00001002"), "mnuMain",
-            "mnuToDesktop mnuRefresh mnuBlank mnuFirmDelete"},
-           {"TrafficWithTag", "O00001002", "Traffic", true, Variant("O10000015"), "mnuMain",
-            "mnuToDesktop mnuPreview mnuRefresh mnuBlank mnuFirmDelete"},
-           {"TrafficWithoutTag", "O00001002", "Traffic", true, Variant(), "mnuMain",
-            "!mnuToDesktop mnuPreview mnuRefresh mnuBlank !mnuFirmDelete"},
-           {"ContactsSelected", "O00001002", "FirmContacts", true, Variant(), "mnuFirmParameters",
-            "mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-           {"AddressesEmpty", "O00001002", "FirmAddresses", false, Variant(), "mnuFirmParameters",
-            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-           {"ServersNewFirm", "O00001001", "FirmServers", true, Variant(), "mnuFirmParameters",
-            "!mnuFirmParametersNew mnuFirmParametersEdit mnuFirmParametersDelete"},
-           {"ActivityEmpty", "O00001002", "FirmActivity", false, Variant(), "mnuFirmParameters",
-            "mnuFirmParametersNew !mnuFirmParametersEdit !mnuFirmParametersDelete"},
-           {"InfoSelected", "O00001002", "FirmInfo", true, Variant(), "mnuFirmInfo",
-            "mnuFirmInfoAdd mnuFirmInfoEdit mnuFirmInfoDelete"},
-           {"DiscountsEmpty", "O00001002", "Discounts", false, Variant(), "mnuDiscount",
-            "mnuDiscountNew !mnuDiscountEdit mnuBlank0 !mnuDiscountDelete mnuBlank1 "
-            "mnuDiscountRefresh"},
-           {"ContractsWithTag", "O00001002", "FirmContracts", true, Variant("O20000011"),
-            "mnuContracts", "mnuContractToDeskTop mnuContractRefresh"},
-           {"ContractsEmpty", "O00001002", "FirmContracts", false, Variant(), "mnuContracts",
-            "!mnuContractToDeskTop mnuContractRefresh"},
-           {"BranchHasNoMenu", "O00001002", "FirmBRANCH", true, {}, "", ""}}) {
-    SCOPED_TRACE(c.name);
+  const char* const F = "O00001002";
+  const char* const N = "O00001001";
+  const char* const P = "mnuFirmParameters";
+  for (const auto& [oidr, key, select, popup, entries, tag] :
+       {std::tuple{F, "Accounts", true, "mnuAccounts", "AccountsNew AccountsEdit AccountsDelete",
+                   ""},
+        // Delete is hidden, not disabled, so Edit stays enabled.
+        {F, "Accounts", false, "mnuAccounts", "AccountsNew AccountsEdit", ""},
+        {N, "Accounts", false, "mnuAccounts", "!AccountsNew AccountsEdit", ""},
+        {F, "GOODS", true, "mnuMain", "ToDesktop GoodsToDesktop Preview Blank", ""},
+        {N, "GOODS", false, "mnuMain", "!ToDesktop !GoodsToDesktop !Preview Blank", ""},
+        {N, "Firms", true, "mnuMain", "ToDesktop Refresh Blank FirmDelete", F},
+        {F, "Traffic", true, "mnuMain", "ToDesktop Preview Refresh Blank FirmDelete",
+         "O10000015"},
+        {F, "Traffic", true, "mnuMain", "!ToDesktop Preview Refresh Blank !FirmDelete", ""},
+        {F, "FirmContacts", true, P,
+         "FirmParametersNew FirmParametersEdit FirmParametersDelete", ""},
+        {F, "FirmAddresses", false, P,
+         "FirmParametersNew !FirmParametersEdit !FirmParametersDelete", ""},
+        {N, "FirmServers", true, P,
+         "!FirmParametersNew FirmParametersEdit FirmParametersDelete", ""},
+        {F, "FirmActivity", false, P,
+         "FirmParametersNew !FirmParametersEdit !FirmParametersDelete", ""},
+        {F, "FirmInfo", true, "mnuFirmInfo", "FirmInfoAdd FirmInfoEdit FirmInfoDelete", ""},
+        {F, "Discounts", false, "mnuDiscount",
+         "DiscountNew !DiscountEdit Blank0 !DiscountDelete Blank1 DiscountRefresh", ""},
+        {F, "FirmContracts", true, "mnuContracts", "ContractToDeskTop ContractRefresh",
+         "O20000011"},
+        {F, "FirmContracts", false, "mnuContracts", "!ContractToDeskTop ContractRefresh", ""},
+        {F, "FirmBRANCH", true, "", "", ""}}) {
+    SCOPED_TRACE(std::string(oidr) + " " + key + (select ? " selected" : ""));
     const size_t before = host_.Ui()->Popups().size();
     HasBranches();
-    auto w = Open(c.oidr, std::string(c.oidr) == "O00001001" && std::string(c.tab) != "Firms" &&
-                                  std::string(c.tab) != "Discounts"
-                              ? "1"
-                              : "0");
-    if (c.select) SelectRow(*w, c.tab, "row", c.tag);
-    const int index = TabIndex(*w, c.tab);
-    if (*c.menu) host_.Ui()->QueuePopupPick("");  // the user closes the menu
+    const std::string tab = key;
+    const bool isNew = oidr == std::string(N) && tab != "Firms" && tab != "Discounts";
+    auto w = Open(oidr, isNew ? "1" : "0");
+    if (select) SelectRow(*w, tab, "row", *tag ? Variant(tag) : Variant());
+    const int index = TabIndex(*w, tab);
+    if (*popup) host_.Ui()->QueuePopupPick("");  // the user closes the menu
     Grid(*w).ClickList(index, 2);
     EXPECT_EQ(w->CurrentTab, index + 1);
     const auto& popups = host_.Ui()->Popups();
-    ASSERT_EQ(popups.size(), before + (*c.menu ? 1 : 0));
-    if (!*c.menu) continue;
-    EXPECT_EQ(popups.back().menu, c.menu);
-    Menu* menu = static_cast<Menu*>(w->FindControl(c.menu));
+    ASSERT_EQ(popups.size(), before + (*popup ? 1 : 0));
+    if (!*popup) continue;
+    EXPECT_EQ(popups.back().menu, popup);
+    Menu* menu = static_cast<Menu*>(w->FindControl(popup));
     ASSERT_NE(menu, nullptr);
-    std::vector<std::string> shown;
+    Lines shown;
     for (const auto& name : popups.back().shown) {
-      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name);
+      shown.push_back((menu->Find(name)->Enabled() ? "" : "!") + name.substr(3));
     }
-    EXPECT_EQ(Join(shown, " "), c.shown);
+    EXPECT_EQ(Join(shown, " "), entries);
   }
 }
 
-TEST_F(FrmFirmsTest, DiscountsMenuNeedsItsRight) {
+// Without its right the discounts' list offers no menu, nor does a left click;
+// the "more" row of the firms keeps the desktop and delete off.
+TEST_F(FrmFirmsTest, NoMenuWithoutTheRightOrOnTheLeftButton) {
   host_.Rights()->Deny("CCatalogueDiscounts", Right::Allowed);
-  auto w = Open("O00001002");
-  Grid(*w).ClickList(static_cast<int>(Grid(*w).Tabs().size()) - 1, 2);
-  EXPECT_TRUE(host_.Ui()->Popups().empty());
-}
-
-TEST_F(FrmFirmsTest, FirmsRowMoreKeepsDesktopOffAndLeftButtonDoesNothing) {
+  auto firm = Open("O00001002");
+  Grid(*firm).ClickList(static_cast<int>(Grid(*firm).Tabs().size()) - 1, 2);
   auto w = Open("O00001001");
   SelectRow(*w, "Firms", "more", Variant("more"));
   Grid(*w).ClickList(0, 1);
   EXPECT_TRUE(host_.Ui()->Popups().empty());
   host_.Ui()->QueuePopupPick("");  // the user closes the menu
   Grid(*w).ClickList(0, 2);
-  EXPECT_FALSE(w->mnuToDesktop.Enabled());
-  EXPECT_FALSE(w->mnuFirmDelete.Enabled());
+  EXPECT_EQ(OnOff({&w->mnuToDesktop, &w->mnuFirmDelete}), "00");
 }
 
+// A menu entry arms the timer that opens its editor once; an unknown action
+// only stops the timer.
 TEST_F(FrmFirmsTest, MenuEntryArmsTheTimerThatOpensTheEditor) {
   for (const auto& [entry, editor] : {std::pair{"mnuFirmParametersNew", "NewDetail"},
                                       {"mnuFirmParametersEdit", "EditDetail"},
                                       {"mnuFirmInfoAdd", "NewInfo"},
-                                      {"mnuFirmInfoEdit", "EditInfo"}}) {
+                                      {"mnuFirmInfoEdit", "EditInfo"},
+                                      {"", ""}}) {
     auto w = OpenOwn("O00001002");
     Menu& menu = w->mnuFirmParameters.Find(entry) ? w->mnuFirmParameters : w->mnuFirmInfo;
-    menu.Find(entry)->Click();
+    if (*entry) menu.Find(entry)->Click();
+    if (!*entry) w->ModalAction = 7;
+    if (!*entry) w->timerModal.SetEnabled(true);
     EXPECT_TRUE(w->timerModal.Enabled());
     EXPECT_TRUE(w->opened.empty());
     w->timerModal.Tick();
     EXPECT_FALSE(w->timerModal.Enabled());
-    EXPECT_EQ(w->opened, std::vector<std::string>{editor});
+    EXPECT_EQ(w->opened, *editor ? Lines{editor} : Lines{});
     w->timerModal.Tick();
-    EXPECT_EQ(w->opened.size(), 1u);
+    EXPECT_EQ(w->opened.size(), *editor ? 1u : 0u);
   }
 }
 
-TEST_F(FrmFirmsTest, TimerWithAnUnknownActionOnlyStopsItself) {
-  auto w = OpenOwn("O00001002");
-  w->ModalAction = 7;
-  w->timerModal.SetEnabled(true);
-  w->timerModal.Tick();
-  EXPECT_FALSE(w->timerModal.Enabled());
-  EXPECT_TRUE(w->opened.empty());
-}
-
-TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
+// Only a saved group accepts firms. A firm dropped on a group is listed there
+// and moves, unless the group lists it already or is the firm's own
+// descendant.
+TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirmsAndListsAndMovesThem) {
   for (const auto& [window, text, effect] : {std::tuple{"O00001001", "O00001003", 1},
                                              {"O00001001", "O00003005", 0},
                                              {"O00001002", "O00001003", 0},
@@ -306,11 +284,6 @@ TEST_F(FrmFirmsTest, OnlyASavedGroupAcceptsFirms) {
     auto w = Open(window, window == std::string("O0000100") ? "2" : "0");
     EXPECT_EQ(Grid(*w).ListDragOver(std::make_shared<TextDragData>(text), 1), effect) << window;
   }
-}
-
-// A firm dropped on a group is listed there and moves, unless the group lists
-// it already or is the firm's own descendant.
-TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   for (const auto& [group, listed, dragged, parent, shown] :
        {std::tuple{"O00001004", "O00001003", "O00001003", Variant::Null(), "O00001003"},
         {"O00001004", "", "O00001001", Variant::Null(), ""},
@@ -325,58 +298,396 @@ TEST_F(FrmFirmsTest, DroppingAFirmOnAGroupListsAndMovesIt) {
   }
 }
 
-class FrmFirmsNewTest : public FrmFirmsTest, public ::testing::WithParamInterface<bool> {};
-
-TEST_P(FrmFirmsNewTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
-  const bool copy = GetParam();
-  HasBranches();
-  auto w = Open("O00001002");
-  ASSERT_EQ(w->BranchTab, 7);
-  if (copy) {
-    host_.Ui()->QueuePopupPick("mnuNewWithCopy");
-    w->SSCNew_MouseUp(2);
-  } else {
-    w->SSCNew.Click();
+// A new record, plain or a copy, keeps the group and flag; only a copy keeps
+// the name. A new firm has no branch tab; the managers take its number.
+TEST_F(FrmFirmsTest, NewRecordKeepsGroupAndFlagAndOnlyACopyTheName) {
+  for (const bool copy : {false, true}) {
+    HasBranches();
+    auto w = Open("O00001002");
+    ASSERT_EQ(w->BranchTab, 7);
+    if (copy) host_.Ui()->QueuePopupPick("mnuNewWithCopy");
+    copy ? w->SSCNew_MouseUp(2) : w->SSCNew.Click();
+    auto& object = *w->OrvelObjectUIO();
+    EXPECT_EQ(object.OIDR(), "");
+    EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
+    EXPECT_EQ(object.Fields("GroupFlag").Value(), Variant(0));
+    EXPECT_EQ(object.Fields("Name").Value(), copy ? Variant("UAB Šilas") : Variant());
+    EXPECT_EQ(std::to_string(w->IsNew) + Buttons(*w) + " " + w->SOPanel.Caption(),
+              "1000 Nauja įmonė");
+    EXPECT_EQ(w->BranchTab, 0);
+    EXPECT_EQ(w->ServersTab, 7);
+    EXPECT_EQ(Grid(*w).TabList("FirmServers").ColumnHeaders().Count(), 1);
+    EXPECT_THAT(host_.Log().Lines(Channel::Window), Contains(StartsWith("Rekey O00001002")));
   }
-  auto& object = *w->OrvelObjectUIO();
-  EXPECT_EQ(object.OIDR(), "");
-  EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
-  EXPECT_EQ(object.Fields("GroupFlag").Value(), Variant(0));
-  EXPECT_EQ(object.Fields("Name").Value(), copy ? Variant("UAB Šilas") : Variant());
-  EXPECT_FALSE(w->SSCNew.Enabled());
-  EXPECT_TRUE(w->IsNew);
-  EXPECT_EQ(w->SOPanel.Caption(), "Nauja įmonė");
-  // A new firm has no branch tab; the managers take its number.
-  EXPECT_EQ(w->BranchTab, 0);
-  EXPECT_EQ(w->ServersTab, 7);
-  EXPECT_EQ(Grid(*w).TabList("FirmServers").ColumnHeaders().Count(), 1);
-  auto lines = host_.Log().Lines(Channel::Window);
-  EXPECT_NE(std::find_if(lines.begin(), lines.end(),
-                         [](const std::string& l) { return l.rfind("Rekey O00001002", 0) == 0; }),
-            lines.end());
 }
 
-INSTANTIATE_TEST_SUITE_P(CopyOrNot, FrmFirmsNewTest, ::testing::Bool());
-
-TEST_F(FrmFirmsTest, NewMenuOpensEvenWhileTheButtonIsOff) {
-  auto w = Open("O00001001", "1");
-  ASSERT_FALSE(w->SSCNew.Enabled());
-  host_.Ui()->QueuePopupPick("");  // the user closes the menu
-  w->SSCNew_MouseUp(2);
-  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
-}
-
-TEST_F(FrmFirmsTest, DeleteFromCloseButtonNeedsAStoredRecord) {
+// The new menu opens even while the button is off; deleting from the close
+// button needs a stored record.
+TEST_F(FrmFirmsTest, NewMenuAndDeleteFromCloseOnANewFirm) {
   auto w = Open("O00001003");
   host_.Ui()->QueueAnswer(vbOK);
   w->SSCClose_MouseUp(2);
   EXPECT_FALSE(BO("O0000100").Table().Contains(3));
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
+  EXPECT_EQ(Boxes(), Lines{"49 Apskaita Ar tikrai norite panaikinti?\nAB Vėjas"});
   auto fresh = Open("O00001001", "1");
   fresh->SSCClose_MouseUp(2);
   EXPECT_EQ(host_.Ui()->Boxes().size(), 0u);
+  ASSERT_FALSE(fresh->SSCNew.Enabled());
+  host_.Ui()->QueuePopupPick("");  // the user closes the menu
+  fresh->SSCNew_MouseUp(2);
+  ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Popups()[0].menu, "mnuNew");
+}
+
+using FirmDebtTest = FrmFirmsTest;
+
+struct DebtCase {
+  const char* name;
+  const char* figures;
+  const char* debt;         // lblDebt
+  const char* credit = "";  // lblCredit; "" when left as it stood
+  bool red = false;         // lblDebt's colour
+  bool invariant = false;
+};
+
+// Each click reads under the hourglass and puts the pointer back.
+TEST_F(FirmDebtTest, TextColourAndCreditLine) {
+  for (const DebtCase& c : std::initializer_list<DebtCase>{
+           {"AdvanceOnly", "Sum460=-50", "Skola: 0,00 Lt (avansas 50,00 Lt)"},
+           {"BothSides", "Sum240=100;Sum450=-20", "Skola: 100,00 Lt ; Mūsų skola: 20,00 Lt "},
+           {"OurAdvanceOnly", "Sum220=5", "Mūsų skola: 0,00 Lt (avansas 5,00 Lt)"},
+           {"EveryPart", "Sum240=80.1234567;Sum460=-10;Sum450=-1.25;Sum220=2",
+            "Skola: 80,123457 Lt (avansas 10,00 Lt); Mūsų skola: 1,25 Lt (avansas 2,00 Lt)"},
+           {"NullSumsAreZero", "Sum240=~;Sum450=~", "Skola: 0,00 Lt "},
+           // 0 is a limit, not the absence of one.
+           {"ZeroLimitPassed", "Sum240=10;Limit=0;LimitDays=30",
+            "Skola: 10,00 Lt (Viršytas kredito apribojimas !,0)",
+            "Kredito apribojimai: Maksimali suma:0,00; Dienos:30", true},
+           {"DebtEqualToLimit", "Sum240=500;Limit=500;LimitDays=14", "Skola: 500,00 Lt ",
+            "Kredito apribojimai: Maksimali suma:500,00; Dienos:14"},
+           {"AdvanceCountsAgainstTheLimit", "Sum240=700;Sum460=-300;Limit=500",
+            "Skola: 700,00 Lt (avansas 300,00 Lt)",
+            "Kredito apribojimai: Maksimali suma:500,00; Dienos:0"},
+           {"LimitInItsPlainNumberText", "Sum240=2000;Limit=1500.5",
+            "Skola: 2000,00 Lt (Viršytas kredito apribojimas !,1500,5)",
+            "Kredito apribojimai: Maksimali suma:1500,50; Dienos:0", true},
+           {"TermPassed", "Sum240=100;LimitTerm=0.5",
+            "Skola: 100,00 Lt (,50Lt.  Viršytas kredito terminas ! )", "", true},
+           {"BothWarningsInOrder", "Sum240=100;Limit=50;LimitTerm=20;LimitDays=10",
+            "Skola: 100,00 Lt (Viršytas kredito apribojimas !,50)"
+            "(20,00Lt.  Viršytas kredito terminas ! )",
+            "Kredito apribojimai: Maksimali suma:50,00; Dienos:10", true},
+           {"NegativeDebtNeverPassesTheTerm", "Sum240=-30;Limit=0;LimitTerm=10",
+            "Skola: -30,00 Lt ", "Kredito apribojimai: Maksimali suma:0,00; Dienos:0"},
+           {"PointSeparator", "Sum240=1234.5;Limit=1000.25;LimitTerm=0.5;LimitDays=7",
+            "Skola: 1234.50 Lt (Viršytas kredito apribojimas !,1000.25)"
+            "(.50Lt.  Viršytas kredito terminas ! )",
+            "Kredito apribojimai: Maksimali suma:1000.25; Dienos:7", true, true}}) {
+    SCOPED_TRACE(c.name);
+    if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
+    auto w = OpenWithDebt(c.figures);
+    w->lblCredit.SetForeColor(vbBlue);
+    const size_t before = host_.Ui()->MousePointers().size();
+    w->lblDebt.Click();
+    const auto& pointers = host_.Ui()->MousePointers();
+    EXPECT_EQ(std::vector<int32_t>(pointers.begin() + before, pointers.end()),
+              (std::vector<int32_t>{vbHourglass, vbDefault}));
+    EXPECT_EQ(w->lblDebt.Caption(), c.debt);
+    EXPECT_EQ(w->lblDebt.ForeColor(), c.red ? vbRed : vbBlack);
+    EXPECT_EQ(w->lblCredit.Caption(), c.credit);
+    EXPECT_EQ(w->lblCredit.ForeColor(), vbBlack);
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+  }
+}
+
+// A failed or empty answer shows zero and no message; an unreadable sum is
+// shown and the pointer comes back.
+TEST_F(FirmDebtTest, AFailedEmptyOrUnreadableAnswer) {
+  BO("O0000100").FailCallsNamed("GetFirmDebt", 5, "Nepavyko");
+  auto w = Open("O00001002");
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
+  BO("O0000100").ClearFailures();
+  BO("O0000100").ReplyRead("GetFirmDebt", TextRecords("Sum240", ""));
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 0,00 Lt ");
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=daug"));
+  host_.Ui()->QueueAnswer(vbOK);
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "");
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 16);
+  EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
+}
+
+// A session without an own firm, or with one that cannot be read, is not
+// this firm's; the own firm shows our side without limits.
+TEST_F(FirmDebtTest, TheOwnFirmShowsOurSideWithoutLimits) {
+  for (auto own : {std::shared_ptr<MemoryRecordset>(), TextRecords("ID", "")}) {
+    host_.Session()->SetOwnFirm(own);
+    auto w = OpenWithDebt("Sum240=3");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "Skola: 3,00 Lt ");
+    EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
+  }
+  host_.Session()->SetOwnFirm(TextRecords("OIDR", "O00001002"));
+  auto w = OpenWithDebt("Sum240=100;Sum450=-7;Limit=0;LimitTerm=3", "GetOurDebt");
+  w->lblCredit.SetCaption("ankstesnė");
+  w->lblCredit.SetForeColor(vbBlue);
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 100,00 Lt ; Mūsų skola: 7,00 Lt ");
+  EXPECT_EQ(w->lblDebt.ForeColor(), vbBlack);
+  EXPECT_EQ(w->lblCredit.Caption(), "ankstesnė");
+  EXPECT_EQ(w->lblCredit.ForeColor(), vbBlue);
+  EXPECT_EQ(BusinessLines(), Lines{"GetCall GetOurDebt O00001002"});
+}
+
+// Groups and new firms have an empty line and ask nothing. Missing limit
+// fields keep their former values; once red, the line stays red.
+TEST_F(FirmDebtTest, GroupsAskNothingAndMissingLimitsKeepTheirValues) {
+  for (const char* key : {"0", "1"}) {
+    auto w = Open("O00001001", key);
+    ASSERT_EQ(w->lblDebt.Caption(), "Informacija...");
+    w->lblDebt.Click();
+    EXPECT_EQ(w->lblDebt.Caption(), "");
+    EXPECT_TRUE(BusinessLines().empty());
+  }
+  auto w = OpenWithDebt("Sum240=100;Limit=50;LimitTerm=5.0");
+  w->lblDebt.Click();
+  ASSERT_EQ(w->lblDebt.ForeColor(), vbRed);
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=60;Limit=~"));
+  w->lblDebt.Click();
+  EXPECT_EQ((std::vector<double>{w->Limit, w->LimitTerm, w->Debt}),
+            (std::vector<double>{50, 5, 60}));
+  EXPECT_EQ(w->lblDebt.Caption(),
+            "Skola: 60,00 Lt (Viršytas kredito apribojimas !,50)"
+            "(5,00Lt.  Viršytas kredito terminas ! )");
+  BO("O0000100").ReplyRead("GetFirmDebt", Record("Sum240=5;Limit=10;LimitTerm=0"));
+  w->lblDebt.Click();
+  EXPECT_EQ(w->lblDebt.Caption(), "Skola: 5,00 Lt ");
+  EXPECT_EQ(w->lblDebt.ForeColor(), vbRed);
+}
+
+const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
+
+// Every other change is written, and the user is told nothing.
+// Each row: the rights CCatalogueCredits and CFirmsCH, the count of documents
+// ("" an answer without a record, telling of none) and the name and group
+// after the write.
+TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
+  const auto firm = BO("O0000100").Table().ReadRecord(2);
+  for (const auto& [name, credits, rename, count, stored] :
+       {std::tuple{"NeitherRight", false, false, "3", "UAB Šilas|1"},
+        {"CreditsMoveButDoNotRename", true, false, "1", "UAB Šilas|4"},
+        {"RenameRightDoesBoth", false, true, "1", "UAB Kitas|4"},
+        {"BothRights", true, true, "12.5", "UAB Kitas|4"},
+        {"NotUsedNeedsNoRight", false, false, "0", "UAB Kitas|4"},
+        {"NegativeCountIsNotUsed", false, false, "-1", "UAB Kitas|4"},
+        {"NullCountIsNotUsed", false, false, "~", "UAB Kitas|4"},
+        {"CountAsText", false, false, "#2", "UAB Šilas|1"},
+        {"NoRecordIsNotUsed", false, false, "", "UAB Kitas|4"}}) {
+    SCOPED_TRACE(name);
+    host_.Rights()->GrantAll();
+    if (!credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
+    if (!rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
+    Reply("GetFirmIsUsedInDocuments", "Cnt", count);
+    BO("O0000100").Table().Store(2, *firm);
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    Grid(*w).EditField("ParentID", Variant(4));
+    Grid(*w).TypeIntoField("Active", Variant(false));  // committed by the click
+    w->cmdEnter_Click();
+    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")), stored);
+    EXPECT_EQ(Stored(2, "Active"), Variant(false));
+    EXPECT_TRUE(host_.Ui()->Boxes().empty());
+    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Stored(2, "Name"));
+    // The object reads itself again after a write.
+    EXPECT_EQ(BusinessLines(), (Lines{kCheckCode, "GetCall GetFirmIsUsedInDocuments O00001002",
+                                      "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'",
+                                      "GetCall Orvel_ReadObject 'O00001002'"}));
+  }
+}
+
+// An unreadable count is shown and nothing is written. The rule also runs for
+// a new firm: its group is its new value against the business layer's empty
+// record, so without the rights a "used" count puts it back at the top.
+TEST_F(FirmCardTest, AnUnreadableCountIsShownAndTheRuleRunsForANewFirm) {
+  Reply("GetFirmIsUsedInDocuments", "Cnt", "daug");
+  auto w = Open("O00001002");
+  Grid(*w).EditField("Name", Variant("UAB Kitas"));
+  host_.Ui()->QueueAnswer(vbOK);
+  w->cmdEnter_Click();
+  EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt.rfind("Klaida!", 0), 0u);
+  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
+  host_.Rights()->Deny("CFirmsCH", Right::Allowed);
+  host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
+  Reply("GetFirmIsUsedInDocuments", "Cnt", "1");
+  auto fresh = Open("O00001001", "1");
+  Grid(*fresh).EditField("Name", Variant("UAB Naujas"));
+  fresh->cmdEnter_Click();
+  ASSERT_EQ(BO("O0000100").Table().Count(), 5u);
+  EXPECT_TRUE(Stored(5, "ParentID").IsNull());
+  EXPECT_EQ(Stored(5, "Name"), Variant());
+  EXPECT_EQ(BusinessLines()[0], "GetCall GetFirmIsUsedInDocuments");
+}
+
+// Only the right and a Yes write a repeated code; a host answering Yes to an
+// OK box still cannot write it.
+TEST_F(FirmCardTest, OnlyTheRightAndAYesWriteARepeatedCode) {
+  const char* const ask = "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?";
+  const char* const tell = "48 Apskaita Įmonės kodas kartojasi!";
+  for (const auto& [right, answer, box, written] : {std::tuple{true, vbNo, ask, false},
+                                                    {false, vbOK, tell, false},
+                                                    {false, vbYes, tell, false},
+                                                    {true, vbYes, ask, true}}) {
+    SCOPED_TRACE(std::string(box) + " " + std::to_string(answer));
+    host_.Rights()->GrantAll();
+    if (!right) host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    CodeRepeats();
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    host_.Ui()->QueueAnswer(answer);
+    w->cmdEnter.Click();  // the button runs the firm's rules
+    EXPECT_EQ(Boxes(), Lines{box});
+    EXPECT_EQ(Stored(2, "Name"), Variant(written ? "UAB Kitas" : "UAB Šilas"));
+    EXPECT_EQ(w->cmdEnter.Enabled(), !written);
+    if (!written) {
+      EXPECT_EQ(BusinessLines(), Lines{kCheckCode});
+      EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
+    }
+  }
+}
+
+// Only a firm's non-blank code is checked (the call, "" when none is made),
+// and it goes as typed.
+TEST_F(FirmCardTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
+  for (const auto& [name, oidr, code, check] :
+       {std::tuple{"Blanks", "O00001002", Variant("   "), ""},
+        {"Null", "O00001002", Variant::Null(), ""},
+        {"GroupsAreNotChecked", "O00001001", Variant("302245871"), ""},
+        {"BlanksKept", "O00001002", Variant(" 12 "), "GetCall CheckCode 'O00001002',' 12 '"},
+        {"Number", "O00001003", Variant(144523896), "GetCall CheckCode 'O00001003','144523896'"}}) {
+    SCOPED_TRACE(name);
+    CodeRepeats();  // any check made would stop the write
+    host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    auto w = Open(oidr);
+    Grid(*w).EditField("Code", code);
+    if (*check) host_.Ui()->QueueAnswer(vbOK);  // the code repeats
+    w->cmdEnter_Click();
+    const auto lines = BusinessLines();
+    ASSERT_FALSE(lines.empty());
+    if (std::string(check).empty()) {
+      EXPECT_EQ(lines[0].find("CheckCode"), std::string::npos) << lines[0];
+      EXPECT_EQ(Stored(static_cast<int32_t>(oidr[8] - '0'), "Code"), code);
+    } else {
+      EXPECT_EQ(lines, Lines{check});
+    }
+  }
+}
+
+// A failed call leaves the stored name; the window keeps the edits unless
+// the record was changed by someone else meanwhile (60000) and read again.
+// Each row: the call that fails, its number, the update right, the one box,
+// the window's name and its Write, Cancel and New buttons afterwards.
+TEST_F(FirmCardTest, AFailedWriteShowsWhatSurvives) {
+  const char* const failed = "16 Apskaita Klaida!\n\nĮrašo negalima išsaugoti";
+  for (const auto& [failing, number, canUpdate, box, shown, buttons] :
+       {std::tuple{"CheckCode", 3, true, "", "UAB Kitas", "110"},
+        {"GetFirmIsUsedInDocuments", 3, true, "", "UAB Kitas", "111"},
+        {"Orvel_SaveObject", 5, true, failed, "UAB Kitas", "111"},
+        {"Orvel_SaveObject", 5, false, failed, "UAB Kitas", "001"},
+        {"Orvel_SaveObject", 60000, true, failed, "UAB Šilas", "001"}}) {
+    SCOPED_TRACE(std::string(failing) + " " + std::to_string(number) + std::to_string(canUpdate));
+    host_.Rights()->GrantAll();
+    BO("O0000100").ClearFailures();
+    if (!canUpdate) host_.Rights()->Deny("CFirms", Right::Update);
+    auto w = Open("O00001002");
+    Grid(*w).EditField("Name", Variant("UAB Kitas"));
+    w->SSCNew.SetEnabled(false);
+    BO("O0000100").FailCallsNamed(failing, number, "Įrašo negalima išsaugoti");
+    if (*box) host_.Ui()->QueueAnswer(vbOK);
+    w->cmdEnter_Click();
+    EXPECT_EQ(Boxes(), *box ? Lines{box} : Lines{});
+    EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
+    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant(shown));
+    EXPECT_EQ(Buttons(*w), buttons);
+    EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
+  }
+}
+
+// The object that showed a window; it fails to unload, being gone already.
+class ShowHostSpy : public OrvelShowObject {
+ public:
+  void UnloadShowOrvelObject() override {
+    ++unloads;
+    throw std::runtime_error("already gone");
+  }
+  int unloads = 0;
+};
+
+TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
+  auto w = Open("O00001001", "1");
+  ASSERT_TRUE(w->IsNew);
+  Grid(*w).EditField("Name", Variant("UAB Naujas"));
+  w->cmdEnter_Click();
+  EXPECT_EQ(std::to_string(w->IsNew) + Buttons(*w) + " " + w->SOPanel.Caption(),
+            "0001 Įmonės kortelė");
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), Lines{"ObjectSaved O00001005"});
+  EXPECT_EQ(Stored(5, "ParentID"), Variant(1));
+  EXPECT_EQ(BusinessLines(), (Lines{"GetCall GetFirmIsUsedInDocuments",
+                                    "ExecArrayCall Orvel_SaveObject 'O0000100',''",
+                                    "GetCall Orvel_ReadObject 'O00001005'"}));
+}
+
+// The object that showed the window is told once and let go, whether the
+// write fails or not (its own failure is not the window's); an early stop
+// keeps it.
+TEST_F(FirmCardTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
+  for (const char* how : {"fails", "writes", "stops"}) {
+    SCOPED_TRACE(how);
+    const std::string end = how;
+    auto spy = std::make_shared<ShowHostSpy>();
+    auto w = Open("O00001002");
+    w->ShowHost = spy;
+    if (end == "fails") BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
+    if (end == "stops") CodeRepeats();
+    if (end == "stops") host_.Rights()->Deny("CFirmsCode", Right::Allowed);
+    if (end != "writes") host_.Ui()->QueueAnswer(vbOK);
+    w->cmdEnter_Click();
+    EXPECT_EQ(spy->unloads, end == "stops" ? 0 : 1);
+    EXPECT_EQ(w->ShowHost, end == "stops" ? spy : nullptr);
+    EXPECT_EQ(host_.Ui()->Boxes().size(), end == "writes" ? 0u : 1u);
+    BO("O0000100").ClearFailures();
+  }
+}
+
+// Cancel of a new firm keeps it in its group, or at the top with no group.
+TEST_F(FirmCardTest, CancelOfANewFirmKeepsItInItsGroup) {
+  auto w = Open("O00001001", "1");
+  Grid(*w).EditField("Name", Variant("UAB Naujas"));
+  w->cmdCancel.Click();
+  auto& object = *w->OrvelObjectUIO();
+  EXPECT_EQ(object.Fields("ParentID").Value(), Variant(1));
+  EXPECT_EQ(object.Fields("Name").Value(), Variant());
+  EXPECT_FALSE(w->cmdEnter.Enabled());
+  auto top = Open("O00001003");
+  top->SSCNew_Click();
+  top->OrvelObjectUIO()->Fields("ParentID").SetValue(Variant(4));
+  top->cmdCancel_Click();
+  EXPECT_TRUE(top->OrvelObjectUIO()->Fields("ParentID").Value().IsNull());
+}
+
+TEST_F(FirmCardTest, ARecordThatVanishedClosesItsWindowOnCancel) {
+  auto w = Open("O00001002");
+  Grid(*w).EditField("Name", Variant("UAB Kitas"));
+  BO("O0000100").FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas");
+  host_.Ui()->QueueAnswer(vbOK);
+  w->cmdCancel_Click();
+  EXPECT_EQ(Boxes(), Lines{"48 Apskaita Įrašas nerastas"});
+  EXPECT_EQ(host_.Log().Lines(Channel::Window), Lines{"RemoveWindow O00001002 True"});
 }
 
 }  // namespace
