@@ -108,7 +108,8 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"GetFirmInfo", "'O00001002',1", {{"Info", {"Sena pastaba"}}}, kNotes},
         ReadCase{"GetFirmInfo", "'O00001004',0", {{"Info", {}}}, kNotes},
         ReadCase{"GetFirms", "O00001001",
-                 {{"Preview", {"O'Brien ir Ko", "UAB Alfa"}}, {"OIDR", {"O00001003", "O00001002"}}}},
+                 {{"Preview", {"O'Brien ir Ko", "UAB Alfa"}},
+                  {"OIDR", {"O00001003", "O00001002"}}}},
         ReadCase{"GetFirms", "O0000100", {{"Preview", {"Pirkėjai", "Tiekėjai", "AB Beta"}}}},
         // The period's documents oldest first; the default end of an open
         // period, and the dotted form of a date.

@@ -135,7 +135,8 @@ INSTANTIATE_TEST_SUITE_P(
                   {"Rest", {"", "", "4"}}, {"OwnCode", {"/1/4/", "/1/3/", "/1/2/"}},
                   {"VatRate", {"9", "5", "21"}}},
                  "UPDATE goods SET VatRate = 21.0, PriceWithVAT = (ID = 3);"
-                 " UPDATE goods SET VatRate = 9.0 WHERE ID = 4; UPDATE goods SET VAT = 5 WHERE ID = 3"},
+                 " UPDATE goods SET VatRate = 9.0 WHERE ID = 4;"
+                 " UPDATE goods SET VAT = 5 WHERE ID = 3"},
         ReadCase{"Orvel_ReadObject", "'O00002005'", {{"OwnCode", {"/1/4/5/"}}}},
         // A new record carries the fields the card primes from its group.
         ReadCase{"Orvel_NewObject", "'O0000200'",
@@ -163,7 +164,8 @@ INSTANTIATE_TEST_SUITE_P(
         // A period's traffic newest first, then what came in less what went
         // out; the sale costs the average purchase price: (10 x 8 + 6 x 8.5) / 16.
         ReadCase{"GetTraffic", "'O00002002','2026-02-01','9999-12-31'",
-                 {{"Number", {"PSF1", "PIR2", ""}}, {"OIDR", {"O10001003", "O10002002", "O0000000"}},
+                 {{"Number", {"PSF1", "PIR2", ""}},
+                  {"OIDR", {"O10001003", "O10002002", "O0000000"}},
                   {"Sign", {"1", "0", "2"}}, {"PurchaseID", {"0", "2", ""}},
                   {"Amount", {"12", "6", "-6"}}, {"Cost", {"98.25", "51", ""}},
                   {"SourcerName", {"", "UAB Tiekėjas", ""}}}},
@@ -180,7 +182,8 @@ INSTANTIATE_TEST_SUITE_P(
         ReadCase{"GetFindGoods", "'O00002004','SN'", {{"GName", {"Jogurtas"}}}},
         // A list row says whether the good is kept by serial numbers.
         ReadCase{"Orvel_GetObjectList", "'O00002001','',1,1,1,'',0,1,0",
-                 {{"WithItems", {"False", "False", "True"}}}, "UPDATE goods SET WithItems = (ID = 2)"}));
+                 {{"WithItems", {"False", "False", "True"}}},
+                 "UPDATE goods SET WithItems = (ID = 2)"}));
 
 // The list call as the catalogue sends it: the settings <Active>,<NotActive>,
 // <Code>,'<warehouse>',<ByWarehouse>,<ByCode>,<WithRest>, or a search with

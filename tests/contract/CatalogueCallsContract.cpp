@@ -167,7 +167,8 @@ TEST_P(RightsContract, AUserWithoutTheRightIsRefusedWhenCallingTheLayerDirectly)
 INSTANTIATE_TEST_SUITE_P(EveryEngine, RightsContract, ::testing::ValuesIn(EngineParams(true)),
                          [](const auto& info) { return std::string(info.param->name); });
 
-std::string CaseName(const ::testing::TestParamInfo<std::tuple<const EngineKind*, CallCase>>& info) {
+std::string CaseName(
+    const ::testing::TestParamInfo<std::tuple<const EngineKind*, CallCase>>& info) {
   return std::string(std::get<0>(info.param)->name) + "_" + std::get<1>(info.param).name + "_" +
          std::to_string(info.index);
 }

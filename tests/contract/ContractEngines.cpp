@@ -175,7 +175,9 @@ class MemoryEngine : public ContractEngine {
       const MemoryTable& table = object->Table();
       out += oid + ":\n";
       for (int32_t id : table.Ids()) {
-        for (const auto& field : table.FieldNames()) out += ConcatText(table.Value(id, field)) + "|";
+        for (const auto& field : table.FieldNames()) {
+          out += ConcatText(table.Value(id, field)) + "|";
+        }
         out += "\n";
       }
     }

@@ -61,7 +61,8 @@ const std::vector<TypeCase>& Types() {
         Named(3, "Švedijos krona", {{"Code", Variant("SEK")}})},
        "švedijos"},
       {"O0001602", Grouped("Bankiniai", "Pavedimas", "Įskaitymas", "Grynaisiais"), "ĮSKAIT"},
-      {"O0001615", Grouped("Sandėliai", "Vilniaus sandėlis", "Kauno sandėlis", "Parduotuvė"), "kauno"},
+      {"O0001615", Grouped("Sandėliai", "Vilniaus sandėlis", "Kauno sandėlis", "Parduotuvė"),
+       "kauno"},
   };
   return types;
 }
@@ -239,7 +240,8 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
     EXPECT_THAT(reply.Text, HasSubstr(name + ": neteisingi parametrai [" + param + "]"));
   }
   // What names no record of the type is not found.
-  for (const std::string& oidr : {oid, oid + "0" + "1", "O0009900" + std::string("1"), oid + "1x"}) {
+  for (const std::string& oidr :
+       {oid, oid + "0" + "1", "O0009900" + std::string("1"), oid + "1x"}) {
     EXPECT_EQ(Told(Get(oid, "Orvel_ReadObject", "'" + oidr + "'")),
               "3021 Įrašas nerastas: " + oidr);
   }
@@ -247,7 +249,8 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
   ASSERT_NE(rs, nullptr);
   rs->Fields("Name").SetValue(Variant("Niekur"));
   Variant::Array array{Variant(rs)};
-  const OrvelStatus status = Engine().Object(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid, array);
+  const OrvelStatus status =
+      Engine().Object(oid).ExecArrayCall("Orvel_SaveObject", "'" + oid, array);
   EXPECT_EQ(status.Number, 5);
   EXPECT_THAT(status.Text, HasSubstr("Orvel_SaveObject: neteisingi parametrai ['" + oid + "]"));
   // A record not stored is not found, and nothing is stored for it.

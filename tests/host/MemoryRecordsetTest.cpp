@@ -195,5 +195,16 @@ TEST(RecordsetBuilding, CloneCopiesDataAndEditsButNotFilterOrSort) {
   EXPECT_EQ(copy->Fields().Item(0).Name(), "ID");
 }
 
+// A set moved from is left empty and usable; the set moved to has the rows.
+TEST(RecordsetBuilding, AMoveTakesTheRowsAndLeavesAnEmptySet) {
+  MemoryRecordset rs = MakeSet();
+  MemoryRecordset moved(std::move(rs));
+  EXPECT_EQ(moved.RecordCount(), 3);
+  EXPECT_EQ(rs.FieldCount(), 0u);  // NOLINT(bugprone-use-after-move): left empty by design
+  rs = std::move(moved);
+  EXPECT_EQ(rs.Fields("Pavadinimas").Value(), Variant("Bankas"));
+  EXPECT_TRUE(moved.IsEOF());  // NOLINT(bugprone-use-after-move)
+}
+
 }  // namespace
 }  // namespace orvel

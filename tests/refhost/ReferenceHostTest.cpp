@@ -17,8 +17,9 @@ using ReferenceHostTest = RunningHost;
 
 TEST(ModuleLibrary, AModuleOfAnotherVersionIsRefusedNamingBoth) {
   ModuleLibrary library(ORVEL_MODULE_PATH, "1.1.0");
-  EXPECT_THAT(library.Error(), ::testing::EndsWith(std::string(": modulio versija ") + kVersion +
-                                                   " netinka šeimininkui, sukurtam 1.1.0 versijai"));
+  EXPECT_THAT(library.Error(),
+              ::testing::EndsWith(std::string(": modulio versija ") + kVersion +
+                                  " netinka šeimininkui, sukurtam 1.1.0 versijai"));
 }
 
 TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
