@@ -2,27 +2,18 @@
 
 #include "orvel/IconsTable.h"
 #include "host/Identifiers.h"
+#include "host/ParamList.h"
 
 namespace orvel {
 namespace {
 
-struct RecordCase {
-  const char* oidr;
-  bool refersToRecord;
-};
-
-class RefersToRecordTest : public ::testing::TestWithParam<RecordCase> {};
-
-TEST_P(RefersToRecordTest, NineCharactersAndANinthOtherThanZero) {
-  EXPECT_EQ(RefersToRecord(GetParam().oidr), GetParam().refersToRecord) << GetParam().oidr;
+TEST(Identifiers, ARecordsOidrIsNineCharactersOrMoreWithANinthOtherThanZero) {
+  for (const auto& [oidr, refersToRecord] :
+       {std::pair{"", false}, {"O0000300", false}, {"O00003005", true}, {"O00003000", false},
+        {"O000030012", true}, {"O000030001", false}}) {
+    EXPECT_EQ(RefersToRecord(oidr), refersToRecord) << oidr;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Identifiers, RefersToRecordTest,
-                         ::testing::Values(RecordCase{"", false}, RecordCase{"O0000300", false},
-                                           RecordCase{"O00003005", true},
-                                           RecordCase{"O00003000", false},
-                                           RecordCase{"O000030012", true},
-                                           RecordCase{"O000030001", false}));
 
 TEST(Identifiers, OidIsTheFirstEightCharacters) {
   EXPECT_EQ(OidOf("O00003005"), "O0000300");
@@ -51,6 +42,22 @@ TEST(IconsTable, KeysAreUniqueAndFoundWithoutRegardToCase) {
   EXPECT_EQ(table.Count(), 2);
   EXPECT_EQ(table.Item("FIRMNA"), "FirmNA");
   EXPECT_EQ(table.Item("X"), std::nullopt);
+}
+
+// Arguments split at commas outside quotes; nothing is escaped: a text ends at
+// the apostrophe that ends the argument.
+TEST(ParamList, SplitsArgumentsAndRefusesAnOpenText) {
+  using Args = std::vector<std::string>;
+  using Row = std::pair<const char*, std::optional<Args>>;
+  for (const auto& [param, args] : std::initializer_list<Row>{
+           {"", Args{}}, {"   ", Args{}}, {"'O00003005'", Args{"O00003005"}},
+           {"O00003005", Args{"O00003005"}}, {"'O0000300',''", Args{"O0000300", ""}},
+           {"'O0000300','seb',1,0", Args{"O0000300", "seb", "1", "0"}},
+           {" 'a' , 12 ,'b' ", Args{"a", "12", "b"}}, {"'O'Brien'", Args{"O'Brien"}},
+           {"'a,b','c'", Args{"a,b", "c"}}, {"'Šiaulių'", Args{"Šiaulių"}}, {"1,", Args{"1", ""}},
+           {"'open", std::nullopt}, {"'a'b", std::nullopt}, {"'", std::nullopt}}) {
+    EXPECT_EQ(SplitParams(param), args) << param;
+  }
 }
 
 }  // namespace

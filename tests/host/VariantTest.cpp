@@ -30,31 +30,18 @@ TEST(Variant, EmptyAndNullAreDistinct) {
   }
 }
 
-struct WideCase {
-  int64_t value;
-  VarType type;
-};
-
-class VariantWide : public testing::TestWithParam<WideCase> {};
-
-TEST_P(VariantWide, KeepsIntegerWhenItFits32Bits) {
-  const Variant v(GetParam().value);
-  ASSERT_EQ(v.Type(), GetParam().type);
-  if (v.Type() == VarType::Integer) {
-    EXPECT_EQ(v.Integer(), GetParam().value);
-  } else {
-    EXPECT_EQ(v.Double(), static_cast<double>(GetParam().value));
+TEST(Variant, AWideIntegerStaysIntegerWhenItFits32Bits) {
+  constexpr int64_t kMax = std::numeric_limits<int32_t>::max();
+  constexpr int64_t kMin = std::numeric_limits<int32_t>::min();
+  constexpr VarType kInteger = VarType::Integer, kDouble = VarType::Double;
+  for (const auto& [value, type] :
+       {std::pair{int64_t{0}, kInteger}, {-5, kInteger}, {kMax, kInteger}, {kMin, kInteger},
+        {kMax + 1, kDouble}, {kMin - 1, kDouble}, {int64_t{1} << 53, kDouble}}) {
+    const Variant v(value);
+    ASSERT_EQ(v.Type(), type) << value;
+    EXPECT_EQ(type == kInteger ? v.Integer() : v.Double(), static_cast<double>(value));
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, VariantWide,
-    testing::Values(WideCase{0, VarType::Integer}, WideCase{-5, VarType::Integer},
-                    WideCase{std::numeric_limits<int32_t>::max(), VarType::Integer},
-                    WideCase{std::numeric_limits<int32_t>::min(), VarType::Integer},
-                    WideCase{int64_t{std::numeric_limits<int32_t>::max()} + 1, VarType::Double},
-                    WideCase{int64_t{std::numeric_limits<int32_t>::min()} - 1, VarType::Double},
-                    WideCase{int64_t{1} << 53, VarType::Double}));
 
 TEST(Variant, AccessorOfAnotherTypeIsATypeMismatch) {
   const Variant text("5");
@@ -90,25 +77,15 @@ TEST(Variant, ObjectAsCastsOnlyToWhatTheObjectIs) {
   EXPECT_FALSE(v == Variant(std::make_shared<Circle>()));
 }
 
-struct DescribeCase {
-  Variant value;
-  const char* expected;
-};
-
-class VariantDescribe : public testing::TestWithParam<DescribeCase> {};
-
-TEST_P(VariantDescribe, NamesTypeAndValue) {
-  EXPECT_EQ(Describe(GetParam().value), GetParam().expected);
+TEST(Variant, DescribeNamesTypeAndValue) {
+  for (const auto& [value, expected] : std::initializer_list<std::pair<Variant, const char*>>{
+           {Variant(), "Empty"}, {Variant::Null(), "Null"}, {true, "Boolean True"},
+           {int32_t{5}, "Integer 5"}, {2.5, "Double 2.5"}, {Date{45292.5}, "Date 45292.5"},
+           {"a", "String 'a'"}, {Variant(std::shared_ptr<Object>{}), "Nothing"},
+           {Variant(Variant::Array{1, 2}), "Array(2)"}}) {
+    EXPECT_EQ(Describe(value), expected);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, VariantDescribe,
-    testing::Values(DescribeCase{Variant(), "Empty"}, DescribeCase{Variant::Null(), "Null"},
-                    DescribeCase{true, "Boolean True"}, DescribeCase{int32_t{5}, "Integer 5"},
-                    DescribeCase{2.5, "Double 2.5"}, DescribeCase{Date{45292.5}, "Date 45292.5"},
-                    DescribeCase{"a", "String 'a'"},
-                    DescribeCase{Variant(std::shared_ptr<Object>{}), "Nothing"},
-                    DescribeCase{Variant(Variant::Array{1, 2}), "Array(2)"}));
 
 }  // namespace
 }  // namespace orvel
