@@ -12,22 +12,22 @@
 namespace orvel {
 namespace {
 
-TEST(Variant, EmptyAndNullAreDistinct) {
-  const Variant empty;
-  const Variant null = Variant::Null();
-  EXPECT_TRUE(empty.IsEmpty());
-  EXPECT_FALSE(empty.IsNull());
-  EXPECT_TRUE(null.IsNull());
-  EXPECT_FALSE(null.IsEmpty());
-  EXPECT_FALSE(empty == null);
-  EXPECT_EQ(null, Variant(NullValue{}));
-  // Neither is a number, text or an object.
-  for (const Variant& v : {empty, null}) {
-    EXPECT_FALSE(v.IsNumber());
-    EXPECT_FALSE(v.IsString());
-    EXPECT_FALSE(v.IsObject());
-    EXPECT_FALSE(v.IsNothing());
+// The kinds a value answers to, by their predicates' names.
+std::string Kinds(const Variant& v) {
+  std::string kinds;
+  for (const auto& [is, name] : {std::pair{v.IsEmpty(), "Empty"}, {v.IsNull(), "Null"},
+                                 {v.IsNumber(), "Number"}, {v.IsString(), "String"},
+                                 {v.IsObject(), "Object"}, {v.IsNothing(), "Nothing"}}) {
+    if (is) kinds += kinds.empty() ? name : std::string(" ") + name;
   }
+  return kinds;
+}
+
+TEST(Variant, EmptyAndNullAreDistinctAndNeitherANumberTextNorObject) {
+  EXPECT_EQ(Kinds(Variant()), "Empty");
+  EXPECT_EQ(Kinds(Variant::Null()), "Null");
+  EXPECT_FALSE(Variant() == Variant::Null());
+  EXPECT_EQ(Variant::Null(), Variant(NullValue{}));
 }
 
 TEST(Variant, AWideIntegerStaysIntegerWhenItFits32Bits) {
@@ -61,14 +61,13 @@ class Unrelated : public Object {};
 TEST(Variant, ObjectAsCastsOnlyToWhatTheObjectIs) {
   const auto circle = std::make_shared<Circle>();
   const Variant v(circle);
-  EXPECT_TRUE(v.IsObject());
-  EXPECT_FALSE(v.IsNothing());
+  EXPECT_EQ(Kinds(v), "Object");
   EXPECT_EQ(v.ObjectAs<Shape>(), circle);
   EXPECT_EQ(v.ObjectAs<Circle>(), circle);
   EXPECT_EQ(v.ObjectAs<Unrelated>(), nullptr);
 
   const Variant nothing(std::shared_ptr<Object>{});
-  EXPECT_TRUE(nothing.IsNothing());
+  EXPECT_EQ(Kinds(nothing), "Object Nothing");
   EXPECT_EQ(nothing.ObjectAs<Shape>(), nullptr);
   EXPECT_EQ(Variant("text").ObjectAs<Shape>(), nullptr);
 
