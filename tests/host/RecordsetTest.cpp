@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
 #include <functional>
 #include <limits>
 #include <numeric>
@@ -30,6 +31,13 @@ std::vector<int> VisibleIds(MemoryRecordset& rs) {
   std::vector<int> ids;
   for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) ids.push_back(rs.Fields("ID").Value().Integer());
   return ids;
+}
+
+// Where a set stands: "BOF", "EOF", both, or the current row's ID; then "/"
+// and the number of rows it shows.
+std::string At(MemoryRecordset& rs) {
+  std::string at = rs.IsBOF() ? (rs.IsEOF() ? "BOF EOF" : "BOF") : (rs.IsEOF() ? "EOF" : "");
+  return (at.empty() ? CStr(rs.Fields("ID").Value()) : at) + "/" + std::to_string(rs.RecordCount());
 }
 
 MemoryRecordset BankSet() {
@@ -110,7 +118,7 @@ TEST(RecordsetFields, ReadingAndWritingNeedACurrentRecord) {
 TEST(RecordsetMoving, WalksEveryRowThenStopsAtEof) {
   MemoryRecordset empty({"ID"});
   empty.MoveFirst();
-  EXPECT_TRUE(empty.IsBOF() && empty.IsEOF());
+  EXPECT_EQ(At(empty), "BOF EOF/0");
   EXPECT_EQ(ErrorOf([&] { empty.MoveNext(); }), RuntimeError::kNoCurrentRecord);
   empty.AddRow({7});
   EXPECT_EQ(empty.Fields("ID").Value(), Variant(7));
@@ -118,13 +126,12 @@ TEST(RecordsetMoving, WalksEveryRowThenStopsAtEof) {
   std::vector<Variant> names;
   for (; !rs.IsEOF(); rs.MoveNext()) names.push_back(rs.Fields("Pavadinimas").Value());
   EXPECT_THAT(names, ElementsAre(Variant("Bankas"), Variant("Kitas"), Variant("Trečias")));
-  EXPECT_FALSE(rs.IsBOF());
+  EXPECT_EQ(At(rs), "EOF/3");
   EXPECT_EQ(ErrorOf([&] { rs.MoveNext(); }), RuntimeError::kNoCurrentRecord);
   rs.AddRow({4, "x", "y", 1});
-  EXPECT_TRUE(rs.IsEOF());
-  EXPECT_EQ(rs.RecordCount(), 4);
+  EXPECT_EQ(At(rs), "EOF/4");
   rs.MoveFirst();
-  EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+  EXPECT_EQ(At(rs), "1/4");
   EXPECT_EQ(rs.CurrentStoredRow(), 0u);
 }
 
@@ -407,28 +414,26 @@ TEST(RecordsetFilterLimits, ValuesThatAreNeitherCriteriaNorZero) {
   EXPECT_EQ(rs.RecordCount(), 6);
 }
 
+// The criteria are reported as set; a new filter replaces rather than narrows.
 TEST(RecordsetFilter, MovesToTheFirstMatchCountsOnlyMatchesAndWithNoneHasNoCurrentRecord) {
   MemoryRecordset rs = FilterSet();
+  EXPECT_EQ(rs.Filter(), Variant(0));
   rs.MoveNext();
   rs.MoveNext();
   rs.MoveNext();
   rs.SetFilter("Code = 'eur'");
-  EXPECT_FALSE(rs.IsBOF());
-  EXPECT_FALSE(rs.IsEOF());
-  EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
-  EXPECT_EQ(rs.RecordCount(), 2);
+  EXPECT_EQ(At(rs), "1/2");
   rs.MoveNext();
-  EXPECT_EQ(rs.Fields("ID").Value(), Variant(3));
+  EXPECT_EQ(At(rs), "3/2");
   rs.MoveNext();
-  EXPECT_TRUE(rs.IsEOF());
-  {
-    MemoryRecordset rs = FilterSet();
-    rs.SetFilter("ID = 99");
-    EXPECT_TRUE(rs.IsBOF());
-    EXPECT_TRUE(rs.IsEOF());
-    EXPECT_EQ(rs.RecordCount(), 0);
-    EXPECT_EQ(ErrorOf([&] { rs.Fields("ID").Value(); }), RuntimeError::kNoCurrentRecord);
-  }
+  EXPECT_EQ(At(rs), "EOF/2");
+  rs.SetFilter(" ID = 2");
+  EXPECT_EQ(rs.Filter(), Variant(" ID = 2"));
+  EXPECT_EQ(At(rs), "2/1");
+  MemoryRecordset none = FilterSet();
+  none.SetFilter("ID = 99");
+  EXPECT_EQ(At(none), "BOF EOF/0");
+  EXPECT_EQ(ErrorOf([&] { none.Fields("ID").Value(); }), RuntimeError::kNoCurrentRecord);
 }
 
 // Empty text, zero or Empty clears the filter.
@@ -437,20 +442,9 @@ TEST(RecordsetFilter, ClearingShowsEveryRowFromTheFirstAndReportsWhatWasSet) {
     MemoryRecordset rs = FilterSet();
     rs.SetFilter("ID = 99");
     rs.SetFilter(clear);
-    EXPECT_EQ(rs.RecordCount(), 6) << Describe(clear);
-    EXPECT_FALSE(rs.IsBOF());
-    EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
+    EXPECT_EQ(At(rs), "1/6") << Describe(clear);
     EXPECT_EQ(rs.Filter(), clear);
   }
-}
-
-TEST(RecordsetFilter, ReportsTheCriteriaAsSetAndReplacesRatherThanNarrows) {
-  MemoryRecordset rs = FilterSet();
-  EXPECT_EQ(rs.Filter(), Variant(0));
-  rs.SetFilter(" ID = 5");
-  EXPECT_EQ(rs.Filter(), Variant(" ID = 5"));
-  rs.SetFilter("ID = 2");
-  EXPECT_THAT(VisibleIds(rs), ElementsAre(2));
 }
 
 TEST(RecordsetFilter, RowsAddedLaterJoinWhenTheyMatchEditsMoveNoneUntilTheFilterIsSetAgain) {
@@ -591,17 +585,13 @@ TEST(RecordsetSort, MovesToTheFirstRecordOfTheNewOrderAndSortsEmptySets) {
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(5));
   rs.SetSort("");
   EXPECT_EQ(rs.Fields("ID").Value(), Variant(1));
-  {
-    MemoryRecordset empty({"ID"});
-    empty.SetSort("ID DESC");
-    EXPECT_TRUE(empty.IsBOF());
-    EXPECT_TRUE(empty.IsEOF());
-    MemoryRecordset rs = SortSet();
-    rs.SetFilter("ID = 99");
-    rs.SetSort("Name");
-    EXPECT_TRUE(rs.IsEOF());
-    EXPECT_EQ(rs.RecordCount(), 0);
-  }
+  MemoryRecordset empty({"ID"});
+  empty.SetSort("ID DESC");
+  EXPECT_EQ(At(empty), "BOF EOF/0");
+  MemoryRecordset none = SortSet();
+  none.SetFilter("ID = 99");
+  none.SetSort("Name");
+  EXPECT_EQ(At(none), "BOF EOF/0");
 }
 
 TEST(RecordsetSort, AndFilterEachKeepTheOtherWhenSet) {
@@ -701,27 +691,21 @@ TEST(RecordsetSort, AgreesWithAStableSortByTheTextCompareOnGeneratedRows) {
     rows.push_back(row);
     rs.AddRow(row);
   }
-  struct Keys {
-    const char* text;
-    std::vector<int> columns;
-    std::vector<bool> descending;
-  };
-  for (const Keys& keys :
-       std::vector<Keys>{{"Text", {1}, {false}},
-                         {"Text DESC", {1}, {true}},
-                         {"Mixed, Number DESC", {3, 2}, {false, true}},
-                         {"Number, Text DESC, Mixed", {2, 1, 3}, {false, true, false}}}) {
+  // A negative column sorts descending.
+  for (const auto& [keys, columns] : std::initializer_list<std::pair<const char*, Ids>>{
+           {"Text", {1}}, {"Text DESC", {-1}}, {"Mixed, Number DESC", {3, -2}},
+           {"Number, Text DESC, Mixed", {2, -1, 3}}}) {
     std::vector<int> expected(rows.size());
     std::iota(expected.begin(), expected.end(), 0);
-    std::stable_sort(expected.begin(), expected.end(), [&](int a, int b) {
-      for (size_t k = 0; k < keys.columns.size(); ++k) {
-        int c = ReferenceCompare(rows[a][keys.columns[k]], rows[b][keys.columns[k]]);
-        if (c != 0) return keys.descending[k] ? c > 0 : c < 0;
+    std::stable_sort(expected.begin(), expected.end(), [&, &columns = columns](int a, int b) {
+      for (const int k : columns) {
+        const int c = ReferenceCompare(rows[a][std::abs(k)], rows[b][std::abs(k)]);
+        if (c != 0) return k < 0 ? c > 0 : c < 0;
       }
       return false;
     });
-    rs.SetSort(keys.text);
-    EXPECT_EQ(VisibleIds(rs), expected) << keys.text;
+    rs.SetSort(keys);
+    EXPECT_EQ(VisibleIds(rs), expected) << keys;
   }
 }
 
