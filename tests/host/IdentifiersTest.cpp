@@ -15,23 +15,17 @@ TEST(Identifiers, ARecordsOidrIsNineCharactersOrMoreWithANinthOtherThanZero) {
   }
 }
 
-TEST(Identifiers, OidIsTheFirstEightCharacters) {
-  EXPECT_EQ(OidOf("O00003005"), "O0000300");
-  EXPECT_EQ(OidOf("O0000300"), "O0000300");
-  EXPECT_EQ(OidOf("O00"), "O00");
-}
-
-TEST(Identifiers, IconKeyIsCAndCharactersTwoToEight) {
-  EXPECT_EQ(IconKeyOf("O00003005"), "C0000300");
-  EXPECT_EQ(IconKeyOf("O0000100123"), "C0000100");
-  EXPECT_EQ(IconKeyOf(""), "C");
-}
-
-TEST(Identifiers, LastOidrOfAPickerPathIsFoundFromTheRightIgnoringCase) {
-  EXPECT_EQ(LastOidr("O00001001O00001007"), "O00001007");
-  EXPECT_EQ(LastOidr("x\\o00001007"), "o00001007");
-  EXPECT_EQ(LastOidr("12345"), "");
-  EXPECT_EQ(LastOidr(""), "");
+// The OID is the first eight characters; the icon key "C" and characters two
+// to eight; the last OIDR of a picker path is found from the right ignoring case.
+TEST(Identifiers, OidIconKeyAndLastOidrAreCutFromTheText) {
+  using Row = std::tuple<std::string (*)(std::string_view), const char*, const char*>;
+  for (const auto& [cut, text, expected] : std::initializer_list<Row>{
+           {OidOf, "O00003005", "O0000300"}, {OidOf, "O0000300", "O0000300"}, {OidOf, "O00", "O00"},
+           {IconKeyOf, "O00003005", "C0000300"}, {IconKeyOf, "O0000100123", "C0000100"},
+           {IconKeyOf, "", "C"}, {LastOidr, "O00001001O00001007", "O00001007"},
+           {LastOidr, "x\\o00001007", "o00001007"}, {LastOidr, "12345", ""}, {LastOidr, "", ""}}) {
+    EXPECT_EQ(cut(text), expected) << text;
+  }
 }
 
 TEST(IconsTable, KeysAreUniqueAndFoundWithoutRegardToCase) {
