@@ -168,9 +168,8 @@ TEST(RecordsetEdits, AcceptKeepsAndCancelPutsBackTheEditsOfEveryRow) {
   rs.MoveNext();
   rs.Fields("Kaina").SetValue(Variant::Null());
   rs.CancelChanges();
-  EXPECT_EQ(rs.StoredValue(0, 3), Variant(2.0));
-  EXPECT_EQ(rs.StoredValue(0, 0), Variant(1));
-  EXPECT_EQ(rs.StoredValue(1, 3), Variant(4));
+  EXPECT_EQ(std::vector({rs.StoredValue(0, 3), rs.StoredValue(0, 0), rs.StoredValue(1, 3)}),
+            std::vector<Variant>({2.0, 1, 4}));
   EXPECT_FALSE(rs.CurrentChanged());
 }
 
@@ -454,14 +453,12 @@ TEST(RecordsetFilter, RowsAddedLaterJoinWhenTheyMatchEditsMoveNoneUntilTheFilter
   rs.AddRow({8, "LTL", "y", 1, Variant::Null(), 0, Variant::Null(), "n"});
   EXPECT_THAT(VisibleIds(rs), ElementsAre(1, 3, 7));
   EXPECT_EQ(rs.StoredRowCount(), 8u);
-  {
-    MemoryRecordset rs = FilterSet();
-    rs.SetFilter("Code = 'EUR'");
-    rs.Fields("Code").SetValue("LTL");
-    EXPECT_THAT(VisibleIds(rs), ElementsAre(1, 3));
-    rs.SetFilter(rs.Filter());
-    EXPECT_THAT(VisibleIds(rs), ElementsAre(3));
-  }
+  MemoryRecordset edited = FilterSet();
+  edited.SetFilter("Code = 'EUR'");
+  edited.Fields("Code").SetValue("LTL");
+  EXPECT_THAT(VisibleIds(edited), ElementsAre(1, 3));
+  edited.SetFilter(edited.Filter());
+  EXPECT_THAT(VisibleIds(edited), ElementsAre(3));
 }
 
 TEST(RecordsetFilter, ValuesWithoutATextFormMatchNoTextComparisonAndFailNothing) {

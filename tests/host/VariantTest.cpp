@@ -45,7 +45,6 @@ TEST(Variant, AWideIntegerStaysIntegerWhenItFits32Bits) {
 
 TEST(Variant, AccessorOfAnotherTypeIsATypeMismatch) {
   const Variant text("5");
-  EXPECT_EQ(text.String(), "5");
   std::string error;
   EXPECT_EQ(ErrorOf([&] { (void)text.Integer(); }, &error), RuntimeError::kTypeMismatch);
   EXPECT_NE(error.find("String '5'"), std::string::npos) << error;

@@ -28,7 +28,7 @@ class RecordObjectUIO : public StubObjectUIO {
   using OrvelObjectUIO::Properties;
   OrvelResult Properties(const std::string& name, std::string& par) override {
     calls.push_back("Properties " + name + " '" + par + "'");
-    return structure;
+    return {0, "", Variant("Banks")};
   }
   OrvelStatus Save(const std::shared_ptr<Recordset>& rs2,
                    const std::shared_ptr<Recordset>& rs3) override {
@@ -40,7 +40,6 @@ class RecordObjectUIO : public StubObjectUIO {
 
   std::shared_ptr<MemoryRecordset> record_ =
       std::make_shared<MemoryRecordset>(std::vector<std::string>{"Name", "SWIFT"});
-  OrvelResult structure{0, "", Variant("Banks")};
   OrvelStatus saveReply;
   bool throwOnSave = false;
   std::vector<std::string> calls;

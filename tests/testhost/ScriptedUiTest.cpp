@@ -125,19 +125,13 @@ TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheNextScriptOnTheShownFormLoaded) {
   EXPECT_FALSE(dialog.Visible());
 }
 
-class ScriptedUiPopupTest : public ScriptedUiFormsTest {
- protected:
-  ScriptedUiPopupTest() {
-    for (const char* name : {"mnuOpen", "mnuToDesktop", "mnuDelete"})
-      popup.Add(name, name).OnClick = [this, name] { clicks.push_back(name); };
-  }
-  Menu popup{"mnuList"};
-  std::vector<std::string> clicks;
-};
-
 // A queued entry is clicked before PopupMenu returns; a closed menu ("") or
 // a hidden or disabled entry picks nothing.
-TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntryIfItIsShownAndEnabled) {
+TEST_F(ScriptedUiFormsTest, PopupMenu_PicksTheQueuedEntryIfItIsShownAndEnabled) {
+  Menu popup{"mnuList"};
+  std::vector<std::string> clicks;
+  for (const char* name : {"mnuOpen", "mnuToDesktop", "mnuDelete"})
+    popup.Add(name, name).OnClick = [&clicks, name] { clicks.push_back(name); };
   ui.QueuePopupPick("mnuToDesktop");
   ui.PopupMenu(popup);
   EXPECT_THAT(clicks, ElementsAre("mnuToDesktop"));

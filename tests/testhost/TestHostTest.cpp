@@ -126,11 +126,7 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
 // with `keepObject`.
 class StubWindow : public OrvelWindow {
  public:
-  static std::shared_ptr<StubWindow> ForRecord(const std::string& oidr) {
-    auto window = std::make_shared<StubWindow>();
-    window->object_ = std::make_shared<StubObjectUIO>(oidr);
-    return window;
-  }
+  explicit StubWindow(const std::string& oidr) : object_(std::make_shared<StubObjectUIO>(oidr)) {}
   std::shared_ptr<orvel::OrvelObjectUIO> OrvelObjectUIO() const override { return object_; }
   void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override {
     object_ = std::move(object);
@@ -158,8 +154,8 @@ class TestWindowManagerTest : public ::testing::Test {
 // A window is registered under its object's OIDR; shown again, or re-keyed,
 // it keeps its one entry under its new OIDR.
 TEST_F(TestWindowManagerTest, ShowWindow_RegistersUnderObjectsOidr_RekeyKeepsOneEntry) {
-  auto window = StubWindow::ForRecord("");
-  auto bank = StubWindow::ForRecord("O00003005");
+  auto window = std::make_shared<StubWindow>("");
+  auto bank = std::make_shared<StubWindow>("O00003005");
   manager_.ShowWindow(window);
   manager_.ShowWindow(bank);
   EXPECT_EQ(manager_.Window(""), window);
@@ -182,10 +178,10 @@ TEST_F(TestWindowManagerTest, ShowWindow_RegistersUnderObjectsOidr_RekeyKeepsOne
 // and never closes anything; RemoveWindow asks the window unless forced,
 // CloseWindow always asks.
 TEST_F(TestWindowManagerTest, QueryRemoveAsks_CloseAndRemoveAskUnlessForced) {
-  auto keeping = StubWindow::ForRecord("O00003001");
+  auto keeping = std::make_shared<StubWindow>("O00003001");
   keeping->keepObject = true;
   manager_.ShowWindow(keeping);
-  manager_.ShowWindow(StubWindow::ForRecord("O00003002"));
+  manager_.ShowWindow(std::make_shared<StubWindow>("O00003002"));
   EXPECT_TRUE(manager_.QueryRemove("O00003001", true));
   EXPECT_FALSE(manager_.QueryRemove("O00003002", true));
   EXPECT_FALSE(manager_.QueryRemove("O00003003", true));
@@ -202,7 +198,7 @@ TEST_F(TestWindowManagerTest, QueryRemoveAsks_CloseAndRemoveAskUnlessForced) {
                {true, true, false, true, {"Show", "QueryRemove"}}};
   for (const auto& c : cases) {
     TestWindowManager manager(log_);
-    auto window = StubWindow::ForRecord("O00003005");
+    auto window = std::make_shared<StubWindow>("O00003005");
     window->keepObject = c.keepObject;
     manager.ShowWindow(window);
     log_->Clear();
@@ -218,7 +214,7 @@ TEST_F(TestWindowManagerTest, QueryRemoveAsks_CloseAndRemoveAskUnlessForced) {
 }
 
 TEST_F(TestWindowManagerTest, AnUnknownOidrOrNoWindowIsLoggedAndChangesNothing) {
-  auto window = StubWindow::ForRecord("O00003005");
+  auto window = std::make_shared<StubWindow>("O00003005");
   manager_.ShowWindow(window);
   manager_.RemoveWindow("O00003006", true);
   manager_.ObjectSaved("O00003005");
