@@ -125,9 +125,8 @@ TEST_F(MemoryBusinessObjectTest, ScriptsOverrideCallsAndAScriptedSetIsHandedOutF
   EXPECT_EQ(args.size(), 1u);
   EXPECT_EQ(bo_.ExecCall("Orvel_DeleteObject", "'O00003001'", 0).Number, 547);
   EXPECT_EQ(bo_.GetCall("GetRate", "'EUR'", 0).Text, "ok");
-  OrvelBoResult thrown = bo_.GetCall("GetRate", "'USD'", 0);
-  EXPECT_EQ(thrown.Number, RuntimeError::kInvalidCall);
-  EXPECT_EQ(thrown.Text, "GetRate: bad currency");
+  EXPECT_EQ(ReplyOf(bo_.GetCall("GetRate", "'USD'", 0)),
+            Reply(RuntimeError::kInvalidCall, "GetRate: bad currency"));
   bo_.ClearScripts();
   EXPECT_EQ(bo_.GetCall("Orvel_ReadObject", "'O00003001'", 0).Number, 3021);
 }
@@ -135,9 +134,7 @@ TEST_F(MemoryBusinessObjectTest, ScriptsOverrideCallsAndAScriptedSetIsHandedOutF
 TEST_F(MemoryBusinessObjectTest, AFailedCallStoresNothingAndIsJournalled) {
   auto rs = ReadSet(bo_.GetCall("Orvel_NewObject", "'O0000300'", 0));
   bo_.FailCallsNamed("Orvel_SaveObject", -2147467259, "Ryšys nutrūko");
-  OrvelStatus failed = Save("'O0000300',''", rs);
-  EXPECT_EQ(failed.Number, -2147467259);
-  EXPECT_EQ(failed.Text, "Ryšys nutrūko");
+  EXPECT_EQ(ReplyOf(Save("'O0000300',''", rs)), Reply(-2147467259, "Ryšys nutrūko"));
   EXPECT_EQ(bo_.GetCall("Orvel_GetObjectList", "'O0000300'", 0).Number, 0);
   bo_.ClearFailures();
   EXPECT_EQ(Save("'O0000300',''", rs).Number, 0);

@@ -66,9 +66,8 @@ TEST_F(TestHostTest, CallsAndCommands_LoggedAndScriptedPerName) {
   EXPECT_EQ(manager->Call("GetOldPeriod", "").Value, Variant(Date{46000}));
   EXPECT_EQ(manager->Call("OrvelGroupSelect", "GetGroups(3);;Pasirinkite").Value,
             Variant("GetGroups(3)"));
-  OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
-  EXPECT_EQ(unscripted.Number, 0);
-  EXPECT_TRUE(unscripted.Value.IsEmpty());
+  const OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
+  EXPECT_TRUE(unscripted.Number == 0 && unscripted.Value.IsEmpty());
   Variant::Array help{Variant("Bankai"), Variant("C:\\Orvel\\Orvel.chm")};
   EXPECT_EQ(manager->ExecCommand("ShowHelp", help).Number, 0);
   manager->AddToDesktop("O00003005");
