@@ -1,6 +1,8 @@
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <random>
+#include <tuple>
 #include <string>
 #include <vector>
 
@@ -16,32 +18,21 @@ namespace {
 constexpr const char* kLower = "ąčęėįšųūž àéöøþ āćđğłňőřţŷźÿ";
 constexpr const char* kUpper = "ĄČĘĖĮŠŲŪŽ ÀÉÖØÞ ĀĆĐĞŁŇŐŘŢŶŹŸ";
 
-struct SliceCase {
-  const char* text;
-  int start;   // Mid start; unused by Left/Right
-  int length;  // Left/Right length or Mid length
-  const char* left;
-  const char* right;
-  const char* mid;
-};
-
-class TextSlice : public testing::TestWithParam<SliceCase> {};
-
-TEST_P(TextSlice, CountsCharactersNotBytes) {
-  const SliceCase& c = GetParam();
-  EXPECT_EQ(Left(c.text, c.length), c.left);
-  EXPECT_EQ(Right(c.text, c.length), c.right);
-  EXPECT_EQ(Mid(c.text, c.start, c.length), c.mid);
+// Left, Right and Mid count characters, not bytes; a stray byte is one
+// character and is kept as it is.
+TEST(Text, SlicesCountCharactersNotBytes) {
+  for (const auto& [text, start, length, left, right, mid] :
+       {std::tuple<const char*, int, int, const char*, const char*, const char*>{
+            "šeši", 2, 2, "še", "ši", "eš"},
+        {"test", 5, 2, "te", "st", ""},      // start just past the end
+        {"test", 9, 5, "test", "test", ""},  // beyond the end is fine
+        {"ąčę", 3, 0, "", "", ""}, {"", 1, 3, "", "", ""},
+        {"a\xFFž\x80", 2, 2, "a\xFF", "ž\x80", "\xFFž"}}) {
+    EXPECT_EQ(Left(text, length), left) << text;
+    EXPECT_EQ(Right(text, length), right) << text;
+    EXPECT_EQ(Mid(text, start, length), mid) << text;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextSlice,
-    testing::Values(SliceCase{"šeši", 2, 2, "še", "ši", "eš"},
-                    SliceCase{"test", 5, 2, "te", "st", ""},      // start just past the end
-                    SliceCase{"test", 9, 5, "test", "test", ""},  // beyond the end is fine
-                    SliceCase{"ąčę", 3, 0, "", "", ""}, SliceCase{"", 1, 3, "", "", ""},
-                    // A stray byte is one character and is kept as it is.
-                    SliceCase{"a\xFFž\x80", 2, 2, "a\xFF", "ž\x80", "\xFFž"}));
 
 TEST(Text, LenCountsCodePointsAndBadBytes) {
   EXPECT_EQ(Len("šeši"), 4);
@@ -50,67 +41,36 @@ TEST(Text, LenCountsCodePointsAndBadBytes) {
   EXPECT_EQ(Len("€𝄞"), 2);
   EXPECT_EQ(Len(kLower), Len(kUpper));
   // Truncated, overlong and surrogate sequences: every byte counts once.
-  EXPECT_EQ(Len("\xC5"), 1);
-  EXPECT_EQ(Len("\xE2\x82"), 2);
-  EXPECT_EQ(Len("\xC0\xAF"), 2);
-  EXPECT_EQ(Len("\xED\xA0\x80"), 3);
+  EXPECT_EQ(std::vector({Len("\xC5"), Len("\xE2\x82"), Len("\xC0\xAF"), Len("\xED\xA0\x80")}),
+            std::vector({1, 2, 2, 3}));
 }
 
-struct InvalidCallCase {
-  const char* name;
-  std::string (*call)();
-};
-
-class TextInvalidCall : public testing::TestWithParam<InvalidCallCase> {};
-
-TEST_P(TextInvalidCall, ThrowsInvalidCallWithText) {
-  std::string text;
-  EXPECT_EQ(ErrorOf(GetParam().call, &text), RuntimeError::kInvalidCall);
-  EXPECT_NE(text.find("Neteisingas procedūros kvietimas"), std::string::npos) << text;
+TEST(Text, PositionsBelowOneAreInvalidCallsWithText) {
+  const std::vector<std::function<void()>> calls{
+      [] { Mid("abc", 0); }, [] { Mid("abc", -2, 1); }, [] { Left("abc", -1); },
+      [] { Right("abc", -1); }, [] { InStr(0, "abc", "b"); }, [] { InStrRev("abc", "b", 0); },
+      [] { InStrRev("abc", "b", -2); }};
+  for (size_t i = 0; i < calls.size(); ++i) {
+    std::string text;
+    EXPECT_EQ(ErrorOf(calls[i], &text), RuntimeError::kInvalidCall) << i;
+    EXPECT_NE(text.find("Neteisingas procedūros kvietimas"), std::string::npos) << text;
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextInvalidCall,
-    testing::Values(
-        InvalidCallCase{"MidZero", [] { return Mid("abc", 0); }},
-        InvalidCallCase{"MidNegative", [] { return Mid("abc", -2, 1); }},
-        InvalidCallCase{"LeftNegative", [] { return Left("abc", -1); }},
-        InvalidCallCase{"RightNegative", [] { return Right("abc", -1); }},
-        InvalidCallCase{"InStrZero", [] { return std::to_string(InStr(0, "abc", "b")); }},
-        InvalidCallCase{"InStrRevZero", [] { return std::to_string(InStrRev("abc", "b", 0)); }},
-        InvalidCallCase{"InStrRevBelowMinusOne",
-                        [] { return std::to_string(InStrRev("abc", "b", -2)); }}),
-    [](const auto& info) { return info.param.name; });
-
-struct InStrCase {
-  int start;
-  const char* text;
-  const char* match;
-  Compare compare;
-  int expected;
-};
-
-class TextInStr : public testing::TestWithParam<InStrCase> {};
-
-TEST_P(TextInStr, FindsCharacterPosition) {
-  const InStrCase& c = GetParam();
-  EXPECT_EQ(InStr(c.start, c.text, c.match, c.compare), c.expected);
+// Positions in characters; a lone lead byte must not match the start of a
+// whole character.
+TEST(Text, InStrFindsTheCharacterPosition) {
+  constexpr Compare kBinary = Compare::Binary, kText = Compare::Text;
+  for (const auto& [start, text, match, compare, expected] :
+       {std::tuple{1, "abcabc", "bc", kBinary, 2}, {3, "abcabc", "bc", kBinary, 5},
+        {1, "abc", "B", kBinary, 0}, {1, "abc", "B", kText, 2}, {1, "šešių", "ŠIŲ", kText, 3},
+        {2, "ąą", "ą", kBinary, 2}, {1, "abc", "", kBinary, 1}, {3, "abc", "", kBinary, 3},
+        {4, "abc", "", kBinary, 0},  // start beyond the text
+        {1, "", "a", kBinary, 0}, {1, "ab", "abc", kBinary, 0}, {1, "é", "\xC3", kBinary, 0},
+        {1, "x\xC3y", "\xC3", kBinary, 2}}) {
+    EXPECT_EQ(InStr(start, text, match, compare), expected) << text << " " << match;
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextInStr,
-    testing::Values(
-        InStrCase{1, "abcabc", "bc", Compare::Binary, 2},
-        InStrCase{3, "abcabc", "bc", Compare::Binary, 5},
-        InStrCase{1, "abc", "B", Compare::Binary, 0}, InStrCase{1, "abc", "B", Compare::Text, 2},
-        InStrCase{1, "šešių", "ŠIŲ", Compare::Text, 3},  // position in characters
-        InStrCase{2, "ąą", "ą", Compare::Binary, 2}, InStrCase{1, "abc", "", Compare::Binary, 1},
-        InStrCase{3, "abc", "", Compare::Binary, 3},
-        InStrCase{4, "abc", "", Compare::Binary, 0},  // start beyond the text
-        InStrCase{1, "", "a", Compare::Binary, 0}, InStrCase{1, "ab", "abc", Compare::Binary, 0},
-        // A lone lead byte must not match the start of a whole character.
-        InStrCase{1, "é", "\xC3", Compare::Binary, 0},
-        InStrCase{1, "x\xC3y", "\xC3", Compare::Binary, 2}));
 
 // The match ends at or before the start; a start beyond the length finds nothing.
 TEST(Text, InStrRevMatchEndsAtOrBeforeStart) {
@@ -137,59 +97,36 @@ TEST(Text, CaseMappingCoversLithuanianAndLatinBlocks) {
   EXPECT_EQ(UCase(caseless), caseless);
   EXPECT_EQ(LCase(caseless), caseless);
   // UpperFirst touches only the first character.
-  EXPECT_EQ(UpperFirst("šeši"), "Šeši");
-  EXPECT_EQ(UpperFirst("ąŽUOLAS"), "ĄŽUOLAS");
-  EXPECT_EQ(UpperFirst("1a"), "1a");
-  EXPECT_EQ(UpperFirst(""), "");
-  EXPECT_EQ(UpperFirst("\xFFz"), "\xFFz");
+  for (const auto& [text, expected] : {std::pair{"šeši", "Šeši"}, {"ąŽUOLAS", "ĄŽUOLAS"},
+                                       {"1a", "1a"}, {"", ""}, {"\xFFz", "\xFFz"}}) {
+    EXPECT_EQ(UpperFirst(text), expected);
+  }
 }
 
-struct CompareCase {
-  const char* a;
-  const char* b;
-  int binary;
-  int text;
-};
-
-class TextCompare : public testing::TestWithParam<CompareCase> {};
-
-TEST_P(TextCompare, StrCompAndTextEqualsAgree) {
-  const CompareCase& c = GetParam();
-  EXPECT_EQ(StrComp(c.a, c.b, Compare::Binary), c.binary);
-  EXPECT_EQ(StrComp(c.b, c.a, Compare::Binary), -c.binary);
-  EXPECT_EQ(StrComp(c.a, c.b, Compare::Text), c.text);
-  EXPECT_EQ(StrComp(c.b, c.a, Compare::Text), -c.text);
-  EXPECT_EQ(TextEquals(c.a, c.b), c.text == 0);
-}
-
-INSTANTIATE_TEST_SUITE_P(
-    Cases, TextCompare,
-    testing::Values(CompareCase{"abc", "abc", 0, 0}, CompareCase{"ABC", "abc", -1, 0},
-                    CompareCase{"abc", "abd", -1, -1}, CompareCase{"ab", "abc", -1, -1},
-                    CompareCase{"", "", 0, 0}, CompareCase{"", "a", -1, -1},
-                    CompareCase{"EUR", "eur", -1, 0},
-                    // Mixed ASCII then non-ASCII: the fast path hands over mid-string.
-                    CompareCase{"VILNIUS ŠEŠIAI", "vilnius šešiai", -1, 0},
-                    CompareCase{"ŽĄSIS", "žąsis", -1, 0}, CompareCase{"ą", "Ą", 1, 0},
-                    CompareCase{"š", "t", 1, 1},  // by code point: š comes after z
-                    // "_" sorts before letters in either case when case is ignored.
-                    CompareCase{"_", "a", -1, -1}, CompareCase{"_", "A", 1, -1},
-                    // Longer than a word: the eight-byte ASCII stretch must fold letters
-                    // only ("@" and "`", "[" and "{" differ by the same bit as case).
-                    CompareCase{"Supplier 500 Vilnius", "SUPPLIER 500 VILNIUS", 1, 0},
-                    CompareCase{"@@@@[[[[x", "````{{{{x", -1, -1},
-                    CompareCase{"ZZZZZZZZa", "zzzzzzzzB", -1, -1},
-                    CompareCase{"abcdefghą", "ABCDEFGHĄ", 1, 0},
-                    // Bad bytes equal only themselves.
-                    CompareCase{"a\xFF", "a\xFF", 0, 0}, CompareCase{"a\xFF", "A\xFE", 1, 1},
-                    CompareCase{"\xC3", "é", -1, 1}));
-
-TEST(Text, TextEqualsFoldsEveryCaseFormToOne) {
-  EXPECT_TRUE(TextEquals("ſ", "S"));
-  EXPECT_TRUE(TextEquals("ı", "I"));
-  EXPECT_TRUE(TextEquals("ÿ", "Ÿ"));
-  EXPECT_FALSE(TextEquals("a", "ą"));
-  EXPECT_FALSE(TextEquals("abc", "ab"));
+// StrComp both ways round and TextEquals agree. Mixed ASCII then non-ASCII:
+// the fast path hands over mid-string; longer than a word: the eight-byte
+// ASCII stretch must fold letters only ("@" and "`", "[" and "{" differ by the
+// same bit as case). "_" sorts before letters in either case when case is
+// ignored; š comes after z by code point; bad bytes equal only themselves;
+// every case form folds to one (ſ and S, ı and I, ÿ and Ÿ).
+TEST(Text, StrCompAndTextEqualsAgree) {
+  for (const auto& [a, b, binary, text] : std::initializer_list<
+           std::tuple<const char*, const char*, int, int>>{
+           {"abc", "abc", 0, 0}, {"ABC", "abc", -1, 0}, {"abc", "abd", -1, -1},
+           {"ab", "abc", -1, -1}, {"", "", 0, 0}, {"", "a", -1, -1}, {"EUR", "eur", -1, 0},
+           {"VILNIUS ŠEŠIAI", "vilnius šešiai", -1, 0}, {"ŽĄSIS", "žąsis", -1, 0},
+           {"ą", "Ą", 1, 0}, {"š", "t", 1, 1}, {"_", "a", -1, -1}, {"_", "A", 1, -1},
+           {"Supplier 500 Vilnius", "SUPPLIER 500 VILNIUS", 1, 0},
+           {"@@@@[[[[x", "````{{{{x", -1, -1}, {"ZZZZZZZZa", "zzzzzzzzB", -1, -1},
+           {"abcdefghą", "ABCDEFGHĄ", 1, 0}, {"a\xFF", "a\xFF", 0, 0}, {"a\xFF", "A\xFE", 1, 1},
+           {"\xC3", "é", -1, 1}, {"ſ", "S", 1, 0}, {"ı", "I", 1, 0}, {"ÿ", "Ÿ", -1, 0},
+           {"a", "ą", -1, -1}, {"abc", "ab", 1, 1}}) {
+    EXPECT_EQ(StrComp(a, b, Compare::Binary), binary) << a << " | " << b;
+    EXPECT_EQ(StrComp(b, a, Compare::Binary), -binary) << a << " | " << b;
+    EXPECT_EQ(StrComp(a, b, Compare::Text), text) << a << " | " << b;
+    EXPECT_EQ(StrComp(b, a, Compare::Text), -text) << a << " | " << b;
+    EXPECT_EQ(TextEquals(a, b), text == 0) << a << " | " << b;
+  }
 }
 
 // Random text mixing ASCII, letters of both cases, bytes that do and do not
@@ -219,10 +156,8 @@ TEST(Text, CaseInsensitiveCompareIsConsistentOnArbitraryText) {
 }
 
 TEST(Text, TrimRemovesSpacesOnly) {
-  EXPECT_EQ(Trim("  a b  "), "a b");
-  EXPECT_EQ(LTrim("  a "), "a ");
-  EXPECT_EQ(RTrim(" a  "), " a");
-  EXPECT_EQ(Trim("   "), "");
+  EXPECT_EQ(Trim("  a b  ") + "|" + LTrim("  a ") + "|" + RTrim(" a  ") + "|" + Trim("   "),
+            "a b|a | a|");
   EXPECT_EQ(Trim("\ta\t"), "\ta\t");
   EXPECT_EQ(Trim("\u00A0a\u00A0"), "\u00A0a\u00A0");
 }
@@ -249,24 +184,18 @@ TEST(Text, SplitAndJoinRoundTrip) {
   EXPECT_EQ(Join({}, ","), "");
 }
 
+// Null propagates, Empty is empty text, other values are converted.
 TEST(Text, VariantFormsPropagateNullReadEmptyAsEmptyTextAndConvertOthers) {
-  const Variant null = Variant::Null();
-  EXPECT_TRUE(Len(null).IsNull());
-  EXPECT_TRUE(Left(null, 2).IsNull());
-  EXPECT_TRUE(Mid(null, 1, 2).IsNull());
-  EXPECT_TRUE(UCase(null).IsNull());
-  EXPECT_TRUE(Trim(null).IsNull());
-  {
-    const Variant empty;
-    EXPECT_EQ(Len(empty), Variant(0));
-    EXPECT_EQ(UCase(empty), Variant(""));
-    EXPECT_EQ(Len(Variant("šeši")), Variant(4));
-    EXPECT_EQ(Left(Variant("šeši"), 2), Variant("še"));
-    EXPECT_EQ(Mid(Variant(12345), 2, 3), Variant("234"));
-    EXPECT_EQ(UCase(Variant(true)), Variant("TRUE"));
-    EXPECT_EQ(Trim(Variant("  ž ")), Variant("ž"));
-    EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
+  const Variant null = Variant::Null(), empty;
+  for (const auto& [got, expected] :
+       {std::pair{Len(null), null}, {Left(null, 2), null}, {Mid(null, 1, 2), null},
+        {UCase(null), null}, {Trim(null), null}, {Len(empty), Variant(0)},
+        {UCase(empty), Variant("")}, {Len(Variant("šeši")), Variant(4)},
+        {Left(Variant("šeši"), 2), Variant("še")}, {Mid(Variant(12345), 2, 3), Variant("234")},
+        {UCase(Variant(true)), Variant("TRUE")}, {Trim(Variant("  ž ")), Variant("ž")}}) {
+    EXPECT_EQ(got, expected);
   }
+  EXPECT_THROW(Mid(Variant("abc"), 0), RuntimeError);
 }
 
 }  // namespace

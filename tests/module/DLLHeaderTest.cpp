@@ -3,21 +3,17 @@
 // header's components.
 #include <gtest/gtest.h>
 
-#include "orvel/OrvelHostClasses.h"
+#include <set>
+
 #include "common/Platform.h"
+#include "host/Text.h"
+#include "module/DLLHeader.h"
+#include "module/IconResources.h"
+#include "module/SecurityHeader.h"
+#include "orvel/RuntimeError.h"
+#include "support/ModuleTest.h"
 #include "testhost/CallLog.h"
 #include "testhost/ScriptedUi.h"
-#include "orvel/OrvelHeader.h"
-#include "orvel/OrvelHeaderSecurity.h"
-#include "orvel/OrvelObjectUI.h"
-#include "orvel/OrvelObjectUIO.h"
-#include "orvel/OrvelWindow.h"
-#include "module/ClassFactory.h"
-#include "module/DLLHeader.h"
-#include "module/SecurityHeader.h"
-#include "support/ModuleTest.h"
-#include "testhost/TestComponent.h"
-#include "testhost/TestComponentGroup.h"
 #include "testhost/TestComponentRegistry.h"
 
 namespace orvel {
@@ -76,12 +72,15 @@ TEST_F(DLLHeaderTest, RegistersTheGroupItsComponentsTypesAndIconsInOrder) {
 // No host at all, a host that hands out no registry, a registry that makes no group, or a
 // group that makes no component: registration is refused with the reason,
 // and nothing is half-registered past the refusal.
-class RefusingHost : public OrvelHostClasses,
-                     public OrvelComponentRegistry,
+class RefusingHost : public TestHostClasses,
+                     public TestComponentRegistry,
                      public OrvelComponentGroup,
                      public std::enable_shared_from_this<RefusingHost> {
  public:
-  explicit RefusingHost(int level) : level_(level) {}
+  explicit RefusingHost(int level)
+      : TestHostClasses(std::make_shared<CallLog>()),
+        TestComponentRegistry(std::make_shared<CallLog>()),
+        level_(level) {}
   std::shared_ptr<OrvelComponentRegistry> NewComponentRegistry() override {
     return level_ > 0 ? shared_from_this() : nullptr;
   }
@@ -93,15 +92,6 @@ class RefusingHost : public OrvelHostClasses,
                                                const std::string&) override {
     return nullptr;
   }
-  void AddObjectType(const std::string&, const std::string&, const std::string&) override {
-    ++types;
-  }
-  void AddIcon(const std::string&, const std::shared_ptr<Picture>&) override {}
-  void AddObjectIcon(const std::string&, const std::shared_ptr<Picture>&) override {}
-  std::shared_ptr<OrvelGroupSelect> NewGroupSelect() override { return nullptr; }
-  std::shared_ptr<OrvelObjectSelect> NewObjectSelect() override { return nullptr; }
-  std::shared_ptr<OrvelPrintDoc> NewPrintDoc() override { return nullptr; }
-  int types = 0;
 
  private:
   int level_;
@@ -119,7 +109,7 @@ TEST(DLLHeaderWithARefusingHost, ReportsWhatTheHostDidNotMake) {
     auto status = DLLHeader().DllInicialize();
     EXPECT_EQ(status.Number, RuntimeError::kInvalidCall);
     EXPECT_EQ(status.Text, reasons[level]);
-    EXPECT_EQ(host->types, 0);
+    EXPECT_TRUE(host->ObjectTypes().empty());
     Platform::Detach();
   }
 }
@@ -140,6 +130,36 @@ TEST(SecurityHeader, ListsTheComponentsUnderTheirParentsAtEachCall) {
             "/CFirmsCode/CFirmsCH/CFirmsAC CBanks CCurrency CReference");
   EXPECT_EQ(rows[8], (SecurityRow{"CFirms", "CFirmsCode", "Įmomės kodo įvedimo kartojimas", 2}));
   EXPECT_EQ(rows[13], (SecurityRow{"", "CReference", "Žyninai", 2}));
+}
+
+// Every key registration asks for, in the spelling it uses, finds a
+// well-formed 16x16 picture stored under the upper-case name: a header, one
+// row per colour, sixteen rows of sixteen pixels, each pixel a colour of the
+// table. Nothing else is stored.
+TEST(IconResources, LoadByNameWithoutRegardToCaseAndHoldNothingElse) {
+  for (const std::string name : {"C0000100", "FirmNA", "C0000300", "C0000500", "C0002200",
+                                 "C0001600", "C0001601", "C0000200", "GoodNA", "GEXIST", "Service",
+                                 "ServiceNA", "A00001000001", "s"}) {
+    SCOPED_TRACE(name);
+    auto picture = LoadIconResource(name);
+    ASSERT_NE(picture, nullptr);
+    EXPECT_EQ(picture->Width(), 16);
+    EXPECT_EQ(picture->Height(), 16);
+    EXPECT_EQ(picture->Name(), UCase(name));
+    const auto& xpm = picture->Xpm();
+    int colours = 0;
+    ASSERT_EQ(std::sscanf(xpm.front().c_str(), "%*d %*d %d", &colours), 1);
+    ASSERT_EQ(xpm.size(), static_cast<size_t>(1 + colours + 16));
+    std::set<char> table;
+    for (int i = 1; i <= colours; ++i) table.insert(xpm[i][0]);
+    for (size_t row = 1 + colours; row < xpm.size(); ++row) {
+      ASSERT_EQ(xpm[row].size(), 16u);
+      for (char pixel : xpm[row]) EXPECT_TRUE(table.count(pixel));
+    }
+  }
+  EXPECT_EQ(IconResourceNames().size(), 14u);
+  EXPECT_EQ(LoadIconResource("C0000999"), nullptr);
+  EXPECT_EQ(LoadIconResource(""), nullptr);
 }
 
 }  // namespace

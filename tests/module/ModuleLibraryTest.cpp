@@ -9,14 +9,11 @@
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/OrvelModule.h"
 #include "module/ClassFactory.h"
-#include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 #include "support/StrictUi.h"
-#include "testhost/ScriptedUi.h"
 #include "testhost/TestComponentRegistry.h"
 #include "testhost/TestHost.h"
 #include "testhost/TestHostClasses.h"
-#include "testhost/TestObjectManager.h"
 
 namespace orvel {
 namespace {
@@ -26,73 +23,80 @@ using EntryPoint = OrvelModule* (*)(int);
 class ModuleLibraryTest : public ::testing::Test {
  protected:
   void SetUp() override {
-    library_ = dlopen(ORVEL_MODULE_LIBRARY, RTLD_NOW | RTLD_LOCAL);
-    ASSERT_NE(library_, nullptr) << dlerror();
-    entry_ = reinterpret_cast<EntryPoint>(dlsym(library_, ORVEL_MODULE_ENTRY_POINT));
+    ASSERT_NE(library_.handle, nullptr) << dlerror();
+    entry_ = reinterpret_cast<EntryPoint>(dlsym(library_.handle, ORVEL_MODULE_ENTRY_POINT));
     ASSERT_NE(entry_, nullptr) << dlerror();
+    module_ = entry_(OrvelModule::kAbiVersion);
+    ASSERT_NE(module_, nullptr);
+    module_->Attach(host_.HostClasses(), host_.Ui());
   }
 
   void TearDown() override {
-    if (library_) dlclose(library_);
+    if (module_) module_->Detach();
   }
 
-  void* library_ = nullptr;
+  // From now on the host makes its type adapters through the loaded module.
+  void AdaptersFromTheModule() {
+    host_.SetAdapterSource([module = module_](const std::string& oid) {
+      return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));
+    });
+  }
+
+  // Closed last, once the host has let go of the module's objects.
+  struct Library {
+    void* handle = dlopen(ORVEL_MODULE_LIBRARY, RTLD_NOW | RTLD_LOCAL);
+    ~Library() {
+      if (handle) dlclose(handle);
+    }
+  } library_;
+  TestHost host_;
   EntryPoint entry_ = nullptr;
+  OrvelModule* module_ = nullptr;
 };
 
 // Only the entry point and the version are exported; an entry of another ABI
 // is refused; the loaded library registers and serves a record.
 TEST_F(ModuleLibraryTest, ExportsOnlyTheEntryPointAndServesARecordThroughTheLoadedLibrary) {
-  EXPECT_EQ(
-      dlsym(library_, "_ZN5orvel12ClassFactory6CreateESt17basic_string_viewIcSt11char_traitsIcEE"),
-      nullptr);
+  const char* factory = "_ZN5orvel12ClassFactory6CreateESt17basic_string_viewIcSt11char_traitsIcEE";
+  EXPECT_EQ(dlsym(library_.handle, factory), nullptr);
   EXPECT_EQ(entry_(OrvelModule::kAbiVersion + 1), nullptr);
-  EXPECT_STREQ(reinterpret_cast<const char* (*)()>(dlsym(library_, ORVEL_MODULE_VERSION_POINT))(),
-               ORVEL_VERSION);
-  OrvelModule* module = entry_(OrvelModule::kAbiVersion);
-  ASSERT_NE(module, nullptr);
-  TestHost host;
-  module->Attach(host.HostClasses(), host.Ui());
-  host.SetAdapterSource([module](const std::string& oid) {
-    return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));
-  });
-  auto header = std::dynamic_pointer_cast<OrvelHeader>(module->CreateObject("DLLHeader"));
+  EXPECT_STREQ(
+      reinterpret_cast<const char* (*)()>(dlsym(library_.handle, ORVEL_MODULE_VERSION_POINT))(),
+      ORVEL_VERSION);
+  AdaptersFromTheModule();
+  auto header = std::dynamic_pointer_cast<OrvelHeader>(module_->CreateObject("DLLHeader"));
   ASSERT_NE(header, nullptr);
   EXPECT_EQ(header->DllInicialize().Number, 0);
-  EXPECT_EQ(host.HostClasses()->LastRegistry()->ObjectTypes().size(), 15u);
+  EXPECT_EQ(host_.HostClasses()->LastRegistry()->ObjectTypes().size(), 15u);
   auto security =
-      std::dynamic_pointer_cast<OrvelHeaderSecurity>(module->CreateObject("SecurityHeader"));
+      std::dynamic_pointer_cast<OrvelHeaderSecurity>(module_->CreateObject("SecurityHeader"));
   ASSERT_NE(security, nullptr);
   EXPECT_EQ(security->GetComponentList().size(), 14u);
-  host.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
-  auto object = host.ObjectManager()->GetOrvelObject("O00004001");
+  host_.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
+  auto object = host_.ObjectManager()->GetOrvelObject("O00004001");
   ASSERT_NE(object, nullptr);
   EXPECT_EQ(object->Preview(), "kg");
   EXPECT_EQ(object->RsFields()->MarshalOptions(), 1);
-  module->Detach();
 }
 
 // Every entry a host calls on the module's objects, given what cannot be
 // done (no business object, no such record, key or name, a malformed filter):
 // each answers through its result and none throws across the boundary.
 TEST_F(ModuleLibraryTest, BadInputComesBackAsResultsNeverAsExceptions) {
-  OrvelModule* module = entry_(OrvelModule::kAbiVersion);
-  TestHost host;
-  module->Attach(host.HostClasses(), host.Ui());
   for (const char* unknown : {"UI9999999", "dllheader", ""}) {
-    EXPECT_EQ(module->CreateObject(unknown), nullptr) << unknown;
+    EXPECT_EQ(module_->CreateObject(unknown), nullptr) << unknown;
   }
   std::string par = "'";
   Variant::Array none;
   // The firm and goods adapters, asked to delete before the host gave them
   // its services, say so in a box.
-  host.Ui()->QueueAnswer(1);
-  host.Ui()->QueueAnswer(1);
+  host_.Ui()->QueueAnswer(1);
+  host_.Ui()->QueueAnswer(1);
   for (const auto& name : ClassFactory::ClassNames()) {
     SCOPED_TRACE(name);
-    auto object = module->CreateObject(name);
+    auto object = module_->CreateObject(name);
     ASSERT_NE(object, nullptr);
-    EXPECT_NE(object, module->CreateObject(name));  // a fresh object each time
+    EXPECT_NE(object, module_->CreateObject(name));  // a fresh object each time
     if (name.rfind("UI", 0) == 0) {
       EXPECT_TRUE(std::dynamic_pointer_cast<OrvelObjectUI>(object) ||
                   std::dynamic_pointer_cast<OrvelObjectUIO>(object));
@@ -120,15 +124,13 @@ TEST_F(ModuleLibraryTest, BadInputComesBackAsResultsNeverAsExceptions) {
       });
     }
   }
-  ASSERT_EQ(host.Ui()->Boxes().size(), 2u);
-  EXPECT_EQ(host.Ui()->Boxes()[0].prompt,
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 2u);
+  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt,
             "Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų");
   // A record set the module made: refusals are statuses, not throws.
-  host.SetAdapterSource([module](const std::string& oid) {
-    return std::dynamic_pointer_cast<OrvelObjectUI>(module->CreateObject("UI" + oid.substr(1)));
-  });
-  host.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
-  auto rs = host.ObjectManager()->GetOrvelObject("O00004001")->RsFields();
+  AdaptersFromTheModule();
+  host_.BusinessObject("O0000400")->Table().Seed({{{"Name", Variant("kg")}}});
+  auto rs = host_.ObjectManager()->GetOrvelObject("O00004001")->RsFields();
   EXPECT_EQ(rs->Fields().Find("Nėra"), nullptr);
   EXPECT_EQ(rs->Fields().At(99), nullptr);
   EXPECT_EQ(rs->ApplyFilter("Name ==").Number, RuntimeError::kBadFilter);
@@ -139,7 +141,6 @@ TEST_F(ModuleLibraryTest, BadInputComesBackAsResultsNeverAsExceptions) {
   EXPECT_EQ(rs->Fields().Find("Name")->Get(value).Number, RuntimeError::kNoCurrentRecord);
   EXPECT_EQ(rs->Fields().Find("Name")->Put(Variant("t")).Text,
             "Nėra einamojo įrašo: įrašų rinkinys yra prieš pirmąjį arba po paskutiniojo įrašo");
-  module->Detach();
 }
 
 }  // namespace

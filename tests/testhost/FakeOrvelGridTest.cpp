@@ -28,7 +28,7 @@ class RecordObjectUIO : public StubObjectUIO {
   using OrvelObjectUIO::Properties;
   OrvelResult Properties(const std::string& name, std::string& par) override {
     calls.push_back("Properties " + name + " '" + par + "'");
-    return structure;
+    return {0, "", Variant("Banks")};
   }
   OrvelStatus Save(const std::shared_ptr<Recordset>& rs2,
                    const std::shared_ptr<Recordset>& rs3) override {
@@ -40,7 +40,6 @@ class RecordObjectUIO : public StubObjectUIO {
 
   std::shared_ptr<MemoryRecordset> record_ =
       std::make_shared<MemoryRecordset>(std::vector<std::string>{"Name", "SWIFT"});
-  OrvelResult structure{0, "", Variant("Banks")};
   OrvelStatus saveReply;
   bool throwOnSave = false;
   std::vector<std::string> calls;
@@ -102,7 +101,7 @@ TEST_F(FakeOrvelGridTest, EditsAreWrittenAndTypedCellsCommittedBeforeTheSave) {
 
 // A refused or throwing save: the Number is the result, the text kept until
 // the next save.
-TEST_F(FakeOrvelGridTest, SaveObject_ReturnsTheNumber_KeepsTheText) {
+TEST_F(FakeOrvelGridTest, SaveObject_ReturnsTheNumber_KeepsTheText_NoObjectFails) {
   object->saveReply = {60000, "Įrašą pakeitė kitas vartotojas"};
   EXPECT_EQ(grid.SaveObject(), 60000);
   EXPECT_EQ(grid.LastError(), "Įrašą pakeitė kitas vartotojas");
@@ -114,14 +113,12 @@ TEST_F(FakeOrvelGridTest, SaveObject_ReturnsTheNumber_KeepsTheText) {
   object->throwOnSave = false;
   EXPECT_EQ(grid.SaveObject(), 0);
   EXPECT_EQ(grid.LastError(), "");
-}
-
-TEST(FakeOrvelGrid, WithoutObject_SaveAndFillFailQuietly) {
-  FakeOrvelGrid grid;
-  grid.FillFields();
-  EXPECT_EQ(grid.LastError(), "Laukų lapui nepriskirtas objektas");
-  EXPECT_EQ(grid.SaveObject(), FakeOrvelGrid::kNoObject);
-  EXPECT_EQ(grid.LastError(), "Laukų lapui nepriskirtas objektas");
+  // Without an object both fail quietly.
+  FakeOrvelGrid bare;
+  bare.FillFields();
+  EXPECT_EQ(bare.LastError(), "Laukų lapui nepriskirtas objektas");
+  EXPECT_EQ(bare.SaveObject(), FakeOrvelGrid::kNoObject);
+  EXPECT_EQ(bare.LastError(), "Laukų lapui nepriskirtas objektas");
 }
 
 // List events carry the tab's key and index; a disabled grid takes no edit

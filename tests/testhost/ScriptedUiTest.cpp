@@ -2,7 +2,6 @@
 #include <gtest/gtest.h>
 
 #include "testhost/CallLog.h"
-#include "testhost/FakeOrvelGrid.h"
 #include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "ui/Button.h"
@@ -93,7 +92,7 @@ class ScriptedUiFormsTest : public ::testing::Test {
 };
 
 // Each dialog takes the next script on the shown form, a nested one too.
-TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheNextScriptOnTheShownForm) {
+TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheNextScriptOnTheShownFormLoaded) {
   frmDialog outer("frmFirmInfo");
   frmDialog inner("frmAccounts");
   std::vector<std::string> order;
@@ -111,11 +110,8 @@ TEST_F(ScriptedUiFormsTest, ShowModal_RunsTheNextScriptOnTheShownForm) {
   EXPECT_EQ(ui.PendingModalScripts(), 0u);
   EXPECT_THAT(log->Lines(Channel::Window),
               ElementsAre("ShowModal frmFirmInfo", "ShowModal frmAccounts"));
-}
-
-// A form its Form_Load unloads leaves the script for the next; without a
-// script the user closes the dialog.
-TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued) {
+  // A form its Form_Load unloads leaves the script for the next; without a
+  // script the user closes the dialog.
   frmDialog dialog("frmAccounts");
   dialog.unloadInLoad = true;
   ui.QueueModal([](Form&) {});
@@ -129,19 +125,13 @@ TEST_F(ScriptedUiFormsTest, ShowModal_FormUnloadedByItsLoad_KeepsTheScriptQueued
   EXPECT_FALSE(dialog.Visible());
 }
 
-class ScriptedUiPopupTest : public ScriptedUiFormsTest {
- protected:
-  ScriptedUiPopupTest() {
-    for (const char* name : {"mnuOpen", "mnuToDesktop", "mnuDelete"})
-      popup.Add(name, name).OnClick = [this, name] { clicks.push_back(name); };
-  }
-  Menu popup{"mnuList"};
-  std::vector<std::string> clicks;
-};
-
 // A queued entry is clicked before PopupMenu returns; a closed menu ("") or
 // a hidden or disabled entry picks nothing.
-TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntryIfItIsShownAndEnabled) {
+TEST_F(ScriptedUiFormsTest, PopupMenu_PicksTheQueuedEntryIfItIsShownAndEnabled) {
+  Menu popup{"mnuList"};
+  std::vector<std::string> clicks;
+  for (const char* name : {"mnuOpen", "mnuToDesktop", "mnuDelete"})
+    popup.Add(name, name).OnClick = [&clicks, name] { clicks.push_back(name); };
   ui.QueuePopupPick("mnuToDesktop");
   ui.PopupMenu(popup);
   EXPECT_THAT(clicks, ElementsAre("mnuToDesktop"));
@@ -158,17 +148,16 @@ TEST_F(ScriptedUiPopupTest, PicksTheQueuedEntryIfItIsShownAndEnabled) {
   EXPECT_EQ(ui.Popups()[1].picked, "");
   EXPECT_THAT(ui.Popups()[1].shown, ElementsAre("mnuOpen", "mnuToDesktop"));
   EXPECT_EQ(ui.PendingPopupPicks(), 0u);
-}
-
-TEST_F(ScriptedUiPopupTest, NothingVisible_ShowsNothingAndKeepsThePick) {
+  // With nothing visible nothing is shown and the pick stays queued.
   for (const auto& entry : popup.Items()) entry->SetVisible(false);
   ui.QueuePopupPick("mnuOpen");
   ui.PopupMenu(popup);
-  EXPECT_THAT(ui.Popups()[0].shown, IsEmpty());
+  EXPECT_THAT(ui.Popups()[4].shown, IsEmpty());
   EXPECT_EQ(ui.PendingPopupPicks(), 1u);
   popup.Find("mnuOpen")->SetVisible(true);
+  popup.Find("mnuOpen")->SetEnabled(true);
   ui.PopupMenu(popup);
-  EXPECT_THAT(clicks, ElementsAre("mnuOpen"));
+  EXPECT_THAT(clicks, ElementsAre("mnuToDesktop", "mnuOpen"));
 }
 
 }  // namespace

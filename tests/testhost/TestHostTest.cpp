@@ -1,20 +1,26 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <sstream>
+
+#include "orvel/OrvelWindow.h"
 #include "orvel/RuntimeError.h"
+#include "support/StubObjectUI.h"
+#include "support/StubObjectUIO.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
-#include "support/StubObjectUI.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestHost.h"
 #include "testhost/TestHostClasses.h"
 #include "testhost/TestObjectSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestServices.h"
+#include "testhost/TestWindowManager.h"
 
 namespace orvel {
 namespace {
 
+using ::testing::Contains;
 using ::testing::ElementsAre;
 
 class TestHostTest : public ::testing::Test {
@@ -60,9 +66,8 @@ TEST_F(TestHostTest, CallsAndCommands_LoggedAndScriptedPerName) {
   EXPECT_EQ(manager->Call("GetOldPeriod", "").Value, Variant(Date{46000}));
   EXPECT_EQ(manager->Call("OrvelGroupSelect", "GetGroups(3);;Pasirinkite").Value,
             Variant("GetGroups(3)"));
-  OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
-  EXPECT_EQ(unscripted.Number, 0);
-  EXPECT_TRUE(unscripted.Value.IsEmpty());
+  const OrvelResult unscripted = manager->Call("Orvel_GetObjectStructureByOID", "O0000300");
+  EXPECT_TRUE(unscripted.Number == 0 && unscripted.Value.IsEmpty());
   Variant::Array help{Variant("Bankai"), Variant("C:\\Orvel\\Orvel.chm")};
   EXPECT_EQ(manager->ExecCommand("ShowHelp", help).Number, 0);
   manager->AddToDesktop("O00003005");
@@ -99,12 +104,11 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
   std::string text = search->Show();
   auto cancelled = classes->NewGroupSelect();
   cancelled->Show();
-  EXPECT_EQ(group->ResultOIDR(), "O00003001O00003004");
-  EXPECT_EQ(group->ResultName(), "Bankai");
-  EXPECT_EQ(group->ResultOType(), "G");
-  EXPECT_EQ(text, "seb");
-  EXPECT_EQ(search->SearchOption1(), 1);
-  EXPECT_EQ(search->SearchOption2(), 2);
+  EXPECT_EQ(group->ResultOIDR() + " " + group->ResultName() + " " + group->ResultOType(),
+            "O00003001O00003004 Bankai G");
+  EXPECT_EQ(text + " " + std::to_string(search->SearchOption1()) + " " +
+                std::to_string(search->SearchOption2()),
+            "seb 1 2");
   EXPECT_EQ(cancelled->ResultOIDR(), "");
   EXPECT_EQ(classes->NewObjectSelect()->Show(), "");
   EXPECT_EQ(classes->LastGroupSelect(), cancelled);
@@ -113,6 +117,150 @@ TEST_F(TestHostTest, Pickers_AnswerFromQueues_EmptyQueueIsCancel) {
       ElementsAre("OrvelGroupSelect.Caption Pažymėkite norimą grupę", "OrvelGroupSelect.Show",
                   "OrvelObjectSelect.OType O0000300", "OrvelObjectSelect.Show",
                   "OrvelGroupSelect.Show", "OrvelObjectSelect.Show"));
+}
+
+// ---- the window manager ----
+
+// A window that records what the host did to it and answers QueryRemove
+// with `keepObject`.
+class StubWindow : public OrvelWindow {
+ public:
+  explicit StubWindow(const std::string& oidr) : object_(std::make_shared<StubObjectUIO>(oidr)) {}
+  std::shared_ptr<orvel::OrvelObjectUIO> OrvelObjectUIO() const override { return object_; }
+  void SetOrvelObjectUIO(std::shared_ptr<orvel::OrvelObjectUIO> object) override {
+    object_ = std::move(object);
+  }
+  void Show() override { events.push_back("Show"); }
+  void QueryRemove(bool& cancel) override {
+    events.push_back("QueryRemove");
+    cancel = keepObject;
+  }
+  void Unload() override { events.push_back("Unload"); }
+
+  bool keepObject = false;
+  std::vector<std::string> events;
+
+ private:
+  std::shared_ptr<orvel::OrvelObjectUIO> object_;
+};
+
+class TestWindowManagerTest : public ::testing::Test {
+ protected:
+  std::shared_ptr<CallLog> log_ = std::make_shared<CallLog>();
+  TestWindowManager manager_{log_};
+};
+
+// A window is registered under its object's OIDR; shown again, or re-keyed,
+// it keeps its one entry under its new OIDR.
+TEST_F(TestWindowManagerTest, ShowWindow_RegistersUnderObjectsOidr_RekeyKeepsOneEntry) {
+  auto window = std::make_shared<StubWindow>("");
+  auto bank = std::make_shared<StubWindow>("O00003005");
+  manager_.ShowWindow(window);
+  manager_.ShowWindow(bank);
+  EXPECT_EQ(manager_.Window(""), window);
+  EXPECT_TRUE(manager_.IsOpen("O00003005"));
+  window->OrvelObjectUIO()->SetOIDR("O00003007");
+  manager_.ShowWindow(window);
+  EXPECT_EQ(manager_.Window("O00003007"), window);
+  EXPECT_THAT(window->events, ElementsAre("Show", "Show"));
+  window->OrvelObjectUIO()->SetOIDR("O00003008");
+  manager_.Rekey("O00003007", window);
+  EXPECT_FALSE(manager_.IsOpen("O00003007"));
+  EXPECT_EQ(manager_.Window("O00003008"), window);
+  EXPECT_EQ(manager_.Count(), 2u);
+  EXPECT_THAT(log_->Lines(Channel::Window),
+              ElementsAre("ShowWindow", "ShowWindow O00003005", "IsOpen O00003005",
+                          "ShowWindow O00003007", "Rekey O00003007 O00003008", "IsOpen O00003007"));
+}
+
+// QueryRemove answers the window's cancel (false when none is registered)
+// and never closes anything; RemoveWindow asks the window unless forced,
+// CloseWindow always asks.
+TEST_F(TestWindowManagerTest, QueryRemoveAsks_CloseAndRemoveAskUnlessForced) {
+  auto keeping = std::make_shared<StubWindow>("O00003001");
+  keeping->keepObject = true;
+  manager_.ShowWindow(keeping);
+  manager_.ShowWindow(std::make_shared<StubWindow>("O00003002"));
+  EXPECT_TRUE(manager_.QueryRemove("O00003001", true));
+  EXPECT_FALSE(manager_.QueryRemove("O00003002", true));
+  EXPECT_FALSE(manager_.QueryRemove("O00003003", true));
+  EXPECT_EQ(manager_.Count(), 2u);
+  EXPECT_THAT(keeping->events, ElementsAre("Show", "QueryRemove"));
+  using Events = std::vector<std::string>;
+  const struct {
+    bool byClose, keepObject, force, stillOpen;
+    Events events;
+  } cases[] = {{false, false, false, false, {"Show", "QueryRemove", "Unload"}},
+               {false, true, false, true, {"Show", "QueryRemove"}},
+               {false, true, true, false, {"Show", "Unload"}},
+               {true, false, false, false, {"Show", "QueryRemove", "Unload"}},
+               {true, true, false, true, {"Show", "QueryRemove"}}};
+  for (const auto& c : cases) {
+    TestWindowManager manager(log_);
+    auto window = std::make_shared<StubWindow>("O00003005");
+    window->keepObject = c.keepObject;
+    manager.ShowWindow(window);
+    log_->Clear();
+    if (c.byClose) {
+      manager.CloseWindow(window);
+      EXPECT_THAT(log_->Lines(Channel::Window), Contains("CloseWindow O00003005"));
+    } else {
+      manager.RemoveWindow("O00003005", c.force);
+    }
+    EXPECT_EQ(manager.IsOpen("O00003005"), c.stillOpen);
+    EXPECT_EQ(window->events, c.events);
+  }
+}
+
+TEST_F(TestWindowManagerTest, AnUnknownOidrOrNoWindowIsLoggedAndChangesNothing) {
+  auto window = std::make_shared<StubWindow>("O00003005");
+  manager_.ShowWindow(window);
+  manager_.RemoveWindow("O00003006", true);
+  manager_.ObjectSaved("O00003005");
+  manager_.ShowWindow(nullptr);
+  manager_.CloseWindow(nullptr);
+  manager_.Rekey("O00003005", nullptr);
+  EXPECT_EQ(manager_.Count(), 1u);
+  EXPECT_THAT(manager_.Saved(), ElementsAre("O00003005"));
+  EXPECT_EQ(log_->Lines(Channel::Window)[1], "RemoveWindow O00003006 True");
+  EXPECT_EQ(log_->Size(), 6u);
+}
+
+// ---- the call log ----
+
+// The echo prints the chosen channels (none chosen: all) one line each,
+// with or without the channel's name, until given no stream.
+TEST(CallLog, Echo_PrintsTheChosenChannelsOneLineEach) {
+  CallLog log;
+  std::ostringstream out;
+  log.SetEcho(&out, {Channel::Message, Channel::Business});
+  log.Add(Channel::Business, "ExecCall", {"Orvel_DeleteObject", "'O00003005'"});
+  log.Add(Channel::Rights, "CanRead", {"CBanks", "0"});
+  log.Add(Channel::Message, "MsgBox", {"48", "Orvel Apskaita", "Pirma eilutė\r\nantra"});
+  log.SetEcho(&out);
+  log.Add(Channel::Settings, "SaveUserSetting", {"O0000300", "Preview", "Code"});
+  log.SetEcho(&out, {Channel::Window}, /*withChannel=*/false);
+  log.Add(Channel::Window, "ShowWindow", {"O00003005"});
+  log.SetEcho(nullptr);
+  log.Add(Channel::Window, "ShowWindow", {"O00003006"});
+  EXPECT_EQ(out.str(),
+            "Business: ExecCall Orvel_DeleteObject 'O00003005'\n"
+            "Message: MsgBox 48 Orvel Apskaita Pirma eilutė\\r\\nantra\n"
+            "Settings: SaveUserSetting O0000300 Preview Code\n"
+            "ShowWindow O00003005\n");
+  // The journal itself keeps the text as it was.
+  EXPECT_EQ(log.Entries()[2].args[2], "Pirma eilutė\r\nantra");
+  EXPECT_EQ(log.Size(), 6u);
+}
+
+TEST(CallLog, LogTextWritesAValueWithoutLocale) {
+  for (const auto& [value, text] : std::initializer_list<std::pair<Variant, const char*>>{
+           {Variant(), ""}, {Variant::Null(), "Null"}, {Variant(true), "True"}, {Variant(-7), "-7"},
+           {Variant(2.5), "2.5"}, {Variant("žodis"), "žodis"}, {Variant(Date{46349}), "2026-11-23"},
+           {Variant(std::shared_ptr<Object>()), "Nothing"},
+           {Variant(Variant::Array{Variant(1), Variant(2)}), "Array(2)"}}) {
+    EXPECT_EQ(LogText(value), text);
+  }
 }
 
 }  // namespace
