@@ -23,13 +23,15 @@ namespace {
 enum class Kind { Price, Garanty };
 
 // The keys typed into the number box, "Mažinti" and the subgroups ticked, the text shown and
-// the parameter sent.
+// the parameter sent (null: Cancel clicked, nothing sent). The business status comes back in the
+// result's Value, so a refused change closes the dialog like a done one, silently.
 struct GroupChangeCase {
   const char* name;
   Kind kind;
   const char* keys;
   bool down, subGroups;
   const char *shown, *sent;
+  bool refused = false;
 };
 
 class GroupChangeTest : public GoodsCardTest {
@@ -73,9 +75,15 @@ TEST_F(GroupChangeTest, TypedValueGoesOutWithPointAndSign) {
            {"LeadingComma", Kind::Price, ",5", true, false, ",5", "1,0,-.5"},
            {"LonelyComma", Kind::Garanty, ",", false, false, ",", "1,0,."},
            {"WarrantyMonths", Kind::Garanty, "12", false, true, "12", "1,1,12"},
-           {"WarrantyHasNoSign", Kind::Garanty, "-6.5", false, false, "6,5", "1,0,6.5"}}) {
+           {"WarrantyHasNoSign", Kind::Garanty, "-6.5", false, false, "6,5", "1,0,6.5"},
+           {"PriceCancelled", Kind::Price, "4", false, false, "4", nullptr},
+           {"WarrantyCancelled", Kind::Garanty, "4", false, false, "4", nullptr},
+           {"Refused", Kind::Price, "150", false, false, "150", "1,0,150", true}}) {
     SCOPED_TRACE(c.name);
     BO("O0000200").ClearCalls();
+    if (c.refused) {
+      BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
+    }
     std::string shown;
     Run(c.kind, [&](GroupChangeDialog& dialog) {
       Type(Box(dialog), c.keys);
@@ -85,11 +93,12 @@ TEST_F(GroupChangeTest, TypedValueGoesOutWithPointAndSign) {
       }
       if (c.subGroups) dialog.chkWithSubGroups.Click();
       shown = Box(dialog).Text();
-      dialog.cmdEnter.Click();
+      (c.sent ? dialog.cmdEnter : dialog.cmdCancel).Click();
     });
     EXPECT_EQ(shown, c.shown);
     const char* call = c.kind == Kind::Price ? "UpdateGoodsPrice" : "UpdateGaranty";
-    EXPECT_EQ(Sent(call), (std::vector<std::string>{std::string("|") + c.sent}));
+    EXPECT_EQ(Sent(call), c.sent ? std::vector<std::string>{std::string("|") + c.sent}
+                                 : std::vector<std::string>{});
     EXPECT_FALSE(loadedAfterUser);
     EXPECT_TRUE(Boxes().empty());
   }
@@ -106,26 +115,6 @@ TEST_F(GroupChangeTest, AnEmptyBoxTurnsBothButtonsOff) {
     EXPECT_EQ(OnOff({&dialog.cmdEnter, &dialog.cmdCancel}), "00");
   });
   EXPECT_TRUE(Sent("UpdateGoodsPrice").empty());
-}
-
-// Cancel sends nothing. The business status comes back in the result's
-// Value, so a refused change closes the dialog like a done one, silently.
-TEST_F(GroupChangeTest, CancelOrARefusedChangeClosesTheDialogSilently) {
-  for (Kind kind : {Kind::Price, Kind::Garanty}) {
-    Run(kind, [&](GroupChangeDialog& dialog) {
-      Type(Box(dialog), "4");
-      dialog.cmdCancel.Click();
-    });
-    EXPECT_FALSE(loadedAfterUser);
-  }
-  EXPECT_TRUE(Sent("UpdateGoodsPrice").empty() && Sent("UpdateGaranty").empty());
-  BO("O0000200").ReplyAction("UpdateGoodsPrice", OrvelStatus{5, "kaina negali tapti neigiama"});
-  Run(Kind::Price, [&](GroupChangeDialog& dialog) {
-    Type(Box(dialog), "150");
-    dialog.cmdEnter.Click();
-  });
-  EXPECT_FALSE(loadedAfterUser);
-  EXPECT_TRUE(Boxes().empty());
 }
 
 class FailingGroup : public StubObjectUIO {
@@ -235,61 +224,56 @@ TEST_F(GoodPreviewTest, FieldsGoToTheControlsAndBackUnchanged) {
   }
 }
 
-// Neither active nor inactive means active; without the location the
-// warehouse is dropped; Save stores the settings for the user; Cancel
-// confirms nothing.
+// The controls clicked, by blanks, and the warehouse the picker answers with ("" none, null: not
+// queued) as "key name"; the settings after, the confirmation, the location's text and what is
+// stored after ("" nothing).
+struct ButtonsCase {
+  const char *settings, *clicks, *picked, *after;
+  bool confirmed;
+  const char *text, *stored;
+};
+
+// Neither active nor inactive means active; without the location the warehouse is dropped; Save
+// stores the settings for the user; Cancel confirms nothing; the picker's root clears the
+// warehouse, a cancelled pick keeps it.
 TEST_F(GoodPreviewTest, TheButtonsConfirmStoreOrDropTheEdits) {
-  // The controls clicked, by blanks; the settings, the confirmation, the location's text and
-  // what is stored after ("" nothing).
-  for (const auto& [settings, clicks, after, confirmed, text, stored] :
-       std::initializer_list<std::tuple<const char*, const char*, const char*, bool, const char*,
-                                        const char*>>{
-           {"1,0,0,'',0,0,0", "chkActive cmdOK", "1,0,0,'',0,0,0", true, "", ""},
-           {"1,0,1,'O00016051',1,1,0", "chkByLocation cmdOK", "1,0,1,'',0,1,0", true, "", ""},
-           {"1,0,1,'',0,1,0", "chkCode cmdCancel", "1,0,1,'',0,1,0", false, "Visi sandeliai", ""},
-           {"1,0,1,'',0,1,0", "OptByName chkOnlyWithRest cmdSave", "1,0,1,'',0,0,1", true, "",
-            "1,0,1,'',0,0,1"}}) {
-    SCOPED_TRACE(clicks);
-    bool ok = !confirmed;
-    const auto play = [&, clicks = clicks, text = text](frmGoodPreview& d) {
-      for (const auto& name : Split(clicks, " ")) {
+  for (const ButtonsCase& c : std::initializer_list<ButtonsCase>{
+           {"1,0,0,'',0,0,0", "chkActive cmdOK", nullptr, "1,0,0,'',0,0,0", true, "", ""},
+           {"1,0,1,'O00016051',1,1,0", "chkByLocation cmdOK", nullptr, "1,0,1,'',0,1,0", true, "",
+            ""},
+           {"1,0,1,'',0,1,0", "chkCode cmdCancel", nullptr, "1,0,1,'',0,1,0", false,
+            "Visi sandeliai", ""},
+           {"1,0,1,'',1,1,0", "cmdLocation cmdOK", "", "1,0,1,'',1,1,0", true, "Visi sandeliai",
+            ""},
+           {"1,0,1,'',1,1,0", "cmdLocation cmdOK", "O0001605 Sandėliai", "1,0,1,'',1,1,0", true, "",
+            ""},
+           {"1,0,1,'',1,1,0", "cmdLocation cmdOK", "O00016052 Vilnius", "1,0,1,'O00016052',1,1,0",
+            true, "Vilnius", ""},
+           {"1,0,1,'',0,1,0", "OptByName chkOnlyWithRest cmdSave", nullptr, "1,0,1,'',0,0,1", true,
+            "", "1,0,1,'',0,0,1"}}) {
+    SCOPED_TRACE(std::string(c.clicks) + " " + (c.picked ? c.picked : ""));
+    if (c.picked) {
+      const auto picked = Split(std::string(c.picked) + " ", " ");
+      host_.HostClasses()->QueueGroupSelect(picked[0], picked[1], "O0001605");
+    }
+    bool ok = !c.confirmed;
+    const auto play = [&](frmGoodPreview& d) {
+      for (const auto& name : Split(c.clicks, " ")) {
         Control* control = d.FindControl(name);
         if (auto* box = dynamic_cast<CheckBox*>(control)) box->Click();
         if (auto* option = dynamic_cast<OptionButton*>(control)) option->Click();
         if (auto* button = dynamic_cast<Button*>(control)) button->Click();
         EXPECT_EQ(d.cmdLocation.Enabled(), d.chkByLocation.Value() == vbChecked);
       }
-      EXPECT_EQ(d.txtLocation.Text(), text);
+      EXPECT_EQ(d.txtLocation.Text(), c.text);
     };
-    EXPECT_EQ(Edit(settings, play, &ok), after);
-    EXPECT_EQ(ok, confirmed);
-    EXPECT_EQ(host_.Environment()->StoredSetting("O0000200", "Preview").value_or(""), stored);
+    EXPECT_EQ(Edit(c.settings, play, &ok), c.after);
+    EXPECT_EQ(ok, c.confirmed);
+    EXPECT_EQ(host_.Environment()->StoredSetting("O0000200", "Preview").value_or(""), c.stored);
   }
-}
-
-struct LocationCase {
-  const char *name, *picked, *pickedName, *text, *tag;
-};
-
-TEST_F(GoodPreviewTest, PickerResultSetsOrClearsTheWarehouse) {
-  for (const LocationCase& c : std::initializer_list<LocationCase>{
-           {"Cancelled", "", "", "Visi sandeliai", ""},
-           {"Root", "O0001605", "Sandėliai", "", ""},
-           {"Warehouse", "O00016052", "Vilnius", "Vilnius", "O00016052"}}) {
-    SCOPED_TRACE(c.name);
-    host_.HostClasses()->QueueGroupSelect(c.picked, c.pickedName, "O0001605");
-    std::string text, tag;
-    Edit("1,0,1,'',1,1,0", [&](frmGoodPreview& d) {
-      d.cmdLocation.Click();
-      text = d.txtLocation.Text();
-      tag = d.txtLocation.Tag();
-    });
-    EXPECT_EQ(text, c.text);
-    EXPECT_EQ(tag, c.tag);
-    auto picker = host_.HostClasses()->LastGroupSelect();
-    ASSERT_TRUE(picker);
-    EXPECT_EQ(picker->OType() + " " + picker->RootOType(), "O0001605 O0001605");
-  }
+  auto picker = host_.HostClasses()->LastGroupSelect();
+  ASSERT_TRUE(picker);
+  EXPECT_EQ(picker->OType() + " " + picker->RootOType(), "O0001605 O0001605");
 }
 
 class GoodPropertyTest : public GoodsCardTest {
@@ -337,9 +321,12 @@ class GoodPropertyTest : public GoodsCardTest {
   std::vector<std::string> grid;
 };
 
-// The fields set, "name=value;..."; whether it was saved; the one box shown, "" for none.
+// The fields set, "name=value;...", and the presses of Write; whether it was saved; the one box
+// shown, "" for none. A zero or unreadable ratio becomes one, shown on the first press and
+// written on the second.
 struct PropertyCase {
   const char *name, *oid, *fields;
+  int presses;
   bool saved;
   const char* box;
 };
@@ -348,42 +335,37 @@ constexpr const char* kBadTemplate = "48 Apskaita Blogas šablonas!";
 
 TEST_F(GoodPropertyTest, EachKindIsCheckedBeforeTheWrite) {
   for (const PropertyCase& c : std::initializer_list<PropertyCase>{
-           {"MeasureMissing", "O0000400", "Scale=2", false,
+           {"MeasureMissing", "O0000400", "Scale=2", 1, false,
             "16 Apskaita Nenurodytas matavimo vienetas!"},
-           {"MeasureWithRatio", "O0000400", "MeasureID=1;Scale=0;Scale2=0.5", true, ""},
-           {"PriceComplete", "O0000600", "GoodPriceTypeID=1;Price=0", true, ""},
-           {"PriceWithoutType", "O0000600", "Price=3.5", false, ""},
-           {"PriceTypeAsEmptyText", "O0000600", "GoodPriceTypeID=;Price=3.5", false, ""},
-           {"MinimumComplete", "O0000700", "LocationId=1;MinAmount=5", true, ""},
-           {"MinimumWithoutAmount", "O0000700", "LocationId=1", false, ""},
-           {"TemplateComplete", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=2", true, ""},
-           {"TemplateGroup", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=1", false,
+           {"MeasureWithRatio", "O0000400", "MeasureID=1;Scale=0;Scale2=0.5", 1, true, ""},
+           {"PriceComplete", "O0000600", "GoodPriceTypeID=1;Price=0", 1, true, ""},
+           {"PriceWithoutType", "O0000600", "Price=3.5", 1, false, ""},
+           {"PriceTypeAsEmptyText", "O0000600", "GoodPriceTypeID=;Price=3.5", 1, false, ""},
+           {"MinimumComplete", "O0000700", "LocationId=1;MinAmount=5", 1, true, ""},
+           {"MinimumWithoutAmount", "O0000700", "LocationId=1", 1, false, ""},
+           {"TemplateComplete", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=2", 1, true, ""},
+           {"TemplateGroup", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=1", 1, false,
             kBadTemplate},
-           {"TemplateUnknown", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=9", false,
+           {"TemplateUnknown", "O0000800", "GoodBRTemplateTypeID=3;BRTemplateID=9", 1, false,
             kBadTemplate},
-           {"TemplateWithoutType", "O0000800", "BRTemplateID=2", false, kBadTemplate},
+           {"TemplateWithoutType", "O0000800", "BRTemplateID=2", 1, false, kBadTemplate},
+           {"ZeroRatiosFirstPress", "O0000400", "MeasureID=1;Scale=0;Scale2=0", 1, false, ""},
+           {"ZeroRatiosSecondPress", "O0000400", "MeasureID=1;Scale=0;Scale2=0", 2, true, ""},
+           {"UnreadableRatio", "O0000400", "MeasureID=1;Scale=~", 2, true, ""},
            // Other records (the firm's details) are written as they stand.
-           {"OtherKind", "O0002000", "", true, ""}}) {
+           {"OtherKind", "O0002000", "", 1, true, ""}}) {
     SCOPED_TRACE(c.name);
     const size_t before = Rows(c.oid);
     if (*c.box) host_.Ui()->QueueAnswer(vbOK);
-    EXPECT_EQ(EditNew(c.oid, c.fields), c.saved);
+    EXPECT_EQ(EditNew(c.oid, c.fields, c.presses), c.saved);
     EXPECT_EQ(Rows(c.oid), before + (c.saved ? 1 : 0));
+    if (c.name == std::string("ZeroRatiosFirstPress")) {
+      EXPECT_EQ(std::count(grid.begin(), grid.end(), "RefreshField Scale"), 1);
+    }
+    if (c.presses == 2) {
+      EXPECT_EQ(BO(c.oid).Table().Value(BO(c.oid).Table().Ids().back(), "Scale"), Variant(1));
+    }
     EXPECT_EQ(Boxes(), *c.box ? std::vector<std::string>{c.box} : std::vector<std::string>{});
-  }
-}
-
-// As an unreadable ratio is.
-TEST_F(GoodPropertyTest, ZeroRatiosBecomeOneAndTheSecondPressWrites) {
-  EXPECT_FALSE(EditNew("O0000400", "MeasureID=1;Scale=0;Scale2=0"));
-  EXPECT_EQ(Rows("O0000400"), 0u);
-  EXPECT_EQ(std::count(grid.begin(), grid.end(), "RefreshField Scale"), 1);
-  EXPECT_TRUE(Boxes().empty());
-
-  for (const char* fields : {"MeasureID=1;Scale=0;Scale2=0", "MeasureID=1;Scale=~"}) {
-    EXPECT_TRUE(EditNew("O0000400", fields, 2));
-    EXPECT_EQ(BO("O0000400").Table().Value(BO("O0000400").Table().Ids().back(), "Scale"),
-              Variant(1));
   }
 }
 
