@@ -89,7 +89,7 @@ TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
   }
 }
 
-TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
+TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumnsAndThePrint) {
   auto d = Open();
   Select(*d, 2);  // Kodas
   d->cmdUp.Click();
@@ -102,36 +102,28 @@ TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
   ListItem& city = d->lvwColumns.ListItems().Item(3);
   EXPECT_TRUE(city.Checked());
   d->lvwColumns.ItemCheck(city);  // the user clears its check box
-  EXPECT_FALSE(city.Checked());
-  EXPECT_FALSE(d->ColumnChecked("WZWCity"));
+  EXPECT_FALSE(city.Checked() || d->ColumnChecked("WZWCity"));
   EXPECT_EQ(d->lblTotalWidth.Caption(), "9,5");
   Select(*d, 4);
   d->cmdDown.Click();  // at the bottom: nothing
-  d->cmdOK.Click();
-  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
-  EXPECT_EQ(d->NewConfig,
-            "Bankai;9;1;0;0;2;1;Pabaiga#WZWCode;Banko kodas;2;2,5;0#WZWName;Pavadinimas;0;7,0;1"
-            "#WZWCity;Miestas;0;3,0;999#WZWNote;Pastaba;2;4,0;999");
-}
-
-TEST_F(FrmPreviewConfigTest, PrintParametersComeFromTheControls) {
-  auto d = Open();
   d->txtJournalName.Edit("Mūsų bankai");
   d->cmbFontSize.Pick(6);
-  d->chbGridlinesHor.Click();
-  d->chbGridlinesVer.Click();
-  d->chbUserName.Click();
-  d->chbTime.Click();
+  for (CheckBox* box : {&d->chbGridlinesHor, &d->chbGridlinesVer, &d->chbUserName, &d->chbTime}) {
+    box->Click();
+  }
   d->txtFooter.Edit("");
   d->txtRegName.Edit("Bankai2");
   d->cmdOK.Click();
   EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
-  EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Mūsų bankai;12;0;1;1;1;1;");
+  EXPECT_EQ(d->NewConfig,
+            "Mūsų bankai;12;0;1;1;1;1;#WZWCode;Banko kodas;2;2,5;0#WZWName;Pavadinimas;0;7,0;1"
+            "#WZWCity;Miestas;0;3,0;999#WZWNote;Pastaba;2;4,0;999");
   EXPECT_EQ(d->PrintDict.Item("JRegName"), Variant("Bankai2"));
-  // Date off writes no date whatever the time.
+  // Date off writes no date whatever the time; a print parameter alone is a change.
   d = Open();
   d->chbDate.Click();
   d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
   EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Bankai;9;1;0;0;0;1;Pabaiga");
 }
 
