@@ -21,31 +21,25 @@ std::string PricePart(const frmGoods& w) {
   return line.substr(0, line.find("Sukūrė:"));
 }
 
-// The price typed, and the rate (Empty: as stored); the price part of the line after.
+// The rate and the price typed ("name=value;..."); the price part of the line after.
 TEST_F(GoodsCardTest, ShowsTheOtherPriceAndTheRate) {
-  for (const auto& [name, oidr, price, vat, line] :
-       std::initializer_list<std::tuple<const char*, const char*, Variant, Variant, const char*>>{
+  for (const auto& [name, oidr, edits, line] :
+       std::initializer_list<std::tuple<const char*, const char*, const char*, const char*>>{
            // No rate of its own: the general rate of the database.
-           {"GeneralRateWithVat", "O00002002", Variant(121), Variant(),
-            " Kaina be PVM: 100,00 (Tarifas: 21%)"},
-           {"OwnRateWithoutVat", "O00002003", Variant(10), Variant(),
-            " Kaina su PVM: 10,90 (Tarifas: 9%)"},
-           {"FractionalRate", "O00002003", Variant(100), Variant(9.5),
+           {"GeneralRateWithVat", "O00002002", "Price=121", " Kaina be PVM: 100,00 (Tarifas: 21%)"},
+           {"OwnRateWithoutVat", "O00002003", "Price=10", " Kaina su PVM: 10,90 (Tarifas: 9%)"},
+           {"FractionalRate", "O00002003", "VAT=9.5;Price=100",
             " Kaina su PVM: 109,50 (Tarifas: 9,5%)"},
            // 22.345 is a half: it rounds to the even cent, as half a cent does.
-           {"PriceAsText", "O00002003", Variant("20,5"), Variant(),
-            " Kaina su PVM: 22,34 (Tarifas: 9%)"},
-           {"HalfToEven", "O00002003", Variant(0.125), Variant(0),
-            " Kaina su PVM: 0,12 (Tarifas: 0%)"},
-           {"Grouped", "O00002002", Variant(12100), Variant(),
-            " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
-           {"NotANumberLeavesOnlyTheCreator", "O00002003", Variant("brangu"), Variant(), ""},
-           {"NullPriceLeavesOnlyTheCreator", "O00002003", Variant::Null(), Variant(), ""}}) {
+           {"PriceAsText", "O00002003", "Price=20,5", " Kaina su PVM: 22,34 (Tarifas: 9%)"},
+           {"HalfToEven", "O00002003", "VAT=0;Price=0.125", " Kaina su PVM: 0,12 (Tarifas: 0%)"},
+           {"Grouped", "O00002002", "Price=12100", " Kaina be PVM: 10\u00a0000,00 (Tarifas: 21%)"},
+           {"NotANumberLeavesOnlyTheCreator", "O00002003", "Price=brangu", ""},
+           {"NullPriceLeavesOnlyTheCreator", "O00002003", "Price=~", ""}}) {
     SCOPED_TRACE(name);
     auto w = Open(oidr);
     ASSERT_TRUE(w);
-    if (!vat.IsEmpty()) Grid(*w).EditField("VAT", vat);
-    Grid(*w).EditField("Price", price);
+    for (const auto& [field, value] : Assignments(edits)) Grid(*w).EditField(field, value);
     EXPECT_EQ(PricePart(*w), line);
     EXPECT_NE(w->SOPanel.ToolTipText().find("Sukūrė:Jonas"), std::string::npos);
   }
