@@ -219,7 +219,7 @@ TEST_F(FrmReferenceBookPreviewTest, ChoosingAGroupListsItsMembers) {
 }
 
 // A cancelled configuration changes nothing.
-TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTable) {
+TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTableAndCloseAsksNothing) {
   auto w = Open();
   host_.Ui()->QueueModal(
       [](Form& form) { dynamic_cast<frmPreviewConfig&>(form).cmdCancel.Click(); });
@@ -239,10 +239,7 @@ TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTable) {
   EXPECT_EQ(w->lblJournalName.Caption() + " / " + Join(Headers(*w), "|") + " / " + Rows(*w)[4],
             "Naujas / Kodas 1250 0|Suma 1250 1|Aktyvus 1250 0 / A|12,5|Taip");
   EXPECT_TRUE(w->cmdPrint.Enabled());
-}
-
-TEST_F(FrmReferenceBookPreviewTest, CloseGoesThroughTheHostWithoutAQuestion) {
-  auto w = Open();
+  // Close goes through the host without a question.
   host_.WindowManager()->ShowWindow(w);
   host_.Log().Clear();
   w->SSCClose.Click();
