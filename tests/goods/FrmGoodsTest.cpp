@@ -168,16 +168,6 @@ TEST_F(FrmGoodsTest, ANewRecordInheritsAndIsPrimedAStoredOneIsNot) {
   }
 }
 
-TEST_F(FrmGoodsTest, AChangeWakesTheButtonsOnlyWithTheRightToWrite) {
-  auto w = Open("O00002002");
-  Grid(*w).EditField("Name", Variant("Juoda duona"));
-  EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), "11");
-  host_.Rights()->Deny("CGoods", Right::Update);
-  auto other = Open("O00002004");
-  Grid(*other).EditField("Name", Variant("Kita"));
-  EXPECT_FALSE(other->cmdEnter.Enabled());
-}
-
 // The row selected ("" none) by key, tag and icon, and whether deleting is allowed; the menu
 // shown: the pop-up with its entries by blanks, or the main one with New, Edit and Delete, 1 when
 // enabled.
@@ -370,7 +360,7 @@ TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
             std::vector<std::string>(2, "49 Apskaita Ar tikrai norite panaikinti?\nPaslauga"));
 }
 
-TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
+TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecordAndAChangeWakesTheButtons) {
   auto w = Open("O00002002");
   host_.HostClasses()->QueueGroupSelect("O0000200O00002003", "Pieno", "CGroup");
   w->cmdParentGroup.Click();
@@ -386,6 +376,13 @@ TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecord) {
   w->cmdParentGroup.Click();
   EXPECT_EQ(w->OrvelObjectUIO()->Fields("ParentID").Value(), Variant(0));
   EXPECT_EQ(std::to_string(w->ParentID) + " " + w->txtGroup.Text(), "0 ");
+  // A change wakes the buttons only with the right to write.
+  Grid(*w).EditField("Name", Variant("Juoda duona"));
+  EXPECT_EQ(OnOff({&w->cmdEnter, &w->cmdCancel}), "11");
+  host_.Rights()->Deny("CGoods", Right::Update);
+  auto other = Open("O00002004");
+  Grid(*other).EditField("Name", Variant("Kita"));
+  EXPECT_FALSE(other->cmdEnter.Enabled());
 }
 
 TEST_F(FrmGoodsTest, TheVatRateIsReadOnceForAllWindows) {

@@ -124,7 +124,7 @@ TEST_F(GoodsCardTest, AGoodUsedInDocumentsKeepsItsNameWithoutTheRight) {
 }
 
 // A cancel on a new record does nothing.
-TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsLists) {
+TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsListsANewOneCopiesTheGood) {
   auto w = Open("O00002001", "1");
   ASSERT_TRUE(w->IsNew);
   Grid(*w).EditField("Name", Variant("Sviestas"));
@@ -137,10 +137,8 @@ TEST_F(GoodsCardTest, TheFirstWriteOfANewGoodOpensItsLists) {
   EXPECT_EQ(w->OrvelObjectUIO()->OIDR(), "O00002004");
   EXPECT_FALSE(BO("O0000200").Calls("GetMeasures").empty());
   EXPECT_TRUE(w->SSCNew.Enabled());
-}
-
-TEST_F(GoodsCardTest, ANewGoodInTheWindowCopiesKindGroupNameAndMeasure) {
-  auto w = Open("O00002003");
+  // A new good made in another good's window copies its kind, group, name and measure.
+  w = Open("O00002003");
   w->SSCNew_Click();
   auto& object = *w->OrvelObjectUIO();
   std::string fields = object.OIDR();

@@ -128,15 +128,12 @@ TEST_F(FrmReferenceBookPreviewTest, GroupsNestAndIndentTenBlanksALevel) {
   type_->lists["O00009002"] = TextRecords(kFields, "G1|Grupė|~|~|pastaba|1|O00009001");
   const auto rows = Rows(*Open());
   EXPECT_EQ(rows[2] + " / " + std::to_string(rows.size()), "*G1|                    Grupė| |  / 5");
-}
-
-TEST_F(FrmReferenceBookPreviewTest, AnEmptyListSaysSo) {
+  // An empty list says so, and has nothing to print: no document is made.
   type_->lists[""] = TextRecords(kFields, "");
   host_.Ui()->QueueAnswer(vbOK);
   auto w = Open();
   EXPECT_EQ(Boxes(), "0 Orvel Apskaita|Nėra informacijos!");
   EXPECT_EQ(w->lvwRec.ListItems().Count(), 0);
-  // Nothing to print: no document is made.
   w->cmdPrint.Click();
   EXPECT_EQ(host_.HostClasses()->LastPrintDoc(), nullptr);
 }
