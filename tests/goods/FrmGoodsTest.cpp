@@ -289,7 +289,7 @@ TEST_F(FrmGoodsTest, HistoryOpensFromTheTimerAfterTheMenu) {
   EXPECT_EQ(dialogs->shown, std::vector<std::string>{"O00002002 15"});
 }
 
-TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
+TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectOrTheRecord) {
   auto& measures = BO("O0000400").Table();
   measures.SetFields({"ID", "Name"});
   measures.Seed(SeedRows("Name", {"vnt.", "kg"}));
@@ -312,6 +312,17 @@ TEST_F(FrmGoodsTest, DeleteAsksThenDeletesTheRowsObjectAndReloads) {
   w->mnuDelete.Click();
   EXPECT_EQ(w->ran.size(), 1u);
   EXPECT_TRUE(BusinessLines().empty());
+  // A right click on Close deletes the record and the window, when confirmed.
+  auto service = Open("O00002004");
+  for (const auto& [answer, kept] : {std::pair{vbCancel, true}, {vbOK, false}}) {
+    host_.Ui()->QueueAnswer(answer);
+    service->SSCClose.MouseUp(1);
+    service->SSCClose.MouseUp(vbRightButton);
+    EXPECT_EQ(BO("O0000200").Table().Contains(4), kept);
+  }
+  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
+  EXPECT_EQ(Boxes(),
+            std::vector<std::string>(2, "49 Apskaita Ar tikrai norite panaikinti?\nPaslauga"));
 }
 
 // The effect after the drag over; whether the dragged record is now under the target.
@@ -345,19 +356,6 @@ TEST_F(FrmGoodsTest, TakesOnlyWhatMayMoveIntoTheGroup) {
       EXPECT_NE(Grid(*w).TabList("Goods").ListItems().Find(c.dragged), nullptr);
     }
   }
-}
-
-TEST_F(FrmGoodsTest, ARightClickOnCloseDeletesTheRecordAndTheWindow) {
-  auto w = Open("O00002004");
-  for (const auto& [answer, kept] : {std::pair{vbCancel, true}, {vbOK, false}}) {
-    host_.Ui()->QueueAnswer(answer);
-    w->SSCClose.MouseUp(1);
-    w->SSCClose.MouseUp(vbRightButton);
-    EXPECT_EQ(BO("O0000200").Table().Contains(4), kept);
-  }
-  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00002004"));
-  EXPECT_EQ(Boxes(),
-            std::vector<std::string>(2, "49 Apskaita Ar tikrai norite panaikinti?\nPaslauga"));
 }
 
 TEST_F(FrmGoodsTest, TheParentGroupPickerMovesTheRecordAndAChangeWakesTheButtons) {
