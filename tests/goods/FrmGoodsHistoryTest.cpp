@@ -1,20 +1,14 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <vector>
-
 #include "goods/GoodsDialogs.h"
 #include "goods/frmGoodsHistory.h"
-#include "host/Convert.h"
-#include "host/Text.h"
 #include "orvel/ImageList.h"
 #include "orvel/OrvelMainForm.h"
-#include "orvel/OrvelObjectUIO.h"
 #include "support/ModuleTest.h"
 #include "support/StubObjectUI.h"
 #include "support/TextRecords.h"
-#include "testhost/TestEnvironment.h"
 #include "testhost/TestMainForm.h"
+#include "testhost/TestEnvironment.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestServices.h"
 #include "testhost/TestWindowManager.h"
@@ -46,22 +40,19 @@ class DocumentsUI : public StubObjectUI {
 
 constexpr const char* kFields =
     "Name OIDR OType Sign Number Date Addressee Amount Measure CurrencyRate CODE Price Suma LName";
+constexpr const char* kSale =
+    "Pardavimas|O00120015|O0012000|1|PR-15|@2026-11-23|UAB Rytas|2.5|vnt.|~|LTL|2.0|10.0|Centrinis";
 
-// One movement as a row of text: a sale of 2.5 in the base currency, with
-// the fields in `changes` ("name=value;...") put in.
-std::string Movement(const std::string& changes = "") {
-  const auto names = Split(kFields, " ");
-  auto values = Split(
-      "Pardavimas|O00120015|O0012000|1|PR-15|@2026-11-23|UAB Rytas|2.5|vnt.|~|LTL|"
-      "2.0|10.0|Centrinis",
-      "|");
-  for (const auto& change : Split(changes, ";")) {
-    if (change.empty()) continue;
-    const size_t eq = change.find('=');
-    const auto at = std::find(names.begin(), names.end(), change.substr(0, eq)) - names.begin();
-    values[at] = change.substr(eq + 1);
+// Movements, each a sale of 2.5 in the base currency with the fields in its changes
+// ("name=value;...") put in.
+std::shared_ptr<MemoryRecordset> Movements(const std::vector<std::string>& changes) {
+  auto rs = TextRecords(kFields, std::vector<std::string>(changes.size(), kSale));
+  for (const auto& change : changes) {
+    for (const auto& [name, value] : Assignments(change)) rs->Fields(name).SetValue(value);
+    rs->MoveNext();
   }
-  return Join(values, "|");
+  rs->MoveFirst();
+  return rs;
 }
 
 class FrmGoodsHistoryTest : public ModuleTest {
@@ -92,8 +83,8 @@ class FrmGoodsHistoryTest : public ModuleTest {
     ModuleTest::TearDown();
   }
 
-  void Reply(const std::vector<std::string>& movements) {
-    BO("O0000200").ReplyRead("GetGoodHistory", TextRecords(kFields, movements));
+  void Reply(const std::vector<std::string>& changes) {
+    BO("O0000200").ReplyRead("GetGoodHistory", Movements(changes));
   }
 
   std::unique_ptr<frmGoodsHistory> Open(int32_t goodId = 15) {
@@ -139,37 +130,20 @@ TEST_F(FrmGoodsHistoryTest, LoadSetsTheThirteenColumnsTheWidthAndTheIconsUnderTh
   EXPECT_EQ(w->lswHistoryWidth, 0);
 }
 
-// Without an object nothing is asked.
-TEST_F(FrmGoodsHistoryTest, AFailedCallOrNoObjectLeavesAnEmptyListAndSaysNothing) {
-  BO("O0000200").ReplyRead("GetGoodHistory", OrvelBoResult(5, "nėra"));
-  auto w = Open();
-  EXPECT_EQ(w->lswHistory.ListItems().Count(), 0);
-  EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
-  EXPECT_TRUE(w->Visible());
-  auto bare = std::make_unique<frmGoodsHistory>();
-  host_.Log().Clear();
-  bare->Show();
-  EXPECT_EQ(bare->lswHistory.ListItems().Count(), 0);
-  EXPECT_TRUE(BusinessLines().empty());
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-}
-
 TEST_F(FrmGoodsHistoryTest, AsksOnceAndRowsCarryNumberedKeysTheDocumentAndItsFieldsAsTheyStand) {
-  Reply({Movement(), Movement("OIDR=O00120016")});
+  Reply({"", "OIDR=O00120016"});
   auto w = Open(-7);
   EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory -7"});
   auto& rows = w->lswHistory.ListItems();
   ASSERT_EQ(rows.Count(), 2);
   EXPECT_EQ(rows.Item(1).Key() + " " + rows.Item(2).Key() + " " + ConcatText(rows.Item(2).Tag()),
             "1_K 2_K O00120016");
-  EXPECT_EQ(Cells(rows.Item(1)),
-            (std::vector<std::string>{"Pardavimas", "PR-15", "2026-11-23", "UAB Rytas", "2,5",
-                                      "vnt.", "2,00", "10,00", "Centrinis", " ", " ", " ", " "}));
+  EXPECT_EQ(Join(Cells(rows.Item(1)), "|"),
+            "Pardavimas|PR-15|2026-11-23|UAB Rytas|2,5|vnt.|2,00|10,00|Centrinis| | | | ");
   // Loaded again, the window starts over instead of doubling its rows.
   w->Unload();
   w->Show();
-  EXPECT_EQ(rows.Count(), 2);
-  EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
+  EXPECT_EQ(std::pair(rows.Count(), w->lswHistory.ColumnHeaders().Count()), std::pair(2, 13));
 }
 
 // CurrencyRate, CODE, Price and Suma given; Kaina, Suma, Valiuta, Kursas, Kaina val. and
@@ -199,7 +173,7 @@ TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
             true}}) {
     SCOPED_TRACE(c.name);
     if (c.invariant) host_.Ui()->SetLocale(Locale::Invariant());
-    Reply({Movement(c.money)});
+    Reply({c.money});
     auto w = Open();
     ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
     auto cells = Cells(w->lswHistory.ListItems().Item(1));
@@ -209,7 +183,7 @@ TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
   }
   // Only signs zero and two are bold.
   for (const std::string sign : {"0", "2", "2.0", "1", "-2", "3", "~"}) {
-    Reply({Movement("Sign=" + sign)});
+    Reply({"Sign=" + sign});
     auto w = Open();
     ASSERT_EQ(w->lswHistory.ListItems().Count(), 1);
     EXPECT_EQ(w->lswHistory.ListItems().Item(1).Bold(), sign == "0" || sign[0] == '2') << sign;
@@ -217,9 +191,7 @@ TEST_F(FrmGoodsHistoryTest, ShowsTheBaseAndTheDocumentCurrency) {
 }
 
 TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
-  auto rs = TextRecords(kFields, {Movement(), Movement("OType=O9999900"), Movement("OType=~"),
-                                  Movement("OType="), Movement(), Movement()});
-  rs->MoveFirst();
+  auto rs = Movements({"", "OType=O9999900", "OType=", "OType=~", "", ""});
   for (int row = 1; row < 5; ++row) rs->MoveNext();
   rs->Fields("OType").SetValue(Variant(Variant::Array{Variant(1)}));  // a list is no key
   BO("O0000200").ReplyRead("GetGoodHistory", rs);
@@ -228,46 +200,53 @@ TEST_F(FrmGoodsHistoryTest, ATypeWithoutAnIconLeavesOnlyThatRowWithoutOne) {
   for (const auto& row : w->lswHistory.ListItems()) icons.push_back(row->SmallIcon());
   EXPECT_EQ(icons, (std::vector<std::string>{"O0012000", "", "", "", "", "O0012000"}));
   EXPECT_EQ(Cells(w->lswHistory.ListItems().Item(2))[1], "PR-15");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
   // An image list that cannot tell takes every key.
   mainForm_->images = host_.MainForm()->ImgCatalogue();
-  Reply({Movement("OType=O9999900")});
+  Reply({"OType=O9999900"});
   EXPECT_EQ(Open()->lswHistory.ListItems().Item(1).SmallIcon(), "O9999900");
 }
 
-// A record whose price is no number, after a good one; a set that lacks the
-// history's fields.
-TEST_F(FrmGoodsHistoryTest, IsReportedAndKeepsTheWholeRowsBefore) {
-  for (const bool badPrice : {true, false}) {
+// A failed call, a record whose price is no number after a good one, a set that lacks the
+// history's fields: the whole rows before stay, so does the window, and only a fault in the rows
+// is reported. Without an object nothing is asked.
+TEST_F(FrmGoodsHistoryTest, AFaultKeepsTheWholeRowsBeforeAndTheWindow) {
+  for (const auto& [reply, rows, box] :
+       std::initializer_list<std::tuple<OrvelBoResult, int, const char*>>{
+           {OrvelBoResult(5, "nėra"), 0, ""},
+           {OrvelBoResult(0, "", Movements({"", "Price=abc", ""})), 1,
+            "16 Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"},
+           {OrvelBoResult(0, "", TextRecords("Name OIDR", {"Pardavimas|O00120015"})), 0,
+            "16 Klaida!\nKolekcijoje nėra elemento: OType"}}) {
+    SCOPED_TRACE(box);
     host_.Ui()->ClearBoxes();
-    if (badPrice) {
-      Reply({Movement(), Movement("Price=abc"), Movement()});
-    } else {
-      BO("O0000200")
-          .ReplyRead("GetGoodHistory", TextRecords("Name OIDR", {"Pardavimas|O00120015"}));
-    }
-    host_.Ui()->QueueAnswer(vbOK);
+    BO("O0000200").ReplyRead("GetGoodHistory", reply);
+    if (*box) host_.Ui()->QueueAnswer(vbOK);
     auto w = Open();
-    EXPECT_EQ(w->lswHistory.ListItems().Count(), badPrice ? 1 : 0);
-    ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-    EXPECT_EQ(std::to_string(host_.Ui()->Boxes()[0].flags) + " " + host_.Ui()->Boxes()[0].prompt,
-              badPrice ? "16 Klaida!\nNetinkamas tipas: CDbl negali paversti String 'abc'"
-                       : "16 Klaida!\nKolekcijoje nėra elemento: OType");
+    EXPECT_EQ(w->lswHistory.ListItems().Count(), rows);
+    EXPECT_EQ(w->lswHistory.ColumnHeaders().Count(), 13);
+    std::vector<std::string> boxes;
+    for (const auto& b : host_.Ui()->Boxes()) {
+      boxes.push_back(std::to_string(b.flags) + " " + b.prompt);
+    }
+    EXPECT_EQ(Join(boxes, "|"), box);
     EXPECT_EQ(host_.Ui()->MousePointers().back(), vbDefault);
     EXPECT_TRUE(w->Visible());
   }
+  auto bare = std::make_unique<frmGoodsHistory>();
+  host_.Log().Clear();
+  bare->Show();
+  EXPECT_EQ(bare->lswHistory.ListItems().Count(), 0);
+  EXPECT_TRUE(BusinessLines().empty());
 }
 
 TEST_F(FrmGoodsHistoryTest, TheRightButtonOnASelectedRowOffersTheDesktopThenCloseUnloads) {
-  Reply({Movement(), Movement("OIDR=O00120016")});
+  Reply({"", "OIDR=O00120016"});
   auto w = Open();
   w->lswHistory.MouseUp(vbRightButton);
   w->mnuToDesktop.Click();
-  EXPECT_TRUE(host_.Ui()->Popups().empty());
   EXPECT_TRUE(documents_->desktop.empty());
   w->lswHistory.ItemClick(w->lswHistory.ListItems().Item(2));
   w->lswHistory.MouseUp(vbLeftButton);
-  EXPECT_TRUE(host_.Ui()->Popups().empty());
   host_.Ui()->QueuePopupPick("mnuToDesktop");
   w->lswHistory.MouseUp(vbRightButton);
   ASSERT_EQ(host_.Ui()->Popups().size(), 1u);
@@ -285,7 +264,7 @@ class SettingsOnlyDialogs : public GoodsDialogs {
 };
 
 TEST_F(FrmGoodsHistoryTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
-  Reply({Movement(), Movement()});
+  Reply({"", ""});
   for (const bool installed : {false, true}) {
     if (installed) InstallGoodsDialogs(std::make_shared<SettingsOnlyDialogs>());
     int shownRows = -1;
@@ -294,10 +273,9 @@ TEST_F(FrmGoodsHistoryTest, TheHistoryEntryOpensTheWindowModallyOnTheGood) {
     });
     host_.Log().Clear();
     CurrentGoodsDialogs().ShowGoodsHistory(good_, 15);
-    EXPECT_EQ(host_.Log().Lines(Channel::Window),
-              std::vector<std::string>{"ShowModal frmGoodsHistory"});
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetGoodHistory 15"});
-    EXPECT_EQ(shownRows, 2);
+    EXPECT_EQ(Join(host_.Log().Lines(Channel::Window), "|") + " " + Join(BusinessLines(), "|") +
+                  " " + std::to_string(shownRows),
+              "ShowModal frmGoodsHistory GetCall GetGoodHistory 15 2");
   }
 }
 

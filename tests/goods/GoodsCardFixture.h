@@ -27,15 +27,11 @@ class GoodsCardTest : public CardTest<frmGoods> {
     CardTest::SetUp();
     ResetVatFactor();
     auto& table = BO("O0000200").Table();
-    table.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest",
-                     "WithItems", "OwnCode", "PreviewPath", "VAT", "PriceWithVAT", "Price",
-                     "AmountPrecision", "MeasureID", "CreatedByUser", "CreationDate",
-                     "UpdatedByUser", "UpdateDate"});
-    for (const char* field :
-         {"ParentID", "VAT", "PriceWithVAT", "Price", "AmountPrecision", "MeasureID", "WithItems",
-          "CreatedByUser", "CreationDate", "UpdatedByUser", "UpdateDate"}) {
-      table.SetDefault(field, Variant::Null());
-    }
+    const std::string nullable = "ParentID VAT PriceWithVAT Price AmountPrecision MeasureID "
+                                 "WithItems CreatedByUser CreationDate UpdatedByUser UpdateDate";
+    table.SetFields(Split("ID Name Code GroupFlag Active WithRest OwnCode PreviewPath " + nullable,
+                          " "));
+    for (const auto& field : Split(nullable, " ")) table.SetDefault(field, Variant::Null());
     table.SetDefault("GroupFlag", Variant(0));
     table.Seed(SeedRows(
         "Name GroupFlag OwnCode VAT ParentID WithRest Price PriceWithVAT AmountPrecision MeasureID "

@@ -88,26 +88,35 @@ class GenerateCodeTest : public ModuleTest {
   }
 };
 
-// The answer's PARENTCODE|MAXCODE ("" no record, "!" a failure), the result's number and value,
-// and the record's code afterwards.
+// The setting (Empty: no settings object, so the codes are off too); the answer's
+// PARENTCODE|MAXCODE ("" no record, "!" a failure, null: not asked); the result's number and
+// value, and the record's code afterwards.
 struct GenerateCase {
-  const char *name, *codes;
+  const char* name;
+  Variant setting;
+  const char* codes;
   int32_t number;
   Variant value;
   const char* code;
 };
 
-TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
-  for (const GenerateCase& c :
-       std::initializer_list<GenerateCase>{{"Proposed", "#12|#1207", 0, Variant("1208"), "1208"},
-                                           // Nothing to work with: the code stays and is returned.
-                                           {"NothingToWorkWith", "~|~", 0, Variant("old"), "old"},
-                                           {"NoRecord", "", 0, Variant("???"), "???"},
-                                           {"FailedRead", "!", 17, Variant(), "old"}}) {
+TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsItWhenTheSettingIsOn) {
+  for (const GenerateCase& c : std::initializer_list<GenerateCase>{
+           {"Proposed", Variant(true), "#12|#1207", 0, Variant("1208"), "1208"},
+           // Nothing to work with: the code stays and is returned.
+           {"NothingToWorkWith", Variant(true), "~|~", 0, Variant("old"), "old"},
+           {"NoRecord", Variant(true), "", 0, Variant("???"), "???"},
+           {"FailedRead", Variant(true), "!", 17, Variant(), "old"},
+           {"SettingNull", Variant::Null(), nullptr, 0, Variant(), "old"},
+           {"SettingFalse", Variant(false), nullptr, 0, Variant(), "old"},
+           {"SettingZero", Variant(0), nullptr, 0, Variant(), "old"},
+           {"NoSettings", Variant(), nullptr, 0, Variant(), "old"}}) {
     SCOPED_TRACE(c.name);
-    if (c.codes == std::string("!")) {
+    SetStructuredCodes(c.setting);
+    if (c.setting.IsEmpty()) host_.Session()->SetSettingObject("O00018021", nullptr);
+    if (c.codes && *c.codes == '!') {
       BO("O0000200").ReplyRead("GetStructuredCode", OrvelBoResult(17, "nėra ryšio"));
-    } else {
+    } else if (c.codes) {
       BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", c.codes));
     }
     auto good = NewGoodIn(Variant(1));
@@ -115,26 +124,12 @@ TEST_F(GenerateCodeTest, WritesTheProposalIntoCodeAndReturnsIt) {
     EXPECT_EQ(result.Number, c.number);
     EXPECT_EQ(result.Value, c.value);
     EXPECT_EQ(good->Fields("Code").Value(), Variant(c.code));
-    EXPECT_EQ(BusinessLines(), std::vector<std::string>{"GetCall GetStructuredCode 1"});
+    EXPECT_EQ(BusinessLines(), c.codes ? std::vector<std::string>{"GetCall GetStructuredCode 1"}
+                                       : std::vector<std::string>{});
   }
-}
-
-// Without a settings object (Empty here) the codes are off too.
-TEST_F(GenerateCodeTest, WithTheSettingOffNothingIsAskedOrTouched) {
-  for (const Variant& setting : {Variant::Null(), Variant(false), Variant(0), Variant()}) {
-    SCOPED_TRACE(ConcatText(setting));
-    SetStructuredCodes(setting);
-    if (setting.IsEmpty()) host_.Session()->SetSettingObject("O00018021", nullptr);
-    auto good = NewGoodIn(Variant(1));
-    auto result = Generate(*good);
-    EXPECT_EQ(result.Number, 0);
-    EXPECT_TRUE(result.Value.IsEmpty());
-    EXPECT_EQ(good->Fields("Code").Value(), Variant("old"));
-    EXPECT_TRUE(BusinessLines().empty());
-  }
-  // Back on, a top-level record asks with its own reference.
+  // A top-level record asks with its own reference: a Null parent gives an empty parameter, which
+  // falls back on the OIDR.
   SetStructuredCodes(Variant(true));
-  // A Null parent gives an empty parameter, which falls back on the OIDR.
   BO("O0000200").ReplyRead("GetStructuredCode", TextRecords("PARENTCODE MAXCODE", {"~|#0041"}));
   auto top = Adapter("O0000200")->GetOrvelObject("O00002001");
   host_.Log().Clear();

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "common/Catalogue.h"
+#include "host/Text.h"
 #include "lists/frmPreviewConfig.h"
 #include "support/ModuleTest.h"
 #include "testhost/TestServices.h"
@@ -53,21 +54,21 @@ class FrmPreviewConfigTest : public ModuleTest {
 
 TEST_F(FrmPreviewConfigTest, ShowsShownColumnsByPositionThenHiddenOnes) {
   auto d = Open();
-  EXPECT_EQ(d->Caption(), " Vaizdo parametrai");
-  EXPECT_EQ(Rows(*d), (std::vector<std::string>{"Pavadinimas|7,0|x", "Kodas|2,5|x", "Miestas|3,0|x",
-                                                "Pastaba|4,0|"}));
-  // The first row is selected and in the edit boxes.
+  EXPECT_EQ(Join(Rows(*d), " "), "Pavadinimas|7,0|x Kodas|2,5|x Miestas|3,0|x Pastaba|4,0|");
+  // The first row is selected and in the edit boxes; then the print parameters, the boxes
+  // ticked (1) or not (0).
   EXPECT_EQ(d->lvwColumns.SelectedItem(), &d->lvwColumns.ListItems().Item(1));
-  EXPECT_EQ(d->txtColumnCaption.Text() + "|" + d->txtWidth.Text() + "|" + d->cmbAlignment.Text(),
-            "Pavadinimas|7,0|Iš kairės");
-  // Print parameters.
-  EXPECT_EQ(d->txtJournalName.Text() + "|" + d->cmbFontSize.Text(), "Bankai|9");
-  EXPECT_EQ(d->cmbFontSize.ListIndex(), 3);
-  EXPECT_EQ(std::vector<int>({d->chbGridlinesHor.Value(), d->chbGridlinesVer.Value(),
-                              d->chbUserName.Value(), d->chbDate.Value(), d->chbTime.Value()}),
-            std::vector<int>({vbChecked, vbUnchecked, vbUnchecked, vbChecked, vbChecked}));
-  EXPECT_EQ(d->txtFooter.Text() + "|" + d->txtRegName.Text() + "|" + d->lblTotalWidth.Caption(),
-            "Pabaiga|Bankai|12,5");
+  std::string ticked;
+  for (const CheckBox* box : {&d->chbGridlinesHor, &d->chbGridlinesVer, &d->chbUserName,
+                              &d->chbDate, &d->chbTime}) {
+    ticked += std::to_string(box->Value());
+  }
+  EXPECT_EQ(Join({d->Caption(), d->txtColumnCaption.Text(), d->txtWidth.Text(),
+                  d->cmbAlignment.Text(), d->txtJournalName.Text(), d->cmbFontSize.Text(),
+                  std::to_string(d->cmbFontSize.ListIndex()), ticked, d->txtFooter.Text(),
+                  d->txtRegName.Text(), d->lblTotalWidth.Caption()},
+                 "|"),
+            " Vaizdo parametrai|Pavadinimas|7,0|Iš kairės|Bankai|9|3|10011|Pabaiga|Bankai|12,5");
   // OK without changes accepts the same string, the shown columns in order.
   d->cmdOK.Click();
   EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
@@ -75,7 +76,6 @@ TEST_F(FrmPreviewConfigTest, ShowsShownColumnsByPositionThenHiddenOnes) {
             "Bankai;9;1;0;0;2;1;Pabaiga#WZWName;Pavadinimas;0;7,0;0#WZWCode;Kodas;0;2,5;1"
             "#WZWCity;Miestas;0;3,0;2#WZWNote;Pastaba;2;4,0;999");
   EXPECT_FALSE(d->Loaded());
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
@@ -89,7 +89,7 @@ TEST_F(FrmPreviewConfigTest, SixteenColumnsLeaveRoomForTheScrollBar) {
   }
 }
 
-TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
+TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumnsAndThePrint) {
   auto d = Open();
   Select(*d, 2);  // Kodas
   d->cmdUp.Click();
@@ -102,36 +102,28 @@ TEST_F(FrmPreviewConfigTest, MovingUncheckingAndEditingChangeTheColumns) {
   ListItem& city = d->lvwColumns.ListItems().Item(3);
   EXPECT_TRUE(city.Checked());
   d->lvwColumns.ItemCheck(city);  // the user clears its check box
-  EXPECT_FALSE(city.Checked());
-  EXPECT_FALSE(d->ColumnChecked("WZWCity"));
+  EXPECT_FALSE(city.Checked() || d->ColumnChecked("WZWCity"));
   EXPECT_EQ(d->lblTotalWidth.Caption(), "9,5");
   Select(*d, 4);
   d->cmdDown.Click();  // at the bottom: nothing
-  d->cmdOK.Click();
-  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
-  EXPECT_EQ(d->NewConfig,
-            "Bankai;9;1;0;0;2;1;Pabaiga#WZWCode;Banko kodas;2;2,5;0#WZWName;Pavadinimas;0;7,0;1"
-            "#WZWCity;Miestas;0;3,0;999#WZWNote;Pastaba;2;4,0;999");
-}
-
-TEST_F(FrmPreviewConfigTest, PrintParametersComeFromTheControls) {
-  auto d = Open();
   d->txtJournalName.Edit("Mūsų bankai");
   d->cmbFontSize.Pick(6);
-  d->chbGridlinesHor.Click();
-  d->chbGridlinesVer.Click();
-  d->chbUserName.Click();
-  d->chbTime.Click();
+  for (CheckBox* box : {&d->chbGridlinesHor, &d->chbGridlinesVer, &d->chbUserName, &d->chbTime}) {
+    box->Click();
+  }
   d->txtFooter.Edit("");
   d->txtRegName.Edit("Bankai2");
   d->cmdOK.Click();
   EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
-  EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Mūsų bankai;12;0;1;1;1;1;");
+  EXPECT_EQ(d->NewConfig,
+            "Mūsų bankai;12;0;1;1;1;1;#WZWCode;Banko kodas;2;2,5;0#WZWName;Pavadinimas;0;7,0;1"
+            "#WZWCity;Miestas;0;3,0;999#WZWNote;Pastaba;2;4,0;999");
   EXPECT_EQ(d->PrintDict.Item("JRegName"), Variant("Bankai2"));
-  // Date off writes no date whatever the time.
+  // Date off writes no date whatever the time; a print parameter alone is a change.
   d = Open();
   d->chbDate.Click();
   d->cmdOK.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kColumnsChanged);
   EXPECT_EQ(d->NewConfig.substr(0, d->NewConfig.find('#')), "Bankai;9;1;0;0;0;1;Pabaiga");
 }
 
@@ -162,26 +154,11 @@ TEST_F(FrmPreviewConfigTest, WidthIsFormattedCappedOrRestored_KeysFilteredOnItsO
   EXPECT_EQ(d->txtWidth.KeyPress(','), 0);
 }
 
-TEST_F(FrmPreviewConfigTest, NoCheckedColumnIsRefusedAndTheDialogStays) {
+// Enter accepts except in the footer; an empty registration name keeps the focus. Without a
+// checked column the dialog refuses to accept and stays; Cancel leaves it.
+TEST_F(FrmPreviewConfigTest, EnterAndFocusRules_NoCheckedColumnIsRefused) {
   auto d = Open("T;9;1;1;0;1;1;#WZWName;Pavadinimas;0;7,0;0");
   d->lvwColumns_ItemCheck(d->lvwColumns.ListItems().Item(1), false);
-  host_.Ui()->QueueAnswer(vbOK);
-  d->cmdOK.Click();
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(host_.Ui()->Boxes()[0].prompt, "Nepažymėtas nei vienas stulpelis!");
-  EXPECT_EQ(host_.Ui()->Boxes()[0].flags, 64);
-  EXPECT_TRUE(d->Loaded());
-  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);  // set before the check
-  EXPECT_EQ(d->NewConfig, "");
-  d->cmdCancel.Click();
-  EXPECT_EQ(d->Status, frmPreviewConfig::kCancelled);
-  EXPECT_FALSE(d->Loaded());
-}
-
-// Enter accepts except in the footer; an empty registration name keeps the
-// focus.
-TEST_F(FrmPreviewConfigTest, EnterAndFocusRules) {
-  auto d = Open();
   ASSERT_TRUE(d->SetFocus(d->txtRegName));
   EXPECT_TRUE(d->SetFocus(d->txtJournalName));
   ASSERT_TRUE(d->SetFocus(d->txtRegName));
@@ -191,11 +168,18 @@ TEST_F(FrmPreviewConfigTest, EnterAndFocusRules) {
   d->txtRegName.Edit("Bankai");
   ASSERT_TRUE(d->SetFocus(d->txtFooter));
   EXPECT_EQ(d->TypeKey(13), 13);
-  EXPECT_TRUE(d->Loaded());
   ASSERT_TRUE(d->SetFocus(d->txtJournalName));
+  host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(d->TypeKey(13), 0);
+  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
+  EXPECT_EQ(std::to_string(host_.Ui()->Boxes()[0].flags) + " " + host_.Ui()->Boxes()[0].prompt,
+            "64 Nepažymėtas nei vienas stulpelis!");
+  EXPECT_TRUE(d->Loaded());
+  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);  // set before the check
+  EXPECT_EQ(d->NewConfig, "");
+  d->cmdCancel.Click();
+  EXPECT_EQ(d->Status, frmPreviewConfig::kCancelled);
   EXPECT_FALSE(d->Loaded());
-  EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);
 }
 
 }  // namespace

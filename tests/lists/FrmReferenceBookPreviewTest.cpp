@@ -24,6 +24,8 @@ constexpr const char* kDefault =
     "Žinynas ;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;9,5;1"
     "#WZWAmount;Suma;1;2,5;2#WZWActive;Aktyvus;0;2,5;3#WZWNote;Pastaba;0;4,0;999";
 
+constexpr const char* kDefaultHeaders =
+    "Kodas 1250 0|Pavadinimas 4750 0|Suma 1250 1|Aktyvus 1250 0";
 constexpr const char* kFields = "Code Name Amount Active Note GroupFlag OIDR";
 
 // The reply of a call whose value is a record set.
@@ -83,88 +85,80 @@ class FrmReferenceBookPreviewTest : public ModuleTest {
     return headers;
   }
 
-  std::vector<std::string> HostLines() { return host_.Log().Lines(Channel::Host); }
+  // "<flags> <title>|<prompt>" of the boxes shown, by blank lines.
+  std::string Boxes() {
+    std::vector<std::string> boxes;
+    for (const auto& box : host_.Ui()->Boxes()) {
+      boxes.push_back(std::to_string(box.flags) + " " + box.title + "|" + box.prompt);
+    }
+    return Join(boxes, "\n\n");
+  }
 
   std::shared_ptr<ListedType> type_;
 };
 
 TEST_F(FrmReferenceBookPreviewTest, DefaultColumnsComeFromTheTypesStructure) {
   auto w = Open();
+  // The group column grew to fill 17 cm; the hidden one is not a list column.
+  EXPECT_EQ(Join(Headers(*w), "|"), kDefaultHeaders);
   EXPECT_EQ(w->SOPanel.Caption() + "|" + w->cmdPrint.Caption() + "|" + w->lblJournalName.Caption() +
                 "|" + w->txtGroupName.Text() + "|" + w->lblStatus.Caption(),
             "Žinynas |Spausdinti|Žinynas ||");
-  EXPECT_TRUE(w->HasGroups());
-  EXPECT_EQ(w->GroupField() + "|" + w->GroupCaption(), "Name|");
+  EXPECT_EQ(w->GroupField() + "|" + w->GroupCaption() + "|" + std::to_string(w->HasGroups()),
+            "Name||1");
   EXPECT_EQ(w->Config(), kDefault);
   EXPECT_EQ(w->PrintDict().Item("JRegName"), Variant("Žinynas "));
   EXPECT_EQ(w->PrintDict().Item("JParams"), Variant(""));
-  EXPECT_EQ(w->ColumnKeys(),
-            (std::vector<std::string>{"WZWCode", "WZWName", "WZWAmount", "WZWActive"}));
-  // The group column grew to fill 17 cm; the hidden one is not a list column.
-  EXPECT_EQ(Headers(*w), (std::vector<std::string>{"Kodas 1250 0", "Pavadinimas 4750 0",
-                                                   "Suma 1250 1", "Aktyvus 1250 0"}));
+  EXPECT_EQ(Join(w->ColumnKeys(), " "), "WZWCode WZWName WZWAmount WZWActive");
   // Each shown column's list index is written back into its piece.
   EXPECT_EQ(w->ColumnDict().Item("WZWAmount").ArrayValue()[5], Variant("3"));
   EXPECT_EQ(w->ColumnDict().Item("WZWNote").ArrayValue()[5], Variant("5"));
   EXPECT_EQ(host_.Ui()->GetMousePointer(), vbDefault);
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_EQ(HostLines(), (std::vector<std::string>{"Call Orvel_GetGroupPreviewField O0000900",
-                                                   "Call Orvel_GetObjectStructureByOID O0000900"}));
-  EXPECT_EQ(type_->listCalls, (std::vector<std::string>{"||", "O00009001||", "O00009002||"}));
+  EXPECT_EQ(Join(host_.Log().Lines(Channel::Host), "|"),
+            "Call Orvel_GetGroupPreviewField O0000900|Call Orvel_GetObjectStructureByOID O0000900");
+  EXPECT_EQ(Join(type_->listCalls, " "), "|| O00009001|| O00009002||");
 }
 
 // Groups nest and indent ten blanks a level; a group holding itself is
 // listed once.
 TEST_F(FrmReferenceBookPreviewTest, GroupsNestAndIndentTenBlanksALevel) {
-  EXPECT_EQ(Rows(*Open()), (std::vector<std::string>{
-                               "*G1|Grupė| | ",
-                               "*G2|          Pogrupis| | ",
-                               "C|                    Gama|0|Ne",
-                               "B|          Beta|3|Ne",
-                               "A|Alfa|12,5|Taip",
-                           }));
+  EXPECT_EQ(Join(Rows(*Open()), " / "),
+            "*G1|Grupė| |  / *G2|          Pogrupis| |  / C|                    Gama|0|Ne / "
+            "B|          Beta|3|Ne / A|Alfa|12,5|Taip");
   type_->lists["O00009002"] = TextRecords(kFields, "G1|Grupė|~|~|pastaba|1|O00009001");
-  EXPECT_EQ(Rows(*Open())[2], "*G1|                    Grupė| | ");
-  EXPECT_EQ(Rows(*Open()).size(), 5u);
-}
-
-TEST_F(FrmReferenceBookPreviewTest, AnEmptyListSaysSo) {
+  const auto rows = Rows(*Open());
+  EXPECT_EQ(rows[2] + " / " + std::to_string(rows.size()), "*G1|                    Grupė| |  / 5");
+  // An empty list says so, and has nothing to print: no document is made.
   type_->lists[""] = TextRecords(kFields, "");
   host_.Ui()->QueueAnswer(vbOK);
   auto w = Open();
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  const auto& box = host_.Ui()->Boxes()[0];
-  EXPECT_EQ(std::to_string(box.flags) + " " + box.title + "|" + box.prompt,
-            "0 Orvel Apskaita|Nėra informacijos!");
+  EXPECT_EQ(Boxes(), "0 Orvel Apskaita|Nėra informacijos!");
   EXPECT_EQ(w->lvwRec.ListItems().Count(), 0);
-  // Nothing to print: no document is made.
   w->cmdPrint.Click();
   EXPECT_EQ(host_.HostClasses()->LastPrintDoc(), nullptr);
 }
 
-// A column finds its field without regard to case ("name" is Name).
-TEST_F(FrmReferenceBookPreviewTest, AStoredConfigurationIsUsed) {
-  auto w = Open("Mano;9;1;1;0;1;1;#WZWname;Vardas;2;5,0;0#WZWActive;Ar;0;1,0;1");
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
-  EXPECT_EQ(w->ConfigError(), "");
-  EXPECT_EQ(Headers(*w), (std::vector<std::string>{"Vardas 2500 2", "Ar 500 0"}));
-  EXPECT_EQ(w->lblJournalName.Caption(), "Mano");
-  EXPECT_EQ(Rows(*w)[0], "*Grupė| ");
-}
-
-TEST_F(FrmReferenceBookPreviewTest, AMalformedConfigurationFallsBackToTheDefaultAndSaysSo) {
-  for (const char* config : {"#", "Mano;9;1;1;0;1;1;#WZWName;V;0;platus;0"}) {
+// A stored configuration is used, its columns finding their fields without regard to case
+// ("name" is Name); a malformed one gives way to the default, and says so.
+TEST_F(FrmReferenceBookPreviewTest, AStoredConfigurationIsUsedAMalformedOneFallsBack) {
+  const std::string bad =
+      "48 Orvel Apskaita|Netinkami sąrašo stulpelių parametrai. Rodomi numatytieji stulpeliai.";
+  for (const auto& [config, box, headers, journal, row] :
+       {std::tuple{"Mano;9;1;1;0;1;1;#WZWname;Vardas;2;5,0;0#WZWActive;Ar;0;1,0;1", std::string(),
+                   "Vardas 2500 2|Ar 500 0", "Mano", "*Grupė| "},
+        {"#", bad, kDefaultHeaders, "Žinynas ", "*G1|Grupė| | "},
+        {"Mano;9;1;1;0;1;1;#WZWName;V;0;platus;0", bad, kDefaultHeaders, "Žinynas ",
+         "*G1|Grupė| | "}}) {
+    SCOPED_TRACE(config);
     host_.Ui()->ClearBoxes();
-    host_.Ui()->QueueAnswer(vbOK);
+    if (!box.empty()) host_.Ui()->QueueAnswer(vbOK);
     auto w = Open(config);
-    ASSERT_EQ(host_.Ui()->Boxes().size(), 1u) << config;
-    const auto& box = host_.Ui()->Boxes()[0];
-    EXPECT_EQ(std::to_string(box.flags) + " " + box.title + "|" + box.prompt,
-              "48 Orvel Apskaita|Netinkami sąrašo stulpelių parametrai. Rodomi numatytieji "
-              "stulpeliai.");
-    EXPECT_FALSE(w->ConfigError().empty()) << config;
-    EXPECT_EQ(w->Config(), kDefault);
-    EXPECT_EQ(w->lvwRec.ColumnHeaders().Count(), 4);
+    EXPECT_EQ(Boxes(), box);
+    EXPECT_EQ(w->ConfigError().empty(), box.empty());
+    EXPECT_EQ(w->Config(), box.empty() ? config : kDefault);
+    EXPECT_EQ(Join(Headers(*w), "|") + "|" + w->lblJournalName.Caption(),
+              std::string(headers) + "|" + journal);
+    EXPECT_EQ(Rows(*w)[0], row);
     EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
   }
 }
@@ -211,19 +205,18 @@ TEST_F(FrmReferenceBookPreviewTest, ChoosingAGroupListsItsMembers) {
   auto w = Open();
   type_->listCalls.clear();
   w->cmdSelect.Click();
-  EXPECT_EQ(w->ListArgument, "");
-  EXPECT_TRUE(type_->listCalls.empty());
-  EXPECT_EQ(w->lvwRec.ListItems().Count(), 5);
+  EXPECT_EQ(w->ListArgument + " / " + Join(type_->listCalls, " ") + " / " + Join(Rows(*w), " "),
+            " /  / *G1|Grupė| |  *G2|          Pogrupis| |  C|                    Gama|0|Ne "
+            "B|          Beta|3|Ne A|Alfa|12,5|Taip");
   host_.HostClasses()->QueueGroupSelect("C0000900\\O00009002", "Pogrupis", "O0000900");
   w->cmdSelect.Click();
-  EXPECT_EQ(w->ListArgument, "O00009002");
-  EXPECT_EQ(w->txtGroupName.Text(), "Pogrupis");
-  EXPECT_EQ(type_->listCalls, (std::vector<std::string>{"O00009002||"}));
-  EXPECT_EQ(Rows(*w), (std::vector<std::string>{"C|Gama|0|Ne"}));
+  EXPECT_EQ(w->ListArgument + " / " + w->txtGroupName.Text() + " / " +
+                Join(type_->listCalls, " ") + " / " + Join(Rows(*w), " "),
+            "O00009002 / Pogrupis / O00009002|| / C|Gama|0|Ne");
 }
 
 // A cancelled configuration changes nothing.
-TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTable) {
+TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTableAndCloseAsksNothing) {
   auto w = Open();
   host_.Ui()->QueueModal(
       [](Form& form) { dynamic_cast<frmPreviewConfig&>(form).cmdCancel.Click(); });
@@ -240,20 +233,14 @@ TEST_F(FrmReferenceBookPreviewTest, ChangedColumnsRebuildTheTable) {
   EXPECT_EQ(w->Config(),
             "Naujas;9;1;1;0;1;1;#WZWCode;Kodas;0;2,5;0#WZWName;Pavadinimas;0;9,5;999"
             "#WZWAmount;Suma;1;2,5;1#WZWActive;Aktyvus;0;2,5;2#WZWNote;Pastaba;0;4,0;999");
-  EXPECT_EQ(w->lblJournalName.Caption(), "Naujas");
-  EXPECT_EQ(Headers(*w),
-            (std::vector<std::string>{"Kodas 1250 0", "Suma 1250 1", "Aktyvus 1250 0"}));
-  EXPECT_EQ(Rows(*w)[4], "A|12,5|Taip");
+  EXPECT_EQ(w->lblJournalName.Caption() + " / " + Join(Headers(*w), "|") + " / " + Rows(*w)[4],
+            "Naujas / Kodas 1250 0|Suma 1250 1|Aktyvus 1250 0 / A|12,5|Taip");
   EXPECT_TRUE(w->cmdPrint.Enabled());
-}
-
-TEST_F(FrmReferenceBookPreviewTest, CloseGoesThroughTheHostWithoutAQuestion) {
-  auto w = Open();
+  // Close goes through the host without a question.
   host_.WindowManager()->ShowWindow(w);
   host_.Log().Clear();
   w->SSCClose.Click();
   EXPECT_FALSE(w->Loaded());
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
   EXPECT_THAT(host_.Log().Lines(Channel::Window), ElementsAre("CloseWindow O00009001"));
 }
 
