@@ -1,5 +1,6 @@
 #include "host/RecordsetColumn.h"
 
+#include <algorithm>
 #include <limits>
 #include <utility>
 
@@ -46,7 +47,10 @@ RecordsetColumn::Mark RecordsetColumn::MarkAt(size_t row) const {
 
 void RecordsetColumn::SetMark(size_t row, Mark mark) {
   if (marks_.empty() && mark == kValue) return;
-  if (marks_.size() < MarkBytes(row + 1)) marks_.resize(MarkBytes(row + 1), 0);
+  // Once there are marks they cover every row: the first mark may fall on an
+  // early row of a column of values, and the later rows are read by MarkAt.
+  const size_t bytes = MarkBytes(std::max(row + 1, rows_));
+  if (marks_.size() < bytes) marks_.resize(bytes, 0);
   const int shift = static_cast<int>(row % 4 * 2);
   uint8_t& byte = marks_[row / 4];
   byte = static_cast<uint8_t>((byte & ~(3 << shift)) | (mark << shift));

@@ -281,6 +281,12 @@ TEST(RecordsetColumnEmptyRows, StartEmptyAndTakeTheFirstKindGiven) {
   column.Set(3, Variant("x"));
   column.push_back(Variant("yy"));
   ExpectHolds(column, {Variant(), Variant(), Variant(), Variant("x"), Variant(), Variant("yy")});
+  // The first Null of a column of values, on an early row, leaves the later rows values.
+  RecordsetColumn values;
+  for (const char* text : {"a", "b", "c", "d", "e", "f"}) values.push_back(Variant(text));
+  values.Set(1, Variant::Null());
+  ExpectHolds(values, {Variant("a"), Variant::Null(), Variant("c"), Variant("d"), Variant("e"),
+                       Variant("f")});
 }
 
 // ---- filters ----
