@@ -48,7 +48,6 @@ class FrmCurrencyTest : public CurrencyTestBase {
 };
 
 TEST_F(FrmCurrencyTest, AStoredCardShowsItsFieldsAndTheLastThirtyDaysOfItsRates) {
-  host_.Log().Clear();
   auto w = Open("O00022005");
   ASSERT_TRUE(w);
   w->Show();

@@ -11,6 +11,7 @@
 #include "orvel/Ui.h"
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
+#include "support/BoxLines.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
@@ -194,9 +195,7 @@ TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {
   host_.Ui()->QueueAnswer(vbOK);
   RightClick(*w, kOwnKey, "mnuTemplateEdit");
   EXPECT_FALSE(loaded);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(std::to_string(host_.Ui()->Boxes()[0].flags) + " " + host_.Ui()->Boxes()[0].prompt,
-            "48 Nenurodytas šablonas.");
+  EXPECT_EQ(BoxLines(*host_.Ui(), false), std::vector<std::string>{"48 Nenurodytas šablonas."});
   EXPECT_EQ(Reads(), 1u);
 }
 
