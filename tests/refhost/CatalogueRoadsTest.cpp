@@ -34,15 +34,11 @@ class FirmCodeRoadTest : public CatalogueRoadsTest,
 
 TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
   const auto& c = GetParam();
-  const std::string before = ConcatText(Stored("SELECT Code FROM firms WHERE ID = 12"));
+  const std::string before = StoredText("SELECT Code FROM firms WHERE ID = 12");
   const std::string code =
-      c.duplicate ? ConcatText(Stored("SELECT Code FROM firms WHERE ID = 13")) : "O'Kodas-1";
-  auto card = OpenCard("O000010012");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  ASSERT_TRUE(sheet->EditText("Code", code));
+      c.duplicate ? StoredText("SELECT Code FROM firms WHERE ID = 13") : "O'Kodas-1";
   if (*c.answer) prompter_.answers = {c.answer};
-  Press(*card, "cmdEnter");
+  Write(OpenCard("O000010012"), {{"Code", code}});
 
   EXPECT_THAT(calls_, Contains("GetCall CheckCode 'O000010012','" + code + "'"));
   if (c.duplicate) {
@@ -50,7 +46,7 @@ TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
   } else {
     EXPECT_THAT(prompter_.said, Not(Contains(HasSubstr("kartojasi"))));
   }
-  EXPECT_EQ(ConcatText(Stored("SELECT Code FROM firms WHERE ID = 12")), c.written ? code : before);
+  EXPECT_EQ(StoredText("SELECT Code FROM firms WHERE ID = 12"), c.written ? code : before);
   for (const char* call : {"GetCall GetFirmIsUsedInDocuments O000010012",
                            "ExecArrayCall Orvel_SaveObject 'O0000100','O000010012'"}) {
     EXPECT_EQ(::testing::Matches(Contains(::testing::StartsWith(call)))(calls_), c.written);

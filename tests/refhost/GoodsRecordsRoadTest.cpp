@@ -17,10 +17,8 @@ class GoodsRecordsRoadTest : public RunningHost {
  protected:
   // The card of the first good with rows in `table`; its sheet in sheet_.
   std::shared_ptr<Form> OpenGood(const std::string& table) {
-    id_ = ConcatText(Stored("SELECT MIN(GoodID) FROM " + table));
-    auto card = OpenCard("O0000200" + id_, "C");
-    sheet_ = SheetOf(card);
-    return sheet_ ? card : nullptr;
+    id_ = StoredText("SELECT MIN(GoodID) FROM " + table);
+    return OpenSheet("O0000200" + id_);
   }
 
   // The record dialog: its field sheet filled with `fields`, then Write.
@@ -36,7 +34,6 @@ class GoodsRecordsRoadTest : public RunningHost {
   }
 
   std::string id_;
-  std::shared_ptr<FieldSheet> sheet_;
   std::string dialogCaption_;
   bool dialogLeftOpen_ = true;
 };
@@ -75,10 +72,10 @@ TEST_P(GoodsRecordsRoadCaseTest, ARecordIsAddedShownAndDeletedFromItsTab) {
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject '" + std::string(c.oid) + "'"));
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject '" + std::string(c.oid) + "',''"));
 
-  const std::string id = ConcatText(Stored(std::string("SELECT MAX(ID) FROM ") + c.table));
+  const std::string id = StoredText(std::string("SELECT MAX(ID) FROM ") + c.table);
   const std::string key = c.oid + id;
-  EXPECT_EQ(ConcatText(Stored(std::string("SELECT GoodID || '|' || ") + c.stored + " FROM " +
-                              c.table + " WHERE ID = " + id)),
+  EXPECT_EQ(StoredText(std::string("SELECT GoodID || '|' || ") + c.stored + " FROM " + c.table +
+                       " WHERE ID = " + id),
             id_ + "|" + c.storedText);
 
   // The tab was read again and shows the new record.
@@ -121,7 +118,7 @@ INSTANTIATE_TEST_SUITE_P(
 // written to it; the unit it names stays as it was.
 TEST_F(GoodsRecordsRoadTest, AMeasureRowIsEditedInPlace) {
   ASSERT_NE(OpenGood("goods_measures"), nullptr);
-  const std::string row = ConcatText(Stored("SELECT MIN(ID) FROM goods_measures"));
+  const std::string row = StoredText("SELECT MIN(ID) FROM goods_measures");
   const std::string unitOf = "SELECT m.Name FROM measures m JOIN goods_measures gm"
                              " ON gm.MeasureID = m.ID WHERE gm.ID = " + row;
   const Variant unit = Stored(unitOf);

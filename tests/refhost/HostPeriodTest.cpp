@@ -71,12 +71,10 @@ TEST_F(HostPeriodRoadTest, ThePeriodIsThirtyDaysUntilANewOneIsAskedAndStored) {
 }
 
 TEST_F(HostPeriodRoadTest, AFirmsDocumentsAreListedAgainForTheChosenDays) {
-  const std::string oidr =
-      "O0000100" + ConcatText(Stored("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0"));
+  const std::string oidr = "O0000100" + StoredText("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0");
   auto card = OpenCard(oidr);
   ASSERT_TRUE(card);
-  auto* main = dynamic_cast<Menu*>(card->FindControl("mnuMain"));
-  Menu* preview = main ? main->Find("mnuPreview") : nullptr;
+  Menu* preview = Control<Menu>(*card, "mnuMain").Find("mnuPreview");
   ASSERT_TRUE(preview);
   prompter_.texts = {"2025-10-01 2025-12-31"};
   calls_.clear();
