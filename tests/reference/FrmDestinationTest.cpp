@@ -12,7 +12,7 @@
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
 #include "support/BoxLines.h"
-#include "support/ModuleTest.h"
+#include "support/CardTest.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -43,28 +43,21 @@ std::shared_ptr<MemoryRecordset> TemplateRows() {
 }
 
 // Group "Pardavimai" (1) and its member "Didmeninė" (2), whose card is open.
-class FrmDestinationTest : public ModuleTest {
+class FrmDestinationTest : public CardTest<frmDestination> {
  protected:
+  FrmDestinationTest() : CardTest(kDestinations) {}
   void SetUp() override {
-    ModuleTest::SetUp();
+    CardTest::SetUp();
     auto& table = BO(kDestinations).Table();
     table.SetFields({"ID", "Name", "ParentID", "GroupFlag"});
     table.SetDefault("ParentID", Variant(0));
     table.SetDefault("GroupFlag", Variant(0));
     table.Seed(SeedRows("GroupFlag Name ParentID", {"1|Pardavimai", "|Didmeninė|1"}));
     BO(kDestinations).ReplyRead("GetBRTemplates", TemplateRows());
+    MakeAdapter();
   }
 
-  std::shared_ptr<frmDestination> Open() {
-    auto window = Adapter(kDestinations)
-                      ->ClickMenu("O00016152", "T", "0", "")
-                      .Value.ObjectAs<frmDestination>();
-    EXPECT_NE(window, nullptr);
-    if (!window) return nullptr;
-    host_.WindowManager()->ShowWindow(window);
-    BO(kDestinations).ClearCalls();
-    return window;
-  }
+  std::shared_ptr<frmDestination> Open() { return CardTest::Open("O00016152", "0", "T"); }
 
   // A right click on the row of that key, picking `entry` from the menu.
   void RightClick(frmDestination& w, const char* key, const std::string& entry) {
