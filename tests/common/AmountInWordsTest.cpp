@@ -247,29 +247,24 @@ TEST(SumByWords, ReportsFailuresWithoutWords) {
 // A missing field is named; a Null gender is an error while a Null text
 // reads empty; no current record is reported.
 TEST(SumByWordsRecord, MissingNullAndAbsentRecordFieldsAreNamed) {
-  MemoryRecordset missing(
-      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TenSmall"});
-  missing.AddRow({"Vokietijos", 0, "euras", "eurai", "eurų", "centas", "centų"});
-  OrvelResult r = SumByWords({2.02}, missing.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kItemNotFound);
-  EXPECT_THAT(r.Text, HasSubstr("„TwoSmall“"));
-  EXPECT_EQ(r.Value, Variant(""));
-
-  MemoryRecordset record(
-      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TwoSmall", "TenSmall"});
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kNoCurrentRecord);
-  EXPECT_THAT(r.Text, HasSubstr("„State“"));
-
-  record.AddRow({Variant::Null(), Variant::Null(), "euras", "eurai", "eurų", "centas", "centai",
-                 Variant::Null()});
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kInvalidUseOfNull);
-  EXPECT_THAT(r.Text, HasSubstr("„GenderCurr“"));
-  record.Fields("GenderCurr").SetValue(0);
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, 0) << r.Text;
-  EXPECT_EQ(r.Value, Variant("Vienas  euras 00 "));
+  const std::string all = "State GenderCurr OneCurr TwoCurr TenCurr OneSmall TwoSmall TenSmall";
+  using Case = std::tuple<std::string, std::vector<std::string>, double, int32_t, const char*>;
+  for (const auto& [fields, rows, amount, number, named] : std::vector<Case>{
+           {"State GenderCurr OneCurr TwoCurr TenCurr OneSmall TenSmall",
+            {"Vokietijos|0|euras|eurai|eurų|centas|centų"}, 2.02, RuntimeError::kItemNotFound,
+            "„TwoSmall“"},
+           {all, {}, 1, RuntimeError::kNoCurrentRecord, "„State“"},
+           {all, {"~|~|euras|eurai|eurų|centas|centai|~"}, 1, RuntimeError::kInvalidUseOfNull,
+            "„GenderCurr“"}}) {
+    const OrvelResult r = SumByWords({amount}, TextRecords(fields, rows)->Fields());
+    EXPECT_EQ(r.Number, number) << named;
+    EXPECT_THAT(r.Text, HasSubstr(named));
+    EXPECT_EQ(r.Value, Variant(""));
+  }
+  const OrvelResult r =
+      SumByWords({1}, TextRecords(all, {"~|0|euras|eurai|eurų|centas|centai|~"})->Fields());
+  EXPECT_EQ(std::to_string(r.Number) + "|" + r.Text + "|" + ConcatText(r.Value),
+            "0||Vienas  euras 00 ");
 }
 
 // orvel-words reads plain amounts without a double and writes their words

@@ -74,9 +74,7 @@ TEST(Catalogue, ParseColumnConfigSplitsPrintParametersAndNumbersTheColumns) {
 }
 
 TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
-  rs->AddRow({Variant("EUR")});
-  rs->AddRow({Variant("USD")});
+  auto rs = TextRecords("Code", {"EUR", "USD"});
   EXPECT_TRUE(FilterRecordset(rs, "Code = 'usd'"));
   EXPECT_EQ(rs->RecordCount(), 1);
   EXPECT_FALSE(FilterRecordset(rs, "Code = 'GBP'"));

@@ -78,30 +78,24 @@ TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUncha
   EXPECT_FALSE(w->Changed());
 }
 
-// The captions: the heading, the group's label and the name's.
-struct CaptionCase {
-  const char *name, *oidr, *otype, *key, *captions;
-  bool isNew;
-};
-
-// A new card offers neither a cancel nor another new record.
+// The heading, the group's label and the name's, and New, 1 when enabled: a
+// new card offers neither a cancel nor another new record.
 TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
-  for (const CaptionCase& c : std::initializer_list<CaptionCase>{
-           {"StoredGroup", "O00016041", "Group", "0",
-            " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", false},
-           {"StoredEntry", "O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas", false},
-           {"NewGroup", "O00016041", "Group", "3",
-            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", true},
-           {"NewEntry", "O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas", true}}) {
-    SCOPED_TRACE(c.name);
-    auto w = Open(c.oidr, c.key, c.otype);
+  using Row = std::tuple<const char*, const char*, const char*, const char*>;
+  for (const auto& [oidr, otype, key, captions] : std::vector<Row>{
+           {"O00016041", "Group", "0", " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas|1"},
+           {"O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas|1"},
+           {"O00016041", "Group", "3",
+            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas|0"},
+           {"O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas|0"}}) {
+    auto w = Open(oidr, key, otype);
     ASSERT_TRUE(w);
-    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
-              c.captions);
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption() +
+                  "|" + OnOff({&w->SSCNew}),
+              captions);
     EXPECT_EQ(w->IsNew(), !w->SSCNew.Enabled());
-    EXPECT_EQ(w->IsNew(), c.isNew);
     w->txtName.Edit("Kitas");
-    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
+    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), w->IsNew() ? "10" : "11");
   }
 }
 

@@ -40,16 +40,11 @@ class GoodsRecordsRoadTest : public RunningHost {
 
 // One kind of detail record added from its tab, on the first good that has
 // one: the fields typed in the dialog, the row as stored, the tab's row.
+// `stored` is an SQL expression over the new row.
 struct RoadCase {
-  const char* name;
-  const char* tab;
-  const char* oid;
-  const char* table;
-  const char* caption;
-  std::vector<std::pair<std::string, std::string>> typed;
-  const char* stored;  // SQL expression over the new row
-  const char* storedText;
-  const char* rowText;
+  const char *name, *tab, *oid, *table, *caption;
+  Typed typed;
+  const char *stored, *storedText, *rowText;
   int subItem;
   const char* subItemText;
 };

@@ -28,6 +28,9 @@
 
 namespace orvel {
 
+// Texts typed into fields, by the field's name.
+using Typed = std::vector<std::pair<std::string, std::string>>;
+
 // Answers from a list, keeps what was said.
 class AnsweringPrompter : public Prompter {
  public:
@@ -61,8 +64,6 @@ class RunningHost : public ::testing::Test {
           calls_.push_back(std::string(op) + " " + name + " " + param);
         });
   }
-
-  using Typed = std::vector<std::pair<std::string, std::string>>;
 
   // Opens the window of a menu entry of a record or type: its card, "0".
   std::shared_ptr<Form> OpenCard(const std::string& oidr, const std::string& otype = "C",
