@@ -205,10 +205,8 @@ TEST_F(FrmDestinationTest, TheWriteButtonFollowsThePicks) {
     d.TemplateTypeOIDR = "O02015001";
     d.Load();
     ASSERT_EQ(d.txtDocumentGroup.Tag(), "O10002001");
-    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate},
-                                          {'T', &d.cmdTemplateClean},
-                                          {'g', &d.cmdDocumenytGroup},
-                                          {'G', &d.cmdGroupClean},
+    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate}, {'T', &d.cmdTemplateClean},
+                                          {'g', &d.cmdDocumenytGroup}, {'G', &d.cmdGroupClean},
                                           {'x', &d.cmdTemplate}};
     for (const char* step = steps; *step; ++step) {
       if (*step == 't') {

@@ -2,13 +2,13 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ctime>
 
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/Recordset.h"
 #include "hostkit/LoopbackRateService.h"
+#include "refhost/HostPeriod.h"
 
 namespace orvel {
 namespace {
@@ -98,11 +98,7 @@ TEST_F(CatalogueRoadsTest, ADayRateIsSavedThroughTheCurrencyObject) {
 // any day from 2015 on) and writes them as the price of one unit in euro.
 TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
   LoopbackRateService mirror;
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char today[16];
-  std::strftime(today, sizeof today, "%Y-%m-%d", &local);
+  const std::string today = FormatDate(LocalToday(), Locale::Lithuanian());
   mirror.SetFxRates({{"LT", today, "USD", "1.0841"}, {"LT", today, "GBP", "0.8351"}});
   ::setenv("ORVEL_RATES_ADDRESS", mirror.Address().c_str(), 1);
   struct Unset {
@@ -113,7 +109,7 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
   ASSERT_NE(form, nullptr);
   Press(*form, "cmdGo");
   EXPECT_EQ(mirror.Calls("getFxRates"), 1);
-  EXPECT_THAT(calls_, Contains(std::string("GetCall GetCurrencyList '") + today + "'"));
+  EXPECT_THAT(calls_, Contains("GetCall GetCurrencyList '" + today + "'"));
   Press(*form, "cmdWrite");
 
   auto stored = [&](const std::string& code) {
