@@ -131,8 +131,7 @@ TEST_F(CurrencyAdaptersTest, TheCurrencyListsDateIsQuotedOrReplaced) {
 
 TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   auto euro = Euro();
-  auto empty = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
-  BO(kOid).ReplyRead("GetCurrencyByCode", empty);
+  BO(kOid).ReplyRead("GetCurrencyByCode", TextRecords("Code", ""));
   host_.Ui()->QueueAnswer(vbOK);
   auto result = euro->Properties("CurrencyByCode", "XYZ");
   EXPECT_EQ(std::to_string(result.Number) + " " + result.Text,
@@ -140,9 +139,7 @@ TEST_F(CurrencyAdaptersTest, CurrencyByCodeFlagsAnEmptySetWith777AndABox) {
   EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr) << "the empty set stays in Value";
   EXPECT_EQ(Boxes(), std::vector<std::string>{"48 Apskaita 2010 Klaidingas valiutos kodas XYZ !"});
 
-  auto one = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
-  one->AddRow({Variant("EUR")});
-  BO(kOid).ReplyRead("GetCurrencyByCode", one);
+  BO(kOid).ReplyRead("GetCurrencyByCode", TextRecords("Code", "EUR"));
   result = euro->Properties("CurrencyByCode", "'EUR'");
   EXPECT_EQ(result.Number, 0);
   EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"GetCall GetCurrencyByCode XYZ",

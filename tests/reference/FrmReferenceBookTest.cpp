@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <tuple>
 
 #include "ReferenceBookFixture.h"
 #include "orvel/Ui.h"
@@ -162,37 +163,26 @@ INSTANTIATE_TEST_SUITE_P(
         PickCase{"O00016022", "", "", 1, "Grupė A", false},
         PickCase{"O00016022", "O0001602x7", "x", 1, "Grupė A", false}));
 
-// The key of the new record's menu; the right registered, "" for none.
-struct LockCase {
-  const char *book, *key, *right;
-};
-
-class FrmReferenceBookLockTest : public FrmReferenceBookTest,
-                                 public ::testing::WithParamInterface<LockCase> {};
-
-TEST_P(FrmReferenceBookLockTest, OnlyANewLocationRegistersItsLock) {
-  const LockCase& c = GetParam();
-  auto w = Open(c.book, "C", c.key);
-  ASSERT_TRUE(w);
-  EXPECT_TRUE(w->IsNew());
-  Grid(*w).EditField("Name", Variant("Naujas"));
-  w->cmdWrite.Click();
-  ASSERT_EQ(w->OrvelObjectUIO()->OIDR(), std::string(c.book) + "6");
-  EXPECT_FALSE(w->IsNew());
-  using Right = std::pair<std::string, std::string>;
-  std::vector<Right> expected;
-  if (*c.right) expected.push_back({c.right, "1111"});
-  EXPECT_EQ(host_.Rights()->SetRights(), expected);
-  // A second write of the stored record registers nothing more.
-  Grid(*w).EditField("Name", Variant("Naujas 2"));
-  w->cmdWrite.Click();
-  EXPECT_EQ(host_.Rights()->SetRights(), expected);
+// The book and key of the new record's menu, the record written and the
+// rights registered so far: only a new location registers its lock, and a
+// second write of the stored record registers nothing more.
+TEST_F(FrmReferenceBookTest, OnlyANewLocationRegistersItsLock) {
+  const char* locks = "CLocationLock6 1111|CLocationLock7 1111|";
+  using Row = std::tuple<const char*, const char*, const char*, const char*>;
+  for (const auto& [book, key, oidr, rights] :
+       std::vector<Row>{{kLocations, "1", "O00016056", "CLocationLock6 1111|"},
+                        {kLocations, "2", "O00016057", locks}, {kBook, "1", "O00016026", locks}}) {
+    auto w = Open(book, "C", key);
+    ASSERT_TRUE(w && w->IsNew());
+    for (const char* name : {"Naujas", "Naujas 2"}) {
+      Grid(*w).EditField("Name", Variant(name));
+      w->cmdWrite.Click();
+      std::string set = w->OrvelObjectUIO()->OIDR() + (w->IsNew() ? " new|" : "|");
+      for (const auto& [lock, on] : host_.Rights()->SetRights()) set += lock + " " + on + "|";
+      EXPECT_EQ(set, oidr + std::string("|") + rights);
+    }
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(Books, FrmReferenceBookLockTest,
-                         ::testing::Values(LockCase{kLocations, "1", "CLocationLock6"},
-                                           LockCase{kLocations, "2", "CLocationLock6"},
-                                           LockCase{kBook, "1", ""}));
 
 TEST_F(FrmReferenceBookTest, ANewRecordIsWrittenInItsGroupAndKindWhichACancelKeeps) {
   auto w = Open("O00016021", "Group", "3");

@@ -217,8 +217,7 @@ TEST_F(ReferenceRecordTest, APropertyIsAGetCallWithTheParameterAsGiven) {
   for (const auto& [name, par, call] :
        {std::tuple{"ExtPropertiesByOID", "'O00001005'", "GetExtPropertiesByOID 'O00001005'"},
         {"Structure", "", "GetStructure "}}) {
-    BO(kBook).ReplyRead(std::string("Get") + name,
-                        std::make_shared<MemoryRecordset>(std::vector<std::string>{"X"}));
+    BO(kBook).ReplyRead(std::string("Get") + name, TextRecords("X", ""));
     auto result = Record("O00016022")->Properties(name, par);
     EXPECT_EQ(result.Number, 0);
     EXPECT_NE(result.Value.ObjectAs<Recordset>(), nullptr);

@@ -33,8 +33,7 @@ TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
   for (const char* tab :
        {"Accounts", "FirmAddresses", "FirmContacts", "FirmServers", "FirmActivity", "Discounts"}) {
     ListView* list = sheet_->TabList(tab);
-    ASSERT_NE(list, nullptr) << tab;
-    EXPECT_GT(list->ListItems().Count(), 0) << tab;
+    EXPECT_TRUE(list && list->ListItems().Count() > 0) << tab;
   }
   EXPECT_THAT(calls_, ::testing::IsSupersetOf({"GetCall GetAccounts " + oidr_,
                                                 "GetCall GetFirmADDRESSES " + oidr_,
@@ -43,8 +42,7 @@ TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
   // The long lists wait behind their placeholder until asked for.
   for (const char* tab : {"Traffic", "FirmContracts"}) {
     ListView* list = sheet_->TabList(tab);
-    ASSERT_NE(list, nullptr) << tab;
-    ASSERT_EQ(list->ListItems().Count(), 1) << tab;
+    ASSERT_TRUE(list && list->ListItems().Count() == 1) << tab;
     EXPECT_EQ(list->ListItems().Item(1).Key(), "more");
     list->SetSelectedItem(&list->ListItems().Item(1));
     sheet_->OnListDoubleClick(TabIndex(*sheet_, tab));

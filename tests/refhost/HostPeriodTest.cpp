@@ -16,6 +16,7 @@ using ::testing::HasSubstr;
 // read leaves thirty days back and the dates it had.
 TEST(HostPeriodRead, AnAnswerIsDaysBackOrTwoDaysAndAnythingElseChangesNothing) {
   const std::string kept = "0|0|30|2026-01-01|2026-01-31";
+  const Locale lt = Locale::Lithuanian();
   for (const auto& [answer, after] : std::vector<std::pair<std::string, std::string>>{
            {"90", "1|0|90|2026-01-01|2026-01-31"}, {" 0 ", "1|0|0|2026-01-01|2026-01-31"},
            {"2025-10-01 2025-12-31", "1|1|30|2025-10-01|2025-12-31"},
@@ -28,11 +29,9 @@ TEST(HostPeriodRead, AnAnswerIsDaysBackOrTwoDaysAndAnythingElseChangesNothing) {
     period.dateTo = DateSerial(2026, 1, 31);
     const bool read = period.Read(answer);
     EXPECT_EQ(std::to_string(read) + "|" + std::to_string(period.useDates) + "|" +
-                  std::to_string(period.daysBack) + "|" +
-                  FormatDate(period.dateFrom, Locale::Lithuanian()) + "|" +
-                  FormatDate(period.dateTo, Locale::Lithuanian()),
-              after)
-        << answer;
+                  std::to_string(period.daysBack) + "|" + FormatDate(period.dateFrom, lt) + "|" +
+                  FormatDate(period.dateTo, lt),
+              after) << answer;
   }
 }
 
