@@ -2,6 +2,8 @@
 // the windows they build, and the properties and methods of a currency.
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "adapters/UI0002200.h"
 #include "currencies/CurrencyTestBase.h"
 #include "currencies/frmCurrency.h"
@@ -22,34 +24,26 @@ class CurrencyAdaptersTest : public CurrencyTestBase {
   }
 };
 
-struct MenuCase {
-  const char *oidr, *otype;
-  std::vector<std::string> entries;  // "key|caption"
-};
+// The entries as "key|caption", each untagged and without flags.
 const char* kRates = "Valiutų kursų įrašymas|Valiutų kursų įrašymas";
 const char* kNew = "&Nauja valiuta|&Nauja valiuta";
 const char* kSep = "100|-";
 
 TEST_F(CurrencyAdaptersTest, MenuEntriesAndTheirOrder) {
-  for (const MenuCase& c : {MenuCase{"O0002200", "", {kRates, kNew, kSep}},
-                            MenuCase{"O00022005", "", {kRates, kNew, kSep}},
-                            MenuCase{"O00022005",
-                                     "C",
-                                     {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
-                                      "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
-                            // The bare OID does not compare greater than itself: no record entries.
-                            MenuCase{"O0002200", "C", {kNew, kSep, kRates, kSep}},
-                            MenuCase{"", "C", {kNew, kSep, kRates, kSep}}}) {
-    SCOPED_TRACE(std::string(c.oidr) + " " + c.otype);
-    auto menu = currencies_->GetMenu(c.oidr, c.otype, "ignored");
+  using Row = std::tuple<const char*, const char*, std::vector<std::string>>;
+  for (const auto& [oidr, otype, expected] : std::vector<Row>{
+           {"O0002200", "", {kRates, kNew, kSep}}, {"O00022005", "", {kRates, kNew, kSep}},
+           {"O00022005", "C", {"Padėti &ant darbo stalo|Padėti &ant darbo stalo", kNew,
+                               "&Panaikinti|&Panaikinti", kSep, kRates, kSep}},
+           // The bare OID does not compare greater than itself: no record entries.
+           {"O0002200", "C", {kNew, kSep, kRates, kSep}}, {"", "C", {kNew, kSep, kRates, kSep}}}) {
+    auto menu = currencies_->GetMenu(oidr, otype, "ignored");
     ASSERT_TRUE(menu);
     std::vector<std::string> entries;
     for (const auto& item : *menu) {
-      entries.push_back(item.Key + "|" + item.Caption);
-      EXPECT_EQ(item.Tag, nullptr);
-      EXPECT_EQ(item.Flags, 0);
+      entries.push_back(item.Key + "|" + item.Caption + (item.Tag || item.Flags ? "|tagged" : ""));
     }
-    EXPECT_EQ(entries, c.entries);
+    EXPECT_EQ(entries, expected) << oidr << " " << otype;
   }
 }
 

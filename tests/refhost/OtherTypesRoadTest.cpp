@@ -60,54 +60,42 @@ TEST_F(OtherTypesRoadTest, ABookRecordsCardIsHeadedByTheBooksName) {
 }
 
 // ---- a good's template row ----
-
-struct TemplateCase {
-  const char* name;
-  const char* templateId;  // SQL: the stock template typed into the row
-  bool written;
-};
-
-class TemplateRowTest : public OtherTypesRoadTest,
-                        public ::testing::WithParamInterface<TemplateCase> {};
-
 // The good inherits its group's sales template; its own is made by editing
-// that row.
-TEST_P(TemplateRowTest, ARowIsWrittenOnlyWithARealTemplate) {
-  const TemplateCase& c = GetParam();
+// that row, only with a real stock template (the SQL gives the one typed).
+TEST_F(OtherTypesRoadTest, ATemplateRowIsWrittenOnlyWithARealTemplate) {
   const std::string good =
       StoredText("SELECT MIN(m.ID) FROM goods m JOIN goods_templates t ON t.GoodID = m.ParentID"
                  " WHERE m.GroupFlag = 0 AND t.GoodBRTemplateTypeID = 1");
-  const std::string templateId = StoredText(c.templateId);
-  ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
-  bool leftOpen = true;
-  Terminal().SetModalRunner([&](Form& dialog) {
-    auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
-    ASSERT_NE(grid, nullptr);
-    EXPECT_TRUE(grid->EditText("BRTemplateID", templateId));
-    Press(dialog, "cmdEnter");
-    leftOpen = dialog.Visible();
-  });
-  RightClick(*sheet_, "BRTemplates", "O00008001", {"Redaguoti"});
-
-  EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0201600" + templateId + "'"));
-  EXPECT_EQ(leftOpen, !c.written);
-  EXPECT_EQ(Said("Blogas šablonas!"), !c.written);
-  EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods_templates WHERE GoodID = " + good +
-                        " AND BRTemplateID = " + templateId)),
-            c.written ? 1 : 0);
-  // The row is the good's own once written: it carries its record's OIDR.
-  const ListItem* row = sheet_->TabList("BRTemplates")->ListItems().Find("O00008001");
-  ASSERT_NE(row, nullptr);
-  EXPECT_EQ(row->Tag().IsNull(), !c.written);
+  for (const auto& [sql, written] :
+       std::vector<std::pair<const char*, bool>>{
+           {"SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 1", false},
+           {"SELECT MAX(ID) + 1 FROM br_templates", false},
+           {"SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 0", true}}) {
+    SCOPED_TRACE(sql);
+    prompter_.said.clear();
+    const std::string templateId = StoredText(sql);
+    ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
+    bool leftOpen = true;
+    Terminal().SetModalRunner([&](Form& dialog) {
+      auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
+      ASSERT_NE(grid, nullptr);
+      EXPECT_TRUE(grid->EditText("BRTemplateID", templateId));
+      Press(dialog, "cmdEnter");
+      leftOpen = dialog.Visible();
+    });
+    RightClick(*sheet_, "BRTemplates", "O00008001", {"Redaguoti"});
+    EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0201600" + templateId + "'"));
+    EXPECT_EQ(std::to_string(leftOpen) + std::to_string(Said("Blogas šablonas!")),
+              written ? "00" : "11");
+    EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods_templates WHERE GoodID = " + good +
+                          " AND BRTemplateID = " + templateId)),
+              written ? 1 : 0);
+    // The row is the good's own once written: it carries its record's OIDR.
+    const ListItem* row = sheet_->TabList("BRTemplates")->ListItems().Find("O00008001");
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->Tag().IsNull(), !written);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Templates, TemplateRowTest,
-    ::testing::Values(
-        TemplateCase{"Template", "SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 0", true},
-        TemplateCase{"Group", "SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 1", false},
-        TemplateCase{"Missing", "SELECT MAX(ID) + 1 FROM br_templates", false}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // ---- a firm's discount ----
 
