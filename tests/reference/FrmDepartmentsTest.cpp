@@ -62,17 +62,15 @@ TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel, &w->SSCNew, &w->cmdParentGroup}), "0000");
 }
 
-// The branches are asked once, at load, with their own call.
+// The branches are asked once, at load, with their own call; the group is read.
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
   auto w =
       Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "").Value.ObjectAs<frmDepartments>();
   ASSERT_TRUE(w);
-  BO(kDepartments).ClearCalls();
+  host_.Log().Clear();
   host_.WindowManager()->ShowWindow(w);
-  auto calls = BO(kDepartments).Calls("DO0001604_GetFirmBranches");
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
-  EXPECT_EQ(calls[0].param, "0");
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"RecordsetCall DO0001604_GetFirmBranches 0",
+                                                       "GetCall Orvel_ReadObject 'O00016041'"}));
   EXPECT_EQ(Card(*w),
             " Padalinys|Buhalterija|Administracija (O00016041)|UAB Medis, Kaunas (11)|00111");
   EXPECT_FALSE(w->Changed());
