@@ -11,9 +11,11 @@
 namespace orvel {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 // The firm and goods lists of the sample database through the real module:
 // its settings dialogs and search, and the debt line of a firm's card.
@@ -78,8 +80,7 @@ TEST_F(CatalogueListsRoadTest, GoodsListsNameTheKindAndHoldOnlyGoodsWithRestWhen
       StoredText("SELECT 'O0000200' || ID FROM goods WHERE Name = 'Paslaugos'");
   auto list = goods->GetOrvelObjectList(services, "", "");
   ASSERT_NE(list, nullptr);
-  EXPECT_THAT(Values(*list, "Otype"), Contains("Service"));
-  EXPECT_THAT(Values(*list, "Otype"), Not(Contains("ServiceNA")));
+  EXPECT_THAT(Values(*list, "Otype"), AllOf(Contains("Service"), Not(Contains("ServiceNA"))));
   EXPECT_THAT(calls_, Contains("GetCall Orvel_GetObjectList '" + services + "','',1,0,1,'',0,1,0"));
 
   AnswerSettings({"chkNotActive", "chkOnlyWithRest"});
@@ -126,9 +127,8 @@ TEST_F(CatalogueListsRoadTest, TheDebtLineWarnsOnlyOfLimitsAFirmHasAndAgreesWith
   traffic->SetSelectedItem(&traffic->ListItems().Item(1));
   sheet_->OnListDoubleClick(TabIndex(*sheet_, "Traffic"));
   // Past its credit days or not by today's date, the debt stays within its limit.
-  EXPECT_THAT(LabelOf(*firm, "lblDebt"),
-              ::testing::StartsWith("Skola: 3830,94 Lt (avansas 2650,00 Lt)"));
-  EXPECT_THAT(LabelOf(*firm, "lblDebt"), Not(HasSubstr("apribojimas")));
+  EXPECT_THAT(LabelOf(*firm, "lblDebt"), AllOf(StartsWith("Skola: 3830,94 Lt (avansas 2650,00 Lt)"),
+                                               Not(HasSubstr("apribojimas"))));
   EXPECT_EQ(LabelOf(*firm, "lblCredit"), "Kredito apribojimai: Maksimali suma:3000,00; Dienos:30");
   const ListItem& total = traffic->ListItems().Item(traffic->ListItems().Count());
   EXPECT_EQ(total.ListSubItems().Item(4).Text(), "1180,94");

@@ -40,8 +40,7 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
                  " WHERE g.WithRest = 1");
   host_.Database().Exec(
       "UPDATE documents SET OType = 'SALE', DocDate = date('now', 'localtime') WHERE ID ="
-      " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " +
-      good + ")");
+      " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " + good + ")");
   ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
   ListView* list = sheet_->TabList("Traffic");
   list->ItemClick(list->ListItems().Item(1));
