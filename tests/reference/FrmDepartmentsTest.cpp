@@ -56,8 +56,7 @@ class FrmDepartmentsTest : public CardTest<frmDepartments> {
 TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   adapter_->GetMenu("O00016042", "T", "ReadOnly");
   auto w = Open("O00016042", "0", "T");
-  ASSERT_TRUE(w);
-  EXPECT_TRUE(w->boolReadOnly);
+  ASSERT_TRUE(w && w->boolReadOnly);
   w->txtName.Edit("Kasa");
   EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel, &w->SSCNew, &w->cmdParentGroup}), "0000");
 }
@@ -118,8 +117,7 @@ TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
     BO(kDepartments).ReplyRead("DO0001604_GetFirmBranches", reply);
     auto w = Open("O00016042", "0", "T");
-    ASSERT_TRUE(w);
-    EXPECT_FALSE(w->HasBranches());
+    ASSERT_TRUE(w && !w->HasBranches());
     EXPECT_EQ(Card(*w), " Padalinys|Buhalterija|Administracija (O00016041)| (0)|00100");
     w->Unload();
   }

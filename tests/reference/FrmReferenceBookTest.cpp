@@ -1,8 +1,8 @@
 // The reference-book card: its group line and picker, the read-only card,
 // and the rules of writing, cancelling and starting a new record.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <algorithm>
 #include <tuple>
 
 #include "ReferenceBookFixture.h"
@@ -86,8 +86,7 @@ TEST_F(FrmReferenceBookTest, ARecordAtTheTopShowsNoGroupWhateverItIsGiven) {
   EXPECT_EQ(ButtonsOf(*w), kClean);
   // A read-only card takes no edit and offers no new record.
   w = Open("O00016022", "T", "0", "ReadOnly");
-  ASSERT_TRUE(w);
-  EXPECT_TRUE(w->boolReadOnly);
+  ASSERT_TRUE(w && w->boolReadOnly);
   EXPECT_EQ(OnOff({&w->SSCNew, &w->cmdGroup}), "00");
   Grid(*w).EditField("Name", Variant("Kitas"));
   w->txtGroup.SetText("ranka");
@@ -187,8 +186,7 @@ TEST_F(FrmReferenceBookTest, OnlyANewLocationRegistersItsLock) {
 TEST_F(FrmReferenceBookTest, ANewRecordIsWrittenInItsGroupAndKindWhichACancelKeeps) {
   auto w = Open("O00016021", "Group", "3");
   ASSERT_TRUE(w);
-  EXPECT_EQ(w->txtGroup.Text(), "Grupė A");
-  EXPECT_EQ(w->lblGroup.Caption(), "Aukštesnio lygio grupė");
+  EXPECT_EQ(w->txtGroup.Text() + "|" + w->lblGroup.Caption(), "Grupė A|Aukštesnio lygio grupė");
   // New on a new record does nothing at all.
   w->SSCNew.Click();
   EXPECT_TRUE(Calls(kBook).empty());
@@ -244,12 +242,9 @@ TEST_F(FrmReferenceBookTest, NewBesideAStoredRecordKeepsItsGroupAndKind) {
   // The sheet is drawn again from the book's structure.
   EXPECT_EQ(Calls(kBook),
             (std::vector<std::string>{"Orvel_NewObject 'O0001602'", "GetStructure "}));
-  auto lines = WindowLines();
-  ASSERT_EQ(lines.size(), 2u);
-  EXPECT_EQ(lines[0], "QueryRemove O00016021 True");
-  EXPECT_EQ(lines[1].rfind("Rekey O00016021", 0), 0u) << lines[1];
-  EXPECT_NE(std::find(Grid(*w).Operations().begin(), Grid(*w).Operations().end(), "ClearTabs"),
-            Grid(*w).Operations().end());
+  EXPECT_THAT(WindowLines(), ::testing::ElementsAre("QueryRemove O00016021 True",
+                                                    ::testing::StartsWith("Rekey O00016021")));
+  EXPECT_THAT(Grid(*w).Operations(), ::testing::Contains("ClearTabs"));
 }
 
 }  // namespace

@@ -195,12 +195,10 @@ TEST_F(ReferenceBookTest, RefreshListsTheNodeAgainAndHelpOpensTheReferencePage) 
   EXPECT_EQ(Calls(kBook), std::vector<std::string>{"Orvel_GetObjectList 'O0001602'"});
   EXPECT_EQ(Calls(kLocations), std::vector<std::string>{"Orvel_GetObjectList 'u7', 'O0001605'"});
   EXPECT_EQ(Adapter(kBook)->ClickMenu(kBook, "C", "7", "").Action, OrvelMenuResult::kNothing);
-  auto entries = host_.Log().Entries(Channel::Host);
-  ASSERT_EQ(entries.size(), 1u);
-  ASSERT_EQ(entries[0].args.size(), 3u);
-  EXPECT_EQ(entries[0].op + " " + entries[0].args[0] + " " + entries[0].args[1],
-            "ExecCommand ShowHelp Žinynai");
-  EXPECT_TRUE(entries[0].args[2].ends_with("help\\zinynai.htm")) << entries[0].args[2];
+  const auto shown = host_.Log().Lines(Channel::Host);
+  ASSERT_EQ(shown.size(), 1u);
+  EXPECT_TRUE(shown[0].starts_with("ExecCommand ShowHelp Žinynai ") &&
+              shown[0].ends_with("help\\zinynai.htm")) << shown[0];
 }
 
 class ReferenceRecordTest : public ReferenceBookTest {

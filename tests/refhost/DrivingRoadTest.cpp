@@ -53,9 +53,7 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
   Terminal().SetWindows(&host_.Windows());
   Terminal().SetModalRunner([&](Form& dialog) {
     dialogs.push_back(dialog.Caption());
-    auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
-    ASSERT_NE(rows, nullptr);
-    historyRows = rows->ListItems().Count();
+    historyRows = Control<ListView>(dialog, "lswHistory").ListItems().Count();
     Press(dialog, "cmdClose");
   });
   RightClick(*sheet_, "Traffic", {"Istorija"});

@@ -25,9 +25,7 @@ class GoodsRecordsRoadTest : public RunningHost {
   void FillDialogWith(std::vector<std::pair<std::string, std::string>> fields) {
     Terminal().SetModalRunner([this, fields](Form& dialog) {
       dialogCaption_ = dialog.Caption();
-      auto* sheet = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
-      ASSERT_NE(sheet, nullptr);
-      Fill(*sheet, fields);
+      Fill(Control<FieldSheet>(dialog, "OrvelGrid"), fields);
       Press(dialog, "cmdEnter");
       dialogLeftOpen_ = dialog.Visible();
     });

@@ -61,8 +61,7 @@ TEST_F(GoodsRoadTest, AGoodDroppedOnAGroupsCardMovesIntoIt) {
   EXPECT_EQ(StoredText("SELECT ParentID FROM goods WHERE ID = " + good), group);
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000200','O0000200" + good + "'"));
   ListView* goods = sheet_->TabList("Goods");
-  ASSERT_NE(goods, nullptr);
-  EXPECT_NE(goods->ListItems().Find("O0000200" + good), nullptr);
+  EXPECT_TRUE(goods && goods->ListItems().Find("O0000200" + good));
   EXPECT_TRUE(prompter_.said.empty() ||
               prompter_.said.back().find("Klaida") == std::string::npos);
 }

@@ -77,9 +77,7 @@ TEST_F(OtherTypesRoadTest, ATemplateRowIsWrittenOnlyWithARealTemplate) {
     ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
     bool leftOpen = true;
     Terminal().SetModalRunner([&](Form& dialog) {
-      auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
-      ASSERT_NE(grid, nullptr);
-      EXPECT_TRUE(grid->EditText("BRTemplateID", templateId));
+      EXPECT_TRUE(Control<FieldSheet>(dialog, "OrvelGrid").EditText("BRTemplateID", templateId));
       Press(dialog, "cmdEnter");
       leftOpen = dialog.Visible();
     });
@@ -116,8 +114,7 @@ TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
   RightClick(*sheet_, "Discounts", "", {"Sukurti naują"});
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O1000600'"));
   auto card = std::dynamic_pointer_cast<Form>(host_.Windows().OpenWindows().back().window);
-  ASSERT_NE(card, nullptr);
-  ASSERT_NE(card, firmCard);
+  ASSERT_TRUE(card && card != firmCard);
   EXPECT_EQ(Control<Panel>(*card, "SOPanel").Caption(), " Nuolaidos");
   Write(card, {{"DiscountTypeName", "Akcija"}, {"Percent", "7,5"}});
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O1000600',''"));
