@@ -62,8 +62,8 @@ TEST_F(HostPeriodRoadTest, ThePeriodIsThirtyDaysUntilANewOneIsAskedAndStored) {
   prompter_.texts = {"2025-10-01 2025-12-31"};
   Variant::Array chosen = Period("GetNewPeriod");
   ASSERT_EQ(chosen.size(), 5u);
-  EXPECT_TRUE(CBool(chosen[3]));
-  EXPECT_EQ(FormatDate(CDate(chosen[0]), Locale::Lithuanian()), "2025-10-01");
+  EXPECT_EQ(ConcatText(CBool(chosen[3])) + "|" + FormatDate(CDate(chosen[0]), Locale::Lithuanian()),
+            "True|2025-10-01");
   EXPECT_EQ(Period("GetOldPeriod"), chosen);
   EXPECT_EQ(StoredText("SELECT Value FROM user_settings WHERE Name = 'OrvelHost/PeriodTo'"),
             "2025-12-31");

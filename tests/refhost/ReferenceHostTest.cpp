@@ -52,8 +52,7 @@ TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {
 TEST_F(ReferenceHostTest, DeletingARecordAsksAndRemovesItsRow) {
   auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
   prompter_.answers = {"Gerai"};
-  auto result = banks->ClickMenu("O00003006", "C", "6", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kRemoved);
+  EXPECT_EQ(banks->ClickMenu("O00003006", "C", "6", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(0));
 }
 
