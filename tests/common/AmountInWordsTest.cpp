@@ -7,9 +7,9 @@
 #include <limits>
 #include <memory>
 #include <optional>
-#include <ostream>
 #include <random>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "AmountReading.h"
@@ -18,10 +18,12 @@
 #include "host/Text.h"
 #include "orvel/Locale.h"
 #include "orvel/RuntimeError.h"
+#include "support/TextRecords.h"
 
 namespace orvel {
 namespace {
 
+using testing::AllOf;
 using testing::HasSubstr;
 using testing::StartsWith;
 
@@ -32,150 +34,90 @@ constexpr const char* kLargestWords =
 constexpr double kNaN = std::numeric_limits<double>::quiet_NaN();
 constexpr double kInf = std::numeric_limits<double>::infinity();
 
-struct FormCase {
-  const char* digits;
-  int16_t form;
-};
-void PrintTo(const FormCase& c, std::ostream* os) { *os << '"' << c.digits << '"'; }
-
-class PluralFormTest : public testing::TestWithParam<FormCase> {};
-
-TEST_P(PluralFormTest, GivesTheFormTheNounTakes) {
-  EXPECT_EQ(PluralForm(GetParam().digits), GetParam().form);
-}
-
 // Text keeping the amount's minus sign: every negative number is "at most 9".
 // Beyond a 16-bit integer the last digits still decide; text that is not a
 // whole number asks for no form.
-INSTANTIATE_TEST_SUITE_P(Triplets, PluralFormTest,
-                         testing::Values(FormCase{"001", 1}, FormCase{"011", 3}, FormCase{"010", 3},
-                                         FormCase{"102", 2}, FormCase{"000", 0}, FormCase{"1", 1},
-                                         FormCase{"9", 2}, FormCase{"05", 2}, FormCase{"21", 1},
-                                         FormCase{"111", 3}, FormCase{"-0", 0}, FormCase{"-1", 2},
-                                         FormCase{"-11", 2}, FormCase{"32768", 2},
-                                         FormCase{"1000000000000000000011", 3}, FormCase{"", 0},
-                                         FormCase{"-", 0}, FormCase{"1a", 0}, FormCase{" 1", 0},
-                                         FormCase{"1.5", 0}));
-
-struct TripletCase {
-  const char* digits;
-  bool feminine;
-  const char* words;
-};
-void PrintTo(const TripletCase& c, std::ostream* os) { *os << '"' << c.digits << '"'; }
-
-class TripletToWordsTest : public testing::TestWithParam<TripletCase> {};
-
-TEST_P(TripletToWordsTest, SpellsTheNumber) {
-  EXPECT_EQ(TripletToWords(GetParam().digits, GetParam().feminine), GetParam().words);
+TEST(PluralForm, GivesTheFormTheNounTakes) {
+  for (const auto& [digits, form] : std::vector<std::pair<const char*, int16_t>>{
+           {"001", 1}, {"011", 3}, {"010", 3}, {"102", 2}, {"000", 0}, {"1", 1}, {"9", 2},
+           {"05", 2}, {"21", 1}, {"111", 3}, {"-0", 0}, {"-1", 2}, {"-11", 2}, {"32768", 2},
+           {"1000000000000000000011", 3}, {"", 0}, {"-", 0}, {"1a", 0}, {" 1", 0}, {"1.5", 0}}) {
+    EXPECT_EQ(PluralForm(digits), form) << '"' << digits << '"';
+  }
 }
 
 // More than three digits, or no digits, has no words.
-INSTANTIATE_TEST_SUITE_P(
-    All, TripletToWordsTest,
-    testing::Values(TripletCase{"000", true, ""}, TripletCase{"007", true, "septynios"},
-                    TripletCase{"012", true, "dvylika"},
-                    TripletCase{"051", true, "penkiasdešimt viena"},
-                    TripletCase{"100", true, "vienas šimtas"},
-                    TripletCase{"205", true, "du šimtai penkios"},
-                    TripletCase{"310", false, "trys šimtai dešimt"},
-                    TripletCase{"-5", false, "penki"}, TripletCase{"1000", false, ""},
-                    TripletCase{"", false, ""}, TripletCase{"1x", false, ""},
-                    TripletCase{"213", false, "du šimtai trylika"}));
+TEST(TripletToWords, SpellsTheNumber) {
+  for (const auto& [digits, feminine, words] :
+       std::vector<std::tuple<const char*, bool, const char*>>{
+           {"000", true, ""}, {"007", true, "septynios"}, {"012", true, "dvylika"},
+           {"051", true, "penkiasdešimt viena"}, {"100", true, "vienas šimtas"},
+           {"205", true, "du šimtai penkios"}, {"310", false, "trys šimtai dešimt"},
+           {"-5", false, "penki"}, {"1000", false, ""}, {"", false, ""}, {"1x", false, ""},
+           {"213", false, "du šimtai trylika"}}) {
+    EXPECT_EQ(TripletToWords(digits, feminine), words) << '"' << digits << '"';
+  }
+}
 
 struct WordsCase {
   double amount;
-  bool feminine;
-  bool withCents;
-  const char* words;
+  bool feminine, withCents;
+  std::string words;
 };
-void PrintTo(const WordsCase& c, std::ostream* os) {
-  *os << std::setprecision(17) << c.amount << (c.feminine ? " feminine" : "")
-      << (c.withCents ? "" : " without cents");
-}
-
-class AmountToWordsTest : public testing::TestWithParam<WordsCase> {};
-
-TEST_P(AmountToWordsTest, WritesTheWords) {
-  const WordsCase& c = GetParam();
-  const AmountInWords result = AmountToWords(c.amount, c.feminine, c.withCents);
-  EXPECT_TRUE(result.ok()) << result.error;
-  EXPECT_EQ(result.words, c.words);
-}
-
 constexpr bool kM = false, kF = true;  // masculine, feminine
 constexpr bool kCents = true, kNoCents = false;
 
 // The first letter is upper-cased as a character ("Šeši"); "šimtas", the
 // thousands and the scales above are masculine whatever the gender asked,
 // which reaches only the rightmost triplet; all-zero triplets add no word.
-INSTANTIATE_TEST_SUITE_P(
-    Words, AmountToWordsTest,
-    testing::Values(
-        WordsCase{21.02, kM, kCents, "Dvidešimt vienas Lt 02 ct"},
-        WordsCase{2, kF, kCents, "Dvi Lt 00 ct"},
-        WordsCase{99, kF, kNoCents, "Devyniasdešimt devynios"},
-        WordsCase{6, kF, kNoCents, "Šešios"}, WordsCase{16, kM, kCents, "Šešiolika Lt 00 ct"},
-        WordsCase{40, kM, kCents, "Keturiasdešimt Lt 00 ct"},
-        WordsCase{101, kF, kCents, "Vienas šimtas viena Lt 00 ct"},
-        WordsCase{111, kM, kCents, "Vienas šimtas vienuolika Lt 00 ct"},
-        WordsCase{1001, kF, kCents, "Vienas tūkstantis viena Lt 00 ct"},
-        WordsCase{2002, kF, kCents, "Du tūkstančiai dvi Lt 00 ct"},
-        WordsCase{6000, kM, kCents, "Šeši tūkstančiai Lt 00 ct"},
-        WordsCase{11000, kM, kCents, "Vienuolika tūkstančių Lt 00 ct"},
-        WordsCase{21000, kF, kCents, "Dvidešimt vienas tūkstantis Lt 00 ct"},
-        WordsCase{100000, kM, kCents, "Vienas šimtas tūkstančių Lt 00 ct"},
-        WordsCase{1000000, kM, kCents, "Vienas milijonas Lt 00 ct"},
-        WordsCase{2002000, kM, kCents, "Du milijonai du tūkstančiai Lt 00 ct"},
-        WordsCase{12000000, kM, kNoCents, "Dvylika milijonų"},
-        WordsCase{1001000001, kF, kCents, "Vienas milijardas vienas milijonas viena Lt 00 ct"},
-        WordsCase{999999999999.99, kM, kCents,
-                  "Devyni šimtai devyniasdešimt devyni milijardai devyni šimtai devyniasdešimt "
-                  "devyni milijonai devyni šimtai devyniasdešimt devyni tūkstančiai devyni šimtai "
-                  "devyniasdešimt devyni Lt 99 ct"}));
-
 // The exact 0 keeps the markers even without cents; the sign is dropped;
 // cents round half away from zero on the decimal value a person reads, and a
 // carry may reach a new triplet.
-INSTANTIATE_TEST_SUITE_P(
-    ZeroSignAndRounding, AmountToWordsTest,
-    testing::Values(WordsCase{0.0, kF, kNoCents, "Nulis Lt 00 ct"},
-                    WordsCase{-0.0, kM, kNoCents, "Nulis Lt 00 ct"},
-                    WordsCase{0.001, kM, kCents, "Nulis Lt 00 ct"},
-                    WordsCase{0.001, kM, kNoCents, "Nulis"},
-                    WordsCase{0.10, kM, kCents, "Nulis Lt 10 ct"},
-                    WordsCase{-21.5, kF, kCents, "Dvidešimt viena Lt 50 ct"},
-                    WordsCase{2.675, kM, kCents, "Du Lt 68 ct"},
-                    WordsCase{-2.675, kM, kCents, "Du Lt 68 ct"},
-                    WordsCase{1.005, kM, kCents, "Vienas Lt 01 ct"},
-                    WordsCase{0.995, kM, kCents, "Vienas Lt 00 ct"},
-                    WordsCase{999.999, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
-                    WordsCase{-999999999999.994, kM, kNoCents, kLargestWords}));
-
-struct NoWordsCase {
-  double amount;
-  const char* reason;
-};
-void PrintTo(const NoWordsCase& c, std::ostream* os) { *os << std::setprecision(17) << c.amount; }
-
-class AmountWithoutWordsTest : public testing::TestWithParam<NoWordsCase> {};
-
-TEST_P(AmountWithoutWordsTest, FailsWithAReason) {
-  for (bool withCents : {true, false}) {
-    const AmountInWords result = AmountToWords(GetParam().amount, false, withCents);
-    EXPECT_FALSE(result.ok());
-    EXPECT_EQ(result.words, "");
-    EXPECT_THAT(result.error, HasSubstr(GetParam().reason));
+TEST(AmountToWords, WritesTheWords) {
+  for (const WordsCase& c : std::vector<WordsCase>{
+           {21.02, kM, kCents, "Dvidešimt vienas Lt 02 ct"}, {2, kF, kCents, "Dvi Lt 00 ct"},
+           {99, kF, kNoCents, "Devyniasdešimt devynios"}, {6, kF, kNoCents, "Šešios"},
+           {16, kM, kCents, "Šešiolika Lt 00 ct"}, {40, kM, kCents, "Keturiasdešimt Lt 00 ct"},
+           {101, kF, kCents, "Vienas šimtas viena Lt 00 ct"},
+           {111, kM, kCents, "Vienas šimtas vienuolika Lt 00 ct"},
+           {1001, kF, kCents, "Vienas tūkstantis viena Lt 00 ct"},
+           {2002, kF, kCents, "Du tūkstančiai dvi Lt 00 ct"},
+           {6000, kM, kCents, "Šeši tūkstančiai Lt 00 ct"},
+           {11000, kM, kCents, "Vienuolika tūkstančių Lt 00 ct"},
+           {21000, kF, kCents, "Dvidešimt vienas tūkstantis Lt 00 ct"},
+           {100000, kM, kCents, "Vienas šimtas tūkstančių Lt 00 ct"},
+           {1000000, kM, kCents, "Vienas milijonas Lt 00 ct"},
+           {2002000, kM, kCents, "Du milijonai du tūkstančiai Lt 00 ct"},
+           {12000000, kM, kNoCents, "Dvylika milijonų"},
+           {1001000001, kF, kCents, "Vienas milijardas vienas milijonas viena Lt 00 ct"},
+           {999999999999.99, kM, kCents, std::string(kLargestWords) + " Lt 99 ct"},
+           {0.0, kF, kNoCents, "Nulis Lt 00 ct"}, {-0.0, kM, kNoCents, "Nulis Lt 00 ct"},
+           {0.001, kM, kCents, "Nulis Lt 00 ct"}, {0.001, kM, kNoCents, "Nulis"},
+           {0.10, kM, kCents, "Nulis Lt 10 ct"}, {-21.5, kF, kCents, "Dvidešimt viena Lt 50 ct"},
+           {2.675, kM, kCents, "Du Lt 68 ct"}, {-2.675, kM, kCents, "Du Lt 68 ct"},
+           {1.005, kM, kCents, "Vienas Lt 01 ct"}, {0.995, kM, kCents, "Vienas Lt 00 ct"},
+           {999.999, kM, kCents, "Vienas tūkstantis Lt 00 ct"},
+           {-999999999999.994, kM, kNoCents, kLargestWords}}) {
+    const AmountInWords result = AmountToWords(c.amount, c.feminine, c.withCents);
+    EXPECT_EQ(result.error + result.words, c.words)
+        << std::setprecision(17) << c.amount << (c.feminine ? " feminine" : "")
+        << (c.withCents ? "" : " without cents");
   }
 }
 
 // Thirteen integer digits or more, counted after rounding to cents.
-INSTANTIATE_TEST_SUITE_P(
-    All, AmountWithoutWordsTest,
-    testing::Values(NoWordsCase{-1e12, "per didelė"}, NoWordsCase{999999999999.995, "per didelė"},
-                    NoWordsCase{std::numeric_limits<double>::max(), "per didelė"},
-                    NoWordsCase{kNaN, "baigtinis"}, NoWordsCase{-kInf, "baigtinis"},
-                    NoWordsCase{kInf, "baigtinis"}));
+TEST(AmountToWords, FailsWithAReasonWhenItHasNoWords) {
+  for (const auto& [amount, reason] : std::vector<std::pair<double, const char*>>{
+           {-1e12, "per didelė"}, {999999999999.995, "per didelė"},
+           {std::numeric_limits<double>::max(), "per didelė"}, {kNaN, "baigtinis"},
+           {-kInf, "baigtinis"}, {kInf, "baigtinis"}}) {
+    for (bool withCents : {true, false}) {
+      const AmountInWords result = AmountToWords(amount, false, withCents);
+      EXPECT_EQ(result.words, "");
+      EXPECT_THAT(result.error, HasSubstr(reason)) << std::setprecision(17) << amount;
+    }
+  }
+}
 
 // Words come only from the tables: whatever the amount, no digit of the
 // amount, no table slot "0", no doubled or stray blank reaches the words.
@@ -195,8 +137,7 @@ TEST(AmountToWordsSweep, WordsAreCleanAcrossTheRange) {
       const std::string& w = result.words;
       ASSERT_EQ(w.find_first_of("0123456789"), std::string::npos) << amount << ": " << w;
       ASSERT_EQ(w.find("  "), std::string::npos) << amount << ": " << w;
-      ASSERT_NE(w.front(), ' ');
-      ASSERT_NE(w.back(), ' ');
+      ASSERT_TRUE(w.front() != ' ' && w.back() != ' ') << amount << ": " << w;
     }
   }
 }
@@ -218,165 +159,111 @@ class LocaleScope {
   std::shared_ptr<const LocaleSource> previous_;
 };
 
-class WordsUnderLocaleTest : public testing::TestWithParam<Locale> {};
-
-TEST_P(WordsUnderLocaleTest, WordsDoNotDependOnTheSeparator) {
-  LocaleScope scope(GetParam());
-  EXPECT_EQ(AmountToWords(1234.56, false, true).words,
-            "Vienas tūkstantis du šimtai trisdešimt keturi Lt 56 ct");
-  const AmountInWords tooLarge = AmountToWords(1234567890123.5, false, true);
-  EXPECT_THAT(tooLarge.error, HasSubstr("1234567890123" + GetParam().decimalSeparator + "5"));
+TEST(AmountToWords, WordsDoNotDependOnTheSeparator) {
+  for (const Locale& locale : {Locale::Lithuanian(), Locale::Invariant()}) {
+    LocaleScope scope(locale);
+    EXPECT_EQ(AmountToWords(1234.56, false, true).words,
+              "Vienas tūkstantis du šimtai trisdešimt keturi Lt 56 ct");
+    const AmountInWords tooLarge = AmountToWords(1234567890123.5, false, true);
+    EXPECT_THAT(tooLarge.error, HasSubstr("1234567890123" + locale.decimalSeparator + "5"));
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(BothSeparators, WordsUnderLocaleTest,
-                         testing::Values(Locale::Lithuanian(), Locale::Invariant()),
-                         [](const testing::TestParamInfo<Locale>& info) {
-                           return info.param.decimalSeparator == "," ? "Comma" : "Point";
-                         });
+// The currency records: Code State GenderCurr, the three forms of the unit,
+// the three of the small unit, GenderSmall. Any GenderCurr other than 0 is
+// feminine, True (-1) as well.
+const char* kEuro = "X|Vokietijos|0|euras|eurai|eurų|centas|centai|centų|1";
+const char* kKrona = "X|Švedijos|1|krona|kronos|kronų|erė|erės|erių|1";
+const char* kKronaTrue = "X|Švedijos|true|krona|kronos|kronų|erė|erės|erių|1";
 
-struct Currency {
-  const char* state;
-  Variant gender;
-  const char* one;
-  const char* two;
-  const char* ten;
-  const char* oneSmall;
-  const char* twoSmall;
-  const char* tenSmall;
-};
-
-const Currency kEuro{"Vokietijos", 0, "euras", "eurai", "eurų", "centas", "centai", "centų"};
-const Currency kKrona{"Švedijos", 1, "krona", "kronos", "kronų", "erė", "erės", "erių"};
-// Any GenderCurr other than 0 is feminine, True (-1) as well.
-const Currency kKronaTrue{"Švedijos", true, "krona", "kronos", "kronų", "erė", "erės", "erių"};
-
-std::shared_ptr<MemoryRecordset> RecordOf(const Currency& c) {
-  auto rs = std::make_shared<MemoryRecordset>(
-      std::vector<std::string>{"Code", "State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr",
-                               "OneSmall", "TwoSmall", "TenSmall", "GenderSmall"});
-  rs->AddRow({"X", c.state, c.gender, c.one, c.two, c.ten, c.oneSmall, c.twoSmall, c.tenSmall, 1});
-  return rs;
+std::shared_ptr<MemoryRecordset> RecordOf(const char* currency) {
+  return TextRecords(
+      "Code State GenderCurr OneCurr TwoCurr TenCurr OneSmall TwoSmall TenSmall GenderSmall",
+      {currency});
 }
 
 struct SumCase {
   const char* name;
   Variant::Array params;
   const char* value;
-  const Currency* currency = &kEuro;
+  const char* currency = kEuro;
 };
-void PrintTo(const SumCase& c, std::ostream* os) { *os << c.name; }
-
-class SumByWordsTest : public testing::TestWithParam<SumCase> {};
-
-TEST_P(SumByWordsTest, PutsTheCurrencyWordsIn) {
-  auto record = RecordOf(*GetParam().currency);
-  const OrvelResult r = SumByWords(GetParam().params, record->Fields());
-  EXPECT_EQ(r.Number, 0) << r.Text;
-  EXPECT_EQ(r.Text, "");
-  EXPECT_EQ(r.Value, Variant(GetParam().value));
-}
-
-std::string SumCaseName(const testing::TestParamInfo<SumCase>& info) { return info.param.name; }
 
 // The small unit follows the two cent digits. Without cents no marker is
 // found and the words stand bare, except for the exact 0. The form is chosen
 // on the text that keeps the minus sign: one or two integer digits always
 // take TwoCurr, longer ones their last three. A feminine currency: the units
 // agree with it, the thousands and the hundreds stay masculine.
-INSTANTIATE_TEST_SUITE_P(
-    All, SumByWordsTest,
-    testing::Values(
-        SumCase{"WorkedExample", {21.02}, "Dvidešimt vienas Vokietijos euras 02 centai"},
-        SumCase{"AmountAsLocaleText", {"21,02"}, "Dvidešimt vienas Vokietijos euras 02 centai"},
-        SumCase{"OneHundredEleven", {111}, "Vienas šimtas vienuolika Vokietijos eurų 00 centų"},
-        SumCase{"ThousandAndOne", {1001}, "Vienas tūkstantis vienas Vokietijos euras 00 centų"},
-        SumCase{"Cents00", {3.00}, "Trys Vokietijos eurai 00 centų"},
-        SumCase{"Cents01", {3.01}, "Trys Vokietijos eurai 01 centas"},
-        SumCase{"Cents02", {3.02}, "Trys Vokietijos eurai 02 centai"},
-        SumCase{"Cents10", {3.10}, "Trys Vokietijos eurai 10 centų"},
-        SumCase{"Cents11", {3.11}, "Trys Vokietijos eurai 11 centų"},
-        SumCase{"Cents21", {3.21}, "Trys Vokietijos eurai 21 centas"},
-        SumCase{"Cents22", {3.22}, "Trys Vokietijos eurai 22 centai"},
-        SumCase{"FlagAsText", {21.02, "False"}, "Dvidešimt vienas"},
-        SumCase{"ExplicitTrue", {5, true}, "Penki Vokietijos eurai 00 centų"},
-        SumCase{"ExactZero", {0, false}, "Nulis Vokietijos eurų 00 centų"},
-        SumCase{"AlmostZero", {0.001, false}, "Nulis"},
-        SumCase{"EmptyAmount", {Variant()}, "Nulis Vokietijos eurų 00 centų"},
-        SumCase{"MinusOne", {-1}, "Vienas Vokietijos eurai 00 centų"},
-        SumCase{"MinusEleven", {-11}, "Vienuolika Vokietijos eurai 00 centų"},
-        SumCase{"MinusHalf", {-0.50}, "Nulis Vokietijos eurų 50 centų"},
-        SumCase{"MinusHundredOne", {-101}, "Vienas šimtas vienas Vokietijos euras 00 centų"},
-        SumCase{"FemTwo", {2.02}, "Dvi Švedijos kronos 02 erės", &kKrona},
-        SumCase{
-            "FemThousandAndOne", {1001}, "Vienas tūkstantis viena Švedijos krona 00 erių", &kKrona},
-        SumCase{"GenderTrue", {32}, "Trisdešimt dvi Švedijos kronos 00 erių", &kKronaTrue}),
-    SumCaseName);
-
-struct SumFailureCase {
-  const char* name;
-  Variant::Array params;
-  int32_t number;
-  const char* text;  // a part of the text
-};
-void PrintTo(const SumFailureCase& c, std::ostream* os) { *os << c.name; }
-
-class SumByWordsFailureTest : public testing::TestWithParam<SumFailureCase> {};
-
-TEST_P(SumByWordsFailureTest, ReportsWithoutWords) {
-  auto record = RecordOf(kEuro);
-  const OrvelResult r = SumByWords(GetParam().params, record->Fields());
-  EXPECT_EQ(r.Number, GetParam().number);
-  EXPECT_THAT(r.Text, StartsWith("SumByWords: "));
-  EXPECT_THAT(r.Text, HasSubstr(GetParam().text));
-  EXPECT_EQ(r.Value, Variant(""));
+TEST(SumByWords, PutsTheCurrencyWordsIn) {
+  for (const SumCase& c : std::vector<SumCase>{
+           {"WorkedExample", {21.02}, "Dvidešimt vienas Vokietijos euras 02 centai"},
+           {"AmountAsLocaleText", {"21,02"}, "Dvidešimt vienas Vokietijos euras 02 centai"},
+           {"OneHundredEleven", {111}, "Vienas šimtas vienuolika Vokietijos eurų 00 centų"},
+           {"ThousandAndOne", {1001}, "Vienas tūkstantis vienas Vokietijos euras 00 centų"},
+           {"Cents00", {3.00}, "Trys Vokietijos eurai 00 centų"},
+           {"Cents01", {3.01}, "Trys Vokietijos eurai 01 centas"},
+           {"Cents02", {3.02}, "Trys Vokietijos eurai 02 centai"},
+           {"Cents10", {3.10}, "Trys Vokietijos eurai 10 centų"},
+           {"Cents11", {3.11}, "Trys Vokietijos eurai 11 centų"},
+           {"Cents21", {3.21}, "Trys Vokietijos eurai 21 centas"},
+           {"Cents22", {3.22}, "Trys Vokietijos eurai 22 centai"},
+           {"FlagAsText", {21.02, "False"}, "Dvidešimt vienas"},
+           {"ExplicitTrue", {5, true}, "Penki Vokietijos eurai 00 centų"},
+           {"ExactZero", {0, false}, "Nulis Vokietijos eurų 00 centų"},
+           {"AlmostZero", {0.001, false}, "Nulis"},
+           {"EmptyAmount", {Variant()}, "Nulis Vokietijos eurų 00 centų"},
+           {"MinusOne", {-1}, "Vienas Vokietijos eurai 00 centų"},
+           {"MinusEleven", {-11}, "Vienuolika Vokietijos eurai 00 centų"},
+           {"MinusHalf", {-0.50}, "Nulis Vokietijos eurų 50 centų"},
+           {"MinusHundredOne", {-101}, "Vienas šimtas vienas Vokietijos euras 00 centų"},
+           {"FemTwo", {2.02}, "Dvi Švedijos kronos 02 erės", kKrona},
+           {"FemThousandAndOne", {1001}, "Vienas tūkstantis viena Švedijos krona 00 erių", kKrona},
+           {"GenderTrue", {32}, "Trisdešimt dvi Švedijos kronos 00 erių", kKronaTrue}}) {
+    SCOPED_TRACE(c.name);
+    const OrvelResult r = SumByWords(c.params, RecordOf(c.currency)->Fields());
+    EXPECT_EQ(std::to_string(r.Number) + "|" + r.Text, "0|");
+    EXPECT_EQ(r.Value, Variant(c.value));
+  }
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    All, SumByWordsFailureTest,
-    testing::Values(SumFailureCase{"NoAmount", {}, 777, "SumByWords: nenurodyta suma !"},
-                    SumFailureCase{"RoundsUpOutOfRange",
-                                   {999999999999.995, false},
-                                   RuntimeError::kSubscript,
-                                   "per didelė"},
-                    SumFailureCase{"Infinity", {kInf}, RuntimeError::kSubscript, "baigtinis"},
-                    SumFailureCase{"TextAmount",
-                                   {"abc"},
-                                   RuntimeError::kTypeMismatch,
-                                   "SumByWords: suma „abc“ nėra skaičius !"},
-                    SumFailureCase{
-                        "NullAmount", {Variant::Null()}, RuntimeError::kInvalidUseOfNull, "Null"},
-                    SumFailureCase{"BadCentsFlag",
-                                   {21.02, "gal"},
-                                   RuntimeError::kTypeMismatch,
-                                   "antrasis parametras „gal“"}),
-    [](const testing::TestParamInfo<SumFailureCase>& info) { return info.param.name; });
+// The number and a part of the text; no words.
+TEST(SumByWords, ReportsFailuresWithoutWords) {
+  for (const auto& [params, number, text] :
+       std::vector<std::tuple<Variant::Array, int32_t, const char*>>{
+           {{}, 777, "SumByWords: nenurodyta suma !"},
+           {{999999999999.995, false}, RuntimeError::kSubscript, "per didelė"},
+           {{kInf}, RuntimeError::kSubscript, "baigtinis"},
+           {{"abc"}, RuntimeError::kTypeMismatch, "SumByWords: suma „abc“ nėra skaičius !"},
+           {{Variant::Null()}, RuntimeError::kInvalidUseOfNull, "Null"},
+           {{21.02, "gal"}, RuntimeError::kTypeMismatch, "antrasis parametras „gal“"}}) {
+    const OrvelResult r = SumByWords(params, RecordOf(kEuro)->Fields());
+    EXPECT_EQ(r.Number, number) << text;
+    EXPECT_THAT(r.Text, AllOf(StartsWith("SumByWords: "), HasSubstr(text)));
+    EXPECT_EQ(r.Value, Variant(""));
+  }
+}
 
 // A missing field is named; a Null gender is an error while a Null text
 // reads empty; no current record is reported.
 TEST(SumByWordsRecord, MissingNullAndAbsentRecordFieldsAreNamed) {
-  MemoryRecordset missing(
-      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TenSmall"});
-  missing.AddRow({"Vokietijos", 0, "euras", "eurai", "eurų", "centas", "centų"});
-  OrvelResult r = SumByWords({2.02}, missing.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kItemNotFound);
-  EXPECT_THAT(r.Text, HasSubstr("„TwoSmall“"));
-  EXPECT_EQ(r.Value, Variant(""));
-
-  MemoryRecordset record(
-      {"State", "GenderCurr", "OneCurr", "TwoCurr", "TenCurr", "OneSmall", "TwoSmall", "TenSmall"});
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kNoCurrentRecord);
-  EXPECT_THAT(r.Text, HasSubstr("„State“"));
-
-  record.AddRow({Variant::Null(), Variant::Null(), "euras", "eurai", "eurų", "centas", "centai",
-                 Variant::Null()});
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, RuntimeError::kInvalidUseOfNull);
-  EXPECT_THAT(r.Text, HasSubstr("„GenderCurr“"));
-  record.Fields("GenderCurr").SetValue(0);
-  r = SumByWords({1}, record.Fields());
-  EXPECT_EQ(r.Number, 0) << r.Text;
-  EXPECT_EQ(r.Value, Variant("Vienas  euras 00 "));
+  const std::string all = "State GenderCurr OneCurr TwoCurr TenCurr OneSmall TwoSmall TenSmall";
+  using Case = std::tuple<std::string, std::vector<std::string>, double, int32_t, const char*>;
+  for (const auto& [fields, rows, amount, number, named] : std::vector<Case>{
+           {"State GenderCurr OneCurr TwoCurr TenCurr OneSmall TenSmall",
+            {"Vokietijos|0|euras|eurai|eurų|centas|centų"}, 2.02, RuntimeError::kItemNotFound,
+            "„TwoSmall“"},
+           {all, {}, 1, RuntimeError::kNoCurrentRecord, "„State“"},
+           {all, {"~|~|euras|eurai|eurų|centas|centai|~"}, 1, RuntimeError::kInvalidUseOfNull,
+            "„GenderCurr“"}}) {
+    const OrvelResult r = SumByWords({amount}, TextRecords(fields, rows)->Fields());
+    EXPECT_EQ(r.Number, number) << named;
+    EXPECT_THAT(r.Text, HasSubstr(named));
+    EXPECT_EQ(r.Value, Variant(""));
+  }
+  const OrvelResult r =
+      SumByWords({1}, TextRecords(all, {"~|0|euras|eurai|eurų|centas|centai|~"})->Fields());
+  EXPECT_EQ(std::to_string(r.Number) + "|" + r.Text + "|" + ConcatText(r.Value),
+            "0||Vienas  euras 00 ");
 }
 
 // orvel-words reads plain amounts without a double and writes their words

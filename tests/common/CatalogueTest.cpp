@@ -7,7 +7,9 @@
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
 #include "orvel/RuntimeError.h"
+#include "support/BoxLines.h"
 #include "support/ModuleTest.h"
+#include "support/TextRecords.h"
 #include "testhost/TestGroupSelect.h"
 #include "testhost/TestRights.h"
 #include "testhost/TestSession.h"
@@ -72,9 +74,7 @@ TEST(Catalogue, ParseColumnConfigSplitsPrintParametersAndNumbersTheColumns) {
 }
 
 TEST(Catalogue, FilterRecordsetKeepsTheFilterOnlyWhenRowsAreLeft) {
-  auto rs = std::make_shared<MemoryRecordset>(std::vector<std::string>{"Code"});
-  rs->AddRow({Variant("EUR")});
-  rs->AddRow({Variant("USD")});
+  auto rs = TextRecords("Code", {"EUR", "USD"});
   EXPECT_TRUE(FilterRecordset(rs, "Code = 'usd'"));
   EXPECT_EQ(rs->RecordCount(), 1);
   EXPECT_FALSE(FilterRecordset(rs, "Code = 'GBP'"));
@@ -90,15 +90,9 @@ class CatalogueHostTest : public ModuleTest {
     ModuleTest::SetUp();
     auto& table = BO("O0000400").Table();
     table.SetFields({"ID", "Name", "CreatedByUser", "CreationDate", "UpdatedByUser", "UpdateDate"});
-    table.Seed({{{"Name", Variant("kilogramas")},
-                 {"CreatedByUser", Variant("Ona")},
-                 {"CreationDate", Variant(DateSerial(2024, 3, 1))},
-                 {"UpdatedByUser", Variant::Null()}, {"UpdateDate", Variant::Null()}},
-                {{"Name", Variant("metras")},
-                 {"CreatedByUser", Variant("Ona")},
-                 {"CreationDate", Variant(DateSerial(2024, 3, 1))},
-                 {"UpdatedByUser", Variant("Petras")},
-                 {"UpdateDate", Variant(DateSerial(2025, 1, 15))}}});
+    table.Seed(SeedRows("Name CreatedByUser CreationDate UpdatedByUser UpdateDate",
+                        {"kilogramas|Ona|@2024-03-01|~|~",
+                         "metras|Ona|@2024-03-01|Petras|@2025-01-15"}));
     table.SetDefault("CreationDate", Variant::Null());
     table.SetDefault("UpdatedByUser", Variant::Null());
     table.SetDefault("UpdateDate", Variant::Null());
@@ -148,29 +142,21 @@ TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions
   Handle(fail);
   ResetOrvelS();
   Handle([] { Services(); });
-  std::vector<std::string> boxes;
-  for (const auto& b : host_.Ui()->Boxes()) {
-    boxes.push_back(std::to_string(b.flags) + " " + b.title + "|" + b.prompt);
-  }
-  EXPECT_EQ(boxes, (std::vector<std::string>{
-                       "16 Orvel|Neteisinga kaina", "16 Orvelta|Klaida!\nNėra laukų",
-                       "16 Mano apskaita|Klaida!\nNėra laukų",
-                       "16 Orvel Apskaita|Klaida!\nPagrindinė programa dar nepateikė modulio "
-                       "paslaugų"}));
+  EXPECT_EQ(BoxLines(*host_.Ui()),
+            (std::vector<std::string>{
+                "16 Orvel Neteisinga kaina", "16 Orvelta Klaida!\nNėra laukų",
+                "16 Mano apskaita Klaida!\nNėra laukų",
+                "16 Orvel Apskaita Klaida!\nPagrindinė programa dar nepateikė modulio paslaugų"}));
 }
 
 TEST_F(CatalogueHostTest, ShowReferenceShowsTheObjectOrClearsTheBox) {
   TextBox box("txtGroup");
-  EXPECT_EQ(ShowReference("O00004002", &box), "metras");
-  EXPECT_EQ(box.Text(), "metras");
-  EXPECT_EQ(box.Tag(), "O00004002");
-
+  EXPECT_EQ(ShowReference("O00004002", &box) + "|" + box.Text() + "|" + box.Tag(),
+            "metras|metras|O00004002");
   for (const char* nothing : {"O00004000", "O0000400", "", "O00004009"}) {
     box.SetText("x");
     box.SetTag("y");
-    EXPECT_EQ(ShowReference(nothing, &box), "") << nothing;
-    EXPECT_EQ(box.Text(), "") << nothing;
-    EXPECT_EQ(box.Tag(), "") << nothing;
+    EXPECT_EQ(ShowReference(nothing, &box) + "|" + box.Text() + "|" + box.Tag(), "||") << nothing;
   }
   EXPECT_EQ(ShowReference("O00004001", nullptr), "kilogramas");
 }
@@ -180,13 +166,12 @@ TEST_F(CatalogueHostTest, SelectGroupPutsTheLastReferenceOfThePickedPathIntoTheB
   host_.HostClasses()->QueueGroupSelect("O00004001O00004002", "metras", "O0000400");
   EXPECT_EQ(SelectGroup("O0000400", "Pažymėkite norimą grupę", &box, std::string("Group")),
             "O00004002");
-  EXPECT_EQ(box.Text(), "metras");
-  EXPECT_EQ(box.Tag(), "O00004002");
+  EXPECT_EQ(box.Text() + "|" + box.Tag(), "metras|O00004002");
   auto picker = host_.HostClasses()->LastGroupSelect();
   ASSERT_NE(picker, nullptr);
-  EXPECT_EQ(picker->Caption(), "Pažymėkite norimą grupę");
-  EXPECT_EQ(picker->SelectKind(), "Group");
-  EXPECT_EQ(picker->ShowCount(), 1);
+  EXPECT_EQ(picker->Caption() + "|" + picker->SelectKind() + "|" +
+                std::to_string(picker->ShowCount()),
+            "Pažymėkite norimą grupę|Group|1");
   // Without a box the name travels in the result.
   host_.HostClasses()->QueueGroupSelect("O00004002", "metras", "O0000400");
   EXPECT_EQ(SelectGroup("O0000400", "Grupė", nullptr), "O00004002_metras");

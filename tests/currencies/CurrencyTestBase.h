@@ -7,6 +7,7 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/BoxLines.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestSession.h"
@@ -73,13 +74,7 @@ class CurrencyTestBase : public ModuleTest {
     return std::to_string(result.Number) + "|" + result.Text + "|" + value;
   }
 
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> boxes;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      boxes.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return boxes;
-  }
+  std::vector<std::string> Boxes() { return BoxLines(*host_.Ui()); }
 
   std::shared_ptr<OrvelObjectUI> currencies_;
 };

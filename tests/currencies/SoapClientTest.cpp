@@ -1,6 +1,7 @@
 // The SOAP client against the bank's service on a loopback port: what it
 // reads from the WSDL, what it posts, how it hands the replies back, and
 // how every kind of failure reaches the caller.
+#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -16,6 +17,7 @@ namespace orvel {
 namespace {
 
 using Behaviour = LoopbackRateService::Behaviour;
+using ::testing::HasSubstr;
 constexpr auto kTestTimeout = std::chrono::milliseconds(700);
 
 class SoapClientTest : public ::testing::Test {
@@ -38,18 +40,15 @@ TEST_F(SoapClientTest, TheWsdlGivesTheSoap11EndpointNamespaceAndActions) {
             "\"http://webservices.lb.lt/ExchangeRates/getExchangeRatesByDate\"");
   EXPECT_EQ(service_.LastSoapAction("getListOfCurrencies"),
             "\"http://webservices.lb.lt/ExchangeRates/getListOfCurrencies\"");
-  std::string body = service_.LastBody("getExchangeRatesByDate");
-  EXPECT_NE(body.find("<soap:Envelope xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\">"
-                      "<soap:Body><getExchangeRatesByDate xmlns=\"http://webservices.lb.lt/"
-                      "ExchangeRates\"><Date>2010-12-30</Date></getExchangeRatesByDate>"),
-            std::string::npos)
-      << body;
-  EXPECT_NE(service_.LastBody("getListOfCurrencies").find("<getListOfCurrencies xmlns="),
-            std::string::npos);
+  EXPECT_THAT(service_.LastBody("getExchangeRatesByDate"),
+              HasSubstr("<soap:Envelope xmlns:soap=\"http://schemas.xmlsoap.org/soap/envelope/\">"
+                        "<soap:Body><getExchangeRatesByDate xmlns=\"http://webservices.lb.lt/"
+                        "ExchangeRates\"><Date>2010-12-30</Date></getExchangeRatesByDate>"));
+  EXPECT_THAT(service_.LastBody("getListOfCurrencies"), HasSubstr("<getListOfCurrencies xmlns="));
   // Arguments are escaped, not pasted in.
   client_.Call("getExchangeRatesByDate", {"<a&b>"});
-  EXPECT_NE(service_.LastBody("getExchangeRatesByDate").find("<Date>&lt;a&amp;b&gt;</Date>"),
-            std::string::npos);
+  EXPECT_THAT(service_.LastBody("getExchangeRatesByDate"),
+              HasSubstr("<Date>&lt;a&amp;b&gt;</Date>"));
 }
 
 TEST_F(SoapClientTest, RepliesAreTheResultsChildrenWithRowsReadByPosition) {
@@ -106,7 +105,7 @@ TEST(SoapFailureTest, EachFailureIsARuntimeErrorThatSaysWhat) {
                   },
                   &text),
               SoapClient::kServiceFailure);
-    EXPECT_NE(text.find(expected), std::string::npos) << text;
+    EXPECT_THAT(text, HasSubstr(expected));
     EXPECT_LT(std::chrono::steady_clock::now() - started, std::chrono::seconds(5));
   }
 }
@@ -121,7 +120,7 @@ TEST_F(SoapClientTest, ARefusedConnectionFailsAtOnce) {
   EXPECT_NE(
       ErrorOf([&] { client_.Init(address + RateServiceSettings::kWsdlPath, "", "", ""); }, &text),
       0);
-  EXPECT_NE(text.find("WSDL neperskaitytas (" + address), std::string::npos) << text;
+  EXPECT_THAT(text, HasSubstr("WSDL neperskaitytas (" + address));
 }
 
 TEST_F(SoapClientTest, AnOperationTheWsdlDoesNotNameIsRefused) {

@@ -56,52 +56,43 @@ class FrmDepartmentsTest : public CardTest<frmDepartments> {
 TEST_F(FrmDepartmentsTest, TheTreesReadOnlyKeepsTheCardFromWritingOrMakingNew) {
   adapter_->GetMenu("O00016042", "T", "ReadOnly");
   auto w = Open("O00016042", "0", "T");
-  ASSERT_TRUE(w);
-  EXPECT_TRUE(w->boolReadOnly);
+  ASSERT_TRUE(w && w->boolReadOnly);
   w->txtName.Edit("Kasa");
   EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel, &w->SSCNew, &w->cmdParentGroup}), "0000");
 }
 
-// The branches are asked once, at load, with their own call.
+// The branches are asked once, at load, with their own call; the group is read.
 TEST_F(FrmDepartmentsTest, AStoredDepartmentShowsItsGroupAndBranchAndStartsUnchanged) {
   auto w =
       Adapter(kDepartments)->ClickMenu("O00016042", "T", "0", "").Value.ObjectAs<frmDepartments>();
   ASSERT_TRUE(w);
-  BO(kDepartments).ClearCalls();
+  host_.Log().Clear();
   host_.WindowManager()->ShowWindow(w);
-  auto calls = BO(kDepartments).Calls("DO0001604_GetFirmBranches");
-  ASSERT_EQ(calls.size(), 1u);
-  EXPECT_EQ(calls[0].op, MemoryBusinessObject::Op::RecordsetCall);
-  EXPECT_EQ(calls[0].param, "0");
+  EXPECT_EQ(BusinessLines(), (std::vector<std::string>{"RecordsetCall DO0001604_GetFirmBranches 0",
+                                                       "GetCall Orvel_ReadObject 'O00016041'"}));
   EXPECT_EQ(Card(*w),
             " Padalinys|Buhalterija|Administracija (O00016041)|UAB Medis, Kaunas (11)|00111");
   EXPECT_FALSE(w->Changed());
 }
 
-// The captions: the heading, the group's label and the name's.
-struct CaptionCase {
-  const char *name, *oidr, *otype, *key, *captions;
-  bool isNew;
-};
-
-// A new card offers neither a cancel nor another new record.
+// The heading, the group's label and the name's, and New, 1 when enabled: a
+// new card offers neither a cancel nor another new record.
 TEST_F(FrmDepartmentsTest, TheHeadingAndLabelsFollowTheKindAndNewness) {
-  for (const CaptionCase& c : std::initializer_list<CaptionCase>{
-           {"StoredGroup", "O00016041", "Group", "0",
-            " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", false},
-           {"StoredEntry", "O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas", false},
-           {"NewGroup", "O00016041", "Group", "3",
-            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas", true},
-           {"NewEntry", "O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas", true}}) {
-    SCOPED_TRACE(c.name);
-    auto w = Open(c.oidr, c.key, c.otype);
+  using Row = std::tuple<const char*, const char*, const char*, const char*>;
+  for (const auto& [oidr, otype, key, captions] : std::vector<Row>{
+           {"O00016041", "Group", "0", " Padalinių grupė|Aukštesnė grupė|Grupės pavadinimas|1"},
+           {"O00016042", "T", "0", " Padalinys|Grupė|Pavadinimas|1"},
+           {"O00016041", "Group", "3",
+            " Nauja padalinių grupė|Aukštesnė grupė|Grupės pavadinimas|0"},
+           {"O00016041", "Group", "1", " Naujas padalinys|Grupė|Pavadinimas|0"}}) {
+    auto w = Open(oidr, key, otype);
     ASSERT_TRUE(w);
-    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption(),
-              c.captions);
+    EXPECT_EQ(w->SOPanel.Caption() + "|" + w->lblGroup.Caption() + "|" + w->lblName.Caption() +
+                  "|" + OnOff({&w->SSCNew}),
+              captions);
     EXPECT_EQ(w->IsNew(), !w->SSCNew.Enabled());
-    EXPECT_EQ(w->IsNew(), c.isNew);
     w->txtName.Edit("Kitas");
-    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), c.isNew ? "10" : "11");
+    EXPECT_EQ(OnOff({&w->cmdWrite, &w->cmdCancel}), w->IsNew() ? "10" : "11");
   }
 }
 
@@ -126,8 +117,7 @@ TEST_F(FrmDepartmentsTest, WithoutBranchesInTheSuiteBothBranchButtonsStayOff) {
   for (auto reply : {OrvelBoResult(0, "", Branches({})), OrvelBoResult(42, "Nėra ryšio")}) {
     BO(kDepartments).ReplyRead("DO0001604_GetFirmBranches", reply);
     auto w = Open("O00016042", "0", "T");
-    ASSERT_TRUE(w);
-    EXPECT_FALSE(w->HasBranches());
+    ASSERT_TRUE(w && !w->HasBranches());
     EXPECT_EQ(Card(*w), " Padalinys|Buhalterija|Administracija (O00016041)| (0)|00100");
     w->Unload();
   }

@@ -11,7 +11,8 @@
 #include "orvel/Ui.h"
 #include "reference/frmDestination.h"
 #include "reference/frmTemplate.h"
-#include "support/ModuleTest.h"
+#include "support/BoxLines.h"
+#include "support/CardTest.h"
 #include "support/TextRecords.h"
 #include "testhost/FakeOrvelGrid.h"
 #include "testhost/TestRights.h"
@@ -42,28 +43,21 @@ std::shared_ptr<MemoryRecordset> TemplateRows() {
 }
 
 // Group "Pardavimai" (1) and its member "Didmeninė" (2), whose card is open.
-class FrmDestinationTest : public ModuleTest {
+class FrmDestinationTest : public CardTest<frmDestination> {
  protected:
+  FrmDestinationTest() : CardTest(kDestinations) {}
   void SetUp() override {
-    ModuleTest::SetUp();
+    CardTest::SetUp();
     auto& table = BO(kDestinations).Table();
     table.SetFields({"ID", "Name", "ParentID", "GroupFlag"});
     table.SetDefault("ParentID", Variant(0));
     table.SetDefault("GroupFlag", Variant(0));
     table.Seed(SeedRows("GroupFlag Name ParentID", {"1|Pardavimai", "|Didmeninė|1"}));
     BO(kDestinations).ReplyRead("GetBRTemplates", TemplateRows());
+    MakeAdapter();
   }
 
-  std::shared_ptr<frmDestination> Open() {
-    auto window = Adapter(kDestinations)
-                      ->ClickMenu("O00016152", "T", "0", "")
-                      .Value.ObjectAs<frmDestination>();
-    EXPECT_NE(window, nullptr);
-    if (!window) return nullptr;
-    host_.WindowManager()->ShowWindow(window);
-    BO(kDestinations).ClearCalls();
-    return window;
-  }
+  std::shared_ptr<frmDestination> Open() { return CardTest::Open("O00016152", "0", "T"); }
 
   // A right click on the row of that key, picking `entry` from the menu.
   void RightClick(frmDestination& w, const char* key, const std::string& entry) {
@@ -194,9 +188,7 @@ TEST_F(FrmDestinationTest, ARefusedWriteIsShownAndTheDialogStillCloses) {
   host_.Ui()->QueueAnswer(vbOK);
   RightClick(*w, kOwnKey, "mnuTemplateEdit");
   EXPECT_FALSE(loaded);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(std::to_string(host_.Ui()->Boxes()[0].flags) + " " + host_.Ui()->Boxes()[0].prompt,
-            "48 Nenurodytas šablonas.");
+  EXPECT_EQ(BoxLines(*host_.Ui(), false), std::vector<std::string>{"48 Nenurodytas šablonas."});
   EXPECT_EQ(Reads(), 1u);
 }
 
@@ -213,10 +205,8 @@ TEST_F(FrmDestinationTest, TheWriteButtonFollowsThePicks) {
     d.TemplateTypeOIDR = "O02015001";
     d.Load();
     ASSERT_EQ(d.txtDocumentGroup.Tag(), "O10002001");
-    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate},
-                                          {'T', &d.cmdTemplateClean},
-                                          {'g', &d.cmdDocumenytGroup},
-                                          {'G', &d.cmdGroupClean},
+    const std::map<char, Button*> buttons{{'t', &d.cmdTemplate}, {'T', &d.cmdTemplateClean},
+                                          {'g', &d.cmdDocumenytGroup}, {'G', &d.cmdGroupClean},
                                           {'x', &d.cmdTemplate}};
     for (const char* step = steps; *step; ++step) {
       if (*step == 't') {

@@ -7,6 +7,7 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
+#include "support/BoxLines.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestUser.h"
@@ -49,13 +50,7 @@ class ReferenceBookTest : public ModuleTest {
   }
 
   // "<flags> <prompt>" of each box shown.
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> out;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      out.push_back(std::to_string(box.flags) + " " + box.prompt);
-    }
-    return out;
-  }
+  std::vector<std::string> Boxes() { return BoxLines(*host_.Ui(), false); }
 };
 
 }  // namespace orvel

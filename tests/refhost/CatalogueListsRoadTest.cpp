@@ -11,9 +11,11 @@
 namespace orvel {
 namespace {
 
+using ::testing::AllOf;
 using ::testing::Contains;
 using ::testing::HasSubstr;
 using ::testing::Not;
+using ::testing::StartsWith;
 
 // The firm and goods lists of the sample database through the real module:
 // its settings dialogs and search, and the debt line of a firm's card.
@@ -30,26 +32,28 @@ class CatalogueListsRoadTest : public RunningHost {
   // The settings dialog run modally: the check boxes to set, then "Gerai".
   void AnswerSettings(std::vector<std::string> boxes) {
     Terminal().SetModalRunner([boxes](Form& dialog) {
-      for (const auto& name : boxes) dynamic_cast<CheckBox&>(*dialog.FindControl(name)).SetValue(1);
+      for (const auto& name : boxes) Control<CheckBox>(dialog, name.c_str()).SetValue(1);
       Press(dialog, "cmdOK");
     });
   }
 
   static std::vector<std::string> Values(Recordset& rs, const char* field) {
     std::vector<std::string> out;
-    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) out.push_back(ConcatText(rs.Fields(field).Value()));
+    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
+      out.push_back(ConcatText(rs.Fields(field).Value()));
+    }
     return out;
   }
 
-  std::string LabelOf(Form& card, const char* name) {
-    return dynamic_cast<Label&>(*card.FindControl(name)).Caption();
+  static std::string LabelOf(Form& card, const char* name) {
+    return Control<Label>(card, name).Caption();
   }
 };
 
 TEST_F(CatalogueListsRoadTest, FirmListsKeepTheFirmsOutOfUseUntilTheSettingsAskForThem) {
   auto firms = host_.Objects().GetOrvelObjectUI("O0000100");
-  const std::string retired = ConcatText(Stored(
-      "SELECT 'O0000100' || ID FROM firms WHERE Active = 0 AND GroupFlag = 0 AND ParentID IS NULL"));
+  const std::string retired = StoredText(
+      "SELECT 'O0000100' || ID FROM firms WHERE Active = 0 AND GroupFlag = 0 AND ParentID IS NULL");
   EXPECT_THAT(Values(*firms->GetOrvelObjectList("O0000100", "", ""), "OIDR"),
               Not(Contains(retired)));
   EXPECT_THAT(calls_, Contains("GetCall Orvel_GetObjectList 'O0000100','',1,0,1"));
@@ -73,11 +77,10 @@ TEST_F(CatalogueListsRoadTest, FirmListsKeepTheFirmsOutOfUseUntilTheSettingsAskF
 TEST_F(CatalogueListsRoadTest, GoodsListsNameTheKindAndHoldOnlyGoodsWithRestWhenAsked) {
   auto goods = host_.Objects().GetOrvelObjectUI("O0000200");
   const std::string services =
-      ConcatText(Stored("SELECT 'O0000200' || ID FROM goods WHERE Name = 'Paslaugos'"));
+      StoredText("SELECT 'O0000200' || ID FROM goods WHERE Name = 'Paslaugos'");
   auto list = goods->GetOrvelObjectList(services, "", "");
   ASSERT_NE(list, nullptr);
-  EXPECT_THAT(Values(*list, "Otype"), Contains("Service"));
-  EXPECT_THAT(Values(*list, "Otype"), Not(Contains("ServiceNA")));
+  EXPECT_THAT(Values(*list, "Otype"), AllOf(Contains("Service"), Not(Contains("ServiceNA"))));
   EXPECT_THAT(calls_, Contains("GetCall Orvel_GetObjectList '" + services + "','',1,0,1,'',0,1,0"));
 
   AnswerSettings({"chkNotActive", "chkOnlyWithRest"});
@@ -92,23 +95,22 @@ TEST_F(CatalogueListsRoadTest, GoodsListsNameTheKindAndHoldOnlyGoodsWithRestWhen
                 ::testing::AnyOf("GEXIST", "GoodNA"));
   }
   // A good kept by serial numbers opens with their tab.
-  const std::string serial = ConcatText(Stored(
-      "SELECT 'O0000200' || MIN(ID) FROM goods WHERE WithItems = 1 AND GroupFlag = 0"));
-  auto card = OpenCard(serial);
-  ASSERT_NE(card, nullptr);
-  EXPECT_NE(SheetOf(card)->TabList("SN"), nullptr);
+  ASSERT_NE(OpenSheet(StoredText(
+                "SELECT 'O0000200' || MIN(ID) FROM goods WHERE WithItems = 1 AND GroupFlag = 0")),
+            nullptr);
+  EXPECT_NE(sheet_->TabList("SN"), nullptr);
 }
 
 // A firm without a limit of its own is warned of none; a firm's documents
 // add up to the balance its debt line tells.
 TEST_F(CatalogueListsRoadTest, TheDebtLineWarnsOnlyOfLimitsAFirmHasAndAgreesWithItsDocuments) {
-  const std::string unlimited = ConcatText(Stored(
+  const std::string unlimited = StoredText(
       "SELECT f.ID FROM firms f JOIN documents d ON d.FirmID = f.ID WHERE f.CreditLimit = 0"
-      " AND d.Account = '240' AND d.Debt > 0 ORDER BY f.ID LIMIT 1"));
+      " AND d.Account = '240' AND d.Debt > 0 ORDER BY f.ID LIMIT 1");
   auto card = OpenCard("O0000100" + unlimited);
   ASSERT_NE(card, nullptr);
   const std::string credit = LabelOf(*card, "lblCredit");
-  dynamic_cast<Label&>(*card->FindControl("lblDebt")).Click();
+  Control<Label>(*card, "lblDebt").Click();
   EXPECT_THAT(calls_, Contains("GetCall GetFirmDebt O0000100" + unlimited));
   EXPECT_THAT(LabelOf(*card, "lblDebt"), HasSubstr("Skola: "));
   EXPECT_THAT(LabelOf(*card, "lblDebt"), Not(HasSubstr("Viršytas kredito apribojimas")));
@@ -118,17 +120,15 @@ TEST_F(CatalogueListsRoadTest, TheDebtLineWarnsOnlyOfLimitsAFirmHasAndAgreesWith
   // the sample in the period.
   prompter_.texts = {"2025-01-01 2030-12-31"};
   ASSERT_EQ(host_.Objects().Call("GetNewPeriod", "").Number, 0);
-  auto firm = OpenCard("O000010020");
+  auto firm = OpenSheet("O000010020");
   ASSERT_NE(firm, nullptr);
-  auto sheet = SheetOf(firm);
-  ListView* traffic = sheet->TabList("Traffic");
+  ListView* traffic = sheet_->TabList("Traffic");
   ASSERT_NE(traffic, nullptr);
   traffic->SetSelectedItem(&traffic->ListItems().Item(1));
-  sheet->OnListDoubleClick(TabIndex(*sheet, "Traffic"));
+  sheet_->OnListDoubleClick(TabIndex(*sheet_, "Traffic"));
   // Past its credit days or not by today's date, the debt stays within its limit.
-  EXPECT_THAT(LabelOf(*firm, "lblDebt"),
-              ::testing::StartsWith("Skola: 3830,94 Lt (avansas 2650,00 Lt)"));
-  EXPECT_THAT(LabelOf(*firm, "lblDebt"), Not(HasSubstr("apribojimas")));
+  EXPECT_THAT(LabelOf(*firm, "lblDebt"), AllOf(StartsWith("Skola: 3830,94 Lt (avansas 2650,00 Lt)"),
+                                               Not(HasSubstr("apribojimas"))));
   EXPECT_EQ(LabelOf(*firm, "lblCredit"), "Kredito apribojimai: Maksimali suma:3000,00; Dienos:30");
   const ListItem& total = traffic->ListItems().Item(traffic->ListItems().Count());
   EXPECT_EQ(total.ListSubItems().Item(4).Text(), "1180,94");

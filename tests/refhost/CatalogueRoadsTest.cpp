@@ -2,20 +2,19 @@
 #include <gtest/gtest.h>
 
 #include <cstdlib>
-#include <ctime>
 
 #include "RunningHost.h"
 #include "host/Convert.h"
 #include "orvel/OrvelObjectUI.h"
 #include "orvel/Recordset.h"
 #include "hostkit/LoopbackRateService.h"
+#include "refhost/HostPeriod.h"
 
 namespace orvel {
 namespace {
 
 using ::testing::Contains;
 using ::testing::HasSubstr;
-using ::testing::Not;
 
 // The real module over a fresh sample database, driven along the roads of
 // the catalogues' own business calls.
@@ -23,43 +22,26 @@ using CatalogueRoadsTest = RunningHost;
 
 // The firm card written with a code: another firm's (the question is asked
 // and answered) or one nobody has (no question).
-struct CodeCase {
-  bool duplicate;
-  const char* answer;
-  bool written;
-};
-
-class FirmCodeRoadTest : public CatalogueRoadsTest,
-                         public ::testing::WithParamInterface<CodeCase> {};
-
-TEST_P(FirmCodeRoadTest, TheCardIsWrittenAsTheAnswerSays) {
-  const auto& c = GetParam();
-  const std::string before = ConcatText(Stored("SELECT Code FROM firms WHERE ID = 12"));
-  const std::string code =
-      c.duplicate ? ConcatText(Stored("SELECT Code FROM firms WHERE ID = 13")) : "O'Kodas-1";
-  auto card = OpenCard("O000010012");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  ASSERT_TRUE(sheet->EditText("Code", code));
-  if (*c.answer) prompter_.answers = {c.answer};
-  Press(*card, "cmdEnter");
-
-  EXPECT_THAT(calls_, Contains("GetCall CheckCode 'O000010012','" + code + "'"));
-  if (c.duplicate) {
-    EXPECT_THAT(prompter_.said, Contains(HasSubstr("Įmonės kodas kartojasi!")));
-  } else {
-    EXPECT_THAT(prompter_.said, Not(Contains(HasSubstr("kartojasi"))));
-  }
-  EXPECT_EQ(ConcatText(Stored("SELECT Code FROM firms WHERE ID = 12")), c.written ? code : before);
-  for (const char* call : {"GetCall GetFirmIsUsedInDocuments O000010012",
-                           "ExecArrayCall Orvel_SaveObject 'O0000100','O000010012'"}) {
-    EXPECT_EQ(::testing::Matches(Contains(::testing::StartsWith(call)))(calls_), c.written);
+TEST_F(CatalogueRoadsTest, TheFirmCardIsWrittenAsTheAnswerSays) {
+  for (const auto& [duplicate, answer, written] :
+       {std::tuple{true, "Ne", false}, {true, "Taip", true}, {false, "", true}}) {
+    SCOPED_TRACE(answer);
+    calls_.clear();
+    prompter_.said.clear();
+    const std::string before = StoredText("SELECT Code FROM firms WHERE ID = 12");
+    const std::string code =
+        duplicate ? StoredText("SELECT Code FROM firms WHERE ID = 13") : "O'Kodas-1";
+    if (*answer) prompter_.answers = {answer};
+    Write(OpenCard("O000010012"), {{"Code", code}});
+    EXPECT_THAT(calls_, Contains("GetCall CheckCode 'O000010012','" + code + "'"));
+    EXPECT_EQ(Said("Įmonės kodas kartojasi!"), duplicate);
+    EXPECT_EQ(StoredText("SELECT Code FROM firms WHERE ID = 12"), written ? code : before);
+    for (const char* call : {"GetCall GetFirmIsUsedInDocuments O000010012",
+                             "ExecArrayCall Orvel_SaveObject 'O0000100','O000010012'"}) {
+      EXPECT_EQ(::testing::Matches(Contains(::testing::StartsWith(call)))(calls_), written);
+    }
   }
 }
-
-INSTANTIATE_TEST_SUITE_P(Roads, FirmCodeRoadTest,
-                         ::testing::Values(CodeCase{true, "Taip", true},
-                                           CodeCase{true, "Ne", false}, CodeCase{false, "", true}));
 
 TEST_F(CatalogueRoadsTest, ADayRateIsSavedThroughTheCurrencyObject) {
   auto usd = host_.Objects().GetOrvelObjectUI("O0002200")->GetOrvelObject("O00022002");
@@ -102,11 +84,7 @@ TEST_F(CatalogueRoadsTest, ADayRateIsSavedThroughTheCurrencyObject) {
 // any day from 2015 on) and writes them as the price of one unit in euro.
 TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
   LoopbackRateService mirror;
-  std::time_t now = std::time(nullptr);
-  std::tm local{};
-  localtime_r(&now, &local);
-  char today[16];
-  std::strftime(today, sizeof today, "%Y-%m-%d", &local);
+  const std::string today = FormatDate(LocalToday(), Locale::Lithuanian());
   mirror.SetFxRates({{"LT", today, "USD", "1.0841"}, {"LT", today, "GBP", "0.8351"}});
   ::setenv("ORVEL_RATES_ADDRESS", mirror.Address().c_str(), 1);
   struct Unset {
@@ -117,7 +95,7 @@ TEST_F(CatalogueRoadsTest, TodaysRatesAreFetchedFromALocalMirrorAndWritten) {
   ASSERT_NE(form, nullptr);
   Press(*form, "cmdGo");
   EXPECT_EQ(mirror.Calls("getFxRates"), 1);
-  EXPECT_THAT(calls_, Contains(std::string("GetCall GetCurrencyList '") + today + "'"));
+  EXPECT_THAT(calls_, Contains("GetCall GetCurrencyList '" + today + "'"));
   Press(*form, "cmdWrite");
 
   auto stored = [&](const std::string& code) {

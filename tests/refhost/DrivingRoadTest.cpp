@@ -35,20 +35,16 @@ TEST_F(DrivingRoadTest, HelpOpensTheFileUnderTheApplicationFolder) {
 // The history of a good sold today: the traffic row's menu offers it, and the
 // history opens when the module next lets events run.
 TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
-  const std::string good = ConcatText(
-      Stored("SELECT MIN(l.GoodID) FROM document_lines l JOIN goods g ON g.ID = l.GoodID"
-             " WHERE g.WithRest = 1"));
+  const std::string good =
+      StoredText("SELECT MIN(l.GoodID) FROM document_lines l JOIN goods g ON g.ID = l.GoodID"
+                 " WHERE g.WithRest = 1");
   host_.Database().Exec(
       "UPDATE documents SET OType = 'SALE', DocDate = date('now', 'localtime') WHERE ID ="
-      " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " +
-      good + ")");
-  auto card = OpenCard("O0000200" + good);
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  const int traffic = TabIndex(*sheet, "Traffic");
-  ListView* list = sheet->TabList("Traffic");
+      " (SELECT MIN(DocumentID) FROM document_lines WHERE GoodID = " + good + ")");
+  ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
+  ListView* list = sheet_->TabList("Traffic");
   list->ItemClick(list->ListItems().Item(1));
-  sheet->ListDoubleClick(traffic);
+  sheet_->ListDoubleClick(TabIndex(*sheet_, "Traffic"));
   ASSERT_GE(list->ListItems().Count(), 1);
   list->ItemClick(list->ListItems().Item(1));
 
@@ -57,12 +53,10 @@ TEST_F(DrivingRoadTest, AGoodsHistoryOpensWhenEventsRun) {
   Terminal().SetWindows(&host_.Windows());
   Terminal().SetModalRunner([&](Form& dialog) {
     dialogs.push_back(dialog.Caption());
-    auto* rows = dynamic_cast<ListView*>(dialog.FindControl("lswHistory"));
-    ASSERT_NE(rows, nullptr);
-    historyRows = rows->ListItems().Count();
+    historyRows = Control<ListView>(dialog, "lswHistory").ListItems().Count();
     Press(dialog, "cmdClose");
   });
-  RightClick(*sheet, "Traffic", {"Istorija"});
+  RightClick(*sheet_, "Traffic", {"Istorija"});
   EXPECT_TRUE(dialogs.empty());
   Terminal().DoEvents();
   EXPECT_EQ(dialogs, std::vector<std::string>{"Istorija"});

@@ -20,7 +20,7 @@ class FirmDetailsRoadTest : public RunningHost {
  protected:
   void SetUp() override {
     RunningHost::SetUp();
-    id_ = ConcatText(Stored("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0"));
+    id_ = StoredText("SELECT MIN(ID) FROM firms WHERE GroupFlag = 0");
     oidr_ = "O0000100" + id_;
   }
 
@@ -29,14 +29,11 @@ class FirmDetailsRoadTest : public RunningHost {
 };
 
 TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
-  auto card = OpenCard(oidr_);
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
+  ASSERT_NE(OpenSheet(oidr_), nullptr);
   for (const char* tab :
        {"Accounts", "FirmAddresses", "FirmContacts", "FirmServers", "FirmActivity", "Discounts"}) {
-    ListView* list = sheet->TabList(tab);
-    ASSERT_NE(list, nullptr) << tab;
-    EXPECT_GT(list->ListItems().Count(), 0) << tab;
+    ListView* list = sheet_->TabList(tab);
+    EXPECT_TRUE(list && list->ListItems().Count() > 0) << tab;
   }
   EXPECT_THAT(calls_, ::testing::IsSupersetOf({"GetCall GetAccounts " + oidr_,
                                                 "GetCall GetFirmADDRESSES " + oidr_,
@@ -44,33 +41,29 @@ TEST_F(FirmDetailsRoadTest, AFirmOpensWithItsTabsFilled) {
 
   // The long lists wait behind their placeholder until asked for.
   for (const char* tab : {"Traffic", "FirmContracts"}) {
-    ListView* list = sheet->TabList(tab);
-    ASSERT_NE(list, nullptr) << tab;
-    ASSERT_EQ(list->ListItems().Count(), 1) << tab;
+    ListView* list = sheet_->TabList(tab);
+    ASSERT_TRUE(list && list->ListItems().Count() == 1) << tab;
     EXPECT_EQ(list->ListItems().Item(1).Key(), "more");
     list->SetSelectedItem(&list->ListItems().Item(1));
-    sheet->OnListDoubleClick(TabIndex(*sheet, tab));
+    sheet_->OnListDoubleClick(TabIndex(*sheet_, tab));
     EXPECT_EQ(list->ListItems().Find("more"), nullptr) << tab;
   }
   EXPECT_THAT(calls_, Contains(HasSubstr("GetCall GetTraffic '" + oidr_ + "','")));
   // Contracts and the bold total row under them.
-  ListView* contracts = sheet->TabList("FirmContracts");
+  ListView* contracts = sheet_->TabList("FirmContracts");
   ASSERT_GE(contracts->ListItems().Count(), 2);
   const ListItem& total = contracts->ListItems().Item(contracts->ListItems().Count());
   EXPECT_TRUE(total.ListSubItems().Item(3).Bold());
 }
 
 TEST_F(FirmDetailsRoadTest, ANoteIsWrittenAndReadBack) {
-  auto card = OpenCard(oidr_);
+  auto card = OpenSheet(oidr_);
   ASSERT_NE(card, nullptr);
   Terminal().SetModalRunner([](Form& dialog) {
-    auto* text = dynamic_cast<TextBox*>(dialog.FindControl("txtInfo"));
-    auto* priority = dynamic_cast<ImageCombo*>(dialog.FindControl("imcPriority"));
-    auto* write = dynamic_cast<Button*>(dialog.FindControl("cmdWrite"));
-    ASSERT_TRUE(text && priority && write);
-    text->Edit("Skambinti 'ryte'");
-    priority->Pick(priority->ComboItems().Item(3));
-    write->Click();
+    Control<TextBox>(dialog, "txtInfo").Edit("Skambinti 'ryte'");
+    auto& priority = Control<ImageCombo>(dialog, "imcPriority");
+    priority.Pick(priority.ComboItems().Item(3));
+    Press(dialog, "cmdWrite");
   });
   auto* menu = dynamic_cast<Menu*>(card->FindControl("mnuFirmInfo"));
   ASSERT_TRUE(menu && menu->Find("mnuFirmInfoAdd"));
@@ -81,23 +74,18 @@ TEST_F(FirmDetailsRoadTest, ANoteIsWrittenAndReadBack) {
   EXPECT_EQ(Terminal().RunTimers(), 1);
   EXPECT_EQ(Terminal().RunTimers(), 0);
 
-  const std::string note =
-      "SELECT Info || '|' || Priority || '|' || COALESCE(DateTo, 'Null') FROM firm_info"
-      " WHERE FirmID = " +
-      id_ + " ORDER BY ID DESC";
-  EXPECT_EQ(ConcatText(Stored(note)), "Skambinti \"ryte\"|3|Null");
+  EXPECT_EQ(StoredText("SELECT Info || '|' || Priority || '|' || COALESCE(DateTo, 'Null') FROM"
+                       " firm_info WHERE FirmID = " + id_ + " ORDER BY ID DESC"),
+            "Skambinti \"ryte\"|3|Null");
   EXPECT_THAT(calls_, Contains(HasSubstr("ExecCall AddUpdateFirmInfo 0,'Skambinti \"ryte\"','")));
 
   // Read back into the list and the line over the tabs, in red.
-  const std::string key = ConcatText(Stored("SELECT MAX(ID) FROM firm_info")) + "K";
-  auto sheet = SheetOf(card);
-  ASSERT_NE(sheet, nullptr);
-  ASSERT_NE(sheet->TabList("FirmInfo")->ListItems().Find(key), nullptr);
-  auto* line = dynamic_cast<Label*>(card->FindControl("lblInfo"));
-  ASSERT_NE(line, nullptr);
-  EXPECT_TRUE(line->Visible());
-  EXPECT_THAT(line->Caption(), HasSubstr("Skambinti \"ryte\" ("));
-  EXPECT_EQ(line->ForeColor(), 0x0000FF);
+  const std::string key = StoredText("SELECT MAX(ID) FROM firm_info") + "K";
+  ASSERT_NE(sheet_->TabList("FirmInfo")->ListItems().Find(key), nullptr);
+  auto& line = Control<Label>(*card, "lblInfo");
+  EXPECT_TRUE(line.Visible());
+  EXPECT_THAT(line.Caption(), HasSubstr("Skambinti \"ryte\" ("));
+  EXPECT_EQ(line.ForeColor(), 0x0000FF);
 }
 
 }  // namespace

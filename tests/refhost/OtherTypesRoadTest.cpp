@@ -24,8 +24,6 @@ using ::testing::Not;
 // serves has a name.
 class OtherTypesRoadTest : public RunningHost {
  protected:
-  using Typed = std::vector<std::pair<std::string, std::string>>;
-
   // Selects the row of `key` in a tab and right-clicks it.
   void RightClick(FieldSheet& sheet, const std::string& tab, const std::string& key,
                   std::initializer_list<const char*> entries) {
@@ -33,14 +31,6 @@ class OtherTypesRoadTest : public RunningHost {
     ASSERT_NE(list, nullptr) << tab;
     list->SetSelectedItem(key.empty() ? nullptr : list->ListItems().Find(key));
     RunningHost::RightClick(sheet, tab, entries);
-  }
-
-  // Types into a card's sheet and presses Write.
-  void WriteCard(const std::shared_ptr<Form>& card, const Typed& typed) {
-    auto sheet = SheetOf(card);
-    ASSERT_NE(sheet, nullptr);
-    Fill(*sheet, typed);
-    Press(*card, "cmdEnter");
   }
 };
 
@@ -65,63 +55,45 @@ TEST_F(OtherTypesRoadTest, ABookRecordsCardIsHeadedByTheBooksName) {
                                       std::pair{"O00016021", " Įmonių tipai"}}) {
     auto card = OpenCard(oidr, "T");
     ASSERT_NE(card, nullptr) << oidr;
-    auto* panel = dynamic_cast<Panel*>(card->FindControl("SOPanel"));
-    ASSERT_NE(panel, nullptr);
-    EXPECT_EQ(panel->Caption(), heading);
+    EXPECT_EQ(Control<Panel>(*card, "SOPanel").Caption(), heading);
   }
 }
 
 // ---- a good's template row ----
-
-struct TemplateCase {
-  const char* name;
-  const char* templateId;  // SQL: the stock template typed into the row
-  bool written;
-};
-
-class TemplateRowTest : public OtherTypesRoadTest,
-                        public ::testing::WithParamInterface<TemplateCase> {};
-
 // The good inherits its group's sales template; its own is made by editing
-// that row.
-TEST_P(TemplateRowTest, ARowIsWrittenOnlyWithARealTemplate) {
-  const TemplateCase& c = GetParam();
-  const std::string good = ConcatText(
-      Stored("SELECT MIN(m.ID) FROM goods m JOIN goods_templates t ON t.GoodID = m.ParentID"
-             " WHERE m.GroupFlag = 0 AND t.GoodBRTemplateTypeID = 1"));
-  const std::string templateId = ConcatText(Stored(c.templateId));
-  auto card = OpenCard("O0000200" + good, "C");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  bool leftOpen = true;
-  Terminal().SetModalRunner([&](Form& dialog) {
-    auto* grid = dynamic_cast<FieldSheet*>(dialog.FindControl("OrvelGrid"));
-    ASSERT_NE(grid, nullptr);
-    EXPECT_TRUE(grid->EditText("BRTemplateID", templateId));
-    Press(dialog, "cmdEnter");
-    leftOpen = dialog.Visible();
-  });
-  RightClick(*sheet, "BRTemplates", "O00008001", {"Redaguoti"});
-
-  EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0201600" + templateId + "'"));
-  EXPECT_EQ(leftOpen, !c.written);
-  EXPECT_EQ(Said("Blogas šablonas!"), !c.written);
-  EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods_templates WHERE GoodID = " + good +
-                        " AND BRTemplateID = " + templateId)),
-            c.written ? 1 : 0);
-  // The row is the good's own once written: it carries its record's OIDR.
-  const ListItem* row = sheet->TabList("BRTemplates")->ListItems().Find("O00008001");
-  ASSERT_NE(row, nullptr);
-  EXPECT_EQ(row->Tag().IsNull(), !c.written);
+// that row, only with a real stock template (the SQL gives the one typed).
+TEST_F(OtherTypesRoadTest, ATemplateRowIsWrittenOnlyWithARealTemplate) {
+  const std::string good =
+      StoredText("SELECT MIN(m.ID) FROM goods m JOIN goods_templates t ON t.GoodID = m.ParentID"
+                 " WHERE m.GroupFlag = 0 AND t.GoodBRTemplateTypeID = 1");
+  for (const auto& [sql, written] :
+       std::vector<std::pair<const char*, bool>>{
+           {"SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 1", false},
+           {"SELECT MAX(ID) + 1 FROM br_templates", false},
+           {"SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 0", true}}) {
+    SCOPED_TRACE(sql);
+    prompter_.said.clear();
+    const std::string templateId = StoredText(sql);
+    ASSERT_NE(OpenSheet("O0000200" + good), nullptr);
+    bool leftOpen = true;
+    Terminal().SetModalRunner([&](Form& dialog) {
+      EXPECT_TRUE(Control<FieldSheet>(dialog, "OrvelGrid").EditText("BRTemplateID", templateId));
+      Press(dialog, "cmdEnter");
+      leftOpen = dialog.Visible();
+    });
+    RightClick(*sheet_, "BRTemplates", "O00008001", {"Redaguoti"});
+    EXPECT_THAT(calls_, Contains("GetCall Orvel_ReadObject 'O0201600" + templateId + "'"));
+    EXPECT_EQ(std::to_string(leftOpen) + std::to_string(Said("Blogas šablonas!")),
+              written ? "00" : "11");
+    EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM goods_templates WHERE GoodID = " + good +
+                          " AND BRTemplateID = " + templateId)),
+              written ? 1 : 0);
+    // The row is the good's own once written: it carries its record's OIDR.
+    const ListItem* row = sheet_->TabList("BRTemplates")->ListItems().Find("O00008001");
+    ASSERT_NE(row, nullptr);
+    EXPECT_EQ(row->Tag().IsNull(), !written);
+  }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Templates, TemplateRowTest,
-    ::testing::Values(
-        TemplateCase{"Template", "SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 0", true},
-        TemplateCase{"Group", "SELECT MIN(ID) FROM br_templates WHERE GroupFlag = 1", false},
-        TemplateCase{"Missing", "SELECT MAX(ID) + 1 FROM br_templates", false}),
-    [](const auto& info) { return std::string(info.param.name); });
 
 // ---- a firm's discount ----
 
@@ -129,48 +101,46 @@ class DiscountRoadTest : public OtherTypesRoadTest {
  protected:
   void SetUp() override {
     OtherTypesRoadTest::SetUp();
-    firm_ = ConcatText(Stored("SELECT MIN(FirmID) FROM firm_discounts f JOIN firms ON"
-                              " firms.ID = f.FirmID WHERE firms.GroupFlag = 0"));
+    firm_ = StoredText("SELECT MIN(FirmID) FROM firm_discounts f JOIN firms ON"
+                       " firms.ID = f.FirmID WHERE firms.GroupFlag = 0");
   }
   std::string firm_;
 };
 
 TEST_F(DiscountRoadTest, ADiscountIsCreatedChangedAndDeletedFromTheFirmsCard) {
-  auto firmCard = OpenCard("O0000100" + firm_);
-  auto sheet = SheetOf(firmCard);
-  ASSERT_TRUE(firmCard && sheet);
+  auto firmCard = OpenSheet("O0000100" + firm_);
+  ASSERT_NE(firmCard, nullptr);
 
-  RightClick(*sheet, "Discounts", "", {"Sukurti naują"});
+  RightClick(*sheet_, "Discounts", "", {"Sukurti naują"});
   EXPECT_THAT(calls_, Contains("GetCall Orvel_NewObject 'O1000600'"));
   auto card = std::dynamic_pointer_cast<Form>(host_.Windows().OpenWindows().back().window);
-  ASSERT_NE(card, nullptr);
-  ASSERT_NE(card, firmCard);
-  EXPECT_EQ(dynamic_cast<Panel*>(card->FindControl("SOPanel"))->Caption(), " Nuolaidos");
-  WriteCard(card, {{"DiscountTypeName", "Akcija"}, {"Percent", "7,5"}});
+  ASSERT_TRUE(card && card != firmCard);
+  EXPECT_EQ(Control<Panel>(*card, "SOPanel").Caption(), " Nuolaidos");
+  Write(card, {{"DiscountTypeName", "Akcija"}, {"Percent", "7,5"}});
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O1000600',''"));
-  const std::string id = ConcatText(Stored("SELECT MAX(ID) FROM firm_discounts"));
+  const std::string id = StoredText("SELECT MAX(ID) FROM firm_discounts");
   const std::string oidr = "O1000600" + id;
-  EXPECT_EQ(ConcatText(Stored("SELECT FirmID || '|' || Name FROM firm_discounts WHERE ID = " + id)),
+  EXPECT_EQ(StoredText("SELECT FirmID || '|' || Name FROM firm_discounts WHERE ID = " + id),
             firm_ + "|Akcija 7,5%");
   EXPECT_EQ(card->Caption(), "Nuolaidos: Akcija 7,5%");
   EXPECT_NE(host_.Windows().Window(oidr), nullptr);  // the card moved to its record
   Press(*card, "SSCClose");
   EXPECT_EQ(host_.Windows().Window(oidr), nullptr);
 
-  RightClick(*sheet, "Discounts", "", {"Atnaujinti"});
-  ListView* list = sheet->TabList("Discounts");
+  RightClick(*sheet_, "Discounts", "", {"Atnaujinti"});
+  ListView* list = sheet_->TabList("Discounts");
   ASSERT_NE(list->ListItems().Find(oidr), nullptr);
   EXPECT_EQ(list->ListItems().Find(oidr)->ListSubItems().Item(2).Text(), "7,5%");
 
-  RightClick(*sheet, "Discounts", oidr, {"Redaguoti"});
+  RightClick(*sheet_, "Discounts", oidr, {"Redaguoti"});
   auto again = std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr));
   ASSERT_NE(again, nullptr);
-  WriteCard(again, {{"Percent", "10"}});
+  Write(again, {{"Percent", "10"}});
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O1000600','" + oidr + "'"));
   EXPECT_EQ(Stored("SELECT Percent FROM firm_discounts WHERE ID = " + id), Variant(10.0));
   Press(*again, "SSCClose");
 
-  RightClick(*sheet, "Discounts", oidr, {"Panaikinti", "Taip"});
+  RightClick(*sheet_, "Discounts", oidr, {"Panaikinti", "Taip"});
   EXPECT_THAT(calls_, Contains("ExecCall Orvel_DeleteObject '" + oidr + "'"));
   EXPECT_EQ(CLng(Stored("SELECT COUNT(*) FROM firm_discounts WHERE ID = " + id)), 0);
   EXPECT_EQ(list->ListItems().Find(oidr), nullptr);
@@ -194,7 +164,7 @@ TEST_F(DiscountRoadTest, ABadDiscountIsRefusedWithItsReasonAndTheCardKeepsIt) {
     ASSERT_NE(window, nullptr);
     host_.Windows().ShowWindow(window);
     auto card = std::dynamic_pointer_cast<Form>(window);
-    WriteCard(card, typed);
+    Write(card, typed);
     EXPECT_TRUE(Said(std::string("Klaida!\n\n")));
     EXPECT_TRUE(Said(reason)) << reason;
     EXPECT_EQ(Stored("SELECT COUNT(*) FROM firm_discounts"), before);
@@ -214,14 +184,13 @@ TEST_F(OtherTypesRoadTest, ARecordThatOnlyShowsOpensFromItsMenuAndTakesNoTyping)
            {"O1001000", "firm_contracts", "ContractNumber"},
            {"O0201600", "br_templates", "Name"},
            {"O1000200", "document_groups", "Name"}}) {
-    const std::string oidr = oid + ConcatText(Stored("SELECT MIN(ID) FROM " + from));
-    auto card = OpenCard(oidr);
+    const std::string oidr = oid + StoredText("SELECT MIN(ID) FROM " + from);
+    auto card = OpenSheet(oidr);
+    ASSERT_NE(card, nullptr) << oidr;
     EXPECT_EQ(std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr)), card);
-    auto sheet = SheetOf(card);
-    ASSERT_TRUE(card && sheet) << oidr;
     const std::string shown = std::string("SELECT ") + field + " FROM " + from + " ORDER BY ID";
-    EXPECT_EQ(sheet->Text(field), ConcatText(Stored(shown)));
-    EXPECT_FALSE(sheet->EditText(field, "x"));
+    EXPECT_EQ(sheet_->Text(field), StoredText(shown));
+    EXPECT_FALSE(sheet_->EditText(field, "x"));
     EXPECT_FALSE(card->FindControl("cmdEnter")->Visible());
     EXPECT_NE(host_.Objects().GetOrvelObjectUI(oidr)->DeleteOrvelObject(oidr), 0);
   }
@@ -234,22 +203,20 @@ TEST_F(OtherTypesRoadTest, AFirmsDocumentRowOpensItsDocument) {
   HostPeriod period = HostPeriod::Load(environment, LocalToday());
   period.daysBack = 3650;
   period.Save(environment);
-  const std::string firm =
-      ConcatText(Stored("SELECT MIN(FirmID) FROM documents WHERE OType = 'O1000100'"));
-  auto firmCard = OpenCard("O0000100" + firm);
-  ASSERT_NE(firmCard, nullptr);
-  auto sheet = SheetOf(firmCard);
-  ListView* list = sheet->TabList("Traffic");
+  ASSERT_NE(OpenSheet("O0000100" +
+                      StoredText("SELECT MIN(FirmID) FROM documents WHERE OType = 'O1000100'")),
+            nullptr);
+  ListView* list = sheet_->TabList("Traffic");
   ASSERT_NE(list, nullptr);
   list->SetSelectedItem(&list->ListItems().Item(1));
-  sheet->OnListDoubleClick(TabIndex(*sheet, "Traffic"));  // the real list for "more"
+  sheet_->OnListDoubleClick(TabIndex(*sheet_, "Traffic"));  // the real list for "more"
   std::string oidr;
   for (int i = 1; i <= list->ListItems().Count(); ++i) {
     const std::string key = list->ListItems().Item(i).Key();
     if (key.rfind("O1000100", 0) == 0) oidr = key;
   }
   ASSERT_FALSE(oidr.empty());
-  RightClick(*sheet, "Traffic", oidr, {"Padėti ant darbo stalo"});
+  RightClick(*sheet_, "Traffic", oidr, {"Padėti ant darbo stalo"});
   auto card = std::dynamic_pointer_cast<Form>(host_.Windows().Window(oidr));
   ASSERT_NE(card, nullptr);
   EXPECT_THAT(card->Caption(), HasSubstr("Dokumentai: "));

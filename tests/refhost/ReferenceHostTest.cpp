@@ -39,12 +39,10 @@ TEST_F(ReferenceHostTest, RegistersTheCatalogueAndListsTheBanks) {
 }
 
 TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {
-  auto card = OpenCard("O00003003", "C");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  EXPECT_EQ(sheet->Text("Name"), "AB Šiaulių bankas");
-  ASSERT_TRUE(sheet->EditText("SWIFT", "CBSBLT26XXX"));
-  Press(*card, "cmdEnter");
+  auto card = OpenSheet("O00003003");
+  ASSERT_NE(card, nullptr);
+  EXPECT_EQ(sheet_->Text("Name"), "AB Šiaulių bankas");
+  Write(card, {{"SWIFT", "CBSBLT26XXX"}});
   EXPECT_EQ(Stored("SELECT SWIFT FROM banks WHERE ID = 3"), Variant("CBSBLT26XXX"));
   EXPECT_EQ(Stored("SELECT UpdatedByUser FROM banks WHERE ID = 3"), Variant("admin"));
   EXPECT_THAT(calls_, Contains("ExecArrayCall Orvel_SaveObject 'O0000300','O00003003'"));
@@ -54,8 +52,7 @@ TEST_F(ReferenceHostTest, ABankIsEditedWrittenAndReadBackFromTheDatabase) {
 TEST_F(ReferenceHostTest, DeletingARecordAsksAndRemovesItsRow) {
   auto banks = host_.Objects().GetOrvelObjectUI("O0000300");
   prompter_.answers = {"Gerai"};
-  auto result = banks->ClickMenu("O00003006", "C", "6", "");
-  EXPECT_EQ(result.Action, OrvelMenuResult::kRemoved);
+  EXPECT_EQ(banks->ClickMenu("O00003006", "C", "6", "").Action, OrvelMenuResult::kRemoved);
   EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(0));
 }
 
@@ -66,12 +63,10 @@ TEST_F(ReferenceHostTest, AReferenceBookRecordIsEditedOnItsCard) {
   ASSERT_NE(books, nullptr);
   EXPECT_EQ(books->RecordCount(), 6);
 
-  auto card = OpenCard("O00016053", "T");
-  auto sheet = SheetOf(card);
-  ASSERT_TRUE(card && sheet);
-  EXPECT_EQ(sheet->Text("Name"), "Parduotuvės");
-  ASSERT_TRUE(sheet->EditText("Name", "Parduotuvės ir kioskai"));
-  Press(*card, "cmdEnter");
+  auto card = OpenSheet("O00016053", "T");
+  ASSERT_NE(card, nullptr);
+  EXPECT_EQ(sheet_->Text("Name"), "Parduotuvės");
+  Write(card, {{"Name", "Parduotuvės ir kioskai"}});
   EXPECT_EQ(Stored("SELECT Name FROM book_locations WHERE ID = 3"),
             Variant("Parduotuvės ir kioskai"));
   EXPECT_THAT(calls_, Contains("GetCall GetStructure "));

@@ -6,6 +6,7 @@
 #include <deque>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "TempDatabase.h"
@@ -26,6 +27,9 @@
 #include "ui/Form.h"
 
 namespace orvel {
+
+// Texts typed into fields, by the field's name.
+using Typed = std::vector<std::pair<std::string, std::string>>;
 
 // Answers from a list, keeps what was said.
 class AnsweringPrompter : public Prompter {
@@ -73,6 +77,14 @@ class RunningHost : public ::testing::Test {
     return std::dynamic_pointer_cast<Form>(window);
   }
 
+  // Opens a card as OpenCard does, its field sheet in sheet_: null unless both are there.
+  std::shared_ptr<Form> OpenSheet(const std::string& oidr, const std::string& otype = "C",
+                                  const std::string& entry = "0") {
+    auto card = OpenCard(oidr, otype, entry);
+    sheet_ = SheetOf(card);
+    return sheet_ ? card : nullptr;
+  }
+
   // The terminal front end the host runs with here (modal dialogs are run by
   // the test through its modal runner).
   TerminalUi& Terminal() { return dynamic_cast<TerminalUi&>(host_.Ui()); }
@@ -83,6 +95,7 @@ class RunningHost : public ::testing::Test {
   }
 
   Variant Stored(const std::string& sql) { return FirstValue(host_.Database(), sql); }
+  std::string StoredText(const std::string& sql) { return ConcatText(Stored(sql)); }
 
   static int TabIndex(FieldSheet& sheet, const std::string& key) {
     for (size_t i = 0; i < sheet.Tabs().size(); ++i) {
@@ -99,11 +112,26 @@ class RunningHost : public ::testing::Test {
   }
 
   // Types each text into its field of the sheet; every one must be taken.
-  static void Fill(FieldSheet& sheet,
-                   const std::vector<std::pair<std::string, std::string>>& typed) {
+  static void Fill(FieldSheet& sheet, const Typed& typed) {
     for (const auto& [name, text] : typed) {
       EXPECT_TRUE(sheet.EditText(name, text)) << name << ": " << sheet.LastError();
     }
+  }
+
+  // Types into a card's sheet and presses its Write.
+  void Write(const std::shared_ptr<Form>& card, const Typed& typed) {
+    auto sheet = SheetOf(card);
+    ASSERT_NE(sheet, nullptr);
+    Fill(*sheet, typed);
+    Press(*card, "cmdEnter");
+  }
+
+  // The form's control of that name and type.
+  template <class T>
+  static T& Control(Form& form, const char* name) {
+    auto* control = dynamic_cast<T*>(form.FindControl(name));
+    EXPECT_NE(control, nullptr) << name;
+    return *control;
   }
 
   // A click on one of the form's buttons.
@@ -123,6 +151,7 @@ class RunningHost : public ::testing::Test {
   AnsweringPrompter prompter_;
   ReferenceHost host_{prompter_};
   std::vector<std::string> calls_;
+  std::shared_ptr<FieldSheet> sheet_;
 };
 
 }  // namespace orvel
