@@ -463,41 +463,93 @@ TEST_F(FirmDebtTest, GroupsAskNothingAndMissingLimitsKeepTheirValues) {
 
 const char* const kCheckCode = "GetCall CheckCode 'O00001002','302245871'";
 
-// Every other change is written, and the user is told nothing.
-// Each row: the rights CCatalogueCredits and CFirmsCH, the count of documents
-// ("" an answer without a record, telling of none) and the name and group
-// after the write.
-TEST_F(FirmCardTest, RightsDecideWhetherNameAndGroupChange) {
+// The object that showed a window; it fails to unload, being gone already.
+class ShowHostSpy : public OrvelShowObject {
+ public:
+  void UnloadShowOrvelObject() override {
+    ++unloads;
+    throw std::runtime_error("already gone");
+  }
+  int unloads = 0;
+};
+
+// Firm 2 renamed "UAB Kitas", moved to group 4 and made inactive, then
+// written. The rights CCatalogueCredits and CFirmsCH decide whether a firm
+// used in documents is renamed and moved; only the CFirmsCode right and a Yes
+// write a repeated code (a host answering Yes to an OK box still cannot); a
+// failed call leaves the stored record, and the window keeps the edits unless
+// the record was changed meanwhile (60000) and read again. The object that
+// showed the window is told once and let go when the write is tried, whether
+// it fails or not; an early stop keeps it. Each row: the rights taken away
+// (C credits, R rename, K code, U the update right), the count of documents
+// ("" an answer without a record), the call that fails and its number
+// ("repeats" CheckCode finding the code), the answer to the one box, the
+// stored "name|group|active", the window's name and Write, Cancel and New,
+// and how many of the four calls were made.
+TEST_F(FirmCardTest, WritingFollowsRightsAndFailures) {
   const auto firm = BO("O0000100").Table().ReadRecord(2);
-  for (const auto& [name, credits, rename, count, stored] :
-       {std::tuple{"NeitherRight", false, false, "3", "UAB Šilas|1"},
-        {"CreditsMoveButDoNotRename", true, false, "1", "UAB Šilas|4"},
-        {"RenameRightDoesBoth", false, true, "1", "UAB Kitas|4"},
-        {"BothRights", true, true, "12.5", "UAB Kitas|4"},
-        {"NotUsedNeedsNoRight", false, false, "0", "UAB Kitas|4"},
-        {"NegativeCountIsNotUsed", false, false, "-1", "UAB Kitas|4"},
-        {"NullCountIsNotUsed", false, false, "~", "UAB Kitas|4"},
-        {"CountAsText", false, false, "#2", "UAB Šilas|1"},
-        {"NoRecordIsNotUsed", false, false, "", "UAB Kitas|4"}}) {
-    SCOPED_TRACE(name);
+  const std::map<char, std::pair<const char*, Right>> rights{
+      {'C', {"CCatalogueCredits", Right::Allowed}}, {'R', {"CFirmsCH", Right::Allowed}},
+      {'K', {"CFirmsCode", Right::Allowed}}, {'U', {"CFirms", Right::Update}}};
+  const Lines calls{kCheckCode, "GetCall GetFirmIsUsedInDocuments O00001002",
+                    "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'",
+                    "GetCall Orvel_ReadObject 'O00001002'"};
+  const char* const ask = "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?";
+  const char* const tell = "48 Apskaita Įmonės kodas kartojasi!";
+  const char* const failed = "16 Apskaita Klaida!\n\nĮrašo negalima išsaugoti";
+  const char* const kept = "UAB Šilas|1|";
+  const char* const moved = "UAB Kitas|4|False";
+  for (const auto& [denied, count, failing, number, answer, box, stored, shown, made] :
+       {std::tuple{"CR", "3", "", 0, 0, "", "UAB Šilas|1|False", "UAB Šilas 001", 4},
+        {"R", "1", "", 0, 0, "", "UAB Šilas|4|False", "UAB Šilas 001", 4},
+        {"C", "1", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"", "12.5", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"CR", "0", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"CR", "-1", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"CR", "~", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"CR", "#2", "", 0, 0, "", "UAB Šilas|1|False", "UAB Šilas 001", 4},
+        {"CR", "", "", 0, 0, "", moved, "UAB Kitas 001", 4},
+        {"", "0", "repeats", 0, vbNo, ask, kept, "UAB Kitas 110", 1},
+        {"K", "0", "repeats", 0, vbOK, tell, kept, "UAB Kitas 110", 1},
+        {"K", "0", "repeats", 0, vbYes, tell, kept, "UAB Kitas 110", 1},
+        {"", "0", "repeats", 0, vbYes, ask, moved, "UAB Kitas 001", 4},
+        {"", "0", "CheckCode", 3, 0, "", kept, "UAB Kitas 110", 1},
+        {"", "0", "GetFirmIsUsedInDocuments", 3, 0, "", kept, "UAB Kitas 111", 2},
+        {"", "0", "Orvel_SaveObject", 5, vbOK, failed, kept, "UAB Kitas 111", 3},
+        {"U", "0", "Orvel_SaveObject", 5, vbOK, failed, kept, "UAB Kitas 001", 3},
+        {"", "0", "Orvel_SaveObject", 60000, vbOK, failed, kept, "UAB Šilas 001", 4}}) {
+    SCOPED_TRACE(std::string(denied) + " " + count + " " + failing + " " + std::to_string(answer));
     host_.Rights()->GrantAll();
-    if (!credits) host_.Rights()->Deny("CCatalogueCredits", Right::Allowed);
-    if (!rename) host_.Rights()->Deny("CFirmsCH", Right::Allowed);
-    Reply("GetFirmIsUsedInDocuments", "Cnt", count);
+    for (const char* d = denied; *d; ++d) {
+      host_.Rights()->Deny(rights.at(*d).first, rights.at(*d).second);
+    }
+    BO("O0000100").ClearFailures();
+    BO("O0000100").ClearScripts();
     BO("O0000100").Table().Store(2, *firm);
+    Reply("GetFirmIsUsedInDocuments", "Cnt", count);
+    if (std::string(failing) == "repeats") CodeRepeats();
+    auto spy = std::make_shared<ShowHostSpy>();
     auto w = Open("O00001002");
+    w->ShowHost = spy;
     Grid(*w).EditField("Name", Variant("UAB Kitas"));
     Grid(*w).EditField("ParentID", Variant(4));
     Grid(*w).TypeIntoField("Active", Variant(false));  // committed by the click
+    w->SSCNew.SetEnabled(false);
+    if (number) BO("O0000100").FailCallsNamed(failing, number, "Įrašo negalima išsaugoti");
+    if (answer) host_.Ui()->QueueAnswer(answer);
     w->cmdEnter_Click();
-    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")), stored);
-    EXPECT_EQ(Stored(2, "Active"), Variant(false));
-    EXPECT_TRUE(host_.Ui()->Boxes().empty());
-    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Stored(2, "Name"));
-    // The object reads itself again after a write.
-    EXPECT_EQ(BusinessLines(), (Lines{kCheckCode, "GetCall GetFirmIsUsedInDocuments O00001002",
-                                      "ExecArrayCall Orvel_SaveObject 'O0000100','O00001002'",
-                                      "GetCall Orvel_ReadObject 'O00001002'"}));
+    EXPECT_EQ(Boxes(), *box ? Lines{box} : Lines{});
+    EXPECT_EQ(ConcatText(Stored(2, "Name")) + "|" + ConcatText(Stored(2, "ParentID")) + "|" +
+                  ConcatText(Stored(2, "Active")),
+              stored);
+    EXPECT_EQ(CStr(w->OrvelObjectUIO()->Fields("Name").Value()) + " " + Buttons(*w), shown);
+    Lines lines = BusinessLines();  // a record read again reloads its lists after these
+    lines.resize(std::min<size_t>(lines.size(), 4));
+    EXPECT_EQ(lines, Lines(calls.begin(), calls.begin() + made));
+    EXPECT_EQ(Join(host_.Log().Lines(Channel::Window), "|"),
+              made == 4 && !number ? "ObjectSaved O00001002" : "");
+    EXPECT_EQ(spy->unloads, made > 2 ? 1 : 0);
+    EXPECT_EQ(w->ShowHost, made > 2 ? nullptr : spy);
   }
 }
 
@@ -523,33 +575,6 @@ TEST_F(FirmCardTest, AnUnreadableCountIsShownAndTheRuleRunsForANewFirm) {
   EXPECT_TRUE(Stored(5, "ParentID").IsNull());
   EXPECT_EQ(Stored(5, "Name"), Variant());
   EXPECT_EQ(BusinessLines()[0], "GetCall GetFirmIsUsedInDocuments");
-}
-
-// Only the right and a Yes write a repeated code; a host answering Yes to an
-// OK box still cannot write it.
-TEST_F(FirmCardTest, OnlyTheRightAndAYesWriteARepeatedCode) {
-  const char* const ask = "52 Apskaita Įmonės kodas kartojasi!\nĮrašyti informacija?";
-  const char* const tell = "48 Apskaita Įmonės kodas kartojasi!";
-  for (const auto& [right, answer, box, written] : {std::tuple{true, vbNo, ask, false},
-                                                    {false, vbOK, tell, false},
-                                                    {false, vbYes, tell, false},
-                                                    {true, vbYes, ask, true}}) {
-    SCOPED_TRACE(std::string(box) + " " + std::to_string(answer));
-    host_.Rights()->GrantAll();
-    if (!right) host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-    CodeRepeats();
-    auto w = Open("O00001002");
-    Grid(*w).EditField("Name", Variant("UAB Kitas"));
-    host_.Ui()->QueueAnswer(answer);
-    w->cmdEnter.Click();  // the button runs the firm's rules
-    EXPECT_EQ(Boxes(), Lines{box});
-    EXPECT_EQ(Stored(2, "Name"), Variant(written ? "UAB Kitas" : "UAB Šilas"));
-    EXPECT_EQ(w->cmdEnter.Enabled(), !written);
-    if (!written) {
-      EXPECT_EQ(BusinessLines(), Lines{kCheckCode});
-      EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("UAB Kitas"));
-    }
-  }
 }
 
 // Only a firm's non-blank code is checked (the call, "" when none is made),
@@ -579,46 +604,6 @@ TEST_F(FirmCardTest, OnlyAFirmsNonBlankCodeIsCheckedAndGoesAsTyped) {
   }
 }
 
-// A failed call leaves the stored name; the window keeps the edits unless
-// the record was changed by someone else meanwhile (60000) and read again.
-// Each row: the call that fails, its number, the update right, the one box,
-// the window's name and its Write, Cancel and New buttons afterwards.
-TEST_F(FirmCardTest, AFailedWriteShowsWhatSurvives) {
-  const char* const failed = "16 Apskaita Klaida!\n\nĮrašo negalima išsaugoti";
-  for (const auto& [failing, number, canUpdate, box, shown, buttons] :
-       {std::tuple{"CheckCode", 3, true, "", "UAB Kitas", "110"},
-        {"GetFirmIsUsedInDocuments", 3, true, "", "UAB Kitas", "111"},
-        {"Orvel_SaveObject", 5, true, failed, "UAB Kitas", "111"},
-        {"Orvel_SaveObject", 5, false, failed, "UAB Kitas", "001"},
-        {"Orvel_SaveObject", 60000, true, failed, "UAB Šilas", "001"}}) {
-    SCOPED_TRACE(std::string(failing) + " " + std::to_string(number) + std::to_string(canUpdate));
-    host_.Rights()->GrantAll();
-    BO("O0000100").ClearFailures();
-    if (!canUpdate) host_.Rights()->Deny("CFirms", Right::Update);
-    auto w = Open("O00001002");
-    Grid(*w).EditField("Name", Variant("UAB Kitas"));
-    w->SSCNew.SetEnabled(false);
-    BO("O0000100").FailCallsNamed(failing, number, "Įrašo negalima išsaugoti");
-    if (*box) host_.Ui()->QueueAnswer(vbOK);
-    w->cmdEnter_Click();
-    EXPECT_EQ(Boxes(), *box ? Lines{box} : Lines{});
-    EXPECT_EQ(Stored(2, "Name"), Variant("UAB Šilas"));
-    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant(shown));
-    EXPECT_EQ(Buttons(*w), buttons);
-    EXPECT_TRUE(host_.Log().Lines(Channel::Window).empty());
-  }
-}
-
-// The object that showed a window; it fails to unload, being gone already.
-class ShowHostSpy : public OrvelShowObject {
- public:
-  void UnloadShowOrvelObject() override {
-    ++unloads;
-    throw std::runtime_error("already gone");
-  }
-  int unloads = 0;
-};
-
 TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
   auto w = Open("O00001001", "1");
   ASSERT_TRUE(w->IsNew);
@@ -631,28 +616,6 @@ TEST_F(FirmCardTest, ANewFirmWrittenBecomesStoredAndTellsTheHost) {
   EXPECT_EQ(BusinessLines(), (Lines{"GetCall GetFirmIsUsedInDocuments",
                                     "ExecArrayCall Orvel_SaveObject 'O0000100',''",
                                     "GetCall Orvel_ReadObject 'O00001005'"}));
-}
-
-// The object that showed the window is told once and let go, whether the
-// write fails or not (its own failure is not the window's); an early stop
-// keeps it.
-TEST_F(FirmCardTest, TheObjectThatShowedTheWindowIsToldOnceAndLetGo) {
-  for (const char* how : {"fails", "writes", "stops"}) {
-    SCOPED_TRACE(how);
-    const std::string end = how;
-    auto spy = std::make_shared<ShowHostSpy>();
-    auto w = Open("O00001002");
-    w->ShowHost = spy;
-    if (end == "fails") BO("O0000100").FailCallsNamed("Orvel_SaveObject", 5, "Klaida");
-    if (end == "stops") CodeRepeats();
-    if (end == "stops") host_.Rights()->Deny("CFirmsCode", Right::Allowed);
-    if (end != "writes") host_.Ui()->QueueAnswer(vbOK);
-    w->cmdEnter_Click();
-    EXPECT_EQ(spy->unloads, end == "stops" ? 0 : 1);
-    EXPECT_EQ(w->ShowHost, end == "stops" ? spy : nullptr);
-    EXPECT_EQ(host_.Ui()->Boxes().size(), end == "writes" ? 0u : 1u);
-    BO("O0000100").ClearFailures();
-  }
 }
 
 // Cancel of a new firm keeps it in its group, or at the top with no group.
