@@ -387,7 +387,8 @@ TEST_F(FirmDebtTest, TextColourAndCreditLine) {
     const auto& pointers = host_.Ui()->MousePointers();
     EXPECT_THAT(std::vector<int32_t>(pointers.begin() + before, pointers.end()),
                 ElementsAre(vbHourglass, vbDefault));
-    EXPECT_EQ(w->lblDebt.Caption() + "|" + w->lblCredit.Caption(), std::string(c.debt) + "|" + c.credit);
+    EXPECT_EQ(w->lblDebt.Caption() + "|" + w->lblCredit.Caption(),
+              std::string(c.debt) + "|" + c.credit);
     EXPECT_EQ(w->lblDebt.ForeColor(), c.red ? vbRed : vbBlack);
     EXPECT_EQ(w->lblCredit.ForeColor(), vbBlack);
     EXPECT_EQ(BusinessLines(), Lines{"GetCall GetFirmDebt O00001002"});
