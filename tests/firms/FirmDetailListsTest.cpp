@@ -441,35 +441,14 @@ std::string Describe(frmFirmInfo& d) {
          std::to_string(d.txtInfo.ForeColor()) + "/" + std::to_string(d.lblColor.ForeColor());
 }
 
-class FrmFirmInfoTest : public FirmCardTest {
- protected:
-  // The firm's notes as the business layer lists them, a line a note.
-  void Notes(const std::string& rows) {
-    Reply("GetFirmInfo", "ID Info DateFrom DateTo UserName Priority", rows);
-  }
-
-  // Opens the note of list row `key` ("" for a new note) with `script`
-  // playing the user; returns the window.
-  std::shared_ptr<frmFirms> Edit(const std::string& key, std::function<void(frmFirmInfo&)> script) {
-    auto w = Open(kFirm);
-    if (!key.empty()) {
-      ListView& list = Grid(*w).TabList("FirmInfo");
-      list.SetSelectedItem(list.ListItems().Find(key));
-    }
-    host_.Ui()->QueueModal(
-        [script = std::move(script)](Form& form) { script(dynamic_cast<frmFirmInfo&>(form)); });
-    w->EditFirmInfo(key.empty());
-    return w;
-  }
-
-  Lines Writes() { return Calls("AddUpdateFirmInfo"); }
-  size_t Reads() { return Calls("GetFirmInfo").size(); }
-};
+using FrmFirmInfoTest = FirmDetailListsTest;
 
 // A new note starts today without an end; the start bounds the end and, moved
 // past it, moves it along. It is written under ID 0, and the list is read again.
 TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayAndItsStartBoundsTheEnd) {
-  Edit("", [](frmFirmInfo& dialog) {
+  auto w = Open(kFirm);
+  host_.Ui()->QueueModal([](Form& form) {
+    auto& dialog = dynamic_cast<frmFirmInfo&>(form);
     EXPECT_EQ(dialog.Caption(), "Įmonės informacija");
     EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
     ASSERT_EQ(dialog.imcPriority.ComboItems().Count(), 3);
@@ -485,64 +464,57 @@ TEST_F(FrmFirmInfoTest, ANewNoteStartsTodayAndItsStartBoundsTheEnd) {
     EXPECT_TRUE(dialog.dtpDateFrom.Pick(DayOf(2026, 11, 1)));  // the end stays
     dialog.cmdWrite.Click();
   });
-  EXPECT_THAT(Writes(), ElementsAre("0,'Skambinti \"rytoj\"','20261101','20270110',2,1,2"));
-  EXPECT_EQ(Reads(), 1u);
+  w->EditFirmInfo(true);
+  EXPECT_THAT(Calls("AddUpdateFirmInfo"),
+              ElementsAre("0,'Skambinti \"rytoj\"','20261101','20270110',2,1,2"));
+  EXPECT_EQ(Calls("GetFirmInfo").size(), 1u);
 }
 
-TEST_F(FrmFirmInfoTest, AStoredNoteOpensInItsPriorityAndColour) {
+// A stored note opens in its priority and colour. One another user removed
+// meanwhile ("gone") opens as a new one. Cancel writes and reloads nothing; a
+// failed write still closes as saved, and reloads. Each row: the notes, the
+// row opened ("" a new note), the text typed, whether it is written, the
+// dialog as opened and closed, the write and the reads (the dialog reads a
+// stored note itself).
+TEST_F(FrmFirmInfoTest, TheDialogOpensTheNoteAndWritesIt) {
+  const std::string stored = "17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|";
+  const std::string old = "17|Mokėjimai vėluoja|2026-01-05|2026-12-31|";
+  const std::string blank = "0||2026-11-23||Svarbi informacija|0/0";
   host_.User()->SetRs(TextRecords("ID", "3"));
-  for (const auto& [priority, shown] :
-       {std::pair{1, "Svarbi informacija|0/0"},
-        {2, "Ypatingai svarbi informacija|16711680/16711680"},  // blue
-        {3, "Įspėjamoji informacija|255/255"}}) {                // red
-    const std::string level = std::to_string(priority);
-    Notes("17|Mokėjimai vėluoja|@2026-01-05|@2026-12-31|admin|" + level +
-          "\n18|Kita|@2026-02-01|~|admin|1");
-    Edit("17K", [&, shown = shown](frmFirmInfo& dialog) {
-      EXPECT_EQ(Describe(dialog),
-                std::string("17|Mokėjimai vėluoja|2026-01-05|2026-12-31|") + shown);
-      dialog.cmdWrite.Click();
+  for (const auto& [notes, key, typed, write, shown, written, reads] :
+       {std::tuple{stored + "1\n18|Kita|@2026-02-01|~|admin|1", "17K", "", true,
+                   old + "Svarbi informacija|0/0 saved",
+                   "17,'Mokėjimai vėluoja','20260105','20261231',2,3,1", 2u},
+        {stored + "2", "17K", "", true, old + "Ypatingai svarbi informacija|16711680/16711680 saved",
+         "17,'Mokėjimai vėluoja','20260105','20261231',2,3,2", 2u},
+        {stored + "3", "17K", "", true, old + "Įspėjamoji informacija|255/255 saved",
+         "17,'Mokėjimai vėluoja','20260105','20261231',2,3,3", 2u},
+        {"17|Sena|@2026-01-05|~|admin|3", "gone", "Nauja", true, blank + " saved",
+         "0,'Nauja','20261123',Null,2,3,1", 2u},
+        {"", "", "Neįrašyti", false, blank, "", 0u},
+        {"", "fails", "Bet kas", true, blank + " saved", "0,'Bet kas','20261123',Null,2,3,1", 1u}}) {
+    SCOPED_TRACE(std::string(key) + " " + written);
+    const std::string row = key;
+    BO("O0000100").ClearFailures();
+    Reply("GetFirmInfo", kNotes, notes);
+    if (row == "fails") BO("O0000100").FailCallsNamed("AddUpdateFirmInfo", 5, "Klaida serveryje");
+    auto w = Open(kFirm);
+    if (row == "17K" || row == "gone") SelectRow(*w, "FirmInfo", "17K");
+    if (row == "gone") Reply("GetFirmInfo", kNotes, "");
+    std::string seen;
+    host_.Ui()->QueueModal([&, typed = typed, write = write](Form& form) {
+      auto& dialog = dynamic_cast<frmFirmInfo&>(form);
+      seen = Describe(dialog);
+      if (*typed) dialog.txtInfo.Edit(typed);
+      (write ? dialog.cmdWrite : dialog.cmdCancel).Click();
+      seen += std::string(dialog.Saved ? " saved" : "") + (dialog.Loaded() ? " stays" : "");
     });
-    EXPECT_EQ(Writes().back(), "17,'Mokėjimai vėluoja','20260105','20261231',2,3," + level);
+    w->EditFirmInfo(row != "17K" && row != "gone");
+    EXPECT_EQ(seen, shown);
+    EXPECT_EQ(Join(Calls("AddUpdateFirmInfo"), "\n"), written);
+    EXPECT_EQ(Calls("GetFirmInfo").size(), reads);
+    EXPECT_THAT(host_.Ui()->Boxes(), IsEmpty());
   }
-}
-
-// Another user removed the note meanwhile: it opens as a new one.
-TEST_F(FrmFirmInfoTest, ANoteRemovedMeanwhileOpensAsNew) {
-  Notes("17|Sena|@2026-01-05|~|admin|3");
-  auto w = Open(kFirm);
-  ListView& list = Grid(*w).TabList("FirmInfo");
-  list.SetSelectedItem(list.ListItems().Find("17K"));
-  Notes("");
-  host_.Ui()->QueueModal([](Form& form) {
-    auto& dialog = dynamic_cast<frmFirmInfo&>(form);
-    EXPECT_EQ(Describe(dialog), "0||2026-11-23||Svarbi informacija|0/0");
-    dialog.txtInfo.Edit("Nauja");
-    dialog.cmdWrite.Click();
-  });
-  w->EditFirmInfo(false);
-  EXPECT_THAT(Writes(), ElementsAre("0,'Nauja','20261123',Null,2,1,1"));
-}
-
-// Cancel writes and reloads nothing; a failed write still closes as saved.
-TEST_F(FrmFirmInfoTest, CancelWritesNothingAndAFailedWriteStillClosesAsSaved) {
-  Edit("", [](frmFirmInfo& dialog) {
-    dialog.txtInfo.Edit("Neįrašyti");
-    dialog.cmdCancel.Click();
-    EXPECT_FALSE(dialog.Saved);
-  });
-  EXPECT_THAT(Writes(), IsEmpty());
-  EXPECT_EQ(Reads(), 0u);
-  BO("O0000100").FailCallsNamed("AddUpdateFirmInfo", 5, "Klaida serveryje");
-  Edit("", [](frmFirmInfo& dialog) {
-    dialog.txtInfo.Edit("Bet kas");
-    dialog.cmdWrite.Click();
-    EXPECT_TRUE(dialog.Saved);
-    EXPECT_FALSE(dialog.Loaded());
-  });
-  EXPECT_EQ(Writes().size(), 1u);
-  EXPECT_EQ(Reads(), 1u);
-  EXPECT_TRUE(host_.Ui()->Boxes().empty());
 }
 
 TEST_F(FrmFirmInfoTest, TheMethodHandsBackTheIdTheDialogEndedWith) {
