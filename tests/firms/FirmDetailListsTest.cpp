@@ -151,9 +151,9 @@ TEST_F(FirmDetailListsTest, ANewFirmShowsEmptyListsAndItsEditorsAskToSaveItFirst
   w->LoadFirmInfo();
   w->LoadDiscounts();
   EXPECT_THAT(BO("O0000100").Calls(), IsEmpty());
-  EXPECT_EQ(Tab(*w, "FirmAddresses").ColumnHeaders().Count(), 8);
+  EXPECT_EQ(Columns(Tab(*w, "FirmAddresses")) + "/" + Columns(Tab(*w, "Discounts")),
+            "Tipas|Regionas|Indeksas|Gatvė|Telefonas|Faksas|El. paštas|Pagrindinis/");
   EXPECT_EQ(Tab(*w, "FirmAddresses").ListItems().Count(), 0);
-  EXPECT_EQ(Tab(*w, "Discounts").ColumnHeaders().Count(), 0);
   w->CurrentTab = w->AddressesTab;
   for (int box = 0; box < 3; ++box) host_.Ui()->QueueAnswer(vbOK);
   w->EditDetail(true);
@@ -175,9 +175,7 @@ TEST_F(FirmDetailListsTest, AFailedReadOrACancelledSearchShowsNothing) {
   EXPECT_EQ(Tab(*w, "GOODS").ColumnHeaders().Item("Amount").Text(), "Kiekis");
   EXPECT_THAT(Calls("GetFindGoods"), IsEmpty());
   auto search = host_.HostClasses()->LastObjectSelect();
-  ASSERT_NE(search, nullptr);
-  EXPECT_EQ(search->ColumnCaption(), "Prekės pavadinimas");
-  EXPECT_EQ(search->OType(), "O0000200");
+  EXPECT_EQ(search->ColumnCaption() + " " + search->OType(), "Prekės pavadinimas O0000200");
 }
 
 TEST_F(FirmDetailListsTest, DocumentsWaitBehindThePlaceholderUntilDoubleClicked) {
@@ -284,17 +282,15 @@ TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
     SCOPED_TRACE(note);
     Reply("GetFirmInfo", kNotes, note + std::string("\n9|Sena|@2025-01-01|@2025-02-01|rūta|3"));
     auto w = Open(kFirm);
-    EXPECT_EQ(w->lblInfo.Visible(), shown);
     EXPECT_EQ(w->pnlLists.Top(), w->pnlInfo.Top() + (shown ? w->pnlInfo.Height() : 0));
-    if (shown) {
-      EXPECT_EQ(w->lblInfo.Caption(), "Mokėjimai vėluoja (admin)");
-      EXPECT_EQ(w->lblInfo.ForeColor(), color);
-    }
+    EXPECT_EQ(w->lblInfo.Visible() ? w->lblInfo.Caption() + std::to_string(w->lblInfo.ForeColor())
+                                   : "",
+              shown ? "Mokėjimai vėluoja (admin)" + std::to_string(color) : "");
     // Every note stays in the list, coloured by its priority.
     ListView& list = Tab(*w, "FirmInfo");
     ASSERT_EQ(list.ListItems().Count(), 2);
-    EXPECT_EQ(list.ListItems().Item("4K").ForeColor(), color);
-    EXPECT_EQ(list.ListItems().Item("9K").ForeColor(), vbRed);
+    EXPECT_EQ(list.ListItems().Item("4K").ForeColor() + list.ListItems().Item("9K").ForeColor(),
+              color + vbRed);
     EXPECT_EQ(list.ListItems().Item("9K").ListSubItems().Item(2).Text(), "2025-02-01");
   }
   Reply("GetFirmInfo", kNotes, "4|A|@2026-01-01|~|admin|3");
@@ -302,8 +298,7 @@ TEST_F(FirmDetailListsTest, TheFirstNoteInForceIsShownInItsColour) {
   ASSERT_TRUE(w->lblInfo.Visible());
   Reply("GetFirmInfo", kNotes, "5|B|@2026-01-01|~|admin|1");
   w->LoadFirmInfo();
-  EXPECT_EQ(w->lblInfo.Caption(), "B (admin)");
-  EXPECT_EQ(w->lblInfo.ForeColor(), vbRed);
+  EXPECT_EQ(w->lblInfo.Caption() + " " + std::to_string(w->lblInfo.ForeColor()), "B (admin) 255");
   Reply("GetFirmInfo", kNotes, "");
   w->LoadFirmInfo();
   EXPECT_FALSE(w->lblInfo.Visible());
