@@ -151,7 +151,8 @@ TEST_F(StandardObjectsTest, StandardPropertiesPrefixGetAndReportOnlyPositiveNumb
   EXPECT_EQ(object->Methods("Touch", none).Number, 0);
   EXPECT_EQ(Join(BusinessLines(), "|"),
             "GetCall GetHistory O00004001|GetCall GetHistory 'O00004001',5|GetCall GetBroken "
-            "O00004001|GetCall GetQuiet O00004001|ExecCall Recalculate 'O00004001',1|ExecCall Touch");
+            "O00004001|GetCall GetQuiet O00004001|ExecCall Recalculate 'O00004001',1|"
+            "ExecCall Touch");
 }
 
 struct Pair {

@@ -480,14 +480,16 @@ TEST_F(FrmFirmInfoTest, TheDialogOpensTheNoteAndWritesIt) {
        {std::tuple{stored + "1\n18|Kita|@2026-02-01|~|admin|1", "17K", "", true,
                    old + "Svarbi informacija|0/0 saved",
                    "17,'Mokėjimai vėluoja','20260105','20261231',2,3,1", 2u},
-        {stored + "2", "17K", "", true, old + "Ypatingai svarbi informacija|16711680/16711680 saved",
+        {stored + "2", "17K", "", true, old + "Ypatingai svarbi informacija|16711680/16711680"
+         " saved",
          "17,'Mokėjimai vėluoja','20260105','20261231',2,3,2", 2u},
         {stored + "3", "17K", "", true, old + "Įspėjamoji informacija|255/255 saved",
          "17,'Mokėjimai vėluoja','20260105','20261231',2,3,3", 2u},
         {"17|Sena|@2026-01-05|~|admin|3", "gone", "Nauja", true, blank + " saved",
          "0,'Nauja','20261123',Null,2,3,1", 2u},
         {"", "", "Neįrašyti", false, blank, "", 0u},
-        {"", "fails", "Bet kas", true, blank + " saved", "0,'Bet kas','20261123',Null,2,3,1", 1u}}) {
+        {"", "fails", "Bet kas", true, blank + " saved", "0,'Bet kas','20261123',Null,2,3,1",
+         1u}}) {
     SCOPED_TRACE(std::string(key) + " " + written);
     const std::string row = key;
     BO("O0000100").ClearFailures();
