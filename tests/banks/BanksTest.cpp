@@ -83,44 +83,41 @@ TEST_F(FrmBanksTest, AStoredBankShowsItsCardAndItsFirmsOnce) {
   EXPECT_EQ(rows, "O00001007 UAB Medis O00001007 C0000100O00001009 AB Akmuo O00001009 C0000100");
 }
 
-// A refused write is shown and stays dirty; one refused with 60000 (changed
-// meanwhile) reads the record again.
-TEST_F(FrmBanksTest, WritingSavesTellsTheHostAndCleansTheButtons) {
-  auto w = Open("O00003005");
-  Grid(*w).EditField("Name", Variant("Šiaulių bankas AB"));
-  EXPECT_EQ(Buttons(*w), "110");
-  w->cmdEnter.Click();
-  EXPECT_EQ(Buttons(*w) + " " + CStr(Stored(5, "Name")), "001 Šiaulių bankas AB");
-  EXPECT_EQ(WindowLines(), Lines{"ObjectSaved O00003005"});
-  EXPECT_EQ(BusinessLines().front(), "ExecArrayCall Orvel_SaveObject 'O0000300','O00003005'");
-  for (const auto& [number, buttons, name] :
-       {std::tuple{17, "110", "X"}, {60000, "001", "Šiaulių bankas AB"}}) {
-    Clear();
+// Write saves, tells the host and cleans the buttons; a refused write is shown
+// and stays dirty, one refused with 60000 (changed meanwhile) reads the record
+// again. Cancel reads the record again; a failed read closes the window. Each
+// row: the button, the call failing and its number, the one box, the buttons,
+// the names in the window and stored, and the window's lines.
+TEST_F(FrmBanksTest, WriteAndCancelFollowTheirCalls) {
+  const char* const refused = "16 Orvel Apskaita Klaida!\n\nKodas kartojasi";
+  const auto bank = BO(oid_).Table().ReadRecord(5);
+  for (const auto& [write, failing, number, box, buttons, names, shown] :
+       {std::tuple{true, "", 0, "", "001", "X X", "ObjectSaved O00003005"},
+        {true, "Orvel_SaveObject", 17, refused, "110", "X Šiaulių bankas", ""},
+        {true, "Orvel_SaveObject", 60000, refused, "001", "Šiaulių bankas Šiaulių bankas", ""},
+        {false, "", 0, "", "001", "Šiaulių bankas Šiaulių bankas", ""},
+        {false, "Orvel_ReadObject", 3021, "48 Orvel Apskaita Įrašas nerastas: O00003005", "110",
+         "X Šiaulių bankas", "RemoveWindow O00003005 True"}}) {
+    SCOPED_TRACE(std::string(write ? "write " : "cancel ") + failing);
+    BO(oid_).ClearFailures();
+    BO(oid_).Table().Store(5, *bank);
+    auto w = Open("O00003005");
     Grid(*w).EditField("Name", Variant("X"));
-    BO(oid_).FailCallsNamed("Orvel_SaveObject", number, "Kodas kartojasi");
-    host_.Ui()->QueueAnswer(vbOK);
-    w->cmdEnter_Click();
-    EXPECT_EQ(Boxes(), Lines{"16 Orvel Apskaita Klaida!\n\nKodas kartojasi"});
+    EXPECT_EQ(Buttons(*w), "110");
+    const char* const text = number == 3021 ? "Įrašas nerastas: O00003005" : "Kodas kartojasi";
+    if (number) BO(oid_).FailCallsNamed(failing, number, text);
+    if (*box) host_.Ui()->QueueAnswer(vbOK);
+    write ? w->cmdEnter.Click() : w->cmdCancel.Click();
+    EXPECT_EQ(Boxes(), *box ? Lines{box} : Lines{});
     EXPECT_EQ(Buttons(*w), buttons);
-    EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant(name));
-    EXPECT_TRUE(WindowLines().empty());
+    EXPECT_EQ(CStr(w->OrvelObjectUIO()->Fields("Name").Value()) + " " + CStr(Stored(5, "Name")),
+              names);
+    EXPECT_EQ(Join(WindowLines(), "|"), shown);
+    EXPECT_EQ(BusinessLines().front(), write ? "ExecArrayCall Orvel_SaveObject 'O0000300',"
+                                               "'O00003005'"
+                                             : "GetCall Orvel_ReadObject 'O00003005'");
   }
-}
-
-// Cancel reads the record again; a failed read closes the window, and a window
-// without an object fails clearly instead of crashing.
-TEST_F(FrmBanksTest, CancelReReadsAndAFailedReReadClosesTheWindow) {
-  auto w = Open("O00003005");
-  Grid(*w).EditField("Name", Variant("X"));
-  w->cmdCancel_Click();
-  EXPECT_EQ(Buttons(*w), "001");
-  EXPECT_EQ(w->OrvelObjectUIO()->Fields("Name").Value(), Variant("Šiaulių bankas"));
-  BO(oid_).FailCallsNamed("Orvel_ReadObject", 3021, "Įrašas nerastas: O00003005");
-  host_.Ui()->QueueAnswer(vbOK);
-  w->cmdCancel_Click();
-  EXPECT_EQ(Boxes(), Lines{"48 Orvel Apskaita Įrašas nerastas: O00003005"});
-  EXPECT_EQ(WindowLines().back(), "RemoveWindow O00003005 True");
-  EXPECT_FALSE(host_.WindowManager()->IsOpen("O00003005"));
+  // A window without an object fails clearly instead of crashing.
   Clear();
   frmBanks bare;
   host_.Ui()->QueueAnswer(vbOK);
