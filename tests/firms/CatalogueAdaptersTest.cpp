@@ -58,20 +58,18 @@ class AdaptersTest : public CardTest<GroupedCard> {
   void SetUp() override {
     CardTest::SetUp();
     host_.Session()->SetAppPath("C:\\Orvel\\");
-    auto& firms = BO("O0000100").Table();
-    firms.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "OwnCode",
-                     "PreviewPath", "FirmTypeId", "RegionID"});
-    firms.SetDefault("GroupFlag", Variant(0));
-    firms.SetDefault("ParentID", Variant::Null());
-    firms.Seed(SeedRows("Name GroupFlag ParentID Active",
-                        {"Tiekėjai|1", "UAB Šilas||1|false", "AB Vėjas"}));
-    auto& goods = BO("O0000200").Table();
-    goods.SetFields({"ID", "Name", "Code", "ParentID", "GroupFlag", "Active", "WithRest", "OwnCode",
-                     "PreviewPath", "VAT"});
-    goods.SetDefault("GroupFlag", Variant(0));
-    goods.SetDefault("ParentID", Variant::Null());
-    goods.Seed(SeedRows("Name GroupFlag ParentID Active WithRest",
-                        {"Maistas|1", "Duona||1|false|false", "Pieno|1|1", "Paslauga"}));
+    const std::string fields = "ID Name Code ParentID GroupFlag Active OwnCode PreviewPath ";
+    for (const auto& [oid, own, rows] :
+         {std::tuple{"O0000100", "FirmTypeId RegionID", Lines{"Tiekėjai|1", "UAB Šilas||1|false",
+                                                              "AB Vėjas"}},
+          {"O0000200", "WithRest VAT",
+           Lines{"Maistas|1", "Duona||1|false|false", "Pieno|1|1", "Paslauga"}}}) {
+      auto& table = BO(oid).Table();
+      table.SetFields(Split(fields + own, " "));
+      table.SetDefault("GroupFlag", Variant(0));
+      table.SetDefault("ParentID", Variant::Null());
+      table.Seed(SeedRows("Name GroupFlag ParentID Active WithRest", rows));
+    }
     dialogs_ = std::make_shared<RecordingDialogs>();
     InstallGoodsDialogs(dialogs_);
   }
