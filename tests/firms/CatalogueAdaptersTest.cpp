@@ -583,9 +583,9 @@ TEST_F(AdaptersTest, SetTypeAndRegionCopiesTheGroupsDefaults) {
   for (const bool top : {false, true}) {
     auto fresh = Object("O0000100");
     fresh->Fields("ParentID").SetValue(top ? Variant::Null() : Variant(1));
+    auto defaults = TextRecords("FirmTypeId RegionID", "4|17");
     BO("O0000100").ReplyRead("GetTypeAndRegion",
-                             top ? OrvelBoResult(8, "nėra")
-                                 : OrvelBoResult(0, "", TextRecords("FirmTypeId RegionID", "4|17")));
+                             top ? OrvelBoResult(8, "nėra") : OrvelBoResult(0, "", defaults));
     Variant::Array none;
     auto result = fresh->Methods(top ? "SetTypeAndRegion" : "settypeandregion", none);
     EXPECT_EQ(std::to_string(result.Number) + result.Text, top ? "8nėra" : "0");
