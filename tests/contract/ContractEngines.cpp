@@ -1,5 +1,6 @@
-#include <algorithm>
 #include <map>
+#include <set>
+#include <sstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
@@ -13,6 +14,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
+#include "support/Sql.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 
@@ -81,14 +83,9 @@ class LayerEngine : public ContractEngine {
       const std::string table = ConcatText(tables.Column(0));
       out += table + ":\n";
       // Sorted here: an engine may hand back rows of equal keys in any order.
-      auto rows = db_->Prepare("SELECT * FROM " + table);
-      std::vector<std::string> lines;
-      while (rows.Step()) {
-        std::string line;
-        for (int c = 0; c < rows.ColumnCount(); ++c) line += ConcatText(rows.Column(c)) + "|";
-        lines.push_back(std::move(line));
-      }
-      std::sort(lines.begin(), lines.end());
+      std::istringstream rows(RowsText(*db_, "SELECT * FROM " + table));
+      std::multiset<std::string> lines;
+      for (std::string line; std::getline(rows, line);) lines.insert(line);
       for (const auto& line : lines) out += line + "\n";
     }
     return out;
@@ -157,16 +154,10 @@ class MemoryEngine : public ContractEngine {
     Memory(oid).Table().Seed(rows);
   }
 
-  void GivenTable(const std::string& table, const std::vector<Row>&) override {
-    throw std::logic_error("the in-memory host keeps no table " + table);
-  }
-
-  void GivenSampleOffice() override {
-    throw std::logic_error("the in-memory host keeps no sample office");
-  }
-
+  void GivenTable(const std::string& table, const std::vector<Row>&) override { None(table); }
+  void GivenSampleOffice() override { None("sample office"); }
   void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) override {
-    throw std::logic_error("the in-memory host keeps no rights");
+    None("rights");
   }
 
   std::string Digest() override {
@@ -185,6 +176,10 @@ class MemoryEngine : public ContractEngine {
   }
 
  private:
+  [[noreturn]] static void None(const std::string& what) {
+    throw std::logic_error("the in-memory host keeps no " + what);
+  }
+
   MemoryBusinessObject& Memory(const std::string& oid) {
     auto& object = objects_[oid];
     if (!object) {
@@ -193,9 +188,8 @@ class MemoryEngine : public ContractEngine {
       for (const auto& field : CatalogueFor(oid).fields) names.push_back(field.name);
       object->Table().SetFields(names);
       for (const auto& field : CatalogueFor(oid).fields) {
-        object->Table().SetDefault(field.name,
-                                   field.defaultValue.IsEmpty() ? Variant::Null()
-                                                                : field.defaultValue);
+        const Variant& value = field.defaultValue;
+        object->Table().SetDefault(field.name, value.IsEmpty() ? Variant::Null() : value);
       }
     }
     return *object;

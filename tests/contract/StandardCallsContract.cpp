@@ -83,8 +83,7 @@ class StandardCallsContract
   const TypeCase& Type() const { return std::get<1>(GetParam()); }
   std::string Quoted(int id) const { return "'" + Oidr(Type(), id) + "'"; }
   std::vector<std::string> Listed(const std::string& param) {
-    auto rs = Read(Type().oid, "Orvel_GetObjectList", param);
-    return rs ? Oidrs(*rs) : std::vector<std::string>{"no set"};
+    return Oidrs(*Read(Type().oid, "Orvel_GetObjectList", param));
   }
   // A search as the type's windows send it: a reference book names the text
   // first and the node it searches from, its own OID for the whole book; the
@@ -108,8 +107,7 @@ class StandardCallsContract
 // ID back in the caller's own set and reads back.
 TEST_P(StandardCallsContract, NewObject_IsSavedWithItsNewIdAndReadsBack) {
   auto rs = Read(Type().oid, "Orvel_NewObject", std::string("'") + Type().oid + "'");
-  ASSERT_NE(rs, nullptr);
-  ASSERT_EQ(rs->RecordCount(), 1);
+  ASSERT_EQ(rs ? rs->RecordCount() : -1, 1);
   EXPECT_TRUE(rs->Fields("ID").Value().IsEmpty());
   for (const auto& field : CatalogueOf(Type().oid)->fields) {
     ASSERT_TRUE(rs->Fields().Exists(field.name)) << field.name;
@@ -121,15 +119,13 @@ TEST_P(StandardCallsContract, NewObject_IsSavedWithItsNewIdAndReadsBack) {
   ASSERT_EQ(Save(std::string("'") + Type().oid + "',''", rs).Number, 0);
   const std::string oidr = Type().oid + ConcatText(rs->Fields("ID").Value());
   EXPECT_GT(oidr.size(), 8u);
-  auto read = Read(Type().oid, "Orvel_ReadObject", "'" + oidr + "'");
-  ASSERT_NE(read, nullptr);
-  EXPECT_EQ(read->Fields("Name").Value(), Variant("Naujas 'įrašas', Nr. 1"));
+  EXPECT_EQ(Read(Type().oid, "Orvel_ReadObject", "'" + oidr + "'")->Fields("Name").Value(),
+            Variant("Naujas 'įrašas', Nr. 1"));
 }
 
 TEST_P(StandardCallsContract, ReadObject_AnswersTheRecordWithItsOidrPreviewAndTypedFields) {
   auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(3));
-  ASSERT_NE(rs, nullptr);
-  ASSERT_EQ(rs->RecordCount(), 1);
+  ASSERT_EQ(rs ? rs->RecordCount() : -1, 1);
   EXPECT_EQ(rs->Fields("OIDR").Value(), Variant(Oidr(Type(), 3)));
   EXPECT_EQ(rs->Fields("Preview").Value(), rs->Fields("Name").Value());
   for (const auto& [name, value] : Type().records[2]) {
@@ -158,24 +154,11 @@ TEST_P(StandardCallsContract, GetObjectList_TheTypeListsItsTopAGroupItsMembersAS
   EXPECT_EQ(Found(Type().search), Of({3}));
   EXPECT_THAT(Found("nėra tokio"), IsEmpty());
   auto rs = Read(Type().oid, "Orvel_GetObjectList", "''");
-  ASSERT_NE(rs, nullptr);
   for (rs->MoveFirst(); !rs->IsEOF(); rs->MoveNext()) {
     EXPECT_EQ(rs->Fields("Preview").Value(), rs->Fields("Name").Value());
     EXPECT_EQ(ConcatText(rs->Fields("OIDR").Value()),
               Type().oid + ConcatText(rs->Fields("ID").Value()));
   }
-}
-
-TEST_P(StandardCallsContract, SaveObject_AnEditIsWrittenAndANameGoneStaysGone) {
-  auto rs = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
-  ASSERT_NE(rs, nullptr);
-  rs->Fields("Name").SetValue(Variant("Pakeistas, su ' ir ąčęėįšųūž"));
-  ASSERT_EQ(Save(std::string("'") + Type().oid + "'," + Quoted(2), rs).Number, 0);
-
-  auto read = Read(Type().oid, "Orvel_ReadObject", Quoted(2));
-  ASSERT_NE(read, nullptr);
-  EXPECT_EQ(read->Fields("Name").Value(), Variant("Pakeistas, su ' ir ąčęėįšųūž"));
-  EXPECT_EQ(Found("ąčęėįšųūž"), Of({2}));
 }
 
 TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) {
@@ -194,13 +177,12 @@ TEST_P(StandardCallsContract, DeleteObject_RemovesTheRecordOnceThenAnswers3021) 
 
 // Two bookkeepers on one record: what the other wrote since this one read
 // the record is never overwritten or deleted unseen. The refusal says why;
-// read again, the record is written as usual.
+// read again, the record is written as usual, its new name found.
 TEST_P(StandardCallsContract, AWriteOrDeleteOfARecordChangedSinceItWasRead_Answers60000) {
   const std::string oid = Type().oid;
   const std::string changed = "60000 Įrašą pakeitė kitas vartotojas po to, kai jį perskaitėte: ";
   auto mine = Read(oid, "Orvel_ReadObject", Quoted(2));
   auto doomed = Read(oid, "Orvel_ReadObject", Quoted(3));
-  ASSERT_NE(mine, nullptr);
   for (int id : {2, 3}) {
     auto& theirs = Engine().OtherSession(oid);
     auto rs = std::dynamic_pointer_cast<Recordset>(
@@ -219,11 +201,12 @@ TEST_P(StandardCallsContract, AWriteOrDeleteOfARecordChangedSinceItWasRead_Answe
   EXPECT_TRUE(Engine().Digest() == before) << "a refused write changed what is stored";
 
   auto again = Read(oid, "Orvel_ReadObject", Quoted(2));
-  ASSERT_NE(again, nullptr);
   EXPECT_EQ(again->Fields("Name").Value(), Variant("Kito vartotojo 2"));
-  again->Fields("Name").SetValue(Variant("Mano"));
+  again->Fields("Name").SetValue(Variant("Pakeistas, su ' ir ąčęėįšųūž"));
   EXPECT_EQ(Save("'" + oid + "'," + Quoted(2), again).Number, 0);
-  EXPECT_EQ(Found("Mano"), Of({2}));
+  EXPECT_EQ(ConcatText(Read(oid, "Orvel_ReadObject", Quoted(2))->Fields("Name").Value()),
+            "Pakeistas, su ' ir ąčęėįšųūž");
+  EXPECT_EQ(Found("ąčęėįšųūž"), Of({2}));
 }
 
 // A parameter string the call cannot read is refused with its Number and a
@@ -246,7 +229,6 @@ TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
               "3021 Įrašas nerastas: " + oidr);
   }
   auto rs = Read(oid, "Orvel_ReadObject", Quoted(2));
-  ASSERT_NE(rs, nullptr);
   rs->Fields("Name").SetValue(Variant("Niekur"));
   Variant::Array array{Variant(rs)};
   const OrvelStatus status =
