@@ -13,6 +13,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
+#include "host/MemoryRecordset.h"
 #include "orvel/Recordset.h"
 #include "support/Sql.h"
 
@@ -46,14 +47,15 @@ class CatalogueCallsFixture {
 
   Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
-  // A read call that must succeed; its record set.
+  // A read call that must succeed; its record set, an empty one when it
+  // answered none (the case goes on to fail rather than crash).
   std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
                                   const std::string& param) {
     auto reply = Type(oid).GetCall(name, param, 0);
     EXPECT_EQ(reply.Number, 0) << name << " [" << param << "]: " << reply.Text;
     auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
     EXPECT_NE(rs, nullptr) << name;
-    return rs;
+    return rs ? rs : std::make_shared<MemoryRecordset>();
   }
 
   // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the
@@ -95,9 +97,7 @@ class CatalogueCallsFixture {
 
   // One field of every row, as text.
   static std::vector<std::string> Column(Recordset& rs, const std::string& field) {
-    std::vector<std::string> out;
-    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) out.push_back(Text(rs.Fields(field).Value()));
-    return out;
+    return Lines(rs, {field.c_str()});
   }
 
   // Each row's fields as text joined by "|".
@@ -116,7 +116,6 @@ class CatalogueCallsFixture {
   void ExpectRead(const std::string& oid, const ReadCase& c) {
     if (c.setup) db_->Exec(c.setup);
     auto rs = Read(oid, c.call, c.param);
-    ASSERT_NE(rs, nullptr);
     for (const auto& [field, values] : c.columns) {
       EXPECT_EQ(Column(*rs, field), values) << c.call << " [" << c.param << "] " << field;
     }
