@@ -47,11 +47,13 @@ class CatalogueCallsFixture {
 
   Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
-  // A read call that must succeed; its record set, an empty one when it
-  // answered none (the case goes on to fail rather than crash).
+  // A read call (GetCall, or RecordsetCall when `records`) that must
+  // succeed; its record set, an empty one when it answered none (the case
+  // goes on to fail rather than crash).
   std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
-                                  const std::string& param) {
-    auto reply = Type(oid).GetCall(name, param, 0);
+                                  const std::string& param, bool records = false) {
+    auto reply = records ? Type(oid).RecordsetCall(name, param, 0)
+                         : Type(oid).GetCall(name, param, 0);
     EXPECT_EQ(reply.Number, 0) << name << " [" << param << "]: " << reply.Text;
     auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
     EXPECT_NE(rs, nullptr) << name;

@@ -56,9 +56,7 @@ TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
 
 // The card's fields and their captions, also asked by the type's OID alone.
 TEST_F(TableBusinessObjectTest, StructureComesFromTheFieldDescriptions) {
-  auto reply = Type("O0000300").RecordsetCall("Orvel_GetObjectStructure", "Banks", 0);
-  ASSERT_EQ(reply.Number, 0) << reply.Text;
-  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+  auto rs = Read("O0000300", "Orvel_GetObjectStructure", "Banks", true);
   EXPECT_THAT(Lines(*rs, {"Name", "Caption", "xType", "Visible"}),
               ElementsAre("ID|ID|56|0", "Name|Pavadinimas|231|1", "Code|Banko kodas|231|1",
                           "SWIFT|SWIFT kodas|231|1", "Address|Adresas|231|1",
@@ -98,32 +96,32 @@ TEST_P(CurrencyReadTest, AnswersTheRowsInOrder) { ExpectRead("O0002200", GetPara
 
 INSTANTIATE_TEST_SUITE_P(
     Currencies, CurrencyReadTest,
-    ::testing::Values(
+    ::testing::ValuesIn(std::vector<ReadCase>{
         // The fields the rates window reads, the rate the one in force on the
         // day as the currency object sends it.
-        ReadCase{"GetCurrencyList", "'2026-11-22'",
-                 {{"Code", {"EUR", "GBP", "LTL", "USD"}}, {"Rate", {"1", "", "3.4528", "1.06"}},
-                  {"OIDR", {"O00022001", "O00022004", "O00022003", "O00022002"}},
-                  {"BaseCurrency", {"1", "0", "0", "0"}}, {"FixedRate", {"1", "0", "3.4528", "0"}},
-                  {"State", {"Europos Sąjungos", "Didžiosios Britanijos", "Lietuvos", "JAV"}},
-                  {"OneCurr", {"euras", "svaras", "litas", "doleris"}}}},
-        ReadCase{"GetCurrencyList", "'2026-11-20'", {{"Rate", {"1", "", "3.4528", "1.05"}}}},
-        ReadCase{"GetCurrencyList", "'2026-11-21'", {{"Rate", {"1", "", "3.4528", "1.05"}}}},
-        ReadCase{"GetCurrencyList", "'1990.01.01'", {{"Rate", {"1", "", "3.4528", ""}}}},
+        {"GetCurrencyList", "'2026-11-22'", {{"Code", {"EUR", "GBP", "LTL", "USD"}},
+         {"Rate", {"1", "", "3.4528", "1.06"}},
+         {"OIDR", {"O00022001", "O00022004", "O00022003", "O00022002"}},
+         {"BaseCurrency", {"1", "0", "0", "0"}}, {"FixedRate", {"1", "0", "3.4528", "0"}},
+         {"State", {"Europos Sąjungos", "Didžiosios Britanijos", "Lietuvos", "JAV"}},
+         {"OneCurr", {"euras", "svaras", "litas", "doleris"}}}},
+        {"GetCurrencyList", "'2026-11-20'", {{"Rate", {"1", "", "3.4528", "1.05"}}}},
+        {"GetCurrencyList", "'2026-11-21'", {{"Rate", {"1", "", "3.4528", "1.05"}}}},
+        {"GetCurrencyList", "'1990.01.01'", {{"Rate", {"1", "", "3.4528", ""}}}},
         // A code however it is written; no such code is an empty set, which
         // the currency object then tells the user.
-        ReadCase{"GetCurrencyByCode", "USD", {{"OIDR", {"O00022002"}}}},
-        ReadCase{"GetCurrencyByCode", "usd", {{"OIDR", {"O00022002"}}}},
-        ReadCase{"GetCurrencyByCode", "'USD'", {{"OIDR", {"O00022002"}}}},
-        ReadCase{"GetCurrencyByCode", " USD", {{"OIDR", {"O00022002"}}}},
-        ReadCase{"GetCurrencyByCode", "XYZ", {{"OIDR", {}}}},
-        ReadCase{"GetCurrencyByCode", "", {{"OIDR", {}}}},
+        {"GetCurrencyByCode", "USD", {{"OIDR", {"O00022002"}}}},
+        {"GetCurrencyByCode", "usd", {{"OIDR", {"O00022002"}}}},
+        {"GetCurrencyByCode", "'USD'", {{"OIDR", {"O00022002"}}}},
+        {"GetCurrencyByCode", " USD", {{"OIDR", {"O00022002"}}}},
+        {"GetCurrencyByCode", "XYZ", {{"OIDR", {}}}},
+        {"GetCurrencyByCode", "", {{"OIDR", {}}}},
         // The rates of a period by code and day.
-        ReadCase{"GetCurrencyRates", "'2026-11-01','2026-11-30'",
-                 {{"Code", {"USD", "USD"}}, {"Rate", {"1.05", "1.06"}},
-                  {"DateD", {"2026-11-20", "2026-11-22"}}}},
-        ReadCase{"GetCurrencyRates", "'2026-11-21','2026-11-21'", {{"Code", {}}}},
-        ReadCase{"GetCurrencyRates", "'2026-11-30','2026-11-01'", {{"Code", {}}}}));
+        {"GetCurrencyRates", "'2026-11-01','2026-11-30'", {{"Code", {"USD", "USD"}},
+         {"Rate", {"1.05", "1.06"}}, {"DateD", {"2026-11-20", "2026-11-22"}}}},
+        {"GetCurrencyRates", "'2026-11-21','2026-11-21'", {{"Code", {}}}},
+        {"GetCurrencyRates", "'2026-11-30','2026-11-01'",
+         {{"Code", {}}}}}));
 
 // A date picked with its time of day is the same day; the code in any case.
 TEST_F(CurrencyCallsTest, SaveDayRateAddsADayAndOverwritesAnExistingOne) {
@@ -200,27 +198,25 @@ class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test
 
   // Each row of GetBRTemplates as "type|ID|ID2|template|templateOIDR|group|groupOIDR".
   std::vector<std::string> Rows(const std::string& oidr) {
-    auto rs = Read(kDestinations, "GetBRTemplates", oidr);
-    if (!rs) return {};
-    return Lines(*rs, {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
-                       "DocumentGroupName", "DocumentGroupOIDR"});
+    return Lines(*Read(kDestinations, "GetBRTemplates", oidr),
+                 {"TemplateTypeOIDR", "ID", "ID2", "BRTemplateName", "BRTemplateOIDR",
+                  "DocumentGroupName", "DocumentGroupOIDR"});
   }
-
 };
 
 // A member inherits its group's template and shows the types without one; a
 // new record has only empty rows and cannot take templates.
 TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndANewRecordHasNone) {
-  EXPECT_EQ(Rows("O00016152"), (std::vector<std::string>{
-                                   "O02015001||1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
-                                   "O02015002||||||"}));
-  EXPECT_EQ(Rows("O00016151"), (std::vector<std::string>{
-                                   "O02015001|1|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
-                                   "O02015002||||||"}));
-  EXPECT_EQ(Rows(kDestinations), (std::vector<std::string>{"O02015001||||||", "O02015002||||||"}));
+  EXPECT_THAT(Rows("O00016152"),
+              ElementsAre("O02015001||1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
+                          "O02015002||||||"));
+  EXPECT_THAT(Rows("O00016151"),
+              ElementsAre("O02015001|1|1|Prekių pardavimas|O02016001|Sąskaitos|O10002001",
+                          "O02015002||||||"));
+  EXPECT_THAT(Rows(kDestinations), ElementsAre("O02015001||||||", "O02015002||||||"));
   auto status = Save("'O0001615','O02015001','O02016001','',0");
-  EXPECT_EQ(status.Number, 777);
-  EXPECT_EQ(status.Text, "SaveUpdateDeleteTemplates: Pirmiausia įrašykite tikslą.");
+  EXPECT_EQ(std::to_string(status.Number) + " " + status.Text,
+            "777 SaveUpdateDeleteTemplates: Pirmiausia įrašykite tikslą.");
 }
 
 struct SaveCase {
@@ -264,13 +260,8 @@ TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
   db_->Exec("INSERT INTO firms (Name, GroupFlag) VALUES ('UAB Medis', 0);"
             "INSERT INTO firm_branches (FirmID, Name) VALUES (1, 'Vilniaus filialas'),"
             " (1, 'Kauno filialas')");
-  auto reply = Type("O0001604").RecordsetCall("DO0001604_GetFirmBranches", "0", 0);
-  ASSERT_EQ(reply.Number, 0) << reply.Text;
-  auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
-  ASSERT_TRUE(rs);
-  EXPECT_EQ(Column(*rs, "Preview"), (std::vector<std::string>{"UAB Medis, Kauno filialas",
-                                                              "UAB Medis, Vilniaus filialas"}));
-  EXPECT_EQ(Column(*rs, "ID"), (std::vector<std::string>{"2", "1"}));
+  EXPECT_THAT(Lines(*Read("O0001604", "DO0001604_GetFirmBranches", "0", true), {"ID", "Preview"}),
+              ElementsAre("2|UAB Medis, Kauno filialas", "1|UAB Medis, Vilniaus filialas"));
 }
 
 }  // namespace
