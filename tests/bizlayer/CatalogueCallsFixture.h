@@ -47,9 +47,8 @@ class CatalogueCallsFixture {
 
   Variant One(const std::string& sql) { return FirstValue(*db_, sql); }
 
-  // A read call (GetCall, or RecordsetCall when `records`) that must
-  // succeed; its record set, an empty one when it answered none (the case
-  // goes on to fail rather than crash).
+  // A read call (GetCall, or RecordsetCall when `records`) that must succeed; its record set, an
+  // empty one when it answered none (the case goes on to fail rather than crash).
   std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
                                   const std::string& param, bool records = false) {
     auto reply = records ? Type(oid).RecordsetCall(name, param, 0)

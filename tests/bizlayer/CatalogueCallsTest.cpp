@@ -21,9 +21,8 @@ class TableBusinessObjectTest : public CatalogueCallsFixture, public ::testing::
   }
 };
 
-// A grouped record names the groups above it, top first, each followed by
-// "\\"; the card shows that path before its group's name. A catalogue
-// without groups has no path.
+// A grouped record names the groups above it, top first, each followed by "\\"; the card shows that
+// path before its group's name. A catalogue without groups has no path.
 TEST_F(TableBusinessObjectTest, AGroupedRecordCarriesThePathOfItsGroups) {
   Made("O0000100", {{"Name", Variant("Tiekėjai")}, {"GroupFlag", Variant(1)}});
   Made("O0000100",
@@ -167,10 +166,9 @@ TEST_F(ReferenceBookCallsTest, ListsTheBooksTheirRecordsAndTheCardsStructure) {
 
 constexpr const char* kDestinations = "O0001615";
 
-// Destinations: group "Pardavimai" (1) with member "Didmeninė" (2), and
-// "Vidaus" (3) at the top. Two template types, two templates, one document
-// group; the group has a sales template for invoices, which its member
-// inherits.
+// Destinations: group "Pardavimai" (1) with member "Didmeninė" (2), and "Vidaus" (3) at the top.
+// Two template types, two templates, one document group; the group has a sales template for
+// invoices, which its member inherits.
 class DepartmentCallsTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
   DepartmentCallsTest() {

@@ -15,8 +15,7 @@ using ::testing::ElementsAre;
 class FirmCallsTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
   FirmCallsTest() {
-    // An overdue sale, a sale not yet due, an advance, a purchase, and our
-    // advance to firm 3.
+    // An overdue sale, a sale not yet due, an advance, a purchase, and our advance to firm 3.
     db_->Exec(
         "INSERT INTO firms (Name, Code, ParentID, GroupFlag, FirmTypeId, RegionID, CreditLimit,"
         " CreditDays, Active) VALUES ('Tiekėjai', NULL, NULL, 1, 2, 3, 0.0, 0, 1),"
@@ -44,8 +43,7 @@ class FirmReadTest : public FirmCallsTest, public ::testing::WithParamInterface<
 
 TEST_P(FirmReadTest, AnswersTheRowsInOrder) { ExpectRead("O0000100", GetParam()); }
 
-// Firm 2's notes: one in force, one ended, one in force with a higher
-// priority and an end ahead.
+// Firm 2's notes: one in force, one ended, one in force with a higher priority and an end ahead.
 const char* kNotes =
     "INSERT INTO firm_info (FirmID, Info, DateFrom, DateTo, UserName, Priority) VALUES"
     " (2, 'Sena pastaba', '2020-01-01', NULL, 'admin', 1),"
@@ -81,12 +79,10 @@ INSTANTIATE_TEST_SUITE_P(
         {"GetFirmDebt", "O00001004", {{"Sum240", {"0"}}}},
         {"GetOurDebt", "O00001003", {{"Sum220", {"10"}}}},
         {"GetOurDebt", "O00001002", {{"Sum240", {"180"}}}},
-        // The list with its settings (<Active>,<NotActive>,<CodeMode>) or a
-        // search ('<text>',<in code>,<from start>), O'Brien ir Ko and the
-        // group Pirkėjai out of use: groups first and always, whatever their
-        // own Active says; neither asked for, those in use, as the settings
-        // dialog shows it; its own list ('') every level; a search finds
-        // records in and out of use.
+        // The list with its settings (<Active>,<NotActive>,<CodeMode>) or a search ('<text>',<in
+        // code>,<from start>), O'Brien ir Ko and the group Pirkėjai out of use: groups first and
+        // always, whatever their own Active says; neither asked for, those in use, as the settings
+        // dialog shows it; its own list ('') every level; a search finds records in and out of use.
         {"Orvel_GetObjectList", "'O0000100','',1,0,1", {{"ID", {"5", "1", "4"}}}, kOut},
         {"Orvel_GetObjectList", "'O00001001','',1,0,1", {{"ID", {"2"}}}, kOut},
         {"Orvel_GetObjectList", "'O00001001','',0,1,1", {{"ID", {"3"}}}, kOut},
@@ -215,10 +211,9 @@ TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
   EXPECT_THAT(Column(*rs, "Info"), ElementsAre("Skambinti, paskui rašyti"));
 }
 
-// A priority out of 1 to 3, a day with dashes, an end before the start, a note
-// not there or of another firm are refused and change nothing; an unreal day,
-// too few arguments and an unknown firm are refused in the contract suite on
-// every engine.
+// A priority out of 1 to 3, a day with dashes, an end before the start, a note not there or of
+// another firm are refused and change nothing; an unreal day, too few arguments and an unknown firm
+// are refused in the contract suite on every engine.
 TEST_F(FirmDetailCallsTest, ABadNoteIsRefusedAndChangesNothing) {
   ASSERT_EQ(Write("0,'Esama','20260101',Null,2,1,1").Number, 0);
   const std::string before = Notes();

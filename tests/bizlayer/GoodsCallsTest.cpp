@@ -96,8 +96,7 @@ TEST_F(GoodsCallsTest, CopyGoodKeepsTheFieldsAndPricesButNotTheCodes) {
   EXPECT_EQ(Field(8, "Name || '|' || Price || '|' || ParentID || '|' || CreatedByUser || '|' ||"
                     " COALESCE(Code, BarCode, 'none')"),
             "Sūris 'Džiugas'|10.0|1|admin|none");
-  // The prices tab shows Preview, Code, Price and FirmName; a row opens as
-  // its price record.
+  // The prices tab shows Preview, Code, Price and FirmName; a row opens as its price record.
   auto prices = Read("O0000200", "GetPrices", "O00002008");
   EXPECT_THAT(Lines(*prices, {"Preview", "Code"}),
               ElementsAre("Didmeninė|EUR", "Mažmeninė|EUR", "Sutartinė|EUR"));
@@ -118,12 +117,10 @@ INSTANTIATE_TEST_SUITE_P(
         {"GetStructuredCode", "0", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
         {"GetStructuredCode", "", {{"PARENTCODE", {""}}, {"MAXCODE", {"13"}}}},
         {"GetStructuredCode", "7", {{"PARENTCODE", {"13"}}, {"MAXCODE", {""}}}},
-        // A group's list gives each good its tax rate as a whole percent,
-        // whether its price holds the tax, what is left in its open lots
-        // (nothing for a good never bought) and its place in the tree: the
-        // group card's columns and its drop come from these. VAT is Null for
-        // the general rate (21 %); the rate in force (VatRate) and VAT follow
-        // each other.
+        // A group's list gives each good its tax rate as a whole percent, whether its price holds
+        // the tax, what is left in its open lots (nothing for a good never bought) and its place in
+        // the tree: the group card's columns and its drop come from these. VAT is Null for the
+        // general rate (21 %); the rate in force (VatRate) and VAT follow each other.
         {"Orvel_GetObjectList", "'O00002001'",
          {{"Preview", {"Pieno produktai", "Pienas", "Sūris 'Džiugas'"}}, {"VAT", {"9", "5", ""}},
          {"PriceWithVAT", {"False", "True", "False"}}, {"Rest", {"", "", "4"}},
@@ -194,8 +191,7 @@ TEST_F(GoodsCallsTest, ListsByTheSettingsAndTheSearchOptions) {
            {"'O00002001','',1,1,1,'',0,1,0", {"4|Group", "2|GEXIST", "3|GoodNA"}},
            {"'O00002001','',1,1,0,'',0,0,0", {"4|Group", "3|GoodNA", "2|GEXIST"}},
            {"'O00002006','',1,1,1,'',0,1,0", {"8|Service", "9|ServiceNA"}},
-           // With rest, anywhere or in one warehouse; a warehouse not asked for
-           // restricts nothing.
+           // With rest, anywhere or in one warehouse; a warehouse not asked for restricts nothing.
            {"'O00002001','',1,1,1,'',0,1,1", {"4|Group", "2|GEXIST"}},
            {"'O00002001','',1,1,1,'O00016051',1,1,1", {"4|Group"}},
            {"'O00002004','',1,1,1,'O00016051',1,1,1", {"5|GEXIST"}},
@@ -239,12 +235,10 @@ TEST_F(GoodsCallsTest, ListSettingsThatCannotBeReadAreRefusedWithTheirText) {
   }
 }
 
-// A good's prices, minimum amounts and template rows as records of their own:
-// opened, saved, changed and deleted through the standard object calls with
-// the parameter strings the goods card's adapter sends, and seen in the
-// good's detail lists.
-// Good 2 "Popierius" in group 1; good 3 alone. Warehouses 1 and 3 hold
-// goods, 2 is a group; two template types, two templates, two price types.
+// A good's prices, minimum amounts and template rows as records of their own: opened, saved,
+// changed and deleted through the standard object calls with the parameter strings the goods card's
+// adapter sends, and seen in the good's detail lists. Good 2 "Popierius" in group 1; good 3 alone.
+// Warehouses 1 and 3 hold goods, 2 is a group; two template types, two templates, two price types.
 class GoodsRecordCallsTest : public CatalogueCallsFixture, public ::testing::Test {
  protected:
   GoodsRecordCallsTest() {

@@ -70,11 +70,10 @@ void MakeThirdVersionFile(const std::string& path) {
   transaction.Commit();
 }
 
-// The file as the version before the goods' records made it: prices a call
-// table with NOT NULL columns and foreign keys, minimum amounts and templates
-// from the goods-details part, none of the three described, units a flat
-// table of names and codes, the good without the rate the card writes, every
-// part before the records made.
+// The file as the version before the goods' records made it: prices a call table with NOT NULL
+// columns and foreign keys, minimum amounts and templates from the goods-details part, none of the
+// three described, units a flat table of names and codes, the good without the rate the card
+// writes, every part before the records made.
 void MakeFileBeforeGoodsRecords(const std::string& path) {
   SqliteDatabase db(path);
   Transaction transaction(db);
@@ -162,8 +161,7 @@ INSTANTIATE_TEST_SUITE_P(
               " AND Name IN ('WithRest', 'Garanty')", Variant(2)},
              {"SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'",
               Variant(1)}}},
-        // Before goods were kept by serial numbers and debts carried their
-        // direction in Sign alone.
+        // Before goods were kept by serial numbers and debts carried their direction in Sign alone.
         OldFileCase{
             "SerialGoodsAndDebtsBySign",
             Downgraded(
@@ -249,9 +247,8 @@ TEST(ReferenceDatabase, AReaderIsNotBlockedByAnOpenWrite) {
   EXPECT_EQ(FirstValue(reader, "SELECT Name FROM banks WHERE ID = 1"), Variant("Pervadintas"));
 }
 
-// A writer child saves banks through the business layer as fast as it can
-// and is killed in the middle; the database opens again whole, holding only
-// whole records.
+// A writer child saves banks through the business layer as fast as it can and is killed in the
+// middle; the database opens again whole, holding only whole records.
 TEST(ReferenceDatabase, SurvivesAKilledWriter) {
   TempDatabase file;
   ReferenceDatabase::Open(file.Path());

@@ -14,10 +14,9 @@ namespace orvel::contract {
 // Field name and value pairs of one stored row; "ID" names its record.
 using Row = std::vector<std::pair<std::string, Variant>>;
 
-// One business layer held to the module's contract: the business object of
-// each object type, over a store that a case fills with what it is given.
-// Every engine starts empty and answers the same calls the same way; the
-// in-memory host answers the catalogues' own calls only as a test scripts
+// One business layer held to the module's contract: the business object of each object type, over a
+// store that a case fills with what it is given. Every engine starts empty and answers the same
+// calls the same way; the in-memory host answers the catalogues' own calls only as a test scripts
 // them, so it is held to the standard object calls (keepsCatalogueCalls).
 class ContractEngine {
  public:
@@ -33,10 +32,9 @@ class ContractEngine {
   // Stores rows of a table that no object type keeps (documents, their
   // lines, branches); only engines that keep the catalogue calls have them.
   virtual void GivenTable(const std::string& table, const std::vector<Row>& rows) = 0;
-  // The sample office a new database starts with: firms in groups with
-  // their documents, goods with their lots and prices, the currencies with a
-  // year of rates, the reference books. Only engines that keep the catalogue
-  // calls have it.
+  // The sample office a new database starts with: firms in groups with their documents, goods with
+  // their lots and prices, the currencies with a year of rates, the reference books. Only engines
+  // that keep the catalogue calls have it.
   virtual void GivenSampleOffice() = 0;
   // The rights of the second workstation's user (OtherSession), replacing
   // those it had: each row a component and whether every right on it is

@@ -81,8 +81,7 @@ class ContractFixture {
   std::unique_ptr<ContractEngine> engine_;
 };
 
-// The engines a suite runs on: every one, or those that keep the catalogue
-// calls.
+// The engines a suite runs on: every one, or those that keep the catalogue calls.
 inline std::vector<const EngineKind*> EngineParams(bool catalogueCalls = false) {
   std::vector<const EngineKind*> out;
   for (const auto& kind : Engines()) {
