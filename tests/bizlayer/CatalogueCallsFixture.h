@@ -71,7 +71,6 @@ class CatalogueCallsFixture {
   // A new record with `fields` set, saved; its OIDR ("" when refused).
   std::string Create(const std::string& oid, const FieldValues& fields, OrvelStatus* status) {
     auto record = Read(oid, "Orvel_NewObject", "'" + oid + "'");
-    if (!record) return "";
     for (const auto& [name, value] : fields) record->Fields(name).SetValue(value);
     *status = Save(oid, "", record);
     if (status->Number != 0) return "";

@@ -121,14 +121,6 @@ INSTANTIATE_TEST_SUITE_P(
         {"GetFindGoods", "'O00001004','Duona'",
          {{"Number", {}}}}}));
 
-TEST_F(FirmCallsTest, DeleteFirmInfoRemovesOneNote) {
-  db_->Exec("INSERT INTO firm_info (FirmID, Info) VALUES (2, 'pirma'), (2, 'antra')");
-  auto status = Type("O0000100").ExecCall("DeleteFirmInfo", "1", 0);
-  EXPECT_EQ(status.Number, 0) << status.Text;
-  EXPECT_THAT(Column(*Read("O0000100", "GetFirmInfo", "'O00001002',0"), "Info"),
-              ElementsAre("antra"));
-}
-
 TEST_F(FirmCallsTest, AFirmOnDocumentsCannotBeDeleted) {
   const std::string before = Snapshot();
   auto status = Type("O0000100").ExecCall("Orvel_DeleteObject", "'O00001002'", 0);
@@ -201,14 +193,17 @@ TEST_F(FirmDetailCallsTest, EachListAnswersTheFirmsRowsInOrder) {
               ElementsAre("LT02"));
 }
 
-TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroAndThenUpdated) {
+TEST_F(FirmDetailCallsTest, ANoteIsAddedUnderIdZeroThenUpdatedAndDeletedAlone) {
   ASSERT_EQ(Write("0,'Skambinti \"rytoj\"','20261123',Null,2,900,3").Number, 0);
   EXPECT_EQ(Notes(), "1|2|Skambinti \"rytoj\"|2026-11-23||rūta|3|\n");
   // The text may hold commas; the end may be set later.
   ASSERT_EQ(Write("1,'Skambinti, paskui rašyti','20261201','20261231',2,1,1").Number, 0);
   EXPECT_EQ(Notes(), "1|2|Skambinti, paskui rašyti|2026-12-01|2026-12-31|admin|1|\n");
-  auto rs = Read(kFirms, "GetFirmInfo", "'O00001002',1");
-  EXPECT_THAT(Column(*rs, "Info"), ElementsAre("Skambinti, paskui rašyti"));
+  EXPECT_THAT(Column(*Read(kFirms, "GetFirmInfo", "'O00001002',1"), "Info"),
+              ElementsAre("Skambinti, paskui rašyti"));
+  ASSERT_EQ(Write("0,'Antra','20261123',Null,2,1,1").Number, 0);
+  ASSERT_EQ(Type(kFirms).ExecCall("DeleteFirmInfo", "1", 0).Number, 0);
+  EXPECT_THAT(Column(*Read(kFirms, "GetFirmInfo", "'O00001002',0"), "Info"), ElementsAre("Antra"));
 }
 
 // A priority out of 1 to 3, a day with dashes, an end before the start, a note not there or of
