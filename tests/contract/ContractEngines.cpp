@@ -5,7 +5,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "ContractEngine.h"
+#include "ContractFixture.h"
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/PgDialect.h"
 #include "bizlayer/ScratchDatabase.h"
@@ -51,7 +51,21 @@ class LayerEngine : public ContractEngine {
   }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
-    GivenTable(CatalogueFor(oid).name, rows);
+    const std::string& table = CatalogueFor(oid).name;
+    for (const auto& row : rows) {
+      std::string columns;
+      std::string marks;
+      for (const auto& [name, value] : row) {
+        columns += (columns.empty() ? "" : ", ") + name;
+        marks += marks.empty() ? "?" : ", ?";
+      }
+      auto stmt =
+          db_->Prepare("INSERT INTO " + table + " (" + columns + ") VALUES (" + marks + ")");
+      int index = 1;
+      for (const auto& [name, value] : row) stmt.Bind(index++, value);
+      stmt.Run();
+    }
+    if (db_->Kind() == Database::Engine::Postgres) db_->Prepare(PgFollowIds(table)).Run();
   }
 
   // A new database as a workstation makes it on its first start.
@@ -101,23 +115,6 @@ class LayerEngine : public ContractEngine {
     }
   }
 
-  void GivenTable(const std::string& table, const std::vector<Row>& rows) override {
-    for (const auto& row : rows) {
-      std::string columns;
-      std::string marks;
-      for (const auto& [name, value] : row) {
-        columns += (columns.empty() ? "" : ", ") + name;
-        marks += marks.empty() ? "?" : ", ?";
-      }
-      auto stmt =
-          db_->Prepare("INSERT INTO " + table + " (" + columns + ") VALUES (" + marks + ")");
-      int index = 1;
-      for (const auto& [name, value] : row) stmt.Bind(index++, value);
-      stmt.Run();
-    }
-    if (db_->Kind() == Database::Engine::Postgres) db_->Prepare(PgFollowIds(table)).Run();
-  }
-
  private:
   void Open() {
     ReferenceDatabase::GrantEverything(*db_, "rūta");
@@ -154,7 +151,6 @@ class MemoryEngine : public ContractEngine {
     Memory(oid).Table().Seed(rows);
   }
 
-  void GivenTable(const std::string& table, const std::vector<Row>&) override { None(table); }
   void GivenSampleOffice() override { None("sample office"); }
   void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) override {
     None("rights");

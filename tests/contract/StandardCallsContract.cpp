@@ -201,8 +201,6 @@ TEST_P(StandardCallsContract, AWriteOrDeleteOfARecordChangedSinceItWasRead_Answe
   EXPECT_EQ(Found("ąčęėįšųūž"), Of({2}));
 }
 
-// A parameter string the call cannot read is refused with its Number and a
-// Lithuanian text, whatever the type, and changes nothing.
 TEST_P(StandardCallsContract, MalformedParameters_AreRefusedAndChangeNothing) {
   const std::string oid = Type().oid;
   for (const auto& [name, param] : std::vector<std::pair<std::string, std::string>>{
