@@ -19,8 +19,7 @@
 
 namespace orvel {
 
-// A read call as the module sends it and, for each field named, its value on
-// every row in order as text ("" for Null); `setup` is SQL run first.
+// A read call and each named field's value on every row, as text ("" for Null); `setup` runs first.
 struct ReadCase {
   const char* call;
   const char* param;
@@ -31,8 +30,7 @@ inline void PrintTo(const ReadCase& c, std::ostream* os) { *os << c.call << " " 
 
 using FieldValues = std::vector<std::pair<std::string, Variant>>;
 
-// An empty reference schema in memory with its business layer; each test
-// puts in the few rows its calls read.
+// An empty reference schema in memory with its layer; each test puts in the few rows it reads.
 class CatalogueCallsFixture {
  protected:
   CatalogueCallsFixture() {
@@ -59,8 +57,7 @@ class CatalogueCallsFixture {
     return rs ? rs : std::make_shared<MemoryRecordset>();
   }
 
-  // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the
-  // record with the two further sets it does not use.
+  // Orvel_SaveObject as the adapter sends it: '<OID>','<OIDR or "">' and the record, of three sets.
   OrvelStatus Save(const std::string& oid, const std::string& oidr,
                    const std::shared_ptr<Recordset>& record) {
     Variant::Array array{Variant(record), Variant(std::shared_ptr<Recordset>()),
@@ -121,12 +118,11 @@ class CatalogueCallsFixture {
     }
   }
 
-  // Every row of the tables that the catalogues' calls write, as text: equal
-  // snapshots mean a call changed nothing.
+  // The tables the catalogues' calls write, as text: equal snapshots mean a call changed nothing.
   std::string Snapshot() {
     std::string out;
     for (const char* table : {"firms", "goods", "goods_prices", "currency_rates", "firm_info",
-                              "documents", "document_lines", "settings"}) {
+                              "documents", "document_lines", "settings", "firm_branches"}) {
       out += std::string(table) + ":\n" +
              RowsText(*db_, std::string("SELECT * FROM ") + table + " ORDER BY rowid");
     }

@@ -1,6 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "CatalogueCallsFixture.h"
 #include "bizlayer/SchemaParts.h"
 #include "host/MemoryRecordset.h"
@@ -217,49 +219,29 @@ TEST_F(DepartmentCallsTest, AMemberInheritsItsGroupsTemplateAndANewRecordHasNone
             "777 SaveUpdateDeleteTemplates: Pirmiausia įrašykite tikslą.");
 }
 
-struct SaveCase {
-  const char* name;
-  const char* param;
-  int32_t number;
-  const char* attached;
-};
-
-class SaveTemplatesTest : public DepartmentCallsTest,
-                          public ::testing::WithParamInterface<SaveCase> {};
-
-TEST_P(SaveTemplatesTest, OneMethodAddsChangesAndDeletes) {
-  const auto& c = GetParam();
-  auto status = Save(c.param);
-  EXPECT_EQ(status.Number, c.number) << status.Text;
-  EXPECT_EQ(Attached(), c.attached);
-}
-
-// What a refused call leaves: the group's one row.
-constexpr const char* kKept = "1:1:1:1";
-
-INSTANTIATE_TEST_SUITE_P(
-    Params, SaveTemplatesTest,
-    ::testing::ValuesIn(std::vector<SaveCase>{
-        {"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0, "1:1:1:1 3:2:2:1"},
-        {"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0, "1:1:1:1 3:1:1:"},
-        {"Update", "'O00016151','O02015001','O02016002','',1", 0, "1:1:2:"},
-        {"Delete", "'O00016151','O02015001','','',1", 0, ""},
-        {"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, "1:1:1:1"},
-        {"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, kKept},
-        {"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777, kKept},
-        {"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, kKept},
-        {"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, kKept},
-        {"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, kKept},
-        {"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, kKept}}),
-    [](const auto& info) { return std::string(info.param.name); });
-
-// The departments list the suite's firm branches, by firm and branch name.
-TEST_F(DepartmentCallsTest, TheDepartmentsListTheSuitesFirmBranches) {
-  db_->Exec("INSERT INTO firms (Name, GroupFlag) VALUES ('UAB Medis', 0);"
-            "INSERT INTO firm_branches (FirmID, Name) VALUES (1, 'Vilniaus filialas'),"
-            " (1, 'Kauno filialas')");
-  EXPECT_THAT(Lines(*Read("O0001604", "DO0001604_GetFirmBranches", "0", true), {"ID", "Preview"}),
-              ElementsAre("2|UAB Medis, Kauno filialas", "1|UAB Medis, Vilniaus filialas"));
+// One method adds, changes and deletes, each call on the rows the calls before it left; what it
+// refuses leaves them as they were.
+TEST_F(DepartmentCallsTest, OneMethodAddsChangesAndDeletes) {
+  for (const auto& [name, param, number, attached] :
+       std::vector<std::tuple<const char*, const char*, int32_t, const char*>>{
+           {"GroupWithoutTemplate", "'O00016153','O02015001','','O10002001',0", 777, "1:1:1:1"},
+           {"SameTypeAndGroupTwice", "'O00016151','O02015001','O02016002','O10002001',0", 777,
+            "1:1:1:1"},
+           {"RowOfAnotherDestination", "'O00016153','O02015001','','',1", 777, "1:1:1:1"},
+           {"UnknownTemplate", "'O00016153','O02015001','O02016009','',0", 777, "1:1:1:1"},
+           {"NotATemplateReference", "'O00016153','O02015001','O00001001','',0", 5, "1:1:1:1"},
+           {"UnknownDestination", "'O000161599','O02015001','O02016001','',0", 3021, "1:1:1:1"},
+           {"EmptyPairOnAnInheritedRow", "'O00016152','O02015001','','',0", 0, "1:1:1:1"},
+           {"NewRow", "'O00016153','O02015002','O02016002','O10002001',0", 0, "1:1:1:1 3:2:2:1"},
+           {"NewRowWithoutGroup", "'O00016153','O02015001','O02016001','',0", 0,
+            "1:1:1:1 3:2:2:1 3:1:1:"},
+           {"Update", "'O00016151','O02015001','O02016002','',1", 0, "1:1:2: 3:2:2:1 3:1:1:"},
+           {"Delete", "'O00016151','O02015001','','',1", 0, "3:2:2:1 3:1:1:"}}) {
+    SCOPED_TRACE(name);
+    const OrvelStatus status = Save(param);
+    EXPECT_EQ(status.Number, number) << status.Text;
+    EXPECT_EQ(Attached(), attached);
+  }
 }
 
 }  // namespace

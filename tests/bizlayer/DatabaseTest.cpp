@@ -66,7 +66,6 @@ TEST_P(DatabaseTest, AValueReadsBackByItsDeclaredType) {
   }
 }
 
-// An object cannot be stored; bad SQL is an error naming the statement.
 TEST_P(DatabaseTest, ObjectsAndBadSqlAreRefused) {
   db_->Exec("CREATE TABLE probe (t TEXT)");
   auto insert = db_->Prepare("INSERT INTO probe VALUES (?)");
@@ -236,10 +235,8 @@ const Variant kParts(static_cast<int32_t>(SchemaParts().size()));
 
 INSTANTIATE_TEST_SUITE_P(
     Versions, OldFileTest,
-    ::testing::Values(
-        OldFileCase{
-            "First",
-            Downgraded(
+    ::testing::ValuesIn(std::vector<OldFileCase>{
+        {"First", Downgraded(
                 "DROP TRIGGER goods_records_follow_good; DELETE FROM schema_parts WHERE Name IN"
                 " ('goods-records-follow-their-good', 'goods-measure-rows-and-units-book');"
                 " DROP TRIGGER goods_vat_update; DROP TRIGGER goods_vat_rate_update;"
@@ -259,9 +256,7 @@ INSTANTIATE_TEST_SUITE_P(
              {"SELECT COUNT(*) FROM sqlite_master WHERE name = 'goods_records_follow_good'",
               Variant(1)}}},
         // Before goods were kept by serial numbers and debts carried their direction in Sign alone.
-        OldFileCase{
-            "SerialGoodsAndDebtsBySign",
-            Downgraded(
+        {"SerialGoodsAndDebtsBySign", Downgraded(
                 "ALTER TABLE goods DROP COLUMN WithItems; UPDATE documents SET Debt = -Debt WHERE"
                 " Sign < 0; DELETE FROM field_descriptions WHERE Name = 'WithItems'; DELETE FROM"
                 " schema_parts WHERE Name IN ('goods-with-items', 'document-debts-by-sign');"),
@@ -271,9 +266,7 @@ INSTANTIATE_TEST_SUITE_P(
              {"SELECT COUNT(*) FROM goods WHERE WithItems = 1 AND ID NOT IN (SELECT GoodID FROM"
               " document_lines WHERE SerialNo IS NOT NULL)", Variant(0)},
              {"SELECT COUNT(*) > 10 FROM goods WHERE WithItems = 1", Variant(1)}}},
-        OldFileCase{
-            "Second",
-            Downgraded(
+        {"Second", Downgraded(
                 "DROP TABLE reference_books; DROP TABLE book_firm_types; DROP TABLE"
                 " book_payment_terms; DROP TABLE book_locations; DELETE FROM field_descriptions"
                 " WHERE StructureName IN ('ReferenceBooks', 'FirmTypes', 'PaymentTerms',"
@@ -285,13 +278,12 @@ INSTANTIATE_TEST_SUITE_P(
              {"SELECT COUNT(*) FROM field_descriptions WHERE StructureName = 'Locations'",
               Variant(6)}}},
         // Every part is made once and named.
-        OldFileCase{"Third", MakeThirdVersionFile, {"SELECT ID, Name FROM banks"},
-                    {{"SELECT COUNT(*) FROM schema_parts", kParts},
-                     {"SELECT COUNT(*) FROM reference_books", Variant(6)}}},
+        {"Third", MakeThirdVersionFile, {"SELECT ID, Name FROM banks"},
+         {{"SELECT COUNT(*) FROM schema_parts", kParts},
+          {"SELECT COUNT(*) FROM reference_books", Variant(6)}}},
         // The prices keep their rows, IDs and sequence; the units become the
         // book, their IDs kept, the measure rows its records.
-        OldFileCase{
-            "BeforeGoodsRecords", MakeFileBeforeGoodsRecords,
+        {"BeforeGoodsRecords", MakeFileBeforeGoodsRecords,
             {"SELECT ID, GoodID, PriceType, Currency, Price, FirmID FROM goods_prices ORDER BY ID",
              "SELECT ID, GoodID, LocationID, MinAmount FROM goods_min_amounts",
              "SELECT seq FROM sqlite_sequence WHERE name = 'goods_prices'"},
@@ -304,7 +296,7 @@ INSTANTIATE_TEST_SUITE_P(
               Variant("7|pakuotė|1")},
              {"SELECT COUNT(*) FROM reference_books WHERE BookOID = 'O0001606'", Variant(1)},
              {"SELECT COUNT(*) FROM goods WHERE VAT IS NOT CAST(VatRate AS INTEGER)"
-              " OR AmountPrecision IS NULL", Variant(0)}}}),
+              " OR AmountPrecision IS NULL", Variant(0)}}}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 // A file of the version before the goods' records takes a price as the card

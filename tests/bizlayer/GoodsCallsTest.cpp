@@ -55,31 +55,24 @@ class GoodsCallsTest : public CatalogueCallsFixture, public ::testing::Test {
   }
 };
 
-// The group changes with the argument as the price and guarantee dialogs
-// build it; the prices of goods 2, 3 and 5 after it.
-struct GroupChangeCase {
-  const char* call;
-  const char* argument;
-  const char* field;
-  std::vector<std::string> expected;
-};
-
-class GroupChangeTest : public GoodsCallsTest,
-                        public ::testing::WithParamInterface<GroupChangeCase> {};
+// The group changes with the argument as the price and guarantee dialogs build it: the call, its
+// argument, a field and its values on goods 2, 3 and 5 after it.
+using GroupChange = std::tuple<const char*, const char*, const char*, std::vector<std::string>>;
+class GroupChangeTest : public GoodsCallsTest, public ::testing::WithParamInterface<GroupChange> {};
 
 TEST_P(GroupChangeTest, ReachesTheGoodsItNames) {
-  const auto& c = GetParam();
-  Variant::Array array{Variant(c.argument)};
-  auto status = Type("O0000200").ExecArrayCall(c.call, "", array);
+  const auto& [call, argument, field, expected] = GetParam();
+  Variant::Array array{Variant(argument)};
+  auto status = Type("O0000200").ExecArrayCall(call, "", array);
   ASSERT_EQ(status.Number, 0) << status.Text;
-  EXPECT_EQ((std::vector<std::string>{Field(2, c.field), Field(3, c.field), Field(5, c.field)}),
-            c.expected);
+  EXPECT_EQ((std::vector<std::string>{Field(2, field), Field(3, field), Field(5, field)}),
+            expected);
   EXPECT_EQ(Field(4, "UpdatedByUser"), "") << "groups are not touched";
 }
 
 INSTANTIATE_TEST_SUITE_P(
     Goods, GroupChangeTest,
-    ::testing::ValuesIn(std::vector<GroupChangeCase>{
+    ::testing::ValuesIn(std::vector<GroupChange>{
         // Who changed a price is recorded with it.
         {"UpdateGoodsPrice", "1,0,10", "Price || '|' || COALESCE(UpdatedByUser, '')",
          {"11.0|rūta", "22.0|rūta", "100.0|"}},
@@ -210,7 +203,6 @@ TEST_F(GoodsCallsTest, ListsByTheSettingsAndTheSearchOptions) {
   }
 }
 
-// List settings that cannot be read: the call's Number and text.
 TEST_F(GoodsCallsTest, ListSettingsThatCannotBeReadAreRefusedWithTheirText) {
   db_->Exec("INSERT INTO book_locations (Code, Name, ParentID, GroupFlag)"
             " VALUES ('P', 'Parduotuvės', 0, 1)");
@@ -327,14 +319,9 @@ TEST_F(GoodsRecordCallsTest, APriceWrittenByNameGetsItsTypesId) {
               ElementsAre("Klientų 'VIP'"));
 }
 
-struct RefusedCase {
-  const char* oid;
-  FieldValues fields;
-  const char* reason;
-};
-
 TEST_F(GoodsRecordCallsTest, ABadRecordIsToldAndNothingIsWritten) {
-  for (const RefusedCase& c : std::vector<RefusedCase>{
+  for (const auto& [oid, fields, reason] :
+       std::vector<std::tuple<const char*, FieldValues, const char*>>{
            {"O0000600", {{"GoodPriceTypeID", k1}, {"Price", k1}}, "Nenurodyta prekė"},
            {"O0000600", {{"GoodID", k99}, {"GoodPriceTypeID", k1}}, "Nenurodyta prekė"},
            {"O0000600", {{"GoodID", k2}, {"GoodPriceTypeID", k99}}, "Nėra tokio kainos tipo"},
@@ -350,12 +337,12 @@ TEST_F(GoodsRecordCallsTest, ABadRecordIsToldAndNothingIsWritten) {
             "Šis matavimo vienetas prekei jau nurodytas"},
            {"O0000400", {{"GoodID", k2}, {"MeasureID", k2}, {"Scale", k0}, {"Scale2", k0}},
             "Santykis turi būti didesnis už nulį"}}) {
-    SCOPED_TRACE(c.reason);
+    SCOPED_TRACE(reason);
     const std::string before = Snapshot();
     OrvelStatus status;
-    EXPECT_EQ(Create(c.oid, c.fields, &status), "");
+    EXPECT_EQ(Create(oid, fields, &status), "");
     EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
-    EXPECT_THAT(status.Text, HasSubstr(c.reason));
+    EXPECT_THAT(status.Text, HasSubstr(reason));
     for (const char* table :
          {"goods_prices", "goods_min_amounts", "goods_templates", "goods_measures"}) {
       EXPECT_EQ(Rows(table), 0) << table;
