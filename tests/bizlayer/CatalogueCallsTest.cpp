@@ -41,8 +41,7 @@ TEST_F(TableBusinessObjectTest, AFailedSaveLeavesTheTableAsItWas) {
   auto rs = Record("O00003001");
   rs->Fields("Name").SetValue(Variant("Pakeistas"));
   rs->Fields("Code").SetValue(Variant(std::make_shared<MemoryRecordset>()));  // cannot be stored
-  Variant::Array array{Variant(rs)};
-  auto status = Type("O0000300").ExecArrayCall("Orvel_SaveObject", "'O0000300','O00003001'", array);
+  auto status = Save("O0000300", "O00003001", rs);
   EXPECT_EQ(status.Number, TableBusinessObject::kDatabaseError);
   EXPECT_EQ(Record("O00003001")->Fields("Name").Value(), Variant("AB SEB bankas"));
 

@@ -86,8 +86,8 @@ TEST_P(DatabaseTest, ContainsAndStartsCompareLithuanianLettersWithoutCase) {
     probe.Reset();
     probe.BindAll(text, part);
     ASSERT_TRUE(probe.Step());
-    EXPECT_EQ(probe.Column(0), Variant(contains)) << text;
-    EXPECT_EQ(probe.Column(1), Variant(starts)) << text;
+    EXPECT_EQ(ConcatText(probe.Column(0)) + ConcatText(probe.Column(1)),
+              std::to_string(contains) + std::to_string(starts)) << text;
   }
 }
 
@@ -104,12 +104,10 @@ TEST_P(DatabaseTest, RollsBackUnlessCommittedAndGivesTheNewId) {
     id = db_->LastInsertRowId();
     transaction.Commit();
   }
-  auto rows = db_->Prepare("SELECT ID, t AS Kept FROM probe WHERE t IS NOT ?");
-  rows.BindAll("lost");
+  auto rows = db_->Prepare("SELECT t AS Kept, ID FROM probe");
   ASSERT_TRUE(rows.Step());
-  EXPECT_EQ(rows.Column(0), Variant(static_cast<int32_t>(id)));
-  EXPECT_EQ(rows.ColumnName(1) + "=" + ConcatText(rows.Column(1)), "Kept=kept");
-  EXPECT_FALSE(rows.Step());
+  EXPECT_EQ(rows.ColumnName(0) + "=" + RowsText(*db_, "SELECT * FROM probe"),
+            "Kept=" + std::to_string(id) + "|kept|\n");
 }
 
 INSTANTIATE_TEST_SUITE_P(Engines, DatabaseTest, ::testing::ValuesIn(DatabaseEngines()),

@@ -16,12 +16,10 @@ using ::testing::AllOf;
 using ::testing::EndsWith;
 using ::testing::StartsWith;
 
-// ExecArrayCall sends "" and the case's parameter as the array's one text,
-// as the goods card's group changes do.
+// ExecArrayCall sends "" and the parameter as the array's one text, as the group changes do.
 enum class Op { GetCall, RecordsetCall, ExecCall, ExecArrayCall };
 
-// A parameter string the call must refuse, and the Number it answers:
-// 5 for one it cannot read, 3021 for one naming no record.
+// A parameter string the call must refuse, and its Number: 5 unreadable, 3021 naming no record.
 struct Refusal {
   Refusal(const char* p, int32_t n = 5) : param(p), number(n) {}  // NOLINT: a table row
   const char* param;
@@ -33,8 +31,7 @@ struct CallCase {
   const char* oid;
   const char* name;
   const char* param;
-  // Read calls: the fields the windows read, a text kind unless ":N" (a
-  // number), ":D" (a date) or ":B" (a boolean) follows the name.
+  // Read calls: the fields the windows read, text unless ":N" (number), ":D" (date), ":B" (bool).
   const char* fields;
   // Parameter strings the call must refuse: unreadable, or naming no record.
   std::vector<Refusal> refused = {};
@@ -42,8 +39,7 @@ struct CallCase {
   Op op = Op::GetCall;
 };
 
-// A bookkeeper reads the refusal: it names the call and says why in
-// Lithuanian, with none of the words a programmer's English text has.
+// A bookkeeper reads the refusal: it names the call and says why in Lithuanian, not in English.
 bool SaysWhyInLithuanian(const std::string& text, const std::string& call) {
   if (text.find(call) == std::string::npos && text.find("Įrašas nerastas") == std::string::npos) {
     return false;

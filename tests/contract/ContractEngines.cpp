@@ -28,12 +28,10 @@ const CatalogueTable& CatalogueFor(const std::string& oid) {
   return *catalogue;
 }
 
-// The reference business layer over an empty schema: a SQLite database in
-// memory, or a schema of its own on the tests' PostgreSQL server.
+// The reference business layer over an empty SQLite database in memory or PostgreSQL schema.
 class LayerEngine : public ContractEngine {
  public:
-  // `copied`: the sample office is made on SQLite and copied over, as an
-  // office moves from one desk to its server.
+  // `copied`: the sample office is made on SQLite and copied over, as a desk's office to a server.
   explicit LayerEngine(std::shared_ptr<Database> db, bool copied = false)
       : db_(std::move(db)), copied_(copied) {
     ReferenceDatabase::CreateSchema(*db_);
@@ -135,8 +133,7 @@ class LayerEngine : public ContractEngine {
   bool copied_;
 };
 
-// The in-memory host's business objects, each table declared with the
-// fields and defaults that the reference layer's catalogue names.
+// The in-memory host's business objects, each table with its catalogue's fields and defaults.
 class MemoryEngine : public ContractEngine {
  public:
   OrvelObjectBO& Object(const std::string& oid) override { return Memory(oid); }
@@ -149,11 +146,6 @@ class MemoryEngine : public ContractEngine {
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
     Memory(oid).Table().Seed(rows);
-  }
-
-  void GivenSampleOffice() override { None("sample office"); }
-  void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) override {
-    None("rights");
   }
 
   std::string Digest() override {
@@ -172,10 +164,6 @@ class MemoryEngine : public ContractEngine {
   }
 
  private:
-  [[noreturn]] static void None(const std::string& what) {
-    throw std::logic_error("the in-memory host keeps no " + what);
-  }
-
   MemoryBusinessObject& Memory(const std::string& oid) {
     auto& object = objects_[oid];
     if (!object) {

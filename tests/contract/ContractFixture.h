@@ -5,6 +5,7 @@
 #include <algorithm>
 #include <functional>
 #include <memory>
+#include <stdexcept>
 #include <string>
 #include <utility>
 #include <vector>
@@ -30,19 +31,19 @@ class ContractEngine {
 
   // The business object of a type the engine keeps.
   virtual OrvelObjectBO& Object(const std::string& oid) = 0;
-  // The same type's business object of a second workstation over the same
-  // store, as another bookkeeper's host has it.
+  // The same type's business object of another bookkeeper's workstation over the same store.
   virtual OrvelObjectBO& OtherSession(const std::string& oid) = 0;
   // Stores records of an object type, each under the ID its row names.
   virtual void Given(const std::string& oid, const std::vector<Row>& rows) = 0;
   // The sample office a new database starts with: firms in groups with their documents, goods with
   // their lots and prices, the currencies with a year of rates, the reference books. Only engines
   // that keep the catalogue calls have it.
-  virtual void GivenSampleOffice() = 0;
-  // The rights of the second workstation's user (OtherSession), replacing
-  // those it had: each row a component and whether every right on it is
+  virtual void GivenSampleOffice() { throw std::logic_error("this engine keeps no sample office"); }
+  // The rights of the OtherSession user, replaced: a component and whether every right on it is
   // held. Only engines that keep the catalogue calls keep rights.
-  virtual void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>& rights) = 0;
+  virtual void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) {
+    throw std::logic_error("this engine keeps no rights");
+  }
   // Everything the engine stores, as text: equal digests mean nothing changed.
   virtual std::string Digest() = 0;
 };
@@ -86,8 +87,7 @@ class ContractFixture {
     return engine_->Object(oid).GetCall(name, param, 0);
   }
 
-  // A read call that must succeed: its set, on the first row; an empty set
-  // when it answered none, so that a case goes on to fail rather than crash.
+  // A read call that must succeed: its set on the first row (an empty one when none: no crash).
   std::shared_ptr<Recordset> Read(const std::string& oid, const std::string& name,
                                   const std::string& param) {
     auto reply = Get(oid, name, param);
