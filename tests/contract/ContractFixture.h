@@ -110,15 +110,6 @@ class ContractFixture {
     return std::to_string(reply.Number) + " " + reply.Text;
   }
 
-  // The OIDR of every row, sorted.
-  static std::vector<std::string> Oidrs(Recordset& rs) {
-    std::vector<std::string> out;
-    for (rs.MoveFirst(); !rs.IsEOF(); rs.MoveNext()) {
-      out.push_back(ConcatText(rs.Fields("OIDR").Value()));
-    }
-    std::sort(out.begin(), out.end());
-    return out;
-  }
 
   std::unique_ptr<ContractEngine> engine_;
 };
