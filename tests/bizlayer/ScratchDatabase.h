@@ -17,8 +17,7 @@
 
 namespace orvel {
 
-// The URL of the tests' PostgreSQL server, which CTest starts before them
-// (ORVEL_PG_STATE names its state file); fails the test when there is none.
+// The URL of the PostgreSQL server CTest starts (ORVEL_PG_STATE names its file); fails without one.
 inline std::string TestServerUrl() {
   const char* state = std::getenv("ORVEL_PG_STATE");
   std::ifstream file(state ? state : "");
@@ -30,8 +29,7 @@ inline std::string TestServerUrl() {
   return url;
 }
 
-// A connection to the tests' server in a schema of its own, dropped with
-// it: each test starts from nothing, as with a new SQLite file.
+// A connection to the tests' server in a schema of its own, dropped with it, as a new SQLite file.
 class ScratchPgDatabase : public PgDatabase {
  public:
   ScratchPgDatabase() : PgDatabase(TestServerUrl()) {
@@ -53,8 +51,7 @@ class ScratchPgDatabase : public PgDatabase {
   std::string schema_;
 };
 
-// The engines a database test runs on: a new in-memory SQLite database, and
-// a new schema on the tests' PostgreSQL server.
+// The engines a database test runs on: SQLite in memory, and a new schema on the tests' server.
 struct EngineMaker {
   const char* name;
   std::function<std::shared_ptr<Database>()> make;

@@ -1,10 +1,11 @@
-#include <algorithm>
 #include <map>
+#include <set>
+#include <sstream>
 #include <memory>
 #include <stdexcept>
 #include <string>
 
-#include "ContractEngine.h"
+#include "ContractFixture.h"
 #include "bizlayer/BusinessLayer.h"
 #include "bizlayer/PgDialect.h"
 #include "bizlayer/ScratchDatabase.h"
@@ -13,6 +14,7 @@
 #include "bizlayer/SqliteDatabase.h"
 #include "bizlayer/TableBusinessObject.h"
 #include "host/Convert.h"
+#include "support/Sql.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
 
@@ -26,12 +28,10 @@ const CatalogueTable& CatalogueFor(const std::string& oid) {
   return *catalogue;
 }
 
-// The reference business layer over an empty schema: a SQLite database in
-// memory, or a schema of its own on the tests' PostgreSQL server.
+// The reference business layer over an empty SQLite database in memory or PostgreSQL schema.
 class LayerEngine : public ContractEngine {
  public:
-  // `copied`: the sample office is made on SQLite and copied over, as an
-  // office moves from one desk to its server.
+  // `copied`: the sample office is made on SQLite and copied over, as a desk's office to a server.
   explicit LayerEngine(std::shared_ptr<Database> db, bool copied = false)
       : db_(std::move(db)), copied_(copied) {
     ReferenceDatabase::CreateSchema(*db_);
@@ -49,7 +49,21 @@ class LayerEngine : public ContractEngine {
   }
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
-    GivenTable(CatalogueFor(oid).name, rows);
+    const std::string& table = CatalogueFor(oid).name;
+    for (const auto& row : rows) {
+      std::string columns;
+      std::string marks;
+      for (const auto& [name, value] : row) {
+        columns += (columns.empty() ? "" : ", ") + name;
+        marks += marks.empty() ? "?" : ", ?";
+      }
+      auto stmt =
+          db_->Prepare("INSERT INTO " + table + " (" + columns + ") VALUES (" + marks + ")");
+      int index = 1;
+      for (const auto& [name, value] : row) stmt.Bind(index++, value);
+      stmt.Run();
+    }
+    if (db_->Kind() == Database::Engine::Postgres) db_->Prepare(PgFollowIds(table)).Run();
   }
 
   // A new database as a workstation makes it on its first start.
@@ -81,14 +95,9 @@ class LayerEngine : public ContractEngine {
       const std::string table = ConcatText(tables.Column(0));
       out += table + ":\n";
       // Sorted here: an engine may hand back rows of equal keys in any order.
-      auto rows = db_->Prepare("SELECT * FROM " + table);
-      std::vector<std::string> lines;
-      while (rows.Step()) {
-        std::string line;
-        for (int c = 0; c < rows.ColumnCount(); ++c) line += ConcatText(rows.Column(c)) + "|";
-        lines.push_back(std::move(line));
-      }
-      std::sort(lines.begin(), lines.end());
+      std::istringstream rows(RowsText(*db_, "SELECT * FROM " + table));
+      std::multiset<std::string> lines;
+      for (std::string line; std::getline(rows, line);) lines.insert(line);
       for (const auto& line : lines) out += line + "\n";
     }
     return out;
@@ -102,23 +111,6 @@ class LayerEngine : public ContractEngine {
           " Allowed) SELECT ID, ?2, 1, ?1, ?1, ?1, ?1 FROM users WHERE Name = 'jonas'");
       grant.BindAll(held ? 1 : 0, component).Run();
     }
-  }
-
-  void GivenTable(const std::string& table, const std::vector<Row>& rows) override {
-    for (const auto& row : rows) {
-      std::string columns;
-      std::string marks;
-      for (const auto& [name, value] : row) {
-        columns += (columns.empty() ? "" : ", ") + name;
-        marks += marks.empty() ? "?" : ", ?";
-      }
-      auto stmt =
-          db_->Prepare("INSERT INTO " + table + " (" + columns + ") VALUES (" + marks + ")");
-      int index = 1;
-      for (const auto& [name, value] : row) stmt.Bind(index++, value);
-      stmt.Run();
-    }
-    if (db_->Kind() == Database::Engine::Postgres) db_->Prepare(PgFollowIds(table)).Run();
   }
 
  private:
@@ -141,8 +133,7 @@ class LayerEngine : public ContractEngine {
   bool copied_;
 };
 
-// The in-memory host's business objects, each table declared with the
-// fields and defaults that the reference layer's catalogue names.
+// The in-memory host's business objects, each table with its catalogue's fields and defaults.
 class MemoryEngine : public ContractEngine {
  public:
   OrvelObjectBO& Object(const std::string& oid) override { return Memory(oid); }
@@ -155,18 +146,6 @@ class MemoryEngine : public ContractEngine {
 
   void Given(const std::string& oid, const std::vector<Row>& rows) override {
     Memory(oid).Table().Seed(rows);
-  }
-
-  void GivenTable(const std::string& table, const std::vector<Row>&) override {
-    throw std::logic_error("the in-memory host keeps no table " + table);
-  }
-
-  void GivenSampleOffice() override {
-    throw std::logic_error("the in-memory host keeps no sample office");
-  }
-
-  void GivenOtherUsersRights(const std::vector<std::pair<std::string, bool>>&) override {
-    throw std::logic_error("the in-memory host keeps no rights");
   }
 
   std::string Digest() override {
@@ -193,9 +172,8 @@ class MemoryEngine : public ContractEngine {
       for (const auto& field : CatalogueFor(oid).fields) names.push_back(field.name);
       object->Table().SetFields(names);
       for (const auto& field : CatalogueFor(oid).fields) {
-        object->Table().SetDefault(field.name,
-                                   field.defaultValue.IsEmpty() ? Variant::Null()
-                                                                : field.defaultValue);
+        const Variant& value = field.defaultValue;
+        object->Table().SetDefault(field.name, value.IsEmpty() ? Variant::Null() : value);
       }
     }
     return *object;
