@@ -1,5 +1,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include <functional>
 #include <optional>
@@ -24,7 +27,7 @@ namespace {
 struct RoundTrip {
   const char* column;  // a column of the probe table
   Variant stored;
-  std::optional<Variant> read;  // when not what was stored
+  std::optional<Variant> read = std::nullopt;  // when not what was stored
 };
 
 Date At(int y, int m, int d, int seconds = 0) {
@@ -317,6 +320,49 @@ TEST(ReferenceDatabase, AFileBeforeGoodsRecordsTakesANewPrice) {
   EXPECT_GT(fresh->Fields("ID").Value().NumberValue(), lastId.NumberValue());
   EXPECT_EQ(FirstValue(*db, "SELECT PriceType FROM goods_prices ORDER BY ID DESC"),
             Variant("Mažmeninė"));
+}
+
+// A writer child saves banks through the business layer as fast as it can
+// and is killed in the middle; the database opens again whole, holding only
+// whole records.
+TEST(ReferenceDatabase, SurvivesAKilledWriter) {
+  TempDatabase file;
+  ReferenceDatabase::Open(file.Path());
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    close(ready[0]);
+    auto db = ReferenceDatabase::Open(file.Path());
+    BusinessLayer layer(db);
+    auto banks = layer.BusinessObject("O0000300");
+    for (int i = 0;; ++i) {
+      auto reply = banks->GetCall("Orvel_NewObject", "'O0000300'", 0);
+      auto rs = std::dynamic_pointer_cast<Recordset>(reply.Object);
+      rs->Fields("Name").SetValue(Variant("Bankas " + std::to_string(i)));
+      rs->Fields("Code").SetValue(Variant(std::to_string(i)));
+      Variant::Array array{Variant(rs)};
+      banks->ExecArrayCall("Orvel_SaveObject", "'O0000300',''", array);
+      if (i == 50) (void)!write(ready[1], "x", 1);
+    }
+  }
+  close(ready[1]);
+  char byte = 0;
+  ASSERT_EQ(read(ready[0], &byte, 1), 1);
+  close(ready[0]);
+  kill(child, SIGKILL);
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFSIGNALED(status));
+
+  auto db = ReferenceDatabase::Open(file.Path());
+  EXPECT_EQ(FirstValue(*db, "PRAGMA integrity_check"), Variant("ok"));
+  EXPECT_GE(FirstValue(*db, "SELECT COUNT(*) FROM banks").NumberValue(), 6 + 51);
+  EXPECT_EQ(FirstValue(*db,
+                "SELECT COUNT(*) FROM banks WHERE Name LIKE 'Bankas %'"
+                " AND (Code IS NULL OR CreationDate IS NULL)"),
+            Variant(0));
 }
 
 }  // namespace
