@@ -55,16 +55,6 @@ UserEventCase On(const char* name, Slot C::*slot, Step<C, void> act,
           }};
 }
 
-int MenuClick(const State& state) {
-  Menu popup("mnuNew");
-  Menu& entry = popup.Add("mnuNewWithCopy", "Naujas su kopija");
-  int n = 0;
-  entry.OnClick = [&n] { ++n; };
-  state(entry);
-  entry.Click();
-  return n;
-}
-
 int TextBoxKeyPress(const State& state) {
   TextBox box("txtCode");
   int n = 0;
@@ -110,7 +100,7 @@ INSTANTIATE_TEST_SUITE_P(
            [](ListView& v) { v.ItemClick(v.ListItems().Add(0, "a", "A")); },
            [](ListView& v) { return v.SelectedItem() != nullptr; }),
         On("ListViewMouseUp", &ListView::OnMouseUp, [](ListView& v) { v.MouseUp(vbRightButton); }),
-        UserEventCase{"MenuClick", MenuClick},
+        On("MenuClick", &Menu::OnClick, [](Menu& m) { m.Click(); }),
         On("DTPickerPick", &DTPicker::OnChange, [](DTPicker& d) { d.Pick(Variant(Date{46000})); }),
         On("TabStripClick", &TabStrip::OnClick,
            [](TabStrip& t) {
@@ -131,8 +121,7 @@ TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
   check.OnClick = [&] { ++events; };
   combo.OnClick = [&] { ++events; };
   for (Control* c : std::initializer_list<Control*>{&text, &check, &combo}) c->SetEnabled(false);
-  text.SetText("UAB Ąžuolas");
-  text.SetText("UAB Ąžuolas");  // unchanged: no Change
+  for (int twice = 0; twice < 2; ++twice) text.SetText("UAB Ąžuolas");  // unchanged: no Change
   check.SetValue(vbChecked);
   combo.SetListIndex(0);
   EXPECT_EQ(events, 3);
@@ -141,15 +130,12 @@ TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
 TEST(Controls, HandlerMayClearItsOwnSlotWhileRunning) {
   Button button("cmdEnter");
   std::string seen;
-  // Captured by value and too large for the slot's inline buffer: were the
-  // handler run in place, clearing the slot would free it under our feet.
-  std::string caption(200, 'x');
-  button.OnClick = [&button, &seen, caption] {
+  // Too large for the slot's inline buffer: run in place, it would be freed by its own clearing.
+  button.OnClick = [&button, &seen, caption = std::string(200, 'x')] {
     button.OnClick = nullptr;
     seen += caption;
   };
-  button.Click();
-  button.Click();
+  for (int twice = 0; twice < 2; ++twice) button.Click();
   EXPECT_EQ(seen, std::string(200, 'x'));
 }
 
@@ -160,11 +146,9 @@ TEST(Controls, Observer_IsToldOfRealChangesOnly) {
   TextBox text("txtName");
   for (Control* c : std::initializer_list<Control*>{&button, &panel, &text})
     c->SetObserver(&observer);
-  button.SetEnabled(false);
-  button.SetEnabled(false);
+  for (int twice = 0; twice < 2; ++twice) button.SetEnabled(false);
   button.SetCaption("Įrašyti");
-  panel.SetCaption("Bankai");
-  panel.SetCaption("Bankai");
+  for (int twice = 0; twice < 2; ++twice) panel.SetCaption("Bankai");
   text.SetText("x");
   text.SetTag("O00003001");
   button.SetObserver(nullptr);
@@ -188,10 +172,9 @@ TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
   text.SetText("Šiauliai");
   EXPECT_EQ(text.Text(), "Šia");
   EXPECT_EQ(ErrorOf([&] { text.SetMaxLength(-1); }), 380);
-  EXPECT_EQ(text.MaxLength(), 3);
   text.SetLocked(true);
   EXPECT_FALSE(text.Edit("abc"));
-  EXPECT_EQ(text.Text(), "Šia");
+  EXPECT_EQ(text.Text() + std::to_string(text.MaxLength()), "Šia3");
   text.SetText("ąčę");
   EXPECT_EQ(text.Text(), "ąčę");
 }
@@ -204,8 +187,7 @@ TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {
   EXPECT_EQ(ErrorOf([&] { check.SetValue(3); }), 380);
   EXPECT_EQ(check.Value(), vbGrayed);
   check.Click();  // a grayed box clicked becomes unchecked
-  EXPECT_EQ(check.Value(), vbUnchecked);
-  EXPECT_EQ(clicks, 2);
+  EXPECT_EQ(std::to_string(check.Value()) + std::to_string(clicks), "02");
 }
 
 TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
@@ -216,8 +198,7 @@ TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
   b.OnClick = [&] { clicks += "b"; };
   a.SetValue(true);
   b.Click();
-  EXPECT_EQ(std::vector<bool>({a.Value(), b.Value(), c.Value()}),
-            std::vector<bool>({false, true, false}));
+  EXPECT_EQ(std::vector<bool>({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
   EXPECT_EQ(clicks, "ab");
 }
 
@@ -229,18 +210,17 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
   combo.OnClick = [&] { ++clicks; };
   combo.OnChange = [&] { ++changes; };
   combo.SetListIndex(1);
-  EXPECT_EQ(combo.Text(), "USD");
-  EXPECT_EQ(combo.ItemData(combo.ListIndex()), 2);
+  EXPECT_EQ(combo.Text() + std::to_string(combo.ItemData(combo.ListIndex())), "USD2");
   EXPECT_EQ(std::to_string(clicks) + std::to_string(changes), "10");
   EXPECT_EQ(ErrorOf([&] { combo.SetListIndex(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { combo.ItemData(5); }), 381);
-  EXPECT_EQ(combo.List(5), "");
-  EXPECT_EQ(combo.ListIndex(), 1);
-  combo.SetText("EUR");
-  EXPECT_EQ(combo.ListIndex(), 0);
-  combo.SetText("GBP");
-  EXPECT_EQ(combo.ListIndex(), -1);
-  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(combo.List(5) + std::to_string(combo.ListIndex()), "1");
+  std::string indexes;
+  for (const char* text : {"EUR", "GBP"}) {
+    combo.SetText(text);
+    indexes += std::to_string(combo.ListIndex());
+  }
+  EXPECT_EQ(indexes + " " + std::to_string(changes), "0-1 2");
   combo.SetStyle(vbComboDropdownList);
   combo.SetText("USD");
   EXPECT_EQ(ErrorOf([&] { combo.SetText("Kitas"); }), 383);
@@ -263,10 +243,9 @@ TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
   combo.OnClick = [&] { ++clicks; };
   combo.Pick(suppliers);
   EXPECT_EQ(combo.SelectedItem(), &suppliers);
-  EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Tiekėjai 1");
   combo.SetText("Pirkėjai");  // the row that reads the same, without Click
   EXPECT_EQ(combo.SelectedItem(), &combo.ComboItems().Item("G1"));
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Pirkėjai 1");
   combo.ComboItems().Remove("G1");
   EXPECT_EQ(combo.SelectedItem(), nullptr);
 }
@@ -276,8 +255,8 @@ TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   int changes = 0;
   picker.OnChange = [&] { ++changes; };
   picker.SetValue(Variant(Date{46349}));
-  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant::Null()); }), 380);
-  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant("2026-11-23")); }), 380);
+  for (Variant refused : {Variant::Null(), Variant("2026-11-23")})
+    EXPECT_EQ(ErrorOf([&] { picker.SetValue(refused); }), 380);
   EXPECT_EQ(picker.Value(), Variant(Date{46349}));
   picker.SetCheckBox(true);
   picker.SetValue(Variant::Null());
@@ -295,13 +274,11 @@ TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
   t.AddTab("Rates", "Valiutos kursai");
   EXPECT_EQ(t.SelectedKey(), "");
   t.SetEnabled(false);
-  t.Select("Data");
-  t.Select("Data");
+  for (int twice = 0; twice < 2; ++twice) t.Select("Data");
   EXPECT_THAT(clicks, ElementsAre("Data", "Data"));
   EXPECT_EQ(ErrorOf([&] { t.Select("Other"); }), 35601);
   EXPECT_EQ(ErrorOf([&] { t.AddTab("Rates", "Kursai"); }), 35602);
-  EXPECT_EQ(t.SelectedKey(), "Data");
-  EXPECT_EQ(t.Tabs().size(), 2u);
+  EXPECT_EQ(t.SelectedKey() + std::to_string(t.Tabs().size()), "Data2");
 }
 
 TEST(Timer, TicksOnlyWhileEnabled) {
@@ -323,9 +300,8 @@ TEST(Menu, FindsEntriesAtAnyDepth_NamesUniqueInTheTree) {
   Menu& desktop = send.Add("mnuToDesktop", "Į darbalaukį");
   int clicks = 0;
   desktop.OnClick = [&] { ++clicks; };
-  EXPECT_EQ(popup.Find("mnuToDesktop"), &desktop);
-  EXPECT_EQ(popup.Find("mnuNone"), nullptr);
-  EXPECT_EQ(desktop.Parent(), &send);
+  EXPECT_EQ(std::vector({popup.Find("mnuToDesktop"), popup.Find("mnuNone"), desktop.Parent()}),
+            std::vector<Menu*>({&desktop, nullptr, &send}));
   EXPECT_EQ(ErrorOf([&] { popup.Add("mnuToDesktop", "Dar"); }), 35602);
   EXPECT_EQ(popup.Items().size(), 1u);
   popup.Find("mnuToDesktop")->Click();

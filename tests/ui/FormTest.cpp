@@ -6,7 +6,7 @@
 
 #include "ui/Button.h"
 #include "ui/Form.h"
-#include "ui/FormObserver.h"
+#include "ui/RecordingObserver.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -50,14 +50,6 @@ class frmProbe : public Form {
   }
 };
 
-class RecordingFormObserver : public FormObserver {
- public:
-  void FormChanged(Form& form, std::string_view property) override {
-    changes.push_back(form.Name() + "." + std::string(property));
-  }
-  std::vector<std::string> changes;
-};
-
 // Load runs once however often the form is shown; a refused QueryUnload
 // keeps it shown; Hide keeps it loaded; a Show after an Unload loads again.
 TEST(Form, LifeCycle_LoadOnceRefusedUnloadHideAndLoadAgain) {
@@ -96,10 +88,9 @@ TEST(Form, Observer_FollowsTheLifeCycle_ControlsFoundByName) {
   EXPECT_EQ(form.Controls(), (std::vector<Control*>{&form.txtName, &form.cmdEnter}));
   EXPECT_EQ(form.FindControl("cmdEnter"), &form.cmdEnter);
   EXPECT_EQ(form.FindControl("cmdNone"), nullptr);
-  RecordingFormObserver observer;
+  RecordingObserver observer;
   form.SetObserver(&observer);
-  form.SetCaption("Bankai");
-  form.SetCaption("Bankai");
+  for (int twice = 0; twice < 2; ++twice) form.SetCaption("Bankai");
   form.Show();
   form.SetEnabled(false);
   form.Unload();

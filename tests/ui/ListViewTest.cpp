@@ -27,9 +27,8 @@ std::string Rows(const ListView& view) {
 class ListViewTest : public ::testing::Test {
  protected:
   ListViewTest() {
-    view.ListItems().Add(0, "O00003001", "SEB");
-    view.ListItems().Add(0, "O00003002", "Swedbank");
-    view.ListItems().Add(0, "O00003003", "Luminor");
+    for (const char* bank : {"SEB", "Swedbank", "Luminor"})
+      view.ListItems().Add(0, "O0000300" + std::to_string(view.ListItems().Count() + 1), bank);
     view.SetObserver(&observer);
   }
   ListView view{"lvwBanks"};
@@ -46,8 +45,7 @@ TEST_F(ListViewTest, Add_KeysUniqueIndexInsertsAndRenumbers) {
   EXPECT_EQ(view.ListItems().Item("O00003002").Text(), "Swedbank");
   EXPECT_THAT(observer.changes, IsEmpty());
   ListItem& first = view.ListItems().Item(1);
-  view.ListItems().Add(2, "", "Be rakto");
-  view.ListItems().Add(2, "", "Be rakto");
+  for (int twice = 0; twice < 2; ++twice) view.ListItems().Add(2, "", "Be rakto");
   EXPECT_EQ(Rows(view), "O00003001@1|@2|@3|O00003002@4|O00003003@5");
   view.ListItems().Add(6, "L", "Paskutinė");
   EXPECT_EQ(view.ListItems().Item(6).Key(), "L");
@@ -65,8 +63,7 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   view.ItemCheck(row);  // no check boxes shown: nothing
   EXPECT_FALSE(row.Checked());
   view.SetCheckboxes(true);
-  view.ItemCheck(row);
-  view.ItemCheck(row);
+  for (int twice = 0; twice < 2; ++twice) view.ItemCheck(row);
   row.SetChecked(true);  // from code: no event
   view.SetEnabled(false);
   view.ItemCheck(row);
@@ -77,10 +74,8 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
 // Items are one-based, a bad index or key refused; removing by either
 // renumbers and frees the key.
 TEST_F(ListViewTest, Item_IsOneBased_RemoveByIndexAndByKeyRenumbersAndFreesTheKey) {
-  EXPECT_EQ(view.ListItems().Item(1).Text(), "SEB");
-  EXPECT_EQ(view.ListItems().Item(3).Text(), "Luminor");
-  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(0); }), 35600);
-  EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(4); }), 35600);
+  EXPECT_EQ(view.ListItems().Item(1).Text() + view.ListItems().Item(3).Text(), "SEBLuminor");
+  for (int outside : {0, 4}) EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(outside); }), 35600);
   std::string text;
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item("O00003009"); }, &text), 35601);
   EXPECT_EQ(text, "Elementas nerastas");
@@ -88,8 +83,7 @@ TEST_F(ListViewTest, Item_IsOneBased_RemoveByIndexAndByKeyRenumbersAndFreesTheKe
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(""); }), 35601);
   ListItem& last = view.ListItems().Item("O00003003");
   view.ListItems().Remove(1);
-  EXPECT_EQ(Rows(view), "O00003002@1|O00003003@2");
-  EXPECT_EQ(last.Index(), 2);
+  EXPECT_EQ(Rows(view) + " " + std::to_string(last.Index()), "O00003002@1|O00003003@2 2");
   view.ListItems().Remove("O00003002");
   EXPECT_EQ(Rows(view), "O00003003@1");
   EXPECT_EQ(&view.ListItems().Item(1), &last);
@@ -145,19 +139,16 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   ListSubItem& amount = row.ListSubItems().Add(0, "Amount", "12,50");
   view.ListItems().Item(2).ListSubItems().Add(0, "Code", "HABALT22");  // another row: fine
   EXPECT_EQ(&row.ListSubItems().Item("Amount"), &amount);
-  EXPECT_EQ(row.ListSubItems().Item(1).Text(), "CBVILT2X");
-  EXPECT_EQ(amount.Index(), 2);
+  EXPECT_EQ(row.ListSubItems().Item(1).Text() + std::to_string(amount.Index()), "CBVILT2X2");
   EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Add(0, "Code", "kitas"); }), 35602);
   EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item("Nėra"); }), 35601);
   EXPECT_EQ(ErrorOf([&] { row.ListSubItems().Item(3); }), 35600);
   EXPECT_EQ(row.ListSubItems().Count(), 2);
   amount.SetTag(Variant::Null());
   amount.SetBold(true);
-  EXPECT_TRUE(amount.Tag().IsNull());
-  EXPECT_TRUE(amount.Bold());
-  EXPECT_TRUE(row.ListSubItems().Item("Code").Tag().IsEmpty());
+  EXPECT_TRUE(amount.Tag().IsNull() && amount.Bold());
   // A row's tag too is Empty until set, and keeps a Null.
-  EXPECT_TRUE(row.Tag().IsEmpty());
+  EXPECT_TRUE(row.ListSubItems().Item("Code").Tag().IsEmpty() && row.Tag().IsEmpty());
   row.SetTag(Variant::Null());
   EXPECT_TRUE(row.Tag().IsNull());
 }
@@ -171,10 +162,8 @@ TEST(ListView, SortedOrdersRowsAndRenumbers) {
       {1, lvwAscending, "k4@1|k3@2|k1@3|k2@4"}};
   for (const auto& [sortKey, sortOrder, rows] : cases) {
     ListView view("lvw");
-    for (const auto& [key, text, code] : {std::tuple{"k1", "beta", "2"},
-                                          {"k2", "Alfa", "3"},
-                                          {"k3", "ALFA", "1"},
-                                          {"k4", "gama", ""}}) {
+    for (const auto& [key, text, code] :
+         {std::tuple{"k1", "beta", "2"}, {"k2", "Alfa", "3"}, {"k3", "ALFA", "1"}, {"k4", "gama", ""}}) {
       ListItem& row = view.ListItems().Add(0, key, text);
       if (*code) row.ListSubItems().Add(0, "", code);
     }
@@ -190,15 +179,12 @@ TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrIns
   ListView view("lvw");
   EXPECT_EQ(ErrorOf([&] { view.SetSortOrder(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { view.SetSortKey(-1); }), 380);
-  EXPECT_EQ(view.SortOrder(), lvwAscending);
-  EXPECT_EQ(view.SortKey(), 0);
+  EXPECT_EQ(std::to_string(view.SortOrder()) + std::to_string(view.SortKey()), "00");
   auto& columns = view.ColumnHeaders();
   columns.Add(0, "Name", "Pavadinimas", 3000, lvwColumnLeft);
   columns.Add(0, "Amount", "Suma", 1200, lvwColumnRight);
   ColumnHeader& code = columns.Add(1, "Code", "Kodas", 900, lvwColumnLeft);
-  EXPECT_EQ(columns.Count(), 3);
-  EXPECT_EQ(code.Index(), 1);
-  EXPECT_EQ(columns.Item(2).Text(), "Pavadinimas");
+  EXPECT_EQ(std::to_string(code.Index()) + columns.Item(2).Text(), "1Pavadinimas");
   EXPECT_EQ(columns.Item("Amount").Alignment(), lvwColumnRight);
   EXPECT_EQ(columns.Item("Amount").Index(), 3);
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", 100, 3); }), 380);
@@ -209,11 +195,9 @@ TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrIns
 
 TEST_F(ListViewTest, Notifications_AreCoarseForRows) {
   ListItem& row = view.ListItems().Item(1);
-  row.SetText("SEB bankas");
-  row.SetText("SEB bankas");  // unchanged: nothing
+  for (int twice = 0; twice < 2; ++twice) row.SetText("SEB bankas");  // unchanged: nothing
   row.ListSubItems().Add(0, "", "x");
-  row.SetSelected(true);
-  row.SetSelected(true);
+  for (int twice = 0; twice < 2; ++twice) row.SetSelected(true);
   view.ColumnHeaders().Add(0, "", "Pavadinimas", 2000, lvwColumnLeft);
   view.ListItems().Clear();
   EXPECT_THAT(observer.changes,
