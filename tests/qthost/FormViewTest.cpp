@@ -1,7 +1,6 @@
-// The renderer: headless forms drawn by FormView and the host's field sheet
-// by FieldSheetView. Each case drives the widgets as a user would (or emits
-// the widget's own signal where the platform has no pointer) and checks the
-// module's side, or changes the model and checks the widget.
+// The renderer: forms drawn by FormView, the host's field sheet by FieldSheetView. Each case
+// drives the widgets as a user would (or emits the widget's signal where there is no pointer)
+// and checks the module's side, or changes the model and checks the widget.
 #include <gtest/gtest.h>
 
 #include <QtTest>
@@ -60,8 +59,7 @@ void Snap(QWidget& widget, const char* name) {
   widget.grab().save(QString(ORVEL_SCREENSHOT_DIR) + "/" + name + ".png");
 }
 
-// A small bookkeeping window with one control of every kind, whose handlers
-// write what happened into `log`.
+// A small bookkeeping window with one control of every kind; its handlers write into `log`.
 class LedgerForm : public BuiltForm {
  public:
   LedgerForm() : BuiltForm("frmLedger") {
@@ -213,22 +211,16 @@ TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
   EXPECT_GE(view_->minimumWidth(), 500);
 }
 
-// --- the model changed: the widget shows it ---------------------------------
 
 // The change, then the widget (by object name, "" for the window) and the Qt
 // property that shows it, or a probe where no property does.
 using F = LedgerForm;
 using T = FormViewTest;
 struct Mirroring {
-  Mirroring(const char* name, std::function<void(F&)> change, const char* object,
-            const char* property, QVariant value)
-      : name(name), change(change), object(object), property(property), value(value) {}
-  Mirroring(const char* name, std::function<void(F&)> change, std::function<bool(T&)> probe)
-      : name(name), change(change), probe(probe) {}
   const char* name;
   std::function<void(F&)> change;
-  const char* object = "";
-  const char* property = "";
+  const char* object;
+  const char* property;
   QVariant value;
   std::function<bool(T&)> probe;
 };
@@ -261,11 +253,11 @@ INSTANTIATE_TEST_SUITE_P(
         {"MaxLength", [](F& f) { f.txtCode.SetMaxLength(6); }, "txtCode", "maxLength", 6},
         {"ButtonCaption", [](F& f) { f.cmdOK.SetCaption("Įrašyti"); }, "cmdOK", "text", "Įrašyti"},
         {"Label", [](F& f) { f.lblNote.SetCaption("Įrašyta"); }, "lblNote", "text", "Įrašyta"},
-        {"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); },
+        {"LabelColour", [](F& f) { f.lblNote.SetForeColor(vbRed); }, "", "", {},
          [](T& t) { return t.Find<QLabel>("lblNote")->palette().windowText().color() == Qt::red; }},
         {"PanelCaption", [](F& f) { f.SOPanel.SetCaption("Nauja"); }, "SOPanel", "text", "Nauja"},
         {"ToolTip", [](F& f) { f.SOPanel.SetToolTipText("Eilė"); }, "SOPanel", "toolTip", "Eilė"},
-        {"CheckGrayed", [](F& f) { f.chkActive.SetValue(vbGrayed); },
+        {"CheckGrayed", [](F& f) { f.chkActive.SetValue(vbGrayed); }, "", "", {},
          [](T& t) { return t.Find<QCheckBox>("chkActive")->checkState() == Qt::PartiallyChecked; }},
         {"OptionPicked", [](F& f) { f.optCredit.SetValue(true); }, "optCredit", "checked", true},
         {"OptionGroup", [](F& f) { f.optCredit.SetValue(true); }, "optDebit", "checked", false},
@@ -281,12 +273,10 @@ INSTANTIATE_TEST_SUITE_P(
         {"ComboRows", [](F& f) { f.cmbKind.AddItem("Nebalansinės"); }, "cmbKind", "count", 4},
         {"Date", [](F& f) { f.dtpDate.SetValue(Variant(DateSerial(2027, 1, 31))); }, "dtpDate.date",
          "date", QDate(2027, 1, 31)},
-        {"DateUnticked",
-         [](F& f) {
+        {"DateUnticked", [](F& f) {
            f.dtpDate.SetCheckBox(true);
            f.dtpDate.SetValue(Variant::Null());
-         },
-         [](T& t) {
+         }, "", "", {}, [](T& t) {
            auto* tick = t.Find<QCheckBox>("dtpDate.tick");
            return tick->isVisible() && !tick->isChecked() &&
                   !t.Find<QDateEdit>("dtpDate.date")->isEnabled();
@@ -294,39 +284,34 @@ INSTANTIATE_TEST_SUITE_P(
         {"ListRowAdded", [](F& f) { f.AddRow("K4", "6110", "Sąnaudos", "0,00"); }, "lvwAccounts",
          "topLevelItemCount", 4},
         {"ListSubItem", [](F& f) { Item(f, 2).ListSubItems().Item(2).SetText("900,00"); },
-         [](T& t) { return Row(t, 1)->text(2) == "900,00"; }},
-        {"ListBold", [](F& f) { Item(f, 3).SetBold(true); },
+         "", "", {}, [](T& t) { return Row(t, 1)->text(2) == "900,00"; }},
+        {"ListBold", [](F& f) { Item(f, 3).SetBold(true); }, "", "", {},
          [](T& t) { return Row(t, 2)->font(0).bold(); }},
         {"ListColumn", [](F& f) { f.lvwAccounts.ColumnHeaders().Item(3).SetText("Suma"); },
-         [](T& t) { return t.Tree()->headerItem()->text(2) == "Suma"; }},
-        {"ListSelection", [](F& f) { f.lvwAccounts.SetSelectedItem(&Item(f, 2)); },
+         "", "", {}, [](T& t) { return t.Tree()->headerItem()->text(2) == "Suma"; }},
+        {"ListSelection", [](F& f) { f.lvwAccounts.SetSelectedItem(&Item(f, 2)); }, "", "", {},
          [](T& t) { return t.Tree()->currentItem() == Row(t, 1) && Row(t, 1)->isSelected(); }},
-        {"ListSorted",
-         [](F& f) {
+        {"ListSorted", [](F& f) {
            f.lvwAccounts.SetSortKey(1);
            f.lvwAccounts.SetSorted(true);
-         },
-         [](T& t) { return Row(t, 0)->text(1) == "Pinigai banke"; }},
-        {"ListChecks",
-         [](F& f) {
+         }, "", "", {}, [](T& t) { return Row(t, 0)->text(1) == "Pinigai banke"; }},
+        {"ListChecks", [](F& f) {
            f.lvwAccounts.SetCheckboxes(true);
            Item(f, 1).SetChecked(true);
-         },
-         [](T& t) { return Row(t, 0)->checkState(0) == Qt::Checked; }},
+         }, "", "", {}, [](T& t) { return Row(t, 0)->checkState(0) == Qt::Checked; }},
         {"Disabled", [](F& f) { f.cmdOK.SetEnabled(false); }, "cmdOK", "enabled", false},
         {"Hidden", [](F& f) { f.txtCode.SetVisible(false); }, "txtCode", "visible", false},
         {"MenuCaption", [](F& f) { f.mnuSave.SetCaption("Viską"); }, "mnuSave", "text", "Viską"},
         {"MenuDisabled", [](F& f) { f.mnuSave.SetEnabled(false); }, "mnuSave", "enabled", false},
         {"MenuEntryAdded", [](F& f) { f.mnuFile.Add("mnuExport", "Eksportuoti"); }, "mnuExport",
          "text", "Eksportuoti"},
-        {"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); },
+        {"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); }, "", "", {},
          [](T& t) { return t.W("mnuPopup") && t.Find<QMenuBar>("")->actions()[1]->isVisible(); }},
         {"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "interval", 500},
         {"TimerActive", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "active",
          true}}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// --- the user acts: the model's event is raised -----------------------------
 
 // The action and the events it raises, joined by "|"; the control is the
 // first event's.
@@ -345,18 +330,15 @@ class FormViewEventTest : public FormViewTest, public ::testing::WithParamInterf
   }
 };
 
-TEST_P(FormViewEventTest, TheUsersActionRaisesTheEvent) {
-  GetParam().act(*this);
-  QApplication::processEvents();
-  EXPECT_EQ(Join(form_.log, "|"), GetParam().raised);
-}
-
-TEST_P(FormViewEventTest, ADisabledControlRaisesNothing) {
-  Target().SetEnabled(false);
-  QApplication::processEvents();
-  GetParam().act(*this);
-  QApplication::processEvents();
-  EXPECT_EQ(form_.log, std::vector<std::string>{});
+// Disabled, the control raises nothing; enabled again, it raises the event.
+TEST_P(FormViewEventTest, TheUsersActionRaisesTheEventOnlyWhenEnabled) {
+  for (bool enabled : {false, true}) {
+    Target().SetEnabled(enabled);
+    QApplication::processEvents();
+    GetParam().act(*this);
+    QApplication::processEvents();
+    EXPECT_EQ(Join(form_.log, "|"), enabled ? GetParam().raised : "") << enabled;
+  }
 }
 
 // Typing letters QTest has no key for (Lithuanian ones): each a key press
@@ -387,65 +369,62 @@ void DoubleClick(QWidget* widget, QPoint at) {
   QApplication::sendEvent(widget, &dbl);
 }
 
-using E = FormViewTest;
 using Lines = std::vector<std::string>;
 void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
 
 INSTANTIATE_TEST_SUITE_P(
     Actions, FormViewEventTest,
     ::testing::ValuesIn(std::vector<UserAction>{
-        {"ButtonClick", [](E& t) { Click(t.W("cmdOK")); }, "cmdOK.Click"},
+        {"ButtonClick", [](T& t) { Click(t.W("cmdOK")); }, "cmdOK.Click"},
         {"ButtonRightClick",
-         [](E& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); },
+         [](T& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); },
          "cmdCancel.MouseUp 2"},
-        {"Typing", [](E& t) { QTest::keyClicks(t.W("txtCode"), "ab"); },
+        {"Typing", [](T& t) { QTest::keyClicks(t.W("txtCode"), "ab"); },
          "txtCode.KeyPress 65|txtCode.Change A|txtCode.KeyPress 66|txtCode.Change AB"},
-        {"Check", [](E& t) { ClickBox(t.W("chkActive")); }, "chkActive.Click 1"},
-        {"Option", [](E& t) { ClickBox(t.W("optCredit")); }, "optCredit.Click"},
-        {"ComboTyping", [](E& t) { TypeText(t.Find<QLineEdit>("cmbSearch.edit"), "Šv"); },
+        {"Check", [](T& t) { ClickBox(t.W("chkActive")); }, "chkActive.Click 1"},
+        {"Option", [](T& t) { ClickBox(t.W("optCredit")); }, "optCredit.Click"},
+        {"ComboTyping", [](T& t) { TypeText(t.Find<QLineEdit>("cmbSearch.edit"), "Šv"); },
          "cmbSearch.Change Š|cmbSearch.Change Šv"},
-        {"ImageComboPick", [](E& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); },
+        {"ImageComboPick", [](T& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); },
          "imgCurrency.Click JAV doleris"},
-        {"ComboPick", [](E& t) { emit t.As<QComboBox>("cmbKind")->activated(2); },
+        {"ComboPick", [](T& t) { emit t.As<QComboBox>("cmbKind")->activated(2); },
          "cmbKind.Click Pajamos"},
-        {"DatePick", [](E& t) { t.Find<QDateEdit>("dtpDate.date")->setDate(QDate(2026, 12, 31)); },
+        {"DatePick", [](T& t) { t.Find<QDateEdit>("dtpDate.date")->setDate(QDate(2026, 12, 31)); },
          "dtpDate.Change 2026-12-31"},
         {"ListRowClick",
-         [](E& t) { QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1)); },
+         [](T& t) { QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1)); },
          "lvwAccounts.ItemClick K2"},
-        {"ListRightClick", [](E& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); },
+        {"ListRightClick", [](T& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); },
          "lvwAccounts.MouseUp 2 K3"},
         // A double click lands on the row its first click selected.
         {"ListDoubleClick",
-         [](E& t) {
+         [](T& t) {
            t.form_.lvwAccounts.SetSelectedItem(&Item(t.form_, 1));
            DoubleClick(t.Tree()->viewport(), t.RowPoint(0));
          },
          "lvwAccounts.DblClick"},
         // What the list shows afterwards is the model's tick.
         {"ListTick",
-         [](E& t) {
+         [](T& t) {
            t.form_.lvwAccounts.SetCheckboxes(true);
            Row(t, 2)->setCheckState(0, Qt::Checked);
            QApplication::processEvents();
            EXPECT_EQ(Row(t, 2)->checkState(0) == Qt::Checked, Item(t.form_, 3).Checked());
          },
          "lvwAccounts.ItemCheck K3 1"},
-        {"ListF5", [](E& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); }, "lvwAccounts.KeyDown 116"},
-        {"ListColumnClick", [](E& t) { emit t.Tree()->header()->sectionClicked(2); },
+        {"ListF5", [](T& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); }, "lvwAccounts.KeyDown 116"},
+        {"ListColumnClick", [](T& t) { emit t.Tree()->header()->sectionClicked(2); },
          "lvwAccounts.ColumnClick 3"},
-        {"MenuEntry", [](E& t) { t.Find<QAction>("mnuSave")->trigger(); }, "mnuSave.Click"}}),
+        {"MenuEntry", [](T& t) { t.Find<QAction>("mnuSave")->trigger(); }, "mnuSave.Click"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
-// --- keys, focus, closing, failures -----------------------------------------
 
 TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
   // The box's handler replaced the letters; the form swallows digits first.
   form_.SetKeyPreview(true);
   form_.swallowDigits = true;
   QTest::keyClicks(W("txtCode"), "a1b");
-  EXPECT_EQ(Str(As<QLineEdit>("txtCode")->text()), "AB");
-  EXPECT_EQ(form_.txtCode.Text(), "AB");
+  EXPECT_EQ(Str(As<QLineEdit>("txtCode")->text()) + "|" + form_.txtCode.Text(), "AB|AB");
   EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
   // Without KeyPreview the form does not see the keys.
   form_.SetKeyPreview(false);
@@ -480,24 +459,29 @@ TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
 
 // Closing asks the form, and a cancel keeps the window; the view says the
 // form went once, though both Visible and Loaded changed, and once for each
-// hiding by the module after a showing.
+// hiding by the module after a showing. Gone, the view lets go of the form.
 TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
   QSignalSpy hidden(view_.get(), &FormView::formHidden);
-  form_.cancelUnload = true;
-  EXPECT_FALSE(view_->close());
-  EXPECT_TRUE(form_.Loaded());
-  EXPECT_EQ(hidden.count(), 0);
-  form_.cancelUnload = false;
-  EXPECT_TRUE(view_->close());
-  EXPECT_FALSE(form_.Loaded());
-  EXPECT_EQ(hidden.count(), 1);
+  for (bool cancel : {true, false}) {
+    form_.cancelUnload = cancel;
+    EXPECT_EQ(view_->close(), !cancel);
+    EXPECT_EQ(form_.Loaded(), cancel);
+    EXPECT_EQ(hidden.count(), cancel ? 0 : 1);
+  }
   form_.Show();
-  form_.Hide();
-  form_.Hide();
+  for (int twice = 0; twice < 2; ++twice) form_.Hide();
   EXPECT_EQ(hidden.count(), 2);
   form_.Show();
   form_.Unload();
   EXPECT_EQ(hidden.count(), 3);
+  form_.Show();
+  view_.reset();
+  for (Control* control : form_.Controls()) EXPECT_EQ(control->Observer(), nullptr);
+  EXPECT_EQ(form_.mnuSave.Observer(), nullptr);
+  // Changes after the view went touch nothing.
+  form_.txtCode.SetText("X");
+  form_.AddRow("K9", "1", "2", "3");
+  form_.SetCaption("Kita");
 }
 
 // A failure in a handler is shown, not thrown into Qt; an enabled timer
@@ -506,9 +490,8 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) 
   form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
   QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
   auto* failure = view_->findChild<QLabel*>("failure");
-  ASSERT_NE(failure, nullptr);
-  EXPECT_TRUE(failure->isVisible());
-  EXPECT_NE(Str(failure->text()).find("Sąskaita užimta"), std::string::npos);
+  ASSERT_TRUE(failure && failure->isVisible());
+  EXPECT_TRUE(failure->text().contains("Sąskaita užimta"));
   form_.tmrRefresh.SetInterval(5);
   for (int waited = 0; waited < 2000 && form_.log.empty(); waited += 10) QTest::qWait(10);
   EXPECT_EQ(form_.log, Lines{"tmrRefresh.Timer"});
@@ -516,9 +499,8 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) 
   EXPECT_FALSE(view_->findChild<QTimer*>("tmrRefresh")->isActive());
 }
 
-// Rows name their icons by key in the catalogue the host registered; a key
-// the catalogue lacks, or a picture that does not hold what its header says,
-// draws no icon (and nothing breaks).
+// Rows name their icons by key in the host's catalogue; a key it lacks, or a picture that
+// does not hold what its header says, draws no icon (and nothing breaks).
 TEST_F(FormViewTest, ARowShowsItsIconFromTheCatalogue) {
   const std::vector<std::string> cross{"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."};
   const std::tuple<std::vector<std::string>, const char*, bool> cases[] = {
@@ -539,11 +521,10 @@ TEST_F(FormViewTest, ARowShowsItsIconFromTheCatalogue) {
   }
 }
 
-// A card's group field with its picker and clearing button, the card's own
-// buttons, and buttons with no caption: the standard ones show a picture for
-// what their name says, a picker beside a field shows "…".
-// The pictured buttons show no text, the pickers their dots; the group's
-// picker, its clearing button and its label sit on the field's line.
+// A card's group field with its picker and clearing button, the card's own buttons, and
+// buttons with no caption: the standard ones show a picture for what their name says and no
+// text, a picker beside a field its dots; the group's picker, clearing button and label sit
+// on the field's line.
 TEST(FormViewCardButtonsTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
   BuiltForm form("frmCardButtons");
   form.Add<Label>("lblGroup", "Grupė:");
@@ -577,20 +558,8 @@ TEST(FormViewCardButtonsTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
   EXPECT_GT(centreY("cmdWrite"), field + 10);
 }
 
-TEST_F(FormViewTest, TheViewLetsGoOfTheFormAndItsControls) {
-  view_.reset();
-  for (Control* control : form_.Controls()) EXPECT_EQ(control->Observer(), nullptr);
-  EXPECT_EQ(form_.mnuSave.Observer(), nullptr);
-  // Changes after the view went touch nothing.
-  form_.txtCode.SetText("X");
-  form_.AddRow("K9", "1", "2", "3");
-  form_.SetCaption("Kita");
-}
 
-// --- the field sheet --------------------------------------------------------
-
-// An object with three fields: a text, a whole number and a date, plus one
-// hidden.
+// An object with three fields: a text, a whole number and a date, plus one hidden.
 class SheetObject : public StubObjectUIO {
  public:
   SheetObject() : StubObjectUIO("O00009001") {}
@@ -666,14 +635,12 @@ TEST_F(FieldSheetViewTest, ShowsTheFieldsAndTheTabsWhoseListsRaiseEvents_Rebuild
   // The sheet rebuilds on new tabs and fields; a disabled sheet takes no edit.
   sheet_.ClearTabs();
   QApplication::processEvents();
-  EXPECT_EQ(view_->TabWidget()->count(), 0);
-  EXPECT_EQ(Table()->rowCount(), 0);
+  EXPECT_EQ(view_->TabWidget()->count() + Table()->rowCount(), 0);
   sheet_.AddTab("Again", "Vėl").ListItems().Add(0, "", "Eilutė");
   sheet_.FillFields();
   QApplication::processEvents();
-  EXPECT_EQ(view_->TabWidget()->count(), 1);
+  EXPECT_EQ(to_string(view_->TabWidget()->count()) + to_string(Table()->rowCount()), "13");
   EXPECT_EQ(Str(view_->TabTree("Again")->topLevelItem(0)->text(0)), "Eilutė");
-  EXPECT_EQ(Table()->rowCount(), 3);
   sheet_.SetEnabled(false);
   EXPECT_FALSE(view_->isEnabled());
 }
@@ -700,12 +667,10 @@ TEST_F(FieldSheetViewTest, AnEditGoesThroughEditTextAndARefusalIsShownUntilTheNe
   }
 }
 
-// --- a window of the module -------------------------------------------------
 
-// The module's dialogs as they open over the test host, the module given its
-// services by a bank card opened from the catalogue, before any record is
-// put in: each shows its caption, and every button tells what it does, by its
-// words or its picture. The pictures are for looking at.
+// The module's dialogs over the test host, the module given its services by a bank card
+// opened from the catalogue, before any record is put in: every button tells what it does,
+// by its words or its picture. The pictures are for looking at.
 struct DialogCase {
   const char* name;
   std::function<std::unique_ptr<Form>()> make;

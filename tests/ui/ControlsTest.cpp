@@ -198,7 +198,7 @@ TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
   b.OnClick = [&] { clicks += "b"; };
   a.SetValue(true);
   b.Click();
-  EXPECT_EQ(std::vector<bool>({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
+  EXPECT_EQ(std::vector({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
   EXPECT_EQ(clicks, "ab");
 }
 

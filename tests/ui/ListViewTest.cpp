@@ -162,8 +162,8 @@ TEST(ListView, SortedOrdersRowsAndRenumbers) {
       {1, lvwAscending, "k4@1|k3@2|k1@3|k2@4"}};
   for (const auto& [sortKey, sortOrder, rows] : cases) {
     ListView view("lvw");
-    for (const auto& [key, text, code] :
-         {std::tuple{"k1", "beta", "2"}, {"k2", "Alfa", "3"}, {"k3", "ALFA", "1"}, {"k4", "gama", ""}}) {
+    for (const auto& [key, text, code] : {std::tuple{"k1", "beta", "2"}, {"k2", "Alfa", "3"},
+                                          {"k3", "ALFA", "1"}, {"k4", "gama", ""}}) {
       ListItem& row = view.ListItems().Add(0, key, text);
       if (*code) row.ListSubItems().Add(0, "", code);
     }
