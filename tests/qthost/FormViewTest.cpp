@@ -32,7 +32,6 @@
 #include "support/ModuleTest.h"
 #include "support/StubObjectUIO.h"
 #include "support/TextRecords.h"
-#include "testhost/TestWindowManager.h"
 #include "ui/Button.h"
 #include "ui/CheckBox.h"
 #include "ui/ComboBox.h"
@@ -504,9 +503,7 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) 
 TEST_F(FormViewTest, ARowShowsItsIconFromTheCatalogue) {
   const std::vector<std::string> cross{"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."};
   const std::tuple<std::vector<std::string>, const char*, bool> cases[] = {
-      {cross, "C0000100", true},
-      {cross, "c0000100", true},  // the key in another case
-      {cross, "C9", false},
+      {cross, "C0000100", true}, {cross, "c0000100", true}, {cross, "C9", false},  // any case
       {{"2 9 2 1", ". c #FFFFFF", "# c #0000FF", ".#"}, "C0000100", false},  // rows missing
       {{"4 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."}, "C0000100", false},  // too short
       {{"picture"}, "C0000100", false}};
@@ -671,12 +668,8 @@ TEST_F(FieldSheetViewTest, AnEditGoesThroughEditTextAndARefusalIsShownUntilTheNe
 // The module's dialogs over the test host, the module given its services by a bank card
 // opened from the catalogue, before any record is put in: every button tells what it does,
 // by its words or its picture. The pictures are for looking at.
-struct DialogCase {
-  const char* name;
-  std::function<std::unique_ptr<Form>()> make;
-};
-
-class DialogViewTest : public ModuleTest, public ::testing::WithParamInterface<DialogCase> {
+using MakeForm = std::unique_ptr<Form> (*)();
+class DialogViewTest : public ModuleTest, public ::testing::WithParamInterface<MakeForm> {
  protected:
   void SetUp() override {
     ModuleTest::SetUp();
@@ -686,11 +679,11 @@ class DialogViewTest : public ModuleTest, public ::testing::WithParamInterface<D
 };
 
 TEST_P(DialogViewTest, EveryButtonSaysWhatItDoes) {
-  std::unique_ptr<Form> form = GetParam().make();
+  std::unique_ptr<Form> form = GetParam()();
   FormView view(*form);
   view.show();
   QApplication::processEvents();
-  Snap(view, (std::string("dialog-") + GetParam().name).c_str());
+  Snap(view, ("dialog-" + form->Name()).c_str());
   for (auto* button : view.findChildren<QPushButton*>()) {
     EXPECT_TRUE(!button->text().trimmed().isEmpty() || !button->icon().isNull())
         << Str(button->objectName());
@@ -698,19 +691,13 @@ TEST_P(DialogViewTest, EveryButtonSaysWhatItDoes) {
 }
 
 template <class F>
-DialogCase Dialog(const char* name) {
-  return {name, [] { return std::unique_ptr<Form>(std::make_unique<F>()); }};
-}
+std::unique_ptr<Form> Make() { return std::make_unique<F>(); }
 
 INSTANTIATE_TEST_SUITE_P(
     Dialogs, DialogViewTest,
-    ::testing::Values(Dialog<frmCurrencyRates>("currency_rates"), Dialog<frmPreview>("preview"),
-                      Dialog<frmFirmInfo>("firm_info"), Dialog<frmAccounts>("account"),
-                      Dialog<frmCurrencyRate>("currency_rate"), Dialog<frmTemplate>("template"),
-                      Dialog<frmPriceChange>("price_change"), Dialog<frmGaranty>("garanty"),
-                      Dialog<frmGoodPreview>("good_preview"),
-                      Dialog<frmGoodProperty>("good_property")),
-    [](const auto& info) { return std::string(info.param.name); });
+    ::testing::Values(Make<frmCurrencyRates>, Make<frmPreview>, Make<frmFirmInfo>, Make<frmAccounts>,
+                      Make<frmCurrencyRate>, Make<frmTemplate>, Make<frmPriceChange>,
+                      Make<frmGaranty>, Make<frmGoodPreview>, Make<frmGoodProperty>));
 
 }  // namespace
 }  // namespace orvel

@@ -79,7 +79,8 @@ void Key(QWidget& target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModif
 
 // Acts on the boxes, dialogs and popup menus that come up, one step for
 // each new one in turn. One that no step expects is closed with Esc and
-// noted, so that a test fails instead of waiting for ever.
+// noted, so that a test fails instead of waiting for ever; so does a step
+// left untaken when the driver goes.
 class ModalDriver {
  public:
   using Step = std::function<void(QWidget&)>;
@@ -88,12 +89,16 @@ class ModalDriver {
     QObject::connect(&timer_, &QTimer::timeout, [this] { Poll(); });
     timer_.start(10);
   }
+  ~ModalDriver() {
+    EXPECT_TRUE(steps_.empty()) << steps_.size() << " step(s) not taken";
+    EXPECT_THAT(unexpected, IsEmpty());
+  }
 
   void Then(Step step) { steps_.push_back(std::move(step)); }
-  bool AllDone() const { return steps_.empty(); }
-  std::vector<std::string> unexpected;
 
  private:
+  std::vector<std::string> unexpected;
+
   void Poll() {
     QWidget* top = QApplication::activePopupWidget();
     if (!top) top = QApplication::activeModalWidget();
@@ -167,7 +172,6 @@ TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
     });
     EXPECT_EQ(ui.MsgBox(kQuestion, flags, "Orvel Apskaita"), result);
     EXPECT_THAT(shown, UnorderedElementsAreArray(buttons));
-    EXPECT_TRUE(driver.AllDone());
   }
 }
 
@@ -250,8 +254,6 @@ TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
     ui.PopupMenu(root);
     EXPECT_EQ(entries.join("|"), QString("Atidaryti|-|Naujas|!Išjungtas"));
     EXPECT_EQ(clicked, clicks);
-    EXPECT_TRUE(driver.AllDone());
-    EXPECT_THAT(driver.unexpected, IsEmpty());
   }
 }
 
@@ -301,7 +303,6 @@ TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
     EXPECT_FALSE(form.Visible());
     EXPECT_EQ(form.Loaded(), c.unloads == 0);
     EXPECT_EQ(form.unloads, c.unloads);
-    EXPECT_TRUE(driver.AllDone());
   }
 }
 
@@ -372,7 +373,6 @@ TEST(PdfPrintPreviewTest, ThePreviewShowsThePagesOfTheSamePainting) {
   PrintDocument doc(printout.Renderer());
   FillDocument(doc, 60, OrvelPrintDoc::kPortrait);
   doc.Print(true);
-  EXPECT_TRUE(driver.AllDone());
   EXPECT_EQ(pages, 2);
   EXPECT_FALSE(printout.LastFile().empty());
 }
@@ -391,10 +391,6 @@ class ShellTest : public ::testing::Test {
     window_->resize(1280, 800);
     window_->show();
     Settle();
-  }
-  void TearDown() override {
-    EXPECT_THAT(driver_.unexpected, IsEmpty());
-    window_.reset();
   }
 
   // A member's node, its type opened first.
@@ -442,7 +438,7 @@ class ShellTest : public ::testing::Test {
   ReferenceHost host_{prompter_, ui_};
   std::vector<std::string> calls_;
   ModalDriver driver_;
-  std::unique_ptr<MainWindow> window_;
+  std::unique_ptr<MainWindow> window_;  // goes first
 };
 
 QAbstractButton* ButtonOf(FormView* view, const char* name) {
@@ -511,7 +507,6 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedWrittenAndClosed) {
   for (int twice = 0; twice < 2; ++twice) Key(*window_->Tree(), Qt::Key_Return);
   driver_.Then(Press("Padėti ant darbo stalo"));
   MenuOf(bank);
-  ASSERT_TRUE(driver_.AllDone());
   EXPECT_EQ(SubWindows(), 1);
   FormView* view = ActiveView();
   ASSERT_NE(view, nullptr);
@@ -552,7 +547,6 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedWrittenAndClosed) {
     });
     window_->Area()->activeSubWindow()->close();
     Settle();
-    EXPECT_TRUE(driver_.AllDone());
     EXPECT_TRUE(question.contains("Uždaryti be išsaugojimo?"));
     EXPECT_EQ(host_.Windows().OpenWindows().empty(), closed);
     EXPECT_EQ(SubWindows() == 0, closed);
@@ -563,13 +557,10 @@ TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedWrittenAndClosed) {
 // Letters alone search the tree, they are no chord.
 TEST(ChordTest, KeysBecomeTheModulesChords) {
   const std::tuple<int, Qt::KeyboardModifiers, const char*> cases[] = {
-      {Qt::Key_F5, Qt::NoModifier, "116S0"},
-      {Qt::Key_F, Qt::ControlModifier, "70S2"},
-      {Qt::Key_R, Qt::ControlModifier, "82S2"},
+      {Qt::Key_F5, Qt::NoModifier, "116S0"}, {Qt::Key_F, Qt::ControlModifier, "70S2"},
+      {Qt::Key_R, Qt::ControlModifier, "82S2"}, {Qt::Key_F1, Qt::AltModifier, "112S4"},
       {Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
-      {Qt::Key_F1, Qt::AltModifier, "112S4"},
-      {Qt::Key_F, Qt::NoModifier, ""},
-      {Qt::Key_F, Qt::ShiftModifier, ""},
+      {Qt::Key_F, Qt::NoModifier, ""}, {Qt::Key_F, Qt::ShiftModifier, ""},
       {Qt::Key_Return, Qt::ControlModifier, ""}};
   for (const auto& [key, modifiers, chord] : cases)
     EXPECT_EQ(MainWindow::ChordOf(key, modifiers), chord) << key;
@@ -585,7 +576,6 @@ TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers
     driver_.Then(Press("Panaikinti"));
     driver_.Then(Press(answer));
     MenuOf(bank);
-    EXPECT_TRUE(driver_.AllDone());
     EXPECT_EQ(banks->childCount(), removed ? 5 : 6);
     EXPECT_EQ(window_->NodeOf("O00003006") == nullptr, removed);
     EXPECT_EQ(Stored("SELECT COUNT(*) FROM banks WHERE ID = 6"), Variant(removed ? 0 : 1));
@@ -596,7 +586,6 @@ TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers
     Press("Gerai")(dialog);
   });
   Key(*window_->Tree(), Qt::Key_F, Qt::ControlModifier);
-  EXPECT_TRUE(driver_.AllDone());
   EXPECT_TRUE(Called("GetCall Orvel_GetObjectList '','Šiaulių'"));
   EXPECT_EQ(Captions(banks), std::vector<std::string>{"AB Šiaulių bankas"});
 }
@@ -632,7 +621,6 @@ TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
     ButtonOf(config, "cmdCancel")->click();
   });
   ButtonOf(view, "cmdConfig")->click();
-  EXPECT_TRUE(driver_.AllDone());
   EXPECT_EQ(dialogTitle.trimmed(), QString("Vaizdo parametrai"));
   ButtonOf(view, "cmdPrint")->click();
   EXPECT_TRUE(ReadAll(printout_.LastFile()).startsWith("%PDF-"));
