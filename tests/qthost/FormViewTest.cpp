@@ -211,8 +211,7 @@ TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
 }
 
 
-// The change, then the widget (by object name, "" for the window) and the Qt
-// property that shows it, or a probe where no property does.
+// The change, the widget (by name, "" for the window) and Qt property that show it, or a probe.
 using F = LedgerForm;
 using T = FormViewTest;
 struct Mirroring {
@@ -306,14 +305,14 @@ INSTANTIATE_TEST_SUITE_P(
          "text", "Eksportuoti"},
         {"MenuShown", [](F& f) { f.mnuPopup.SetVisible(true); }, "", "", {},
          [](T& t) { return t.W("mnuPopup") && t.Find<QMenuBar>("")->actions()[1]->isVisible(); }},
-        {"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "interval", 500},
-        {"TimerActive", [](F& f) { f.tmrRefresh.SetInterval(500); }, "tmrRefresh", "active",
-         true}}),
+        {"TimerRuns", [](F& f) { f.tmrRefresh.SetInterval(500); }, "", "", {}, [](T& t) {
+           auto* timer = t.Find<QTimer>("tmrRefresh");
+           return timer->interval() == 500 && timer->isActive();
+         }}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 
-// The action and the events it raises, joined by "|"; the control is the
-// first event's.
+// The action and the events it raises, joined by "|"; the control is the first event's.
 struct UserAction {
   const char* name;
   std::function<void(FormViewTest&)> act;
@@ -340,8 +339,7 @@ TEST_P(FormViewEventTest, TheUsersActionRaisesTheEventOnlyWhenEnabled) {
   }
 }
 
-// Typing letters QTest has no key for (Lithuanian ones): each a key press
-// that carries its text, as a keyboard layout delivers it.
+// Typing letters QTest has no key for (Lithuanian ones), as a keyboard layout delivers them.
 void TypeText(QWidget* widget, const char* utf8) {
   for (QChar c : QString::fromUtf8(utf8)) {
     const int key = c.unicode() < 128 ? int{c.toUpper().unicode()} : int{Qt::Key_unknown};
@@ -431,8 +429,7 @@ TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
   EXPECT_EQ(form_.txtCode.Text(), "AB2");
 }
 
-// A click on the button, or Tab, neither moves the focus nor clicks; once
-// the code is there the focus moves and the click happens.
+// A click on the button, or Tab, neither moves the focus nor clicks until the code is there.
 TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
   QApplication::setActiveWindow(view_.get());
   ASSERT_TRUE(QTest::qWaitForWindowActive(view_.get()));
@@ -456,9 +453,9 @@ TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
   EXPECT_EQ(form_.log.back(), "cmdOK.Click");
 }
 
-// Closing asks the form, and a cancel keeps the window; the view says the
-// form went once, though both Visible and Loaded changed, and once for each
-// hiding by the module after a showing. Gone, the view lets go of the form.
+// Closing asks the form, and a cancel keeps the window; the view says the form went once,
+// though Visible and Loaded both changed, and once for each hiding by the module after a
+// showing. Gone, the view lets go of the form.
 TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
   QSignalSpy hidden(view_.get(), &FormView::formHidden);
   for (bool cancel : {true, false}) {
@@ -483,8 +480,7 @@ TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
   form_.SetCaption("Kita");
 }
 
-// A failure in a handler is shown, not thrown into Qt; an enabled timer
-// ticks its control until disabled.
+// A failure in a handler is shown, not thrown into Qt; an enabled timer ticks until disabled.
 TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) {
   form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
   QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
@@ -695,9 +691,10 @@ std::unique_ptr<Form> Make() { return std::make_unique<F>(); }
 
 INSTANTIATE_TEST_SUITE_P(
     Dialogs, DialogViewTest,
-    ::testing::Values(Make<frmCurrencyRates>, Make<frmPreview>, Make<frmFirmInfo>, Make<frmAccounts>,
-                      Make<frmCurrencyRate>, Make<frmTemplate>, Make<frmPriceChange>,
-                      Make<frmGaranty>, Make<frmGoodPreview>, Make<frmGoodProperty>));
+    ::testing::Values(Make<frmCurrencyRates>, Make<frmPreview>, Make<frmFirmInfo>,
+                      Make<frmAccounts>, Make<frmCurrencyRate>, Make<frmTemplate>,
+                      Make<frmPriceChange>, Make<frmGaranty>, Make<frmGoodPreview>,
+                      Make<frmGoodProperty>));
 
 }  // namespace
 }  // namespace orvel

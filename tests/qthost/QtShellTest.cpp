@@ -77,10 +77,8 @@ void Key(QWidget& target, int key, Qt::KeyboardModifiers modifiers = Qt::NoModif
   QApplication::sendEvent(&target, &release);
 }
 
-// Acts on the boxes, dialogs and popup menus that come up, one step for
-// each new one in turn. One that no step expects is closed with Esc and
-// noted, so that a test fails instead of waiting for ever; so does a step
-// left untaken when the driver goes.
+// Acts on the boxes, dialogs and popup menus that come up, one step for each in turn. One no
+// step expects is closed with Esc and fails the test, as does a step left when the driver goes.
 class ModalDriver {
  public:
   using Step = std::function<void(QWidget&)>;
@@ -144,8 +142,8 @@ ModalDriver::Step Press(const QString& text) {
 }
 
 
-// Each box shows the buttons and icon of its flags, its title and text, and
-// answers the button pressed ("" closes it with Esc).
+// Each box shows the buttons and icon of its flags, its title and text, and answers the button
+// pressed ("" closes it with Esc).
 TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
   const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
   const QString ok = "Gerai", cancel = "Atšaukti", yes = "Taip", no = "Ne";
@@ -190,9 +188,8 @@ TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
 }
 
 
-// The choices are listed and the row taken is the answer, -1 when cancelled;
-// nothing is chosen from no choices, and no dialog comes up for it. What is
-// said goes to the status bar on one line and to the log as it is.
+// The choices are listed and the row taken is the answer, -1 when cancelled or there are none
+// (no dialog then). What is said goes to the status bar on one line and to the log as it is.
 TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarAndLog) {
   std::ostringstream log;
   QtPrompter prompter(&log);
@@ -221,10 +218,8 @@ TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarA
 }
 
 
-// A form's popup: an entry, a separator, a submenu, a hidden and a disabled
-// entry, every click written down. The entries are shown (the hidden one left
-// out, the disabled one greyed: "!"); the pick, down a submenu too, raises its
-// Click and nothing else; a dismissed menu raises none.
+// A form's popup: an entry, a separator, a submenu, a hidden and a disabled ("!") entry. The
+// pick, down a submenu too, raises its Click and nothing else; a dismissed menu raises none.
 TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
   const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
       {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
@@ -276,8 +271,8 @@ class ModalForm : public BuiltForm {
   void Form_Unload() override { ++unloads; }
 };
 
-// ShowModal returns once the form is hidden or unloaded, by its buttons or
-// the frame's close; a close the form refuses leaves it up until hidden.
+// ShowModal returns once the form is hidden or unloaded, by its buttons or the frame's close;
+// a close the form refuses leaves it up until hidden.
 TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
   const struct {
     int refusals;
@@ -496,10 +491,9 @@ TEST_F(ShellTest, ALongListIsShownAPageAtATimeAsItIsScrolled) {
   EXPECT_EQ(banks->childCount(), 456);
 }
 
-// Enter on a member opens its card once; its menu's entry does too. The card
-// has no caption of its own: its heading and the bank's name make the title.
-// Closing the frame of another card with edits not written asks; "Ne" keeps
-// the window open with its edit, "Taip" closes it without writing.
+// Enter on a member opens its card once; its menu's entry does too. The card's heading and the
+// bank's name make the title. Closing the frame of another card with edits not written asks;
+// "Ne" keeps the window open with its edit, "Taip" closes it without writing.
 TEST_F(ShellTest, TheBankCardIsOpenedFromTheTreeEditedWrittenAndClosed) {
   QTreeWidgetItem* bank = Node("O00003001");
   ASSERT_NE(bank, nullptr);
@@ -566,8 +560,7 @@ TEST(ChordTest, KeysBecomeTheModulesChords) {
     EXPECT_EQ(MainWindow::ChordOf(key, modifiers), chord) << key;
 }
 
-// Deleting from a member's menu asks; a cancel keeps the node and the record.
-// Ctrl+F on the banks asks for a text and replaces the members.
+// Deleting from a member's menu asks; a cancel keeps both. Ctrl+F asks a text to search by.
 TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers) {
   QTreeWidgetItem* bank = Node("O00003006");
   ASSERT_NE(bank, nullptr);
@@ -764,17 +757,16 @@ TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
 
 INSTANTIATE_TEST_SUITE_P(
     Catalogues, ShellWindowsTest,
-    ::testing::Values(WindowCase{"firm", {"O0000100"}, "", "0"},
-                      WindowCase{"firm_group", {"O0000100", "O00001001"}, "O00001005", "0"},
-                      WindowCase{"good", {"O0000200"}, "", "0"},
-                      WindowCase{"goods_group", {"O0000200"}, "O00002001", "0"},
-                      WindowCase{"new_bank", {}, "O0000300", "1"},
-                      WindowCase{"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
-                      WindowCase{"warehouses", {"O0001600"}, "O0001605", "5"},
-                      WindowCase{"warehouse", {"O0001600", "O0001605"}, "O00016053", "0"},
-                      WindowCase{"departments", {"O0001600"}, "O0001604", "5"},
-                      WindowCase{"department", {"O0001600", "O0001604"}, "", "0"},
-                      WindowCase{"destinations", {"O0001600"}, "O0001615", "5"}),
+    ::testing::ValuesIn(std::vector<WindowCase>{
+        {"firm", {"O0000100"}, "", "0"}, {"good", {"O0000200"}, "", "0"},
+        {"firm_group", {"O0000100", "O00001001"}, "O00001005", "0"},
+        {"goods_group", {"O0000200"}, "O00002001", "0"}, {"new_bank", {}, "O0000300", "1"},
+        {"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
+        {"warehouses", {"O0001600"}, "O0001605", "5"},
+        {"departments", {"O0001600"}, "O0001604", "5"},
+        {"warehouse", {"O0001600", "O0001605"}, "O00016053", "0"},
+        {"department", {"O0001600", "O0001604"}, "", "0"},
+        {"destinations", {"O0001600"}, "O0001615", "5"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 }  // namespace
