@@ -169,7 +169,6 @@ struct FormViewTest : public ::testing::Test {
     QApplication::processEvents();
     form_.log.clear();
   }
-  void TearDown() override { view_.reset(); }
 
   QWidget* W(const char* name) const { return view_->WidgetNamed(name); }
   template <class X> X* As(const char* name) const { return qobject_cast<X*>(W(name)); }
@@ -178,19 +177,19 @@ struct FormViewTest : public ::testing::Test {
   QPoint RowPoint(int i) const { return Tree()->visualItemRect(Tree()->topLevelItem(i)).center(); }
 
   LedgerForm form_;
-  std::unique_ptr<FormView> view_;
+  std::unique_ptr<FormView> view_;  // goes first
 };
 
 TEST_F(FormViewTest, TheWindowShowsTheFormsCaptionsTextsAndLayout) {
   Snap(*view_, "ledger");
+  ASSERT_EQ(Tree()->topLevelItemCount(), 3);
   const QStringList texts{view_->windowTitle(), As<QLabel>("SOPanel")->text(),
                           As<QPushButton>("cmdCancel")->text(), As<QCheckBox>("chkActive")->text(),
-                          As<QComboBox>("cmbKind")->itemText(2)};
-  EXPECT_EQ(Str(texts.join("|")), "Sąskaitos kortelė|Sąskaitų planas|Atšaukti|Naudojama|Pajamos");
+                          As<QComboBox>("cmbKind")->itemText(2), Tree()->headerItem()->text(2),
+                          Tree()->topLevelItem(0)->text(1)};
+  EXPECT_EQ(Str(texts.join("|")), "Sąskaitos kortelė|Sąskaitų planas|Atšaukti|Naudojama|Pajamos|"
+                                  "Likutis|Pirkėjų įsiskolinimas");
   EXPECT_EQ(view_->findChild<QDateEdit*>("dtpDate.date")->date(), QDate(2026, 11, 23));
-  ASSERT_EQ(Tree()->topLevelItemCount(), 3);
-  EXPECT_EQ(Str(Tree()->headerItem()->text(2)), "Likutis");
-  EXPECT_EQ(Str(Tree()->topLevelItem(0)->text(1)), "Pirkėjų įsiskolinimas");
   EXPECT_EQ(Tree()->columnWidth(1), 3600 / 15);
   // A label and the input after it make one form row; a lone label spans.
   for (const auto& [label, field] :
@@ -315,8 +314,8 @@ INSTANTIATE_TEST_SUITE_P(
 // The action and the events it raises, joined by "|"; the control is the first event's.
 struct UserAction {
   const char* name;
-  std::function<void(FormViewTest&)> act;
   std::string raised;
+  std::function<void(FormViewTest&)> act;
 };
 
 class FormViewEventTest : public FormViewTest, public ::testing::WithParamInterface<UserAction> {
@@ -372,47 +371,41 @@ void Click(QWidget* widget) { QTest::mouseClick(widget, Qt::LeftButton); }
 INSTANTIATE_TEST_SUITE_P(
     Actions, FormViewEventTest,
     ::testing::ValuesIn(std::vector<UserAction>{
-        {"ButtonClick", [](T& t) { Click(t.W("cmdOK")); }, "cmdOK.Click"},
-        {"ButtonRightClick",
-         [](T& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); },
-         "cmdCancel.MouseUp 2"},
-        {"Typing", [](T& t) { QTest::keyClicks(t.W("txtCode"), "ab"); },
-         "txtCode.KeyPress 65|txtCode.Change A|txtCode.KeyPress 66|txtCode.Change AB"},
-        {"Check", [](T& t) { ClickBox(t.W("chkActive")); }, "chkActive.Click 1"},
-        {"Option", [](T& t) { ClickBox(t.W("optCredit")); }, "optCredit.Click"},
-        {"ComboTyping", [](T& t) { TypeText(t.Find<QLineEdit>("cmbSearch.edit"), "Šv"); },
-         "cmbSearch.Change Š|cmbSearch.Change Šv"},
-        {"ImageComboPick", [](T& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); },
-         "imgCurrency.Click JAV doleris"},
-        {"ComboPick", [](T& t) { emit t.As<QComboBox>("cmbKind")->activated(2); },
-         "cmbKind.Click Pajamos"},
-        {"DatePick", [](T& t) { t.Find<QDateEdit>("dtpDate.date")->setDate(QDate(2026, 12, 31)); },
-         "dtpDate.Change 2026-12-31"},
-        {"ListRowClick",
-         [](T& t) { QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1)); },
-         "lvwAccounts.ItemClick K2"},
-        {"ListRightClick", [](T& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); },
-         "lvwAccounts.MouseUp 2 K3"},
+        {"ButtonClick", "cmdOK.Click", [](T& t) { Click(t.W("cmdOK")); }},
+        {"ButtonRightClick", "cmdCancel.MouseUp 2",
+         [](T& t) { RightClick(t.W("cmdCancel"), t.W("cmdCancel")->rect().center()); }},
+        {"Typing", "txtCode.KeyPress 65|txtCode.Change A|txtCode.KeyPress 66|txtCode.Change AB",
+         [](T& t) { QTest::keyClicks(t.W("txtCode"), "ab"); }},
+        {"Check", "chkActive.Click 1", [](T& t) { ClickBox(t.W("chkActive")); }},
+        {"Option", "optCredit.Click", [](T& t) { ClickBox(t.W("optCredit")); }},
+        {"ComboTyping", "cmbSearch.Change Š|cmbSearch.Change Šv",
+         [](T& t) { TypeText(t.Find<QLineEdit>("cmbSearch.edit"), "Šv"); }},
+        {"ImageComboPick", "imgCurrency.Click JAV doleris",
+         [](T& t) { emit t.As<QComboBox>("imgCurrency")->activated(1); }},
+        {"ComboPick", "cmbKind.Click Pajamos",
+         [](T& t) { emit t.As<QComboBox>("cmbKind")->activated(2); }},
+        {"DatePick", "dtpDate.Change 2026-12-31",
+         [](T& t) { t.Find<QDateEdit>("dtpDate.date")->setDate(QDate(2026, 12, 31)); }},
+        {"ListRowClick", "lvwAccounts.ItemClick K2",
+         [](T& t) { QTest::mouseClick(t.Tree()->viewport(), Qt::LeftButton, {}, t.RowPoint(1)); }},
+        {"ListRightClick", "lvwAccounts.MouseUp 2 K3",
+         [](T& t) { RightClick(t.Tree()->viewport(), t.RowPoint(2)); }},
         // A double click lands on the row its first click selected.
-        {"ListDoubleClick",
-         [](T& t) {
+        {"ListDoubleClick", "lvwAccounts.DblClick", [](T& t) {
            t.form_.lvwAccounts.SetSelectedItem(&Item(t.form_, 1));
            DoubleClick(t.Tree()->viewport(), t.RowPoint(0));
-         },
-         "lvwAccounts.DblClick"},
+         }},
         // What the list shows afterwards is the model's tick.
-        {"ListTick",
-         [](T& t) {
+        {"ListTick", "lvwAccounts.ItemCheck K3 1", [](T& t) {
            t.form_.lvwAccounts.SetCheckboxes(true);
            Row(t, 2)->setCheckState(0, Qt::Checked);
            QApplication::processEvents();
            EXPECT_EQ(Row(t, 2)->checkState(0) == Qt::Checked, Item(t.form_, 3).Checked());
-         },
-         "lvwAccounts.ItemCheck K3 1"},
-        {"ListF5", [](T& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); }, "lvwAccounts.KeyDown 116"},
-        {"ListColumnClick", [](T& t) { emit t.Tree()->header()->sectionClicked(2); },
-         "lvwAccounts.ColumnClick 3"},
-        {"MenuEntry", [](T& t) { t.Find<QAction>("mnuSave")->trigger(); }, "mnuSave.Click"}}),
+         }},
+        {"ListF5", "lvwAccounts.KeyDown 116", [](T& t) { QTest::keyClick(t.Tree(), Qt::Key_F5); }},
+        {"ListColumnClick", "lvwAccounts.ColumnClick 3",
+         [](T& t) { emit t.Tree()->header()->sectionClicked(2); }},
+        {"MenuEntry", "mnuSave.Click", [](T& t) { t.Find<QAction>("mnuSave")->trigger(); }}}),
     [](const auto& info) { return std::string(info.param.name); });
 
 

@@ -717,7 +717,7 @@ TEST_F(ShellTest, TheCurrencyCardsTabsShowTheirFramesAndTheRates) {
 struct WindowCase {
   const char* name;
   std::vector<std::string> open;  // nodes to open on the way, in order
-  std::string node;               // "" for the first record under the last one opened
+  std::string node;
   std::string key;
 };
 
@@ -725,32 +725,17 @@ class ShellWindowsTest : public ShellTest, public ::testing::WithParamInterface<
 
 TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
   const auto& c = GetParam();
-  QTreeWidgetItem* node = nullptr;
   for (const auto& oidr : c.open) {
-    node = window_->NodeOf(oidr);
-    ASSERT_NE(node, nullptr) << oidr;
-    node->setExpanded(true);
+    ASSERT_NE(window_->NodeOf(oidr), nullptr) << oidr;
+    window_->NodeOf(oidr)->setExpanded(true);
   }
-  // The first record: each level's first member that holds none, else its first member.
-  auto holds = [](QTreeWidgetItem* n) {
-    return n && n->childIndicatorPolicy() == QTreeWidgetItem::ShowIndicator;
-  };
-  while (c.node.empty() && holds(node)) {
-    node->setExpanded(true);
-    QTreeWidgetItem* record = node->child(0);
-    for (int i = node->childCount() - 1; i >= 0; --i) {
-      if (!holds(node->child(i))) record = node->child(i);
-    }
-    node = record;
-  }
-  if (!c.node.empty()) node = window_->NodeOf(c.node);
+  QTreeWidgetItem* node = window_->NodeOf(c.node);
   ASSERT_NE(node, nullptr);
   window_->Tree()->setCurrentItem(node);
   ASSERT_TRUE(window_->ClickNode(node, c.key));
   Settle();
-  ASSERT_EQ(SubWindows(), 1);
   QMdiSubWindow* sub = window_->Area()->activeSubWindow();
-  ASSERT_NE(sub, nullptr);
+  ASSERT_TRUE(SubWindows() == 1 && sub) << SubWindows();
   EXPECT_FALSE(sub->windowTitle().trimmed().isEmpty());
   Shot(*window_, (std::string("window-") + c.name).c_str());
 }
@@ -758,14 +743,15 @@ TEST_P(ShellWindowsTest, OpensAsASubWindowFromTheTree) {
 INSTANTIATE_TEST_SUITE_P(
     Catalogues, ShellWindowsTest,
     ::testing::ValuesIn(std::vector<WindowCase>{
-        {"firm", {"O0000100"}, "", "0"}, {"good", {"O0000200"}, "", "0"},
+        {"firm", {"O0000100"}, "O000010069", "0"}, {"new_bank", {}, "O0000300", "1"},
         {"firm_group", {"O0000100", "O00001001"}, "O00001005", "0"},
-        {"goods_group", {"O0000200"}, "O00002001", "0"}, {"new_bank", {}, "O0000300", "1"},
+        {"good", {"O0000200", "O00002001"}, "O00002002", "0"},
+        {"goods_group", {"O0000200"}, "O00002001", "0"},
         {"rates", {}, "O0002200", "Valiutų kursų įrašymas"},
         {"warehouses", {"O0001600"}, "O0001605", "5"},
         {"departments", {"O0001600"}, "O0001604", "5"},
         {"warehouse", {"O0001600", "O0001605"}, "O00016053", "0"},
-        {"department", {"O0001600", "O0001604"}, "", "0"},
+        {"department", {"O0001600", "O0001604"}, "O00016046", "0"},
         {"destinations", {"O0001600"}, "O0001615", "5"}}),
     [](const auto& info) { return std::string(info.param.name); });
 
