@@ -111,7 +111,7 @@ INSTANTIATE_TEST_SUITE_P(
            [](TabStrip& t) { return t.SelectedKey() == "Rates"; })),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
+TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled_HandlerMayClearItsSlot) {
   TextBox text("txtName");
   CheckBox check("chkActive");
   ComboBox combo("cboKind");
@@ -125,9 +125,7 @@ TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
   check.SetValue(vbChecked);
   combo.SetListIndex(0);
   EXPECT_EQ(events, 3);
-}
-
-TEST(Controls, HandlerMayClearItsOwnSlotWhileRunning) {
+  // A handler may clear its own slot while it runs.
   Button button("cmdEnter");
   std::string seen;
   // Too large for the slot's inline buffer: run in place, it would be freed by its own clearing.
@@ -179,7 +177,7 @@ TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
   EXPECT_EQ(text.Text(), "ąčę");
 }
 
-TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {
+TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing_OptionButtonsClearTheirGroup) {
   CheckBox check("chkActive");
   int clicks = 0;
   check.OnClick = [&] { ++clicks; };
@@ -188,18 +186,16 @@ TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {
   EXPECT_EQ(check.Value(), vbGrayed);
   check.Click();  // a grayed box clicked becomes unchecked
   EXPECT_EQ(std::to_string(check.Value()) + std::to_string(clicks), "02");
-}
-
-TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
+  // Selecting an option button clears its group; Click only on the selected.
   OptionButton a("optAll"), b("optDebt"), c("optCredit");
   OptionButton::Group({&a, &b, &c});
-  std::string clicks;
-  a.OnClick = [&] { clicks += "a"; };
-  b.OnClick = [&] { clicks += "b"; };
+  std::string picks;
+  a.OnClick = [&] { picks += "a"; };
+  b.OnClick = [&] { picks += "b"; };
   a.SetValue(true);
   b.Click();
   EXPECT_EQ(std::vector({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
-  EXPECT_EQ(clicks, "ab");
+  EXPECT_EQ(picks, "ab");
 }
 
 TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakesOnlyItsRows) {

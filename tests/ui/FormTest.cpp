@@ -123,8 +123,9 @@ class FocusProbe : public frmProbe {
 };
 
 // A hidden or foreign control takes no focus; a cancelled Validate keeps it,
-// a passed one lets it move on.
-TEST(Form, SetFocus_ValidatesThenMovesTheFocus_RefusedByValidateOrByTheControl) {
+// a passed one lets it move on. A typed key goes to the focused box, the form's
+// preview seeing it first and maybe swallowing it.
+TEST(Form, SetFocus_ValidatesThenMovesTheFocus_TypeKey_PreviewSeesTheKeyFirst) {
   FocusProbe form;
   TextBox stranger{"txtStranger"};
   EXPECT_FALSE(form.SetFocus(form.txtHidden));
@@ -138,11 +139,6 @@ TEST(Form, SetFocus_ValidatesThenMovesTheFocus_RefusedByValidateOrByTheControl) 
   EXPECT_EQ(form.ActiveControl(), &form.txtCode);
   EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate", "txtName.Validate",
                                        "txtName.LostFocus", "txtCode.GotFocus"));
-}
-
-TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {
-  FocusProbe form;
-  form.SetFocus(form.txtCode);
   form.events.clear();
   EXPECT_EQ(form.TypeKey('a'), 'a');  // no preview: only the box
   form.SetKeyPreview(true);

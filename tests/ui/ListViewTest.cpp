@@ -54,7 +54,7 @@ TEST_F(ListViewTest, Add_KeysUniqueIndexInsertsAndRenumbers) {
   EXPECT_EQ(&view.ListItems().Item(1), &first);
 }
 
-TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
+TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput_KeyDownTakesTheCode) {
   std::vector<std::string> checked;
   view.OnItemCheck = [&](ListItem& row) {
     checked.push_back(row.Key() + (row.Checked() ? " on" : " off"));
@@ -69,6 +69,12 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput) {
   view.ItemCheck(row);
   EXPECT_TRUE(row.Checked());
   EXPECT_THAT(checked, ElementsAre("O00003002 on", "O00003002 off"));
+  view.SetEnabled(true);
+  view.OnKeyDown = [](int& keyCode, int shift) {
+    if (keyCode == 46 && shift == 0) keyCode = 0;
+  };
+  EXPECT_EQ(std::vector({view.KeyDown(46), view.KeyDown(46, 1), view.KeyDown(13)}),
+            std::vector({0, 46, 13}));
 }
 
 // Items are one-based, a bad index or key refused; removing by either
@@ -133,7 +139,8 @@ TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_ARowOfAnotherVi
   EXPECT_FALSE(view.ListItems().Item(2).Selected());
 }
 
-TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
+// Notifications are coarse for rows.
+TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow_NotificationsCoarse) {
   ListItem& row = view.ListItems().Item(1);
   row.ListSubItems().Add(0, "Code", "CBVILT2X");
   ListSubItem& amount = row.ListSubItems().Add(0, "Amount", "12,50");
@@ -151,11 +158,20 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow) {
   EXPECT_TRUE(row.ListSubItems().Item("Code").Tag().IsEmpty() && row.Tag().IsEmpty());
   row.SetTag(Variant::Null());
   EXPECT_TRUE(row.Tag().IsNull());
+  observer.changes.clear();
+  for (int twice = 0; twice < 2; ++twice) row.SetText("SEB bankas");  // unchanged: nothing
+  row.ListSubItems().Add(0, "", "x");
+  for (int twice = 0; twice < 2; ++twice) row.SetSelected(true);
+  view.ColumnHeaders().Add(0, "", "Pavadinimas", 2000, lvwColumnLeft);
+  view.ListItems().Clear();
+  EXPECT_THAT(observer.changes,
+              ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.SelectedItem",
+                          "lvwBanks.ColumnHeaders", "lvwBanks.SelectedItem", "lvwBanks.ListItems"));
 }
 
 // By the text or a sub-item, either way; equal texts without regard to case
 // keep their places, a row without the sub-item sorts as "".
-TEST(ListView, SortedOrdersRowsAndRenumbers) {
+TEST(ListView, SortedOrdersRowsAndRenumbers_ColumnHeadersAppendOrInsert) {
   const std::tuple<int, int, const char*> cases[] = {
       {0, lvwAscending, "k2@1|k3@2|k1@3|k4@4"},
       {0, lvwDescending, "k4@1|k1@2|k2@3|k3@4"},
@@ -173,9 +189,7 @@ TEST(ListView, SortedOrdersRowsAndRenumbers) {
     EXPECT_EQ(Rows(view), rows);
     EXPECT_EQ(view.ListItems().Item(std::string(rows, 2)).Index(), 1);
   }
-}
-
-TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrInsert) {
+  // The sort properties and column headers refuse bad values; columns append or insert.
   ListView view("lvw");
   EXPECT_EQ(ErrorOf([&] { view.SetSortOrder(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { view.SetSortKey(-1); }), 380);
@@ -191,27 +205,6 @@ TEST(ListView, SortPropertiesAndColumnHeaders_RejectBadValues_ColumnsAppendOrIns
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "X", "X", -1, lvwColumnLeft); }), 380);
   EXPECT_EQ(ErrorOf([&] { columns.Add(0, "Code", "Dar", 100, lvwColumnLeft); }), 35602);
   EXPECT_EQ(columns.Count(), 3);
-}
-
-TEST_F(ListViewTest, Notifications_AreCoarseForRows) {
-  ListItem& row = view.ListItems().Item(1);
-  for (int twice = 0; twice < 2; ++twice) row.SetText("SEB bankas");  // unchanged: nothing
-  row.ListSubItems().Add(0, "", "x");
-  for (int twice = 0; twice < 2; ++twice) row.SetSelected(true);
-  view.ColumnHeaders().Add(0, "", "Pavadinimas", 2000, lvwColumnLeft);
-  view.ListItems().Clear();
-  EXPECT_THAT(observer.changes,
-              ElementsAre("lvwBanks.ListItems", "lvwBanks.ListItems", "lvwBanks.SelectedItem",
-                          "lvwBanks.ColumnHeaders", "lvwBanks.SelectedItem", "lvwBanks.ListItems"));
-}
-
-TEST_F(ListViewTest, KeyDown_ReturnsTheCodeTheHandlerLeaves) {
-  view.OnKeyDown = [](int& keyCode, int shift) {
-    if (keyCode == 46 && shift == 0) keyCode = 0;
-  };
-  EXPECT_EQ(view.KeyDown(46), 0);
-  EXPECT_EQ(view.KeyDown(46, 1), 46);
-  EXPECT_EQ(view.KeyDown(13), 13);
 }
 
 }  // namespace
