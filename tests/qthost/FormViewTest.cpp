@@ -120,8 +120,7 @@ class LedgerForm : public BuiltForm {
 
   void AddRow(const char* key, const char* code, const char* name, const char* balance) {
     ListItem& row = lvwAccounts.ListItems().Add(0, key, code);
-    row.ListSubItems().Add(0, "", name);
-    row.ListSubItems().Add(0, "", balance);
+    for (const char* text : {name, balance}) row.ListSubItems().Add(0, "", text);
   }
 
   Menu& mnuFile = Add<Menu>("mnuFile", "Failas");
@@ -474,7 +473,7 @@ TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
 }
 
 // A failure in a handler is shown, not thrown into Qt; an enabled timer ticks until disabled.
-TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) {
+TEST_F(FormViewTest, AFailureInAHandlerIsShown_AnEnabledTimerTicks_ARowShowsItsCataloguesIcon) {
   form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
   QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
   auto* failure = view_->findChild<QLabel*>("failure");
@@ -485,11 +484,8 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShownAndAnEnabledTimerTicksItsControl) 
   EXPECT_EQ(form_.log, Lines{"tmrRefresh.Timer"});
   form_.tmrRefresh.SetEnabled(false);
   EXPECT_FALSE(view_->findChild<QTimer*>("tmrRefresh")->isActive());
-}
-
-// Rows name their icons by key in the host's catalogue; a key it lacks, or a picture that
-// does not hold what its header says, draws no icon (and nothing breaks).
-TEST_F(FormViewTest, ARowShowsItsIconFromTheCatalogue) {
+  // Rows name their icons by key in the host's catalogue; a key it lacks, or a picture that
+  // does not hold what its header says, draws no icon (and nothing breaks).
   const std::vector<std::string> cross{"2 2 2 1", ". c #FFFFFF", "# c #0000FF", ".#", "#."};
   const std::tuple<std::vector<std::string>, const char*, bool> cases[] = {
       {cross, "C0000100", true}, {cross, "c0000100", true}, {cross, "C9", false},  // any case

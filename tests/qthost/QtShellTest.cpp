@@ -144,7 +144,7 @@ ModalDriver::Step Press(const QString& text) {
 
 // Each box shows the buttons and icon of its flags, its title and text, and answers the button
 // pressed ("" closes it with Esc).
-TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
+TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlagsAndAnswersThePressed_TheHourglassWaits) {
   const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
   const QString ok = "Gerai", cancel = "Atšaukti", yes = "Taip", no = "Ne";
   // The flags, the buttons shown, the icon, the button pressed and the answer.
@@ -171,10 +171,7 @@ TEST(MsgBoxTest, ShowsTheButtonsAndIconOfTheFlagsAndAnswersTheButtonPressed) {
     EXPECT_EQ(ui.MsgBox(kQuestion, flags, "Orvel Apskaita"), result);
     EXPECT_THAT(shown, UnorderedElementsAreArray(buttons));
   }
-}
-
-TEST(QtUiTest, TheHourglassIsTheWaitCursorUntilTheDefaultComesBack) {
-  QtUi ui;
+  // The hourglass is the wait cursor until the default comes back.
   ASSERT_EQ(QApplication::overrideCursor(), nullptr);
   for (int twice = 0; twice < 2; ++twice) ui.SetMousePointer(vbHourglass);
   ASSERT_NE(QApplication::overrideCursor(), nullptr);
@@ -337,14 +334,12 @@ TEST(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
         {150, OrvelPrintDoc::kPortrait, portrait}}) {
     QTemporaryDir folder;
     PdfPrint printout((folder.path() + "/spaudiniai").toStdString());
-    bool previewed = true;
     PrintDocument doc([&](const PrintDocument::Content& content, bool preview) {
-      previewed = preview;
+      EXPECT_FALSE(preview);
       EXPECT_FALSE(printout.WritePdf(content).empty());
     });
     FillDocument(doc, rows, orientation);
     doc.Print(false);
-    EXPECT_FALSE(previewed);
     EXPECT_EQ(printout.LastFile().rfind(printout.Folder(), 0), 0u);
     QByteArray pdf = ReadAll(printout.LastFile());
     EXPECT_TRUE(pdf.startsWith("%PDF-"));
@@ -561,7 +556,7 @@ TEST(ChordTest, KeysBecomeTheModulesChords) {
 }
 
 // Deleting from a member's menu asks; a cancel keeps both. Ctrl+F asks a text to search by.
-TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers) {
+TEST_F(ShellTest, DeletingFromTheMenuAsks_CtrlFReplacesTheMembers_TheListWindowShowsAndPrints) {
   QTreeWidgetItem* bank = Node("O00003006");
   ASSERT_NE(bank, nullptr);
   QTreeWidgetItem* banks = bank->parent();
@@ -581,11 +576,8 @@ TEST_F(ShellTest, DeletingFromTheMenuAsksAndDropsTheNode_CtrlFReplacesTheMembers
   Key(*window_->Tree(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_TRUE(Called("GetCall Orvel_GetObjectList '','Šiaulių'"));
   EXPECT_EQ(Captions(banks), std::vector<std::string>{"AB Šiaulių bankas"});
-}
-
-// The column dialog runs modally over it, every button telling what it does
-// by its words or its picture, and Cancel leaves it.
-TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
+  // The banks' list window: its column dialog runs modally over it, every button telling what
+  // it does by its words or its picture, and Cancel leaves it.
   auto list = std::dynamic_pointer_cast<OrvelWindow>(
       host_.Module().CreateObject("frmReferenceBookPreview"));
   list->SetOrvelObjectUIO(host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObject("O0000300"));
@@ -595,7 +587,7 @@ TEST_F(ShellTest, TheBanksListWindowShowsItsTableColumnDialogAndPrints) {
   ASSERT_NE(sub, nullptr);
   auto* view = sub->findChild<FormView*>();
   auto* rows = qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRec"));
-  ASSERT_EQ(rows->topLevelItemCount(), 6);
+  ASSERT_EQ(rows->topLevelItemCount(), 5);  // the one deleted above is gone
   EXPECT_GE(rows->columnCount(), 3);
   EXPECT_EQ(rows->topLevelItem(0)->text(0).toStdString(),
             ConcatText(Stored("SELECT Name FROM banks ORDER BY Name LIMIT 1")));
@@ -680,9 +672,8 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
   EXPECT_EQ(list->topLevelItemCount(), listed);
   ASSERT_TRUE(DragOnto(*list->viewport(), QString::fromStdString(firmOidr), true));
   Settle();
-  const std::string groupId = MainWindow::OidrOf(target).substr(8);
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM firms WHERE ID = " + firmOidr.substr(8))),
-            groupId);
+            MainWindow::OidrOf(target).substr(8));
   EXPECT_EQ(list->topLevelItemCount(), listed + 1);
 }
 
@@ -697,10 +688,8 @@ TEST_F(ShellTest, TheCurrencyCardsTabsShowTheirFramesAndTheRates) {
   // Which of the code, the rates and the rates' first date are shown, as "1" or "0".
   auto shown = [&] {
     std::string out;
-    for (const char* name : {"txtCode", "lvwRates", "dtpDateFrom"}) {
-      QWidget* widget = view->WidgetNamed(name);
-      out += widget && widget->isVisibleTo(view) ? "1" : "0";
-    }
+    for (const char* name : {"txtCode", "lvwRates", "dtpDateFrom"})
+      out += view->WidgetNamed(name) && view->WidgetNamed(name)->isVisibleTo(view) ? "1" : "0";
     return out;
   };
   EXPECT_EQ(shown(), "100");
