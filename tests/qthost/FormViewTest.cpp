@@ -562,93 +562,77 @@ class SheetObject : public StubObjectUIO {
                   "Secret|Slaptas|200|0");
 };
 
-class FieldSheetViewTest : public ::testing::Test {
- protected:
-  void SetUp() override {
-    sheet_.SetObjectUIO(std::make_shared<SheetObject>());
-    ListView& lines = sheet_.AddTab("Lines", "Eilutės");
-    lines.ColumnHeaders().Add(0, "", "Dokumentas", 2400);
-    lines.ListItems().Add(0, "D1", "Kasos pajamų orderis");
-    lines.ListItems().Add(0, "D2", "Kasos išlaidų orderis");
-    sheet_.AddTab("Notes", "Pastabos");
-    sheet_.FillFields();
-    sheet_.OnFieldChanged = [this] { log_.push_back("FieldChanged"); };
-    sheet_.OnListMouseUp = [this](const std::string& key, int i, int button, int) {
-      ListItem* row = sheet_.TabList(key)->SelectedItem();
-      const std::string selected = row ? row->Key() : "-";
-      log_.push_back(Join({"ListMouseUp", key, to_string(i), to_string(button), selected}, " "));
-    };
-    sheet_.OnListDoubleClick = [this](int i) { log_.push_back("ListDoubleClick " + to_string(i)); };
-    view_ = std::make_unique<FieldSheetView>(sheet_);
-    view_->resize(520, 420);
-    view_->show();
-    QApplication::processEvents();
-  }
-
-  QTableWidget* Table() const { return view_->FieldTable(); }
-  // The user typing into a value cell and leaving it.
-  void Type(int row, const char* text) {
-    Table()->item(row, 1)->setText(QString::fromUtf8(text));
-    QApplication::processEvents();
-  }
-
-  FieldSheet sheet_;
-  std::vector<std::string> log_;
-  std::unique_ptr<FieldSheetView> view_;
-};
-
-TEST_F(FieldSheetViewTest, ShowsTheFieldsAndTheTabsWhoseListsRaiseEvents_RebuildsOnNewOnes) {
-  Snap(*view_, "fieldsheet");
-  ASSERT_EQ(Table()->rowCount(), 3);
-  EXPECT_EQ(Str(Table()->item(0, 0)->text()), "Pavadinimas");
-  EXPECT_EQ(Str(Table()->item(0, 1)->text()), "Kasa");
-  EXPECT_EQ(Str(Table()->item(1, 1)->text()), "12");
-  EXPECT_EQ(Str(Table()->item(2, 1)->text()), "2026-01-05");
-  EXPECT_FALSE(Table()->item(0, 0)->flags() & Qt::ItemIsEditable);
-  ASSERT_EQ(view_->TabWidget()->count(), 2);
-  EXPECT_EQ(Str(view_->TabWidget()->tabText(0)), "Eilutės");
-  EXPECT_EQ(view_->TabTree("Nope"), nullptr);
-  QTreeWidget* tree = view_->TabTree("Lines");
+// The sheet shows the fields and the tabs, whose lists raise events. Edits one after another
+// each go through EditText; a refusal is shown under the sheet, keeps the cell's value and is
+// cleared by the next good edit. The sheet rebuilds on new tabs and fields; a disabled sheet
+// takes no edit.
+TEST(FieldSheetViewTest, ShowsFieldsAndTabs_AnEditGoesThroughEditText_RebuildsOnNewOnes) {
+  FieldSheet sheet;
+  std::vector<std::string> log;
+  sheet.SetObjectUIO(std::make_shared<SheetObject>());
+  ListView& lines = sheet.AddTab("Lines", "Eilutės");
+  lines.ColumnHeaders().Add(0, "", "Dokumentas", 2400);
+  lines.ListItems().Add(0, "D1", "Kasos pajamų orderis");
+  lines.ListItems().Add(0, "D2", "Kasos išlaidų orderis");
+  sheet.AddTab("Notes", "Pastabos");
+  sheet.FillFields();
+  sheet.OnFieldChanged = [&] { log.push_back("FieldChanged"); };
+  sheet.OnListMouseUp = [&](const std::string& key, int i, int button, int) {
+    ListItem* row = sheet.TabList(key)->SelectedItem();
+    const std::string selected = row ? row->Key() : "-";
+    log.push_back(Join({"ListMouseUp", key, to_string(i), to_string(button), selected}, " "));
+  };
+  sheet.OnListDoubleClick = [&](int i) { log.push_back("ListDoubleClick " + to_string(i)); };
+  FieldSheetView view(sheet);
+  view.resize(520, 420);
+  view.show();
+  QApplication::processEvents();
+  QTableWidget* table = view.FieldTable();
+  Snap(view, "fieldsheet");
+  ASSERT_EQ(table->rowCount(), 3);
+  EXPECT_EQ(Str(table->item(0, 0)->text()), "Pavadinimas");
+  EXPECT_EQ(Str(table->item(0, 1)->text()), "Kasa");
+  EXPECT_EQ(Str(table->item(1, 1)->text()), "12");
+  EXPECT_EQ(Str(table->item(2, 1)->text()), "2026-01-05");
+  EXPECT_FALSE(table->item(0, 0)->flags() & Qt::ItemIsEditable);
+  ASSERT_EQ(view.TabWidget()->count(), 2);
+  EXPECT_EQ(Str(view.TabWidget()->tabText(0)), "Eilutės");
+  EXPECT_EQ(view.TabTree("Nope"), nullptr);
+  QTreeWidget* tree = view.TabTree("Lines");
   EXPECT_EQ(Str(tree->topLevelItem(1)->text(0)), "Kasos išlaidų orderis");
   const QPoint second = tree->visualItemRect(tree->topLevelItem(1)).center();
   RightClick(tree->viewport(), second);
   DoubleClick(tree->viewport(), second);
-  EXPECT_EQ(log_, (std::vector<std::string>{"ListMouseUp Lines 0 2 D2", "ListDoubleClick 0"}));
-  // The sheet rebuilds on new tabs and fields; a disabled sheet takes no edit.
-  sheet_.ClearTabs();
-  QApplication::processEvents();
-  EXPECT_EQ(view_->TabWidget()->count() + Table()->rowCount(), 0);
-  sheet_.AddTab("Again", "Vėl").ListItems().Add(0, "", "Eilutė");
-  sheet_.FillFields();
-  QApplication::processEvents();
-  EXPECT_EQ(to_string(view_->TabWidget()->count()) + to_string(Table()->rowCount()), "13");
-  EXPECT_EQ(Str(view_->TabTree("Again")->topLevelItem(0)->text(0)), "Eilutė");
-  sheet_.SetEnabled(false);
-  EXPECT_FALSE(view_->isEnabled());
-}
-
-// Edits one after another: each goes through EditText; a refusal is shown
-// under the sheet, keeps the cell's value and is cleared by the next good edit.
-TEST_F(FieldSheetViewTest, AnEditGoesThroughEditTextAndARefusalIsShownUntilTheNext) {
+  EXPECT_EQ(log, (std::vector<std::string>{"ListMouseUp Lines 0 2 D2", "ListDoubleClick 0"}));
   // The row, the text typed and the cell afterwards: another text is a refusal.
   const std::tuple<int, std::string, std::string> edits[] = {
       {0, "Kasa Nr. 2 – Šiauliai", "Kasa Nr. 2 – Šiauliai"}, {1, "15", "15"}, {1, "penki", "15"},
       {2, "2026-02-01", "2026-02-01"}, {1, "", ""}};
   for (const auto& [row, typed, shown] : edits) {
     SCOPED_TRACE(typed);
-    log_.clear();
-    Type(row, typed.c_str());
-    EXPECT_EQ(Str(Table()->item(row, 1)->text()), shown);
+    log.clear();
+    table->item(row, 1)->setText(QString::fromStdString(typed));
+    QApplication::processEvents();
+    EXPECT_EQ(Str(table->item(row, 1)->text()), shown);
     const bool taken = typed == shown;
-    EXPECT_EQ(log_, taken ? std::vector<std::string>{"FieldChanged"} : std::vector<std::string>{});
-    EXPECT_EQ(view_->ErrorLine()->isVisible(), !taken);
+    EXPECT_EQ(log, taken ? std::vector<std::string>{"FieldChanged"} : std::vector<std::string>{});
+    EXPECT_EQ(view.ErrorLine()->isVisible(), !taken);
     if (taken) continue;
-    Snap(*view_, "fieldsheet-refused");
-    EXPECT_EQ(Str(view_->ErrorLine()->text()), sheet_.LastError());
-    EXPECT_NE(sheet_.LastError().find("Eilės nr."), std::string::npos);
+    Snap(view, "fieldsheet-refused");
+    EXPECT_EQ(Str(view.ErrorLine()->text()), sheet.LastError());
+    EXPECT_NE(sheet.LastError().find("Eilės nr."), std::string::npos);
   }
+  sheet.ClearTabs();
+  QApplication::processEvents();
+  EXPECT_EQ(view.TabWidget()->count() + table->rowCount(), 0);
+  sheet.AddTab("Again", "Vėl").ListItems().Add(0, "", "Eilutė");
+  sheet.FillFields();
+  QApplication::processEvents();
+  EXPECT_EQ(to_string(view.TabWidget()->count()) + to_string(table->rowCount()), "13");
+  EXPECT_EQ(Str(view.TabTree("Again")->topLevelItem(0)->text(0)), "Eilutė");
+  sheet.SetEnabled(false);
+  EXPECT_FALSE(view.isEnabled());
 }
-
 
 // The module's dialogs over the test host, the module given its services by a bank card
 // opened from the catalogue, before any record is put in: every button tells what it does,

@@ -215,41 +215,6 @@ TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarA
 }
 
 
-// A form's popup: an entry, a separator, a submenu, a hidden and a disabled ("!") entry. The
-// pick, down a submenu too, raises its Click and nothing else; a dismissed menu raises none.
-TEST(PopupMenuTest, ThePickRaisesItsClickAndNothingElse) {
-  const std::pair<std::vector<QString>, std::vector<std::string>> cases[] = {
-      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
-  QtUi ui;
-  for (const auto& [path, clicks] : cases) {
-    Menu root("mnuPopup", "Meniu");
-    root.Add("mnuOpen", "&Atidaryti");
-    root.Add("mnuSep", "-");
-    Menu& fresh = root.Add("mnuNew", "Naujas");
-    fresh.Add("mnuEmpty", "Tuščias");
-    fresh.Add("mnuCopy", "Kopija");
-    root.Add("mnuHidden", "Paslėptas").SetVisible(false);
-    root.Add("mnuOff", "Išjungtas").SetEnabled(false);
-    std::vector<std::string> clicked;
-    for (const char* name : {"mnuOpen", "mnuEmpty", "mnuCopy", "mnuHidden", "mnuOff"})
-      root.Find(name)->OnClick = [&clicked, name] { clicked.push_back(name); };
-    ModalDriver driver;
-    QStringList entries;
-    driver.Then([&, &path = path](QWidget& widget) {
-      for (QAction* action : qobject_cast<QMenu*>(&widget)->actions()) {
-        entries << (action->isEnabled() ? "" : "!") +
-                       (action->isSeparator() ? "-" : Plain(action->text()));
-      }
-      path.empty() ? Key(widget, Qt::Key_Escape) : Press(path[0])(widget);
-    });
-    for (size_t i = 1; i < path.size(); ++i) driver.Then(Press(path[i]));
-    ui.PopupMenu(root);
-    EXPECT_EQ(entries.join("|"), QString("Atidaryti|-|Naujas|!Išjungtas"));
-    EXPECT_EQ(clicked, clicks);
-  }
-}
-
-
 class ModalForm : public BuiltForm {
  public:
   ModalForm() : BuiltForm("frmModal") {
@@ -270,7 +235,7 @@ class ModalForm : public BuiltForm {
 
 // ShowModal returns once the form is hidden or unloaded, by its buttons or the frame's close;
 // a close the form refuses leaves it up until hidden.
-TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
+TEST(QtUiTest, ShowModalReturnsOnceTheFormIsHiddenOrUnloaded_APopupsPickRaisesItsClick) {
   const struct {
     int refusals;
     std::vector<const char*> actions;  // a button's caption, or "close" for the frame
@@ -295,6 +260,36 @@ TEST(ShowModalTest, ReturnsOnceTheFormIsHiddenOrUnloaded) {
     EXPECT_FALSE(form.Visible());
     EXPECT_EQ(form.Loaded(), c.unloads == 0);
     EXPECT_EQ(form.unloads, c.unloads);
+  }
+  // A form's popup: an entry, a separator, a submenu, a hidden and a disabled ("!") entry. The
+  // pick, down a submenu too, raises its Click and nothing else; a dismissed menu raises none.
+  const std::pair<std::vector<QString>, std::vector<std::string>> picks[] = {
+      {{"Atidaryti"}, {"mnuOpen"}}, {{"Naujas", "Kopija"}, {"mnuCopy"}}, {{}, {}}};
+  for (const auto& [path, clicks] : picks) {
+    Menu root("mnuPopup", "Meniu");
+    root.Add("mnuOpen", "&Atidaryti");
+    root.Add("mnuSep", "-");
+    Menu& fresh = root.Add("mnuNew", "Naujas");
+    fresh.Add("mnuEmpty", "Tuščias");
+    fresh.Add("mnuCopy", "Kopija");
+    root.Add("mnuHidden", "Paslėptas").SetVisible(false);
+    root.Add("mnuOff", "Išjungtas").SetEnabled(false);
+    std::vector<std::string> clicked;
+    for (const char* name : {"mnuOpen", "mnuEmpty", "mnuCopy", "mnuHidden", "mnuOff"})
+      root.Find(name)->OnClick = [&clicked, name] { clicked.push_back(name); };
+    ModalDriver driver;
+    QStringList entries;
+    driver.Then([&, &path = path](QWidget& widget) {
+      for (QAction* action : qobject_cast<QMenu*>(&widget)->actions()) {
+        entries << (action->isEnabled() ? "" : "!") +
+                       (action->isSeparator() ? "-" : Plain(action->text()));
+      }
+      path.empty() ? Key(widget, Qt::Key_Escape) : Press(path[0])(widget);
+    });
+    for (size_t i = 1; i < path.size(); ++i) driver.Then(Press(path[i]));
+    ui.PopupMenu(root);
+    EXPECT_EQ(entries.join("|"), QString("Atidaryti|-|Naujas|!Išjungtas"));
+    EXPECT_EQ(clicked, clicks);
   }
 }
 
@@ -326,7 +321,7 @@ QByteArray ReadAll(const std::string& path) {
 }
 
 // Every page carries its box, A4 in points as the orientation turns it.
-TEST(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
+TEST(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation_ThePreviewShowsItsPages) {
   const char* portrait = "/MediaBox [0 0 595.000000 842.000000]";
   for (const auto& [rows, orientation, mediaBox] :
        {std::tuple{6, OrvelPrintDoc::kPortrait, portrait},
@@ -346,9 +341,7 @@ TEST(PdfPrintTest, WritesAPdfOfTheDocumentInItsOrientation) {
     EXPECT_TRUE(pdf.contains(mediaBox)) << pdf.mid(pdf.indexOf("/MediaBox"), 40).toStdString();
     EXPECT_EQ(pdf.count("/MediaBox") > 1, rows > 100);  // one page, or several
   }
-}
-
-TEST(PdfPrintPreviewTest, ThePreviewShowsThePagesOfTheSamePainting) {
+  // The preview shows the pages of the same painting.
   QTemporaryDir folder;
   PdfPrint printout(folder.path().toStdString());
   ModalDriver driver;
