@@ -75,10 +75,9 @@ class LedgerForm : public BuiltForm {
     imgCurrency.ComboItems().Add("USD", "JAV doleris");
     cmbSearch.AddItem("Šiaulių bankas");
     dtpDate.SetValue(Variant(DateSerial(2026, 11, 23)));
-    auto& columns = lvwAccounts.ColumnHeaders();
-    columns.Add(0, "", "Sąskaita", 1200);
-    columns.Add(0, "", "Pavadinimas", 3600);
-    columns.Add(0, "", "Likutis", 1500, lvwColumnRight);
+    for (auto [caption, width, alignment] : {std::tuple{"Sąskaita", 1200, lvwColumnLeft},
+         {"Pavadinimas", 3600, lvwColumnLeft}, {"Likutis", 1500, lvwColumnRight}})
+      lvwAccounts.ColumnHeaders().Add(0, "", caption, width, alignment);
     AddRow("K1", "2410", "Pirkėjų įsiskolinimas", "1 250,00");
     AddRow("K2", "4430", "Skolos tiekėjams", "830,50");
     AddRow("K3", "2710", "Pinigai banke", "12 004,10");
@@ -147,14 +146,12 @@ class LedgerForm : public BuiltForm {
 
   std::vector<std::string> log;
   bool cancelUnload = false;
-  bool swallowDigits = false;
+  bool eatDigits = false;
   bool codeRequired = false;
 
  protected:
   void Form_QueryUnload(bool& cancel) override { cancel = cancelUnload; }
-  void Form_KeyPress(int& keyAscii) override {
-    if (swallowDigits && keyAscii >= '0' && keyAscii <= '9') keyAscii = 0;
-  }
+  void Form_KeyPress(int& key) override { key = eatDigits && key >= '0' && key <= '9' ? 0 : key; }
 
  private:
   void Log(std::string line) { log.push_back(std::move(line)); }
@@ -321,8 +318,8 @@ class FormViewEventTest : public FormViewTest, public ::testing::WithParamInterf
  public:
   Control& Target() {
     const std::string name = GetParam().raised.substr(0, GetParam().raised.find('.'));
-    if (Control* c = form_.FindControl(name)) return *c;
-    return *form_.mnuFile.Find(name);
+    Control* control = form_.FindControl(name);
+    return control ? *control : *form_.mnuFile.Find(name);
   }
 };
 
@@ -341,10 +338,7 @@ TEST_P(FormViewEventTest, TheUsersActionRaisesTheEventOnlyWhenEnabled) {
 void TypeText(QWidget* widget, const char* utf8) {
   for (QChar c : QString::fromUtf8(utf8)) {
     const int key = c.unicode() < 128 ? int{c.toUpper().unicode()} : int{Qt::Key_unknown};
-    QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, QString(c));
-    QApplication::sendEvent(widget, &press);
-    QKeyEvent release(QEvent::KeyRelease, key, Qt::NoModifier, QString(c));
-    QApplication::sendEvent(widget, &release);
+    QTest::sendKeyEvent(QTest::Click, widget, Qt::Key(key), QString(c), Qt::NoModifier);
   }
 }
 
@@ -411,7 +405,7 @@ INSTANTIATE_TEST_SUITE_P(
 TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
   // The box's handler replaced the letters; the form swallows digits first.
   form_.SetKeyPreview(true);
-  form_.swallowDigits = true;
+  form_.eatDigits = true;
   QTest::keyClicks(W("txtCode"), "a1b");
   EXPECT_EQ(Str(As<QLineEdit>("txtCode")->text()) + "|" + form_.txtCode.Text(), "AB|AB");
   EXPECT_EQ(form_.ActiveControl(), &form_.txtCode);
