@@ -229,7 +229,7 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
             "0-1");
 }
 
-TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
+TEST(ImageComboAndDTPicker, RowKeysUnique_SelectionGoesWithItsRow_NullOnlyWithCheckBox) {
   ImageCombo combo("icbGroup");
   combo.ComboItems().Add("G1", "Pirkėjai", "folder");
   ComboItem& suppliers = combo.ComboItems().Add("G2", "Tiekėjai", "folder");
@@ -244,9 +244,6 @@ TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
   EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Pirkėjai 1");
   combo.ComboItems().Remove("G1");
   EXPECT_EQ(combo.SelectedItem(), nullptr);
-}
-
-TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   DTPicker picker("dtpFrom");
   int changes = 0;
   picker.OnChange = [&] { ++changes; };
@@ -262,7 +259,7 @@ TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   EXPECT_EQ(changes, 2);
 }
 
-TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
+TEST(TabStripTimerAndMenu, CodeSelectsATab_ATimerTicksWhileEnabled_MenuNamesUniqueAtAnyDepth) {
   TabStrip t("TabStrip");
   std::vector<std::string> clicks;
   t.OnClick = [&] { clicks.push_back(t.SelectedKey()); };
@@ -275,9 +272,6 @@ TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
   EXPECT_EQ(ErrorOf([&] { t.Select("Other"); }), 35601);
   EXPECT_EQ(ErrorOf([&] { t.AddTab("Rates", "Kursai"); }), 35602);
   EXPECT_EQ(t.SelectedKey() + std::to_string(t.Tabs().size()), "Data2");
-}
-
-TEST(Timer, TicksOnlyWhileEnabled) {
   Timer timer("timerModal");
   int ticks = 0;
   timer.OnTimer = [&] { ++ticks; };
@@ -287,21 +281,18 @@ TEST(Timer, TicksOnlyWhileEnabled) {
   timer.Tick();
   EXPECT_EQ(ticks, 1);
   EXPECT_EQ(ErrorOf([&] { timer.SetInterval(65536); }), 380);
-}
-
-TEST(Menu, FindsEntriesAtAnyDepth_NamesUniqueInTheTree) {
   Menu popup("mnuList");
   popup.SetVisible(false);  // a popup kept off the menu bar still works
   Menu& send = popup.Add("mnuSend", "Siųsti");
   Menu& desktop = send.Add("mnuToDesktop", "Į darbalaukį");
-  int clicks = 0;
-  desktop.OnClick = [&] { ++clicks; };
+  int hits = 0;
+  desktop.OnClick = [&] { ++hits; };
   EXPECT_EQ(std::vector({popup.Find("mnuToDesktop"), popup.Find("mnuNone"), desktop.Parent()}),
             std::vector<Menu*>({&desktop, nullptr, &send}));
   EXPECT_EQ(ErrorOf([&] { popup.Add("mnuToDesktop", "Dar"); }), 35602);
   EXPECT_EQ(popup.Items().size(), 1u);
   popup.Find("mnuToDesktop")->Click();
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(hits, 1);
 }
 
 }  // namespace
