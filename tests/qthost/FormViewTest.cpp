@@ -402,7 +402,7 @@ INSTANTIATE_TEST_SUITE_P(
     [](const auto& info) { return std::string(info.param.name); });
 
 
-TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
+TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl_AValidateThatCancelsKeepsTheFocus) {
   // The box's handler replaced the letters; the form swallows digits first.
   form_.SetKeyPreview(true);
   form_.eatDigits = true;
@@ -413,10 +413,8 @@ TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl) {
   form_.SetKeyPreview(false);
   QTest::keyClicks(W("txtCode"), "2");
   EXPECT_EQ(form_.txtCode.Text(), "AB2");
-}
-
-// A click on the button, or Tab, neither moves the focus nor clicks until the code is there.
-TEST_F(FormViewTest, AValidateThatCancelsKeepsTheFocus) {
+  // A click on the button, or Tab, neither moves the focus nor clicks until the code is there.
+  form_.txtCode.SetText("");
   QApplication::setActiveWindow(view_.get());
   ASSERT_TRUE(QTest::qWaitForWindowActive(view_.get()));
   form_.codeRequired = true;
@@ -497,10 +495,8 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShown_AnEnabledTimerTicks_ARowShowsItsC
   }
 }
 
-// A card's group field with its picker and clearing button, the card's own buttons, and
-// buttons with no caption: the standard ones show a picture for what their name says and no
-// text, a picker beside a field its dots; the group's picker, clearing button and label sit
-// on the field's line.
+// Buttons with no caption: the standard ones show a picture for what their name says and no
+// text, a picker its dots; a group field's picker, clearing button and label share its line.
 TEST(FormViewCardButtonsTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
   BuiltForm form("frmCardButtons");
   form.Add<Label>("lblGroup", "Grupė:");
@@ -556,10 +552,9 @@ class SheetObject : public StubObjectUIO {
                   "Secret|Slaptas|200|0");
 };
 
-// The sheet shows the fields and the tabs, whose lists raise events. Edits one after another
-// each go through EditText; a refusal is shown under the sheet, keeps the cell's value and is
-// cleared by the next good edit. The sheet rebuilds on new tabs and fields; a disabled sheet
-// takes no edit.
+// The sheet shows the fields and the tabs, whose lists raise events. Each edit goes through
+// EditText; a refusal is shown under the sheet, keeps the cell's value and is cleared by the
+// next good edit. The sheet rebuilds on new tabs and fields; a disabled one takes no edit.
 TEST(FieldSheetViewTest, ShowsFieldsAndTabs_AnEditGoesThroughEditText_RebuildsOnNewOnes) {
   FieldSheet sheet;
   std::vector<std::string> log;

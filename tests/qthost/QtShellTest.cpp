@@ -138,7 +138,7 @@ ModalDriver::Step Press(const QString& text) {
 
 // Each box shows the buttons and icon of its flags, its title and text, and answers the button
 // pressed ("" closes it with Esc).
-TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlagsAndAnswersThePressed_TheHourglassWaits) {
+TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlags_TheHourglassWaits_ThePrompterChooses) {
   const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
   const QString ok = "Gerai", cancel = "Atšaukti", yes = "Taip", no = "Ne";
   // The flags, the buttons shown, the icon, the button pressed and the answer.
@@ -176,12 +176,9 @@ TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlagsAndAnswersThePressed_TheHo
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   EXPECT_EQ(ui.GetMousePointer(), vbDefault);
   EXPECT_TRUE(ui.ScreenWidth() > 0 && ui.ScreenWidth() % 15 == 0) << ui.ScreenWidth();
-}
-
-
-// The choices are listed and the row taken is the answer, -1 when cancelled or there are none
-// (no dialog then). What is said goes to the status bar on one line and to the log as it is.
-TEST(QtPrompterTest, ChooseListsTheChoicesAndAnswersTheRowTaken_SayGoesToTheBarAndLog) {
+  // The prompter's choices are listed and the row taken is the answer, -1 when cancelled or
+  // there are none (no dialog then). What is said goes to the status bar on one line and to
+  // the log as it is.
   std::ostringstream log;
   QtPrompter prompter(&log);
   for (int row : {1, -1}) {
@@ -454,22 +451,6 @@ TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   Shot(*window_, "main-window");
 }
 
-// Each scroll to the end brings the next page, until every member is there.
-TEST_F(ShellTest, ALongListIsShownAPageAtATimeAsItIsScrolled) {
-  host_.Database().Exec(
-      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 450)"
-      " INSERT INTO banks (Name, Code) SELECT 'Bankas ' || (1000 + i), 80000 + i FROM n");
-  QTreeWidgetItem* banks = window_->NodeOf("O0000300");
-  banks->setExpanded(true);
-  EXPECT_EQ(banks->childCount(), MainWindow::kMembersPage);
-  EXPECT_TRUE(window_->HasUnshownMembers(banks));
-  QScrollBar* bar = window_->Tree()->verticalScrollBar();
-  for (int page = 0; page < 3 && window_->HasUnshownMembers(banks); ++page)
-    bar->setValue(bar->maximum());
-  EXPECT_FALSE(window_->HasUnshownMembers(banks));
-  EXPECT_EQ(banks->childCount(), 456);
-}
-
 // Enter on a member opens its card once; its menu's entry does too. The card's heading and the
 // bank's name make the title. Closing the frame of another card with edits not written asks;
 // "Ne" keeps the window open with its edit, "Taip" closes it without writing.
@@ -636,7 +617,7 @@ bool DragOnto(QWidget& target, const QString& text) {
 
 // A firm dragged from the tree onto the firm list of another group's card moves into the
 // group; what is not a firm is refused and changes nothing.
-TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
+TEST_F(ShellTest, AFirmDraggedOntoAGroupsCardMovesIntoIt_ALongListIsShownAPageAtATime) {
   QTreeWidget* tree = window_->Tree();
   QTreeWidgetItem* source = Node("O00001002");
   ASSERT_NE(source, nullptr);
@@ -661,6 +642,19 @@ TEST_F(ShellTest, AFirmDraggedFromTheTreeOntoAGroupsCardMovesIntoIt) {
   Settle();
   EXPECT_EQ(ConcatText(Stored("SELECT ParentID FROM firms WHERE ID = 158")), "3");
   EXPECT_EQ(list->topLevelItemCount(), listed + 1);
+  // A long list is shown a page at a time: each scroll to the end brings the next page.
+  host_.Database().Exec(
+      "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 450)"
+      " INSERT INTO banks (Name, Code) SELECT 'Bankas ' || (1000 + i), 80000 + i FROM n");
+  QTreeWidgetItem* banks = window_->NodeOf("O0000300");
+  banks->setExpanded(true);
+  EXPECT_EQ(banks->childCount(), MainWindow::kMembersPage);
+  EXPECT_TRUE(window_->HasUnshownMembers(banks));
+  QScrollBar* bar = window_->Tree()->verticalScrollBar();
+  for (int page = 0; page < 3 && window_->HasUnshownMembers(banks); ++page)
+    bar->setValue(bar->maximum());
+  EXPECT_FALSE(window_->HasUnshownMembers(banks));
+  EXPECT_EQ(banks->childCount(), 456);
 }
 
 // Each catalogue window reachable from the tree opens as a sub-window from
