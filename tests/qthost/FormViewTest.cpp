@@ -1,6 +1,5 @@
-// The renderer: forms drawn by FormView, the host's field sheet by FieldSheetView. Each case
-// drives the widgets as a user would (or emits the widget's signal where there is no pointer)
-// and checks the module's side, or changes the model and checks the widget.
+// The renderer: forms drawn by FormView, the field sheet by FieldSheetView, driven as a user
+// would (or by the widget's signal where there is no pointer), or changed from the model.
 #include <gtest/gtest.h>
 
 #include <QtTest>
@@ -215,7 +214,7 @@ struct Mirroring {
   const char* object;
   const char* property;
   QVariant value;
-  std::function<bool(T&)> probe;
+  std::function<bool(T&)> probe = nullptr;  // where no property shows the change
 };
 
 class FormViewMirrorTest : public FormViewTest, public ::testing::WithParamInterface<Mirroring> {};
@@ -437,35 +436,8 @@ TEST_F(FormViewTest, ATypedKeyGoesThroughTheFormAndItsControl_AValidateThatCance
   EXPECT_EQ(form_.log.back(), "cmdOK.Click");
 }
 
-// Closing asks the form, and a cancel keeps the window; the view says the form went once,
-// though Visible and Loaded both changed, and once for each hiding by the module after a
-// showing. Gone, the view lets go of the form.
-TEST_F(FormViewTest, ClosingAsksTheFormAndTheViewSaysOnceThatTheFormWent) {
-  QSignalSpy hidden(view_.get(), &FormView::formHidden);
-  for (bool cancel : {true, false}) {
-    form_.cancelUnload = cancel;
-    EXPECT_EQ(view_->close(), !cancel);
-    EXPECT_EQ(form_.Loaded(), cancel);
-    EXPECT_EQ(hidden.count(), cancel ? 0 : 1);
-  }
-  form_.Show();
-  for (int twice = 0; twice < 2; ++twice) form_.Hide();
-  EXPECT_EQ(hidden.count(), 2);
-  form_.Show();
-  form_.Unload();
-  EXPECT_EQ(hidden.count(), 3);
-  form_.Show();
-  view_.reset();
-  for (Control* control : form_.Controls()) EXPECT_EQ(control->Observer(), nullptr);
-  EXPECT_EQ(form_.mnuSave.Observer(), nullptr);
-  // Changes after the view went touch nothing.
-  form_.txtCode.SetText("X");
-  form_.AddRow("K9", "1", "2", "3");
-  form_.SetCaption("Kita");
-}
-
-// A failure in a handler is shown, not thrown into Qt; an enabled timer ticks until disabled.
-TEST_F(FormViewTest, AFailureInAHandlerIsShown_AnEnabledTimerTicks_ARowShowsItsCataloguesIcon) {
+TEST_F(FormViewTest, AFailureIsShown_ATimerTicks_RowsShowIcons_ClosingAsksTheForm) {
+  // A failure in a handler is shown, not thrown into Qt; an enabled timer ticks until disabled.
   form_.cmdOK.OnClick = [] { throw RuntimeError(RuntimeError::kInvalidCall, "Sąskaita užimta"); };
   QTest::mouseClick(W("cmdOK"), Qt::LeftButton);
   auto* failure = view_->findChild<QLabel*>("failure");
@@ -493,6 +465,30 @@ TEST_F(FormViewTest, AFailureInAHandlerIsShown_AnEnabledTimerTicks_ARowShowsItsC
     EXPECT_EQ(!Row(*this, 0)->icon(0).isNull(), drawn);
     EXPECT_TRUE(Row(*this, 1)->icon(0).isNull());
   }
+  // Closing asks the form, and a cancel keeps the window; the view says the form went once,
+  // though Visible and Loaded both changed, and once for each hiding by the module after a
+  // showing. Gone, the view lets go of the form.
+  QSignalSpy hidden(view_.get(), &FormView::formHidden);
+  for (bool cancel : {true, false}) {
+    form_.cancelUnload = cancel;
+    EXPECT_EQ(view_->close(), !cancel);
+    EXPECT_EQ(form_.Loaded(), cancel);
+    EXPECT_EQ(hidden.count(), cancel ? 0 : 1);
+  }
+  form_.Show();
+  for (int twice = 0; twice < 2; ++twice) form_.Hide();
+  EXPECT_EQ(hidden.count(), 2);
+  form_.Show();
+  form_.Unload();
+  EXPECT_EQ(hidden.count(), 3);
+  form_.Show();
+  view_.reset();
+  for (Control* control : form_.Controls()) EXPECT_EQ(control->Observer(), nullptr);
+  EXPECT_EQ(form_.mnuSave.Observer(), nullptr);
+  // Changes after the view went touch nothing.
+  form_.txtCode.SetText("X");
+  form_.AddRow("K9", "1", "2", "3");
+  form_.SetCaption("Kita");
 }
 
 // Buttons with no caption: the standard ones show a picture for what their name says and no
@@ -509,10 +505,9 @@ TEST(FormViewCardButtonsTest, ACaptionlessButtonShowsAPictureOrThePickersDots) {
   FormView view(form);
   view.show();
   QApplication::processEvents();
-  for (const auto& [name, pictured] :
-       {std::pair{"SSCNew", true}, {"SSCClose", true}, {"cmdParentGroupClean", true},
-        {"cmdUp", true}, {"cmdDown", true}, {"cmdParentGroup", false},
-        {"cmdFirmBranches", false}, {"cmdGroup", false}}) {
+  for (const auto& [name, pictured] : {std::pair{"SSCNew", true}, {"SSCClose", true},
+       {"cmdParentGroupClean", true}, {"cmdUp", true}, {"cmdDown", true},
+       {"cmdParentGroup", false}, {"cmdFirmBranches", false}, {"cmdGroup", false}}) {
     auto* button = qobject_cast<QAbstractButton*>(view.WidgetNamed(name));
     ASSERT_NE(button, nullptr) << name;
     EXPECT_EQ(!button->icon().isNull(), pictured) << name;
@@ -622,9 +617,8 @@ TEST(FieldSheetViewTest, ShowsFieldsAndTabs_AnEditGoesThroughEditText_RebuildsOn
   EXPECT_FALSE(view.isEnabled());
 }
 
-// The module's dialogs over the test host, the module given its services by a bank card
-// opened from the catalogue, before any record is put in: every button tells what it does,
-// by its words or its picture. The pictures are for looking at.
+// The module's dialogs over the test host (given its services by a bank card opened first):
+// every button tells what it does by its words or its picture. The pictures are to look at.
 using MakeForm = std::unique_ptr<Form> (*)();
 class DialogViewTest : public ModuleTest, public ::testing::WithParamInterface<MakeForm> {
  protected:

@@ -1,6 +1,5 @@
-// The reference host's window shell: Qt's boxes, menus and dialogs on the Ui seam, the PDF
-// printout, the main window over the real module and a fresh sample database. Boxes and menus
-// are answered as a user would: a button pressed by its text, a menu entry picked by keyboard.
+// The host's Qt shell: boxes, menus, dialogs, the PDF printout, the main window over the real
+// module and a sample database. A button is pressed by its text, a menu entry by keyboard.
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -136,8 +135,7 @@ ModalDriver::Step Press(const QString& text) {
 }
 
 
-// Each box shows the buttons and icon of its flags, its title and text, and answers the button
-// pressed ("" closes it with Esc).
+// Each box shows its flags' buttons and icon, its title and text, and answers the one pressed.
 TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlags_TheHourglassWaits_ThePrompterChooses) {
   const char* kQuestion = "Ar tikrai norite panaikinti?\nAB Šiaulių bankas";
   const QString ok = "Gerai", cancel = "Atšaukti", yes = "Taip", no = "Ne";
@@ -176,9 +174,8 @@ TEST(QtUiTest, EachBoxShowsTheButtonsAndIconOfItsFlags_TheHourglassWaits_TheProm
   EXPECT_EQ(QApplication::overrideCursor(), nullptr);
   EXPECT_EQ(ui.GetMousePointer(), vbDefault);
   EXPECT_TRUE(ui.ScreenWidth() > 0 && ui.ScreenWidth() % 15 == 0) << ui.ScreenWidth();
-  // The prompter's choices are listed and the row taken is the answer, -1 when cancelled or
-  // there are none (no dialog then). What is said goes to the status bar on one line and to
-  // the log as it is.
+  // The prompter's choices are listed, the answer the row taken or -1 (cancelled, or none and
+  // no dialog). What is said goes to the status bar on one line and to the log as it is.
   std::ostringstream log;
   QtPrompter prompter(&log);
   for (int row : {1, -1}) {
@@ -221,8 +218,7 @@ class ModalForm : public BuiltForm {
   void Form_Unload() override { ++unloads; }
 };
 
-// ShowModal returns once the form is hidden or unloaded, by its buttons or the frame's close;
-// a close the form refuses leaves it up until hidden.
+// ShowModal returns once the form is hidden or unloaded; a refused close leaves it up.
 TEST(QtUiTest, ShowModalReturnsOnceTheFormIsHiddenOrUnloaded_APopupsPickRaisesItsClick) {
   const struct {
     int refusals;
@@ -416,9 +412,8 @@ QAbstractButton* ButtonOf(FormView* view, const char* name) {
   return qobject_cast<QAbstractButton*>(view->WidgetNamed(name));
 }
 
-// The registered group, then the types registered for other modules'
-// catalogues that have a menu: the goods. Nothing is read before a node is opened.
-TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
+// The registered group, then other modules' types that have a menu; nothing read unopened.
+TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened_KeysAreChords) {
   QTreeWidget* tree = window_->Tree();
   ASSERT_EQ(tree->topLevelItemCount(), static_cast<int>(host_.Catalogue().groups.size()) + 1);
   QTreeWidgetItem* others = tree->topLevelItem(tree->topLevelItemCount() - 1);
@@ -449,11 +444,19 @@ TEST_F(ShellTest, TheTreeShowsTheRegisteredCatalogueAndReadsMembersWhenOpened) {
   firms->setExpanded(false);
   tree->setCurrentItem(banks);
   Shot(*window_, "main-window");
+  // Keys become the module's chords; letters alone search the tree, they are no chord.
+  const std::tuple<int, Qt::KeyboardModifiers, const char*> cases[] = {
+      {Qt::Key_F5, Qt::NoModifier, "116S0"}, {Qt::Key_F, Qt::ControlModifier, "70S2"},
+      {Qt::Key_R, Qt::ControlModifier, "82S2"}, {Qt::Key_F1, Qt::AltModifier, "112S4"},
+      {Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
+      {Qt::Key_F, Qt::NoModifier, ""}, {Qt::Key_F, Qt::ShiftModifier, ""},
+      {Qt::Key_Return, Qt::ControlModifier, ""}};
+  for (const auto& [key, modifiers, chord] : cases)
+    EXPECT_EQ(MainWindow::ChordOf(key, modifiers), chord) << key;
 }
 
-// Enter on a member opens its card once; its menu's entry does too. The card's heading and the
-// bank's name make the title. Closing the frame of another card with edits not written asks;
-// "Ne" keeps the window open with its edit, "Taip" closes it without writing.
+// Enter or the menu opens a member's card once, titled by its heading and the bank's name.
+// Closing a card with edits not written asks: "Ne" keeps it open, "Taip" closes without writing.
 TEST_F(ShellTest, TheBankCardIsOpenedEditedWrittenAndClosed_TheCurrencyCardsTabsShowTheirFrames) {
   QTreeWidgetItem* bank = Node("O00003001");
   ASSERT_NE(bank, nullptr);
@@ -506,8 +509,7 @@ TEST_F(ShellTest, TheBankCardIsOpenedEditedWrittenAndClosed_TheCurrencyCardsTabs
     EXPECT_EQ(SubWindows() == 0, closed);
   }
   EXPECT_NE(Stored("SELECT Name FROM banks WHERE ID = 2"), Variant("Bankas be įrašo"));
-  // The currency card shows its data or its rate history by the tab picked; the frames of the
-  // other tab go with everything they hold.
+  // The currency card shows its data or rate history by the tab; the other tab's frames go.
   view = Open("O00022002", "Padėti &ant darbo stalo");
   ASSERT_NE(view, nullptr);
   auto* tabs = qobject_cast<QTabBar*>(view->WidgetNamed("TabStrip"));
@@ -527,18 +529,6 @@ TEST_F(ShellTest, TheBankCardIsOpenedEditedWrittenAndClosed_TheCurrencyCardsTabs
   EXPECT_EQ(shown(), "011");
   EXPECT_GT(qobject_cast<QTreeWidget*>(view->WidgetNamed("lvwRates"))->topLevelItemCount(), 0);
   Shot(*window_, "currency-rates-tab");
-}
-
-// Letters alone search the tree, they are no chord.
-TEST(ChordTest, KeysBecomeTheModulesChords) {
-  const std::tuple<int, Qt::KeyboardModifiers, const char*> cases[] = {
-      {Qt::Key_F5, Qt::NoModifier, "116S0"}, {Qt::Key_F, Qt::ControlModifier, "70S2"},
-      {Qt::Key_R, Qt::ControlModifier, "82S2"}, {Qt::Key_F1, Qt::AltModifier, "112S4"},
-      {Qt::Key_F5, Qt::ShiftModifier | Qt::ControlModifier, "116S3"},
-      {Qt::Key_F, Qt::NoModifier, ""}, {Qt::Key_F, Qt::ShiftModifier, ""},
-      {Qt::Key_Return, Qt::ControlModifier, ""}};
-  for (const auto& [key, modifiers, chord] : cases)
-    EXPECT_EQ(MainWindow::ChordOf(key, modifiers), chord) << key;
 }
 
 // Deleting from a member's menu asks; a cancel keeps both. Ctrl+F asks a text to search by.
@@ -562,8 +552,7 @@ TEST_F(ShellTest, DeletingFromTheMenuAsks_CtrlFReplacesTheMembers_TheListWindowS
   Key(*window_->Tree(), Qt::Key_F, Qt::ControlModifier);
   EXPECT_TRUE(Called("GetCall Orvel_GetObjectList '','Šiaulių'"));
   EXPECT_EQ(Captions(banks), std::vector<std::string>{"AB Šiaulių bankas"});
-  // The banks' list window: its column dialog runs modally over it, every button telling what
-  // it does by its words or its picture, and Cancel leaves it.
+  // The banks' list: its modal column dialog's buttons have words or pictures; Cancel leaves.
   auto list = std::dynamic_pointer_cast<OrvelWindow>(
       host_.Module().CreateObject("frmReferenceBookPreview"));
   list->SetOrvelObjectUIO(host_.Objects().GetOrvelObjectUI("O0000300")->GetOrvelObject("O0000300"));
@@ -615,8 +604,7 @@ bool DragOnto(QWidget& target, const QString& text) {
   return release.isAccepted();
 }
 
-// A firm dragged from the tree onto the firm list of another group's card moves into the
-// group; what is not a firm is refused and changes nothing.
+// A firm dragged onto another group card's firm list moves into it; what is not a firm doesn't.
 TEST_F(ShellTest, AFirmDraggedOntoAGroupsCardMovesIntoIt_ALongListIsShownAPageAtATime) {
   QTreeWidget* tree = window_->Tree();
   QTreeWidgetItem* source = Node("O00001002");
@@ -657,8 +645,7 @@ TEST_F(ShellTest, AFirmDraggedOntoAGroupsCardMovesIntoIt_ALongListIsShownAPageAt
   EXPECT_EQ(banks->childCount(), 456);
 }
 
-// Each catalogue window reachable from the tree opens as a sub-window from
-// its node's menu key; the pictures are for looking at.
+// Each catalogue window opens as a sub-window from its node's menu key (pictures to look at).
 struct WindowCase {
   const char* name;
   std::vector<std::string> open;  // nodes to open on the way, in order

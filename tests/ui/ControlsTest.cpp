@@ -28,18 +28,16 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A user event of one control: `raise` sets the control up with `state`
-// applied (disabling or hiding it), raises the event and returns how often
-// the handler ran, or -1 when the control's own effect (a selection, a
-// value) disagrees with whether the event was raised.
+// A user event of one control: `raise` sets the control up with `state` applied (disabling or
+// hiding it), raises the event and returns how often the handler ran, or -1 when the control's
+// own effect (a selection, a value) disagrees with whether the event was raised.
 using State = std::function<void(Control&)>;
 struct UserEventCase {
   const char* name;
   std::function<int(const State& state)> raise;
 };
 
-// A case on a fresh control of `slot`'s class: `act` raises the event whose
-// handler is `slot`; `effect`, if given, is the control's own effect.
+// A case on a fresh control: `act` raises the event of `slot`; `effect`, if given, is its own.
 template <class C, class R>
 using Step = std::type_identity_t<std::function<R(C&)>>;
 template <class C, class Slot>
@@ -53,15 +51,6 @@ UserEventCase On(const char* name, Slot C::*slot, Step<C, void> act,
             act(control);
             return !effect || effect(control) == (n == 1) ? n : -1;
           }};
-}
-
-int TextBoxKeyPress(const State& state) {
-  TextBox box("txtCode");
-  int n = 0;
-  box.OnKeyPress = [&n](int&) { ++n; };
-  state(box);
-  const int key = box.KeyPress('a');
-  return (key != 0) == (n == 1) ? n : -1;  // a refused key comes back as 0
 }
 
 void PrintTo(const UserEventCase& c, std::ostream* os) { *os << c.name; }
@@ -91,7 +80,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         On("ButtonClick", &Button::OnClick, [](Button& b) { b.Click(); }),
         On("ButtonMouseUp", &Button::OnMouseUp, [](Button& b) { b.MouseUp(vbRightButton); }),
-        UserEventCase{"TextBoxKeyPress", TextBoxKeyPress},
+        // The key comes back in the tag: a refused one comes back as 0.
+        On("TextBoxKeyPress", &TextBox::OnKeyPress,
+           [](TextBox& t) { t.SetTag(std::to_string(t.KeyPress('a'))); },
+           [](TextBox& t) { return t.Tag() != "0"; }),
         On("TextBoxEdit", &TextBox::OnChange, [](TextBox& t) { t.Edit("LT"); }),
         On("CheckBoxClick", &CheckBox::OnClick, [](CheckBox& c) { c.Click(); },
            [](CheckBox& c) { return c.Value() == vbChecked; }),
@@ -137,7 +129,7 @@ TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled_HandlerMayClearI
   EXPECT_EQ(seen, std::string(200, 'x'));
 }
 
-TEST(Controls, Observer_IsToldOfRealChangesOnly) {
+TEST(Controls, Observer_IsToldOfRealChangesOnly_MaxLengthCutsByCharacters) {
   RecordingObserver observer;
   Button button("cmdEnter");
   Panel panel("SOPanel");
@@ -162,30 +154,28 @@ TEST(Controls, Observer_IsToldOfRealChangesOnly) {
   before.SetEnabled(false);
   after.SetChecked(true);
   EXPECT_THAT(observer.changes, ElementsAre("mnuNew.Items", "mnuA.Enabled", "mnuB.Checked"));
+  // MaxLength cuts by characters; Locked refuses the user only.
+  TextBox code("txtCode");
+  code.SetMaxLength(3);
+  code.SetText("Šiauliai");
+  EXPECT_EQ(code.Text(), "Šia");
+  EXPECT_EQ(ErrorOf([&] { code.SetMaxLength(-1); }), 380);
+  code.SetLocked(true);
+  EXPECT_FALSE(code.Edit("abc"));
+  EXPECT_EQ(code.Text() + std::to_string(code.MaxLength()), "Šia3");
+  code.SetText("ąčę");
+  EXPECT_EQ(code.Text(), "ąčę");
 }
 
-TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
-  TextBox text("txtCode");
-  text.SetMaxLength(3);
-  text.SetText("Šiauliai");
-  EXPECT_EQ(text.Text(), "Šia");
-  EXPECT_EQ(ErrorOf([&] { text.SetMaxLength(-1); }), 380);
-  text.SetLocked(true);
-  EXPECT_FALSE(text.Edit("abc"));
-  EXPECT_EQ(text.Text() + std::to_string(text.MaxLength()), "Šia3");
-  text.SetText("ąčę");
-  EXPECT_EQ(text.Text(), "ąčę");
-}
-
-TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing_OptionButtonsClearTheirGroup) {
+TEST(CheckOptionAndComboBox, ValuesRefusedOrPicked_OptionsClearTheirGroup_ListIndexPicks) {
   CheckBox check("chkActive");
-  int clicks = 0;
-  check.OnClick = [&] { ++clicks; };
+  int checks = 0;
+  check.OnClick = [&] { ++checks; };
   check.SetValue(vbGrayed);
   EXPECT_EQ(ErrorOf([&] { check.SetValue(3); }), 380);
   EXPECT_EQ(check.Value(), vbGrayed);
   check.Click();  // a grayed box clicked becomes unchecked
-  EXPECT_EQ(std::to_string(check.Value()) + std::to_string(clicks), "02");
+  EXPECT_EQ(std::to_string(check.Value()) + std::to_string(checks), "02");
   // Selecting an option button clears its group; Click only on the selected.
   OptionButton a("optAll"), b("optDebt"), c("optCredit");
   OptionButton::Group({&a, &b, &c});
@@ -196,9 +186,6 @@ TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing_OptionButtonsClearThe
   b.Click();
   EXPECT_EQ(std::vector({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
   EXPECT_EQ(picks, "ab");
-}
-
-TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakesOnlyItsRows) {
   ComboBox combo("cboCurrency");
   combo.AddItem("EUR", 1);
   EXPECT_EQ(combo.AddItem("USD", 2), 1);

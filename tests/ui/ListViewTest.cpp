@@ -35,9 +35,8 @@ class ListViewTest : public ::testing::Test {
   RecordingObserver observer;
 };
 
-// A repeated key is refused and changes nothing (empty keys may repeat); an
-// index inserts and renumbers, rows keeping their address, one past the end
-// appends and further is refused.
+// A repeated key is refused and changes nothing (empty keys may repeat); an index inserts and
+// renumbers, rows keeping their address, one past the end appends and further is refused.
 TEST_F(ListViewTest, Add_KeysUniqueIndexInsertsAndRenumbers) {
   std::string text;
   EXPECT_EQ(ErrorOf([&] { view.ListItems().Add(1, "O00003002", "Kitas"); }, &text), 35602);
@@ -77,8 +76,7 @@ TEST_F(ListViewTest, ItemCheck_TogglesAndRaisesOnlyWithCheckboxesAndInput_KeyDow
             std::vector({0, 46, 13}));
 }
 
-// Items are one-based, a bad index or key refused; removing by either
-// renumbers and frees the key.
+// Items are one-based, a bad index or key refused; removing by either renumbers, frees the key.
 TEST_F(ListViewTest, Item_IsOneBased_RemoveByIndexAndByKeyRenumbersAndFreesTheKey) {
   EXPECT_EQ(view.ListItems().Item(1).Text() + view.ListItems().Item(3).Text(), "SEBLuminor");
   for (int outside : {0, 4}) EXPECT_EQ(ErrorOf([&] { view.ListItems().Item(outside); }), 35600);
@@ -103,9 +101,8 @@ TEST_F(ListViewTest, Item_IsOneBased_RemoveByIndexAndByKeyRenumbersAndFreesTheKe
 
 // However the selected row leaves the list, the selection goes with it.
 TEST(ListView, SelectionGoesWithItsRow) {
-  const std::function<void(ListItems&)> ways[] = {[](ListItems& rows) { rows.Remove(2); },
-                                                  [](ListItems& rows) { rows.Remove("b"); },
-                                                  [](ListItems& rows) { rows.Clear(); }};
+  const std::function<void(ListItems&)> ways[] = {
+      [](ListItems& r) { r.Remove(2); }, [](ListItems& r) { r.Remove("b"); }, &ListItems::Clear};
   for (const auto& remove : ways) {
     ListView view("lvw");
     view.ListItems().Add(0, "a", "A");
@@ -119,8 +116,7 @@ TEST(ListView, SelectionGoesWithItsRow) {
   }
 }
 
-// The click selects the row before the handler runs; removing another row
-// keeps it; a row of another view is refused.
+// The click selects before the handler runs; removing another row keeps it; foreign rows fail.
 TEST_F(ListViewTest, ItemClick_SelectsTheRowBeforeTheHandlerRuns_ARowOfAnotherViewIsRefused) {
   std::vector<ListItem*> seen;
   view.OnItemClick = [&](ListItem& row) { seen = {&row, view.SelectedItem()}; };
@@ -169,12 +165,10 @@ TEST_F(ListViewTest, SubItems_ByKeyAndIndex_KeysUniquePerRow_NotificationsCoarse
                           "lvwBanks.ColumnHeaders", "lvwBanks.SelectedItem", "lvwBanks.ListItems"));
 }
 
-// By the text or a sub-item, either way; equal texts without regard to case
-// keep their places, a row without the sub-item sorts as "".
+// By the text or a sub-item, either way; equal texts in any case keep their places, "" first.
 TEST(ListView, SortedOrdersRowsAndRenumbers_ColumnHeadersAppendOrInsert) {
   const std::tuple<int, int, const char*> cases[] = {
-      {0, lvwAscending, "k2@1|k3@2|k1@3|k4@4"},
-      {0, lvwDescending, "k4@1|k1@2|k2@3|k3@4"},
+      {0, lvwAscending, "k2@1|k3@2|k1@3|k4@4"}, {0, lvwDescending, "k4@1|k1@2|k2@3|k3@4"},
       {1, lvwAscending, "k4@1|k3@2|k1@3|k2@4"}};
   for (const auto& [sortKey, sortOrder, rows] : cases) {
     ListView view("lvw");
