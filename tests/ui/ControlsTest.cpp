@@ -28,18 +28,16 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-// A user event of one control: `raise` sets the control up with `state`
-// applied (disabling or hiding it), raises the event and returns how often
-// the handler ran, or -1 when the control's own effect (a selection, a
-// value) disagrees with whether the event was raised.
+// A user event of one control: `raise` sets the control up with `state` applied (disabling or
+// hiding it), raises the event and returns how often the handler ran, or -1 when the control's
+// own effect (a selection, a value) disagrees with whether the event was raised.
 using State = std::function<void(Control&)>;
 struct UserEventCase {
   const char* name;
   std::function<int(const State& state)> raise;
 };
 
-// A case on a fresh control of `slot`'s class: `act` raises the event whose
-// handler is `slot`; `effect`, if given, is the control's own effect.
+// A case on a fresh control: `act` raises the event of `slot`; `effect`, if given, is its own.
 template <class C, class R>
 using Step = std::type_identity_t<std::function<R(C&)>>;
 template <class C, class Slot>
@@ -53,25 +51,6 @@ UserEventCase On(const char* name, Slot C::*slot, Step<C, void> act,
             act(control);
             return !effect || effect(control) == (n == 1) ? n : -1;
           }};
-}
-
-int MenuClick(const State& state) {
-  Menu popup("mnuNew");
-  Menu& entry = popup.Add("mnuNewWithCopy", "Naujas su kopija");
-  int n = 0;
-  entry.OnClick = [&n] { ++n; };
-  state(entry);
-  entry.Click();
-  return n;
-}
-
-int TextBoxKeyPress(const State& state) {
-  TextBox box("txtCode");
-  int n = 0;
-  box.OnKeyPress = [&n](int&) { ++n; };
-  state(box);
-  const int key = box.KeyPress('a');
-  return (key != 0) == (n == 1) ? n : -1;  // a refused key comes back as 0
 }
 
 void PrintTo(const UserEventCase& c, std::ostream* os) { *os << c.name; }
@@ -101,7 +80,10 @@ INSTANTIATE_TEST_SUITE_P(
     ::testing::Values(
         On("ButtonClick", &Button::OnClick, [](Button& b) { b.Click(); }),
         On("ButtonMouseUp", &Button::OnMouseUp, [](Button& b) { b.MouseUp(vbRightButton); }),
-        UserEventCase{"TextBoxKeyPress", TextBoxKeyPress},
+        // The key comes back in the tag: a refused one comes back as 0.
+        On("TextBoxKeyPress", &TextBox::OnKeyPress,
+           [](TextBox& t) { t.SetTag(std::to_string(t.KeyPress('a'))); },
+           [](TextBox& t) { return t.Tag() != "0"; }),
         On("TextBoxEdit", &TextBox::OnChange, [](TextBox& t) { t.Edit("LT"); }),
         On("CheckBoxClick", &CheckBox::OnClick, [](CheckBox& c) { c.Click(); },
            [](CheckBox& c) { return c.Value() == vbChecked; }),
@@ -110,7 +92,7 @@ INSTANTIATE_TEST_SUITE_P(
            [](ListView& v) { v.ItemClick(v.ListItems().Add(0, "a", "A")); },
            [](ListView& v) { return v.SelectedItem() != nullptr; }),
         On("ListViewMouseUp", &ListView::OnMouseUp, [](ListView& v) { v.MouseUp(vbRightButton); }),
-        UserEventCase{"MenuClick", MenuClick},
+        On("MenuClick", &Menu::OnClick, [](Menu& m) { m.Click(); }),
         On("DTPickerPick", &DTPicker::OnChange, [](DTPicker& d) { d.Pick(Variant(Date{46000})); }),
         On("TabStripClick", &TabStrip::OnClick,
            [](TabStrip& t) {
@@ -121,7 +103,7 @@ INSTANTIATE_TEST_SUITE_P(
            [](TabStrip& t) { return t.SelectedKey() == "Rates"; })),
     [](const auto& info) { return std::string(info.param.name); });
 
-TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
+TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled_HandlerMayClearItsSlot) {
   TextBox text("txtName");
   CheckBox check("chkActive");
   ComboBox combo("cboKind");
@@ -131,40 +113,32 @@ TEST(Controls, ValuesSetByCode_RaiseTheirEventsEvenWhenDisabled) {
   check.OnClick = [&] { ++events; };
   combo.OnClick = [&] { ++events; };
   for (Control* c : std::initializer_list<Control*>{&text, &check, &combo}) c->SetEnabled(false);
-  text.SetText("UAB Ąžuolas");
-  text.SetText("UAB Ąžuolas");  // unchanged: no Change
+  for (int twice = 0; twice < 2; ++twice) text.SetText("UAB Ąžuolas");  // unchanged: no Change
   check.SetValue(vbChecked);
   combo.SetListIndex(0);
   EXPECT_EQ(events, 3);
-}
-
-TEST(Controls, HandlerMayClearItsOwnSlotWhileRunning) {
+  // A handler may clear its own slot while it runs.
   Button button("cmdEnter");
   std::string seen;
-  // Captured by value and too large for the slot's inline buffer: were the
-  // handler run in place, clearing the slot would free it under our feet.
-  std::string caption(200, 'x');
-  button.OnClick = [&button, &seen, caption] {
+  // Too large for the slot's inline buffer: run in place, it would be freed by its own clearing.
+  button.OnClick = [&button, &seen, caption = std::string(200, 'x')] {
     button.OnClick = nullptr;
     seen += caption;
   };
-  button.Click();
-  button.Click();
+  for (int twice = 0; twice < 2; ++twice) button.Click();
   EXPECT_EQ(seen, std::string(200, 'x'));
 }
 
-TEST(Controls, Observer_IsToldOfRealChangesOnly) {
+TEST(Controls, Observer_IsToldOfRealChangesOnly_MaxLengthCutsByCharacters) {
   RecordingObserver observer;
   Button button("cmdEnter");
   Panel panel("SOPanel");
   TextBox text("txtName");
   for (Control* c : std::initializer_list<Control*>{&button, &panel, &text})
     c->SetObserver(&observer);
-  button.SetEnabled(false);
-  button.SetEnabled(false);
+  for (int twice = 0; twice < 2; ++twice) button.SetEnabled(false);
   button.SetCaption("Įrašyti");
-  panel.SetCaption("Bankai");
-  panel.SetCaption("Bankai");
+  for (int twice = 0; twice < 2; ++twice) panel.SetCaption("Bankai");
   text.SetText("x");
   text.SetTag("O00003001");
   button.SetObserver(nullptr);
@@ -180,48 +154,38 @@ TEST(Controls, Observer_IsToldOfRealChangesOnly) {
   before.SetEnabled(false);
   after.SetChecked(true);
   EXPECT_THAT(observer.changes, ElementsAre("mnuNew.Items", "mnuA.Enabled", "mnuB.Checked"));
+  // MaxLength cuts by characters; Locked refuses the user only.
+  TextBox code("txtCode");
+  code.SetMaxLength(3);
+  code.SetText("Šiauliai");
+  EXPECT_EQ(code.Text(), "Šia");
+  EXPECT_EQ(ErrorOf([&] { code.SetMaxLength(-1); }), 380);
+  code.SetLocked(true);
+  EXPECT_FALSE(code.Edit("abc"));
+  EXPECT_EQ(code.Text() + std::to_string(code.MaxLength()), "Šia3");
+  code.SetText("ąčę");
+  EXPECT_EQ(code.Text(), "ąčę");
 }
 
-TEST(TextBox, MaxLength_CutsByCharacters_LockedRefusesTheUserOnly) {
-  TextBox text("txtCode");
-  text.SetMaxLength(3);
-  text.SetText("Šiauliai");
-  EXPECT_EQ(text.Text(), "Šia");
-  EXPECT_EQ(ErrorOf([&] { text.SetMaxLength(-1); }), 380);
-  EXPECT_EQ(text.MaxLength(), 3);
-  text.SetLocked(true);
-  EXPECT_FALSE(text.Edit("abc"));
-  EXPECT_EQ(text.Text(), "Šia");
-  text.SetText("ąčę");
-  EXPECT_EQ(text.Text(), "ąčę");
-}
-
-TEST(CheckBox, ValueOutOfRange_Throws380_AndChangesNothing) {
+TEST(CheckOptionAndComboBox, ValuesRefusedOrPicked_OptionsClearTheirGroup_ListIndexPicks) {
   CheckBox check("chkActive");
-  int clicks = 0;
-  check.OnClick = [&] { ++clicks; };
+  int checks = 0;
+  check.OnClick = [&] { ++checks; };
   check.SetValue(vbGrayed);
   EXPECT_EQ(ErrorOf([&] { check.SetValue(3); }), 380);
   EXPECT_EQ(check.Value(), vbGrayed);
   check.Click();  // a grayed box clicked becomes unchecked
-  EXPECT_EQ(check.Value(), vbUnchecked);
-  EXPECT_EQ(clicks, 2);
-}
-
-TEST(OptionButton, SelectingOne_ClearsTheGroup_ClickOnlyOnTheSelected) {
+  EXPECT_EQ(std::to_string(check.Value()) + std::to_string(checks), "02");
+  // Selecting an option button clears its group; Click only on the selected.
   OptionButton a("optAll"), b("optDebt"), c("optCredit");
   OptionButton::Group({&a, &b, &c});
-  std::string clicks;
-  a.OnClick = [&] { clicks += "a"; };
-  b.OnClick = [&] { clicks += "b"; };
+  std::string picks;
+  a.OnClick = [&] { picks += "a"; };
+  b.OnClick = [&] { picks += "b"; };
   a.SetValue(true);
   b.Click();
-  EXPECT_EQ(std::vector<bool>({a.Value(), b.Value(), c.Value()}),
-            std::vector<bool>({false, true, false}));
-  EXPECT_EQ(clicks, "ab");
-}
-
-TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakesOnlyItsRows) {
+  EXPECT_EQ(std::vector({a.Value(), b.Value(), c.Value()}), std::vector({false, true, false}));
+  EXPECT_EQ(picks, "ab");
   ComboBox combo("cboCurrency");
   combo.AddItem("EUR", 1);
   EXPECT_EQ(combo.AddItem("USD", 2), 1);
@@ -229,18 +193,17 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
   combo.OnClick = [&] { ++clicks; };
   combo.OnChange = [&] { ++changes; };
   combo.SetListIndex(1);
-  EXPECT_EQ(combo.Text(), "USD");
-  EXPECT_EQ(combo.ItemData(combo.ListIndex()), 2);
+  EXPECT_EQ(combo.Text() + std::to_string(combo.ItemData(combo.ListIndex())), "USD2");
   EXPECT_EQ(std::to_string(clicks) + std::to_string(changes), "10");
   EXPECT_EQ(ErrorOf([&] { combo.SetListIndex(2); }), 380);
   EXPECT_EQ(ErrorOf([&] { combo.ItemData(5); }), 381);
-  EXPECT_EQ(combo.List(5), "");
-  EXPECT_EQ(combo.ListIndex(), 1);
-  combo.SetText("EUR");
-  EXPECT_EQ(combo.ListIndex(), 0);
-  combo.SetText("GBP");
-  EXPECT_EQ(combo.ListIndex(), -1);
-  EXPECT_EQ(changes, 2);
+  EXPECT_EQ(combo.List(5) + std::to_string(combo.ListIndex()), "1");
+  std::string indexes;
+  for (const char* text : {"EUR", "GBP"}) {
+    combo.SetText(text);
+    indexes += std::to_string(combo.ListIndex());
+  }
+  EXPECT_EQ(indexes + " " + std::to_string(changes), "0-1 2");
   combo.SetStyle(vbComboDropdownList);
   combo.SetText("USD");
   EXPECT_EQ(ErrorOf([&] { combo.SetText("Kitas"); }), 383);
@@ -253,7 +216,7 @@ TEST(ComboBox, ListIndex_PicksShowsTextAndRaisesClickNotChange_DropdownListTakes
             "0-1");
 }
 
-TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
+TEST(ImageComboAndDTPicker, RowKeysUnique_SelectionGoesWithItsRow_NullOnlyWithCheckBox) {
   ImageCombo combo("icbGroup");
   combo.ComboItems().Add("G1", "Pirkėjai", "folder");
   ComboItem& suppliers = combo.ComboItems().Add("G2", "Tiekėjai", "folder");
@@ -263,21 +226,17 @@ TEST(ImageCombo, Rows_KeysUnique_SelectionShowsTextAndGoesWithItsRow) {
   combo.OnClick = [&] { ++clicks; };
   combo.Pick(suppliers);
   EXPECT_EQ(combo.SelectedItem(), &suppliers);
-  EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Tiekėjai 1");
   combo.SetText("Pirkėjai");  // the row that reads the same, without Click
   EXPECT_EQ(combo.SelectedItem(), &combo.ComboItems().Item("G1"));
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(combo.Text() + " " + std::to_string(clicks), "Pirkėjai 1");
   combo.ComboItems().Remove("G1");
   EXPECT_EQ(combo.SelectedItem(), nullptr);
-}
-
-TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   DTPicker picker("dtpFrom");
   int changes = 0;
   picker.OnChange = [&] { ++changes; };
   picker.SetValue(Variant(Date{46349}));
-  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant::Null()); }), 380);
-  EXPECT_EQ(ErrorOf([&] { picker.SetValue(Variant("2026-11-23")); }), 380);
+  for (Variant refused : {Variant::Null(), Variant("2026-11-23")})
+    EXPECT_EQ(ErrorOf([&] { picker.SetValue(refused); }), 380);
   EXPECT_EQ(picker.Value(), Variant(Date{46349}));
   picker.SetCheckBox(true);
   picker.SetValue(Variant::Null());
@@ -287,7 +246,7 @@ TEST(DTPicker, NullOnlyWithCheckBox_OtherValuesRefused) {
   EXPECT_EQ(changes, 2);
 }
 
-TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
+TEST(TabStripTimerAndMenu, CodeSelectsATab_ATimerTicksWhileEnabled_MenuNamesUniqueAtAnyDepth) {
   TabStrip t("TabStrip");
   std::vector<std::string> clicks;
   t.OnClick = [&] { clicks.push_back(t.SelectedKey()); };
@@ -295,16 +254,11 @@ TEST(TabStrip, SelectingFromCodeRaisesClick_KeysUniqueAndKnown) {
   t.AddTab("Rates", "Valiutos kursai");
   EXPECT_EQ(t.SelectedKey(), "");
   t.SetEnabled(false);
-  t.Select("Data");
-  t.Select("Data");
+  for (int twice = 0; twice < 2; ++twice) t.Select("Data");
   EXPECT_THAT(clicks, ElementsAre("Data", "Data"));
   EXPECT_EQ(ErrorOf([&] { t.Select("Other"); }), 35601);
   EXPECT_EQ(ErrorOf([&] { t.AddTab("Rates", "Kursai"); }), 35602);
-  EXPECT_EQ(t.SelectedKey(), "Data");
-  EXPECT_EQ(t.Tabs().size(), 2u);
-}
-
-TEST(Timer, TicksOnlyWhileEnabled) {
+  EXPECT_EQ(t.SelectedKey() + std::to_string(t.Tabs().size()), "Data2");
   Timer timer("timerModal");
   int ticks = 0;
   timer.OnTimer = [&] { ++ticks; };
@@ -314,22 +268,18 @@ TEST(Timer, TicksOnlyWhileEnabled) {
   timer.Tick();
   EXPECT_EQ(ticks, 1);
   EXPECT_EQ(ErrorOf([&] { timer.SetInterval(65536); }), 380);
-}
-
-TEST(Menu, FindsEntriesAtAnyDepth_NamesUniqueInTheTree) {
   Menu popup("mnuList");
   popup.SetVisible(false);  // a popup kept off the menu bar still works
   Menu& send = popup.Add("mnuSend", "Siųsti");
   Menu& desktop = send.Add("mnuToDesktop", "Į darbalaukį");
-  int clicks = 0;
-  desktop.OnClick = [&] { ++clicks; };
-  EXPECT_EQ(popup.Find("mnuToDesktop"), &desktop);
-  EXPECT_EQ(popup.Find("mnuNone"), nullptr);
-  EXPECT_EQ(desktop.Parent(), &send);
+  int hits = 0;
+  desktop.OnClick = [&] { ++hits; };
+  EXPECT_EQ(std::vector({popup.Find("mnuToDesktop"), popup.Find("mnuNone"), desktop.Parent()}),
+            std::vector<Menu*>({&desktop, nullptr, &send}));
   EXPECT_EQ(ErrorOf([&] { popup.Add("mnuToDesktop", "Dar"); }), 35602);
   EXPECT_EQ(popup.Items().size(), 1u);
   popup.Find("mnuToDesktop")->Click();
-  EXPECT_EQ(clicks, 1);
+  EXPECT_EQ(hits, 1);
 }
 
 }  // namespace

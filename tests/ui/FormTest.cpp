@@ -6,7 +6,7 @@
 
 #include "ui/Button.h"
 #include "ui/Form.h"
-#include "ui/FormObserver.h"
+#include "ui/RecordingObserver.h"
 #include "ui/TextBox.h"
 
 namespace orvel {
@@ -50,64 +50,6 @@ class frmProbe : public Form {
   }
 };
 
-class RecordingFormObserver : public FormObserver {
- public:
-  void FormChanged(Form& form, std::string_view property) override {
-    changes.push_back(form.Name() + "." + std::string(property));
-  }
-  std::vector<std::string> changes;
-};
-
-// Load runs once however often the form is shown; a refused QueryUnload
-// keeps it shown; Hide keeps it loaded; a Show after an Unload loads again.
-TEST(Form, LifeCycle_LoadOnceRefusedUnloadHideAndLoadAgain) {
-  frmProbe form;
-  EXPECT_FALSE(form.Loaded());
-  form.Load();
-  form.Show();
-  form.Show();
-  form.Load();
-  EXPECT_TRUE(form.Visible());
-  form.refuseUnload = true;
-  EXPECT_FALSE(form.Unload());
-  EXPECT_TRUE(form.Visible());
-  form.Hide();
-  EXPECT_TRUE(form.Loaded());
-  EXPECT_FALSE(form.Visible());
-  form.refuseUnload = false;
-  EXPECT_TRUE(form.Unload());
-  EXPECT_FALSE(form.Loaded());
-  EXPECT_TRUE(form.Unload());  // not loaded: nothing to ask
-  form.Show();
-  EXPECT_TRUE(form.Visible());
-  EXPECT_THAT(form.events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload", "Load"));
-  // A form its own Form_Load unloads is not shown.
-  frmProbe unloading;
-  unloading.unloadInLoad = true;
-  unloading.Show();
-  EXPECT_FALSE(unloading.Loaded());
-  EXPECT_FALSE(unloading.Visible());
-  EXPECT_THAT(unloading.events, ElementsAre("Load", "QueryUnload", "Unload"));
-}
-
-// Controls are kept once each in registration order.
-TEST(Form, Observer_FollowsTheLifeCycle_ControlsFoundByName) {
-  frmProbe form;
-  EXPECT_EQ(form.Controls(), (std::vector<Control*>{&form.txtName, &form.cmdEnter}));
-  EXPECT_EQ(form.FindControl("cmdEnter"), &form.cmdEnter);
-  EXPECT_EQ(form.FindControl("cmdNone"), nullptr);
-  RecordingFormObserver observer;
-  form.SetObserver(&observer);
-  form.SetCaption("Bankai");
-  form.SetCaption("Bankai");
-  form.Show();
-  form.SetEnabled(false);
-  form.Unload();
-  EXPECT_THAT(observer.changes,
-              ElementsAre("frmProbe.Caption", "frmProbe.Loaded", "frmProbe.Visible",
-                          "frmProbe.Enabled", "frmProbe.Visible", "frmProbe.Loaded"));
-}
-
 // A probe with two text boxes that log their focus and key events.
 class FocusProbe : public frmProbe {
  public:
@@ -131,9 +73,9 @@ class FocusProbe : public frmProbe {
   TextBox txtHidden{"txtHidden"};
 };
 
-// A hidden or foreign control takes no focus; a cancelled Validate keeps it,
-// a passed one lets it move on.
-TEST(Form, SetFocus_ValidatesThenMovesTheFocus_RefusedByValidateOrByTheControl) {
+// A hidden or foreign control takes no focus; a cancelled Validate keeps it, a passed one lets
+// it move on. A typed key goes to the focused box, the form's preview maybe swallowing it first.
+TEST(Form, SetFocusValidates_TypeKeyPreviewed_LifeCycleLoadsOnce_ObserverFollowsIt) {
   FocusProbe form;
   TextBox stranger{"txtStranger"};
   EXPECT_FALSE(form.SetFocus(form.txtHidden));
@@ -147,11 +89,6 @@ TEST(Form, SetFocus_ValidatesThenMovesTheFocus_RefusedByValidateOrByTheControl) 
   EXPECT_EQ(form.ActiveControl(), &form.txtCode);
   EXPECT_THAT(form.events, ElementsAre("txtName.GotFocus", "txtName.Validate", "txtName.Validate",
                                        "txtName.LostFocus", "txtCode.GotFocus"));
-}
-
-TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {
-  FocusProbe form;
-  form.SetFocus(form.txtCode);
   form.events.clear();
   EXPECT_EQ(form.TypeKey('a'), 'a');  // no preview: only the box
   form.SetKeyPreview(true);
@@ -160,6 +97,47 @@ TEST(Form, TypeKey_PreviewSeesTheKeyFirstAndMaySwallowIt) {
   EXPECT_EQ(form.TypeKey(13), 0);
   EXPECT_THAT(form.events, ElementsAre("txtCode.KeyPress 97", "Form_KeyPress 98",
                                        "txtCode.KeyPress 98", "Form_KeyPress 13"));
+  // Load runs once however often the form is shown; a refused QueryUnload keeps it shown; Hide
+  // keeps it loaded; a Show after an Unload loads again.
+  frmProbe life;
+  EXPECT_FALSE(life.Loaded());
+  life.Load();
+  life.Show();
+  life.Show();
+  life.Load();
+  EXPECT_TRUE(life.Visible());
+  life.refuseUnload = true;
+  EXPECT_FALSE(life.Unload());
+  EXPECT_TRUE(life.Visible());
+  life.Hide();
+  EXPECT_TRUE(life.Loaded());
+  EXPECT_FALSE(life.Visible());
+  life.refuseUnload = false;
+  EXPECT_TRUE(life.Unload());
+  EXPECT_FALSE(life.Loaded());
+  EXPECT_TRUE(life.Unload());  // not loaded: nothing to ask
+  life.Show();
+  EXPECT_TRUE(life.Visible());
+  EXPECT_THAT(life.events, ElementsAre("Load", "QueryUnload", "QueryUnload", "Unload", "Load"));
+  // A form its own Form_Load unloads is not shown.
+  frmProbe unloading;
+  unloading.unloadInLoad = true;
+  unloading.Show();
+  EXPECT_FALSE(unloading.Loaded() || unloading.Visible());
+  EXPECT_THAT(unloading.events, ElementsAre("Load", "QueryUnload", "Unload"));
+  frmProbe observed;
+  EXPECT_EQ(observed.Controls(), (std::vector<Control*>{&observed.txtName, &observed.cmdEnter}));
+  EXPECT_EQ(observed.FindControl("cmdEnter"), &observed.cmdEnter);
+  EXPECT_EQ(observed.FindControl("cmdNone"), nullptr);
+  RecordingObserver observer;
+  observed.SetObserver(&observer);
+  for (int twice = 0; twice < 2; ++twice) observed.SetCaption("Bankai");
+  observed.Show();
+  observed.SetEnabled(false);
+  observed.Unload();
+  EXPECT_THAT(observer.changes,
+              ElementsAre("frmProbe.Caption", "frmProbe.Loaded", "frmProbe.Visible",
+                          "frmProbe.Enabled", "frmProbe.Visible", "frmProbe.Loaded"));
 }
 
 }  // namespace
