@@ -142,7 +142,7 @@ TEST_F(CatalogueHostTest, AFailureAtTheBoundaryTakesTheWindowsTitleOrTheSessions
   Handle(fail);
   ResetOrvelS();
   Handle([] { Services(); });
-  EXPECT_EQ(BoxLines(*host_.Ui()),
+  EXPECT_EQ(Boxes(),
             (std::vector<std::string>{
                 "16 Orvel Neteisinga kaina", "16 Orvelta Klaida!\nNėra laukų",
                 "16 Mano apskaita Klaida!\nNėra laukų",

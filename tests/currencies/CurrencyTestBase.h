@@ -7,7 +7,6 @@
 #include "host/Convert.h"
 #include "host/MemoryRecordset.h"
 #include "orvel/OrvelObjectUIO.h"
-#include "support/BoxLines.h"
 #include "support/ModuleTest.h"
 #include "support/TextRecords.h"
 #include "testhost/TestSession.h"
@@ -73,8 +72,6 @@ class CurrencyTestBase : public ModuleTest {
     const std::string value = result.Value.IsNothing() ? "Nothing" : ConcatText(result.Value);
     return std::to_string(result.Number) + "|" + result.Text + "|" + value;
   }
-
-  std::vector<std::string> Boxes() { return BoxLines(*host_.Ui()); }
 
   std::shared_ptr<OrvelObjectUI> currencies_;
 };

@@ -171,9 +171,8 @@ TEST_F(FrmPreviewConfigTest, EnterAndFocusRules_NoCheckedColumnIsRefused) {
   ASSERT_TRUE(d->SetFocus(d->txtJournalName));
   host_.Ui()->QueueAnswer(vbOK);
   EXPECT_EQ(d->TypeKey(13), 0);
-  ASSERT_EQ(host_.Ui()->Boxes().size(), 1u);
-  EXPECT_EQ(std::to_string(host_.Ui()->Boxes()[0].flags) + " " + host_.Ui()->Boxes()[0].prompt,
-            "64 Nepažymėtas nei vienas stulpelis!");
+  EXPECT_EQ(BoxLines(*host_.Ui(), false),
+            std::vector<std::string>{"64 Nepažymėtas nei vienas stulpelis!"});
   EXPECT_TRUE(d->Loaded());
   EXPECT_EQ(d->Status, frmPreviewConfig::kAccepted);  // set before the check
   EXPECT_EQ(d->NewConfig, "");

@@ -43,15 +43,6 @@ class CardTest : public ModuleTest {
 
   FakeOrvelGrid& Grid(Window& window) { return dynamic_cast<FakeOrvelGrid&>(*window.OrvelGrid); }
 
-  // "<flags> <title> <prompt>" of each box shown.
-  std::vector<std::string> Boxes() {
-    std::vector<std::string> lines;
-    for (const auto& box : host_.Ui()->Boxes()) {
-      lines.push_back(std::to_string(box.flags) + " " + box.title + " " + box.prompt);
-    }
-    return lines;
-  }
-
   // The keys of the window's tabs, in order.
   std::vector<std::string> TabKeys(Window& window) {
     std::vector<std::string> keys;

@@ -12,6 +12,7 @@
 #include "module/ClassFactory.h"
 #include "testhost/CallLog.h"
 #include "testhost/MemoryBusinessObject.h"
+#include "support/BoxLines.h"
 #include "support/StrictUi.h"
 #include "testhost/ScriptedUi.h"
 #include "testhost/TestHost.h"
@@ -45,6 +46,8 @@ class ModuleTest : public ::testing::Test {
 
   MemoryBusinessObject& BO(const std::string& oid) { return *host_.BusinessObject(oid); }
   std::vector<std::string> BusinessLines() { return host_.Log().Lines(Channel::Business); }
+  // "<flags> <title> <prompt>" of each box shown.
+  std::vector<std::string> Boxes() { return BoxLines(*host_.Ui()); }
 
   ModuleState::Scope state_;  // first made, last gone: restores what the test set
   TestHost host_;
